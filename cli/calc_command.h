@@ -1,0 +1,46 @@
+#pragma once
+
+#include <vector>
+
+#include "cli/command.h"
+#include "cli/study_report.h"
+#include "engine/driver.h"
+
+namespace kalvo {
+
+/// `kalvo calc`: calculates studies in a workspace of their own, prints the results and saves them
+/// where asked.
+class CalcCommand : public Command {
+ public:
+  int Run(const Console& console) override;
+
+ protected:
+  [[nodiscard]] std::string Name() const override { return "calc"; }
+  [[nodiscard]] std::string Help() const override;
+  void AddArguments(CLI::App& app) override;
+
+ private:
+  [[nodiscard]] bool IsWrongUse(const Console& console) const;
+  int RunOne(const Console& console, const std::string& file);
+  int Calculate(const Console& console, Session& session) const;
+  int CalculateFixed(Session& session) const;
+  int Save(const Console& console, Session& session, const std::filesystem::path& source) const;
+  [[nodiscard]] std::filesystem::path TargetOf(const std::filesystem::path& source) const;
+  [[nodiscard]] PressureUnits Units() const;
+  void PrintHead(const Console& console) const;
+  void Print(const Console& console, const StudyReport& report);
+  void PrintFoot(const Console& console) const;
+
+  std::vector<std::string> studies_;
+  int method_ = 1;
+  bool fixed_ = false;
+  bool ignore_capacity_ = false;
+  bool overwrite_ = false;
+  std::string save_;
+  std::string format_ = "table";
+  std::string units_ = "mmwg";
+  CLI::Option* method_option_ = nullptr;
+  std::vector<StudyReport> reports_;
+};
+
+}  // namespace kalvo

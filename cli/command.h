@@ -1,0 +1,34 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+
+#include <filesystem>
+
+#include "cli/console.h"
+
+namespace kalvo {
+
+/// One command of `kalvo`: states its arguments once, then runs on the streams it is given.
+class Command {
+ public:
+  virtual ~Command() = default;
+
+  /// Adds the command with its arguments and help to `program`.
+  CLI::App* AddTo(CLI::App& program);
+  /// Runs with the arguments read. Gives the exit code.
+  virtual int Run(const Console& console) = 0;
+
+ protected:
+  [[nodiscard]] virtual std::string Name() const = 0;
+  [[nodiscard]] virtual std::string Help() const = 0;
+  virtual void AddArguments(CLI::App& app) = 0;
+
+  /// A folder of libraries other than the delivered one.
+  void AddLibraryOption(CLI::App& app);
+  [[nodiscard]] std::filesystem::path Library() const;
+
+ private:
+  std::string library_;
+};
+
+}  // namespace kalvo

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "cli/console.h"
+#include "study/prompter.h"
+
+namespace kalvo {
+
+/// Shows boxes as text on the console's `err` and answers by the command's flags.
+class ConsolePrompter : public Prompter {
+ public:
+  explicit ConsolePrompter(const Console& console) : console_(console) {}
+
+  /// Pipes that do not suffice are accepted.
+  bool ignore_capacity = false;
+
+  Answer ShowMessage(int code, const Study& study) override;
+  Answer Ask(const Box& box) override;
+
+ private:
+  void Print(const Box& box) const;
+
+  const Console& console_;
+};
+
+/// Prints a box as a title line and its text lines, as they stand.
+void PrintBox(std::ostream& stream, const Box& box);
+
+}  // namespace kalvo

@@ -1,0 +1,100 @@
+#include <cmath>
+
+#include "cli/study_commands.h"
+#include "cli/text_table.h"
+#include "engine/calculation_command.h"
+#include "engine/explain.h"
+#include "engine/trap.h"
+
+namespace kalvo {
+
+namespace {
+
+std::string Shown(double value, const Console& console) {
+  return FormatNumber(static_cast<float>(value), console.separators);
+}
+
+void PrintSteps(const Console& console, const DropExplanation& explanation) {
+  TextTable table(
+      {{"Μέγεθος", "", true}, {"Τιμή", ""}, {"Μονάδα", "", true}, {"Τύπος", "", true, true}});
+  for (const ExplainStep& step : explanation.steps) {
+    table.Add({step.what, Shown(step.value, console), step.unit, step.formula});
+  }
+  table.Print(console);
+}
+
+void PrintFittings(const Console& console, const DropExplanation& explanation) {
+  if (explanation.fittings.empty()) {
+    return;
+  }
+  console.out << '\n';
+  TextTable table({{"Εξαρτήματα", "", true}, {"Πλήθος", ""}, {"ζ", ""}, {"Ισοδύναμο μήκος", "m"}});
+  for (const FittingShare& fitting : explanation.fittings) {
+    table.Add({fitting.what, Shown(fitting.count, console), Shown(fitting.zeta, console),
+               FormatPattern(fitting.length_m, "#,##0.00#", console.separators)});
+  }
+  table.Print(console);
+}
+
+void PrintShares(const Console& console, const DropExplanation& explanation) {
+  console.out << '\n';
+  TextTable table({{"Μερίδιο στην πτώση", "", true}, {"Πτώση", "mm w.g."}, {"", "%"}});
+  for (const DropShare& share : explanation.shares) {
+    table.Add({share.what, FormatPattern(share.drop, "#,##0.00", console.separators),
+               FormatPattern(share.fraction * 100.0, "#,##0.0", console.separators)});
+  }
+  table.Print(console);
+}
+
+void PrintExplanation(const Console& console, const SectionRow& row,
+                      const DropExplanation& explanation) {
+  console.out << console.Strong("Τμήμα " + std::to_string(row.RecordNumber) + "  " +
+                                FromCodePage(row.Name.bytes()) + "  " + row.NomiDiam.Utf8())
+              << '\n';
+  PrintSteps(console, explanation);
+  PrintFittings(console, explanation);
+  PrintShares(console, explanation);
+  if (!explanation.Agrees()) {
+    console.out << "\nΗ αποθηκευμένη πτώση είναι " << Shown(explanation.stored_drop, console)
+                << " mm w.g. : τα δεδομένα άλλαξαν μετά τον υπολογισμό\n";
+  }
+}
+
+}  // namespace
+
+void ExplainCommand::AddArguments(CLI::App& app) {
+  StudyCommand::AddArguments(app);
+  app.add_option("SECTION", section_, "Αριθμός τμήματος")->required()->type_name("");
+  app.add_option("--method", method_, "Τρόπος υπολογισμού μιας μελέτης που δεν έχει αποτελέσματα")
+      ->check(CLI::IsMember({1, 2}).description(""))
+      ->type_name("1|2");
+}
+
+int ExplainCommand::RunOn(const Console& console, Session& session) {
+  if (section_ < 1 || section_ > session.study().SectionCount) {
+    console.err << "Δεν υπάρχει Τμήμα " << section_ << " : η μελέτη έχει "
+                << session.study().SectionCount << " Τμήματα\n";
+    return exit_code::kWrongUse;
+  }
+  Workbench bench = session.bench();
+  if (!session.study().results_valid) {
+    const CommandEnd end = CalculateClosed(bench, static_cast<Method>(method_));
+    if (end != CommandEnd::kCalculated) {
+      return end == CommandEnd::kBrokenOff ? exit_code::kBrokenOff : exit_code::kRefused;
+    }
+  }
+  int code = exit_code::kBrokenOff;
+  RunTrapped(bench, [&] {
+    const auto pass = LoadPassConditions(bench);
+    if (!pass) {
+      code = exit_code::kRefused;
+      return;
+    }
+    const SectionRow row = session.Rows().at(static_cast<std::size_t>(section_ - 1));
+    PrintExplanation(console, row, ExplainRow(row, *pass));
+    code = exit_code::kDone;
+  });
+  return code;
+}
+
+}  // namespace kalvo

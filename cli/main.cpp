@@ -1,0 +1,29 @@
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+#include <csignal>
+
+#include "cli/command_line.h"
+
+namespace {
+
+int TerminalWidth() {
+  winsize size{};
+  return isatty(STDOUT_FILENO) != 0 && ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 ? size.ws_col
+                                                                                    : 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  // A full disk or a file size limit is told as an error, not by the end of the process.
+  std::signal(SIGXFSZ, SIG_IGN);
+  std::ios::sync_with_stdio(false);
+  kalvo::Console console{std::cout, std::cerr, kalvo::DetectSeparators()};
+  console.out_is_terminal = isatty(STDOUT_FILENO) != 0;
+  console.err_is_terminal = isatty(STDERR_FILENO) != 0;
+  console.width = TerminalWidth();
+  const int code = kalvo::RunCommandLine({argv + 1, argv + argc}, console);
+  std::cout.flush();
+  return std::cout.good() ? code : kalvo::exit_code::kUnwritable;
+}

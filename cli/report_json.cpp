@@ -1,0 +1,120 @@
+#include "cli/report_json.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+
+namespace kalvo {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+// A 32-bit value as the shortest decimal that reads back to it, not as its 64-bit expansion.
+double Plain(float value) {
+  std::array<char, 64> buffer{};
+  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value).ptr;
+  double plain = 0;
+  std::from_chars(buffer.data(), end, plain);
+  return plain;
+}
+
+double Pascal(float mm_wg) { return Plain(static_cast<float>(mm_wg * kPascalPerMmWg)); }
+double KiloPascal(float mm_wg) {
+  return Plain(static_cast<float>(mm_wg * kPascalPerMmWg / 1000.0));
+}
+
+Json FittingsOf(const SectionRow& row) {
+  return {{"elbows", Plain(row.AnglePOP)},
+          {"bends_90", Plain(row.Elbow90)},
+          {"valves", row.GateValve},
+          {"straight_valves", row.StrSwitch},
+          {"angle_valves", row.AngSwitch},
+          {"tees_branch", row.DiaTee},
+          {"tees_through", row.DieTee},
+          {"tees_counter", row.AntiTee},
+          {"tees_junction", row.SymboTee},
+          {"check_valves", row.CheckValve},
+          {"other_drop_mm_wg", Plain(row.OtherDrop_mm)},
+          {"other_length_m", Plain(row.OtherDrop_m)}};
+}
+
+Json SectionOf(const SectionRow& row, bool critical, PressureUnits units) {
+  Json section = {{"number", row.RecordNumber},
+                  {"name", FromCodePage(row.Name.bytes())},
+                  {"critical", critical},
+                  {"length_m", Plain(row.Length)},
+                  {"nominal_diameter", row.NomiDiam.Utf8()},
+                  {"inner_diameter_mm", Plain(std::fabs(row.InDiameter))},
+                  {"diameter_imposed", std::signbit(row.InDiameter)},
+                  {"area_m2", Plain(row.Area)},
+                  {"flow_lh", Plain(row.WaterFlow)},
+                  {"velocity_m_s", Plain(row.Velocity)},
+                  {"reynolds", Plain(row.Reynolds)},
+                  {"friction_factor", Plain(row.Lamda)},
+                  {"friction_mm_wg_per_m", Plain(row.FrictionRate)},
+                  {"drop_mm_wg", Plain(row.TotalDrop)},
+                  {"available_mm_wg", Plain(row.AvaiPres)},
+                  {"emitter_drop_mm_wg", Plain(row.SomaDrop)},
+                  {"plant_marker", row.Auxi},
+                  {"fittings", FittingsOf(row)}};
+  if (units == PressureUnits::kPascal) {
+    section["friction_pa_per_m"] = Pascal(row.FrictionRate);
+    section["drop_kpa"] = KiloPascal(row.TotalDrop);
+    section["available_kpa"] = KiloPascal(row.AvaiPres);
+    section["emitter_drop_kpa"] = KiloPascal(row.SomaDrop);
+  }
+  return section;
+}
+
+Json PipeOf(const StatRow& pipe) {
+  return {{"nominal_diameter", pipe.NomiDiameter.Utf8()},
+          {"inner_diameter_mm", Plain(pipe.InDiameter)},
+          {"length_m", Plain(pipe.Length)},
+          {"volume_m3", Plain(pipe.FluidVolume)},
+          {"elbows", Plain(pipe.Corners)},
+          {"bends_90", Plain(pipe.Elbows)},
+          {"valves", Plain(pipe.GlobeV)},
+          {"straight_valves", Plain(pipe.StraightV)},
+          {"angle_valves", Plain(pipe.CornerV)},
+          {"check_valves", Plain(pipe.CheckV)}};
+}
+
+Json PumpOf(const StudyReport& report, PressureUnits units) {
+  Json pump = {{"flow_m3h", Plain(report.total_flow_m3h)},
+               {"head_m_wg", Plain(report.pump_head_m)}};
+  if (units == PressureUnits::kPascal) {
+    pump["head_kpa"] = KiloPascal(report.critical_drop);
+  }
+  return pump;
+}
+
+}  // namespace
+
+Json JsonOf(const StudyReport& report, PressureUnits units) {
+  Json json = {{"study", report.file},
+               {"title", report.title},
+               {"fluid", report.fluid},
+               {"pipe_system", report.pipe_system},
+               {"method", report.method},
+               {"mean_temperature_c", Plain(report.mean_temperature)},
+               {"design_velocity_m_s", Plain(report.design_velocity)},
+               {"pump", PumpOf(report, units)},
+               {"critical_drop_mm_wg", Plain(report.critical_drop)},
+               {"critical_branch", report.critical},
+               {"critical_nodes", report.critical_nodes},
+               {"water_content_l", report.water_litres}};
+  json["sections"] = Json::array();
+  for (const SectionRow& row : report.rows) {
+    json["sections"].push_back(SectionOf(row, report.IsCritical(row.RecordNumber), units));
+  }
+  json["pipes"] = Json::array();
+  for (const StatRow& pipe : report.pipes) {
+    json["pipes"].push_back(PipeOf(pipe));
+  }
+  json["notes"] = {{"above_design_velocity", report.notes.above_design_velocity},
+                   {"on_largest_pipe", report.notes.on_largest_pipe}};
+  return json;
+}
+
+}  // namespace kalvo

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "cli/study_report.h"
+
+namespace kalvo {
+
+/// The results as an engineer reads them: pump, critical branch, a line per section with those of
+/// the critical branch marked, pipes and fittings, water content, notes.
+void PrintReport(const Console& console, const StudyReport& report, PressureUnits units);
+
+}  // namespace kalvo

@@ -1,0 +1,71 @@
+#include "cli/session.h"
+
+#include "engine/critical.h"
+#include "engine/driver.h"
+#include "engine/trap.h"
+#include "study/load_study.h"
+#include "study/study_extensions.h"
+
+namespace kalvo {
+
+namespace {
+
+// The critical branch of stored results, which a study's file does not tell.
+void RefindCriticalBranch(Workbench& bench) {
+  const RowStore store(bench.workspace);
+  if (IsLoneSection(store.rows())) {
+    bench.study.critical_branch = "1";
+    return;
+  }
+  const CriticalBranch critical = ReadCriticalBranch(bench.study, store);
+  bench.study.critical_branch = BranchText(critical.chain);
+}
+
+}  // namespace
+
+Session::Session(const Console& console, const std::filesystem::path& library)
+    : workspace_(memory_, "/", disk_, library, clock_), prompter_(console) {
+  auto pipes = BuildPipeList(workspace_, EmptyLibraries::kSkip);
+  if (!pipes) {
+    prompter_.Ask(UnsuitableLibraryBox(pipes.error()));
+    return;
+  }
+  pipes_ = std::move(pipes).value();
+  if (pipes_.empty()) {
+    prompter_.Ask(UnsuitableLibraryBox({library, "Δεν βρέθηκαν Βιβλιοθήκες Σωλήνων"}));
+    return;
+  }
+  ok_ = true;
+}
+
+bool Session::Load(const std::filesystem::path& path) {
+  const SystemKind kind = KindOfName(path.string());
+  study_ = Study();
+  study_.system_kind = kind == SystemKind::kNone ? SystemKind::kClosed : kind;
+  study_.study_path = path;
+  Workbench at = bench();
+  LoadStudy(at, RecentList::kLeave);
+  if (study_.CalcStatus != calc_status::kNothing) {
+    return false;
+  }
+  if (study_.results_valid && study_.SystemClosed() && study_.critical_branch.empty()) {
+    RunTrapped(at, [&] { RefindCriticalBranch(at); });
+    study_.CalcStatus = calc_status::kNothing;
+  }
+  return true;
+}
+
+std::vector<SectionRow> Session::Rows() const {
+  auto rows = workspace_.Rows().ReadAll();
+  return rows ? std::move(rows).value() : std::vector<SectionRow>{};
+}
+
+std::filesystem::path DeliveredLibrary() {
+  std::error_code error;
+  const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
+  const auto folder = program.parent_path().parent_path();
+  const auto installed = folder / "share/kalvoflume/library";
+  return std::filesystem::exists(installed, error) ? installed : folder / "data/library";
+}
+
+}  // namespace kalvo

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "cli/command.h"
+#include "cli/session.h"
+
+namespace kalvo {
+
+/// A command on one study.
+class StudyCommand : public Command {
+ public:
+  int Run(const Console& console) override;
+
+ protected:
+  void AddArguments(CLI::App& app) override;
+  virtual int RunOn(const Console& console, Session& session) = 0;
+  [[nodiscard]] const std::string& file() const { return file_; }
+
+ private:
+  std::string file_;
+};
+
+/// `kalvo check`: the findings of the checks, one per line.
+class CheckCommand : public StudyCommand {
+ protected:
+  [[nodiscard]] std::string Name() const override { return "check"; }
+  [[nodiscard]] std::string Help() const override {
+    return "Ελέγχει τις ονομασίες και τους κόμβους των τμημάτων";
+  }
+  int RunOn(const Console& console, Session& session) override;
+};
+
+/// `kalvo show`: what is in the file.
+class ShowCommand : public StudyCommand {
+ protected:
+  [[nodiscard]] std::string Name() const override { return "show"; }
+  [[nodiscard]] std::string Help() const override { return "Δείχνει τα δεδομένα μιας μελέτης"; }
+  int RunOn(const Console& console, Session& session) override;
+};
+
+/// `kalvo flows`: the flow report.
+class FlowsCommand : public StudyCommand {
+ protected:
+  [[nodiscard]] std::string Name() const override { return "flows"; }
+  [[nodiscard]] std::string Help() const override {
+    return "Δείχνει πώς κάθε Σώμα αλλάζει την παροχή των τμημάτων";
+  }
+  int RunOn(const Console& console, Session& session) override;
+};
+
+/// `kalvo explain`: how the drop of a section came about.
+class ExplainCommand : public StudyCommand {
+ protected:
+  [[nodiscard]] std::string Name() const override { return "explain"; }
+  [[nodiscard]] std::string Help() const override {
+    return "Εξηγεί βήμα-βήμα πώς προέκυψε η πτώση πίεσης ενός τμήματος";
+  }
+  void AddArguments(CLI::App& app) override;
+  int RunOn(const Console& console, Session& session) override;
+
+ private:
+  int section_ = 0;
+  int method_ = 1;
+};
+
+}  // namespace kalvo

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "cli/session.h"
+#include "engine/notes.h"
+
+namespace kalvo {
+
+/// What is told of a calculated study, gathered once for every format.
+struct StudyReport {
+  std::string file;
+  std::string title;
+  std::string fluid;
+  std::string pipe_system;
+  int method = 0;
+  float mean_temperature = 0;  ///< °C
+  float design_velocity = 0;   ///< m/s
+  float total_flow_m3h = 0;
+  float pump_head_m = 0;       ///< m w.g.
+  float critical_drop = 0;     ///< mm w.g.
+  std::vector<int> critical;   ///< section numbers in order
+  std::string critical_nodes;  ///< "ANT - 1 - 2 - ANT"
+  std::vector<SectionRow> rows;
+  std::vector<StatRow> pipes;  ///< sizes in use and not
+  double water_litres = 0;
+  ResultNotes notes;
+
+  [[nodiscard]] bool IsCritical(int section) const;
+};
+
+/// The report of the study that the session holds calculated.
+StudyReport MakeReport(Session& session, const std::string& file);
+
+/// Units of pressure beside mm w.g.
+enum class PressureUnits { kWaterGauge, kPascal };
+
+/// Pascals in a millimetre of water gauge (conventional, at 9.80665 m/s²).
+constexpr double kPascalPerMmWg = 9.80665;
+
+}  // namespace kalvo

@@ -1,0 +1,45 @@
+# The small build-time programs of tools/ and the data they make: pipe and fluid libraries in
+# <build>/data/library, sample studies in <build>/data/samples.
+
+kalvo_sources(tool_sources "tools/*.cpp")
+kalvo_links(tool_links shell)
+foreach(source IN LISTS tool_sources)
+  cmake_path(GET source STEM tool)
+  add_executable(${tool} ${source})
+  target_include_directories(${tool} PRIVATE "${PROJECT_SOURCE_DIR}")
+  target_link_libraries(${tool} PRIVATE ${tool_links} kalvo_warnings)
+endforeach()
+
+set(KALVO_LIBRARY_DIR "${CMAKE_BINARY_DIR}/data/library")
+set(KALVO_SAMPLES_DIR "${CMAKE_BINARY_DIR}/data/samples")
+
+# kalvo_data_folder(target folder main_file DEPENDS file... COMMAND word...): fills the folder
+# anew whenever something it is made from has changed; main_file is the file whose date counts.
+function(kalvo_data_folder target folder main_file)
+  cmake_parse_arguments(PARSE_ARGV 3 arg "" "" "DEPENDS;COMMAND")
+  add_custom_command(
+    OUTPUT "${folder}/${main_file}"
+    COMMAND "${CMAKE_COMMAND}" -E rm -rf "${folder}"
+    COMMAND "${CMAKE_COMMAND}" -E make_directory "${folder}"
+    COMMAND ${arg_COMMAND}
+    DEPENDS ${arg_DEPENDS}
+    COMMENT "Making ${folder}"
+    VERBATIM)
+  add_custom_target(${target} ALL DEPENDS "${folder}/${main_file}")
+endfunction()
+
+kalvo_sources(pipe_tables "data/pipes/*.csv")
+if(TARGET build_pipes)
+  kalvo_data_folder(kalvo_pipes "${KALVO_LIBRARY_DIR}" Liquids.dat
+                    DEPENDS build_pipes ${pipe_tables}
+                    COMMAND build_pipes "${PROJECT_SOURCE_DIR}/data/pipes" "${KALVO_LIBRARY_DIR}")
+  install(DIRECTORY "${KALVO_LIBRARY_DIR}/" DESTINATION share/kalvoflume/library)
+  install(FILES ${pipe_tables} DESTINATION share/kalvoflume/pipes)
+endif()
+if(TARGET build_samples AND TARGET kalvo_pipes)
+  kalvo_data_folder(kalvo_samples "${KALVO_SAMPLES_DIR}" hotel.PCK
+                    DEPENDS build_samples "${KALVO_LIBRARY_DIR}/Liquids.dat"
+                    COMMAND build_samples "${KALVO_SAMPLES_DIR}")
+  add_dependencies(kalvo_samples kalvo_pipes)
+  install(DIRECTORY "${KALVO_SAMPLES_DIR}/" DESTINATION share/kalvoflume/samples)
+endif()

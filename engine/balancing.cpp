@@ -1,0 +1,92 @@
+#include "engine/balancing.h"
+
+namespace kalvo {
+
+namespace {
+
+class Balancer {
+ public:
+  explicit Balancer(const BalanceContext& context) : context_(context) {}
+
+  void Run() {
+    const auto& branches = context_.critical.branches;
+    // The last branch of the table is never stepped down: that is how the method is defined.
+    for (std::size_t k = 0; k + 1 < branches.size(); ++k) {
+      if (branches[k] != context_.critical.chain) {
+        Balance(branches[k]);
+      }
+    }
+  }
+
+ private:
+  void Balance(Branch branch) {
+    CutHead(branch);
+    const float at_fork = fork_ == 0 ? 0.0F : context_.store.At(fork_).AvaiPres;
+    CopyWithoutCommonEnd(branch);
+    const float available = ToSingle(at_fork - CutTail(branch));
+    StepDownBranch(context_, std::move(branch), available);
+  }
+
+  // Drops the cells that the branch has in common with the critical one from the source on.
+  void CutHead(Branch& branch) {
+    const Branch& chain = context_.critical.chain;
+    std::size_t common = 0;
+    while (common < branch.size() && common < chain.size() && branch[common] == chain[common]) {
+      fork_ = branch[common++];
+    }
+    branch.erase(branch.begin(), branch.begin() + static_cast<std::ptrdiff_t>(common));
+  }
+
+  // One cell at most is taken for common; without one the copy of the branch before stands.
+  void CopyWithoutCommonEnd(const Branch& branch) {
+    const Branch& chain = context_.critical.chain;
+    if (!branch.empty() && !chain.empty() && branch.back() == chain.back()) {
+      copy_ = branch;
+      copy_.pop_back();
+    }
+  }
+
+  // Drops cells from the end until the branch ends as the copy does; gives their drops' sum.
+  double CutTail(Branch& branch) const {
+    double sum = 0;
+    while (!branch.empty() && (copy_.empty() || branch.back() != copy_.back())) {
+      sum += context_.store.At(branch.back()).TotalDrop;
+      branch.pop_back();
+    }
+    return sum;
+  }
+
+  const BalanceContext& context_;
+  int fork_ = 0;  // last head cell dropped, of this branch or an earlier one
+  Branch copy_;
+};
+
+void ClearMarks(RowStore& store) {
+  for (SectionRow& row : store.rows()) {
+    if (row.Auxi == kSteppedDown) {
+      row.Auxi = 0;
+    }
+  }
+}
+
+}  // namespace
+
+void BalanceBranches(const BalanceContext& context) {
+  Balancer(context).Run();
+  SettleOtherRows(context.bench, context.store, context.critical.chain);
+  ClearMarks(context.store);
+}
+
+void CriticalPassPressure(Workbench& bench) {
+  const auto pass = LoadPassConditions(bench);
+  if (!pass) {
+    return;
+  }
+  RowStore store(bench.workspace);
+  store.SaveAfter([&] {
+    const CriticalBranch critical = FindCriticalBranch(bench.study, store);
+    BalanceBranches({bench, store, *pass, critical});
+  });
+}
+
+}  // namespace kalvo

@@ -1,0 +1,29 @@
+#include "engine/capacity.h"
+
+#include "engine/row_store.h"
+
+namespace kalvo {
+
+namespace {
+
+constexpr double kFlowDivisor = 11.309724426269531;  // 3.6 π
+constexpr double kVelocityReserve = 1.03;
+
+}  // namespace
+
+bool CheckPipeCapacity(Workbench& bench) {
+  Study& study = bench.study;
+  const RowStore store(bench.workspace);
+  const auto library = Require(ReadPipeSystem(bench.workspace, study.pipe_system_number));
+  const double flow = study.TotalFlowM3h != 0.0F ? study.TotalFlowM3h : store.At(1).WaterFlow;
+  const double diameter = library.back().inner_diameter;
+  const double velocity = Divide(4.0 / kFlowDivisor * flow, diameter * diameter);
+  if (!(kVelocityReserve * study.MeanVel < velocity)) {
+    return true;
+  }
+  const Answer answer = bench.Show(-300);
+  study.CalcStatus = calc_status::kRefused;
+  return answer != Answer::kNo;
+}
+
+}  // namespace kalvo

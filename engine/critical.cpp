@@ -1,0 +1,162 @@
+#include "engine/critical.h"
+
+#include <numeric>
+
+#include "engine/first_row_index.h"
+#include "study/rounding.h"
+
+namespace kalvo {
+
+namespace {
+
+float DropOf(const Branch& branch, const RowStore& store) {
+  const double sum = std::accumulate(
+      branch.begin(), branch.end(), 0.0,
+      [&store](double drop, int number) { return drop + store.At(number).TotalDrop; });
+  return ToSingle(sum);
+}
+
+// Σ emitters' flows in m³/h.
+float TotalFlow(const Study& study) {
+  const double sum = std::accumulate(
+      study.EmitterTable.begin(), study.EmitterTable.end(), 0.0,
+      [](double flow, const EmitterLine& emitter) { return flow + emitter.flow_lh; });
+  return ToSingle(sum / 1000.0);
+}
+
+void FollowChain(RowStore& store, const CriticalBranch& critical) {
+  SectionRow& first = store.At(1);
+  first.AvaiPres = ToSingle(RoundTo(static_cast<double>(critical.drop) - first.TotalDrop, 2));
+  for (std::size_t i = 1; i < critical.chain.size(); ++i) {
+    const double before = store.At(critical.chain[i - 1]).AvaiPres;
+    SectionRow& row = store.At(critical.chain[i]);
+    row.AvaiPres = ToSingle(RoundTo(before - row.TotalDrop, 2));
+  }
+}
+
+// Finds for a row the one whose pressure it starts from; keeps the last one found.
+class NeighbourSearch {
+ public:
+  explicit NeighbourSearch(const std::vector<SectionRow>& rows)
+      : rows_(rows), index_(Index(rows)) {}
+
+  int For(int row) {
+    const SectionRow& of = rows_[static_cast<std::size_t>(row - 1)];
+    if (const int found = index_.First(NodeKey(LeftNode(of.Name))); found != 0) {
+      last_ = found;
+    }
+    return last_;
+  }
+
+ private:
+  static FirstRowIndex Index(const std::vector<SectionRow>& rows) {
+    std::vector<FirstRowIndex::Entry> entries;
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+      if (!rows[i].HasEmitter()) {
+        entries.emplace_back(NodeKey(RightNode(rows[i].Name)), static_cast<int>(i) + 1);
+      }
+    }
+    return FirstRowIndex(std::move(entries));
+  }
+
+  const std::vector<SectionRow>& rows_;
+  FirstRowIndex index_;
+  int last_ = 1;
+};
+
+void SettleRow(RowStore& store, int row, double before) {
+  SectionRow& of = store.At(row);
+  of.AvaiPres = ToSingle(RoundTo(before - of.TotalDrop, 2));
+}
+
+// Settles the rows whose neighbour's pressure is known; gives back the others, in order.
+std::vector<int> SettleKnown(RowStore& store, NeighbourSearch& search,
+                             const std::vector<int>& rows) {
+  std::vector<int> postponed;
+  for (const int row : rows) {
+    const float before = store.At(search.For(row)).AvaiPres;
+    if (before == 0.0F) {
+      postponed.push_back(row);
+    } else {
+      SettleRow(store, row, before);
+    }
+  }
+  return postponed;
+}
+
+std::vector<int> RowsOffChain(const RowStore& store, const Branch& chain) {
+  std::vector<bool> on_chain(static_cast<std::size_t>(store.count()) + 1);
+  for (std::size_t i = 1; i < chain.size(); ++i) {
+    on_chain[static_cast<std::size_t>(chain[i])] = true;
+  }
+  std::vector<int> rows;
+  for (int row = 2; row <= store.count(); ++row) {
+    if (!on_chain[static_cast<std::size_t>(row)]) {
+      rows.push_back(row);
+    }
+  }
+  return rows;
+}
+
+void WritePostponed(Workbench& bench, const std::vector<int>& rows) {
+  std::vector<PostponedRow> records;
+  for (const int row : rows) {
+    const std::string number = PadBehind(std::to_string(row), 3);
+    records.push_back({FixedText<5>::FromBytes(number)});
+  }
+  Require(bench.workspace.Rows<PostponedRow>(work_file::kPostponed).WriteAll(records));
+}
+
+}  // namespace
+
+CriticalBranch ReadCriticalBranch(const Study& study, const RowStore& store) {
+  CriticalBranch critical;
+  critical.branches = BuildBranchStrings(study);
+  for (const Branch& branch : critical.branches) {
+    const float drop = DropOf(branch, store);
+    if (critical.drop < drop) {
+      critical.drop = drop;
+      critical.chain = branch;
+    }
+  }
+  return critical;
+}
+
+CriticalBranch FindCriticalBranch(Study& study, RowStore& store) {
+  CriticalBranch critical = ReadCriticalBranch(study, store);
+  critical.drop = ToSingle(RoundTo(critical.drop, 4));
+  study.TotalFlowM3h = TotalFlow(study);
+  study.CriticalDrop = critical.drop;
+  study.PumpHead = ToSingle(critical.drop / 1000.0);
+  study.critical_branch = BranchText(critical.chain);
+  for (SectionRow& row : store.rows()) {
+    row.PAR = study.TotalFlowM3h;
+    row.DP = critical.drop;
+    row.AvaiPres = 0;
+  }
+  FollowChain(store, critical);
+  return critical;
+}
+
+void SettleOtherRows(Workbench& bench, RowStore& store, const Branch& chain) {
+  bench.workspace.Delete(work_file::kPostponed);
+  NeighbourSearch search(store.rows());
+  const std::vector<int> postponed = SettleKnown(store, search, RowsOffChain(store, chain));
+  if (!postponed.empty()) {
+    WritePostponed(bench, postponed);
+  }
+  for (const int row : SettleKnown(store, search, postponed)) {
+    SettleRow(store, row, store.At(search.For(row)).AvaiPres);
+  }
+  bench.workspace.Delete(work_file::kPostponed);
+}
+
+void CriticalPassFlowOnly(Workbench& bench) {
+  RowStore store(bench.workspace);
+  store.SaveAfter([&] {
+    const CriticalBranch critical = FindCriticalBranch(bench.study, store);
+    SettleOtherRows(bench, store, critical.chain);
+  });
+}
+
+}  // namespace kalvo

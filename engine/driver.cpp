@@ -1,0 +1,109 @@
+#include "engine/driver.h"
+
+#include "engine/balancing.h"
+#include "engine/critical.h"
+#include "engine/pipe_stats.h"
+#include "engine/sizing.h"
+#include "engine/trap.h"
+
+namespace kalvo {
+
+namespace {
+
+bool Ended(const Study& study) {
+  return study.CalcStatus == calc_status::kBrokenOff || study.CalcStatus == calc_status::kViscosity;
+}
+
+// Runs a pass unless the run has ended already.
+template <typename Pass>
+void RunNext(Workbench& bench, Pass&& pass) {
+  if (!Ended(bench.study)) {
+    RunTrapped(bench, pass);
+  }
+}
+
+// Sizing may have raised the design velocity for its own run.
+void RestoreMeanVel(Workbench& bench) {
+  const RowStore store(bench.workspace);
+  if (store.count() > 0) {
+    bench.study.MeanVel = store.At(1).MeanVel;
+  }
+}
+
+void FindPressures(Workbench& bench, Method method) {
+  if (method == Method::kFlowAndPressure) {
+    CriticalPassPressure(bench);
+  } else {
+    CriticalPassFlowOnly(bench);
+  }
+}
+
+}  // namespace
+
+bool IsLoneSection(const std::vector<SectionRow>& rows) {
+  return rows.size() == 1 && rows.front().Name.bytes() == "ANT/ANT";
+}
+
+void ResetCalcFields(Workbench& bench) {
+  Study& study = bench.study;
+  study.results_valid = false;
+  RowStore store(bench.workspace);
+  study.SectionCount = static_cast<std::int16_t>(store.count());
+  for (SectionRow& row : store.rows()) {
+    row.MeanTemp = study.MeanTemp;
+    row.FileNumber = study.pipe_system_number;
+    row.MeanVel = study.MeanVel;
+    row.PAR = 0;
+    row.DP = 0;
+    row.AvaiPres = 0;
+    row.NomiDiam = {};
+  }
+  store.Save();
+}
+
+void CloseSingleSection(Workbench& bench) {
+  RowStore store(bench.workspace);
+  if (!IsLoneSection(store.rows())) {
+    return;
+  }
+  SectionRow& row = store.At(1);
+  row.PAR = ToSingle(row.WaterFlow / 1000.0);
+  row.DP = row.TotalDrop;
+  row.AvaiPres = 0;
+  Study& study = bench.study;
+  study.TotalFlowM3h = row.PAR;
+  study.CriticalDrop = row.TotalDrop;
+  study.PumpHead = ToSingle(row.TotalDrop / 1000.0);
+  study.critical_branch = "1";
+  store.Save();
+}
+
+void RunPasses(Workbench& bench, Method method) {
+  Study& study = bench.study;
+  study.CalcAborted = false;
+  study.MeanVelMode = method == Method::kFlowOnly;
+  const std::int16_t row_before = study.CurrentRow;
+  RunNext(bench, [&] { ResetCalcFields(bench); });
+  if (study.SystemClosed()) {
+    RunNext(bench, [&] { SizePipes(bench, static_cast<int>(method)); });
+    RunNext(bench, [&] {
+      if (study.SingleSection) {
+        CloseSingleSection(bench);
+      } else {
+        FindPressures(bench, method);
+      }
+    });
+    RunNext(bench, [&] { WriteStatistics(bench); });
+  }
+  RunTrapped(bench, [&] { RestoreMeanVel(bench); });
+  study.CalcAborted = study.CalcStatus == calc_status::kBrokenOff;
+  study.CurrentRow = row_before;
+  if (!Ended(study)) {
+    study.recalculation_needed = false;
+    study.recovery = false;
+  }
+}
+
+void RunCalculation(Workbench& bench) { RunPasses(bench, Method::kFlowOnly); }
+
+}  // namespace kalvo

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "study/workbench.h"
+
+namespace kalvo {
+
+enum class Method { kFlowOnly = 1, kFlowAndPressure = 2 };
+
+/// First step of every run: the study's values into every row, results cleared. The results are no
+/// longer valid. Faults: kFile.
+void ResetCalcFields(Workbench& bench);
+
+/// The passes of a run in their order, each trapped: sizing, critical branch (not for a single
+/// section; with balancing in the second method), closing of a single section, statistics.
+/// `CalcStatus` -13: the fluid does not fit, nothing was calculated; -32: broken off, and
+/// `CalcAborted` is set. The design velocity is read again from row 1 at the end.
+void RunPasses(Workbench& bench, Method method);
+
+/// The automatic run. A closed system always takes the first method.
+void RunCalculation(Workbench& bench);
+
+/// True when the rows are one section named "ANT/ANT".
+bool IsLoneSection(const std::vector<SectionRow>& rows);
+
+/// For a lone section: total flow, drop and pump head from the row itself, critical branch "1".
+/// Any other network stays as it is. Faults: kFile.
+void CloseSingleSection(Workbench& bench);
+
+}  // namespace kalvo

@@ -1,0 +1,126 @@
+#include "engine/emitters.h"
+
+#include <algorithm>
+#include <map>
+
+#include "engine/checks.h"
+#include "engine/flow_report.h"
+#include "engine/row_store.h"
+#include "study/tables.h"
+
+namespace kalvo {
+
+namespace {
+
+using Rows = std::vector<SectionRow>;
+
+// Emitters of the rows over the old emitter file: what the file held beyond them stays, but for
+// records of sections that are no more.
+Rows MergeEmitters(const Rows& rows, const Rows& old_file) {
+  Rows emitters = RowsWithEmitter(rows);
+  for (std::size_t i = emitters.size(); i < old_file.size(); ++i) {
+    const int number = old_file[i].RecordNumber;
+    if (number >= 1 && number <= static_cast<int>(rows.size())) {
+      emitters.push_back(old_file[i]);
+    }
+  }
+  return emitters;
+}
+
+// Copies each emitter's values into its section where the names agree; gives the total flow, l/h.
+float CopyIntoSections(const Rows& emitters, RowStore& store) {
+  float total = 0;
+  for (const SectionRow& emitter : emitters) {
+    SectionRow& row = store.At(emitter.RecordNumber);
+    if (row.Name != emitter.Name) {
+      continue;
+    }
+    total = ToSingle(static_cast<double>(total) + emitter.WaterFlow);
+    row.WaterFlow = emitter.WaterFlow;
+    row.SomaDrop = emitter.SomaDrop;
+  }
+  return total;
+}
+
+// Every section gets what the emitter table says of it, nothing where it says nothing.
+void CopyFromTable(const std::vector<EmitterLine>& table, RowStore& store) {
+  std::map<int, const EmitterLine*> by_section;
+  for (const EmitterLine& line : table) {
+    by_section.emplace(line.section, &line);
+  }
+  for (SectionRow& row : store.rows()) {
+    const auto found = by_section.find(row.RecordNumber);
+    const bool has = found != by_section.end();
+    row.WaterFlow = has ? ToSingle(found->second->flow_lh) : 0.0F;
+    row.SomaDrop = has ? ToSingle(found->second->drop) : 0.0F;
+  }
+}
+
+void SumFlows(Workbench& bench) {
+  WriteSectionFlows(bench);
+  if (bench.study.CalcStatus > 0) {
+    bench.Show(2004);
+    bench.study.CalcStatus = calc_status::kNothing;
+  }
+}
+
+void CopyFlows(const std::vector<SectionLine>& table, RowStore& store) {
+  for (std::size_t i = 0; i < table.size(); ++i) {
+    SectionRow& row = store.rows()[i];
+    if (row.RecordNumber == table[i].number && row.Name.Trimmed() == Trim(table[i].name.bytes())) {
+      row.WaterFlow = ToSingle(table[i].flow_lh.value_or(0.0));
+    }
+  }
+}
+
+void WriteGeneralValues(const Study& study, RowStore& store) {
+  const auto material = FixedText<78>::FromUtf8(study.pipe_material);
+  for (SectionRow& row : store.rows()) {
+    row.Material = material;
+    row.MeanTemp = study.MeanTemp;
+    row.MeanVel = study.MeanVel;
+    row.TOT = study.SectionCount;
+    row.PAR = study.TotalFlowM3h;
+    row.Outlets = study.EmitterCount;
+    row.KLEIS = 1;
+    row.ANOIK = 0;
+  }
+}
+
+void CheckRebuilt(Workbench& bench) {
+  const std::int16_t before = bench.study.CalcStatus;
+  CheckNodes(bench);
+  if (bench.study.CalcStatus == calc_status::kRefused && before != calc_status::kRefused) {
+    bench.study.NameErrors = true;
+  }
+}
+
+}  // namespace
+
+void RebuildEmitterData(Workbench& bench) {
+  Study& study = bench.study;
+  RowStore store(bench.workspace);
+  RowFile<SectionRow> file = bench.workspace.Rows(work_file::kEmitters);
+  const Rows emitters = MergeEmitters(store.rows(), Require(file.ReadAll()));
+  Require(file.WriteAll(emitters));
+  if (study.EmitterCount != static_cast<int>(emitters.size())) {
+    study.unsaved_changes = true;
+  }
+  RefreshEmitterTable(study, emitters);
+  study.TotalFlowM3h = ToSingle(CopyIntoSections(emitters, store) / 1000.0);
+  CopyFromTable(study.EmitterTable, store);
+  RefreshSectionTable(study, store.rows());
+  study.SingleSection = store.count() == 1;
+  if (!study.SingleSection) {
+    SumFlows(bench);
+  }
+  CopyFlows(study.SectionTable, store);
+  WriteGeneralValues(study, store);
+  store.Save();
+  if (!study.SingleSection) {
+    CheckRebuilt(bench);
+  }
+  study.emitters_unchecked = false;
+}
+
+}  // namespace kalvo

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "engine/sizing.h"
+
+namespace kalvo {
+
+/// One step on the way from a section's flow to its drop: what is found, by which formula, its
+/// value and unit. Texts are Greek.
+struct ExplainStep {
+  std::string what;
+  std::string formula;
+  double value = 0;
+  std::string unit;
+};
+
+/// Fittings of one kind in a section: how many, ζ of each, and the pipe length they stand for, m.
+struct FittingShare {
+  std::string what;
+  double count = 0;
+  double zeta = 0;
+  double length_m = 0;
+};
+
+/// What a part of the section has in its drop.
+struct DropShare {
+  std::string what;
+  double drop = 0;      ///< mm w.g.
+  double fraction = 0;  ///< of the whole drop, 0 when that is 0
+};
+
+/// How a section's drop came about.
+struct DropExplanation {
+  std::vector<ExplainStep> steps;
+  std::vector<FittingShare> fittings;
+  std::vector<DropShare> shares;
+  float computed_drop = 0;  ///< mm w.g., by the steps
+  float stored_drop = 0;    ///< mm w.g., in the row
+  bool stepped_down = false;
+
+  /// False when the row holds another drop than its values lead to: it was changed since.
+  [[nodiscard]] bool Agrees() const { return computed_drop == stored_drop; }
+};
+
+/// What the explanation of a row starts from. `stepped_rate`: friction rate on the pipe the section
+/// had before balancing took it down, mm w.g./m; nothing when it still has the pipe of its sizing.
+struct ExplainInput {
+  const SectionRow& row;
+  FlowConditions conditions;
+  MaterialClass material = MaterialClass::kSteelPipe;
+  std::optional<double> stepped_rate;
+};
+
+/// Follows a calculated row from flow to drop by the formulas of engine/hydraulics.h.
+/// Faults: as those formulas, for a row that was never calculated.
+DropExplanation ExplainDrop(const ExplainInput& input);
+
+/// The same for a row of the study: of a balanced row that does not follow from its values alone
+/// the step down from the next larger pipe is tried. Faults: as ExplainDrop().
+DropExplanation ExplainRow(const SectionRow& row, const PassConditions& pass);
+
+}  // namespace kalvo

@@ -1,0 +1,72 @@
+#include "engine/first_row_index.h"
+
+#include <algorithm>
+
+namespace kalvo {
+
+namespace {
+
+template <typename KeyOf>
+FirstRowIndex IndexBy(std::span<const SectionLine> table, KeyOf&& key_of) {
+  std::vector<FirstRowIndex::Entry> entries;
+  entries.reserve(table.size());
+  for (const SectionLine& line : table) {
+    entries.emplace_back(key_of(line), static_cast<int>(entries.size()) + 1);
+  }
+  return FirstRowIndex(std::move(entries));
+}
+
+}  // namespace
+
+FirstRowIndex::FirstRowIndex(std::vector<Entry> entries) : entries_(std::move(entries)) {
+  std::sort(entries_.begin(), entries_.end());
+}
+
+int FirstRowIndex::First(std::uint32_t key) const {
+  const auto found = std::lower_bound(entries_.begin(), entries_.end(), Entry(key, 0));
+  return found != entries_.end() && found->first == key ? found->second : 0;
+}
+
+int FirstRowIndex::Count(std::uint32_t key) const {
+  const auto begin = std::lower_bound(entries_.begin(), entries_.end(), Entry(key, 0));
+  const auto end =
+      std::find_if(begin, entries_.end(), [key](const Entry& entry) { return entry.first != key; });
+  return static_cast<int>(end - begin);
+}
+
+std::uint32_t NodeKey(std::string_view node) {
+  std::uint32_t key = 1;  // tells a zero byte in front from none
+  for (const char c : Trim(node)) {
+    key = (key << 8U) | static_cast<unsigned char>(c);
+  }
+  return key;
+}
+
+std::uint32_t NumberKey(int number) { return static_cast<std::uint32_t>(number); }
+
+FirstRowIndex IndexByLeftNode(std::span<const SectionLine> table) {
+  return IndexBy(table, [](const SectionLine& line) { return NodeKey(LeftNode(line.name)); });
+}
+
+FirstRowIndex IndexByRightNode(std::span<const SectionLine> table) {
+  return IndexBy(table, [](const SectionLine& line) { return NodeKey(RightNode(line.name)); });
+}
+
+FirstRowIndex IndexByNumber(std::span<const SectionLine> table) {
+  return IndexBy(table, [](const SectionLine& line) { return NumberKey(line.number); });
+}
+
+Links LinkRows(std::span<const SectionLine> table) {
+  const FirstRowIndex by_left = IndexByLeftNode(table);
+  const FirstRowIndex by_right = IndexByRightNode(table);
+  Links links;
+  links.next.reserve(table.size());
+  links.previous.reserve(table.size());
+  for (const SectionLine& line : table) {
+    links.next.push_back(by_left.First(NodeKey(RightNode(line.name))));
+    links.previous.push_back(by_right.First(NodeKey(LeftNode(line.name))));
+  }
+  return links;
+}
+
+}  // namespace kalvo

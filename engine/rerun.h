@@ -1,0 +1,25 @@
+#pragma once
+
+#include "study/workbench.h"
+
+namespace kalvo {
+
+/// Whether a nominal diameter differs between the rows and those kept in the work file `older`,
+/// trimmed, case counts. False when the older file is missing or empty. Error: a file cannot be
+/// read.
+Result<bool> DiametersDiffer(const Workspace& workspace, std::string_view older);
+
+/// The run on the diameters that the rows have, overruled ones (negative) included: no pipe choice,
+/// no balancing, the method recorded stays. Quantities anew; marks of rows that came back to the
+/// diameter of `FIRSTONE.TMP` are cleared; the rows become `DATARES.PRV`. `CalcStatus` -13 or -32:
+/// ended early, `DATARES.PRV` stays and a new calculation is needed.
+void Rerun(Workbench& bench);
+
+/// Rerun() if a diameter changed since `DATARES.PRV` was written, marking the study changed.
+/// Gives whether it ran. Error: a file cannot be read.
+Result<bool> RerunIfChanged(Workbench& bench);
+
+/// The re-run must not start while a row has no diameter yet.
+bool HasAllDiameters(const std::vector<SectionRow>& rows);
+
+}  // namespace kalvo

@@ -1,0 +1,205 @@
+#include "engine/step_down.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "engine/pipe_stats.h"
+#include "study/rounding.h"
+
+namespace kalvo {
+
+namespace {
+
+// Results of a row as they were before a step, kept as text as all old values are.
+struct OldValues {
+  explicit OldValues(const SectionRow& row)
+      : velocity(ThroughText(row.Velocity)),
+        area(ThroughText(row.Area)),
+        diameter(ThroughText(row.InDiameter)),
+        reynolds(ThroughText(row.Reynolds)),
+        lamda(ThroughText(row.Lamda)),
+        friction_rate(ThroughText(row.FrictionRate)),
+        total_drop(ThroughText(row.TotalDrop)),
+        name(row.NomiDiam) {}
+
+  void RestoreTo(SectionRow& row) const {
+    row.Velocity = ToSingle(velocity);
+    row.Area = ToSingle(area);
+    row.InDiameter = ToSingle(diameter);
+    row.Reynolds = ToSingle(reynolds);
+    row.Lamda = ToSingle(lamda);
+    row.FrictionRate = ToSingle(friction_rate);
+    row.TotalDrop = ToSingle(total_drop);
+    row.NomiDiam = name;
+  }
+
+  double velocity;
+  double area;
+  double diameter;
+  double reynolds;
+  double lamda;
+  double friction_rate;
+  double total_drop;
+  FixedText<15> name;
+};
+
+const PipeRow& LargestPipe(const std::vector<PipeRow>& library) {
+  return *std::max_element(library.begin(), library.end(), [](const PipeRow& a, const PipeRow& b) {
+    return a.inner_diameter < b.inner_diameter;
+  });
+}
+
+// The row before the library's row of that name whose code is at least 2; none without such a row.
+const PipeRow* SmallerPipe(const std::vector<PipeRow>& library, std::string_view name) {
+  for (std::size_t i = 0; i < library.size(); ++i) {
+    if (library[i].nominal_diameter.Trimmed() == name && library[i].pipe_id >= 2) {
+      if (i == 0) {
+        throw Fault(FaultCode::kBadRecordNumber, "no library row before the first");
+      }
+      return &library[i - 1];
+    }
+  }
+  return nullptr;
+}
+
+class StepDown {
+ public:
+  StepDown(const BalanceContext& context, Branch chain, float branch_avail)
+      : context_(context),
+        largest_(LargestPipe(context.pass.library)),
+        chain_(std::move(chain)),
+        available_(branch_avail) {
+    for (const int number : chain_) {
+      drop_ += context_.store.At(number).TotalDrop;
+    }
+  }
+
+  void Run() {
+    // Sections left in the chain when its drop is too high are not touched.
+    while (chain_.empty() || drop_ <= available_) {
+      if (chain_.empty()) {
+        Finish();
+        return;
+      }
+      TakeLast();
+      if (IsLargest()) {
+        drop_ += row_.TotalDrop;
+        old_name_ = row_.NomiDiam;
+      } else if (row_.Auxi != kSteppedDown && !TryStep()) {
+        return;
+      }
+    }
+  }
+
+ private:
+  void TakeLast() {
+    number_ = chain_.back();
+    chain_.pop_back();
+    row_ = context_.store.At(number_);
+  }
+
+  bool IsLargest() const {
+    return row_.NomiDiam.Trimmed() == largest_.nominal_diameter.Trimmed() &&
+           std::fabs(row_.InDiameter) == largest_.inner_diameter;
+  }
+
+  void UpdateStats() { MoveInPipeStats(context_.bench.study, old_name_.bytes(), row_); }
+
+  // The chain is used up: the last section is given its plant marker back if all is within bounds.
+  void Finish() {
+    const double surplus = Divide(drop_ - available_, available_);
+    if (number_ == 0) {
+      return;
+    }
+    if (surplus <= 0.15 && drop_ <= available_) {
+      if (row_.Auxi == kSteppedDown) {
+        row_.Auxi = auxi_;
+      }
+      context_.store.At(number_) = row_;
+    }
+    UpdateStats();
+  }
+
+  // One step of the row in hand. False when the library has nothing smaller: the branch ends there
+  // with the row unwritten.
+  bool TryStep() {
+    auxi_ = row_.Auxi;
+    row_.Auxi = kSteppedDown;
+    length_ += row_.Length;
+    const double target =
+        Divide(available_, 1.5 * length_ + row_.OtherDrop_mm / 10.0 + row_.OtherDrop_m);
+    const OldValues old(row_);
+    old_name_ = row_.NomiDiam;
+    const PipeRow* pipe = SmallerPipe(context_.pass.library, row_.NomiDiam.Trimmed());
+    if (pipe == nullptr) {
+      return false;
+    }
+    TakePipe(*pipe);
+    const double new_drop = drop_ + row_.TotalDrop - old.total_drop;
+    if (row_.FrictionRate > target || RaisesCritical() || new_drop > available_) {
+      old.RestoreTo(row_);
+      return true;
+    }
+    drop_ = new_drop;
+    context_.store.At(number_) = row_;
+    UpdateStats();
+    old_name_ = {};
+    return true;
+  }
+
+  // Hydraulics on the new pipe. The equivalent lengths are taken before the new friction rate and
+  // with the marker in the plant's place: that is how the method is defined.
+  void TakePipe(const PipeRow& pipe) {
+    const FlowConditions& flow = context_.pass.flow;
+    const double diameter = pipe.inner_diameter;
+    const double old_rate = row_.FrictionRate;
+    row_.NomiDiam = FixedText<15>::FromBytes(pipe.nominal_diameter.Trimmed());
+    row_.Area = static_cast<float>(AreaM2(pipe));
+    row_.InDiameter = pipe.inner_diameter;
+    row_.Velocity = VelocityOf(row_.WaterFlow, diameter);
+    row_.Reynolds = ReynoldsOf(diameter, row_.Velocity, flow.viscosity);
+    row_.Lamda = FrictionFactor(flow.roughness, diameter, row_.Reynolds);
+    const EquivalentLengths lengths =
+        LengthsOf(row_, ClassOf(pipe.material.Trimmed()), diameter, old_rate);
+    row_.FrictionRate = FrictionRateOf(row_.Lamda, flow.density, row_.Velocity, diameter);
+    row_.TotalDrop = TotalDropOf(row_.FrictionRate, lengths, row_.SomaDrop);
+  }
+
+  // Whether a branch that holds the row would rise above the critical drop. Only section 10 is
+  // taken with its new drop: that is how the method is defined.
+  bool RaisesCritical() const {
+    constexpr int kSectionInHand = 10;
+    for (const Branch& branch : context_.critical.branches) {
+      if (std::find(branch.begin(), branch.end(), number_) == branch.end()) {
+        continue;
+      }
+      double sum = 0;
+      for (const int cell : branch) {
+        sum += cell == kSectionInHand ? row_.TotalDrop : context_.store.At(cell).TotalDrop;
+        if (ToSingle(sum) > context_.critical.drop) {
+          return true;
+        }
+      }
+    }
+    return false;
+  }
+
+  const BalanceContext& context_;
+  const PipeRow& largest_;
+  Branch chain_;
+  double available_;
+  double drop_ = 0;    // of the branch's sections
+  double length_ = 0;  // of the sections stepped through
+  int number_ = 0;     // of the row in hand, 0 before the first
+  SectionRow row_;     // in hand
+  std::int16_t auxi_ = 0;
+  FixedText<15> old_name_;
+};
+
+}  // namespace
+
+void StepDownBranch(const BalanceContext& context, Branch chain, float branch_avail) {
+  StepDown(context, std::move(chain), branch_avail).Run();
+}
+
+}  // namespace kalvo

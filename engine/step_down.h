@@ -1,0 +1,29 @@
+#pragma once
+
+#include <vector>
+
+#include "engine/critical.h"
+#include "engine/sizing.h"
+
+namespace kalvo {
+
+/// What the balancing of one branch works on.
+struct BalanceContext {
+  Workbench& bench;
+  RowStore& store;
+  const PassConditions& pass;
+  const CriticalBranch& critical;
+};
+
+/// `Auxi` of a row that was stepped down already.
+constexpr std::int16_t kSteppedDown = -1000;
+
+/// Spends the pressure `branch_avail` (mm w.g.) that the sections of `chain` may use: from the last
+/// section back each is taken to the next smaller pipe of the library while the friction rate stays
+/// within the target, no branch rises above the critical drop and the chain's drop stays within
+/// what is available. Quantities move along. Rows that change are marked in the store.
+/// Faults: 6 and 11 for nothing available, those of the hydraulics, 63 for a library without the
+/// row before.
+void StepDownBranch(const BalanceContext& context, Branch chain, float branch_avail);
+
+}  // namespace kalvo

@@ -1,0 +1,44 @@
+#include "engine/trap.h"
+
+namespace kalvo {
+
+namespace {
+
+constexpr const char* kBrokenOffTitle = "  ! !  ΠΡΟΣΟΧΗ : Διακοπή των Υπολογισμών ! ! ";
+
+Box BrokenOff(const char* text) { return {kBrokenOffTitle, {text}, 16}; }
+
+Box AskToGoOn() {
+  return {"  ! !  ΠΡΟΣΟΧΗ : Προσωρινή Διακοπή των Υπολογισμών ! ! ",
+          {"... Το Επιλεγέν <Σύστημα Σωλήνων>, δεν επαρκεί για την διατήρηση της",
+           "ταχύτητας του νερού, στην περιοχή της <Μέσης Ταχύτητας Νερού> που",
+           "έχετε επιλέξει στα <Εισαγωγικά Δεδομένα> της Μελέτης.", "   ",
+           "              ... ΝΑ ΣΥΝΕΧΙΣΘΟΥΝ ΟΙ ΥΠΟΛΟΓΙΣΜΟΙ ?? ...             "},
+          36};
+}
+
+}  // namespace
+
+Box CalcErrorBox(int code) {
+  switch (static_cast<FaultCode>(code)) {
+    case FaultCode::kResumable:
+      return AskToGoOn();
+    case FaultCode::kBadArgument:
+      return BrokenOff("... ΛΑΝΘΑΣΜΕΝΗ ΚΛΗΣΗ ΣΥΝΑΡΤΗΣΗΣ : Οι Υπολογισμοί τερματίζονται ...");
+    case FaultCode::kOverflow:
+      return BrokenOff("... Μάλλον ΔΕΝ έχετε καταχωρήσει όλα τα Σώματα ...");
+    default:
+      return BrokenOff("... ΣΟΒΑΡΟ ΣΦΑΛΜΑ : Οι Υπολογισμοί τερματίζονται ...");
+  }
+}
+
+void ReportCalcError(Workbench& bench, int code) {
+  const Answer answer = bench.Ask(CalcErrorBox(code));
+  if (code == static_cast<int>(FaultCode::kResumable) && answer == Answer::kYes) {
+    return;
+  }
+  bench.study.CalcStatus = calc_status::kBrokenOff;
+  bench.study.answer = Answer::kNone;
+}
+
+}  // namespace kalvo

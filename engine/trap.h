@@ -1,0 +1,25 @@
+#pragma once
+
+#include "study/fault.h"
+#include "study/workbench.h"
+
+namespace kalvo {
+
+/// The box that tells the user of a run-time fault; code 1 asks whether to go on.
+Box CalcErrorBox(int code);
+
+/// Reports a run-time fault of a pass and ends the run: `CalcStatus` becomes -32 and the answer is
+/// cleared. Code 1 asks first; on yes nothing else happens.
+void ReportCalcError(Workbench& bench, int code);
+
+/// Runs a pass so that a fault in it is reported and ends the run.
+template <typename Pass>
+void RunTrapped(Workbench& bench, Pass&& pass) {
+  try {
+    pass();
+  } catch (const Fault& fault) {
+    ReportCalcError(bench, fault.number());
+  }
+}
+
+}  // namespace kalvo

@@ -1,0 +1,180 @@
+#include "study/family_save.h"
+
+#include <algorithm>
+
+#include "study/study_extensions.h"
+
+namespace kalvo {
+
+namespace {
+
+constexpr std::string_view kStagedEnd = ".new~";
+constexpr std::string_view kJournalHead = "KALVOFLUME 1\n";
+constexpr std::string_view kJournalFoot = "TELOS\n";
+
+std::filesystem::path Staged(const std::filesystem::path& folder, const std::string& name) {
+  return folder / (name + std::string(kStagedEnd));
+}
+
+std::filesystem::path JournalPath(const std::filesystem::path& folder, const std::string& base) {
+  return folder / (base + ".saving~");
+}
+
+void RemoveStaged(Disk& disk, const std::filesystem::path& folder,
+                  const std::vector<FamilyFile>& files) {
+  for (const FamilyFile& file : files) {
+    static_cast<void>(disk.Remove(Staged(folder, file.name)));
+  }
+}
+
+Outcome WriteAndFlush(Disk& disk, const std::filesystem::path& path, std::string_view bytes) {
+  Outcome written = disk.Write(path, bytes);
+  return written ? disk.Flush(path) : written;
+}
+
+// A name is only ever one of the study's own files in the same folder.
+bool IsOwnFile(const std::string& name, const std::string& base) {
+  return name.size() == base.size() + kStudyExtensionLength && name.starts_with(base) &&
+         IsStudyExtension(std::string_view(name).substr(base.size()));
+}
+
+// Names in the journal's lines must be told apart from it; a folder cannot be replaced by a file.
+Outcome ProveSavable(const Disk& disk, const std::filesystem::path& folder, const std::string& base,
+                     const std::vector<FamilyFile>& files) {
+  for (const FamilyFile& file : files) {
+    if (!IsOwnFile(file.name, base) || file.name.find('\n') != std::string::npos) {
+      return FileError{folder / file.name, "Δεν είναι όνομα αρχείου Μελέτης"};
+    }
+    const auto target = disk.Status(folder / file.name);
+    if (target && target->is_folder) {
+      return FileError{folder / file.name, "Είναι φάκελος και όχι αρχείο"};
+    }
+  }
+  return Done{};
+}
+
+Outcome StageAll(Disk& disk, const std::filesystem::path& folder,
+                 const std::vector<FamilyFile>& files) {
+  for (const FamilyFile& file : files) {
+    if (Outcome staged = WriteAndFlush(disk, Staged(folder, file.name), file.bytes); !staged) {
+      return staged;
+    }
+  }
+  return disk.Flush(folder);
+}
+
+// The journal appears whole or not at all, and with it the decision that the save takes place.
+Outcome WriteJournal(Disk& disk, const std::filesystem::path& folder, const std::string& base,
+                     const std::vector<FamilyFile>& files) {
+  std::string text(kJournalHead);
+  for (const FamilyFile& file : files) {
+    text += file.name + "\n";
+  }
+  text += kJournalFoot;
+  const std::filesystem::path journal = JournalPath(folder, base);
+  const std::filesystem::path beside = Staged(folder, journal.filename().string());
+  Outcome outcome = WriteAndFlush(disk, beside, text);
+  if (outcome) {
+    outcome = disk.Rename(beside, journal);
+  }
+  if (!outcome) {
+    static_cast<void>(disk.Remove(beside));
+    return outcome;
+  }
+  return disk.Flush(folder);
+}
+
+// Names that a whole journal tells, none of a broken one.
+std::vector<std::string> NamesIn(std::string_view text) {
+  if (!text.starts_with(kJournalHead) || !text.ends_with(kJournalFoot)) {
+    return {};
+  }
+  text.remove_prefix(kJournalHead.size());
+  text.remove_suffix(kJournalFoot.size());
+  std::vector<std::string> names;
+  while (!text.empty()) {
+    const std::size_t end = text.find('\n');
+    if (end == std::string_view::npos) {
+      return {};
+    }
+    names.emplace_back(text.substr(0, end));
+    text.remove_prefix(end + 1);
+  }
+  return names;
+}
+
+Outcome RenameStaged(Disk& disk, const std::filesystem::path& folder,
+                     const std::vector<std::string>& names) {
+  for (const std::string& name : names) {
+    if (!disk.Exists(Staged(folder, name))) {
+      continue;  // renamed before the save was broken off
+    }
+    if (Outcome renamed = disk.Rename(Staged(folder, name), folder / name); !renamed) {
+      return renamed;
+    }
+  }
+  return disk.Flush(folder);
+}
+
+void RemoveLeftovers(Disk& disk, const std::filesystem::path& folder, const std::string& base) {
+  for (const std::string& entry : disk.List(folder)) {
+    if (!entry.ends_with(kStagedEnd)) {
+      continue;
+    }
+    const std::string name = entry.substr(0, entry.size() - kStagedEnd.size());
+    if (IsOwnFile(name, base) || name == JournalPath(folder, base).filename()) {
+      static_cast<void>(disk.Remove(folder / entry));
+    }
+  }
+}
+
+}  // namespace
+
+Outcome SaveFamily(Disk& disk, const std::filesystem::path& folder, const std::string& base,
+                   const std::vector<FamilyFile>& files) {
+  if (Outcome savable = ProveSavable(disk, folder, base, files); !savable) {
+    return savable;
+  }
+  if (Outcome finished = FinishSave(disk, folder, base); !finished) {
+    return finished;
+  }
+  Outcome outcome = StageAll(disk, folder, files);
+  if (outcome) {
+    outcome = WriteJournal(disk, folder, base, files);
+  }
+  if (!outcome) {
+    // The journal first: staged files without one are thrown away, a journal without them is not.
+    static_cast<void>(disk.Remove(JournalPath(folder, base)));
+    RemoveStaged(disk, folder, files);
+    return outcome;
+  }
+  return FinishSave(disk, folder, base);
+}
+
+Outcome FinishSave(Disk& disk, const std::filesystem::path& folder, const std::string& base) {
+  const std::filesystem::path journal = JournalPath(folder, base);
+  if (!disk.Exists(journal)) {
+    RemoveLeftovers(disk, folder, base);
+    return Done{};
+  }
+  const Result<std::string> text = disk.Read(journal);
+  if (!text) {
+    return text.error();
+  }
+  std::vector<std::string> names = NamesIn(*text);
+  const bool own = std::all_of(names.begin(), names.end(),
+                               [&base](const std::string& name) { return IsOwnFile(name, base); });
+  if (own) {
+    if (Outcome renamed = RenameStaged(disk, folder, names); !renamed) {
+      return renamed;
+    }
+  }
+  if (Outcome removed = disk.Remove(journal); !removed) {
+    return removed;
+  }
+  RemoveLeftovers(disk, folder, base);
+  // A journal that came back after a power cut would meet the staged files of a later save.
+  return disk.Flush(folder);
+}
+
+}  // namespace kalvo

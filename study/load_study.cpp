@@ -1,0 +1,295 @@
+#include "study/load_study.h"
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+
+#include "study/family_save.h"
+#include "study/fluid_library.h"
+#include "study/recent_files.h"
+#include "study/study_reset.h"
+#include "study/tables.h"
+#include "study/text_lines.h"
+
+namespace kalvo {
+
+namespace {
+
+using Rows = std::vector<SectionRow>;
+
+// A row of the study's header values: the plant section's, failing that the last.
+const SectionRow& HeaderRow(const Rows& rows) {
+  const auto plant =
+      std::find_if(rows.begin(), rows.end(), [](const SectionRow& row) { return row.Auxi != 0; });
+  return plant == rows.end() ? rows.back() : *plant;
+}
+
+std::string FirstBadNumber(const Rows& rows) {
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    std::string field;
+    ForEachField(rows[i], [&field](std::string_view name, const auto& value) {
+      if constexpr (std::is_same_v<std::decay_t<decltype(value)>, float>) {
+        if (field.empty() && !std::isfinite(value)) {
+          field = name;
+        }
+      }
+    });
+    if (!field.empty()) {
+      return "Άκυρος αριθμός στην εγγραφή " + std::to_string(i + 1) + ", πεδίο " + field;
+    }
+  }
+  return {};
+}
+
+bool IsOfOtherKind(const SectionRow& row, SystemKind kind) {
+  const bool closed = row.KLEIS != 0;
+  const bool open = row.ANOIK != 0;
+  return closed != open && kind != SystemKind::kNone && closed != (kind == SystemKind::kClosed);
+}
+
+void TellFailure(Workbench& bench, const FileError& error) {
+  bench.Ask(
+      {" !!... ΠΡΟΣΟΧΗ ...!! ", {"... Ελλιπές Σύνολο Αρχείων Μελέτης ...", error.Line()}, 16});
+  bench.study.CalcStatus = calc_status::kRefused;
+}
+
+// The state that the rows tell.
+void TakeRows(Study& study, const Rows& rows) {
+  const SectionRow& header = HeaderRow(rows);
+  study.TotalFlowM3h = header.PAR;
+  study.PumpHead = header.DP / 1000.0F;
+  study.MeanTemp = header.MeanTemp;
+  study.MeanVel = header.MeanVel;
+  study.pipe_system_number = header.FileNumber;
+  study.plant_section = header.Auxi != 0 ? header.RecordNumber : std::int16_t{0};
+  study.study_title = header.Thema.Utf8();
+  study.results_valid = study.PumpHead != 0.0F && study.TotalFlowM3h != 0.0F;
+  study.old_diameters.clear();
+  if (study.results_valid) {
+    for (const SectionRow& row : rows) {
+      study.old_diameters.emplace_back(row.NomiDiam.Utf8());
+    }
+  }
+  RefreshSectionTable(study, rows);
+}
+
+Outcome TakeEmitters(Workbench& bench, const Rows& rows) {
+  const Rows emitters = RowsWithEmitter(rows);
+  RefreshEmitterTable(bench.study, emitters);
+  if (rows.front().Outlets != bench.study.EmitterCount) {
+    bench.study.unsaved_changes = true;
+  }
+  return emitters.empty() ? Outcome(Done{})
+                          : bench.workspace.Rows(work_file::kEmitters).WriteAll(emitters);
+}
+
+// A study's files as they were read, nothing of the open study touched yet.
+struct FoundStudy {
+  struct Copy {
+    std::string_view work_name;
+    std::string bytes;
+  };
+  Rows rows;
+  std::vector<Copy> copies;
+  std::string critical_branch;
+};
+
+// A companion of the study at `study path`, none when the kind or the folder has none.
+std::optional<std::filesystem::path> Companion(const Workbench& bench, std::string_view extension) {
+  const std::filesystem::path& main = bench.study.study_path;
+  const Disk& disk = bench.workspace.outer_disk();
+  const std::string name = std::string(BaseOf(main.filename().string())) + std::string(extension);
+  const std::filesystem::path path = AsInFolder(disk, main.parent_path() / name);
+  return !extension.empty() && disk.Exists(path) ? std::optional(path) : std::nullopt;
+}
+
+template <typename Row>
+Outcome FindCompanion(const Workbench& bench, std::string_view extension,
+                      std::string_view work_name, FoundStudy& found) {
+  const auto path = Companion(bench, extension);
+  if (!path) {
+    return Done{};
+  }
+  const auto rows = RowFile<Row>(bench.workspace.outer_disk(), *path).ReadAll();
+  if (!rows) {
+    return rows.error();
+  }
+  found.copies.push_back({work_name, EncodeRows<Row>(*rows)});
+  return Done{};
+}
+
+Outcome FindSequence(const Workbench& bench, std::string_view extension, FoundStudy& found) {
+  const auto path = Companion(bench, extension);
+  if (!path) {
+    return Done{};
+  }
+  const auto text = bench.workspace.outer_disk().Read(*path);
+  if (!text) {
+    return text.error();
+  }
+  if (const auto lines = SplitLines(*text); !lines.empty()) {
+    found.critical_branch = Unquoted(lines.front());
+  }
+  return Done{};
+}
+
+Outcome FindCompanions(const Workbench& bench, FoundStudy& found) {
+  const StudyExtensions& extensions = ExtensionsOf(bench.study.system_kind);
+  Outcome outcome = FindSequence(bench, extensions.sequence, found);
+  if (outcome) {
+    outcome = FindCompanion<StatRow>(bench, extensions.statistics, work_file::kStatistics, found);
+  }
+  if (outcome) {
+    outcome = FindCompanion<SectionRow>(bench, extensions.winter, work_file::kWinter, found);
+  }
+  if (outcome) {
+    outcome = FindCompanion<FluidRow>(bench, extensions.fluid, work_file::kFluid, found);
+  }
+  return outcome;
+}
+
+// The study at `study path`, proved; what a broken-off save left of it is settled first.
+Result<FoundStudy> FindStudy(Workbench& bench) {
+  std::filesystem::path& path = bench.study.study_path;
+  Disk& disk = bench.workspace.outer_disk();
+  const std::string name = path.filename().string();
+  if (Outcome ended = FinishSave(disk, path.parent_path(), std::string(BaseOf(name))); !ended) {
+    return ended.error();
+  }
+  path = AsInFolder(disk, path);
+  auto bytes = disk.Read(path);
+  if (!bytes) {
+    return bytes.error();
+  }
+  auto rows = ProveLoadable(bench, path, *bytes);
+  if (!rows) {
+    return rows.error();
+  }
+  FoundStudy found;
+  found.rows = std::move(rows).value();
+  found.copies.push_back({work_file::kRows, std::move(bytes).value()});
+  if (Outcome whole = FindCompanions(bench, found); !whole) {
+    return whole.error();
+  }
+  return found;
+}
+
+// State, tables and emitter file from the work files.
+Outcome TakeStudy(Workbench& bench, const Rows& rows) {
+  Study& study = bench.study;
+  TakeRows(study, rows);
+  Outcome taken = LoadPipeSystem(bench);
+  if (taken) {
+    taken = TakeEmitters(bench, rows);
+  }
+  if (!taken) {
+    return taken;
+  }
+  auto stats = bench.workspace.Rows<StatRow>(work_file::kStatistics).ReadAll();
+  if (!stats) {
+    return stats.error();
+  }
+  study.PipeStats = std::move(stats).value();
+  study.CurrentRow = 0;
+  study.data_exist = true;
+  study.NameErrors = false;
+  return LoadStudyFluid(bench);
+}
+
+// Puts the study found in the place of the open one.
+Outcome TakeOver(Workbench& bench, const FoundStudy& found) {
+  Study& study = bench.study;
+  const std::filesystem::path path = study.study_path;
+  ResetStudy(bench);
+  study.study_path = path;
+  study.critical_branch = found.critical_branch;
+  RebuildNameState(bench);
+  for (const FoundStudy::Copy& copy : found.copies) {
+    bench.workspace.Pause();
+    if (Outcome written = bench.workspace.Write(copy.work_name, copy.bytes); !written) {
+      return written;
+    }
+  }
+  return TakeStudy(bench, found.rows);
+}
+
+void OpenStudy(Workbench& bench, RecentList recent) {
+  Study& study = bench.study;
+  study.study_path = AsInFolder(bench.workspace.outer_disk(), FullStudyPath(study));
+  if (recent == RecentList::kAdd) {
+    // A list that cannot be written keeps no study from being opened.
+    static_cast<void>(AddRecentFile(bench.workspace, study.study_path));
+  }
+  const auto found = FindStudy(bench);
+  if (!found) {
+    TellFailure(bench, found.error());
+    study.study_path = study.last_study_path;
+    return;
+  }
+  if (Outcome loaded = TakeOver(bench, *found); !loaded) {
+    TellFailure(bench, loaded.error());
+    ResetStudy(bench);
+  }
+}
+
+void RecoverStudy(Workbench& bench) {
+  const auto bytes = bench.workspace.Read(work_file::kRows);
+  const auto rows = bytes ? ProveLoadable(bench, bench.workspace.Path(work_file::kRows), *bytes)
+                          : Result<Rows>(bytes.error());
+  const Outcome loaded = rows ? TakeStudy(bench, *rows) : Outcome(rows.error());
+  if (!loaded) {
+    TellFailure(bench, loaded.error());
+    return;
+  }
+  bench.study.recalculation_needed = true;
+  bench.study.unsaved_changes = true;
+}
+
+}  // namespace
+
+Result<std::vector<SectionRow>> ProveLoadable(const Workbench& bench,
+                                              const std::filesystem::path& file,
+                                              std::string_view bytes) {
+  if (bytes.empty()) {
+    return FileError{file, "Το αρχείο είναι κενό"};
+  }
+  if (bytes.size() % RecordSize<SectionRow>() != 0) {
+    return FileError{file, "Το μήκος του αρχείου δεν είναι ακέραιο πλήθος εγγραφών"};
+  }
+  Rows rows = DecodeRows<SectionRow>(bytes);
+  if (rows.size() > static_cast<std::size_t>(INT16_MAX)) {
+    return FileError{file, "Το αρχείο έχει πάρα πολλές εγγραφές"};
+  }
+  if (IsOfOtherKind(rows.front(), bench.study.system_kind)) {
+    return FileError{file, "Η μελέτη είναι άλλου είδους Συστήματος Σωλήνων"};
+  }
+  if (const std::string bad = FirstBadNumber(rows); !bad.empty()) {
+    return FileError{file, bad};
+  }
+  const std::int16_t number = HeaderRow(rows).FileNumber;
+  if (number < 1 || number > static_cast<int>(bench.pipes.size())) {
+    return FileError{file, "Δεν υπάρχει το Σύστημα Σωλήνων Νο " + std::to_string(number)};
+  }
+  if (const auto pipes = ReadPipeSystem(bench.workspace, number); !pipes) {
+    return pipes.error();
+  }
+  return rows;
+}
+
+void LoadStudy(Workbench& bench, RecentList recent) {
+  Study& study = bench.study;
+  if (study.study_path == kEscape) {
+    study.study_path = study.last_study_path;
+    return;
+  }
+  if (study.unsaved_changes) {
+    return;
+  }
+  if (study.recovery) {
+    RecoverStudy(bench);
+  } else {
+    OpenStudy(bench, recent);
+  }
+}
+
+}  // namespace kalvo

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <map>
+
+#include "study/disk.h"
+
+namespace kalvo {
+
+/// Files that live and die with the object: the work folder of the command line and of tests.
+/// Every folder exists.
+class MemoryDisk : public Disk {
+ public:
+  [[nodiscard]] std::optional<FileStatus> Status(const std::filesystem::path& path) const override;
+  [[nodiscard]] Result<std::string> Read(const std::filesystem::path& path) const override;
+  Outcome Write(const std::filesystem::path& path, std::string_view bytes) override;
+  Outcome Flush(const std::filesystem::path& path) override;
+  Outcome Rename(const std::filesystem::path& from, const std::filesystem::path& to) override;
+  Outcome Remove(const std::filesystem::path& path) override;
+  Outcome MakeFolder(const std::filesystem::path& path) override;
+  [[nodiscard]] std::vector<std::string> List(const std::filesystem::path& folder) const override;
+
+ private:
+  std::map<std::filesystem::path, std::string> files_;
+};
+
+}  // namespace kalvo

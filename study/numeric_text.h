@@ -1,0 +1,57 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace kalvo {
+
+/// The decimal and thousands separators of the user's region.
+struct Separators {
+  char decimal = ',';
+  char thousands = '.';
+
+  bool operator==(const Separators&) const = default;
+};
+
+/// Separators of the process's locale settings (LC_ALL, LC_NUMERIC, LANG). No grouping, or one
+/// that is a blank, an apostrophe or several bytes: the thousands separator is the other one of
+/// "." and ",". C and POSIX locales count as Greek.
+Separators DetectSeparators();
+
+/// The separators a calculation works with: a "," or "." decimal becomes ".", a "." or ","
+/// thousands becomes ",". The bracket is a scope: what is changed is a copy.
+Separators ForceDotDecimal(Separators separators);
+
+/// Number in `text`. Two or more decimal separators, no numeric character or an empty text give 0;
+/// a mix of numeric and other characters gives its leading number, read with "." as the point.
+double ParseNumber(std::string_view text, Separators separators);
+
+/// Count of decimal separators in `text`; a field with more than one is refused (message 110).
+int CountDecimalSeparators(std::string_view text, Separators separators);
+
+/// `text` without thousands separators.
+std::string StripThousands(std::string_view text, Separators separators);
+
+/// The default text of a number, "." inside: the shortest of at most 7 significant digits for a
+/// 32-bit value, 15 for a double; never an exponent below 10^15.
+std::string NumberText(float value);
+std::string NumberText(double value);
+std::string NumberText(int value);
+
+/// The number's default text with the decimal separator.
+std::string FormatNumber(std::string_view number_text, Separators separators);
+std::string FormatNumber(float value, Separators separators);
+std::string FormatNumber(double value, Separators separators);
+
+/// `value` by a pattern of "#", "0", "," and "." ("#,##0.0", "#,##0.0##", "#,##0.00", "##,###",
+/// "#,##0"): "," groups thousands, "0" is a digit always shown, "#" one shown when it counts.
+/// Rounds half away from zero on the default decimal text.
+std::string FormatPattern(float value, std::string_view pattern, Separators separators);
+std::string FormatPattern(double value, std::string_view pattern, Separators separators);
+
+/// The double that a value reads back as after passing through a text table: a 32-bit value with
+/// at most 7 significant digits, a double with at most 15.
+double ThroughText(float value);
+double ThroughText(double value);
+
+}  // namespace kalvo

@@ -1,0 +1,125 @@
+#include "study/pipe_list.h"
+
+#include <algorithm>
+
+#include "study/letter_case.h"
+#include "study/workbench.h"
+
+namespace kalvo {
+
+namespace {
+
+std::string FourDigits(int number) {
+  const std::string text = std::to_string(number);
+  return std::string(text.size() < 4 ? 4 - text.size() : 0, '0') + text;
+}
+
+RowFile<PipeRow> PipeFile(const Workspace& workspace, const std::string& file_name) {
+  return RowFile<PipeRow>(workspace.outer_disk(), workspace.library_folder() / file_name);
+}
+
+std::vector<std::string> LibraryNames(const Workspace& workspace) {
+  std::vector<std::string> names = workspace.outer_disk().List(workspace.library_folder());
+  std::erase_if(names, [](const std::string& name) {
+    return name.size() < 4 || !EqualIgnoringCase(name.substr(name.size() - 4), ".wpt");
+  });
+  std::sort(names.begin(), names.end(), [](const std::string& a, const std::string& b) {
+    const std::string lower_a = LowerCase(a);
+    const std::string lower_b = LowerCase(b);
+    return lower_a == lower_b ? a < b : lower_a < lower_b;
+  });
+  return names;
+}
+
+}  // namespace
+
+std::string PipeListEntry::Text() const { return " " + FourDigits(number) + ". " + title + " "; }
+
+Result<PipeList> BuildPipeList(const Workspace& workspace, EmptyLibraries empty) {
+  PipeList list;
+  for (const std::string& name : LibraryNames(workspace)) {
+    const RowFile<PipeRow> file = PipeFile(workspace, name);
+    const Result<std::vector<PipeRow>> rows = file.ReadAll();
+    if (!rows) {
+      return rows.error();
+    }
+    if (rows->empty()) {
+      if (empty == EmptyLibraries::kDelete) {
+        static_cast<void>(workspace.outer_disk().Remove(file.path()));
+      }
+      continue;
+    }
+    const PipeRow& first = rows->front();
+    list.push_back({static_cast<int>(list.size()) + 1, name, first.title.Utf8(),
+                    first.material.Utf8(), static_cast<int>(rows->size())});
+  }
+  return list;
+}
+
+Box UnsuitableLibraryBox(const FileError& error) {
+  return {"! ΠΡΟΣΟΧΗ !", {"Ακατάλληλες Βιβλιοθήκες Σωλήνων", error.Line()}, 16};
+}
+
+std::string PipeFileName(int number) { return FourDigits(number) + ".WPT"; }
+
+Result<std::vector<PipeRow>> ReadPipeSystem(const Workspace& workspace, int number) {
+  const std::string wanted = PipeFileName(number);
+  RowFile<PipeRow> file = PipeFile(workspace, wanted);
+  if (!workspace.outer_disk().Exists(file.path())) {
+    const auto entry = FindIgnoringCase(workspace.outer_disk(), workspace.library_folder(), wanted);
+    if (!entry) {
+      return FileError{file.path(), "Δεν υπάρχει η Βιβλιοθήκη Σωλήνων"};
+    }
+    file = PipeFile(workspace, *entry);
+  }
+  Result<std::vector<PipeRow>> rows = file.ReadAll();
+  if (rows && rows->empty()) {
+    return FileError{file.path(), "Η Βιβλιοθήκη Σωλήνων είναι κενή"};
+  }
+  return rows;
+}
+
+std::string MaterialLine(std::string_view material) {
+  const std::string_view word = Trim(material);
+  const std::string label = "Υλικό Σωλήνων : ";
+  if (word == kSteelWord) {
+    return label + "ΧΑΛΥΒΑΣ";
+  }
+  return label + (word == kCopperWord ? "ΧΑΛΚΟΣ" : std::string(word));
+}
+
+Outcome LoadPipeSystem(Workbench& bench) {
+  const auto pipes = ReadPipeSystem(bench.workspace, bench.study.pipe_system_number);
+  if (!pipes) {
+    return pipes.error();
+  }
+  bench.study.pipe_material = pipes->front().material.Utf8();
+  return Done{};
+}
+
+Outcome SelectPipeSystem(Workbench& bench, int position) {
+  Study& study = bench.study;
+  const auto number = static_cast<std::int16_t>(position + 1);
+  const bool changed = number != study.pipe_system_number;
+  const std::int16_t before = std::exchange(study.pipe_system_number, number);
+  if (Outcome loaded = LoadPipeSystem(bench); !loaded) {
+    study.pipe_system_number = before;
+    return loaded;
+  }
+  if (!changed) {
+    return Done{};
+  }
+  study.unsaved_changes = true;
+  study.results_valid = false;
+  RowFile<SectionRow> file = bench.workspace.Rows();
+  Result<std::vector<SectionRow>> rows = file.ReadAll();
+  if (!rows) {
+    return rows.error();
+  }
+  for (SectionRow& row : rows.value()) {
+    row.FileNumber = number;
+  }
+  return rows->empty() ? Outcome(Done{}) : file.WriteAll(*rows);
+}
+
+}  // namespace kalvo

@@ -1,0 +1,171 @@
+#include "study/real_disk.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <system_error>
+#include <utility>
+
+namespace kalvo {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::array<std::pair<int, std::string_view>, 12> kReasons = {{
+    {ENOENT, "Το αρχείο δεν υπάρχει"},
+    {ENOTDIR, "Ο φάκελος δεν υπάρχει"},
+    {EACCES, "Δεν επιτρέπεται η πρόσβαση"},
+    {EPERM, "Δεν επιτρέπεται η πρόσβαση"},
+    {EROFS, "Ο δίσκος είναι μόνον για ανάγνωση"},
+    {ENOSPC, "Ο δίσκος είναι γεμάτος"},
+    {EDQUOT, "Ο δίσκος είναι γεμάτος"},
+    {EFBIG, "Το αρχείο ξεπερνά το επιτρεπτό μέγεθος"},
+    {EISDIR, "Είναι φάκελος και όχι αρχείο"},
+    {ENAMETOOLONG, "Το όνομα του αρχείου είναι πολύ μακρύ"},
+    {EMFILE, "Είναι ανοικτά πάρα πολλά αρχεία"},
+    {EIO, "Σφάλμα του δίσκου"},
+}};
+
+FileError LastError(const fs::path& path) { return {path, ReasonOf(errno)}; }
+
+// An open file, closed at the end of the scope.
+class Descriptor {
+ public:
+  Descriptor(const fs::path& path, int flags)
+      : number_(open(path.c_str(), flags | O_CLOEXEC, 0666)) {}
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+  ~Descriptor() {
+    if (number_ >= 0) {
+      close(number_);
+    }
+  }
+
+  [[nodiscard]] int number() const { return number_; }
+  [[nodiscard]] bool is_open() const { return number_ >= 0; }
+
+  // Closes now and says whether the last bytes went out.
+  bool Close() { return close(std::exchange(number_, -1)) == 0; }
+
+ private:
+  int number_;
+};
+
+bool WriteAll(int file, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t written = write(file, bytes.data(), bytes.size());
+    if (written < 0 && errno == EINTR) {
+      continue;
+    }
+    if (written <= 0) {
+      return false;
+    }
+    bytes.remove_prefix(static_cast<std::size_t>(written));
+  }
+  return true;
+}
+
+}  // namespace
+
+std::string ReasonOf(int error_number) {
+  for (const auto& [number, reason] : kReasons) {
+    if (number == error_number) {
+      return std::string(reason);
+    }
+  }
+  return "Σφάλμα αρχείου (" + std::to_string(error_number) + ")";
+}
+
+std::optional<FileStatus> RealDisk::Status(const fs::path& path) const {
+  struct stat found {};
+  if (stat(path.c_str(), &found) != 0) {
+    return std::nullopt;
+  }
+  return FileStatus{static_cast<std::uint64_t>(found.st_size), S_ISDIR(found.st_mode) != 0,
+                    static_cast<std::int64_t>(found.st_mtime)};
+}
+
+Result<std::string> RealDisk::Read(const fs::path& path) const {
+  const Descriptor file(path, O_RDONLY);
+  struct stat found {};
+  if (!file.is_open() || fstat(file.number(), &found) != 0) {
+    return LastError(path);
+  }
+  if (!S_ISREG(found.st_mode)) {
+    return FileError{path, "Δεν είναι κανονικό αρχείο"};
+  }
+  std::string bytes(static_cast<std::size_t>(found.st_size), '\0');
+  std::size_t filled = 0;
+  while (filled < bytes.size()) {
+    const ssize_t got = read(file.number(), bytes.data() + filled, bytes.size() - filled);
+    if (got < 0 && errno == EINTR) {
+      continue;
+    }
+    if (got < 0) {
+      return LastError(path);
+    }
+    if (got == 0) {
+      break;
+    }
+    filled += static_cast<std::size_t>(got);
+  }
+  bytes.resize(filled);
+  return bytes;
+}
+
+Outcome RealDisk::Write(const fs::path& path, std::string_view bytes) {
+  Descriptor file(path, O_WRONLY | O_CREAT | O_TRUNC);
+  if (!file.is_open() || !WriteAll(file.number(), bytes) || !file.Close()) {
+    return LastError(path);
+  }
+  return Done{};
+}
+
+Outcome RealDisk::Flush(const fs::path& path) {
+  const Descriptor file(path, O_RDONLY);
+  if (!file.is_open() || fsync(file.number()) != 0) {
+    return LastError(path);
+  }
+  return Done{};
+}
+
+Outcome RealDisk::Rename(const fs::path& from, const fs::path& to) {
+  if (rename(from.c_str(), to.c_str()) != 0) {
+    return LastError(to);
+  }
+  return Done{};
+}
+
+Outcome RealDisk::Remove(const fs::path& path) {
+  if (unlink(path.c_str()) != 0) {
+    return LastError(path);
+  }
+  return Done{};
+}
+
+Outcome RealDisk::MakeFolder(const fs::path& path) {
+  std::error_code error;
+  fs::create_directories(path, error);
+  if (error) {
+    return FileError{path, ReasonOf(error.value())};
+  }
+  return Done{};
+}
+
+std::vector<std::string> RealDisk::List(const fs::path& folder) const {
+  std::vector<std::string> names;
+  std::error_code error;
+  for (fs::directory_iterator at(folder, error), end; !error && at != end; at.increment(error)) {
+    names.push_back(at->path().filename().string());
+  }
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+}  // namespace kalvo

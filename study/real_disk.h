@@ -1,0 +1,23 @@
+#pragma once
+
+#include "study/disk.h"
+
+namespace kalvo {
+
+/// The machine's own files.
+class RealDisk : public Disk {
+ public:
+  [[nodiscard]] std::optional<FileStatus> Status(const std::filesystem::path& path) const override;
+  [[nodiscard]] Result<std::string> Read(const std::filesystem::path& path) const override;
+  Outcome Write(const std::filesystem::path& path, std::string_view bytes) override;
+  Outcome Flush(const std::filesystem::path& path) override;
+  Outcome Rename(const std::filesystem::path& from, const std::filesystem::path& to) override;
+  Outcome Remove(const std::filesystem::path& path) override;
+  Outcome MakeFolder(const std::filesystem::path& path) override;
+  [[nodiscard]] std::vector<std::string> List(const std::filesystem::path& folder) const override;
+};
+
+/// The Greek reason for an error number of the system.
+std::string ReasonOf(int error_number);
+
+}  // namespace kalvo

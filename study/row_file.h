@@ -1,0 +1,112 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <vector>
+
+#include "study/disk.h"
+#include "study/record.h"
+
+namespace kalvo {
+
+/// Images of `rows`, one after the other.
+template <typename Row>
+std::string EncodeRows(std::span<const Row> rows) {
+  std::string bytes(rows.size() * RecordSize<Row>(), '\0');
+  char* at = bytes.data();
+  for (const Row& row : rows) {
+    EncodeRecord(row, at);
+    at += RecordSize<Row>();
+  }
+  return bytes;
+}
+
+/// Rows whose images stand in `bytes`; a rest that is no whole record is left out.
+template <typename Row>
+std::vector<Row> DecodeRows(std::string_view bytes) {
+  std::vector<Row> rows;
+  rows.reserve(bytes.size() / RecordSize<Row>());
+  for (; bytes.size() >= RecordSize<Row>(); bytes.remove_prefix(RecordSize<Row>())) {
+    rows.push_back(DecodeRecord<Row>(bytes.data()));
+  }
+  return rows;
+}
+
+/// A file of fixed records, the only way to one. Record numbers begin at 1. A length that is no
+/// whole number of records is an error and the file is left as it is; a missing file holds no row.
+/// Writing is never visible half-done.
+template <typename Row>
+class RowFile {
+ public:
+  RowFile(Disk& disk, std::filesystem::path path) : disk_(&disk), path_(std::move(path)) {}
+
+  [[nodiscard]] const std::filesystem::path& path() const { return path_; }
+
+  [[nodiscard]] Result<int> Count() const {
+    const auto status = disk_->Status(path_);
+    if (!status) {
+      return 0;
+    }
+    if (status->length % RecordSize<Row>() != 0) {
+      return OddLength();
+    }
+    return static_cast<int>(status->length / RecordSize<Row>());
+  }
+
+  [[nodiscard]] Result<std::vector<Row>> ReadAll() const {
+    if (!disk_->Exists(path_)) {
+      return std::vector<Row>{};
+    }
+    const Result<std::string> bytes = disk_->Read(path_);
+    if (!bytes) {
+      return bytes.error();
+    }
+    if (bytes->size() % RecordSize<Row>() != 0) {
+      return OddLength();
+    }
+    return DecodeRows<Row>(*bytes);
+  }
+
+  [[nodiscard]] Result<Row> Read(int number) const {
+    const Result<std::vector<Row>> rows = ReadAll();
+    if (!rows) {
+      return rows.error();
+    }
+    if (number < 1 || number > static_cast<int>(rows->size())) {
+      return FileError{path_, "Δεν υπάρχει η εγγραφή " + std::to_string(number)};
+    }
+    return (*rows)[static_cast<std::size_t>(number - 1)];
+  }
+
+  Outcome WriteAll(std::span<const Row> rows) {
+    return ReplaceFile(*disk_, path_, EncodeRows(rows));
+  }
+
+  /// Writes one record; `number` is at most one past the last.
+  Outcome Write(int number, const Row& row) {
+    Result<std::vector<Row>> rows = ReadAll();
+    if (!rows) {
+      return rows.error();
+    }
+    const auto at = static_cast<std::size_t>(number - 1);
+    if (number < 1 || at > rows->size()) {
+      return FileError{path_, "Δεν υπάρχει η εγγραφή " + std::to_string(number)};
+    }
+    if (at == rows->size()) {
+      rows.value().push_back(row);
+    } else {
+      rows.value()[at] = row;
+    }
+    return WriteAll(*rows);
+  }
+
+ private:
+  [[nodiscard]] FileError OddLength() const {
+    return {path_, "Το μήκος του αρχείου δεν είναι ακέραιο πλήθος εγγραφών"};
+  }
+
+  Disk* disk_;
+  std::filesystem::path path_;
+};
+
+}  // namespace kalvo

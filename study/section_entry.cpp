@@ -1,0 +1,183 @@
+#include "study/section_entry.h"
+
+#include <algorithm>
+#include <tuple>
+#include <type_traits>
+#include <utility>
+
+#include "study/fault.h"
+#include "study/tables.h"
+
+namespace kalvo {
+
+namespace {
+
+constexpr std::size_t kNodeWidth = 3;
+
+// The numbers of an entry beside their row fields, in the order of the form.
+constexpr auto kNumbers =
+    std::make_tuple(std::pair{&SectionEntry::Length, &SectionRow::Length},
+                    std::pair{&SectionEntry::AnglePOP, &SectionRow::AnglePOP},
+                    std::pair{&SectionEntry::Elbow90, &SectionRow::Elbow90},
+                    std::pair{&SectionEntry::GateValve, &SectionRow::GateValve},
+                    std::pair{&SectionEntry::StrSwitch, &SectionRow::StrSwitch},
+                    std::pair{&SectionEntry::AngSwitch, &SectionRow::AngSwitch},
+                    std::pair{&SectionEntry::DiaTee, &SectionRow::DiaTee},
+                    std::pair{&SectionEntry::DieTee, &SectionRow::DieTee},
+                    std::pair{&SectionEntry::AntiTee, &SectionRow::AntiTee},
+                    std::pair{&SectionEntry::SymboTee, &SectionRow::SymboTee},
+                    std::pair{&SectionEntry::CheckValve, &SectionRow::CheckValve},
+                    std::pair{&SectionEntry::OtherDrop_mm, &SectionRow::OtherDrop_mm},
+                    std::pair{&SectionEntry::OtherDrop_m, &SectionRow::OtherDrop_m});
+
+// The length and the first five counts pass on to the next new row.
+constexpr int kCarriedNumbers = 6;
+
+template <typename Visit>
+void ForEachNumber(Visit&& visit) {
+  std::apply([&visit](const auto&... pair) { (visit(pair.first, pair.second), ...); }, kNumbers);
+}
+
+std::string TextOf(float value, Separators separators) { return FormatNumber(value, separators); }
+std::string TextOf(std::int16_t value, Separators /*separators*/) { return NumberText(value); }
+
+std::string NodeText(int number) {
+  return number == 0 ? std::string(kSource) : std::to_string(number);
+}
+
+FixedText<7> NameOf(const SectionEntry& entry) {
+  const std::string left = ToCodePage(Trim(entry.left));
+  const std::string right = ToCodePage(Trim(entry.right));
+  return FixedText<7>::FromBytes(PadFront(left, kNodeWidth) + "/" + PadBehind(right, kNodeWidth));
+}
+
+SectionRow NewRow(const std::vector<SectionRow>& rows) {
+  SectionRow row;
+  if (!rows.empty()) {
+    row.Client = rows.front().Client;
+    row.Units = rows.front().Units;
+    row.DP = rows.front().DP;
+    row.INILAMDA = rows.front().INILAMDA;
+  }
+  return row;
+}
+
+// The row to be written in place of, or behind, those in `rows`.
+SectionRow BuildRow(const Study& study, const std::vector<SectionRow>& rows,
+                    const SectionEntry& entry, Separators separators) {
+  const auto at = static_cast<std::size_t>(study.CurrentRow - 1);
+  SectionRow row = at < rows.size() ? rows[at] : NewRow(rows);
+  row.RecordNumber = row.SectionNo = study.CurrentRow;
+  TakeHeader(row, study);
+  row.TOT = ToInt16(static_cast<double>(rows.size()) + 1);
+  TakeEntry(row, entry, separators);
+  if (study.SystemClosed()) {
+    row.HeightDiff = 0;
+  }
+  if (row.RecordNumber == study.plant_section) {
+    row.Auxi = row.RecordNumber == 1 ? 1 : 2;
+  }
+  return row;
+}
+
+// Whether `after` differs from `before` in more than the study's header.
+bool SaysMore(const SectionRow& after, SectionRow before, const Study& study) {
+  TakeHeader(before, study);
+  before.TOT = after.TOT;
+  return EncodeRows<SectionRow>({&before, 1}) != EncodeRows<SectionRow>({&after, 1});
+}
+
+}  // namespace
+
+SectionEntry EntryOf(const SectionRow& row, Separators separators) {
+  SectionEntry entry;
+  entry.left = FromCodePage(Trim(LeftNode(row.Name)));
+  entry.right = FromCodePage(Trim(RightNode(row.Name)));
+  ForEachNumber([&](auto text, auto field) { entry.*text = TextOf(row.*field, separators); });
+  return entry;
+}
+
+SectionEntry EntryForNewRow(int number, SystemKind kind, const SectionRow* previous,
+                            Separators separators) {
+  SectionEntry entry;
+  const bool is_open = kind == SystemKind::kOpen;
+  entry.left = NodeText(is_open ? number : number - 1);
+  entry.right = NodeText(is_open ? number - 1 : number);
+  int place = 0;
+  ForEachNumber([&](auto text, auto field) {
+    if (++place > kCarriedNumbers) {
+      entry.*text = "0";
+    } else if (previous != nullptr) {
+      entry.*text = TextOf(previous->*field, separators);
+    }
+  });
+  return entry;
+}
+
+void TakeEntry(SectionRow& row, const SectionEntry& entry, Separators separators) {
+  SectionRow taken = row;
+  taken.Name = NameOf(entry);
+  ForEachNumber([&](auto text, auto field) {
+    const double value = ParseNumber(entry.*text, separators);
+    if constexpr (std::is_same_v<decltype(field), float SectionRow::*>) {
+      taken.*field = ToSingle(value);
+    } else {
+      taken.*field = ToInt16(value);
+    }
+  });
+  row = taken;
+}
+
+void TakeHeader(SectionRow& row, const Study& study) {
+  row.Thema = FixedText<78>::FromUtf8(Trim(study.study_title));
+  row.Material = FixedText<78>::FromUtf8(study.pipe_material);
+  row.MeanTemp = study.MeanTemp;
+  row.BurChil = study.plant_section;
+  row.ANOIK = study.SystemClosed() ? 0 : -1;
+  row.KLEIS = study.SystemClosed() ? -1 : 0;
+  row.FileNumber = study.pipe_system_number;
+  row.MeanVel = study.MeanVel;
+  row.Outlets = study.EmitterCount;
+  row.PAR = study.TotalFlowM3h;
+}
+
+void ClearResults(SectionRow& row) {
+  row.DP = 0;
+  row.NomiDiam = {};
+  for (float SectionRow::*const result :
+       {&SectionRow::Velocity, &SectionRow::Area, &SectionRow::InDiameter, &SectionRow::Reynolds,
+        &SectionRow::Lamda, &SectionRow::FrictionRate, &SectionRow::TotalDrop,
+        &SectionRow::AvaiPres}) {
+    row.*result = 0;
+  }
+}
+
+Outcome StoreSectionRow(Workbench& bench, const SectionEntry& entry, Separators separators) {
+  Study& study = bench.study;
+  RowFile<SectionRow> file = bench.workspace.Rows();
+  Result<std::vector<SectionRow>> read = file.ReadAll();
+  if (!read) {
+    return read.error();
+  }
+  std::vector<SectionRow>& rows = read.value();
+  SectionRow row = BuildRow(study, rows, entry, separators);
+  const auto at = static_cast<std::size_t>(row.RecordNumber - 1);
+  const bool is_change = at >= rows.size() || SaysMore(row, rows[at], study);
+  const bool unsaved_changes = study.unsaved_changes || is_change;
+  const bool results_valid = study.results_valid && !unsaved_changes;
+  if (!results_valid) {
+    ClearResults(row);
+  }
+  if (Outcome written = file.Write(row.RecordNumber, row); !written) {
+    return written;
+  }
+  rows.resize(std::max(rows.size(), at + 1));
+  rows[at] = row;
+  study.unsaved_changes = unsaved_changes;
+  study.results_valid = results_valid;
+  study.row = row;
+  RefreshSectionTable(study, rows);
+  return Done{};
+}
+
+}  // namespace kalvo

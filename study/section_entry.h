@@ -1,0 +1,61 @@
+#pragma once
+
+#include <string>
+
+#include "study/workbench.h"
+
+namespace kalvo {
+
+/// What the user types of one section, as texts in the user's notation: the two halves of its name
+/// and the values of the row fields of the same names.
+struct SectionEntry {
+  std::string left;
+  std::string right;
+  std::string Length;
+  std::string AnglePOP;
+  std::string Elbow90;
+  std::string GateValve;
+  std::string StrSwitch;
+  std::string AngSwitch;
+  std::string DiaTee;
+  std::string DieTee;
+  std::string AntiTee;
+  std::string SymboTee;
+  std::string CheckValve;
+  std::string OtherDrop_mm;
+  std::string OtherDrop_m;
+
+  bool operator==(const SectionEntry&) const = default;
+};
+
+/// The entry that shows `row`: names without blanks, numbers in their default text.
+SectionEntry EntryOf(const SectionRow& row, Separators separators);
+
+/// What a new section `number` starts with: names that go on from the section before (closed: from
+/// node number - 1 to node number; open: section number, fed by number - 1; "ANT" for 0), the
+/// length and the first five counts of `previous`, "0" for the tees and all that follows. Without
+/// `previous` the length and the first five counts are empty.
+SectionEntry EntryForNewRow(int number, SystemKind kind, const SectionRow* previous,
+                            Separators separators);
+
+/// Takes the typed values of `entry` into `row`: the name and the thirteen numbers.
+/// Faults: 5 for a half name of more than three characters, 6 for a count outside 16 bits or a
+/// number outside 32 bits; the row is then as it was.
+void TakeEntry(SectionRow& row, const SectionEntry& entry, Separators separators);
+
+/// Takes the values that are the same on every row from the study. `Client`, `Units`, `DP` and
+/// `INILAMDA` stay; `TOT` is the caller's.
+void TakeHeader(SectionRow& row, const Study& study);
+
+/// Empties what a calculation fills in, `DP` included. The emitter's own values stay.
+void ClearResults(SectionRow& row);
+
+/// Writes `entry` to the study's `CurrentRow`, at most one past the last row. A row that was there
+/// keeps what the entry does not hold; a new one takes `Client`, `Units`, `DP` and `INILAMDA` of
+/// row 1 and starts without flow, emitter and height. A new row, or a change of more than header
+/// values, is an unsaved change. With unsaved changes results are no longer valid, and a row
+/// written without valid results has none.
+/// Faults: as TakeEntry(), and 6 for more rows than 16 bits count; nothing is then changed.
+Outcome StoreSectionRow(Workbench& bench, const SectionEntry& entry, Separators separators);
+
+}  // namespace kalvo

@@ -1,0 +1,102 @@
+#pragma once
+
+#include "study/record.h"
+
+namespace kalvo {
+
+/// A node name, or one side of a section's name: three characters with their padding.
+constexpr std::string_view kSource = "ANT";
+
+/// One section of the network, a record of `DATARES.TMP` and of its companions. Values of the whole
+/// study are repeated on every row. Units: flow l/h, lengths m, diameters mm, area m², velocity
+/// m/s, pressures mm w.g., `PAR` m³/h, temperature °C.
+struct SectionRow {
+  std::int16_t RecordNumber = 0;  ///< 1-based, the record's position
+  std::int16_t SectionNo = 0;     ///< always RecordNumber
+  FixedText<51> Client;           ///< designer or firm
+  FixedText<78> Thema;            ///< study title
+  FixedText<8> Units;             ///< never given a value, carried through
+  FixedText<78> Material;         ///< pipe system's material word
+  float MeanTemp = 0;             ///< mean fluid temperature
+  std::int16_t BurChil = 0;       ///< number of the plant section, 0 = none
+  std::int16_t ANOIK = 0;         ///< not zero in an open system
+  std::int16_t KLEIS = 0;         ///< not zero in a closed system
+  std::int16_t FileNumber = 0;    ///< pipe system number
+  std::int16_t TOT = 0;           ///< row count when the row was written
+  float MeanVel = 0;              ///< design velocity
+  std::int16_t Outlets = 0;       ///< emitters or outlets in the study
+  float PAR = 0;                  ///< total flow, m³/h
+  float DP = 0;                   ///< critical drop, mm w.g.
+  float INILAMDA = 0;             ///< method of the last sizing, 1 or 2
+  FixedText<7> Name;              ///< "abc/def"
+  float WaterFlow = 0;
+  float Length = 0;
+  float AnglePOP = 0;  ///< elbows
+  float Elbow90 = 0;   ///< 90° bends
+  std::int16_t GateValve = 0;
+  std::int16_t StrSwitch = 0;  ///< straight regulating valves
+  std::int16_t AngSwitch = 0;  ///< angle regulating valves
+  std::int16_t DiaTee = 0;     ///< tees taken as branch
+  std::int16_t DieTee = 0;     ///< tees passed through
+  std::int16_t AntiTee = 0;    ///< tees taken as counter-flow
+  std::int16_t SymboTee = 0;   ///< tees taken as junction
+  std::int16_t CheckValve = 0;
+  float OtherDrop_mm = 0;  ///< other pressure drop
+  float OtherDrop_m = 0;   ///< other pressure drop as equivalent length of pipe
+  FixedText<15> NomiDiam;  ///< nominal diameter, blank until calculated
+  float Velocity = 0;
+  float Area = 0;
+  float InDiameter = 0;  ///< negative: imposed by the user
+  float Reynolds = 0;
+  float Lamda = 0;         ///< friction factor
+  float FrictionRate = 0;  ///< mm w.g. per metre
+  float TotalDrop = 0;
+  std::int16_t Auxi = 0;  ///< plant section: 1 on row 1, 2 on any other; else 0
+  float AvaiPres = 0;     ///< pressure available behind the section
+  float SomaDrop = 0;     ///< emitter's drop (closed) or outlet's pressure, m w.g. (open)
+  float HeightDiff = 0;   ///< m, open systems
+
+  [[nodiscard]] bool HasEmitter() const { return SomaDrop != 0.0F; }
+
+  static constexpr auto kFields = std::make_tuple(
+      Field{"RecordNumber", &SectionRow::RecordNumber}, Field{"SectionNo", &SectionRow::SectionNo},
+      Field{"Client", &SectionRow::Client}, Field{"Thema", &SectionRow::Thema},
+      Field{"Units", &SectionRow::Units}, Field{"Material", &SectionRow::Material},
+      Field{"MeanTemp", &SectionRow::MeanTemp}, Field{"BurChil", &SectionRow::BurChil},
+      Field{"ANOIK", &SectionRow::ANOIK}, Field{"KLEIS", &SectionRow::KLEIS},
+      Field{"FileNumber", &SectionRow::FileNumber}, Field{"TOT", &SectionRow::TOT},
+      Field{"MeanVel", &SectionRow::MeanVel}, Field{"Outlets", &SectionRow::Outlets},
+      Field{"PAR", &SectionRow::PAR}, Field{"DP", &SectionRow::DP},
+      Field{"INILAMDA", &SectionRow::INILAMDA}, Field{"Name", &SectionRow::Name},
+      Field{"WaterFlow", &SectionRow::WaterFlow}, Field{"Length", &SectionRow::Length},
+      Field{"AnglePOP", &SectionRow::AnglePOP}, Field{"Elbow90", &SectionRow::Elbow90},
+      Field{"GateValve", &SectionRow::GateValve}, Field{"StrSwitch", &SectionRow::StrSwitch},
+      Field{"AngSwitch", &SectionRow::AngSwitch}, Field{"DiaTee", &SectionRow::DiaTee},
+      Field{"DieTee", &SectionRow::DieTee}, Field{"AntiTee", &SectionRow::AntiTee},
+      Field{"SymboTee", &SectionRow::SymboTee}, Field{"CheckValve", &SectionRow::CheckValve},
+      Field{"OtherDrop_mm", &SectionRow::OtherDrop_mm},
+      Field{"OtherDrop_m", &SectionRow::OtherDrop_m}, Field{"NomiDiam", &SectionRow::NomiDiam},
+      Field{"Velocity", &SectionRow::Velocity}, Field{"Area", &SectionRow::Area},
+      Field{"InDiameter", &SectionRow::InDiameter}, Field{"Reynolds", &SectionRow::Reynolds},
+      Field{"Lamda", &SectionRow::Lamda}, Field{"FrictionRate", &SectionRow::FrictionRate},
+      Field{"TotalDrop", &SectionRow::TotalDrop}, Field{"Auxi", &SectionRow::Auxi},
+      Field{"AvaiPres", &SectionRow::AvaiPres}, Field{"SomaDrop", &SectionRow::SomaDrop},
+      Field{"HeightDiff", &SectionRow::HeightDiff});
+};
+
+static_assert(RecordSize<SectionRow>() == 355);
+
+/// The left and right three bytes of a section's name; blanks and any other byte as they stand.
+inline std::string_view LeftNode(const FixedText<7>& name) { return name.bytes().substr(0, 3); }
+inline std::string_view RightNode(const FixedText<7>& name) { return name.bytes().substr(4, 3); }
+
+/// "abc/def" of two names: the left one right-justified, the right one left-justified in three
+/// bytes each. Names longer than three bytes are cut at the right.
+inline FixedText<7> MakeName(std::string_view left, std::string_view right) {
+  left = Trim(left).substr(0, 3);
+  right = Trim(right).substr(0, 3);
+  return FixedText<7>::FromBytes(std::string(3 - left.size(), ' ') + std::string(left) + "/" +
+                                 std::string(right));
+}
+
+}  // namespace kalvo

@@ -1,0 +1,114 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "study/fluid_row.h"
+#include "study/numeric_text.h"
+#include "study/prompter.h"
+#include "study/section_row.h"
+#include "study/stat_row.h"
+
+namespace kalvo {
+
+enum class SystemKind { kNone, kClosed, kOpen };
+
+/// Values of `CalcStatus`, through which routines report to their callers.
+namespace calc_status {
+constexpr std::int16_t kNothing = 0;
+constexpr std::int16_t kBranchLost = 1;
+constexpr std::int16_t kNameAccepted = 10;
+constexpr std::int16_t kRefused = -1;         ///< checks found errors, or the pipes do not suffice
+constexpr std::int16_t kNamesWrong = -11;     ///< open system: section names are wrong
+constexpr std::int16_t kNoChoice = -12;       ///< the choice of method was closed
+constexpr std::int16_t kViscosity = -13;      ///< fluid's temperature differs from the study's
+constexpr std::int16_t kBrokenOff = -32;      ///< a run-time fault ended the run
+constexpr std::int16_t kRecalculate = -3000;  ///< diameters changed, recalculate
+}  // namespace calc_status
+
+/// A line of `SectionTable`. The flow passes between passes as text (see ThroughText()); it is
+/// kept here as the number that this text reads back as, nothing when the text is empty.
+struct SectionLine {
+  int number = 0;
+  FixedText<7> name;
+  std::optional<double> flow_lh;
+};
+
+/// A line of `EmitterTable`; numbers as they read back from at most 7 digits of text.
+struct EmitterLine {
+  int section = 0;
+  double flow_lh = 0;
+  double drop = 0;
+};
+
+/// Where a walk along the network was lost: the emitter it served and the node it stood at.
+struct LostWalk {
+  int emitter_section = 0;  ///< 0: not one section, or more than one, ends at the source
+  std::string node;         ///< UTF-8, trimmed
+};
+
+/// State of the open study, one value of each for the whole program.
+struct Study {
+  SystemKind system_kind = SystemKind::kNone;
+  std::int16_t CalcStatus = 0;
+  bool CalcAborted = false;
+  bool SingleSection = false;
+  bool MeanVelMode = true;  ///< true: sizing by flow only (first method)
+  std::int16_t CurrentRow = 0;
+  std::int16_t SectionCount = 0;
+  std::int16_t EmitterCount = 0;
+  float TotalFlowM3h = 0;
+  float PumpHead = 0;  ///< m w.g.
+  float MeanTemp = 0;
+  float MeanVel = 0;
+  float CriticalDrop = 0;  ///< mm w.g.
+  float Density = 0;       ///< kg/m³, held from an earlier run; 0 = none held
+  Answer answer = Answer::kNone;
+
+  std::string study_title;  ///< UTF-8, as are all texts below
+  std::int16_t pipe_system_number = 0;
+  std::string pipe_material;
+  std::int16_t plant_section = 0;
+  std::string fluid_name{kWaterName};
+  std::string critical_branch;
+  std::string branch_mode;
+
+  bool edit_mode = false;
+  int entry_mode = 0;
+  bool unsaved_changes = false;
+  bool results_valid = false;
+  bool recalculation_needed = false;
+  bool recovery = false;
+  bool NameErrors = false;
+  bool emitters_unchecked = false;
+  bool data_exist = false;
+
+  std::filesystem::path study_path;
+  std::filesystem::path last_study_path;
+  std::string study_base_name;
+  std::string study_short_name;
+  std::filesystem::path study_folder;
+  std::string study_date;
+  std::string study_time;
+
+  std::vector<SectionLine> SectionTable;
+  std::vector<EmitterLine> EmitterTable;
+  std::vector<std::string> old_diameters;  ///< `NomiDiam` by row, trimmed
+  std::vector<std::string> InitialDiameters;
+  std::vector<StatRow> PipeStats;
+  std::optional<LostWalk> lost_walk;
+
+  SectionRow row;         ///< the row in hand
+  SectionRow row_beside;  ///< the comparison copy
+
+  [[nodiscard]] bool SystemClosed() const { return system_kind == SystemKind::kClosed; }
+  [[nodiscard]] bool SystemOpen() const { return system_kind == SystemKind::kOpen; }
+};
+
+/// Text of the numbered cells that stands for the file dialog's cancel.
+constexpr const char* kEscape = "Escape";
+
+}  // namespace kalvo

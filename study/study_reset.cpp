@@ -1,0 +1,85 @@
+#include "study/study_reset.h"
+
+#include <algorithm>
+#include <array>
+#include <ctime>
+
+#include "study/codepage.h"
+#include "study/fluid_library.h"
+#include "study/letter_case.h"
+
+namespace kalvo {
+
+namespace {
+
+template <std::size_t N>
+std::string TimeText(std::int64_t seconds, const char (&format)[N]) {
+  const auto at = static_cast<std::time_t>(seconds);
+  std::tm local{};
+  localtime_r(&at, &local);
+  std::array<char, 32> text{};
+  const std::size_t length = std::strftime(text.data(), text.size(), format, &local);
+  return {text.data(), length};
+}
+
+}  // namespace
+
+std::string_view BaseOf(std::string_view file_name) {
+  return file_name.substr(0, file_name.size() - std::min(file_name.size(), kStudyExtensionLength));
+}
+
+std::filesystem::path WithExtension(const std::filesystem::path& path, SystemKind kind) {
+  const std::string text = path.string();
+  const std::string_view extension = ExtensionsOf(kind).main;
+  if (EqualIgnoringCase(std::string_view(text).substr(BaseOf(text).size()), extension)) {
+    return path;
+  }
+  return text + std::string(extension);
+}
+
+std::filesystem::path FullStudyPath(const Study& study) {
+  return std::filesystem::absolute(WithExtension(study.study_path, study.system_kind));
+}
+
+std::filesystem::path AsInFolder(const Disk& disk, const std::filesystem::path& path) {
+  if (disk.Exists(path)) {
+    return path;
+  }
+  const std::filesystem::path folder = path.parent_path();
+  const std::string name = path.filename().string();
+  for (const std::string& entry : disk.List(folder)) {
+    if (BaseOf(entry) == BaseOf(name) && EqualIgnoringCase(entry, name)) {
+      return folder / entry;
+    }
+  }
+  // Letters of a name that is no UTF-8 are not known: another file's might pass for them.
+  const auto other = IsUtf8(name) ? FindIgnoringCase(disk, folder, name) : std::nullopt;
+  return other ? folder / *other : path;
+}
+
+void RebuildNameState(Workbench& bench) {
+  Study& study = bench.study;
+  study.last_study_path = study.study_path;
+  study.study_short_name = study.study_path.filename().string();
+  study.study_base_name = BaseOf(study.study_short_name);
+  study.study_folder = study.study_path.parent_path();
+  const auto status = bench.workspace.outer_disk().Status(study.study_path);
+  study.study_date = status ? TimeText(status->modified, "%d/%m/%Y") : "";
+  study.study_time = status ? TimeText(status->modified, "%H:%M:%S") : "";
+}
+
+void ResetStudy(Workbench& bench) {
+  bench.workspace.DeleteWorkFiles();
+  Study fresh;
+  fresh.system_kind = bench.study.system_kind;
+  fresh.pipe_system_number = bench.study.pipe_system_number;
+  fresh.pipe_material = bench.study.pipe_material;
+  fresh.entry_mode = bench.study.entry_mode;
+  fresh.unsaved_changes = bench.study.unsaved_changes;
+  fresh.CalcStatus = bench.study.CalcStatus;
+  bench.study = fresh;
+  // Without room for the fluid's one record the calculation will ask for the fluid.
+  static_cast<void>(WriteStudyFluid(bench, WaterRow(bench.workspace)));
+}
+
+}  // namespace kalvo

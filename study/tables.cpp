@@ -1,0 +1,33 @@
+#include "study/tables.h"
+
+#include <algorithm>
+
+namespace kalvo {
+
+void RefreshSectionTable(Study& study, std::span<const SectionRow> rows) {
+  study.SectionCount = static_cast<std::int16_t>(rows.size());
+  study.SectionTable.clear();
+  study.SectionTable.reserve(rows.size());
+  for (const SectionRow& row : rows) {
+    study.SectionTable.push_back({row.RecordNumber, row.Name, ThroughText(row.WaterFlow)});
+  }
+}
+
+void RefreshEmitterTable(Study& study, std::span<const SectionRow> emitters) {
+  study.EmitterCount = static_cast<std::int16_t>(emitters.size());
+  study.EmitterTable.clear();
+  study.EmitterTable.reserve(emitters.size());
+  for (const SectionRow& row : emitters) {
+    study.EmitterTable.push_back(
+        {row.RecordNumber, ThroughText(row.WaterFlow), ThroughText(row.SomaDrop)});
+  }
+}
+
+std::vector<SectionRow> RowsWithEmitter(std::span<const SectionRow> rows) {
+  std::vector<SectionRow> emitters;
+  std::copy_if(rows.begin(), rows.end(), std::back_inserter(emitters),
+               [](const SectionRow& row) { return row.HasEmitter(); });
+  return emitters;
+}
+
+}  // namespace kalvo

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <span>
+
+#include "study/study.h"
+
+namespace kalvo {
+
+/// Refills `SectionTable` and `SectionCount` from the rows.
+void RefreshSectionTable(Study& study, std::span<const SectionRow> rows);
+
+/// Refills `EmitterTable` and `EmitterCount` from `emitters`, one line a row.
+void RefreshEmitterTable(Study& study, std::span<const SectionRow> emitters);
+
+/// The rows that end in an emitter or outlet, in row order.
+std::vector<SectionRow> RowsWithEmitter(std::span<const SectionRow> rows);
+
+}  // namespace kalvo

@@ -1,0 +1,40 @@
+#include "study/workspace.h"
+
+namespace kalvo {
+
+bool Workspace::HasBytes(std::string_view name) const {
+  const auto status = work_disk_->Status(Path(name));
+  return status && status->length > 0;
+}
+
+Result<std::string> Workspace::Read(std::string_view name) const {
+  return work_disk_->Read(Path(name));
+}
+
+Outcome Workspace::Write(std::string_view name, std::string_view bytes) {
+  return ReplaceFile(*work_disk_, Path(name), bytes);
+}
+
+void Workspace::Delete(std::string_view name) { static_cast<void>(work_disk_->Remove(Path(name))); }
+
+Outcome Workspace::Copy(std::string_view from, std::string_view to) {
+  Pause();
+  const Result<std::string> bytes = Read(from);
+  if (!bytes) {
+    return bytes.error();
+  }
+  return Write(to, *bytes);
+}
+
+Outcome Workspace::MoveOver(std::string_view from, std::string_view to) {
+  Pause();
+  return work_disk_->Rename(Path(from), Path(to));
+}
+
+void Workspace::DeleteWorkFiles() {
+  for (const char* name : work_file::kAll) {
+    Delete(name);
+  }
+}
+
+}  // namespace kalvo

@@ -1,0 +1,175 @@
+#include "study/write_study.h"
+
+#include "study/family_save.h"
+#include "study/fluid_library.h"
+#include "study/study_reset.h"
+#include "study/text_lines.h"
+
+namespace kalvo {
+
+namespace {
+
+void ClearRowResults(const Study& study, SectionRow& row) {
+  row.MeanTemp = study.MeanTemp;
+  row.FileNumber = study.pipe_system_number;
+  row.MeanVel = study.MeanVel;
+  row.PAR = 0;
+  row.DP = 0;
+  row.NomiDiam = {};
+  row.AvaiPres = 0;
+}
+
+// The image of the rows as they are saved, which becomes that of the work file too.
+Result<std::string> PrepareRows(Workbench& bench) {
+  Study& study = bench.study;
+  RowFile<SectionRow> file = bench.workspace.Rows();
+  auto rows = file.ReadAll();
+  if (!rows) {
+    return rows.error();
+  }
+  if (rows->empty()) {
+    bench.Show(139);
+    return FileError{file.path(), "ΔΕΝ υπάρχουν Δεδομένα"};
+  }
+  study.pipe_system_number = rows->front().FileNumber;
+  if (Outcome loaded = LoadPipeSystem(bench); !loaded) {
+    return loaded.error();
+  }
+  for (SectionRow& row : rows.value()) {
+    row.Material = FixedText<78>::FromUtf8(study.pipe_material);
+    if (study.recalculation_needed || !study.results_valid) {
+      ClearRowResults(study, row);
+    }
+  }
+  if (Outcome written = file.WriteAll(*rows); !written) {
+    return written.error();
+  }
+  return EncodeRows<SectionRow>(*rows);
+}
+
+Outcome RefreshSequence(Workbench& bench) {
+  const auto first = bench.workspace.Rows().Read(1);
+  if (!first) {
+    return first.error();
+  }
+  if (first->INILAMDA == 1.0F) {
+    bench.study.branch_mode = "Simple";
+  }
+  return bench.workspace.Write(work_file::kSequence, Quoted(bench.study.critical_branch) + "\n" +
+                                                         Quoted(bench.study.branch_mode) + "\n");
+}
+
+// The path that a file of the study bears already, in whatever case its extension is written.
+std::filesystem::path OwnPath(const Workbench& bench, const std::filesystem::path& path) {
+  const auto entry = AsInFolder(bench.workspace.outer_disk(), path);
+  const bool own = BaseOf(entry.filename().string()) == BaseOf(path.filename().string());
+  return own ? entry : path;
+}
+
+class Family {
+ public:
+  explicit Family(const Workbench& bench)
+      : bench_(bench),
+        folder_(bench.study.study_path.parent_path()),
+        main_name_(bench.study.study_path.filename().string()),
+        base_(BaseOf(main_name_)) {}
+
+  // Adds a copy of the work file under `extension` if it is there and the kind has such a file.
+  template <typename Row>
+  Outcome AddRows(std::string_view work_name, std::string_view extension) {
+    if (extension.empty() || !bench_.workspace.Exists(work_name)) {
+      return Done{};
+    }
+    const auto rows = bench_.workspace.Rows<Row>(work_name).ReadAll();
+    if (!rows) {
+      return rows.error();
+    }
+    Add(NameOf(extension), EncodeRows<Row>(*rows));
+    return Done{};
+  }
+
+  Outcome AddSequence(std::string_view extension) {
+    auto text = bench_.workspace.Read(work_file::kSequence);
+    if (!text) {
+      return text.error();
+    }
+    Add(NameOf(extension), std::move(text).value());
+    return Done{};
+  }
+
+  // The main file, which is to be the last, and all is saved.
+  Outcome SaveWith(std::string rows) {
+    Add(main_name_, std::move(rows));
+    return SaveFamily(bench_.workspace.outer_disk(), folder_, base_, files_);
+  }
+
+ private:
+  [[nodiscard]] std::string NameOf(std::string_view extension) const {
+    return OwnPath(bench_, folder_ / (base_ + std::string(extension))).filename().string();
+  }
+
+  void Add(std::string name, std::string bytes) {
+    bench_.workspace.Pause();
+    files_.push_back({std::move(name), std::move(bytes)});
+  }
+
+  const Workbench& bench_;
+  std::filesystem::path folder_;
+  std::string main_name_;
+  std::string base_;
+  std::vector<FamilyFile> files_;
+};
+
+Outcome SaveFiles(Workbench& bench, std::string rows) {
+  const Study& study = bench.study;
+  const StudyExtensions& extensions = ExtensionsOf(study.system_kind);
+  Family family(bench);
+  Outcome outcome = Done{};
+  if (!study.critical_branch.empty()) {
+    if (bench.workspace.Exists(work_file::kSequence)) {
+      outcome = RefreshSequence(bench);
+      outcome = outcome ? family.AddSequence(extensions.sequence) : outcome;
+    }
+    if (outcome) {
+      outcome = family.AddRows<StatRow>(work_file::kStatistics, extensions.statistics);
+    }
+  }
+  if (outcome) {
+    outcome = family.AddRows<SectionRow>(work_file::kWinter, extensions.winter);
+  }
+  if (outcome) {
+    outcome = family.AddRows<FluidRow>(work_file::kFluid, extensions.fluid);
+  }
+  return outcome ? family.SaveWith(std::move(rows)) : outcome;
+}
+
+}  // namespace
+
+Outcome WriteStudy(Workbench& bench) {
+  Study& study = bench.study;
+  if (study.study_path == kEscape) {
+    study.study_path = study.last_study_path;
+    return Done{};
+  }
+  study.unsaved_changes = true;
+  auto rows = PrepareRows(bench);
+  if (!rows) {
+    return rows.error();
+  }
+  study.study_path = OwnPath(bench, FullStudyPath(study));
+  Outcome outcome = SaveFiles(bench, std::move(rows).value());
+  if (outcome && bench.workspace.Exists(work_file::kFluid)) {
+    outcome = LoadStudyFluid(bench);
+  }
+  if (!outcome) {
+    return outcome;
+  }
+  study.unsaved_changes = false;
+  if (study.CalcStatus == calc_status::kNameAccepted) {
+    study.CalcStatus = calc_status::kNothing;
+  }
+  RebuildNameState(bench);
+  return outcome;
+}
+
+}  // namespace kalvo

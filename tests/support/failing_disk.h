@@ -1,0 +1,136 @@
+#pragma once
+
+#include <algorithm>
+#include <csignal>
+#include <limits>
+
+#include "study/disk.h"
+
+namespace kalvo {
+
+/// Passes everything on to another disk.
+class ForwardingDisk : public Disk {
+ public:
+  explicit ForwardingDisk(Disk& inner) : inner_(inner) {}
+
+  [[nodiscard]] std::optional<FileStatus> Status(const std::filesystem::path& path) const override {
+    return inner_.Status(path);
+  }
+  [[nodiscard]] Result<std::string> Read(const std::filesystem::path& path) const override {
+    return inner_.Read(path);
+  }
+  Outcome Write(const std::filesystem::path& path, std::string_view bytes) override {
+    return inner_.Write(path, bytes);
+  }
+  Outcome Flush(const std::filesystem::path& path) override { return inner_.Flush(path); }
+  Outcome Rename(const std::filesystem::path& from, const std::filesystem::path& to) override {
+    return inner_.Rename(from, to);
+  }
+  Outcome Remove(const std::filesystem::path& path) override { return inner_.Remove(path); }
+  Outcome MakeFolder(const std::filesystem::path& path) override { return inner_.MakeFolder(path); }
+  [[nodiscard]] std::vector<std::string> List(const std::filesystem::path& folder) const override {
+    return inner_.List(folder);
+  }
+
+ protected:
+  Disk& inner_;
+};
+
+/// A disk that runs full after a count of bytes, or fails at one of its changing operations
+/// (Write, Flush, Rename, Remove, MakeFolder, counted from 1). What a failing write got onto the
+/// disk stays there.
+class FailingDisk : public ForwardingDisk {
+ public:
+  /// How long a failure that was reached lasts.
+  enum class Lasting { kOnce, kFromThenOn };
+
+  using ForwardingDisk::ForwardingDisk;
+
+  void FailAfterBytes(std::size_t bytes) { room_ = bytes; }
+  void FailAtOperation(int number, Lasting lasting) {
+    first_bad_ = number;
+    last_bad_ = lasting == Lasting::kOnce ? number : kNever;
+    operations_ = 0;
+  }
+  void Mend() {
+    room_ = std::numeric_limits<std::size_t>::max();
+    first_bad_ = last_bad_ = kNever;
+  }
+
+  /// Changing operations since the last FailAtOperation(), those that failed included.
+  [[nodiscard]] int operations() const { return operations_; }
+  /// Bytes written so far.
+  [[nodiscard]] std::size_t written() const { return written_; }
+
+  Outcome Write(const std::filesystem::path& path, std::string_view bytes) override {
+    const bool fails = NextFails();
+    const std::size_t fits = std::min(room_, fails ? bytes.size() / 2 : bytes.size());
+    room_ -= fits;
+    written_ += fits;
+    Outcome outcome = inner_.Write(path, bytes.substr(0, fits));
+    return fails || fits < bytes.size() ? Full(path) : outcome;
+  }
+  Outcome Flush(const std::filesystem::path& path) override {
+    return NextFails() ? Full(path) : inner_.Flush(path);
+  }
+  Outcome Rename(const std::filesystem::path& from, const std::filesystem::path& to) override {
+    return NextFails() ? Full(to) : inner_.Rename(from, to);
+  }
+  Outcome Remove(const std::filesystem::path& path) override {
+    return NextFails() ? Full(path) : inner_.Remove(path);
+  }
+  Outcome MakeFolder(const std::filesystem::path& path) override {
+    return NextFails() ? Full(path) : inner_.MakeFolder(path);
+  }
+
+ private:
+  static constexpr int kNever = std::numeric_limits<int>::max();
+
+  static Outcome Full(const std::filesystem::path& path) {
+    return FileError{path, "Ο δίσκος είναι γεμάτος"};
+  }
+  bool NextFails() {
+    ++operations_;
+    return operations_ >= first_bad_ && operations_ <= last_bad_;
+  }
+
+  std::size_t room_ = std::numeric_limits<std::size_t>::max();
+  std::size_t written_ = 0;
+  int first_bad_ = kNever;
+  int last_bad_ = kNever;
+  int operations_ = 0;
+};
+
+/// A disk that kills its own process with SIGKILL after step `last_step`, counted from 1. A
+/// changing operation is one step; a write is two, the first half of its bytes and the whole.
+class KillingDisk : public ForwardingDisk {
+ public:
+  KillingDisk(Disk& inner, int last_step) : ForwardingDisk(inner), steps_left_(last_step) {}
+
+  Outcome Write(const std::filesystem::path& path, std::string_view bytes) override {
+    return Step(inner_.Write(path, bytes.substr(0, bytes.size() / 2))) &&
+                   Step(inner_.Write(path, bytes))
+               ? Outcome(Done{})
+               : Outcome(FileError{path, "Σφάλμα του δίσκου"});
+  }
+  Outcome Flush(const std::filesystem::path& path) override { return Step(inner_.Flush(path)); }
+  Outcome Rename(const std::filesystem::path& from, const std::filesystem::path& to) override {
+    return Step(inner_.Rename(from, to));
+  }
+  Outcome Remove(const std::filesystem::path& path) override { return Step(inner_.Remove(path)); }
+  Outcome MakeFolder(const std::filesystem::path& path) override {
+    return Step(inner_.MakeFolder(path));
+  }
+
+ private:
+  Outcome Step(Outcome outcome) {
+    if (--steps_left_ == 0) {
+      static_cast<void>(std::raise(SIGKILL));
+    }
+    return outcome;
+  }
+
+  int steps_left_;
+};
+
+}  // namespace kalvo

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <filesystem>
+#include <map>
+#include <string>
+
+#include "tests/support/test_bench.h"
+
+namespace kalvo {
+
+/// Files of a folder by name.
+using FolderImage = std::map<std::string, std::string>;
+
+FolderImage ImageOf(const Disk& disk, const std::filesystem::path& folder);
+
+/// Three calculated rows of the kind under `title`, the last two with an emitter each.
+std::vector<SectionRow> SampleRows(SystemKind kind, std::string_view title);
+
+/// Makes the sample rows the open study of `bench`, with valid results, a critical branch, two
+/// statistics rows, winter rows in a closed system and a fluid of its own; all bear the title.
+void PutSampleStudy(Workbench& bench, std::string_view title);
+
+/// A study on the machine's own disk: libraries and studies in a temporary folder that goes with
+/// the object, work files in memory.
+class DiskBench {
+ public:
+  DiskBench();
+  DiskBench(const DiskBench&) = delete;
+  DiskBench& operator=(const DiskBench&) = delete;
+  ~DiskBench();
+
+  [[nodiscard]] const std::filesystem::path& folder() const { return folder_; }
+  /// Folder of the studies, empty at first.
+  [[nodiscard]] std::filesystem::path studies() const { return folder_ / "studies"; }
+  [[nodiscard]] std::filesystem::path library() const { return folder_ / "library"; }
+
+ private:
+  std::filesystem::path folder_;
+};
+
+}  // namespace kalvo

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "study/memory_disk.h"
+#include "study/workbench.h"
+#include "tests/support/network.h"
+#include "tests/support/scripted_prompter.h"
+
+namespace kalvo {
+
+/// A program without a window: an empty work folder, a library folder with two pipe systems
+/// (1 steel, roughness 0.045 mm, ten sizes 3/8 to 4; 2 copper, 0.0015 mm, eight sizes 12x1 to 54x2)
+/// and the two first fluids, and the state of a new study on pipe system 1. Folders live in memory.
+class TestBench {
+ public:
+  explicit TestBench(SystemKind kind = SystemKind::kClosed);
+  TestBench(const TestBench&) = delete;
+  TestBench& operator=(const TestBench&) = delete;
+
+  static constexpr const char* kProgramFolder = "/program";
+  static constexpr const char* kLibraryFolder = "/library";
+  static constexpr const char* kStudiesFolder = "/studies";
+
+  MemoryDisk work_disk;
+  MemoryDisk outer_disk;
+  NoWait clock;
+  Workspace workspace;
+  PipeList pipes;
+  Study study;
+  ScriptedPrompter prompter;
+  Workbench bench;
+
+  /// Makes `rows` the open study: work files, tables and the study's values, as a load would.
+  /// The kind follows the rows; nothing is unsaved.
+  void PutRows(std::span<const SectionRow> rows);
+
+  /// The same for a network of one line for each row, of this bench's kind.
+  void PutNetwork(const std::vector<std::string_view>& lines);
+
+  /// Rows of a work file; the test fails when it cannot be read.
+  [[nodiscard]] std::vector<SectionRow> Rows(std::string_view name = work_file::kRows) const;
+
+  /// Row `number` of the study; the test fails when there is none.
+  [[nodiscard]] SectionRow Row(int number) const;
+
+  /// Names of the rows, blanks as they stand.
+  [[nodiscard]] std::vector<std::string> Names() const;
+
+  /// Bytes of a work file, "(missing)" when it is not there.
+  [[nodiscard]] std::string Bytes(std::string_view name = work_file::kRows) const;
+};
+
+/// Writes a pipe system as file `file_name` into the bench's library folder.
+void PutPipes(TestBench& bench, std::string_view file_name, std::span<const PipeRow> rows);
+
+/// The two pipe systems that every bench starts with.
+std::vector<PipeRow> SteelPipes();
+std::vector<PipeRow> CopperPipes();
+
+}  // namespace kalvo
