@@ -1,31 +1,41 @@
 #include "cli/calc_command.h"
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
+#include <set>
+#include <sstream>
 
-#include "cli/findings.h"
+#include "cli/closed_run.h"
 #include "cli/report_csv.h"
 #include "cli/report_json.h"
 #include "cli/report_table.h"
-#include "engine/calculation_command.h"
-#include "engine/rerun.h"
-#include "study/study_reset.h"
-#include "study/write_study.h"
+#include "cli/save_study.h"
 
 namespace kalvo {
 
 namespace {
 
-int ExitCodeOf(CommandEnd end) {
-  switch (end) {
-    case CommandEnd::kCalculated:
-    case CommandEnd::kShowOld:
-      return exit_code::kDone;
-    case CommandEnd::kBrokenOff:
-      return exit_code::kBrokenOff;
-    default:
-      return exit_code::kRefused;
+// On a terminal: how far a batch has come, on a line that goes away again.
+class ProgressLine {
+ public:
+  ProgressLine(const Console& console, const std::string& text) : console_(console) {
+    if (Shows()) {
+      console_.err << "\r\x1b[K" << text << std::flush;
+    }
   }
-}
+  ProgressLine(const ProgressLine&) = delete;
+  ProgressLine& operator=(const ProgressLine&) = delete;
+  ~ProgressLine() {
+    if (Shows()) {
+      console_.err << "\r\x1b[K" << std::flush;
+    }
+  }
+
+ private:
+  [[nodiscard]] bool Shows() const { return console_.err_is_terminal && !console_.quiet; }
+
+  const Console& console_;
+};
 
 }  // namespace
 
@@ -33,25 +43,38 @@ std::string CalcCommand::Help() const {
   return "Υπολογίζει μελέτες κλειστού συστήματος και δείχνει τα αποτελέσματα";
 }
 
+std::string CalcCommand::Foot() const {
+  return "Η μελέτη που διαβάζεται δεν αλλάζει, παρά μόνον αν την ορίζει το --save, και\n"
+         "υπολογίζεται πάντα εκ νέου. Το --save γράφει όλα τα αρχεία της (.PCK, .STC, .WNT,\n"
+         ".LQD). Δεν σώζεται μελέτη που δεν υπολογίσθηκε (κωδικοί εξόδου 3 έως 5).\n"
+         "Το csv έχει τα κελιά με \",\" και τα δεκαδικά με \".\". Με --separators \",.\" έχει τα\n"
+         "κελιά με \";\" και τα δεκαδικά με \",\", όπως τα ανοίγουν τα ελληνικά λογιστικά φύλλα.\n"
+         "Για πολλές μελέτες το csv έχει πρώτη στήλη τη μελέτη και το json είναι ένας πίνακας.\n" +
+         Command::Foot();
+}
+
 void CalcCommand::AddArguments(CLI::App& app) {
   app.add_option("STUDY", studies_, "Αρχεία μελετών (.PCK)")->required()->type_name("");
-  method_option_ =
+  CLI::Option* method =
       app.add_option("--method", method_,
-                     "Τρόπος υπολογισμού: 1 μόνον με την παροχή, 2 και με την διαθέσιμη πίεση")
+                     "Τρόπος υπολογισμού: 1 (αν δεν ορισθεί) Ρυθμιστικές Βαλβίδες,\n"
+                     "2 και Τροποποίηση των Διαμέτρων")
           ->check(CLI::IsMember({1, 2}).description(""))
           ->type_name("1|2");
-  app.add_flag("--fixed", fixed_, "Νέος υπολογισμός με τις διαμέτρους που έχουν ήδη τα τμήματα")
-      ->excludes(method_option_);
+  app.add_flag("--fixed", fixed_,
+               "Νέος υπολογισμός με τις διαμέτρους που έχουν ήδη τα τμήματα\n"
+               "(όχι μαζί με --method)")
+      ->excludes(method);
   app.add_flag("--ignore-capacity", ignore_capacity_,
                "Συνεχίζει και αν το Σύστημα Σωλήνων δεν επαρκεί για την ταχύτητα");
   app.add_option("--save", save_,
-                 "Σώζει τη μελέτη με τα αποτελέσματα (για πολλές μελέτες: φάκελος)")
+                 "Σώζει τη μελέτη με τα αποτελέσματα\n(για πολλές μελέτες: φάκελος που υπάρχει)")
       ->type_name("PATH");
   app.add_flag("--overwrite", overwrite_, "Το --save μπορεί να αντικαταστήσει άλλη μελέτη");
-  app.add_option("--format", format_, "Μορφή των αποτελεσμάτων")
+  app.add_option("--format", format_, "Μορφή των αποτελεσμάτων (αν δεν ορισθεί: table)")
       ->check(CLI::IsMember({"table", "csv", "json"}).description(""))
       ->type_name("table|csv|json");
-  app.add_option("--units", units_, "mmwg: mm w.g., pa: και kPa, Pa/m")
+  app.add_option("--units", units_, "Πιέσεις σε mm w.g. (αν δεν ορισθεί), ή και σε kPa, Pa/m")
       ->check(CLI::IsMember({"mmwg", "pa"}).description(""))
       ->type_name("mmwg|pa");
   AddLibraryOption(app);
@@ -62,10 +85,20 @@ PressureUnits CalcCommand::Units() const {
 }
 
 bool CalcCommand::IsWrongUse(const Console& console) const {
+  if (studies_.size() == 1 || save_.empty()) {
+    return false;
+  }
   std::error_code error;
-  if (studies_.size() > 1 && !save_.empty() && !std::filesystem::is_directory(save_, error)) {
+  if (!std::filesystem::is_directory(save_, error)) {
     console.err << "Με πολλές μελέτες το --save είναι φάκελος που υπάρχει : " << save_ << '\n';
     return true;
+  }
+  std::set<std::filesystem::path> targets;
+  for (const std::string& study : studies_) {
+    if (!targets.insert(SaveTarget(save_, study)).second) {
+      console.err << "Δύο μελέτες θα σώζονταν με το ίδιο όνομα : " << study << '\n';
+      return true;
+    }
   }
   return false;
 }
@@ -74,21 +107,35 @@ int CalcCommand::Run(const Console& console) {
   if (IsWrongUse(console)) {
     return exit_code::kWrongUse;
   }
-  PrintHead(console);
-  const bool shows_progress = console.err_is_terminal && !console.quiet && studies_.size() > 1;
   int worst = exit_code::kDone;
-  for (std::size_t i = 0; i < studies_.size(); ++i) {
-    if (shows_progress) {
-      console.err << "\r\x1b[K" << i + 1 << "/" << studies_.size() << "  " << studies_[i]
-                  << std::flush;
+  if (studies_.size() == 1) {
+    worst = RunOne(console, studies_.front());
+  } else {
+    for (std::size_t i = 0; i < studies_.size(); ++i) {
+      worst = std::max(worst, RunInBatch(console, i));
     }
-    worst = std::max(worst, RunOne(console, studies_[i]));
-  }
-  if (shows_progress) {
-    console.err << "\r\x1b[K" << std::flush;
   }
   PrintFoot(console);
   return worst;
+}
+
+// What the study has to tell comes in one piece, its messages under its name.
+int CalcCommand::RunInBatch(const Console& console, std::size_t index) {
+  const std::string& file = studies_[index];
+  std::ostringstream out;
+  std::ostringstream err;
+  int code = exit_code::kDone;
+  {
+    const ProgressLine progress(
+        console, std::to_string(index + 1) + "/" + std::to_string(studies_.size()) + "  " + file);
+    code = RunOne(console.On(out, err), file);
+  }
+  console.out << out.str();
+  if (!err.str().empty()) {
+    console.out.flush();
+    console.err << console.Alarm(file + " :") << '\n' << err.str();
+  }
+  return code;
 }
 
 int CalcCommand::RunOne(const Console& console, const std::string& file) {
@@ -97,105 +144,52 @@ int CalcCommand::RunOne(const Console& console, const std::string& file) {
   if (!session.ok() || !session.Load(file)) {
     return exit_code::kUnreadable;
   }
-  if (session.study().SystemOpen()) {
-    console.err << "Η μελέτη είναι ανοικτού συστήματος : " << file << '\n';
-    return exit_code::kUnreadable;
+  if (IsOpenStudy(console, session, file)) {
+    return exit_code::kRefused;
   }
   const std::filesystem::path source = session.study().study_path;
-  if (const int code = fixed_ ? CalculateFixed(session) : Calculate(console, session);
-      code != exit_code::kDone) {
+  const int code = fixed_ ? CalculateOnFixedDiameters(session)
+                          : CalculateStudy(console, session, static_cast<Method>(method_));
+  if (code != exit_code::kDone) {
     return code;
   }
-  session.study().results_valid = true;
+  session.study().results_valid = true;  // told or saved here, they count as shown
   Print(console, MakeReport(session, file));
   return save_.empty() ? exit_code::kDone : Save(console, session, source);
 }
 
-int CalcCommand::Calculate(const Console& console, Session& session) const {
-  Workbench bench = session.bench();
-  const CommandEnd end = CalculateClosed(bench, static_cast<Method>(method_));
-  if (end == CommandEnd::kFindings || end == CommandEnd::kLost) {
-    PrintFindings(console.err, session);
-  }
-  return ExitCodeOf(end);
-}
-
-int CalcCommand::CalculateFixed(Session& session) const {
-  Workbench bench = session.bench();
-  const std::vector<SectionRow> rows = session.Rows();
-  if (!HasAllDiameters(rows)) {
-    bench.Show(140);
-    return exit_code::kRefused;
-  }
-  session.study().SingleSection = rows.size() == 1;
-  Rerun(bench);
-  switch (session.study().CalcStatus) {
-    case calc_status::kBrokenOff:
-      return exit_code::kBrokenOff;
-    case calc_status::kViscosity:
-      return exit_code::kRefused;
-    default:
-      return exit_code::kDone;
-  }
-}
-
-std::filesystem::path CalcCommand::TargetOf(const std::filesystem::path& source) const {
-  const std::filesystem::path target = studies_.size() > 1
-                                           ? std::filesystem::path(save_) / source.filename()
-                                           : std::filesystem::path(save_);
-  return WithExtension(target, SystemKind::kClosed);
-}
-
 int CalcCommand::Save(const Console& console, Session& session,
                       const std::filesystem::path& source) const {
-  const std::filesystem::path target = TargetOf(source);
-  std::error_code error;
-  if (std::filesystem::exists(target, error) && !overwrite_ &&
-      !std::filesystem::equivalent(target, source, error)) {
-    console.err << "Το Αρχείο αυτό, υπάρχει ήδη (--overwrite το αντικαθιστά) : " << target.string()
-                << '\n';
-    return exit_code::kUnwritable;
-  }
-  session.study().study_path = target;
-  Workbench bench = session.bench();
-  if (const Outcome saved = WriteStudy(bench); !saved) {
+  const Outcome saved = SaveStudy(session, source, SaveTarget(save_, source),
+                                  overwrite_ ? Existing::kReplace : Existing::kKeep);
+  if (!saved) {
+    console.out.flush();
     console.err << "Η μελέτη ΔΕΝ σώθηκε. " << saved.error().Line() << '\n';
     return exit_code::kUnwritable;
   }
   return exit_code::kDone;
 }
 
-void CalcCommand::PrintHead(const Console& console) const {
-  if (format_ == "csv") {
-    CsvReport(console, Units(), studies_.size() > 1).PrintHead();
-  }
-}
-
 void CalcCommand::Print(const Console& console, const StudyReport& report) {
-  if (format_ == "csv") {
-    CsvReport(console, Units(), studies_.size() > 1).Print(report);
-  } else if (format_ == "json") {
+  const bool first = printed_++ == 0;
+  if (format_ == "json") {
     reports_.push_back(report);
-  } else {
-    PrintReport(console, report, Units());
-    if (studies_.size() > 1) {
-      console.out << '\n';
+  } else if (format_ == "csv") {
+    const CsvReport csv(console, Units(), studies_.size() > 1);
+    if (first) {
+      csv.PrintHead();
     }
+    csv.Print(report);
+  } else {
+    console.out << (first ? "" : "\n");
+    PrintReport(console, report, Units());
   }
 }
 
 void CalcCommand::PrintFoot(const Console& console) const {
-  if (format_ != "json") {
-    return;
-  }
-  nlohmann::ordered_json all = nlohmann::ordered_json::array();
-  for (const StudyReport& report : reports_) {
-    all.push_back(JsonOf(report, Units()));
-  }
-  if (studies_.size() > 1) {
-    console.out << all.dump(2) << '\n';
-  } else if (!all.empty()) {
-    console.out << all.front().dump(2) << '\n';
+  const bool many = studies_.size() > 1;
+  if (format_ == "json" && (many || !reports_.empty())) {
+    console.out << JsonText(reports_, Units(), many) << '\n';
   }
 }
 

@@ -4,7 +4,6 @@
 
 #include "cli/command.h"
 #include "cli/study_report.h"
-#include "engine/driver.h"
 
 namespace kalvo {
 
@@ -17,17 +16,15 @@ class CalcCommand : public Command {
  protected:
   [[nodiscard]] std::string Name() const override { return "calc"; }
   [[nodiscard]] std::string Help() const override;
+  [[nodiscard]] std::string Foot() const override;
   void AddArguments(CLI::App& app) override;
 
  private:
   [[nodiscard]] bool IsWrongUse(const Console& console) const;
+  int RunInBatch(const Console& console, std::size_t index);
   int RunOne(const Console& console, const std::string& file);
-  int Calculate(const Console& console, Session& session) const;
-  int CalculateFixed(Session& session) const;
   int Save(const Console& console, Session& session, const std::filesystem::path& source) const;
-  [[nodiscard]] std::filesystem::path TargetOf(const std::filesystem::path& source) const;
   [[nodiscard]] PressureUnits Units() const;
-  void PrintHead(const Console& console) const;
   void Print(const Console& console, const StudyReport& report);
   void PrintFoot(const Console& console) const;
 
@@ -39,8 +36,8 @@ class CalcCommand : public Command {
   std::string save_;
   std::string format_ = "table";
   std::string units_ = "mmwg";
-  CLI::Option* method_option_ = nullptr;
-  std::vector<StudyReport> reports_;
+  int printed_ = 0;                   ///< studies whose results were told so far
+  std::vector<StudyReport> reports_;  ///< those that are told together at the end
 };
 
 }  // namespace kalvo

@@ -1,5 +1,7 @@
 #include "cli/command.h"
 
+#include <CLI/CLI.hpp>
+
 #include "cli/session.h"
 
 namespace kalvo {
@@ -8,14 +10,19 @@ CLI::App* Command::AddTo(CLI::App& program) {
   CLI::App* app = program.add_subcommand(Name(), Help());
   app->group("Εντολές");
   app->option_defaults()->group("Επιλογές");
-  app->footer("");
+  app->footer(Foot());
   AddArguments(*app);
   return app;
 }
 
+std::string Command::Foot() const {
+  return "Γενικές επιλογές, βλ. kalvo --help : --quiet, --separators XX";
+}
+
 void Command::AddLibraryOption(CLI::App& app) {
   app.add_option("--library", library_,
-                 "Φάκελος με τις Βιβλιοθήκες Σωλήνων (0001.WPT ...) και το Liquids.dat")
+                 "Φάκελος με άλλες Βιβλιοθήκες Σωλήνων (0001.WPT ...) και Ρέοντα Μέσα\n"
+                 "(Liquids.dat), όπου τίποτα δεν γράφεται")
       ->type_name("DIR");
 }
 

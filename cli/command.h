@@ -1,10 +1,14 @@
 #pragma once
 
-#include <CLI/CLI.hpp>
-
 #include <filesystem>
+#include <string>
 
 #include "cli/console.h"
+
+namespace CLI {
+class App;
+class Option;
+}  // namespace CLI
 
 namespace kalvo {
 
@@ -21,6 +25,8 @@ class Command {
  protected:
   [[nodiscard]] virtual std::string Name() const = 0;
   [[nodiscard]] virtual std::string Help() const = 0;
+  /// What follows the arguments in the command's help.
+  [[nodiscard]] virtual std::string Foot() const;
   virtual void AddArguments(CLI::App& app) = 0;
 
   /// A folder of libraries other than the delivered one.

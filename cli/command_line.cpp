@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "cli/calc_command.h"
+#include "cli/greek_help.h"
 #include "cli/library_commands.h"
 #include "cli/study_commands.h"
 
@@ -15,46 +16,15 @@ constexpr const char* kAbout =
     "Kalvoflume: υπολογισμός δικτύων σωλήνων με υγρό, από τη γραμμή εντολών";
 
 constexpr const char* kFoot =
+    "kalvo ΕΝΤΟΛΗ --help : τα ορίσματα μιας εντολής\n"
     "Κωδικοί εξόδου: 0 έγινε, 2 λανθασμένη χρήση, 3 η μελέτη δεν διαβάζεται,\n"
     "4 ο υπολογισμός δεν επιτρέπεται, 5 διακόπηκε, 6 το αποτέλεσμα δεν γράφεται.\n"
+    "Τα μηνύματα βγαίνουν στην έξοδο σφαλμάτων.\n"
     "Παραδείγματα:\n"
     "  kalvo calc Κτίριο.PCK\n"
     "  kalvo calc Κτίριο.PCK --method 2 --save Κτίριο2.PCK\n"
     "  kalvo calc *.PCK --format csv --separators ,. > μελέτες.csv\n"
     "  kalvo explain Κτίριο.PCK 12";
-
-// CLI11's headings in Greek.
-std::shared_ptr<CLI::Formatter> GreekFormatter() {
-  auto formatter = std::make_shared<CLI::Formatter>();
-  formatter->column_width(26);
-  formatter->label("Usage", "Χρήση");
-  formatter->label("OPTIONS", "ΕΠΙΛΟΓΕΣ");
-  formatter->label("Options", "Επιλογές");
-  formatter->label("Positionals", "Ορίσματα");
-  formatter->label("SUBCOMMAND", "ΕΝΤΟΛΗ");
-  formatter->label("Subcommands", "Εντολές");
-  formatter->label("REQUIRED", "(απαιτείται)");
-  formatter->label("TEXT", "ΚΕΙΜΕΝΟ");
-  formatter->label("Excludes", "Όχι μαζί με");
-  return formatter;
-}
-
-std::string WhatIsWrong(const CLI::ParseError& error, const CLI::App& program) {
-  const std::string name = error.get_name();
-  if (dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr) {
-    std::string rest;
-    for (const std::string& word : program.remaining(true)) {
-      rest += " " + word;
-    }
-    return "Άγνωστο όρισμα :" + rest;
-  }
-  if (name == "RequiredError") return "Λείπει απαραίτητο όρισμα";
-  if (name == "ExcludesError") return "Οι επιλογές --fixed και --method δεν δίνονται μαζί";
-  if (name == "ConversionError") return "Όρισμα που δεν είναι αριθμός";
-  if (name == "ValidationError") return "Τιμή που δεν επιτρέπεται";
-  if (name == "ArgumentMismatch") return "Λείπει η τιμή μιας επιλογής";
-  return "Λανθασμένη χρήση";
-}
 
 bool ReadSeparators(const std::string& text, Console& console) {
   if (text.empty()) {
@@ -72,7 +42,7 @@ bool ReadSeparators(const std::string& text, Console& console) {
 class Program {
  public:
   explicit Program(Console console) : console_(console) {
-    app_.formatter(GreekFormatter());
+    app_.formatter(GreekHelp());
     app_.footer(kFoot);
     app_.option_defaults()->group("Επιλογές");
     app_.set_help_flag("-h,--help", "Δείχνει αυτή τη βοήθεια");
@@ -80,7 +50,8 @@ class Program {
     app_.fallthrough();
     app_.add_flag("--quiet", console_.quiet, "Χωρίς παρατηρήσεις και πρόοδο");
     app_.add_option("--separators", separators_,
-                    "Διαχωριστικά δεκαδικών και χιλιάδων, \",.\" ή \".,\"")
+                    "Διαχωριστικά δεκαδικών και χιλιάδων, \",.\" ή \".,\"\n"
+                    "(αν δεν ορισθούν: του συστήματος, στο csv \".,\")")
         ->type_name("XX");
     Add<CalcCommand>();
     Add<CheckCommand>();
@@ -104,12 +75,9 @@ class Program {
     if (!ReadSeparators(separators_, console_)) {
       return WrongUse("Τα διαχωριστικά είναι \",.\" ή \".,\" : " + separators_);
     }
-    for (const auto& [app, command] : commands_) {
-      if (app->parsed()) {
-        return command->Run(console_);
-      }
-    }
-    return WrongUse("Λείπει η εντολή");
+    const auto given = std::find_if(commands_.begin(), commands_.end(),
+                                    [](const auto& entry) { return entry.first->parsed(); });
+    return given->second->Run(console_);
   }
 
  private:
@@ -117,13 +85,15 @@ class Program {
   void Add() {
     auto command = std::make_unique<CommandType>();
     CLI::App* app = command->AddTo(app_);
-    app->formatter(GreekFormatter());
+    app->formatter(GreekHelp());
     app->set_help_flag("-h,--help", "Δείχνει αυτή τη βοήθεια");
     commands_.emplace_back(app, std::move(command));
   }
 
   int WrongUse(const std::string& what) {
-    console_.err << what << "\nΒοήθεια : kalvo --help\n";
+    const auto given = app_.get_subcommands();
+    const std::string command = given.empty() ? "" : given.front()->get_name() + " ";
+    console_.err << console_.Alarm(what) << "\nΒοήθεια : kalvo " << command << "--help\n";
     return exit_code::kWrongUse;
   }
 
@@ -136,7 +106,13 @@ class Program {
 }  // namespace
 
 int RunCommandLine(std::vector<std::string> arguments, Console console) {
-  return Program(console).Run(std::move(arguments));
+  try {
+    return Program(console).Run(std::move(arguments));
+  } catch (const std::exception& error) {
+    // What no command foresees, such as memory that runs out.
+    console.err << "Απρόβλεπτο σφάλμα : " << error.what() << '\n';
+    return exit_code::kBrokenOff;
+  }
 }
 
 }  // namespace kalvo

@@ -17,12 +17,32 @@ struct Console {
   Separators csv_separators = {'.', ','};
   bool out_is_terminal = false;
   bool err_is_terminal = false;
-  int width = 0;  ///< columns of the terminal, 0 for no limit
+  bool colours = true;  ///< wanted where a terminal shows them
+  int width = 0;        ///< columns of the terminal, 0 for no limit
   bool quiet = false;
 
-  /// `text` made to stand out on a terminal, plain elsewhere.
-  [[nodiscard]] std::string Strong(const std::string& text) const {
-    return out_is_terminal ? "\x1b[1m" + text + "\x1b[0m" : text;
+  /// The same manners on other streams.
+  [[nodiscard]] Console On(std::ostream& other_out, std::ostream& other_err) const {
+    return {other_out,       other_err, separators, csv_separators, out_is_terminal,
+            err_is_terminal, colours,   width,      quiet};
+  }
+
+  /// `text` made to stand out on a terminal, plain elsewhere: a heading, what is marked among
+  /// results, the title of a message.
+  [[nodiscard]] std::string Heading(const std::string& text) const {
+    return Painted(text, "1;36", out_is_terminal);
+  }
+  [[nodiscard]] std::string Marked(const std::string& text) const {
+    return Painted(text, "1;35", out_is_terminal);
+  }
+  [[nodiscard]] std::string Alarm(const std::string& text) const {
+    return Painted(text, "1;31", err_is_terminal);
+  }
+
+ private:
+  [[nodiscard]] std::string Painted(const std::string& text, const std::string& colour,
+                                    bool terminal) const {
+    return terminal && colours ? "\x1b[" + colour + "m" + text + "\x1b[0m" : text;
   }
 };
 

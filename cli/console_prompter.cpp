@@ -11,16 +11,12 @@ constexpr int kCapacity = -300;
 
 }  // namespace
 
-void PrintBox(std::ostream& stream, const Box& box) {
-  stream << box.title << '\n';
-  for (const std::string& line : box.lines) {
-    stream << line << '\n';
-  }
-}
-
 void ConsolePrompter::Print(const Box& box) const {
   console_.out.flush();
-  PrintBox(console_.err, box);
+  console_.err << console_.Alarm(box.title) << '\n';
+  for (const std::string& line : box.lines) {
+    console_.err << line << '\n';
+  }
 }
 
 Answer ConsolePrompter::ShowMessage(int code, const Study& study) {

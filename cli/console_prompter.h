@@ -17,12 +17,10 @@ class ConsolePrompter : public Prompter {
   Answer Ask(const Box& box) override;
 
  private:
+  // Title line and text lines as they stand.
   void Print(const Box& box) const;
 
   const Console& console_;
 };
-
-/// Prints a box as a title line and its text lines, as they stand.
-void PrintBox(std::ostream& stream, const Box& box);
 
 }  // namespace kalvo

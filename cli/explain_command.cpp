@@ -1,8 +1,8 @@
-#include <cmath>
+#include <CLI/CLI.hpp>
 
+#include "cli/closed_run.h"
 #include "cli/study_commands.h"
 #include "cli/text_table.h"
-#include "engine/calculation_command.h"
 #include "engine/explain.h"
 #include "engine/trap.h"
 
@@ -16,9 +16,12 @@ std::string Shown(double value, const Console& console) {
 
 void PrintSteps(const Console& console, const DropExplanation& explanation) {
   TextTable table(
-      {{"Μέγεθος", "", true}, {"Τιμή", ""}, {"Μονάδα", "", true}, {"Τύπος", "", true, true}});
+      {{"α/α", ""}, {"Μέγεθος", "", true}, {"Τιμή", ""}, {"Μονάδα", "", true}, {"Τύπος", "", true}},
+      2);
+  int number = 0;
   for (const ExplainStep& step : explanation.steps) {
-    table.Add({step.what, Shown(step.value, console), step.unit, step.formula});
+    table.Add(
+        {std::to_string(++number), step.what, Shown(step.value, console), step.unit, step.formula});
   }
   table.Print(console);
 }
@@ -48,8 +51,8 @@ void PrintShares(const Console& console, const DropExplanation& explanation) {
 
 void PrintExplanation(const Console& console, const SectionRow& row,
                       const DropExplanation& explanation) {
-  console.out << console.Strong("Τμήμα " + std::to_string(row.RecordNumber) + "  " +
-                                FromCodePage(row.Name.bytes()) + "  " + row.NomiDiam.Utf8())
+  console.out << console.Heading("Τμήμα " + std::to_string(row.RecordNumber) + "  " +
+                                 FromCodePage(row.Name.bytes()) + "  " + row.NomiDiam.Utf8())
               << '\n';
   PrintSteps(console, explanation);
   PrintFittings(console, explanation);
@@ -76,13 +79,16 @@ int ExplainCommand::RunOn(const Console& console, Session& session) {
                 << session.study().SectionCount << " Τμήματα\n";
     return exit_code::kWrongUse;
   }
-  Workbench bench = session.bench();
+  if (IsOpenStudy(console, session, file())) {
+    return exit_code::kRefused;
+  }
   if (!session.study().results_valid) {
-    const CommandEnd end = CalculateClosed(bench, static_cast<Method>(method_));
-    if (end != CommandEnd::kCalculated) {
-      return end == CommandEnd::kBrokenOff ? exit_code::kBrokenOff : exit_code::kRefused;
+    const int code = CalculateStudy(console, session, static_cast<Method>(method_));
+    if (code != exit_code::kDone) {
+      return code;
     }
   }
+  Workbench bench = session.bench();
   int code = exit_code::kBrokenOff;
   RunTrapped(bench, [&] {
     const auto pass = LoadPassConditions(bench);

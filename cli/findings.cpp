@@ -1,5 +1,6 @@
 #include "cli/findings.h"
 
+#include "cli/text_table.h"
 #include "engine/checks.h"
 
 namespace kalvo {
@@ -14,21 +15,21 @@ std::string LostText(const LostWalk& lost) {
     return "Δεν υπάρχει το Τμήμα " + std::to_string(lost.emitter_section) + " του Σώματος";
   }
   return "Ο Κλάδος του Σώματος στο Τμήμα " + std::to_string(lost.emitter_section) +
-         " χάνεται στον Κόμβο " + lost.node;
+         " χάνεται στον Κόμβο " + Printable(lost.node);
 }
 
 }  // namespace
 
-void PrintFindings(std::ostream& stream, Session& session) {
-  if (const auto text = session.workspace().Read(work_file::kErrors)) {
-    stream << *text;
-  }
+std::string FindingsText(Session& session) {
+  const auto list = session.workspace().Read(work_file::kErrors);
+  std::string text = list ? *list : "";
   if (session.study().lost_walk) {
-    stream << LostText(*session.study().lost_walk) << '\n';
-    if (!session.workspace().Exists(work_file::kErrors)) {
-      stream << GreekSourceFindings(session.study().SectionTable);
+    text += LostText(*session.study().lost_walk) + "\n";
+    if (!list) {
+      text += GreekSourceFindings(session.study().SectionTable);
     }
   }
+  return text;
 }
 
 }  // namespace kalvo

@@ -1,12 +1,12 @@
 #pragma once
 
-#include <ostream>
+#include <string>
 
 #include "cli/session.h"
 
 namespace kalvo {
 
-/// Prints what the last check found: the lines of the error list, then where a walk was lost.
-void PrintFindings(std::ostream& stream, Session& session);
+/// What the last check found, a line each: those of the error list, then where a walk was lost.
+std::string FindingsText(Session& session);
 
 }  // namespace kalvo

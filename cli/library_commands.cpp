@@ -1,5 +1,7 @@
 #include "cli/library_commands.h"
 
+#include <CLI/CLI.hpp>
+
 #include "cli/session.h"
 #include "cli/text_table.h"
 #include "study/fluid_library.h"
@@ -19,7 +21,7 @@ void PrintSystems(const Console& console, const PipeList& pipes) {
 
 void PrintSizes(const Console& console, const std::vector<PipeRow>& sizes) {
   const auto number = [&](float value) { return FormatNumber(value, console.separators); };
-  console.out << console.Strong(sizes.front().title.Utf8()) << '\n';
+  console.out << console.Heading(sizes.front().title.Utf8()) << '\n';
   console.out << MaterialLine(sizes.front().material.Utf8()) << ", τραχύτητα "
               << number(sizes.front().roughness) << " mm\n";
   TextTable table({{"α/α", ""}, {"Διάμετρος", "", true}, {"Εσωτερική", "mm"}, {"Διατομή", "mm²"}});
@@ -33,7 +35,7 @@ void PrintSizes(const Console& console, const std::vector<PipeRow>& sizes) {
 }  // namespace
 
 void PipesCommand::AddArguments(CLI::App& app) {
-  app.add_option("N", number_, "Αριθμός Συστήματος Σωλήνων")->type_name("");
+  number_option_ = app.add_option("N", number_, "Αριθμός Συστήματος Σωλήνων")->type_name("");
   AddLibraryOption(app);
 }
 
@@ -42,9 +44,13 @@ int PipesCommand::Run(const Console& console) {
   if (!session.ok()) {
     return exit_code::kUnreadable;
   }
-  if (number_ == 0) {
+  if (number_option_->count() == 0) {
     PrintSystems(console, session.pipes());
     return exit_code::kDone;
+  }
+  if (number_ < 1 || number_ > static_cast<int>(session.pipes().size())) {
+    console.err << "Δεν υπάρχει το Σύστημα Σωλήνων Νο " << number_ << '\n';
+    return exit_code::kWrongUse;
   }
   const auto sizes = ReadPipeSystem(session.workspace(), number_);
   if (!sizes) {
@@ -63,6 +69,10 @@ int FluidsCommand::Run(const Console& console) {
   const auto fluids = ReadFluids(session.workspace());
   if (!fluids) {
     console.err << fluids.error().Line() << '\n';
+    return exit_code::kUnreadable;
+  }
+  if (fluids->empty()) {
+    console.err << "Δεν βρέθηκαν Ρέοντα Μέσα : " << Library().string() << '\n';
     return exit_code::kUnreadable;
   }
   TextTable table({{"Νο", ""},

@@ -18,6 +18,7 @@ class PipesCommand : public Command {
 
  private:
   int number_ = 0;
+  CLI::Option* number_option_ = nullptr;
 };
 
 /// `kalvo fluids`: the fluids of the library.

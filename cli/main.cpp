@@ -2,6 +2,7 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <cstdlib>
 
 #include "cli/command_line.h"
 
@@ -22,8 +23,13 @@ int main(int argc, char** argv) {
   kalvo::Console console{std::cout, std::cerr, kalvo::DetectSeparators()};
   console.out_is_terminal = isatty(STDOUT_FILENO) != 0;
   console.err_is_terminal = isatty(STDERR_FILENO) != 0;
+  console.colours = std::getenv("NO_COLOR") == nullptr;
   console.width = TerminalWidth();
   const int code = kalvo::RunCommandLine({argv + 1, argv + argc}, console);
   std::cout.flush();
-  return std::cout.good() ? code : kalvo::exit_code::kUnwritable;
+  if (!std::cout.good()) {
+    std::cerr << "Το αποτέλεσμα ΔΕΝ γράφτηκε στην έξοδο του προγράμματος\n";
+    return kalvo::exit_code::kUnwritable;
+  }
+  return code;
 }

@@ -20,10 +20,12 @@ constexpr std::array<std::string_view, 38> kColumns = {
     "AngSwitch",    "DiaTee",     "DieTee",    "AntiTee",      "SymboTee",   "CheckValve",
     "OtherDrop_mm", "OtherDrop_m"};
 
-template <typename Number>
-std::string ExactText(Number value, char decimal) {
+// The shortest decimal that reads back to the value.
+std::string ExactText(float value, char decimal) {
   std::array<char, 64> buffer{};
-  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value).ptr;
+  const auto end =
+      std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::fixed)
+          .ptr;
   std::string text(buffer.data(), end);
   if (const std::size_t point = text.find('.'); point != std::string::npos) {
     text[point] = decimal;

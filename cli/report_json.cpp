@@ -1,5 +1,7 @@
 #include "cli/report_json.h"
 
+#include <nlohmann/json.hpp>
+
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -89,8 +91,6 @@ Json PumpOf(const StudyReport& report, PressureUnits units) {
   return pump;
 }
 
-}  // namespace
-
 Json JsonOf(const StudyReport& report, PressureUnits units) {
   Json json = {{"study", report.file},
                {"title", report.title},
@@ -115,6 +115,17 @@ Json JsonOf(const StudyReport& report, PressureUnits units) {
   json["notes"] = {{"above_design_velocity", report.notes.above_design_velocity},
                    {"on_largest_pipe", report.notes.on_largest_pipe}};
   return json;
+}
+
+}  // namespace
+
+std::string JsonText(const std::vector<StudyReport>& reports, PressureUnits units, bool as_array) {
+  Json all = Json::array();
+  for (const StudyReport& report : reports) {
+    all.push_back(JsonOf(report, units));
+  }
+  const Json& whole = as_array || all.empty() ? all : all.front();
+  return whole.dump(2, ' ', false, Json::error_handler_t::replace);
 }
 
 }  // namespace kalvo

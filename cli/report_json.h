@@ -1,12 +1,14 @@
 #pragma once
 
-#include <nlohmann/json.hpp>
+#include <string>
+#include <vector>
 
 #include "cli/study_report.h"
 
 namespace kalvo {
 
-/// The whole report as JSON; units stand in the keys.
-nlohmann::ordered_json JsonOf(const StudyReport& report, PressureUnits units);
+/// The whole of each report as JSON, units in the keys: an array, or a lone report by itself. What
+/// is no UTF-8 in the name of a file comes out as U+FFFD.
+std::string JsonText(const std::vector<StudyReport>& reports, PressureUnits units, bool as_array);
 
 }  // namespace kalvo

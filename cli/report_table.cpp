@@ -9,14 +9,6 @@ namespace kalvo {
 
 namespace {
 
-// A heading line: its label padded to a column, its text wrapped behind it.
-void PrintFact(const Console& console, std::string label, const std::string& text) {
-  constexpr std::size_t kLabelWidth = 22;
-  label.append(kLabelWidth - std::min(kLabelWidth, CountCharacters(label)), ' ');
-  console.out << label << ": ";
-  PrintWrapped(console, text, kLabelWidth + 2);
-}
-
 class ReportPrinter {
  public:
   ReportPrinter(const Console& console, const StudyReport& report, PressureUnits units)
@@ -50,7 +42,10 @@ class ReportPrinter {
     const auto fact = [this](std::string label, const std::string& text) {
       PrintFact(console_, std::move(label), text);
     };
-    console_.out << console_.Strong(report_.title.empty() ? report_.file : report_.title) << '\n';
+    console_.out << console_.Heading(
+                        Printable(report_.title.empty() ? report_.file : report_.title))
+                 << '\n';
+    fact("Μελέτη", report_.file);
     fact("Παροχή αντλίας", Text(report_.total_flow_m3h, "#,##0.00") + " m³/h");
     std::string head = Text(report_.pump_head_m, "#,##0.00") + " m w.g.";
     if (pascal_) {
@@ -66,14 +61,14 @@ class ReportPrinter {
 
   [[nodiscard]] std::vector<TextColumn> SectionColumns() const {
     std::vector<TextColumn> columns = {{" ", "", true},         {"α/α", ""},
-                                       {"Τμήμα", "", true},     {"Μήκος", "m", false, true},
+                                       {"Τμήμα", "", true},     {"Μήκος", "m"},
                                        {"Διάμετρος", "", true}, {"Παροχή", "l/h"},
                                        {"Ταχύτητα", "m/s"},     {"R", "mm/m"},
                                        {"Πτώση", "mm w.g."},    {"Διαθέσιμη", "mm w.g."}};
     if (pascal_) {
-      columns.push_back({"R", "Pa/m", false, true});
-      columns.push_back({"Πτώση", "kPa", false, true});
-      columns.push_back({"Διαθέσιμη", "kPa", false, true});
+      columns.push_back({"R", "Pa/m"});
+      columns.push_back({"Πτώση", "kPa"});
+      columns.push_back({"Διαθέσιμη", "kPa"});
     }
     return columns;
   }
@@ -103,7 +98,7 @@ class ReportPrinter {
   }
 
   void PrintSections() {
-    TextTable table(SectionColumns());
+    TextTable table(SectionColumns(), 3);
     for (const SectionRow& row : report_.rows) {
       table.Add(SectionCells(row), report_.IsCritical(row.RecordNumber));
     }
@@ -119,6 +114,9 @@ class ReportPrinter {
   }
 
   void PrintPipes() {
+    if (report_.pipes.empty()) {
+      return;
+    }
     TextTable table({{"Διάμετρος", "", true},
                      {"Μήκος", "m"},
                      {"Γωνίες", "90°"},
@@ -169,6 +167,13 @@ class ReportPrinter {
 };
 
 }  // namespace
+
+void PrintFact(const Console& console, std::string label, const std::string& text) {
+  constexpr std::size_t kLabelWidth = 22;
+  label.append(kLabelWidth - std::min(kLabelWidth, CountCharacters(label)), ' ');
+  console.out << label << ": ";
+  PrintWrapped(console, text, kLabelWidth + 2);
+}
 
 void PrintReport(const Console& console, const StudyReport& report, PressureUnits units) {
   ReportPrinter(console, report, units).Print();

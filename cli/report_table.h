@@ -8,4 +8,7 @@ namespace kalvo {
 /// the critical branch marked, pipes and fittings, water content, notes.
 void PrintReport(const Console& console, const StudyReport& report, PressureUnits units);
 
+/// A heading line: its label padded to a column, its text wrapped behind it.
+void PrintFact(const Console& console, std::string label, const std::string& text);
+
 }  // namespace kalvo

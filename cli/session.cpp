@@ -42,7 +42,7 @@ bool Session::Load(const std::filesystem::path& path) {
   const SystemKind kind = KindOfName(path.string());
   study_ = Study();
   study_.system_kind = kind == SystemKind::kNone ? SystemKind::kClosed : kind;
-  study_.study_path = path;
+  study_.study_path = std::filesystem::absolute(path);
   Workbench at = bench();
   LoadStudy(at, RecentList::kLeave);
   if (study_.CalcStatus != calc_status::kNothing) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <numeric>
 #include <sstream>
+#include <utility>
 
 #include "study/codepage.h"
 
@@ -10,15 +11,49 @@ namespace kalvo {
 
 namespace {
 
-constexpr std::size_t kGap = 2;
-
 std::string Aligned(const std::string& text, std::size_t width, bool left) {
   const std::size_t length = CountCharacters(text);
   const std::string blanks(width > length ? width - length : 0, ' ');
   return left ? text + blanks : blanks + text;
 }
 
+std::size_t WidthOf(std::size_t first, std::size_t last, std::size_t gap,
+                    const std::vector<std::size_t>& widths) {
+  std::size_t sum = 0;
+  for (std::size_t c = first; c < last; ++c) {
+    sum += widths[c] + (c == first ? 0 : gap);
+  }
+  return sum;
+}
+
+// All columns side by side, or as many as fit `width`, the first `keys` in front of each lot.
+std::vector<std::vector<std::size_t>> BlocksOf(const std::vector<std::size_t>& widths,
+                                               std::size_t keys, std::size_t gap,
+                                               std::size_t width) {
+  std::vector<std::size_t> key_columns(keys);
+  std::iota(key_columns.begin(), key_columns.end(), std::size_t{0});
+  const std::size_t key_width = WidthOf(0, keys, gap, widths);
+  std::vector<std::vector<std::size_t>> blocks{key_columns};
+  std::size_t used = key_width;
+  for (std::size_t c = keys; c < widths.size(); ++c) {
+    if (width > 0 && used + gap + widths[c] > width && blocks.back().size() > keys) {
+      blocks.push_back(key_columns);
+      used = key_width;
+    }
+    blocks.back().push_back(c);
+    used += gap + widths[c];
+  }
+  return blocks;
+}
+
 }  // namespace
+
+void TextTable::Add(std::vector<std::string> cells, bool marked) {
+  for (std::string& cell : cells) {
+    cell = Printable(cell);
+  }
+  rows_.push_back({std::move(cells), marked});
+}
 
 std::vector<std::size_t> TextTable::Widths() const {
   std::vector<std::size_t> widths;
@@ -33,56 +68,56 @@ std::vector<std::size_t> TextTable::Widths() const {
   return widths;
 }
 
-std::vector<std::size_t> TextTable::ShownColumns(const std::vector<std::size_t>& widths,
-                                                 int width) const {
-  std::vector<std::size_t> shown(columns_.size());
-  std::iota(shown.begin(), shown.end(), std::size_t{0});
-  const auto total = [&] {
-    std::size_t sum = 0;
-    for (const std::size_t c : shown) {
-      sum += widths[c] + kGap;
-    }
-    return sum - std::min(sum, kGap);
-  };
-  for (std::size_t c = columns_.size(); c-- > 0;) {
-    if (width > 0 && total() > static_cast<std::size_t>(width) && columns_[c].optional) {
-      std::erase(shown, c);
-    }
-  }
-  return shown;
-}
-
 void TextTable::Print(const Console& console) const {
   const std::vector<std::size_t> widths = Widths();
-  const std::vector<std::size_t> shown = ShownColumns(widths, console.width);
+  const auto width = static_cast<std::size_t>(console.width);
+  constexpr std::size_t kWide = 2;
+  const bool fits = width == 0 || WidthOf(0, widths.size(), kWide, widths) <= width;
+  const std::size_t gap = fits ? kWide : 1;
+  bool first = true;
+  for (const Block& block : BlocksOf(widths, key_columns_, gap, width)) {
+    if (!std::exchange(first, false)) {
+      console.out << '\n';
+    }
+    PrintBlock(console, block, gap, widths);
+  }
+}
+
+void TextTable::PrintBlock(const Console& console, const Block& block, std::size_t gap,
+                           const std::vector<std::size_t>& widths) const {
   const auto line = [&](auto&& text_of) {
     std::string text;
-    for (const std::size_t c : shown) {
-      text += (text.empty() ? "" : std::string(kGap, ' ')) +
+    for (const std::size_t c : block) {
+      text += (text.empty() ? "" : std::string(gap, ' ')) +
               Aligned(text_of(c), widths[c], columns_[c].left_aligned);
     }
     text.erase(text.find_last_not_of(' ') + 1);
     return text;
   };
-  console.out << console.Strong(line([&](std::size_t c) { return columns_[c].head; })) << '\n';
-  const bool has_units = std::any_of(columns_.begin(), columns_.end(),
-                                     [](const TextColumn& column) { return !column.unit.empty(); });
+  console.out << console.Heading(line([&](std::size_t c) { return columns_[c].head; })) << '\n';
+  const bool has_units = std::any_of(block.begin(), block.end(),
+                                     [&](std::size_t c) { return !columns_[c].unit.empty(); });
   if (has_units) {
     console.out << line([&](std::size_t c) { return columns_[c].unit; }) << '\n';
   }
   for (const Row& row : rows_) {
     const std::string text = line([&](std::size_t c) { return row.cells[c]; });
-    console.out << (row.strong ? console.Strong(text) : text) << '\n';
+    console.out << (row.marked ? console.Marked(text) : text) << '\n';
   }
 }
 
 void PrintWrapped(const Console& console, const std::string& text, std::size_t indent) {
+  const std::string clean = Printable(text);
   const auto width = static_cast<std::size_t>(console.width);
+  if (width == 0 || indent + CountCharacters(clean) <= width) {
+    console.out << clean << '\n';
+    return;
+  }
   std::size_t column = indent;
-  std::istringstream words(text);
+  std::istringstream words(clean);
   for (std::string word; words >> word;) {
     const std::size_t length = CountCharacters(word);
-    if (column > indent && width > 0 && column + 1 + length > width) {
+    if (column > indent && column + 1 + length > width) {
       console.out << '\n' << std::string(indent, ' ');
       column = indent;
     } else if (column > indent) {
@@ -93,6 +128,16 @@ void PrintWrapped(const Console& console, const std::string& text, std::size_t i
     column += length;
   }
   console.out << '\n';
+}
+
+std::string Printable(std::string_view utf8) {
+  std::string clean;
+  while (!utf8.empty()) {
+    const char32_t character = TakeCharacter(utf8);
+    const bool control = character < 0x20 || (character >= 0x7F && character < 0xA0);
+    AppendUtf8(clean, control ? U'?' : character);
+  }
+  return clean;
 }
 
 }  // namespace kalvo

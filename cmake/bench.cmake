@@ -7,10 +7,11 @@ if(bench_sources)
   add_executable(kalvo_bench ${bench_sources})
   target_include_directories(kalvo_bench PRIVATE "${PROJECT_SOURCE_DIR}")
   target_compile_definitions(kalvo_bench PRIVATE KALVO_LIBRARY_DIR="${KALVO_LIBRARY_DIR}"
-                             KALVO_SAMPLES_DIR="${KALVO_SAMPLES_DIR}")
+                             KALVO_SAMPLES_DIR="${KALVO_SAMPLES_DIR}"
+                             KALVO_BINARY="$<TARGET_FILE:kalvo>")
   target_link_libraries(kalvo_bench PRIVATE ${bench_links} benchmark::benchmark_main
                         kalvo_warnings)
-  foreach(need IN ITEMS kalvo_pipes kalvo_samples)
+  foreach(need IN ITEMS kalvo kalvo_pipes kalvo_samples)
     if(TARGET ${need})
       add_dependencies(kalvo_bench ${need})
     endif()

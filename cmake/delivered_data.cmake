@@ -1,14 +1,20 @@
 # The small build-time programs of tools/ and the data they make: pipe and fluid libraries in
 # <build>/data/library, sample studies in <build>/data/samples.
 
+# Every tools/*.cpp is a program but tools/sample_*.cpp, which belong to build_samples.
 kalvo_sources(tool_sources "tools/*.cpp")
-kalvo_links(tool_links shell)
+kalvo_sources(sample_sources "tools/sample_*.cpp")
+list(REMOVE_ITEM tool_sources ${sample_sources})
+kalvo_links(tool_links engine)
 foreach(source IN LISTS tool_sources)
   cmake_path(GET source STEM tool)
   add_executable(${tool} ${source})
   target_include_directories(${tool} PRIVATE "${PROJECT_SOURCE_DIR}")
   target_link_libraries(${tool} PRIVATE ${tool_links} kalvo_warnings)
 endforeach()
+if(TARGET build_samples)
+  target_sources(build_samples PRIVATE ${sample_sources})
+endif()
 
 set(KALVO_LIBRARY_DIR "${CMAKE_BINARY_DIR}/data/library")
 set(KALVO_SAMPLES_DIR "${CMAKE_BINARY_DIR}/data/samples")
@@ -39,7 +45,7 @@ endif()
 if(TARGET build_samples AND TARGET kalvo_pipes)
   kalvo_data_folder(kalvo_samples "${KALVO_SAMPLES_DIR}" hotel.PCK
                     DEPENDS build_samples "${KALVO_LIBRARY_DIR}/Liquids.dat"
-                    COMMAND build_samples "${KALVO_SAMPLES_DIR}")
+                    COMMAND build_samples "${KALVO_LIBRARY_DIR}" "${KALVO_SAMPLES_DIR}")
   add_dependencies(kalvo_samples kalvo_pipes)
   install(DIRECTORY "${KALVO_SAMPLES_DIR}/" DESTINATION share/kalvoflume/samples)
 endif()

@@ -85,7 +85,7 @@ void CriticalPassPressure(Workbench& bench) {
   RowStore store(bench.workspace);
   store.SaveAfter([&] {
     const CriticalBranch critical = FindCriticalBranch(bench.study, store);
-    BalanceBranches({bench, store, *pass, critical});
+    BalanceBranches(MakeBalanceContext(bench, store, *pass, critical));
   });
 }
 

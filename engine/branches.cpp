@@ -31,7 +31,7 @@ class BranchBuilder {
       WalkToEnd(branch);
     }
     for (const int number : branch) {
-      NumberCell(number);
+      RequireCell(number);
     }
     return branch;
   }
@@ -70,7 +70,18 @@ class BranchBuilder {
 
 }  // namespace
 
-std::string NumberCell(int number) { return PadBehind(std::to_string(number), kCellDigits) + "-"; }
+void RequireCell(int number) {
+  constexpr int kLeast = -99;
+  constexpr int kMost = 999;
+  if (number < kLeast || number > kMost) {
+    throw Fault(FaultCode::kBadArgument, "section number of more than three characters");
+  }
+}
+
+std::string NumberCell(int number) {
+  RequireCell(number);
+  return PadBehind(std::to_string(number), kCellDigits) + "-";
+}
 
 std::string BranchText(std::span<const int> branch) {
   std::string text;

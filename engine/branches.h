@@ -15,6 +15,9 @@ using Branch = std::vector<int>;
 /// Faults: 5 for a number of more than three characters.
 std::string NumberCell(int number);
 
+/// Faults: 5 for a number that NumberCell() has no room for.
+void RequireCell(int number);
+
 /// The branch as text, its cells one after the other, trimmed.
 std::string BranchText(std::span<const int> branch);
 

@@ -47,6 +47,7 @@ std::optional<CommandEnd> AskCapacity(Workbench& bench) {
     return Abort(bench.study);
   }
   bench.study.CalcStatus = calc_status::kNothing;
+  bench.study.answer = Answer::kNone;
   return go_on ? std::nullopt : std::optional(CommandEnd::kCapacity);
 }
 

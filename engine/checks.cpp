@@ -2,6 +2,7 @@
 
 #include "engine/first_row_index.h"
 #include "engine/row_store.h"
+#include "study/rounding.h"
 
 namespace kalvo {
 
@@ -20,7 +21,7 @@ std::string SectionFinding(std::size_t index, std::string_view what) {
 
 // Rows that bear `key` in the index, row `index` itself left out when `own` is the same key.
 bool OthersBear(const FirstRowIndex& index, std::uint32_t key, std::uint32_t own) {
-  return index.Count(key) > (key == own ? 1 : 0);
+  return index.All(key).size() > (key == own ? 1U : 0U);
 }
 
 void WriteFindings(Workbench& bench, const std::string& findings, bool append) {
@@ -52,18 +53,17 @@ void ConcludeOpen(Workbench& bench, const std::string& findings) {
   }
 }
 
-int FeederNumber(const SectionLine& line) {
-  return static_cast<int>(ParseNumber(FromCodePage(RightNode(line.name)), Separators{'.', ','}));
+double FeederNumber(const SectionLine& line) {
+  return ParseNumber(FromCodePage(RightNode(line.name)), ForceDotDecimal({}));
 }
 
-std::string SameNames(const Table& table) {
+std::string SameNames(const Table& table, const FirstRowIndex& by_left) {
   std::string findings;
   for (std::size_t i = 0; i < table.size(); ++i) {
-    const std::uint32_t own = NodeKey(LeftNode(table[i].name));
-    for (std::size_t j = i + 1; j < table.size(); ++j) {
-      if (NodeKey(LeftNode(table[j].name)) == own) {
-        findings +=
-            "Το Τμήμα " + RowText(i) + " και το Τμήμα " + RowText(j) + " έχουν το ίδιο όνομα !!\n";
+    for (const auto& [key, row] : by_left.All(NodeKey(LeftNode(table[i].name)))) {
+      if (static_cast<std::size_t>(row) > i + 1) {
+        findings += "Το Τμήμα " + RowText(i) + " και το Τμήμα " + std::to_string(row) +
+                    " έχουν το ίδιο όνομα !!\n";
       }
     }
   }
@@ -118,14 +118,14 @@ void CheckFeedersByName(Workbench& bench) {
       missing += SectionFinding(i, "τροφοδοτείται από ανύπαρκτο Τμήμα !!");
     }
   }
-  Conclude(bench, SameNames(table), missing);
+  Conclude(bench, SameNames(table, by_left), missing);
 }
 
 void CheckFeederNumbers(Workbench& bench) {
   const Table& table = bench.study.SectionTable;
   std::string findings;
   for (std::size_t i = 0; i < table.size(); ++i) {
-    if (FeederNumber(table[i]) > static_cast<int>(table.size())) {
+    if (FeederNumber(table[i]) > static_cast<double>(table.size())) {
       findings += "Το Τμήμα " + RowText(i) + " τροφοδοτείται από ανύπαρκτο Τμήμα (Νο " +
                   FromCodePage(Trim(RightNode(table[i].name))) + " )\n";
     }
@@ -138,8 +138,8 @@ void CheckFeederUse(Workbench& bench) {
   std::vector<int> count(table.size() + 1);
   std::vector<int> first(table.size() + 1);
   for (std::size_t j = 1; j < table.size(); ++j) {
-    const int feeder = FeederNumber(table[j]);
-    if (feeder < 1 || feeder > static_cast<int>(table.size())) {
+    const double feeder = FeederNumber(table[j]);
+    if (feeder < 1 || feeder > static_cast<double>(table.size()) || feeder != Int(feeder)) {
       continue;
     }
     const auto at = static_cast<std::size_t>(feeder);

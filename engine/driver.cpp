@@ -22,14 +22,6 @@ void RunNext(Workbench& bench, Pass&& pass) {
   }
 }
 
-// Sizing may have raised the design velocity for its own run.
-void RestoreMeanVel(Workbench& bench) {
-  const RowStore store(bench.workspace);
-  if (store.count() > 0) {
-    bench.study.MeanVel = store.At(1).MeanVel;
-  }
-}
-
 void FindPressures(Workbench& bench, Method method) {
   if (method == Method::kFlowAndPressure) {
     CriticalPassPressure(bench);
@@ -83,6 +75,8 @@ void RunPasses(Workbench& bench, Method method) {
   study.CalcAborted = false;
   study.MeanVelMode = method == Method::kFlowOnly;
   const std::int16_t row_before = study.CurrentRow;
+  // Row 1 has it too; sizing may raise the study's own value for the run.
+  const float design_velocity = study.MeanVel;
   RunNext(bench, [&] { ResetCalcFields(bench); });
   if (study.SystemClosed()) {
     RunNext(bench, [&] { SizePipes(bench, static_cast<int>(method)); });
@@ -95,10 +89,10 @@ void RunPasses(Workbench& bench, Method method) {
     });
     RunNext(bench, [&] { WriteStatistics(bench); });
   }
-  RunTrapped(bench, [&] { RestoreMeanVel(bench); });
+  study.MeanVel = design_velocity;
   study.CalcAborted = study.CalcStatus == calc_status::kBrokenOff;
   study.CurrentRow = row_before;
-  if (!Ended(study)) {
+  if (study.SystemClosed() && !Ended(study)) {
     study.recalculation_needed = false;
     study.recovery = false;
   }

@@ -88,9 +88,9 @@ void WriteGeneralValues(const Study& study, RowStore& store) {
 }
 
 void CheckRebuilt(Workbench& bench) {
-  const std::int16_t before = bench.study.CalcStatus;
+  bench.workspace.Delete(work_file::kErrors);
   CheckNodes(bench);
-  if (bench.study.CalcStatus == calc_status::kRefused && before != calc_status::kRefused) {
+  if (bench.study.CalcStatus == calc_status::kRefused) {
     bench.study.NameErrors = true;
   }
 }

@@ -27,11 +27,11 @@ int FirstRowIndex::First(std::uint32_t key) const {
   return found != entries_.end() && found->first == key ? found->second : 0;
 }
 
-int FirstRowIndex::Count(std::uint32_t key) const {
-  const auto begin = std::lower_bound(entries_.begin(), entries_.end(), Entry(key, 0));
-  const auto end =
-      std::find_if(begin, entries_.end(), [key](const Entry& entry) { return entry.first != key; });
-  return static_cast<int>(end - begin);
+std::span<const FirstRowIndex::Entry> FirstRowIndex::All(std::uint32_t key) const {
+  const auto [begin, end] =
+      std::equal_range(entries_.begin(), entries_.end(), Entry(key, 0),
+                       [](const Entry& a, const Entry& b) { return a.first < b.first; });
+  return {begin, end};
 }
 
 std::uint32_t NodeKey(std::string_view node) {

@@ -19,7 +19,8 @@ class FirstRowIndex {
 
   /// The lowest row with the key, 0 when there is none.
   [[nodiscard]] int First(std::uint32_t key) const;
-  [[nodiscard]] int Count(std::uint32_t key) const;
+  /// All entries with the key, rows rising.
+  [[nodiscard]] std::span<const Entry> All(std::uint32_t key) const;
 
  private:
   std::vector<Entry> entries_;

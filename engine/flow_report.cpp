@@ -10,6 +10,9 @@ namespace {
 constexpr const char* kRule =
     "=========================================================================\n";
 
+// Room for the report of a usual network, so that the text is not moved about as it grows.
+constexpr std::size_t kUsualReport = 1U << 18U;
+
 bool IsSource(std::string_view node) { return node == kSource; }
 
 // Clears the flows and says whether exactly one row ends at the source.
@@ -33,6 +36,7 @@ class FlowSummer {
   explicit FlowSummer(std::vector<SectionLine>& table)
       : table_(table), links_(LinkRows(table)), by_number_(IndexByNumber(table)), text_(kRule) {
     names_.reserve(table.size());
+    text_.reserve(kUsualReport);
     for (const SectionLine& line : table) {
       names_.push_back(FromCodePage(line.name.bytes()));
     }
@@ -60,7 +64,7 @@ class FlowSummer {
     return lost;
   }
 
-  [[nodiscard]] const std::string& text() const { return text_; }
+  [[nodiscard]] std::string TakeText() { return std::move(text_); }
 
  private:
   using NodeOf = std::string_view (*)(const FixedText<7>&);
@@ -122,7 +126,7 @@ void WriteSectionFlows(Workbench& bench) {
       break;
     }
   }
-  Require(bench.workspace.Write(work_file::kFlowReport, summer.text()));
+  Require(bench.workspace.Write(work_file::kFlowReport, summer.TakeText()));
 }
 
 }  // namespace kalvo

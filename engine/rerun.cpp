@@ -31,6 +31,7 @@ void MergeFirstMarks(Workbench& bench) {
 }
 
 void RunFixed(Workbench& bench) {
+  bench.study.SingleSection = RowStore(bench.workspace).count() == 1;
   RecalculateRows(bench);
   if (bench.study.CalcStatus == calc_status::kViscosity) {
     return;
@@ -56,9 +57,12 @@ Result<bool> DiametersDiffer(const Workspace& workspace, std::string_view older)
   if (!now) {
     return now.error();
   }
-  const std::size_t count = std::min(before->size(), now->size());
-  return !std::equal(now->begin(), now->begin() + static_cast<std::ptrdiff_t>(count),
-                     before->begin(), [](const SectionRow& a, const SectionRow& b) {
+  if (before->empty()) {
+    return false;
+  }
+  return before->size() < now->size() ||
+         !std::equal(now->begin(), now->end(), before->begin(),
+                     [](const SectionRow& a, const SectionRow& b) {
                        return a.NomiDiam.Trimmed() == b.NomiDiam.Trimmed();
                      });
 }
@@ -68,6 +72,7 @@ void Rerun(Workbench& bench) {
   study.CalcStatus = calc_status::kNothing;
   study.CalcAborted = false;
   study.unsaved_changes = true;
+  study.diameters_changed = true;
   const std::int16_t row_before = study.CurrentRow;
   RunTrapped(bench, [&] { RunFixed(bench); });
   study.CurrentRow = row_before;

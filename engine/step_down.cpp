@@ -169,12 +169,9 @@ class StepDown {
   // taken with its new drop: that is how the method is defined.
   bool RaisesCritical() const {
     constexpr int kSectionInHand = 10;
-    for (const Branch& branch : context_.critical.branches) {
-      if (std::find(branch.begin(), branch.end(), number_) == branch.end()) {
-        continue;
-      }
+    for (const Branch* branch : context_.branches_through[static_cast<std::size_t>(number_)]) {
       double sum = 0;
-      for (const int cell : branch) {
+      for (const int cell : *branch) {
         sum += cell == kSectionInHand ? row_.TotalDrop : context_.store.At(cell).TotalDrop;
         if (ToSingle(sum) > context_.critical.drop) {
           return true;
@@ -197,6 +194,21 @@ class StepDown {
 };
 
 }  // namespace
+
+BalanceContext MakeBalanceContext(Workbench& bench, RowStore& store, const PassConditions& pass,
+                                  const CriticalBranch& critical) {
+  BalanceContext context{bench, store, pass, critical, {}};
+  context.branches_through.resize(static_cast<std::size_t>(store.count()) + 1);
+  for (const Branch& branch : critical.branches) {
+    for (const int cell : branch) {
+      auto& through = context.branches_through[static_cast<std::size_t>(cell)];
+      if (through.empty() || through.back() != &branch) {
+        through.push_back(&branch);
+      }
+    }
+  }
+  return context;
+}
 
 void StepDownBranch(const BalanceContext& context, Branch chain, float branch_avail) {
   StepDown(context, std::move(chain), branch_avail).Run();

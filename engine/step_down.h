@@ -13,7 +13,13 @@ struct BalanceContext {
   RowStore& store;
   const PassConditions& pass;
   const CriticalBranch& critical;
+  /// For every section number the branches that hold it, in order.
+  std::vector<std::vector<const Branch*>> branches_through;
 };
+
+/// Context of a balancing of the branches in `critical`, whose cells are rows of `store`.
+BalanceContext MakeBalanceContext(Workbench& bench, RowStore& store, const PassConditions& pass,
+                                  const CriticalBranch& critical);
 
 /// `Auxi` of a row that was stepped down already.
 constexpr std::int16_t kSteppedDown = -1000;

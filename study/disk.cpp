@@ -4,10 +4,10 @@
 
 namespace kalvo {
 
-Outcome ReplaceFile(Disk& disk, const std::filesystem::path& path, std::string_view bytes) {
+Outcome ReplaceFile(Disk& disk, const std::filesystem::path& path, std::string bytes) {
   std::filesystem::path beside = path;
-  beside += ".new~";
-  if (Outcome written = disk.Write(beside, bytes); !written) {
+  beside += kBesideEnd;
+  if (Outcome written = disk.Write(beside, std::move(bytes)); !written) {
     static_cast<void>(disk.Remove(beside));
     return written;
   }

@@ -28,7 +28,7 @@ class Disk {
   /// The whole file.
   [[nodiscard]] virtual Result<std::string> Read(const std::filesystem::path& path) const = 0;
   /// Creates or truncates the file and writes every byte; a short write is an error.
-  virtual Outcome Write(const std::filesystem::path& path, std::string_view bytes) = 0;
+  virtual Outcome Write(const std::filesystem::path& path, std::string bytes) = 0;
   /// Forces a file's bytes, or a folder's names, onto the medium.
   virtual Outcome Flush(const std::filesystem::path& path) = 0;
   /// Gives `from` the name `to`, replacing what stood there.
@@ -45,9 +45,12 @@ class Disk {
   }
 };
 
+/// End of the name under which a file's new bytes stand beside it until it is replaced.
+constexpr const char* kBesideEnd = ".new~";
+
 /// Writes `path` so that a reader sees the old file or the new one, whole: beside, then renamed.
 /// A failed write leaves the old file and no rest behind.
-Outcome ReplaceFile(Disk& disk, const std::filesystem::path& path, std::string_view bytes);
+Outcome ReplaceFile(Disk& disk, const std::filesystem::path& path, std::string bytes);
 
 /// The entry of `folder` that is `name` ignoring case (Latin and Greek), the first in name order.
 std::optional<std::string> FindIgnoringCase(const Disk& disk, const std::filesystem::path& folder,

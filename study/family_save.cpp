@@ -27,7 +27,7 @@ void RemoveStaged(Disk& disk, const std::filesystem::path& folder,
   }
 }
 
-Outcome WriteAndFlush(Disk& disk, const std::filesystem::path& path, std::string_view bytes) {
+Outcome WriteAndFlush(Disk& disk, const std::filesystem::path& path, const std::string& bytes) {
   Outcome written = disk.Write(path, bytes);
   return written ? disk.Flush(path) : written;
 }

@@ -72,6 +72,7 @@ Outcome DeleteFluid(const Workspace& workspace, int number) {
   if (Outcome written = rebuilt.WriteAll(rest); !written) {
     return written;
   }
+  workspace.Pause();
   return workspace.outer_disk().Rename(beside, Library(workspace).path());
 }
 

@@ -76,9 +76,6 @@ void TakeRows(Study& study, const Rows& rows) {
 Outcome TakeEmitters(Workbench& bench, const Rows& rows) {
   const Rows emitters = RowsWithEmitter(rows);
   RefreshEmitterTable(bench.study, emitters);
-  if (rows.front().Outlets != bench.study.EmitterCount) {
-    bench.study.unsaved_changes = true;
-  }
   return emitters.empty() ? Outcome(Done{})
                           : bench.workspace.Rows(work_file::kEmitters).WriteAll(emitters);
 }
@@ -193,7 +190,11 @@ Outcome TakeStudy(Workbench& bench, const Rows& rows) {
   study.CurrentRow = 0;
   study.data_exist = true;
   study.NameErrors = false;
-  return LoadStudyFluid(bench);
+  taken = LoadStudyFluid(bench);
+  if (taken && rows.front().Outlets != study.EmitterCount) {
+    study.unsaved_changes = true;
+  }
+  return taken;
 }
 
 // Puts the study found in the place of the open one.

@@ -24,8 +24,8 @@ Result<std::string> MemoryDisk::Read(const std::filesystem::path& path) const {
   return found->second;
 }
 
-Outcome MemoryDisk::Write(const std::filesystem::path& path, std::string_view bytes) {
-  files_[path] = bytes;
+Outcome MemoryDisk::Write(const std::filesystem::path& path, std::string bytes) {
+  files_[path] = std::move(bytes);
   return Done{};
 }
 

@@ -8,6 +8,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
+#include <optional>
 
 #include "study/fixed_text.h"
 
@@ -181,7 +182,10 @@ std::string ByPattern(Decimal decimal, std::string_view pattern_text, Separators
 
 // The part of `text` that reads as sign, digits and one point, as a number.
 double LeadingNumber(std::string_view text) {
-  std::size_t length = !text.empty() && text.front() == '-' ? 1 : 0;
+  if (text.starts_with('+')) {
+    text.remove_prefix(1);
+  }
+  std::size_t length = text.starts_with('-') ? 1 : 0;
   for (bool point = false; length < text.size(); ++length) {
     if (text[length] == '.' && !point) {
       point = true;
@@ -206,6 +210,36 @@ double WholeNumber(std::string_view text, Separators separators) {
   const char* end = plain.data() + plain.size();
   const auto read = std::from_chars(plain.data(), end, value, std::chars_format::fixed);
   return read.ec == std::errc() && read.ptr == end ? value : 0.0;
+}
+
+// Thousandths of a number of at most three decimals and 14 digits. Most flows are such: their text
+// is soon found, and reading it gives the same number back.
+std::optional<long long> WholeThousandths(double value) {
+  const double thousandths = std::nearbyint(value * 1000.0);
+  if (!(std::fabs(thousandths) < 1e14) || thousandths / 1000.0 != value) {
+    return std::nullopt;
+  }
+  return static_cast<long long>(thousandths);
+}
+
+std::string ThousandthsText(long long thousandths) {
+  std::array<char, 32> buffer{};
+  char* at = buffer.data();
+  if (thousandths < 0) {
+    *at++ = '-';
+    thousandths = -thousandths;
+  }
+  at = std::to_chars(at, buffer.data() + buffer.size(), thousandths / 1000).ptr;
+  if (const auto rest = static_cast<int>(thousandths % 1000); rest != 0) {
+    *at++ = '.';
+    *at++ = static_cast<char>('0' + rest / 100);
+    *at++ = static_cast<char>('0' + rest / 10 % 10);
+    *at++ = static_cast<char>('0' + rest % 10);
+    while (*(at - 1) == '0') {
+      --at;
+    }
+  }
+  return {buffer.data(), at};
 }
 
 bool IsPlainSeparator(std::string_view text) {
@@ -275,7 +309,12 @@ std::string StripThousands(std::string_view text, Separators separators) {
 }
 
 std::string NumberText(float value) { return TextOf(value); }
-std::string NumberText(double value) { return TextOf(value); }
+std::string NumberText(double value) {
+  if (const auto thousandths = WholeThousandths(value)) {
+    return ThousandthsText(*thousandths);
+  }
+  return TextOf(value);
+}
 std::string NumberText(int value) { return std::to_string(value); }
 
 std::string FormatNumber(std::string_view number_text, Separators separators) {
@@ -324,9 +363,7 @@ double ReadBack(Number value, int significant) {
 double ThroughText(float value) { return std::isfinite(value) ? ReadBack(value, 7) : 0.0; }
 
 double ThroughText(double value) {
-  // Values of at most three decimals come through unchanged, which spares most flows the detour.
-  const double thousandths = std::nearbyint(value * 1000.0);
-  if (std::fabs(thousandths) < 1e14 && thousandths / 1000.0 == value) {
+  if (WholeThousandths(value)) {
     return value;
   }
   return std::isfinite(value) ? ReadBack(value, 15) : 0.0;

@@ -31,6 +31,19 @@ std::vector<std::string> LibraryNames(const Workspace& workspace) {
   return names;
 }
 
+// The pipe system's number into every row of the study, if there are any.
+Outcome WriteFileNumber(const Workspace& workspace, std::int16_t number) {
+  RowFile<SectionRow> file = workspace.Rows();
+  auto rows = file.ReadAll();
+  if (!rows) {
+    return rows.error();
+  }
+  for (SectionRow& row : rows.value()) {
+    row.FileNumber = number;
+  }
+  return rows->empty() ? Outcome(Done{}) : file.WriteAll(*rows);
+}
+
 }  // namespace
 
 std::string PipeListEntry::Text() const { return " " + FourDigits(number) + ". " + title + " "; }
@@ -100,26 +113,20 @@ Outcome LoadPipeSystem(Workbench& bench) {
 Outcome SelectPipeSystem(Workbench& bench, int position) {
   Study& study = bench.study;
   const auto number = static_cast<std::int16_t>(position + 1);
-  const bool changed = number != study.pipe_system_number;
-  const std::int16_t before = std::exchange(study.pipe_system_number, number);
-  if (Outcome loaded = LoadPipeSystem(bench); !loaded) {
-    study.pipe_system_number = before;
-    return loaded;
+  const auto pipes = ReadPipeSystem(bench.workspace, number);
+  if (!pipes) {
+    return pipes.error();
   }
-  if (!changed) {
-    return Done{};
+  if (number != study.pipe_system_number) {
+    if (Outcome written = WriteFileNumber(bench.workspace, number); !written) {
+      return written;
+    }
+    study.unsaved_changes = true;
+    study.results_valid = false;
   }
-  study.unsaved_changes = true;
-  study.results_valid = false;
-  RowFile<SectionRow> file = bench.workspace.Rows();
-  Result<std::vector<SectionRow>> rows = file.ReadAll();
-  if (!rows) {
-    return rows.error();
-  }
-  for (SectionRow& row : rows.value()) {
-    row.FileNumber = number;
-  }
-  return rows->empty() ? Outcome(Done{}) : file.WriteAll(*rows);
+  study.pipe_system_number = number;
+  study.pipe_material = pipes->front().material.Utf8();
+  return Done{};
 }
 
 }  // namespace kalvo

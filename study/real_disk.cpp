@@ -119,7 +119,7 @@ Result<std::string> RealDisk::Read(const fs::path& path) const {
   return bytes;
 }
 
-Outcome RealDisk::Write(const fs::path& path, std::string_view bytes) {
+Outcome RealDisk::Write(const fs::path& path, std::string bytes) {
   Descriptor file(path, O_WRONLY | O_CREAT | O_TRUNC);
   if (!file.is_open() || !WriteAll(file.number(), bytes) || !file.Close()) {
     return LastError(path);

@@ -39,26 +39,17 @@ constexpr std::size_t WidthOfField(const Field<Row, Type>& /*field*/) {
   return WidthOf(static_cast<const Type*>(nullptr));
 }
 
-// Little endian whatever the host is; compilers make one load or store of each.
-inline std::uint32_t LoadBytes(const char* bytes, int count) {
-  std::uint32_t value = 0;
-  for (int i = 0; i < count; ++i) {
-    value |= static_cast<std::uint32_t>(static_cast<unsigned char>(bytes[i])) << (8 * i);
-  }
-  return value;
-}
-
-inline void StoreBytes(char* bytes, std::uint32_t value, int count) {
-  for (int i = 0; i < count; ++i) {
-    bytes[i] = static_cast<char>((value >> (8 * i)) & 0xFFU);
-  }
+// Little endian whatever the host is; written out so that compilers make one load or store of it.
+constexpr std::uint32_t ByteAt(const char* bytes, int index) {
+  return static_cast<std::uint32_t>(static_cast<unsigned char>(bytes[index])) << (8 * index);
 }
 
 inline void Load(const char* bytes, std::int16_t& value) {
-  value = static_cast<std::int16_t>(LoadBytes(bytes, 2));
+  value = static_cast<std::int16_t>(ByteAt(bytes, 0) | ByteAt(bytes, 1));
 }
 inline void Load(const char* bytes, float& value) {
-  value = std::bit_cast<float>(LoadBytes(bytes, 4));
+  value = std::bit_cast<float>(ByteAt(bytes, 0) | ByteAt(bytes, 1) | ByteAt(bytes, 2) |
+                               ByteAt(bytes, 3));
 }
 template <std::size_t N>
 void Load(const char* bytes, FixedText<N>& value) {
@@ -66,10 +57,16 @@ void Load(const char* bytes, FixedText<N>& value) {
 }
 
 inline void Store(char* bytes, std::int16_t value) {
-  StoreBytes(bytes, static_cast<std::uint16_t>(value), 2);
+  const auto bits = static_cast<std::uint16_t>(value);
+  bytes[0] = static_cast<char>(bits & 0xFFU);
+  bytes[1] = static_cast<char>(bits >> 8U);
 }
 inline void Store(char* bytes, float value) {
-  StoreBytes(bytes, std::bit_cast<std::uint32_t>(value), 4);
+  const auto bits = std::bit_cast<std::uint32_t>(value);
+  bytes[0] = static_cast<char>(bits & 0xFFU);
+  bytes[1] = static_cast<char>((bits >> 8U) & 0xFFU);
+  bytes[2] = static_cast<char>((bits >> 16U) & 0xFFU);
+  bytes[3] = static_cast<char>(bits >> 24U);
 }
 template <std::size_t N>
 void Store(char* bytes, const FixedText<N>& value) {
@@ -92,14 +89,19 @@ void ForEachField(Row& row, Visit&& visit) {
              Plain::kFields);
 }
 
-/// The row whose image stands at `bytes` (RecordSize<Row>() bytes).
+/// Fills `row` from the image at `bytes` (RecordSize<Row>() bytes).
 template <typename Row>
-Row DecodeRecord(const char* bytes) {
-  Row row;
+void DecodeRecord(const char* bytes, Row& row) {
   ForEachField(row, [&bytes](std::string_view /*name*/, auto& value) {
     record_detail::Load(bytes, value);
     bytes += record_detail::WidthOf(&value);
   });
+}
+
+template <typename Row>
+Row DecodeRecord(const char* bytes) {
+  Row row;
+  DecodeRecord(bytes, row);
   return row;
 }
 

@@ -33,6 +33,7 @@ class [[nodiscard]] Result {
 
   const T& operator*() const& { return value(); }
   T& operator*() & { return value(); }
+  T operator*() && { return std::get<0>(std::move(content_)); }
   const T* operator->() const { return &value(); }
 
  private:

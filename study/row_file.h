@@ -24,10 +24,10 @@ std::string EncodeRows(std::span<const Row> rows) {
 /// Rows whose images stand in `bytes`; a rest that is no whole record is left out.
 template <typename Row>
 std::vector<Row> DecodeRows(std::string_view bytes) {
-  std::vector<Row> rows;
-  rows.reserve(bytes.size() / RecordSize<Row>());
-  for (; bytes.size() >= RecordSize<Row>(); bytes.remove_prefix(RecordSize<Row>())) {
-    rows.push_back(DecodeRecord<Row>(bytes.data()));
+  std::vector<Row> rows(bytes.size() / RecordSize<Row>());
+  for (Row& row : rows) {
+    DecodeRecord(bytes.data(), row);
+    bytes.remove_prefix(RecordSize<Row>());
   }
   return rows;
 }

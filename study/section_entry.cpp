@@ -162,9 +162,9 @@ Outcome StoreSectionRow(Workbench& bench, const SectionEntry& entry, Separators 
   std::vector<SectionRow>& rows = read.value();
   SectionRow row = BuildRow(study, rows, entry, separators);
   const auto at = static_cast<std::size_t>(row.RecordNumber - 1);
-  const bool is_change = at >= rows.size() || SaysMore(row, rows[at], study);
-  const bool unsaved_changes = study.unsaved_changes || is_change;
-  const bool results_valid = study.results_valid && !unsaved_changes;
+  const bool is_new = at >= rows.size();
+  const bool is_unsaved = study.unsaved_changes || (!is_new && SaysMore(row, rows[at], study));
+  const bool results_valid = study.results_valid && !is_unsaved;
   if (!results_valid) {
     ClearResults(row);
   }
@@ -173,7 +173,7 @@ Outcome StoreSectionRow(Workbench& bench, const SectionEntry& entry, Separators 
   }
   rows.resize(std::max(rows.size(), at + 1));
   rows[at] = row;
-  study.unsaved_changes = unsaved_changes;
+  study.unsaved_changes = is_unsaved || is_new;
   study.results_valid = results_valid;
   study.row = row;
   RefreshSectionTable(study, rows);

@@ -52,9 +52,9 @@ void ClearResults(SectionRow& row);
 
 /// Writes `entry` to the study's `CurrentRow`, at most one past the last row. A row that was there
 /// keeps what the entry does not hold; a new one takes `Client`, `Units`, `DP` and `INILAMDA` of
-/// row 1 and starts without flow, emitter and height. A new row, or a change of more than header
-/// values, is an unsaved change. With unsaved changes results are no longer valid, and a row
-/// written without valid results has none.
+/// row 1 and starts without flow, emitter and height. Unsaved changes from before, or a change of
+/// more than header values in this row, make the results invalid; without valid results the row
+/// is written without any. Such a change, and a new row, count as unsaved from here on.
 /// Faults: as TakeEntry(), and 6 for more rows than 16 bits count; nothing is then changed.
 Outcome StoreSectionRow(Workbench& bench, const SectionEntry& entry, Separators separators);
 

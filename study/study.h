@@ -81,6 +81,7 @@ struct Study {
   bool unsaved_changes = false;
   bool results_valid = false;
   bool recalculation_needed = false;
+  bool diameters_changed = false;
   bool recovery = false;
   bool NameErrors = false;
   bool emitters_unchecked = false;

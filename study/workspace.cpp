@@ -11,19 +11,19 @@ Result<std::string> Workspace::Read(std::string_view name) const {
   return work_disk_->Read(Path(name));
 }
 
-Outcome Workspace::Write(std::string_view name, std::string_view bytes) {
-  return ReplaceFile(*work_disk_, Path(name), bytes);
+Outcome Workspace::Write(std::string_view name, std::string bytes) {
+  return ReplaceFile(*work_disk_, Path(name), std::move(bytes));
 }
 
 void Workspace::Delete(std::string_view name) { static_cast<void>(work_disk_->Remove(Path(name))); }
 
 Outcome Workspace::Copy(std::string_view from, std::string_view to) {
   Pause();
-  const Result<std::string> bytes = Read(from);
+  Result<std::string> bytes = Read(from);
   if (!bytes) {
     return bytes.error();
   }
-  return Write(to, *bytes);
+  return Write(to, std::move(bytes).value());
 }
 
 Outcome Workspace::MoveOver(std::string_view from, std::string_view to) {
@@ -34,6 +34,7 @@ Outcome Workspace::MoveOver(std::string_view from, std::string_view to) {
 void Workspace::DeleteWorkFiles() {
   for (const char* name : work_file::kAll) {
     Delete(name);
+    Delete(name + std::string(kBesideEnd));  // left by a write that was broken off
   }
 }
 

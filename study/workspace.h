@@ -37,7 +37,7 @@ class Workspace {
   /// True when the file is there and not empty.
   [[nodiscard]] bool HasBytes(std::string_view name) const;
   [[nodiscard]] Result<std::string> Read(std::string_view name) const;
-  Outcome Write(std::string_view name, std::string_view bytes);
+  Outcome Write(std::string_view name, std::string bytes);
   /// Deletes the file; that it is missing, or stays, is no error.
   void Delete(std::string_view name);
   /// `to` becomes a copy of `from`, after the pause.
@@ -46,7 +46,7 @@ class Workspace {
   Outcome MoveOver(std::string_view from, std::string_view to);
   /// Deletes every file of a study in work.
   void DeleteWorkFiles();
-  void Pause() { clock_->Pause(kReplacePause); }
+  void Pause() const { clock_->Pause(kReplacePause); }
 
  private:
   Disk* work_disk_;

@@ -19,7 +19,7 @@ class ForwardingDisk : public Disk {
   [[nodiscard]] Result<std::string> Read(const std::filesystem::path& path) const override {
     return inner_.Read(path);
   }
-  Outcome Write(const std::filesystem::path& path, std::string_view bytes) override {
+  Outcome Write(const std::filesystem::path& path, std::string bytes) override {
     return inner_.Write(path, bytes);
   }
   Outcome Flush(const std::filesystem::path& path) override { return inner_.Flush(path); }
@@ -62,7 +62,7 @@ class FailingDisk : public ForwardingDisk {
   /// Bytes written so far.
   [[nodiscard]] std::size_t written() const { return written_; }
 
-  Outcome Write(const std::filesystem::path& path, std::string_view bytes) override {
+  Outcome Write(const std::filesystem::path& path, std::string bytes) override {
     const bool fails = NextFails();
     const std::size_t fits = std::min(room_, fails ? bytes.size() / 2 : bytes.size());
     room_ -= fits;
@@ -107,7 +107,7 @@ class KillingDisk : public ForwardingDisk {
  public:
   KillingDisk(Disk& inner, int last_step) : ForwardingDisk(inner), steps_left_(last_step) {}
 
-  Outcome Write(const std::filesystem::path& path, std::string_view bytes) override {
+  Outcome Write(const std::filesystem::path& path, std::string bytes) override {
     return Step(inner_.Write(path, bytes.substr(0, bytes.size() / 2))) &&
                    Step(inner_.Write(path, bytes))
                ? Outcome(Done{})

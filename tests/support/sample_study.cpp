@@ -6,10 +6,15 @@
 #include <cstdlib>
 
 #include "study/fluid_library.h"
+#include "study/load_study.h"
 #include "study/real_disk.h"
 #include "study/tables.h"
+#include "study/write_study.h"
 
 namespace kalvo {
+
+namespace fs = std::filesystem;
+
 namespace {
 
 std::vector<StatRow> SampleStatistics(std::string_view title) {
@@ -24,7 +29,7 @@ std::vector<StatRow> SampleStatistics(std::string_view title) {
 
 }  // namespace
 
-FolderImage ImageOf(const Disk& disk, const std::filesystem::path& folder) {
+FolderImage ImageOf(const Disk& disk, const fs::path& folder) {
   FolderImage image;
   for (const std::string& name : disk.List(folder)) {
     const auto bytes = disk.Read(folder / name);
@@ -38,13 +43,12 @@ std::vector<SectionRow> SampleRows(SystemKind kind, std::string_view title) {
   header.kind = kind;
   header.title = title;
   std::vector<SectionRow> rows =
-      kind == SystemKind::kClosed
-          ? Network({"ANT/1 10m 600 l/h plant", "1/2 4m 300 l/h soma 250mm",
-                     "1/3 6m 300 l/h soma 500mm"},
-                    header)
-          : Network({"1/ANT 10m 600 l/h", "2/1 4m 300 l/h outlet 10mwg",
-                     "3/1 6m 300 l/h 2up outlet 12mwg"},
-                    header);
+      kind == SystemKind::kClosed ? Network({"ANT/1 10m 600 l/h plant", "1/2 4m 300 l/h soma 250mm",
+                                             "1/3 6m 300 l/h soma 500mm"},
+                                            header)
+                                  : Network({"1/ANT 10m 600 l/h", "2/1 4m 300 l/h outlet 10mwg",
+                                             "3/1 6m 300 l/h 2up outlet 12mwg"},
+                                            header);
   for (SectionRow& row : rows) {
     row.PAR = 0.6F;
     row.DP = 1500.0F;
@@ -83,8 +87,38 @@ void PutSampleStudy(Workbench& bench, std::string_view title) {
   EXPECT_TRUE(WriteStudyFluid(bench, fluid).ok());
 }
 
+void PutMain(TestBench& bench, const std::string& name, std::string bytes) {
+  const fs::path path = bench.kStudiesFolder / fs::path(name);
+  EXPECT_TRUE(bench.outer_disk.Write(path, std::move(bytes)).ok());
+}
+
+void PutMain(TestBench& bench, const std::string& name, std::span<const SectionRow> rows) {
+  PutMain(bench, name, EncodeRows(rows));
+}
+
+void SaveSample(TestBench& bench, const std::string& name, std::string_view title) {
+  TestBench other(bench.study.system_kind);
+  PutSampleStudy(other.bench, title);
+  other.study.study_path = other.kStudiesFolder / fs::path(name);
+  EXPECT_TRUE(WriteStudy(other.bench).ok());
+  for (const auto& [file, bytes] : ImageOf(other.outer_disk, other.kStudiesFolder)) {
+    PutMain(bench, file, bytes);
+  }
+}
+
+bool Load(TestBench& bench, const std::string& name) {
+  bench.study.CalcStatus = 0;
+  bench.study.study_path = bench.kStudiesFolder / fs::path(name);
+  LoadStudy(bench.bench, RecentList::kLeave);
+  return bench.study.CalcStatus == 0;
+}
+
 DiskBench::DiskBench() {
-  std::string name = (std::filesystem::temp_directory_path() / "kalvo-XXXXXX").string();
+  // Where there is a folder in memory, forced writes cost nothing.
+  const fs::path memory = "/dev/shm";
+  std::error_code missing;
+  const bool has_memory = fs::is_directory(memory, missing);
+  std::string name = ((has_memory ? memory : fs::temp_directory_path()) / "kalvo-XXXXXX").string();
   EXPECT_NE(mkdtemp(name.data()), nullptr);
   folder_ = name;
   RealDisk disk;
@@ -96,7 +130,7 @@ DiskBench::DiskBench() {
 
 DiskBench::~DiskBench() {
   std::error_code ignored;
-  std::filesystem::remove_all(folder_, ignored);
+  fs::remove_all(folder_, ignored);
 }
 
 }  // namespace kalvo

@@ -20,6 +20,16 @@ std::vector<SectionRow> SampleRows(SystemKind kind, std::string_view title);
 /// statistics rows, winter rows in a closed system and a fluid of its own; all bear the title.
 void PutSampleStudy(Workbench& bench, std::string_view title);
 
+/// Puts a main file into the folder of the bench's studies.
+void PutMain(TestBench& bench, const std::string& name, std::string bytes);
+void PutMain(TestBench& bench, const std::string& name, std::span<const SectionRow> rows);
+
+/// Puts the sample study's whole family there, saved as `name`.
+void SaveSample(TestBench& bench, const std::string& name, std::string_view title);
+
+/// Loads a study of that folder; false when it was refused.
+bool Load(TestBench& bench, const std::string& name);
+
 /// A study on the machine's own disk: libraries and studies in a temporary folder that goes with
 /// the object, work files in memory.
 class DiskBench {

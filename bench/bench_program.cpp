@@ -1,0 +1,102 @@
+#include "bench/bench_program.h"
+
+#include <array>
+#include <cstdlib>
+#include <stdexcept>
+#include <string>
+
+#include "bench/network.h"
+#include "engine/calculation_command.h"
+#include "study/fluid_library.h"
+#include "study/load_study.h"
+#include "study/study_extensions.h"
+
+namespace kalvo {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+// The value of a file operation; without it there is nothing to measure.
+template <typename T>
+T Need(Result<T> result) {
+  if (!result) {
+    throw std::runtime_error(result.error().Line());
+  }
+  return std::move(result).value();
+}
+
+fs::path MakeTemporaryFolder() {
+  std::string name = (fs::temp_directory_path() / "kalvo-bench-XXXXXX").string();
+  if (mkdtemp(name.data()) == nullptr) {
+    throw std::runtime_error("no temporary folder: " + name);
+  }
+  return name;
+}
+
+}  // namespace
+
+StudyFiles::StudyFiles(int sections) : folder_(MakeTemporaryFolder()) {
+  RealDisk disk;
+  NoWait clock;
+  const Workspace workspace(disk, folder_, disk, KALVO_LIBRARY_DIR, clock);
+  const fs::path fluid_path = path().replace_extension(kClosedExtensions.fluid);
+  Need(RowFile<SectionRow>(disk, path()).WriteAll(BuildingStudy(sections)));
+  Need(RowFile<FluidRow>(disk, fluid_path).WriteAll(std::array{WaterRow(workspace)}));
+}
+
+StudyFiles::~StudyFiles() {
+  std::error_code ignored;
+  fs::remove_all(folder_, ignored);
+}
+
+PipeList DeliveredPipes() {
+  MemoryDisk memory;
+  RealDisk disk;
+  NoWait clock;
+  const Workspace workspace(memory, "/", disk, KALVO_LIBRARY_DIR, clock);
+  PipeList pipes = Need(BuildPipeList(workspace, EmptyLibraries::kSkip));
+  if (pipes.empty()) {
+    throw std::runtime_error("no pipe systems in " KALVO_LIBRARY_DIR);
+  }
+  return pipes;
+}
+
+Answer NoQuestions::ShowMessage(int code, const Study& /*study*/) {
+  throw std::runtime_error("message " + std::to_string(code));
+}
+
+Answer NoQuestions::Ask(const Box& box) {
+  throw std::runtime_error(box.lines.empty() ? box.title : box.lines.front());
+}
+
+BenchProgram::BenchProgram(const PipeList& pipes)
+    : workspace_(memory_, "/", disk_, KALVO_LIBRARY_DIR, clock_),
+      bench_(study_, workspace_, pipes, prompter_) {
+  study_.system_kind = SystemKind::kClosed;
+}
+
+void BenchProgram::Load(const fs::path& path) {
+  study_.study_path = path;
+  LoadStudy(bench_, RecentList::kLeave);
+  if (study_.CalcStatus != calc_status::kNothing) {
+    throw std::runtime_error("not loaded: " + path.string());
+  }
+}
+
+void BenchProgram::Calculate(Method method) {
+  if (CalculateClosed(bench_, method) != CommandEnd::kCalculated) {
+    throw std::runtime_error("not calculated");
+  }
+}
+
+void BenchProgram::Run(Method method) {
+  RunPasses(bench_, method);
+  if (study_.CalcStatus != calc_status::kNothing) {
+    throw std::runtime_error("the run was broken off");
+  }
+}
+
+std::vector<SectionRow> BenchProgram::Rows() const { return Need(workspace_.Rows().ReadAll()); }
+
+}  // namespace kalvo

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "engine/driver.h"
+#include "study/memory_disk.h"
+#include "study/real_disk.h"
+#include "study/workbench.h"
+
+namespace kalvo {
+
+/// A BuildingStudy() with its fluid in a temporary folder that goes with the object.
+class StudyFiles {
+ public:
+  /// Errors: std::runtime_error when the files cannot be written.
+  explicit StudyFiles(int sections);
+  StudyFiles(const StudyFiles&) = delete;
+  StudyFiles& operator=(const StudyFiles&) = delete;
+  ~StudyFiles();
+
+  [[nodiscard]] std::filesystem::path path() const { return folder_ / "building.PCK"; }
+
+ private:
+  std::filesystem::path folder_;
+};
+
+/// The delivered pipe systems. Errors: std::runtime_error when there are none.
+PipeList DeliveredPipes();
+
+/// Any box means that what is measured is not what was meant: std::runtime_error.
+class NoQuestions : public Prompter {
+ public:
+  Answer ShowMessage(int code, const Study& study) override;
+  Answer Ask(const Box& box) override;
+};
+
+/// A program without a window on the delivered libraries: work files live in memory.
+class BenchProgram {
+ public:
+  explicit BenchProgram(const PipeList& pipes);
+
+  /// Errors: std::runtime_error when the study does not load.
+  void Load(const std::filesystem::path& path);
+  /// The calculation command. Errors: std::runtime_error when it does not come to its end.
+  void Calculate(Method method);
+  /// The run alone, on the rows as they stand. Errors: std::runtime_error when it is broken off.
+  void Run(Method method);
+  [[nodiscard]] std::vector<SectionRow> Rows() const;
+
+ private:
+  MemoryDisk memory_;
+  RealDisk disk_;
+  NoWait clock_;
+  Workspace workspace_;
+  Study study_;
+  NoQuestions prompter_;
+  Workbench bench_;
+};
+
+}  // namespace kalvo

@@ -1,0 +1,62 @@
+#include "cli/save_study.h"
+
+#include <optional>
+
+#include "study/study_reset.h"
+#include "study/write_study.h"
+
+namespace kalvo {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+// A file that the save would replace, in whatever case its extension is written.
+std::optional<fs::path> FileInTheWay(const Disk& disk, const fs::path& source,
+                                     const fs::path& target) {
+  const std::string base(BaseOf(target.filename().string()));
+  const auto found = [&](const fs::path& path) -> std::optional<fs::path> {
+    const fs::path entry = AsInFolder(disk, path);
+    const bool same_base = BaseOf(entry.filename().string()) == base;
+    return same_base && disk.Exists(entry) ? std::optional(entry) : std::nullopt;
+  };
+  if (const auto main = found(target)) {
+    std::error_code error;
+    return fs::equivalent(*main, source, error) ? std::nullopt : main;
+  }
+  const StudyExtensions& extensions = ExtensionsOf(SystemKind::kClosed);
+  for (const std::string_view extension :
+       {extensions.sequence, extensions.statistics, extensions.winter, extensions.fluid}) {
+    if (auto companion = found(target.parent_path() / (base + std::string(extension)))) {
+      return companion;
+    }
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+fs::path SaveTarget(const fs::path& save, const fs::path& source) {
+  std::error_code error;
+  const fs::path path = fs::is_directory(save, error) ? save / source.filename() : save;
+  return fs::absolute(WithExtension(path, SystemKind::kClosed));
+}
+
+Outcome SaveStudy(Session& session, const fs::path& source, const fs::path& target,
+                  Existing existing) {
+  const fs::path folder = target.parent_path();
+  std::error_code error;
+  if (!fs::is_directory(folder, error)) {
+    return FileError{folder, "Ο φάκελος δεν υπάρχει"};
+  }
+  if (existing == Existing::kKeep) {
+    if (const auto file = FileInTheWay(session.workspace().outer_disk(), source, target)) {
+      return FileError{*file, "Το Αρχείο αυτό, υπάρχει ήδη (--overwrite το αντικαθιστά)"};
+    }
+  }
+  session.study().study_path = target;
+  Workbench bench = session.bench();
+  return WriteStudy(bench);
+}
+
+}  // namespace kalvo

@@ -1,0 +1,122 @@
+#include <algorithm>
+#include <array>
+
+#include "cli/report_table.h"
+#include "cli/study_commands.h"
+#include "cli/text_table.h"
+
+namespace kalvo {
+
+namespace {
+
+// Data of a section that only some studies have anything in.
+struct DataColumn {
+  const char* head;
+  const char* unit;
+  float (*value)(const SectionRow&);
+};
+
+constexpr std::array<DataColumn, 14> kData = {{
+    {"Ύψος", "m", [](const SectionRow& row) { return row.HeightDiff; }},
+    {"Γωνίες", "", [](const SectionRow& row) { return row.AnglePOP; }},
+    {"Καμπύλες", "", [](const SectionRow& row) { return row.Elbow90; }},
+    {"Βάννες", "", [](const SectionRow& row) { return float(row.GateValve); }},
+    {"Διακόπτες", "ευθείς", [](const SectionRow& row) { return float(row.StrSwitch); }},
+    {"Διακόπτες", "γωνιακοί", [](const SectionRow& row) { return float(row.AngSwitch); }},
+    {"Ταυ", "διακλάδ.", [](const SectionRow& row) { return float(row.DiaTee); }},
+    {"Ταυ", "διέλευση", [](const SectionRow& row) { return float(row.DieTee); }},
+    {"Ταυ", "αντιρροή", [](const SectionRow& row) { return float(row.AntiTee); }},
+    {"Ταυ", "συμβολή", [](const SectionRow& row) { return float(row.SymboTee); }},
+    {"Βαλβίδες", "αντεπ/φής", [](const SectionRow& row) { return float(row.CheckValve); }},
+    {"Άλλη πτώση", "mm w.g.", [](const SectionRow& row) { return row.OtherDrop_mm; }},
+    {"Άλλο μήκος", "m", [](const SectionRow& row) { return row.OtherDrop_m; }},
+    {"Λέβητας", "δείκτης", [](const SectionRow& row) { return float(row.Auxi); }},
+}};
+
+class ShowPrinter {
+ public:
+  ShowPrinter(const Console& console, Session& session, std::string file)
+      : console_(console), session_(session), study_(session.study()), file_(std::move(file)) {}
+
+  void Print() {
+    PrintFacts();
+    console_.out << '\n';
+    PrintSections();
+    if (!study_.results_valid) {
+      console_.out << "Η μελέτη δεν έχει αποτελέσματα\n";
+    } else if (study_.SystemClosed()) {
+      console_.out << '\n';
+      PrintReport(console_, MakeReport(session_, file_), PressureUnits::kWaterGauge);
+    }
+  }
+
+ private:
+  [[nodiscard]] std::string Number(float value) const {
+    return FormatNumber(value, console_.separators);
+  }
+
+  void PrintFacts() const {
+    const auto number = static_cast<std::size_t>(study_.pipe_system_number);
+    const std::pair<std::string, std::string> facts[] = {
+        {"Αρχείο", study_.study_path.string() + "  " + study_.study_date + " " + study_.study_time},
+        {"Σύστημα", study_.SystemOpen() ? "Ανοικτό" : "Κλειστό"},
+        {"Σύστημα σωλήνων", std::to_string(number) + ". " + session_.pipes()[number - 1].title},
+        {"Υγρό", study_.fluid_name + ", " + Number(study_.MeanTemp) + " °C"},
+        {"Μέση ταχύτητα", Number(study_.MeanVel) + " m/s"},
+        {"Τμήματα", std::to_string(study_.SectionCount)},
+        {study_.SystemOpen() ? "Υποδοχείς" : "Σώματα", std::to_string(study_.EmitterCount)},
+        {"Τμήμα με Λέβητα", std::to_string(study_.plant_section)},
+    };
+    console_.out << console_.Heading(
+                        Printable(study_.study_title.empty() ? file_ : study_.study_title))
+                 << '\n';
+    for (const auto& [label, text] : facts) {
+      PrintFact(console_, label, text);
+    }
+    PrintWrapped(console_, MaterialLine(study_.pipe_material));
+  }
+
+  void PrintSections() const {
+    const std::vector<SectionRow> rows = session_.Rows();
+    std::vector<TextColumn> columns = {
+        {"α/α", ""},
+        {"Τμήμα", "", true},
+        {"Μήκος", "m"},
+        {"Παροχή", "l/h"},
+        {study_.SystemOpen() ? "Υποδοχέας" : "Σώμα", study_.SystemOpen() ? "m w.g." : "mm w.g."}};
+    std::vector<DataColumn> used;
+    for (const DataColumn& data : kData) {
+      if (std::any_of(rows.begin(), rows.end(),
+                      [&data](const SectionRow& row) { return data.value(row) != 0.0F; })) {
+        used.push_back(data);
+        columns.push_back({data.head, data.unit});
+      }
+    }
+    TextTable table(columns, 2);
+    for (const SectionRow& row : rows) {
+      std::vector<std::string> cells = {std::to_string(row.RecordNumber),
+                                        FromCodePage(row.Name.bytes()), Number(row.Length),
+                                        Number(row.WaterFlow), Number(row.SomaDrop)};
+      for (const DataColumn& data : used) {
+        const float value = data.value(row);
+        cells.push_back(value == 0.0F ? "---" : Number(value));
+      }
+      table.Add(std::move(cells));
+    }
+    table.Print(console_);
+  }
+
+  const Console& console_;
+  Session& session_;
+  const Study& study_;
+  std::string file_;
+};
+
+}  // namespace
+
+int ShowCommand::RunOn(const Console& console, Session& session) {
+  ShowPrinter(console, session, file()).Print();
+  return exit_code::kDone;
+}
+
+}  // namespace kalvo

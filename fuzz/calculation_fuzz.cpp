@@ -1,0 +1,88 @@
+// Any main file, calculated by both methods and on its own diameters: the run ends, one way or
+// another, and no number that is not finite reaches a row.
+
+#include <cmath>
+#include <cstdint>
+#include <cstdlib>
+
+#include "engine/calculation_command.h"
+#include "engine/rerun.h"
+#include "study/load_study.h"
+#include "study/memory_disk.h"
+
+namespace {
+
+using namespace kalvo;
+
+class YesToAll : public Prompter {
+ public:
+  Answer ShowMessage(int /*code*/, const Study& /*study*/) override { return Answer::kYes; }
+  Answer Ask(const Box& /*box*/) override { return Answer::kYes; }
+};
+
+std::vector<PipeRow> Pipes() {
+  std::vector<PipeRow> pipes(4);
+  for (std::size_t i = 0; i < pipes.size(); ++i) {
+    pipes[i].pipe_id = static_cast<std::int16_t>(i + 1);
+    pipes[i].material = FixedText<30>::FromUtf8("STEEL");
+    pipes[i].nominal_diameter = FixedText<12>::FromUtf8(std::to_string(i + 1));
+    pipes[i].inner_diameter = 10.0F * static_cast<float>(i + 1);
+    pipes[i].area = 78.54F * static_cast<float>((i + 1) * (i + 1));
+    pipes[i].roughness = 0.045F;
+  }
+  return pipes;
+}
+
+void Require(bool holds) {
+  if (!holds) {
+    std::abort();
+  }
+}
+
+void RequireFinite(const Workspace& workspace) {
+  const auto rows = workspace.Rows().ReadAll();
+  Require(rows.ok());
+  for (const SectionRow& row : *rows) {
+    ForEachField(row, [](std::string_view /*name*/, const auto& value) {
+      if constexpr (std::is_same_v<std::decay_t<decltype(value)>, float>) {
+        Require(std::isfinite(value));
+      }
+    });
+  }
+}
+
+template <typename Run>
+void Calculate(std::string_view bytes, Run&& run) {
+  MemoryDisk disk;
+  NoWait clock;
+  Workspace workspace(disk, "/work", disk, "/library", clock);
+  Require(RowFile<PipeRow>(disk, "/library/0001.WPT").WriteAll(Pipes()).ok());
+  Require(disk.Write("/studies/A.PCK", std::string(bytes)).ok());
+  const PipeList pipes = BuildPipeList(workspace, EmptyLibraries::kSkip).value();
+  Study study;
+  study.system_kind = SystemKind::kClosed;
+  study.study_path = "/studies/A.PCK";
+  YesToAll prompter;
+  Workbench bench(study, workspace, pipes, prompter);
+  LoadStudy(bench);
+  if (study.CalcStatus != calc_status::kNothing) {
+    return;
+  }
+  study.unsaved_changes = false;
+  run(bench);
+  RequireFinite(workspace);
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  constexpr std::size_t kMostRows = 40;
+  if (size > kMostRows * RecordSize<SectionRow>()) {
+    return 0;
+  }
+  const std::string_view bytes(reinterpret_cast<const char*>(data), size);
+  Calculate(bytes, [](Workbench& bench) { CalculateClosed(bench, Method::kFlowOnly); });
+  Calculate(bytes, [](Workbench& bench) { CalculateClosed(bench, Method::kFlowAndPressure); });
+  Calculate(bytes, Rerun);
+  return 0;
+}

@@ -1,0 +1,143 @@
+#pragma once
+
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "study/codepage.h"
+#include "study/fluid_library.h"
+#include "study/load_study.h"
+#include "study/memory_disk.h"
+
+namespace kalvo {
+
+/// Ends the program, which the fuzzer takes for a find, unless the property holds.
+inline void Require(bool holds, const char* what) {
+  if (!holds) {
+    std::fprintf(stderr, "does not hold: %s\n", what);
+    std::abort();
+  }
+}
+
+inline std::string_view AsText(const std::uint8_t* data, std::size_t size) {
+  return {reinterpret_cast<const char*>(data), size};
+}
+
+/// Takes the first byte off `bytes`; 0 when none is left.
+inline unsigned TakeByte(std::string_view& bytes) {
+  if (bytes.empty()) {
+    return 0;
+  }
+  const auto byte = static_cast<unsigned char>(bytes.front());
+  bytes.remove_prefix(1);
+  return byte;
+}
+
+/// A user who reads what is shown.
+class Reader : public Prompter {
+ public:
+  Answer ShowMessage(int /*code*/, const Study& /*study*/) override { return Answer::kNone; }
+  Answer Ask(const Box& box) override {
+    boxes.push_back(box);
+    return Answer::kNone;
+  }
+
+  std::vector<Box> boxes;
+};
+
+/// A program whose folders lie in memory, with one pipe system of three sizes.
+class FuzzBench {
+ public:
+  static constexpr const char* kStudies = "/studies";
+
+  explicit FuzzBench(SystemKind kind)
+      : workspace(work_disk, "/program", outer_disk, "/library", clock),
+        pipes{{1, "0001.WPT", "", "STEEL", 3}},
+        bench(study, workspace, pipes, reader) {
+    std::vector<PipeRow> sizes(3);
+    for (std::size_t i = 0; i < sizes.size(); ++i) {
+      sizes[i].pipe_id = static_cast<std::int16_t>(i + 1);
+      sizes[i].material = FixedText<30>::FromBytes("STEEL");
+      sizes[i].area = 200.0F * static_cast<float>(i + 1);
+    }
+    Require(RowFile<PipeRow>(outer_disk, "/library/0001.WPT").WriteAll(sizes).ok(), "pipes");
+    Require(CreateFluidLibrary(workspace).ok(), "fluids");
+    study.system_kind = kind;
+    study.pipe_system_number = 1;
+  }
+  FuzzBench(const FuzzBench&) = delete;
+  FuzzBench& operator=(const FuzzBench&) = delete;
+
+  void PutStudyFile(const std::string& name, std::string_view bytes) {
+    const auto path = std::filesystem::path(kStudies) / name;
+    Require(outer_disk.Write(path, std::string(bytes)).ok(), "study file");
+  }
+
+  [[nodiscard]] std::string StudyFile(const std::string& name) const {
+    const auto bytes = outer_disk.Read(std::filesystem::path(kStudies) / name);
+    return bytes ? *bytes : "(missing)";
+  }
+
+  /// Loads the study; false when it was refused, which must be told by one box of two lines.
+  bool Load(const std::string& name) {
+    study.CalcStatus = 0;
+    study.study_path = std::filesystem::path(kStudies) / name;
+    reader.boxes.clear();
+    LoadStudy(bench, RecentList::kLeave);
+    if (study.CalcStatus == 0) {
+      Require(reader.boxes.empty(), "a study that loads shows nothing");
+      return true;
+    }
+    Require(study.CalcStatus == -1, "a study that is refused sets -1");
+    Require(reader.boxes.size() == 1 && reader.boxes[0].lines.size() == 2, "one box tells why");
+    Require(reader.boxes[0].lines[1].find(kStudies) != std::string::npos, "the file is named");
+    return false;
+  }
+
+  MemoryDisk work_disk;
+  MemoryDisk outer_disk;
+  NoWait clock;
+  Workspace workspace;
+  PipeList pipes;
+  Study study;
+  Reader reader;
+  Workbench bench;
+};
+
+/// Files of a folder by name.
+inline std::map<std::string, std::string> ImageOf(const Disk& disk,
+                                                  const std::filesystem::path& folder) {
+  std::map<std::string, std::string> image;
+  for (const std::string& name : disk.List(folder)) {
+    image[name] = disk.Read(folder / name).value();
+  }
+  return image;
+}
+
+/// Any bytes as the companion `name` of a good study: whole records are taken over as they are,
+/// anything else is refused with the open study untouched. True when it was taken.
+template <typename Row>
+bool LoadCompanion(FuzzBench& bench, const std::string& name, std::string_view work_name,
+                   std::string_view bytes) {
+  SectionRow row;
+  row.KLEIS = -1;
+  row.FileNumber = 1;
+  bench.PutStudyFile("b.PCK", EncodeRows<SectionRow>(std::vector<SectionRow>(2, row)));
+  bench.PutStudyFile(name, bytes);
+  const auto work = ImageOf(bench.work_disk, "/program");
+  const bool loaded = bench.Load("b.PCK");
+  Require(loaded == (bytes.size() % RecordSize<Row>() == 0), "whole records and no others load");
+  Require(bench.StudyFile(name) == bytes, "a load changes no file of the study");
+  if (!loaded) {
+    Require(ImageOf(bench.work_disk, "/program") == work, "the open study stays");
+    return false;
+  }
+  Require(bench.workspace.Read(work_name).value() == bytes, "the companion is taken as it is");
+  return true;
+}
+
+}  // namespace kalvo

@@ -1,0 +1,108 @@
+#!/usr/bin/env python3
+"""Makes the first inputs in fuzz/corpus/<target>/ (the calculation's are sample studies)."""
+
+import pathlib
+import struct
+
+CORPUS = pathlib.Path(__file__).parent / "corpus"
+
+
+def text(value, width):
+    return value.encode("cp1253").ljust(width)[:width]
+
+
+def section(number, name, closed=True, drop=0.0, results=False, auxi=0):
+    """A record of 355 bytes."""
+    return b"".join([
+        struct.pack("<hh", number, number), text("", 51), text("Δίκτυο", 78), text("", 8),
+        text("STEEL", 78), struct.pack("<fhhhhhfh", 70, 1, 0 if closed else -1,
+                                       -1 if closed else 0, 1, 3, 1, 2),
+        struct.pack("<fff", *((0.6, 1500, 1) if results else (0, 0, 0))), text(name, 7),
+        struct.pack("<ffff", 300, 4.5, 2, 1), struct.pack("<8h", *[1] * 8),
+        struct.pack("<ff", 150, 0), text("3/4" if results else "", 15), struct.pack("<7f", *[0.5] * 7),
+        struct.pack("<hfff", auxi, 100, drop, 0),
+    ])
+
+
+def statistics(number):
+    """A record of 265 bytes."""
+    return (struct.pack("<h", number) + text("", 51) + text("Δίκτυο", 78) + text("m", 8) +
+            text("STEEL", 78) + text("3/4", 12) + struct.pack("<9f", *range(9)))
+
+
+def fluid(number, name, temperature, viscosity, density):
+    """A record of 72 bytes."""
+    return struct.pack("<h", number) + text(name, 50) + struct.pack(
+        "<5f", temperature, 0, viscosity, density, 0)
+
+
+def pipe(number, material):
+    """A record of 146 bytes."""
+    return (text("Σωλήνες", 78) + struct.pack("<h", number) + text(material, 30) +
+            text(f"{number} in", 12) + struct.pack("<6f", 0, 10 * number, 78 * number, 0, 0.045, 0))
+
+
+def rows(closed, results):
+    names = ("ANT/1  ", "  1/2  ", "  1/3  ") if closed else ("  1/ANT", "  2/1  ", "  3/1  ")
+    return b"".join(
+        section(i + 1, name, closed, 0.25 if i else 0, results, 1 if i == 0 else 0)
+        for i, name in enumerate(names))
+
+
+WATER = fluid(1, "Νερό", -10000, -10000, 1000)
+GLYCOL = fluid(2, "Διάλυμα 25% Προπυλενικής Γλυκόλης σε Νερό", -6, 0.00085, 1260)
+STEEL = b"".join(pipe(i, "STEEL") for i in (1, 2, 3))
+JOURNAL = b"KALVOFLUME 1\nb.LQD\nb.PCK\nTELOS\n"
+
+SEEDS = {
+    "study_file": {
+        "closed": b"\0" + rows(True, True),
+        "open": b"\1" + rows(False, True),
+        "entered": b"\0" + rows(True, False),
+        "recovered": b"\2" + rows(True, True),
+        "other_kind": b"\0" + rows(False, False),
+        "cut": b"\0" + rows(True, True)[:500],
+        "whole_records": b"\4" + rows(True, True) + b"rest",
+    },
+    "statistics_file": {"two": statistics(1) + statistics(2), "odd": statistics(1) + b"x", "none": b""},
+    "winter_rows": {"three": rows(True, True), "cut": rows(True, True)[:400], "none": b""},
+    "fluid_file": {
+        "one": b"\1" + GLYCOL,
+        "library": b"\2" + WATER + GLYCOL + fluid(3, "Λάδι", 40, 46, 870),
+        "odd": b"\2" + WATER + GLYCOL[:30],
+    },
+    "pipe_library": {
+        "one": b"\0\0" + STEEL,
+        "three": bytes((48, 16)) + STEEL + pipe(1, "COPPER") + STEEL,
+        "odd": bytes((48, 9)) + STEEL + pipe(1, "COPPER"),
+    },
+    "numeric_text": {
+        "greek": b"\0-1.234,5",
+        "english": b"\x011,234.50",
+        "mixed": b"\00012a",
+        "two_points": b"\0001,2,3",
+        "long": b"\1" + b"9" * 40,
+        "float": b"\0" + struct.pack("<f", 0.35) + b"....",
+        "double": b"\1" + struct.pack("<d", 1e-7),
+        "infinite": b"\2" + struct.pack("<d", float("inf")),
+    },
+    "text_lines": {
+        "utf8": "\"/μελέτες/Κτίριο.PCK\"\n\"/b.PCK\"\n".encode(),
+        "code_page": "\"C:\\Κτίριο.PCK\"\r\n\r\nC:\\b.PCK".encode("cp1253"),
+        "many": b"".join(b"\"/%d.PCK\"\n" % i for i in range(40)),
+    },
+    "save_journal": {
+        "whole": b"\3" + JOURNAL,
+        "half_done": b"\2" + JOURNAL,
+        "broken": b"\3" + JOURNAL[:-4],
+        "foreign": b"\3" + JOURNAL.replace(b"b.LQD", b"a.PCK"),
+        "outside": b"\3" + JOURNAL.replace(b"b.LQD", b"../b.PCK"),
+        "empty": b"\3",
+    },
+}
+
+for target, inputs in SEEDS.items():
+    folder = CORPUS / target
+    folder.mkdir(parents=True, exist_ok=True)
+    for name, content in inputs.items():
+        (folder / name).write_bytes(content)

@@ -1,0 +1,125 @@
+// The commands that look at a study or a library, help and wrong use.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/cli/cli_bench.h"
+
+namespace kalvo {
+namespace {
+
+using testing::HasSubstr;
+using testing::StartsWith;
+using Lines = std::vector<std::string_view>;
+
+class Commands : public testing::Test {
+ protected:
+  const CliBench bench_;
+  const std::string study_ = bench_.Put("study.PCK", SoundNetwork());
+};
+
+TEST_F(Commands, CheckTellsEachFindingOnceAndWhereAWalkIsLost) {
+  EXPECT_EQ(bench_.Run({"check", study_}).out,
+            "... Οι Ονομασίες των Τμημάτων ΔΕΝ δείχνουν να έχουν πρόβλημα ...\n");
+  const std::string lost =
+      bench_.Put("lost.PCK", Lines{"ANT/1 1m", "1/2 1m 9 l/h soma 1mm", "7/ANT 1m", "ANT/ΑΝΤ 1m"});
+  const Told told = bench_.Run({"check", lost});
+  EXPECT_EQ(told.code, 4);
+  EXPECT_EQ(told.out,
+            "Ο Κλάδος του Σώματος στο Τμήμα 2 χάνεται στον Κόμβο 2\n"
+            "Το Τμήμα 4 γράφει το ANT με Ελληνικά γράμματα !!\n"
+            "Το Τμήμα 2 έχει ανύπαρκτο Τελικό Κόμβο !!\n"
+            "Το Τμήμα 4 έχει ανύπαρκτο Τελικό Κόμβο !!\n"
+            "Το Τμήμα 3 έχει ανύπαρκτο Αρχικό Κόμβο !!\n");
+}
+
+TEST_F(Commands, ShowTellsWhatIsInTheFile) {
+  const Told told = bench_.Run({"show", study_});
+  EXPECT_EQ(told.code, 0);
+  EXPECT_EQ(told.out.substr(told.out.find("\n\n") + 2), Golden("show.txt"));
+}
+
+TEST_F(Commands, FlowsIsTheFlowReport) {
+  const Told told = bench_.Run({"flows", study_});
+  EXPECT_EQ(told.code, 0);
+  EXPECT_THAT(told.out, HasSubstr("Το Σώμα < 2 >, με κόμβους :   1/2   και παροχή : 300 [Lit/h]"));
+  EXPECT_THAT(told.out, HasSubstr("- 6 -> κόμβοι:   4/ANT, μεταβάλλοντας την παροχή του σε : 800"));
+  const std::string lost = bench_.Put("lost.PCK", Lines{"ANT/1 1m", "1/2 1m 9 l/h soma 1mm"});
+  EXPECT_EQ(bench_.Run({"flows", lost}).code, 4);
+}
+
+TEST_F(Commands, ExplainAccountsForTheWholeDrop) {
+  const Told told = bench_.Run({"explain", study_, "3"});
+  EXPECT_EQ(told.code, 0) << told.err;
+  EXPECT_EQ(told.out, Golden("explain.txt"));
+  EXPECT_EQ(bench_.Run({"explain", study_, "7"}).code, 2);
+  const std::string lost = bench_.Put("lost.PCK", Lines{"ANT/1 1m", "1/2 1m 9 l/h soma 1mm"});
+  EXPECT_EQ(bench_.Run({"explain", lost, "1"}).code, 4);
+}
+
+TEST_F(Commands, LibrariesAreListed) {
+  EXPECT_EQ(bench_.Run({"pipes"}).out,
+            "Νο  Σύστημα σωλήνων  Υλικό  Διάμετροι\n 1  Χαλυβδοσωλήνες   STEEL         10\n");
+  EXPECT_THAT(bench_.Run({"pipes", "1"}).out, HasSubstr("\n  3  3/4             21,7  369,8"));
+  EXPECT_EQ(bench_.Run({"pipes", "2"}).code, 2);
+  EXPECT_EQ(bench_.Run({"pipes", "0"}).code, 2);
+  std::vector<std::string> arguments = CaseLibrary();
+  arguments.insert(arguments.begin(), "fluids");
+  EXPECT_THAT(Kalvo(arguments).out, HasSubstr(" 4  Άλμη "));
+}
+
+TEST_F(Commands, HelpSpeaksGreekAndNamesEveryArgument) {
+  const Told help = Kalvo({"--help"});
+  EXPECT_EQ(help.code, 0);
+  EXPECT_THAT(help.out, StartsWith("Kalvoflume: "));
+  for (const char* command : {"calc", "check", "show", "flows", "explain", "pipes", "fluids"}) {
+    EXPECT_THAT(help.out, HasSubstr("\n  " + std::string(command) + " "));
+    const Told told = Kalvo({command, "--help"});
+    EXPECT_THAT(told.out, HasSubstr("Χρήση: kalvo " + std::string(command) + " [ΕΠΙΛΟΓΕΣ]"));
+    for (const char* english : {"Options", "Positional", "Usage", "REQUIRED", "TEXT", "Print"}) {
+      EXPECT_THAT(told.out, testing::Not(HasSubstr(english))) << command;
+    }
+  }
+  const std::string calc = Kalvo({"calc", "-h"}).out;
+  for (const char* option :
+       {"STUDY ...", "--method 1|2", "--fixed", "--ignore-capacity", "--library DIR", "--save PATH",
+        "--overwrite", "--format table|csv|json", "--units mmwg|pa", "--separators XX"}) {
+    EXPECT_THAT(calc, HasSubstr(option));
+  }
+}
+
+struct Misuse {
+  std::vector<std::string> arguments;
+  std::string message;
+};
+
+TEST_F(Commands, WrongUseIsToldInGreek) {
+  const std::vector<Misuse> kMisuses = {
+      {{}, "Λείπει η εντολή\nΒοήθεια : kalvo --help\n"},
+      {{"paint"}, "Άγνωστη εντολή : paint\nΒοήθεια : kalvo --help\n"},
+      {{"calc"}, "Λείπει απαραίτητο όρισμα : STUDY\nΒοήθεια : kalvo calc --help\n"},
+      {{"explain", study_}, "Λείπει απαραίτητο όρισμα : SECTION\nΒοήθεια : kalvo explain --help\n"},
+      {{"explain", study_, "x"},
+       "Όρισμα που δεν είναι αριθμός : SECTION\nΒοήθεια : kalvo explain --help\n"},
+      {{"calc", study_, "--method", "3"},
+       "Τιμή που δεν επιτρέπεται : --method\nΒοήθεια : kalvo calc --help\n"},
+      {{"calc", study_, "--format", "xml"},
+       "Τιμή που δεν επιτρέπεται : --format\nΒοήθεια : kalvo calc --help\n"},
+      {{"calc", study_, "--save"},
+       "Λείπει η τιμή της επιλογής : --save\nΒοήθεια : kalvo calc --help\n"},
+      {{"calc", study_, "--method", "1", "--fixed"},
+       "Επιλογές που δεν δίνονται μαζί : --method --fixed\nΒοήθεια : kalvo calc --help\n"},
+      {{"show", study_, "--wide"}, "Άγνωστο όρισμα : --wide\nΒοήθεια : kalvo show --help\n"},
+      {{"pipes", "--separators", ",,"},
+       "Τα διαχωριστικά είναι \",.\" ή \".,\" : ,,\nΒοήθεια : kalvo pipes --help\n"},
+  };
+  for (const Misuse& misuse : kMisuses) {
+    const Told told = Kalvo(misuse.arguments);
+    EXPECT_EQ(told.code, 2);
+    EXPECT_EQ(told.out, "");
+    EXPECT_EQ(told.err, misuse.message);
+  }
+}
+
+}  // namespace
+}  // namespace kalvo

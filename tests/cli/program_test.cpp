@@ -1,0 +1,61 @@
+// Stories of the built program: its exit codes, its streams, limits of the system.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/cli/cli_bench.h"
+
+namespace kalvo {
+namespace {
+
+using testing::HasSubstr;
+
+class Program : public testing::Test {
+ protected:
+  // `kalvo calc` on the bench's study, further words behind it.
+  [[nodiscard]] std::string Calc(const std::string& words) const {
+    return "kalvo calc '" + study_ + "' --library '" + bench_.library().string() + "' " + words;
+  }
+
+  const CliBench bench_;
+  const std::string study_ = bench_.Put("Κτίριο Α, όροφος 1.PCK", Chain(20));
+};
+
+TEST_F(Program, PipedOutputIsPlainAndThatOfTheCommand) {
+  const Told told = RunProgram(Calc("--separators ,."));
+  EXPECT_EQ(told.code, 0);
+  EXPECT_EQ(told.out, bench_.Run({"calc", study_, "--separators", ",."}).out);
+  EXPECT_EQ(RunProgram("kalvo pipes 11").code, 0);  // of the delivered library
+  EXPECT_EQ(RunProgram("kalvo --separators .. calc x").code, 2);
+  EXPECT_EQ(RunProgram("kalvo check '" + study_ + "' --library /none").code, 3);
+}
+
+TEST_F(Program, FullOutputIsToldAsUnwritable) {
+  const Told told = RunProgram(Calc("> /dev/full"));
+  EXPECT_EQ(told.code, 6);
+  EXPECT_THAT(told.out, HasSubstr("Το αποτέλεσμα ΔΕΝ γράφτηκε"));
+}
+
+TEST_F(Program, SaveThatFindsNoRoomLeavesEveryFile) {
+  ASSERT_EQ(RunProgram(Calc("--save '" + bench_.Path("new.PCK") + "'")).code, 0);
+  const FolderImage before = bench_.Studies();
+  // In blocks: no room at all, then room for the companions but not for the rows.
+  for (const char* blocks : {"0", "6"}) {
+    const Told told =
+        RunProgram("ulimit -f " + std::string(blocks) + "; " +
+                   Calc("--method 2 --overwrite --save '" + bench_.Path("new.PCK") + "'"));
+    EXPECT_EQ(told.code, 6) << blocks;
+    EXPECT_THAT(told.out, HasSubstr("Η μελέτη ΔΕΝ σώθηκε. "));
+    EXPECT_THAT(told.out, HasSubstr(bench_.studies().string()));
+    EXPECT_TRUE(bench_.Studies() == before) << blocks;
+  }
+}
+
+TEST_F(Program, ReadingNeedsNoRoom) {
+  const FolderImage before = bench_.Studies();
+  EXPECT_EQ(RunProgram("ulimit -f 0; " + Calc("")).code, 0);
+  EXPECT_TRUE(bench_.Studies() == before);
+}
+
+}  // namespace
+}  // namespace kalvo

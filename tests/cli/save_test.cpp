@@ -1,0 +1,95 @@
+// `kalvo calc --save`: which files it writes, and which it must leave alone.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "study/real_disk.h"
+#include "tests/cli/cli_bench.h"
+
+namespace kalvo {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+std::vector<std::string> NamesOf(const FolderImage& image) {
+  std::vector<std::string> names;
+  for (const auto& [name, bytes] : image) {
+    names.push_back(name);
+  }
+  return names;
+}
+
+class Save : public testing::Test {
+ protected:
+  // Runs with --save expecting that nothing was written.
+  void ExpectKept(const std::vector<std::string>& arguments, int code, const std::string& message) {
+    const FolderImage before = bench_.Studies();
+    const Told told = bench_.Run(arguments);
+    EXPECT_EQ(told.code, code) << told.err;
+    EXPECT_THAT(told.err, HasSubstr(message));
+    EXPECT_TRUE(bench_.Studies() == before);
+  }
+
+  const CliBench bench_;
+  const std::string study_ = bench_.Put("study.PCK", SoundNetwork());
+};
+
+TEST_F(Save, WritesTheWholeFamilyAndNotTheStudyRead) {
+  bench_.Put("study.WNT", SoundNetwork());
+  const std::string before = bench_.Studies().at("study.PCK");
+  EXPECT_EQ(bench_.Run({"calc", study_, "--save", bench_.Path("Νέα μελέτη")}).code, 0);
+  const FolderImage after = bench_.Studies();
+  EXPECT_THAT(NamesOf(after), ElementsAre("study.PCK", "study.WNT", "Νέα μελέτη.LQD",
+                                          "Νέα μελέτη.PCK", "Νέα μελέτη.STC", "Νέα μελέτη.WNT"));
+  EXPECT_EQ(after.at("study.PCK"), before);
+
+  // The results are there when it is read again, and a re-run on them changes no byte.
+  const std::string saved = bench_.Path("Νέα μελέτη.PCK");
+  EXPECT_THAT(bench_.Run({"show", saved}).out, HasSubstr("Δυσμενέστερος κλάδος"));
+  EXPECT_EQ(bench_.Run({"calc", saved, "--fixed", "--save", saved}).code, 0);
+  EXPECT_TRUE(bench_.Studies() == after);
+}
+
+TEST_F(Save, OverwritesOnlyItselfUnasked) {
+  bench_.Put("other.pck", SoundNetwork());
+  bench_.Put("third.LQD", "the fluid of third.PCA");
+  const std::string exists = "υπάρχει ήδη";
+  ExpectKept({"calc", study_, "--save", bench_.Path("other.pck")}, 6, exists);
+  ExpectKept({"calc", study_, "--save", bench_.Path("other.PCK")}, 6, exists);
+  ExpectKept({"calc", study_, "--save", bench_.Path("third.PCK")}, 6, exists);
+  EXPECT_EQ(bench_.Run({"calc", study_, "--save", study_}).code, 0);
+  EXPECT_EQ(bench_.Run({"calc", study_, "--save", bench_.Path("other.PCK"), "--overwrite"}).code,
+            0);
+  EXPECT_THAT(NamesOf(bench_.Studies()),
+              ElementsAre("other.LQD", "other.STC", "other.pck", "study.LQD", "study.PCK",
+                          "study.STC", "third.LQD"));
+}
+
+TEST_F(Save, ManyStudiesGoIntoAFolder) {
+  const std::string second = bench_.Put("second.PCK", SoundNetwork());
+  const std::string bad = bench_.Put("bad.PCK", "");
+  const std::string into = "--save";
+  ExpectKept({"calc", study_, second, into, bench_.Path("new.PCK")}, 2, "φάκελος");
+  RealDisk disk;
+  const auto folder = bench_.folder() / "αποτελέσματα";
+  ASSERT_TRUE(disk.MakeFolder(folder).ok());
+  ExpectKept({"calc", study_, study_, into, folder}, 2, "με το ίδιο όνομα");
+  EXPECT_EQ(bench_.Run({"calc", study_, bad, second, into, folder}).code, 3);
+  EXPECT_THAT(NamesOf(ImageOf(disk, folder)), ElementsAre("second.LQD", "second.PCK", "second.STC",
+                                                          "study.LQD", "study.PCK", "study.STC"));
+  EXPECT_EQ(bench_.Run({"calc", study_, into, folder}).code, 6);  // alone it goes there too
+}
+
+TEST_F(Save, PlaceThatCannotBeWrittenIsNamed) {
+  ExpectKept({"calc", study_, "--save", study_ + "/new.PCK"}, 6, "Ο φάκελος δεν υπάρχει");
+  ExpectKept({"calc", study_, "--save", bench_.Path("none/new.PCK")}, 6, bench_.Path("none"));
+  ExpectKept({"calc", study_, "--save", "/proc/new.PCK"}, 6, "Η μελέτη ΔΕΝ σώθηκε. ");
+  RealDisk disk;
+  ASSERT_TRUE(disk.MakeFolder(bench_.studies() / "new.STC").ok());
+  ExpectKept({"calc", study_, "--save", bench_.Path("new.PCK"), "--overwrite"}, 6,
+             "Είναι φάκελος και όχι αρχείο : " + bench_.Path("new.STC"));
+}
+
+}  // namespace
+}  // namespace kalvo

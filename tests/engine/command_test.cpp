@@ -1,0 +1,190 @@
+#include "engine/calculation_command.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "study/fluid_library.h"
+#include "tests/support/test_bench.h"
+
+namespace kalvo {
+namespace {
+
+const std::vector<std::string_view> kNetwork = {
+    "ANT/1 5m", "1/2 5m soma 300l/h 500mm", "1/3 5m soma 200l/h 400mm", "2/4 5m", "3/4 5m",
+    "4/ANT 5m"};
+
+CommandEnd Calculate(TestBench& bench, Method method = Method::kFlowOnly) {
+  return CalculateClosed(bench.bench, method);
+}
+
+// A network that was calculated.
+void PutCalculated(TestBench& bench) {
+  bench.PutNetwork(kNetwork);
+  ASSERT_EQ(Calculate(bench), CommandEnd::kCalculated);
+}
+
+TEST(Gate, NamesTheFirstThingThatIsMissing) {
+  TestBench bench;
+  bench.PutNetwork(kNetwork);
+  const std::string rows = bench.Bytes();
+  const std::string emitters = bench.Bytes(work_file::kEmitters);
+  Study& study = bench.study;
+  study.emitters_unchecked = study.NameErrors = true;
+  study.pipe_system_number = study.EmitterCount = 0;
+  study.CurrentRow = 2;
+  bench.workspace.DeleteWorkFiles();
+  const auto put = [&bench](const char* name, std::string_view bytes) {
+    EXPECT_TRUE(bench.workspace.Write(name, std::string(bytes)).ok());
+  };
+  const std::vector<std::pair<int, std::function<void()>>> steps = {
+      {2005, [&] { put(work_file::kFluid, ""); }},
+      {2005, [&] { EXPECT_TRUE(WriteStudyFluid(bench.bench, WaterRow(bench.workspace)).ok()); }},
+      {2003, [&] { study.emitters_unchecked = false; }},
+      {406, [&] { study.pipe_system_number = 1; }},
+      {407, [&] { study.EmitterCount = 2; }},
+      {139, [&] { put(work_file::kRows, rows); }},
+      {142, [&] { put(work_file::kEmitters, emitters); }},
+      {10, [&] { study.NameErrors = false; }}};
+  std::vector<int> expected;
+  for (const auto& [message, repair] : steps) {
+    expected.push_back(message);
+    EXPECT_EQ(Calculate(bench), CommandEnd::kRefused);
+    EXPECT_EQ(bench.prompter.codes(), expected);
+    repair();
+  }
+  EXPECT_EQ(bench.Bytes(), rows);
+  EXPECT_EQ(Calculate(bench), CommandEnd::kCalculated);
+}
+
+TEST(Gate, LetsANewStudyOnRowOneWithoutRowsFail) {
+  TestBench bench;
+  bench.PutNetwork(kNetwork);
+  bench.workspace.Delete(work_file::kRows);
+  bench.study.CurrentRow = 1;
+  EXPECT_EQ(Calculate(bench), CommandEnd::kLost);
+  EXPECT_EQ(bench.prompter.codes(), std::vector<int>{2004});
+}
+
+TEST(Command, CalculatesANewNetworkByEitherMethod) {
+  for (const Method method : {Method::kFlowOnly, Method::kFlowAndPressure}) {
+    TestBench bench;
+    bench.PutNetwork(kNetwork);
+    EXPECT_EQ(Calculate(bench, method), CommandEnd::kCalculated);
+    EXPECT_EQ(bench.study.CalcStatus, 0);
+    EXPECT_EQ(bench.Row(6).WaterFlow, 500.0F);
+    EXPECT_EQ(bench.Row(6).INILAMDA, static_cast<float>(method));
+    EXPECT_TRUE(HasResults(bench.Rows()));
+    EXPECT_TRUE(bench.workspace.HasBytes(work_file::kFlowReport));
+  }
+}
+
+TEST(Command, StopsWhereABranchIsLost) {
+  TestBench bench;
+  bench.PutNetwork({"ANT/1 5m", "7/2 5m soma 300l/h 500mm", "2/ANT 5m"});
+  EXPECT_EQ(Calculate(bench), CommandEnd::kLost);
+  EXPECT_EQ(bench.study.CalcStatus, 0);
+  EXPECT_EQ(bench.study.lost_walk->node, "7");
+}
+
+TEST(Command, StopsOnWrongNamesWithAFreshListAndNoFlag) {
+  TestBench bench;
+  bench.PutNetwork({"ANT/1 5m", "1/2 5m soma 300l/h 500mm", "2/ANT 5m", "9/1 5m"});
+  ASSERT_TRUE(bench.workspace.Write(work_file::kErrors, "old\n").ok());
+  const std::string rows = bench.Bytes();
+  EXPECT_EQ(Calculate(bench), CommandEnd::kFindings);
+  EXPECT_EQ(bench.Bytes(work_file::kErrors), "Το Τμήμα 4 έχει ανύπαρκτο Αρχικό Κόμβο !!\n");
+  EXPECT_FALSE(bench.study.NameErrors);
+  EXPECT_EQ(bench.study.CalcStatus, 0);
+  EXPECT_EQ(bench.Bytes(), rows);
+}
+
+TEST(Command, ASectionWithoutFlowBreaksItOff) {
+  TestBench bench;
+  auto lines = kNetwork;
+  lines.emplace_back("1/4 5m 90l/h");  // a bypass that no emitter's circuit takes
+  bench.PutNetwork(lines);
+  EXPECT_EQ(Calculate(bench), CommandEnd::kBrokenOff);
+  EXPECT_TRUE(bench.study.CalcAborted);
+  EXPECT_EQ(bench.study.CalcStatus, 0);
+  EXPECT_FALSE(bench.Row(6).NomiDiam.Trimmed().empty());
+  EXPECT_TRUE(bench.Row(7).NomiDiam.Trimmed().empty());
+}
+
+TEST(Command, AFluidThatDoesNotFitEndsItWithoutResults) {
+  TestBench bench;
+  bench.PutNetwork(kNetwork);
+  bench.study.fluid_name = "Άλμη";  // the file still says -10000 °C
+  EXPECT_EQ(Calculate(bench), CommandEnd::kViscosity);
+  EXPECT_FALSE(bench.study.CalcAborted);
+  EXPECT_EQ(bench.study.CalcStatus, 0);
+  EXPECT_FALSE(HasResults(bench.Rows()));
+}
+
+// A network too large for its pipes; its first row still carries the flow that was entered.
+void PutTooLarge(TestBench& bench) {
+  bench.PutNetwork({"ANT/1 5m 60000l/h", "1/2 5m soma 60000l/h 500mm", "2/ANT 5m"});
+}
+
+TEST(Command, GoesOnWithPipesThatDoNotSufficeOnYesOnly) {
+  TestBench no;
+  PutTooLarge(no);
+  no.prompter.Expect(-300, Answer::kNo);
+  EXPECT_EQ(Calculate(no), CommandEnd::kCapacity);
+  EXPECT_EQ(no.study.CalcStatus, 0);
+  EXPECT_FALSE(HasResults(no.Rows()));
+
+  TestBench yes;
+  PutTooLarge(yes);
+  yes.prompter.Expect(-300, Answer::kYes);
+  EXPECT_EQ(Calculate(yes), CommandEnd::kCalculated);
+  EXPECT_EQ(yes.Row(1).NomiDiam.Utf8(), "4");
+}
+
+TEST(Command, NoAndCancelLeaveResultsAsTheyStand) {
+  for (const auto& [answer, end] : {std::pair{Answer::kNo, CommandEnd::kShowOld},
+                                    std::pair{Answer::kCancel, CommandEnd::kCancelled}}) {
+    TestBench bench;
+    PutCalculated(bench);
+    const std::string rows = bench.Bytes();
+    bench.prompter.Expect(190, answer);
+    EXPECT_EQ(Calculate(bench), end);
+    EXPECT_EQ(bench.Bytes(), rows);
+    EXPECT_EQ(bench.study.answer, Answer::kNone);
+  }
+}
+
+TEST(Command, ANewRunOnResultsTakesTheRowsAsTheyStand) {
+  TestBench bench;
+  PutCalculated(bench);
+  auto rows = bench.Rows();
+  rows[0].WaterFlow = 9000;
+  ASSERT_TRUE(bench.workspace.Rows().WriteAll(rows).ok());
+  bench.workspace.Delete(work_file::kFlowReport);
+  bench.prompter.Expect(190, Answer::kYes);
+  EXPECT_EQ(Calculate(bench), CommandEnd::kCalculated);
+  EXPECT_EQ(bench.Row(1).WaterFlow, 9000.0F);  // no rebuild
+  EXPECT_EQ(bench.Row(1).NomiDiam.Utf8(), "2 1/2");
+  EXPECT_FALSE(bench.workspace.Exists(work_file::kFlowReport));
+}
+
+TEST(Command, ALoneSectionNeedsNoNetwork) {
+  TestBench bench;
+  bench.PutNetwork({"ANT/ANT 20m 1000l/h soma 500mm"});
+  EXPECT_EQ(Calculate(bench, Method::kFlowAndPressure), CommandEnd::kCalculated);
+  EXPECT_EQ(bench.Row(1).INILAMDA, 2.0F);
+  EXPECT_EQ(bench.study.TotalFlowM3h, 1.0F);
+  EXPECT_FALSE(bench.workspace.Exists(work_file::kFlowReport));
+
+  bench.prompter.Expect(190, Answer::kCancel);
+  EXPECT_EQ(Calculate(bench), CommandEnd::kCancelled);
+}
+
+TEST(Command, OneSectionOfAnotherNameIsANetworkThatIsLost) {
+  TestBench bench;
+  bench.PutNetwork({"1/ANT 20m soma 1000l/h 500mm"});
+  EXPECT_EQ(Calculate(bench), CommandEnd::kLost);
+}
+
+}  // namespace
+}  // namespace kalvo

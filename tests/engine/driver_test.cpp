@@ -1,0 +1,198 @@
+#include "engine/driver.h"
+
+#include <gtest/gtest.h>
+
+#include "engine/capacity.h"
+#include "engine/trap.h"
+#include "study/fluid_library.h"
+#include "tests/support/test_bench.h"
+
+namespace kalvo {
+namespace {
+
+const std::vector<std::string_view> kLoop = {"ANT/1 5m 300l/h", "1/2 5m 300l/h soma 800mm",
+                                             "2/ANT 5m 300l/h"};
+const std::vector<std::string_view> kLoneSection = {"ANT/ANT 20m 1000l/h soma 500mm"};
+
+TEST(Capacity, OfRowOneIsInLitresAndOfTheTotalAThousandTimesEasier) {
+  // The largest pipe has 105.3 mm: 1.03 m/s are 32,291 l/h.
+  struct Case {
+    float total_m3h;
+    const char* row_one;
+    bool asks;
+  };
+  for (const auto& [total, row_one, asks] :
+       {Case{0, "ANT/ANT 32000l/h", false}, Case{0, "ANT/ANT 32500l/h", true},
+        Case{32.5F, "ANT/ANT 32500l/h", false}, Case{32500, "ANT/ANT 1l/h", true}}) {
+    TestBench bench;
+    bench.PutNetwork({row_one});
+    bench.study.TotalFlowM3h = total;
+    if (asks) {
+      bench.prompter.Expect(-300, Answer::kYes);
+    }
+    EXPECT_TRUE(CheckPipeCapacity(bench.bench)) << total << " " << row_one;
+    EXPECT_EQ(bench.study.CalcStatus, asks ? -1 : 0) << total << " " << row_one;
+  }
+}
+
+TEST(Capacity, NoIsHeard) {
+  TestBench bench;
+  bench.PutNetwork({"ANT/ANT 40000l/h"});
+  bench.prompter.Expect(-300, Answer::kNo);
+  EXPECT_FALSE(CheckPipeCapacity(bench.bench));
+  EXPECT_EQ(bench.study.CalcStatus, -1);
+}
+
+TEST(Run, BeginsByClearingWhatNoPassFills) {
+  TestBench bench;
+  bench.PutNetwork(kLoop);
+  auto rows = bench.Rows();
+  rows[1].NomiDiam = FixedText<15>::FromUtf8("2");
+  rows[1].PAR = rows[1].DP = rows[1].AvaiPres = 5;
+  rows[1].Velocity = 3;
+  bench.PutRows(rows);
+  bench.study.results_valid = true;
+  bench.study.MeanTemp = 45;
+  bench.study.MeanVel = 0.7F;
+  bench.study.pipe_system_number = 2;
+  ResetCalcFields(bench.bench);
+  const SectionRow row = bench.Row(2);
+  EXPECT_EQ(row.NomiDiam.Trimmed(), "");
+  EXPECT_EQ(row.PAR + row.DP + row.AvaiPres, 0.0F);
+  EXPECT_EQ(row.Velocity, 3.0F);  // not touched
+  EXPECT_EQ(row.MeanTemp, 45.0F);
+  EXPECT_EQ(row.MeanVel, 0.7F);
+  EXPECT_EQ(row.FileNumber, 2);
+  EXPECT_FALSE(bench.study.results_valid);
+}
+
+TEST(Run, ThatEndsWellSettlesTheStudy) {
+  TestBench bench;
+  bench.PutNetwork(kLoop);
+  bench.study.recalculation_needed = bench.study.recovery = bench.study.CalcAborted = true;
+  bench.study.MeanVelMode = false;
+  bench.study.CurrentRow = 2;
+  RunCalculation(bench.bench);
+  EXPECT_FALSE(bench.study.recalculation_needed);
+  EXPECT_FALSE(bench.study.recovery);
+  EXPECT_FALSE(bench.study.CalcAborted);
+  EXPECT_TRUE(bench.study.MeanVelMode);
+  EXPECT_EQ(bench.study.CurrentRow, 2);
+  EXPECT_EQ(bench.study.CalcStatus, 0);
+  EXPECT_EQ(bench.Row(3).INILAMDA, 1.0F);
+  EXPECT_EQ(bench.Rows().front().DP, bench.study.CriticalDrop);
+  EXPECT_EQ(bench.Bytes(work_file::kStatistics).size(), 10U * 265U);
+}
+
+TEST(Run, ThatIsBrokenOffLeavesTheRowsBeforeAndNoStatistics) {
+  TestBench bench;
+  bench.PutNetwork({"ANT/1 5m 300l/h", "1/2 5m soma 800mm", "2/ANT 5m 300l/h"});
+  bench.study.recalculation_needed = true;
+  RunCalculation(bench.bench);
+  EXPECT_EQ(bench.study.CalcStatus, -32);
+  EXPECT_TRUE(bench.study.CalcAborted);
+  EXPECT_TRUE(bench.study.recalculation_needed);
+  EXPECT_EQ(bench.Row(1).NomiDiam.Utf8(), "3/8");
+  EXPECT_EQ(bench.Row(2).NomiDiam.Utf8(), "");
+  EXPECT_EQ(bench.Bytes(work_file::kStatistics), "(missing)");
+  ASSERT_EQ(bench.prompter.boxes().size(), 1U);
+  EXPECT_EQ(bench.prompter.boxes()[0].lines,
+            std::vector<std::string>{"... Μάλλον ΔΕΝ έχετε καταχωρήσει όλα τα Σώματα ..."});
+}
+
+TEST(Run, OnAnUnreadableFileIsReportedOnce) {
+  TestBench bench;
+  bench.PutNetwork(kLoop);
+  ASSERT_TRUE(bench.workspace.Write(work_file::kRows, "no whole record").ok());
+  RunCalculation(bench.bench);
+  EXPECT_EQ(bench.study.CalcStatus, -32);
+  EXPECT_EQ(bench.prompter.boxes().size(), 1U);
+  EXPECT_EQ(bench.Bytes(), "no whole record");
+}
+
+TEST(Run, OnAFluidOfAnotherTemperatureIsNotAborted) {
+  TestBench bench;
+  bench.PutNetwork(kLoop);
+  FluidRow fluid;
+  fluid.name = FixedText<50>::FromUtf8("Άλμη");
+  fluid.mean_temperature = 5;
+  ASSERT_TRUE(WriteStudyFluid(bench.bench, fluid).ok());
+  bench.study.fluid_name = "Άλμη";
+  RunCalculation(bench.bench);
+  EXPECT_EQ(bench.study.CalcStatus, -13);
+  EXPECT_FALSE(bench.study.CalcAborted);
+  EXPECT_EQ(bench.Bytes(work_file::kStatistics), "(missing)");
+  EXPECT_EQ(bench.Row(1).NomiDiam.Utf8(), "");
+}
+
+TEST(Run, OfALoneSectionIsClosedFromItsOwnRow) {
+  for (const Method method : {Method::kFlowOnly, Method::kFlowAndPressure}) {
+    TestBench bench;
+    bench.PutNetwork(kLoneSection);
+    bench.study.SingleSection = true;
+    RunPasses(bench.bench, method);
+    const SectionRow row = bench.Row(1);
+    EXPECT_EQ(row.INILAMDA, static_cast<float>(method));
+    EXPECT_EQ(row.PAR, 1.0F);
+    EXPECT_GT(row.TotalDrop, 500.0F);
+    EXPECT_EQ(row.DP, row.TotalDrop);
+    EXPECT_EQ(row.AvaiPres, 0.0F);
+    EXPECT_EQ(bench.study.CriticalDrop, row.TotalDrop);
+    EXPECT_FLOAT_EQ(bench.study.PumpHead, row.TotalDrop / 1000);
+    EXPECT_EQ(bench.study.critical_branch, "1");
+  }
+}
+
+TEST(Run, ClosesNothingButTheLoneSection) {
+  TestBench bench;
+  bench.PutNetwork({"ANT/1 20m 1000l/h soma 500mm"});
+  const std::string before = bench.Bytes();
+  CloseSingleSection(bench.bench);
+  EXPECT_EQ(bench.Bytes(), before);
+  EXPECT_EQ(bench.study.critical_branch, "");
+}
+
+TEST(Trap, TellsEveryFaultByItsNumber) {
+  constexpr const char* kTitle = "  ! !  ΠΡΟΣΟΧΗ : Διακοπή των Υπολογισμών ! ! ";
+  const std::pair<int, const char*> kTexts[] = {
+      {5, "... ΛΑΝΘΑΣΜΕΝΗ ΚΛΗΣΗ ΣΥΝΑΡΤΗΣΗΣ : Οι Υπολογισμοί τερματίζονται ..."},
+      {6, "... Μάλλον ΔΕΝ έχετε καταχωρήσει όλα τα Σώματα ..."},
+      {9, "... ΣΟΒΑΡΟ ΣΦΑΛΜΑ : Οι Υπολογισμοί τερματίζονται ..."},
+      {11, "... ΣΟΒΑΡΟ ΣΦΑΛΜΑ : Οι Υπολογισμοί τερματίζονται ..."}};
+  for (const auto& [code, text] : kTexts) {
+    const Box box = CalcErrorBox(code);
+    EXPECT_EQ(box.title, kTitle);
+    EXPECT_EQ(box.lines, std::vector<std::string>{text});
+    EXPECT_FALSE(StyleAsks(box.style));
+  }
+}
+
+TEST(Trap, AsksOnCodeOneWhetherToGoOn) {
+  constexpr const char* kTitle = "  ! !  ΠΡΟΣΟΧΗ : Προσωρινή Διακοπή των Υπολογισμών ! ! ";
+  TestBench bench;
+  bench.prompter.Expect(kTitle, Answer::kYes);
+  ReportCalcError(bench.bench, 1);
+  EXPECT_EQ(bench.study.CalcStatus, 0);
+  EXPECT_EQ(bench.study.answer, Answer::kYes);
+  bench.prompter.Expect(kTitle, Answer::kNo);
+  ReportCalcError(bench.bench, 1);
+  EXPECT_EQ(bench.study.CalcStatus, -32);
+  EXPECT_EQ(bench.study.answer, Answer::kNone);
+  EXPECT_EQ(bench.prompter.boxes()[0].lines,
+            (std::vector<std::string>{
+                "... Το Επιλεγέν <Σύστημα Σωλήνων>, δεν επαρκεί για την διατήρηση της",
+                "ταχύτητας του νερού, στην περιοχή της <Μέσης Ταχύτητας Νερού> που",
+                "έχετε επιλέξει στα <Εισαγωγικά Δεδομένα> της Μελέτης.", "   ",
+                "              ... ΝΑ ΣΥΝΕΧΙΣΘΟΥΝ ΟΙ ΥΠΟΛΟΓΙΣΜΟΙ ?? ...             "}));
+}
+
+TEST(Trap, EndsARunAndClearsTheAnswer) {
+  TestBench bench;
+  bench.study.answer = Answer::kYes;
+  RunTrapped(bench.bench, [] { throw Fault(FaultCode::kBadIndex, "beyond the table"); });
+  EXPECT_EQ(bench.study.CalcStatus, -32);
+  EXPECT_EQ(bench.study.answer, Answer::kNone);
+}
+
+}  // namespace
+}  // namespace kalvo

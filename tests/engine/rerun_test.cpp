@@ -1,0 +1,130 @@
+#include "engine/rerun.h"
+
+#include <gtest/gtest.h>
+
+#include "engine/calculation_command.h"
+#include "tests/support/test_bench.h"
+
+namespace kalvo {
+namespace {
+
+// A network calculated by the first method, its rows kept as the previous and the first ones.
+void PutCalculated(TestBench& bench,
+                   const std::vector<std::string_view>& lines = {
+                       "ANT/1 5m", "1/2 5m soma 3000l/h 500mm", "1/3 5m soma 2000l/h 400mm",
+                       "2/4 5m", "3/4 5m", "4/ANT 5m"}) {
+  bench.PutNetwork(lines);
+  ASSERT_EQ(CalculateClosed(bench.bench, Method::kFlowOnly), CommandEnd::kCalculated);
+  for (const char* name : {work_file::kPreviousRows, work_file::kFirstRows}) {
+    ASSERT_TRUE(bench.workspace.Copy(work_file::kRows, name).ok());
+  }
+}
+
+// Gives a row, now one of the second method, another pipe, as its user would.
+void Overrule(TestBench& bench, int number, std::string_view name, float diameter_mm) {
+  auto row = bench.Row(number);
+  row.NomiDiam = FixedText<15>::FromUtf8(name);
+  row.InDiameter = diameter_mm;
+  row.INILAMDA = 2;
+  ASSERT_TRUE(bench.workspace.Rows().Write(number, row).ok());
+}
+
+TEST(Rerun, WithNothingChangedGivesTheSameRows) {
+  TestBench bench;
+  PutCalculated(bench);
+  const std::string rows = bench.Bytes();
+  Rerun(bench.bench);
+  EXPECT_EQ(bench.Bytes(), rows);
+  EXPECT_TRUE(bench.study.unsaved_changes);
+}
+
+TEST(Rerun, CalculatesOnTheDiametersThatItFinds) {
+  TestBench bench;
+  PutCalculated(bench);
+  const SectionRow before = bench.Row(1);
+  const float critical = bench.study.CriticalDrop;
+  Overrule(bench, 1, "1 1/2", -41.9F);
+  bench.study.CurrentRow = 5;
+  bench.study.CalcStatus = calc_status::kRecalculate;
+  Rerun(bench.bench);
+  const SectionRow after = bench.Row(1);
+  EXPECT_EQ(after.InDiameter, -41.9F);
+  EXPECT_EQ(after.INILAMDA, 2.0F);
+  EXPECT_EQ(after.Area, before.Area);
+  EXPECT_GT(after.TotalDrop, before.TotalDrop);
+  // Row 1 is on every branch.
+  EXPECT_NEAR(bench.study.CriticalDrop, critical + after.TotalDrop - before.TotalDrop, 0.01);
+  EXPECT_EQ(bench.study.CalcStatus, 0);
+  EXPECT_EQ(bench.study.CurrentRow, 5);
+  EXPECT_EQ(bench.Bytes(work_file::kPreviousRows), bench.Bytes());
+  EXPECT_EQ(bench.study.PipeStats[5].Length, 5.0F);
+}
+
+TEST(Rerun, TakesTheMarkOffRowsThatCameBack) {
+  TestBench bench;
+  PutCalculated(bench);
+  const float first = bench.Row(2).InDiameter;
+  Overrule(bench, 2, bench.Row(2).NomiDiam.Utf8(), -first);
+  Overrule(bench, 3, "2", -53.1F);
+  Rerun(bench.bench);
+  EXPECT_EQ(bench.Row(2).InDiameter, first);
+  EXPECT_EQ(bench.Row(3).InDiameter, -53.1F);
+  EXPECT_EQ(bench.Bytes(work_file::kPreviousRows), bench.Bytes());
+}
+
+TEST(Rerun, ThatEndsEarlyNeedsANewCalculation) {
+  for (const bool broken_off : {true, false}) {
+    TestBench bench;
+    PutCalculated(bench);
+    const std::string previous = bench.Bytes(work_file::kPreviousRows);
+    Overrule(bench, 2, "?", broken_off ? 0.0F : -27.3F);
+    bench.study.fluid_name = broken_off ? std::string(kWaterName) : "Άλμη";
+    Rerun(bench.bench);
+    EXPECT_EQ(bench.study.CalcStatus, broken_off ? -32 : -13);
+    EXPECT_EQ(bench.study.CalcAborted, broken_off);
+    EXPECT_TRUE(bench.study.recalculation_needed);
+    EXPECT_EQ(bench.Bytes(work_file::kPreviousRows), previous);
+  }
+}
+
+TEST(Rerun, ClosesALoneSection) {
+  TestBench bench;
+  PutCalculated(bench, {"ANT/ANT 20m 1000l/h soma 500mm"});
+  Overrule(bench, 1, "1/2", -16.1F);
+  Rerun(bench.bench);
+  EXPECT_EQ(bench.Row(1).DP, bench.Row(1).TotalDrop);
+  EXPECT_EQ(bench.study.CriticalDrop, bench.Row(1).TotalDrop);
+}
+
+TEST(RerunIfChanged, WaitsForAnotherNominalDiameter) {
+  TestBench bench;
+  PutCalculated(bench);
+  const float diameter = bench.Row(2).InDiameter;
+  Overrule(bench, 2, bench.Row(2).NomiDiam.Utf8(), -diameter);  // the name is the same
+  EXPECT_FALSE(RerunIfChanged(bench.bench).value());
+  Overrule(bench, 2, "1", -27.3F);
+  EXPECT_TRUE(RerunIfChanged(bench.bench).value());
+  EXPECT_FALSE(RerunIfChanged(bench.bench).value());
+}
+
+TEST(Diameters, AreComparedTrimmedAndByCase) {
+  TestBench bench;
+  bench.PutNetwork({"ANT/1", "1/ANT"});
+  Overrule(bench, 2, "dn 20", 21);
+  const auto differ = [&bench] {
+    return DiametersDiffer(bench.workspace, work_file::kPreviousRows).value();
+  };
+  EXPECT_FALSE(differ());  // nothing to compare with
+  ASSERT_TRUE(bench.workspace.Write(work_file::kPreviousRows, "").ok());
+  EXPECT_FALSE(differ());
+  ASSERT_TRUE(bench.workspace.Copy(work_file::kRows, work_file::kPreviousRows).ok());
+  Overrule(bench, 2, "  dn 20", -50);
+  EXPECT_FALSE(differ());
+  Overrule(bench, 2, "DN 20", 21);
+  EXPECT_TRUE(differ());
+  ASSERT_TRUE(bench.workspace.Write(work_file::kPreviousRows, "odd").ok());
+  EXPECT_FALSE(DiametersDiffer(bench.workspace, work_file::kPreviousRows).ok());
+}
+
+}  // namespace
+}  // namespace kalvo

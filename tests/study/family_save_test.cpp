@@ -1,0 +1,215 @@
+#include "study/family_save.h"
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <random>
+
+#include "study/load_study.h"
+#include "study/real_disk.h"
+#include "study/write_study.h"
+#include "tests/support/failing_disk.h"
+#include "tests/support/sample_study.h"
+
+namespace kalvo {
+namespace {
+
+namespace fs = std::filesystem;
+
+const fs::path kFolder = "/studies";
+
+// A folder with a journal and staged files as a save that was broken off leaves them.
+MemoryDisk BrokenOff(const std::string& journal) {
+  MemoryDisk disk;
+  for (const char* name : {"b.PCK", "b.LQD", "other.PCK", "b.txt", "b2.PCK"}) {
+    EXPECT_TRUE(disk.Write(kFolder / name, "old").ok());
+    EXPECT_TRUE(disk.Write(kFolder / (std::string(name) + ".new~"), "new").ok());
+  }
+  EXPECT_TRUE(disk.Write(kFolder / "b.saving~", journal).ok());
+  return disk;
+}
+
+TEST(FinishSave, EndsWhatAWholeJournalTells) {
+  MemoryDisk disk = BrokenOff("KALVOFLUME 1\nb.LQD\nb.PCK\nTELOS\n");
+  ASSERT_TRUE(FinishSave(disk, kFolder, "b").ok());
+  FolderImage wanted = ImageOf(BrokenOff(""), kFolder);
+  wanted["b.PCK"] = wanted["b.LQD"] = "new";
+  for (const char* name : {"b.saving~", "b.PCK.new~", "b.LQD.new~"}) {
+    wanted.erase(name);
+  }
+  EXPECT_EQ(ImageOf(disk, kFolder), wanted);
+}
+
+TEST(FinishSave, DiscardsWhatABrokenOrForeignJournalTells) {
+  for (const char* journal :
+       {"", "KALVOFLUME 1\n", "KALVOFLUME 1\nb.PCK\n", "KALVOFLUME 2\nb.PCK\nTELOS\n",
+        "KALVOFLUME 1\nb.PCKTELOS\n", "KALVOFLUME 1\nb.PCK\nother.PCK\nTELOS\n",
+        "KALVOFLUME 1\nb.txt\nb.PCK\nTELOS\n", "KALVOFLUME 1\n../studies/b.PCK\nTELOS\n"}) {
+    SCOPED_TRACE(journal);
+    MemoryDisk disk = BrokenOff(journal);
+    ASSERT_TRUE(FinishSave(disk, kFolder, "b").ok());
+    FolderImage wanted = ImageOf(BrokenOff(""), kFolder);
+    for (const char* name : {"b.saving~", "b.PCK.new~", "b.LQD.new~"}) {
+      wanted.erase(name);
+    }
+    EXPECT_EQ(ImageOf(disk, kFolder), wanted);
+  }
+}
+
+TEST(FinishSave, WritesNothingWhenNothingWasLeft) {
+  MemoryDisk disk;
+  ASSERT_TRUE(disk.Write(kFolder / "b.PCK", "old").ok());
+  FailingDisk counting(disk);
+  counting.FailAtOperation(1, FailingDisk::Lasting::kFromThenOn);
+  EXPECT_TRUE(FinishSave(counting, kFolder, "b").ok()) << "a disk that cannot be written will do";
+  EXPECT_EQ(counting.operations(), 0);
+}
+
+TEST(SaveFamily, RefusesNamesThatItsJournalCouldNotTell) {
+  MemoryDisk disk;
+  for (const auto& [base, name] :
+       {std::pair("a\nb", "a\nb.PCK"), std::pair("a", "b.PCK"), std::pair("a", "a.txt")}) {
+    EXPECT_FALSE(SaveFamily(disk, kFolder, base, {{name, "x"}}).ok());
+    EXPECT_TRUE(disk.List(kFolder).empty());
+  }
+}
+
+// One study on the machine's own disk with the work files in memory.
+class DiskStudy {
+ public:
+  explicit DiskStudy(const DiskBench& place) : DiskStudy(place, real_) {}
+  DiskStudy(const DiskBench& place, Disk& disk)
+      : path_(place.studies() / "b.PCK"),
+        workspace_(work_, "/program", disk, place.library(), clock_),
+        pipes_{{1, "0001.WPT", "", "STEEL", 10}},
+        bench_(study_, workspace_, pipes_, prompter_) {
+    study_.system_kind = SystemKind::kClosed;
+  }
+
+  Outcome Save(std::string_view title) {
+    PutSampleStudy(bench_, title);
+    study_.study_path = path_;
+    return WriteStudy(bench_);
+  }
+
+  // The title that a load finds in every file of the family, "torn" when they differ.
+  std::string LoadedTitle() {
+    study_ = {};
+    study_.system_kind = SystemKind::kClosed;
+    study_.study_path = path_;
+    LoadStudy(bench_, RecentList::kLeave);
+    if (study_.CalcStatus != 0 || study_.PipeStats.size() != 2) {
+      return "not loaded";
+    }
+    const auto winter = workspace_.Rows(work_file::kWinter).ReadAll();
+    bool whole = winter && winter->size() == 3 && study_.fluid_name == study_.study_title;
+    whole = whole && study_.PipeStats[1].Thema.Utf8() == study_.study_title;
+    return whole && (*winter)[2].Thema.Utf8() == study_.study_title ? study_.study_title : "torn";
+  }
+
+ private:
+  fs::path path_;
+  RealDisk real_;
+  MemoryDisk work_;
+  NoWait clock_;
+  Workspace workspace_;
+  PipeList pipes_;
+  Study study_;
+  ScriptedPrompter prompter_;
+  Workbench bench_;
+};
+
+template <typename Act>
+pid_t InChild(Act act) {
+  const pid_t child = fork();
+  if (child == 0) {
+    _exit(act());
+  }
+  return child;
+}
+
+// True when the child came to its own end, with status 0.
+bool EndedWell(pid_t child) {
+  int status = 0;
+  EXPECT_EQ(waitpid(child, &status, 0), child);
+  if (WIFEXITED(status)) {
+    EXPECT_EQ(WEXITSTATUS(status), 0);
+    return true;
+  }
+  EXPECT_EQ(WTERMSIG(status), SIGKILL);
+  return false;
+}
+
+void ExpectFourFiles(const DiskBench& place) {
+  EXPECT_EQ(RealDisk().List(place.studies()),
+            (std::vector<std::string>{"b.LQD", "b.PCK", "b.STC", "b.WNT"}));
+}
+
+TEST(SaveKilled, AfterAnyStepLeavesTheOldStudyOrTheNewOne) {
+  const DiskBench place;
+  bool ended = false;
+  bool seen_new = false;
+  for (int step = 1; !ended; ++step) {
+    SCOPED_TRACE(step);
+    ASSERT_LT(step, 60);
+    ASSERT_TRUE(DiskStudy(place).Save("Παλιά").ok());
+    ended = EndedWell(InChild([&] {
+      RealDisk real;
+      KillingDisk disk(real, step);
+      return DiskStudy(place, disk).Save("Νέα").ok() ? 0 : 1;
+    }));
+    const std::string title = DiskStudy(place).LoadedTitle();
+    EXPECT_TRUE(title == "Νέα" || (title == "Παλιά" && !seen_new)) << title;
+    seen_new = title == "Νέα";
+    ExpectFourFiles(place);
+  }
+  EXPECT_TRUE(seen_new);
+}
+
+TEST(SaveKilled, AtAnyMomentLeavesAWholeStudy) {
+  const DiskBench place;
+  ASSERT_TRUE(DiskStudy(place).Save("Α").ok());
+  std::mt19937 random(7);
+  for (int round = 0; round < 100; ++round) {
+    const pid_t child = InChild([&] {
+      for (bool saved = true; saved;) {
+        saved = DiskStudy(place).Save("Β").ok() && DiskStudy(place).Save("Α").ok();
+      }
+      return 1;
+    });
+    usleep(static_cast<useconds_t>(random() % 3000));
+    ASSERT_EQ(kill(child, SIGKILL), 0);
+    EXPECT_FALSE(EndedWell(child));
+    const std::string title = DiskStudy(place).LoadedTitle();
+    ASSERT_TRUE(title == "Α" || title == "Β") << title;
+    ExpectFourFiles(place);
+  }
+}
+
+TEST(SaveOnAFullDisk, FailsByNameAndLeavesTheOldStudy) {
+  const DiskBench place;
+  ASSERT_TRUE(DiskStudy(place).Save("Παλιά").ok());
+  const FolderImage before = ImageOf(RealDisk(), place.studies());
+  // Room in one file for less than the fluid, less than the statistics, less than the rows.
+  for (const rlim_t room : {0U, 71U, 500U, 1000U}) {
+    const pid_t child = InChild([&] {
+      std::signal(SIGXFSZ, SIG_IGN);
+      const rlimit limit{room, room};
+      setrlimit(RLIMIT_FSIZE, &limit);
+      const Outcome saved = DiskStudy(place).Save("Νέα");
+      const bool named = !saved && saved.error().file.parent_path() == place.studies() &&
+                         saved.error().reason == "Το αρχείο ξεπερνά το επιτρεπτό μέγεθος";
+      return named ? 0 : 1;
+    });
+    EXPECT_TRUE(EndedWell(child));
+    EXPECT_EQ(ImageOf(RealDisk(), place.studies()), before) << room << " bytes";
+  }
+  ASSERT_TRUE(DiskStudy(place).Save("Νέα").ok());
+  EXPECT_EQ(DiskStudy(place).LoadedTitle(), "Νέα");
+}
+
+}  // namespace
+}  // namespace kalvo

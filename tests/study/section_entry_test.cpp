@@ -1,0 +1,241 @@
+#include "study/section_entry.h"
+
+#include <gtest/gtest.h>
+
+#include "study/fault.h"
+#include "tests/support/test_bench.h"
+
+namespace kalvo {
+namespace {
+
+constexpr Separators kGreek{',', '.'};
+
+// An entry on the second row of a chain, with every number different.
+SectionEntry SampleEntry() {
+  return {"1", "2", "1.012,5", "1,5", "2", "3", "4", "5", "6", "7", "8", "9", "10", "11", "0,25"};
+}
+
+SectionRow Calculated(SectionRow row) {
+  row.NomiDiam = FixedText<15>::FromUtf8("3/4");
+  row.Velocity = row.Area = row.InDiameter = row.Reynolds = row.Lamda = 1;
+  row.FrictionRate = row.TotalDrop = row.AvaiPres = 2;
+  row.PAR = 0.3F;
+  row.DP = 700;
+  return row;
+}
+
+void Store(TestBench& bench, int number, const SectionEntry& entry) {
+  bench.study.CurrentRow = static_cast<std::int16_t>(number);
+  ASSERT_TRUE(StoreSectionRow(bench.bench, entry, kGreek).ok());
+}
+
+// A closed study of two calculated rows, the second with an emitter and a height of its own.
+class StoredRow : public testing::Test {
+ protected:
+  StoredRow() {
+    std::vector<SectionRow> rows = Network({"ANT/1 5m 2elbows", "1/2 4m soma 300l/h 500mm 2up"});
+    for (SectionRow& row : rows) {
+      row = Calculated(row);
+      row.Client = FixedText<51>::FromUtf8("Μελετητής");
+      row.Units = FixedText<8>::FromUtf8("units");
+      row.INILAMDA = 2;
+    }
+    bench.PutRows(rows);
+  }
+  TestBench bench;
+};
+
+TEST_F(StoredRow, TakesTheTypedValuesAndTheStudysHeader) {
+  bench.study.study_title = " Νέο Θέμα ";
+  bench.study.pipe_material = "COPPER";
+  bench.study.MeanTemp = 45;
+  bench.study.MeanVel = 0.75F;
+  bench.study.TotalFlowM3h = 9;
+  Store(bench, 2, SampleEntry());
+  const SectionRow row = bench.Row(2);
+  EXPECT_EQ(row.Name.bytes(), "  1/2  ");
+  EXPECT_EQ(row.Length, 1012.5F);
+  EXPECT_EQ(row.AnglePOP, 1.5F);
+  EXPECT_EQ(row.Elbow90, 2.0F);
+  EXPECT_EQ((std::vector<int>{row.GateValve, row.StrSwitch, row.AngSwitch, row.DiaTee, row.DieTee,
+                              row.AntiTee, row.SymboTee, row.CheckValve}),
+            (std::vector<int>{3, 4, 5, 6, 7, 8, 9, 10}));
+  EXPECT_EQ(row.OtherDrop_mm, 11.0F);
+  EXPECT_EQ(row.OtherDrop_m, 0.25F);
+  EXPECT_EQ(row.Thema.Utf8(), "Νέο Θέμα");
+  EXPECT_EQ(row.Material.Utf8(), "COPPER");
+  EXPECT_EQ(row.MeanTemp, 45.0F);
+  EXPECT_EQ(row.MeanVel, 0.75F);
+  EXPECT_EQ(row.PAR, 9.0F);
+  EXPECT_EQ(row.Outlets, 1);
+  EXPECT_EQ(row.TOT, 3);
+  EXPECT_EQ(row.KLEIS, -1);
+  EXPECT_EQ(row.ANOIK, 0);
+}
+
+TEST_F(StoredRow, KeepsWhatTheFormDoesNotEdit) {
+  Store(bench, 2, SampleEntry());
+  const SectionRow row = bench.Row(2);
+  EXPECT_EQ(row.Client.Utf8(), "Μελετητής");
+  EXPECT_EQ(row.Units.Utf8(), "units");
+  EXPECT_EQ(row.INILAMDA, 2.0F);
+  EXPECT_EQ(row.WaterFlow, 300.0F);
+  EXPECT_EQ(row.SomaDrop, 500.0F);
+  EXPECT_EQ(row.HeightDiff, 0.0F);  // closed system
+}
+
+TEST_F(StoredRow, UntouchedRowIsNoChangeAndKeepsItsResults) {
+  bench.study.EmitterCount = 7;  // a header value
+  Store(bench, 1, EntryOf(bench.Row(1), kGreek));
+  EXPECT_FALSE(bench.study.unsaved_changes);
+  EXPECT_TRUE(bench.study.results_valid);
+  EXPECT_EQ(bench.Row(1).DP, 700.0F);
+  EXPECT_EQ(bench.Row(1).NomiDiam.Utf8(), "3/4");
+}
+
+TEST_F(StoredRow, ChangedRowIsUnsavedAndLosesItsResultsButNotItsEmitter) {
+  Store(bench, 2, SampleEntry());
+  EXPECT_TRUE(bench.study.unsaved_changes);
+  EXPECT_FALSE(bench.study.results_valid);
+  const SectionRow row = bench.Row(2);
+  EXPECT_EQ(row.DP, 0.0F);
+  EXPECT_EQ(row.NomiDiam, FixedText<15>{});
+  for (const float result : {row.Velocity, row.Area, row.InDiameter, row.Reynolds, row.Lamda,
+                             row.FrictionRate, row.TotalDrop, row.AvaiPres}) {
+    EXPECT_EQ(result, 0.0F);
+  }
+  EXPECT_EQ(row.SomaDrop, 500.0F);
+}
+
+TEST_F(StoredRow, UnsavedChangesDropTheResultsOfAnUntouchedRowToo) {
+  bench.study.unsaved_changes = true;
+  Store(bench, 1, EntryOf(bench.Row(1), kGreek));
+  EXPECT_FALSE(bench.study.results_valid);
+  EXPECT_EQ(bench.Row(1).TotalDrop, 0.0F);
+}
+
+TEST_F(StoredRow, NewRowTakesTheHeaderOfTheFirstAndNoEmitter) {
+  Store(bench, 3, SampleEntry());
+  const SectionRow row = bench.Row(3);
+  EXPECT_EQ(row.RecordNumber, 3);
+  EXPECT_EQ(row.SectionNo, 3);
+  EXPECT_EQ(row.DP, 700.0F);
+  EXPECT_EQ(row.INILAMDA, 2.0F);
+  EXPECT_EQ(row.TOT, 3);
+  EXPECT_EQ(row.Client.Utf8(), "Μελετητής");
+  EXPECT_EQ(row.Units.Utf8(), "units");
+  EXPECT_EQ(row.WaterFlow, 0.0F);
+  EXPECT_EQ(row.SomaDrop, 0.0F);
+  EXPECT_EQ(row.Auxi, 0);
+  EXPECT_EQ(bench.study.SectionCount, 3);
+  EXPECT_EQ(bench.study.SectionTable.back().name.bytes(), "  1/2  ");
+  EXPECT_TRUE(bench.study.unsaved_changes);
+  bench.study.CurrentRow = 5;
+  EXPECT_FALSE(StoreSectionRow(bench.bench, SampleEntry(), kGreek).ok());
+}
+
+TEST_F(StoredRow, PlantSectionIsMarkedByItsPlaceAndOthersKeepTheirMark) {
+  bench.study.plant_section = 2;
+  Store(bench, 2, SampleEntry());
+  EXPECT_EQ(bench.Row(2).Auxi, 2);
+  EXPECT_EQ(bench.Row(2).BurChil, 2);
+  bench.study.plant_section = 1;
+  Store(bench, 1, EntryOf(bench.Row(1), kGreek));
+  Store(bench, 2, SampleEntry());
+  EXPECT_EQ(bench.Row(1).Auxi, 1);
+  EXPECT_EQ(bench.Row(2).Auxi, 2);
+}
+
+TEST_F(StoredRow, CountsRoundHalvesToEvenAndOddTextsAreZero) {
+  SectionEntry entry = SampleEntry();
+  entry.GateValve = "2,5";
+  entry.StrSwitch = "3,5";
+  entry.AngSwitch = "";
+  entry.DiaTee = "abc";
+  entry.DieTee = "12a";
+  Store(bench, 2, entry);
+  const SectionRow row = bench.Row(2);
+  EXPECT_EQ((std::vector<int>{row.GateValve, row.StrSwitch, row.AngSwitch, row.DiaTee, row.DieTee}),
+            (std::vector<int>{2, 4, 0, 0, 12}));
+}
+
+TEST_F(StoredRow, OverflowIsAFaultAndNothingIsChanged) {
+  const auto fault_of = [this](std::string SectionEntry::*field, const std::string& text) {
+    SectionEntry entry = SampleEntry();
+    entry.*field = text;
+    try {
+      static_cast<void>(StoreSectionRow(bench.bench, entry, kGreek));
+    } catch (const Fault& fault) {
+      return fault.number();
+    }
+    return 0;
+  };
+  const std::string before = bench.Bytes();
+  EXPECT_EQ(fault_of(&SectionEntry::CheckValve, "40000"), 6);
+  EXPECT_EQ(fault_of(&SectionEntry::Length, "1" + std::string(39, '0')), 6);
+  EXPECT_EQ(fault_of(&SectionEntry::left, "1000"), 5);
+  EXPECT_EQ(fault_of(&SectionEntry::right, "1000"), 5);
+  EXPECT_EQ(bench.Bytes(), before);
+  EXPECT_TRUE(bench.study.results_valid);
+  EXPECT_FALSE(bench.study.unsaved_changes);
+}
+
+TEST(StoreOpenRow, KeepsItsHeightAndSaysItIsOpen) {
+  TestBench bench(SystemKind::kOpen);
+  bench.PutNetwork({"1/ANT 5m", "2/1 4m 2.5up outlet 300l/h 10mwg"});
+  Store(bench, 2, EntryOf(bench.Row(2), kGreek));
+  EXPECT_EQ(bench.Row(2).HeightDiff, 2.5F);
+  EXPECT_EQ(bench.Row(2).ANOIK, -1);
+  EXPECT_EQ(bench.Row(2).KLEIS, 0);
+}
+
+TEST(SectionEntry, ShowsARowAndStoresItBackUnchanged) {
+  const SectionEntry entry = SampleEntry();
+  SectionRow row;
+  TakeEntry(row, entry, kGreek);
+  SectionEntry shown = EntryOf(row, kGreek);
+  EXPECT_EQ(shown.Length, "1012,5");
+  EXPECT_EQ(shown.left, "1");
+  shown.Length = entry.Length;
+  EXPECT_EQ(shown, entry);
+}
+
+TEST(SectionEntry, GreekNodeNamesFitInThreeCharacters) {
+  SectionRow row;
+  SectionEntry entry = SampleEntry();
+  entry.right = " ΑΝΤ ";
+  TakeEntry(row, entry, kGreek);
+  EXPECT_EQ(row.Name.bytes(), "  1/\xC1\xCD\xD4");
+  EXPECT_EQ(EntryOf(row, kGreek).right, "ΑΝΤ");
+}
+
+TEST(NewEntry, GoesOnFromTheRowBefore) {
+  SectionRow previous;
+  TakeEntry(previous, SampleEntry(), kGreek);
+  const SectionEntry closed = EntryForNewRow(3, SystemKind::kClosed, &previous, kGreek);
+  const SectionEntry expected = {"2", "3", "1012,5", "1,5", "2", "3", "4", "5",
+                                 "0", "0", "0",      "0",   "0", "0", "0"};
+  EXPECT_EQ(closed, expected);
+  const SectionEntry open = EntryForNewRow(3, SystemKind::kOpen, &previous, kGreek);
+  EXPECT_EQ(open.left + "/" + open.right, "3/2");
+}
+
+TEST(NewEntry, FirstRowBeginsAtTheSourceAndIsEmpty) {
+  const SectionEntry closed = EntryForNewRow(1, SystemKind::kClosed, nullptr, kGreek);
+  EXPECT_EQ(closed.left + "/" + closed.right, "ANT/1");
+  EXPECT_EQ(closed.Length + closed.AngSwitch, "");
+  EXPECT_EQ(closed.DiaTee + closed.OtherDrop_m, "00");
+  const SectionEntry open = EntryForNewRow(1, SystemKind::kOpen, nullptr, kGreek);
+  EXPECT_EQ(open.left + "/" + open.right, "1/ANT");
+}
+
+TEST(FirstRow, IsStoredIntoAnEmptyStudy) {
+  TestBench bench;
+  Store(bench, 1, EntryForNewRow(1, SystemKind::kClosed, nullptr, kGreek));
+  EXPECT_EQ(bench.Names(), std::vector<std::string>{"ANT/1  "});
+  EXPECT_EQ(bench.Row(1).Units, FixedText<8>{});
+  EXPECT_EQ(bench.Row(1).TOT, 1);
+}
+
+}  // namespace
+}  // namespace kalvo
