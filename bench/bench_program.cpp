@@ -1,5 +1,7 @@
 #include "bench/bench_program.h"
 
+#include "cli/heap.h"
+
 #include <array>
 #include <cstdlib>
 #include <stdexcept>
@@ -73,6 +75,7 @@ Answer NoQuestions::Ask(const Box& box) {
 BenchProgram::BenchProgram(const PipeList& pipes)
     : workspace_(memory_, "/", disk_, KALVO_LIBRARY_DIR, clock_),
       bench_(study_, workspace_, pipes, prompter_) {
+  KeepFreedMemory();  // as the program itself does
   study_.system_kind = SystemKind::kClosed;
 }
 

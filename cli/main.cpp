@@ -5,6 +5,7 @@
 #include <cstdlib>
 
 #include "cli/command_line.h"
+#include "cli/heap.h"
 
 namespace {
 
@@ -17,6 +18,7 @@ int TerminalWidth() {
 }  // namespace
 
 int main(int argc, char** argv) {
+  kalvo::KeepFreedMemory();
   // A full disk or a file size limit is told as an error, not by the end of the process.
   std::signal(SIGXFSZ, SIG_IGN);
   std::ios::sync_with_stdio(false);

@@ -20,19 +20,6 @@ constexpr std::array<std::string_view, 38> kColumns = {
     "AngSwitch",    "DiaTee",     "DieTee",    "AntiTee",      "SymboTee",   "CheckValve",
     "OtherDrop_mm", "OtherDrop_m"};
 
-// The shortest decimal that reads back to the value.
-std::string ExactText(float value, char decimal) {
-  std::array<char, 64> buffer{};
-  const auto end =
-      std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::fixed)
-          .ptr;
-  std::string text(buffer.data(), end);
-  if (const std::size_t point = text.find('.'); point != std::string::npos) {
-    text[point] = decimal;
-  }
-  return text;
-}
-
 // Column of each field of the row, kNoColumn for those that are left out.
 constexpr std::size_t kNoColumn = kColumns.size();
 
@@ -46,26 +33,62 @@ std::vector<std::size_t> ColumnsOfFields() {
   return columns;
 }
 
-std::string CellText(std::int16_t value, char /*decimal*/) { return std::to_string(value); }
-std::string CellText(float value, char decimal) { return ExactText(value, decimal); }
-// A name keeps its blanks in front.
-template <std::size_t N>
-std::string CellText(const FixedText<N>& value, char /*decimal*/) {
-  const std::string_view bytes = value.bytes();
-  const std::size_t end = bytes.find_last_not_of(' ');
-  return FromCodePage(bytes.substr(0, end == std::string_view::npos ? 0 : end + 1));
-}
-
-std::string Quoted(const std::string& text, char cell_end) {
-  if (text.find_first_of(std::string("\"\n\r") + cell_end) == std::string::npos) {
+std::string Quoted(std::string text, char cell_end) {
+  const auto needs_quotes = [cell_end](char c) {
+    return c == cell_end || c == '"' || c == '\n' || c == '\r';
+  };
+  if (std::none_of(text.begin(), text.end(), needs_quotes)) {
     return text;
   }
   std::string quoted = "\"";
   for (const char c : text) {
-    quoted += c == '"' ? std::string("\"\"") : std::string(1, c);
+    quoted.append(c == '"' ? 2 : 1, c);
   }
   return quoted + "\"";
 }
+
+// The cells of a line, kept from line to line: a value that repeats is not turned to text again.
+class LineCells {
+ public:
+  LineCells(char decimal, char cell_end) : decimal_(decimal), cell_end_(cell_end) {}
+
+  void Put(std::size_t column, std::int16_t value) { cells_[column] = std::to_string(value); }
+
+  // The shortest decimal that reads back to the value.
+  void Put(std::size_t column, float value) {
+    if (values_[column] == value && !cells_[column].empty()) {
+      return;
+    }
+    values_[column] = value;
+    std::array<char, 64> buffer{};
+    char* end =
+        std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::fixed)
+            .ptr;
+    std::replace(buffer.data(), end, '.', decimal_);
+    cells_[column].assign(buffer.data(), end);
+  }
+
+  // A name keeps its blanks in front.
+  template <std::size_t N>
+  void Put(std::size_t column, const FixedText<N>& value) {
+    const std::string_view bytes = value.bytes();
+    cells_[column] =
+        Quoted(FromCodePage(bytes.substr(0, bytes.find_last_not_of(' ') + 1)), cell_end_);
+  }
+
+  void AppendTo(std::string& line) const {
+    for (const std::string& cell : cells_) {
+      line += cell;
+      line += cell_end_;
+    }
+  }
+
+ private:
+  char decimal_;
+  char cell_end_;
+  std::array<std::string, kColumns.size()> cells_;
+  std::array<float, kColumns.size()> values_{};
+};
 
 }  // namespace
 
@@ -96,18 +119,18 @@ void CsvReport::PrintHead() const {
 void CsvReport::Print(const StudyReport& report) const {
   const char end = separators_.decimal == ',' ? ';' : ',';
   const std::vector<std::size_t> columns = ColumnsOfFields();
+  const std::string first_cell = with_file_ ? Quoted(report.file, end) + end : "";
+  LineCells cells(separators_.decimal, end);
+  std::string line;
   for (const SectionRow& row : report.rows) {
-    std::array<std::string, kColumns.size()> cells;
     std::size_t field = 0;
     ForEachField(row, [&](std::string_view /*name*/, const auto& value) {
       if (const std::size_t column = columns[field++]; column != kNoColumn) {
-        cells[column] = Quoted(CellText(value, separators_.decimal), end);
+        cells.Put(column, value);
       }
     });
-    std::string line = with_file_ ? Quoted(report.file, end) + end : "";
-    for (const std::string& cell : cells) {
-      line += cell + end;
-    }
+    line = first_cell;
+    cells.AppendTo(line);
     line += report.IsCritical(row.RecordNumber) ? '1' : '0';
     if (pascal_) {
       for (const double value :

@@ -10,8 +10,9 @@ namespace {
 constexpr const char* kRule =
     "=========================================================================\n";
 
-// Room for the report of a usual network, so that the text is not moved about as it grows.
-constexpr std::size_t kUsualReport = 1U << 18U;
+// Room for the report of a large network, so that the text is not moved about as it grows; what is
+// not written to costs nothing.
+constexpr std::size_t kReportRoom = 1U << 22U;
 
 bool IsSource(std::string_view node) { return node == kSource; }
 
@@ -36,7 +37,7 @@ class FlowSummer {
   explicit FlowSummer(std::vector<SectionLine>& table)
       : table_(table), links_(LinkRows(table)), by_number_(IndexByNumber(table)), text_(kRule) {
     names_.reserve(table.size());
-    text_.reserve(kUsualReport);
+    text_.reserve(kReportRoom);
     for (const SectionLine& line : table) {
       names_.push_back(FromCodePage(line.name.bytes()));
     }

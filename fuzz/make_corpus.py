@@ -19,7 +19,8 @@ def section(number, name, closed=True, drop=0.0, results=False, auxi=0):
                                        -1 if closed else 0, 1, 3, 1, 2),
         struct.pack("<fff", *((0.6, 1500, 1) if results else (0, 0, 0))), text(name, 7),
         struct.pack("<ffff", 300, 4.5, 2, 1), struct.pack("<8h", *[1] * 8),
-        struct.pack("<ff", 150, 0), text("3/4" if results else "", 15), struct.pack("<7f", *[0.5] * 7),
+        struct.pack("<ff", 150, 0), text("3/4" if results else "", 15),
+        struct.pack("<7f", *[0.5] * 7),
         struct.pack("<hfff", auxi, 100, drop, 0),
     ])
 
@@ -64,7 +65,11 @@ SEEDS = {
         "cut": b"\0" + rows(True, True)[:500],
         "whole_records": b"\4" + rows(True, True) + b"rest",
     },
-    "statistics_file": {"two": statistics(1) + statistics(2), "odd": statistics(1) + b"x", "none": b""},
+    "statistics_file": {
+        "two": statistics(1) + statistics(2),
+        "odd": statistics(1) + b"x",
+        "none": b"",
+    },
     "winter_rows": {"three": rows(True, True), "cut": rows(True, True)[:400], "none": b""},
     "fluid_file": {
         "one": b"\1" + GLYCOL,

@@ -353,7 +353,7 @@ template <typename Number>
 double ReadBack(Number value, int significant) {
   std::array<char, 64> buffer{};
   const std::string_view text = Scientific(value, significant, buffer);
-  double back = 0;
+  double back = value;  // stays where the rounded text lies past the range
   std::from_chars(text.data(), text.data() + text.size(), back);
   return back;
 }

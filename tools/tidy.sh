@@ -1,13 +1,15 @@
 #!/usr/bin/env bash
-# Runs clang-tidy on the sources of the floors study to shell and of cli, by the compile commands
-# of build/release. A source is passed over when neither it, nor a project header it includes, nor
+# Runs clang-tidy on the sources of the floors study to platform, and of further folders when they
+# are named, by the compile commands of build/release. A source is passed over when neither it, nor a project header it includes, nor
 # .clang-tidy has changed since it was last found clean.
-# usage: tools/tidy.sh     after the preset release has been built
+# usage: tools/tidy.sh [FOLDER...]     after the preset release has been built; e.g. tools/tidy.sh cli
 set -uo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.." || exit 1
 . tools/common.sh
 
 readonly BUILD=build/release
+extra="$*"
+readonly FOLDERS="study|engine|form|entry|results|shell|platform${extra:+|${extra// /|}}"
 readonly CLEAN=build/tidy  # <source with dots for slashes> holds the key it was found clean with
 
 # "source header..." for every object of the last build, by paths from the project's root.
@@ -25,7 +27,7 @@ outdated() {
   declare -A includes
   dependencies >"$CLEAN/dependencies"
   while read -r source headers; do includes[$source]=$headers; done <"$CLEAN/dependencies"
-  project_sources | grep -E '^(study|engine|form|entry|results|shell|cli)/.*\.cpp$' |
+  project_sources | grep -E "^($FOLDERS)/.*\.cpp\$" |
     while read -r source; do
       key=$(cat .clang-tidy "$source" ${includes[$source]-} | sha256sum | cut -c1-64)
       [ "$(cat "$CLEAN/${source//\//.}" 2>/dev/null)" = "$key" ] ||
