@@ -148,7 +148,7 @@ int CalcCommand::RunOne(const Console& console, const std::string& file) {
     return exit_code::kRefused;
   }
   const std::filesystem::path source = session.study().study_path;
-  const int code = fixed_ ? CalculateOnFixedDiameters(session)
+  const int code = fixed_ ? CalculateOnFixedDiameters(console, session)
                           : CalculateStudy(console, session, static_cast<Method>(method_));
   if (code != exit_code::kDone) {
     return code;

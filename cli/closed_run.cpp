@@ -6,6 +6,22 @@
 
 namespace kalvo {
 
+namespace {
+
+// Names the section that broke a run off, where one did.
+int TellBrokenOff(const Console& console, Session& session) {
+  const std::vector<SectionRow> rows = session.Rows();
+  const int number = session.study().failed_row;
+  if (number >= 1 && number <= static_cast<int>(rows.size())) {
+    const SectionRow& row = rows[static_cast<std::size_t>(number - 1)];
+    console.err << "Στο Τμήμα " << number << " (" << row.Name.Utf8() << ") : παροχή "
+                << FormatNumber(row.WaterFlow, console.separators) << " l/h\n";
+  }
+  return exit_code::kBrokenOff;
+}
+
+}  // namespace
+
 int CalculateStudy(const Console& console, Session& session, Method method) {
   Workbench bench = session.bench();
   switch (CalculateClosed(bench, method)) {
@@ -13,7 +29,7 @@ int CalculateStudy(const Console& console, Session& session, Method method) {
     case CommandEnd::kShowOld:
       return exit_code::kDone;
     case CommandEnd::kBrokenOff:
-      return exit_code::kBrokenOff;
+      return TellBrokenOff(console, session);
     case CommandEnd::kFindings:
     case CommandEnd::kLost:
       console.err << FindingsText(session);
@@ -23,18 +39,17 @@ int CalculateStudy(const Console& console, Session& session, Method method) {
   }
 }
 
-int CalculateOnFixedDiameters(Session& session) {
+int CalculateOnFixedDiameters(const Console& console, Session& session) {
   Workbench bench = session.bench();
   const std::vector<SectionRow> rows = session.Rows();
   if (!HasAllDiameters(rows)) {
     bench.Show(140);
     return exit_code::kRefused;
   }
-  session.study().SingleSection = rows.size() == 1;
   Rerun(bench);
   switch (session.study().CalcStatus) {
     case calc_status::kBrokenOff:
-      return exit_code::kBrokenOff;
+      return TellBrokenOff(console, session);
     case calc_status::kViscosity:
       return exit_code::kRefused;
     default:

@@ -10,7 +10,7 @@ namespace kalvo {
 int CalculateStudy(const Console& console, Session& session, Method method);
 
 /// The same on the diameters that the sections have, by the method they were calculated with.
-int CalculateOnFixedDiameters(Session& session);
+int CalculateOnFixedDiameters(const Console& console, Session& session);
 
 /// True, and the user has been told, when the study is no closed one.
 bool IsOpenStudy(const Console& console, Session& session, const std::string& file);

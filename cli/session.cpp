@@ -10,6 +10,10 @@ namespace kalvo {
 
 namespace {
 
+Box MissingNameBox() {
+  return {" !!... ΠΡΟΣΟΧΗ ...!! ", {"... Λείπει το όνομα του Αρχείου της Μελέτης ..."}, 16};
+}
+
 // The critical branch of stored results, which a study's file does not tell.
 void RefindCriticalBranch(Workbench& bench) {
   const RowStore store(bench.workspace);
@@ -39,6 +43,10 @@ Session::Session(const Console& console, const std::filesystem::path& library)
 }
 
 bool Session::Load(const std::filesystem::path& path) {
+  if (path.empty()) {
+    prompter_.Ask(MissingNameBox());
+    return false;
+  }
   const SystemKind kind = KindOfName(path.string());
   study_ = Study();
   study_.system_kind = kind == SystemKind::kNone ? SystemKind::kClosed : kind;

@@ -72,8 +72,14 @@ void ClearMarks(RowStore& store) {
 }  // namespace
 
 void BalanceBranches(const BalanceContext& context) {
-  Balancer(context).Run();
-  SettleOtherRows(context.bench, context.store, context.critical.chain);
+  try {
+    Balancer(context).Run();
+    SettleOtherRows(context.bench, context.store, context.critical.chain);
+  } catch (const Fault&) {
+    // A mark that outlived its run would count as a plant in the next one.
+    ClearMarks(context.store);
+    throw;
+  }
   ClearMarks(context.store);
 }
 

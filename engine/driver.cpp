@@ -40,7 +40,7 @@ void ResetCalcFields(Workbench& bench) {
   Study& study = bench.study;
   study.results_valid = false;
   RowStore store(bench.workspace);
-  study.SectionCount = static_cast<std::int16_t>(store.count());
+  study.SectionCount = ToInt16(store.count());
   for (SectionRow& row : store.rows()) {
     row.MeanTemp = study.MeanTemp;
     row.FileNumber = study.pipe_system_number;

@@ -42,7 +42,11 @@ struct DropExplanation {
   bool stepped_down = false;
 
   /// False when the row holds another drop than its values lead to: it was changed since.
-  [[nodiscard]] bool Agrees() const { return computed_drop == stored_drop; }
+  /// Balancing puts old values back through their text, which may cost the last digits.
+  [[nodiscard]] bool Agrees() const {
+    return computed_drop == stored_drop ||
+           static_cast<float>(ThroughText(computed_drop)) == stored_drop;
+  }
 };
 
 /// What the explanation of a row starts from. `stepped_rate`: friction rate on the pipe the section

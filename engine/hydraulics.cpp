@@ -16,7 +16,7 @@ constexpr std::array<double, 11> kWaterTable = {1.79e-6, 1.31e-6, 1.01e-6, 8.1e-
 
 double TablePoint(double temperature) {
   const double index = temperature / 10.0;
-  if (index < 0.0 || index > 10.0) {
+  if (!(index >= 0.0 && index <= 10.0)) {
     return 0.0;
   }
   return kWaterTable[static_cast<std::size_t>(index)];

@@ -90,15 +90,17 @@ template <typename Fill>
 void FillRows(Workbench& bench, const PassConditions& pass, Fill&& fill) {
   Study& study = bench.study;
   RowStore store(bench.workspace);
-  study.SectionCount = static_cast<std::int16_t>(store.count());
+  study.SectionCount = ToInt16(store.count());
   StartPipeStats(study, pass.library);
   store.SaveAfter([&] {
     for (int number = 1; number <= store.count(); ++number) {
       study.CurrentRow = static_cast<std::int16_t>(number);
+      study.failed_row = study.CurrentRow;  // stands only when the row's fill throws
       SectionRow row = store.At(number);
       fill(row);
       store.At(number) = row;
     }
+    study.failed_row = 0;
   });
 }
 

@@ -126,7 +126,10 @@ bool LoadCompanion(FuzzBench& bench, const std::string& name, std::string_view w
   SectionRow row;
   row.KLEIS = -1;
   row.FileNumber = 1;
-  bench.PutStudyFile("b.PCK", EncodeRows<SectionRow>(std::vector<SectionRow>(2, row)));
+  std::vector<SectionRow> rows(2, row);
+  rows[0].RecordNumber = 1;
+  rows[1].RecordNumber = 2;
+  bench.PutStudyFile("b.PCK", EncodeRows<SectionRow>(rows));
   bench.PutStudyFile(name, bytes);
   const auto work = ImageOf(bench.work_disk, "/program");
   const bool loaded = bench.Load("b.PCK");

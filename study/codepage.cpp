@@ -2,8 +2,6 @@
 
 #include <array>
 #include <cstdint>
-#include <utility>
-#include <vector>
 
 namespace kalvo {
 

@@ -9,7 +9,7 @@ namespace kalvo {
 /// Code page 1253 (Greek) bytes as UTF-8. Every byte has a partner, so any byte string comes back
 /// unchanged through ToCodePage(): unassigned bytes of 0x80-0x9F stand for the C1 controls, 0xAA,
 /// 0xD2 and 0xFF for U+F8F9, U+F8FA and U+F8FB.
-/// Source of the table: The Unicode Consortium, mapping file CP1253.TXT (Microsoft Windows Greek).
+/// Source of the table: The Unicode Consortium, mapping file CP1253.TXT.
 std::string FromCodePage(std::string_view bytes);
 
 /// UTF-8 as code page 1253 bytes; what the code page lacks, and broken UTF-8, becomes "?".

@@ -8,7 +8,7 @@ namespace kalvo {
 
 namespace {
 
-constexpr std::string_view kStagedEnd = ".new~";
+constexpr std::string_view kStagedEnd = kBesideEnd;
 constexpr std::string_view kJournalHead = "KALVOFLUME 1\n";
 constexpr std::string_view kJournalFoot = "TELOS\n";
 
@@ -143,7 +143,7 @@ Outcome SaveFamily(Disk& disk, const std::filesystem::path& folder, const std::s
     outcome = WriteJournal(disk, folder, base, files);
   }
   if (!outcome) {
-    // The journal first: staged files without one are thrown away, a journal without them is not.
+    // The journal first: while it stands, staged files still there would take their names.
     static_cast<void>(disk.Remove(JournalPath(folder, base)));
     RemoveStaged(disk, folder, files);
     return outcome;

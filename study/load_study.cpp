@@ -41,6 +41,17 @@ std::string FirstBadNumber(const Rows& rows) {
   return {};
 }
 
+// A row's number is always its place; any other would lead a walk to foreign rows.
+std::string FirstBadPlace(const Rows& rows) {
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    if (rows[i].RecordNumber != static_cast<int>(i) + 1) {
+      return "Η εγγραφή " + std::to_string(i + 1) + " φέρει αριθμό Τμήματος " +
+             std::to_string(rows[i].RecordNumber);
+    }
+  }
+  return {};
+}
+
 bool IsOfOtherKind(const SectionRow& row, SystemKind kind) {
   const bool closed = row.KLEIS != 0;
   const bool open = row.ANOIK != 0;
@@ -264,6 +275,9 @@ Result<std::vector<SectionRow>> ProveLoadable(const Workbench& bench,
   if (IsOfOtherKind(rows.front(), bench.study.system_kind)) {
     return FileError{file, "Η μελέτη είναι άλλου είδους Συστήματος Σωλήνων"};
   }
+  if (const std::string bad = FirstBadPlace(rows); !bad.empty()) {
+    return FileError{file, bad};
+  }
   if (const std::string bad = FirstBadNumber(rows); !bad.empty()) {
     return FileError{file, bad};
   }
@@ -283,7 +297,7 @@ void LoadStudy(Workbench& bench, RecentList recent) {
     study.study_path = study.last_study_path;
     return;
   }
-  if (study.unsaved_changes) {
+  if (study.entry_mode == 2 || study.unsaved_changes) {
     return;
   }
   if (study.recovery) {

@@ -20,8 +20,12 @@ RowFile<PipeRow> PipeFile(const Workspace& workspace, const std::string& file_na
 
 std::vector<std::string> LibraryNames(const Workspace& workspace) {
   std::vector<std::string> names = workspace.outer_disk().List(workspace.library_folder());
-  std::erase_if(names, [](const std::string& name) {
-    return name.size() < 4 || !EqualIgnoringCase(name.substr(name.size() - 4), ".wpt");
+  std::erase_if(names, [&workspace](const std::string& name) {
+    if (name.size() < 4 || !EqualIgnoringCase(name.substr(name.size() - 4), ".wpt")) {
+      return true;
+    }
+    const auto status = workspace.outer_disk().Status(workspace.library_folder() / name);
+    return status && status->is_folder;
   });
   std::sort(names.begin(), names.end(), [](const std::string& a, const std::string& b) {
     const std::string lower_a = LowerCase(a);

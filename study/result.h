@@ -12,7 +12,7 @@ struct FileError {
   std::filesystem::path file;
   std::string reason;
 
-  /// "reason: file", one line.
+  /// "reason : file", one line.
   [[nodiscard]] std::string Line() const { return reason + " : " + file.string(); }
 };
 

@@ -174,7 +174,7 @@ Outcome StoreSectionRow(Workbench& bench, const SectionEntry& entry, Separators 
   rows.resize(std::max(rows.size(), at + 1));
   rows[at] = row;
   study.unsaved_changes = is_unsaved || is_new;
-  study.results_valid = results_valid;
+  study.results_valid = results_valid && !is_new;
   study.row = row;
   RefreshSectionTable(study, rows);
   return Done{};

@@ -4,7 +4,7 @@
 
 namespace kalvo {
 
-/// A node name, or one side of a section's name: three characters with their padding.
+/// The reserved node name: the source.
 constexpr std::string_view kSource = "ANT";
 
 /// One section of the network, a record of `DATARES.TMP` and of its companions. Values of the whole

@@ -103,6 +103,7 @@ Outcome ChangeRows(Workbench& bench, Rows rows, std::int16_t plant) {
     return moved;
   }
   bench.study.unsaved_changes = true;
+  bench.study.results_valid = false;
   TakeRows(bench.study, rows, plant);
   return Done{};
 }

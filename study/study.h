@@ -59,6 +59,7 @@ struct Study {
   bool MeanVelMode = true;  ///< true: sizing by flow only (first method)
   std::int16_t CurrentRow = 0;
   std::int16_t SectionCount = 0;
+  std::int16_t failed_row = 0;  ///< row whose hydraulics broke the last run off, 0 = none
   std::int16_t EmitterCount = 0;
   float TotalFlowM3h = 0;
   float PumpHead = 0;  ///< m w.g.
@@ -109,7 +110,7 @@ struct Study {
   [[nodiscard]] bool SystemOpen() const { return system_kind == SystemKind::kOpen; }
 };
 
-/// Text of the numbered cells that stands for the file dialog's cancel.
+/// Stands in `study path` when the file dialog was cancelled.
 constexpr const char* kEscape = "Escape";
 
 }  // namespace kalvo

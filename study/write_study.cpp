@@ -52,9 +52,7 @@ Outcome RefreshSequence(Workbench& bench) {
   if (!first) {
     return first.error();
   }
-  if (first->INILAMDA == 1.0F) {
-    bench.study.branch_mode = "Simple";
-  }
+  bench.study.branch_mode = first->INILAMDA == 1.0F ? "Simple" : "";
   return bench.workspace.Write(work_file::kSequence, Quoted(bench.study.critical_branch) + "\n" +
                                                          Quoted(bench.study.branch_mode) + "\n");
 }

@@ -1,6 +1,7 @@
 // Networks calculated independently of this program, compared field by field.
 
 #include "engine/calculation_command.h"
+#include "engine/explain.h"
 #include "engine/rerun.h"
 #include "tests/support/closed_case.h"
 
@@ -24,13 +25,25 @@ TEST_P(ClosedCases, ComeOutByBothMethods) {
   }
 }
 
+TEST_P(ClosedCases, AreExplainedRowByRow) {
+  for (const Method method : {Method::kFlowOnly, Method::kFlowAndPressure}) {
+    ClosedCase calculated(kCases / (std::string(GetParam()) + ".PCK"), kCases / "library");
+    ASSERT_EQ(CalculateClosed(calculated.bench, method), CommandEnd::kCalculated);
+    const auto pass = LoadPassConditions(calculated.bench);
+    ASSERT_TRUE(pass.has_value());
+    for (const SectionRow& row : calculated.Rows()) {
+      EXPECT_TRUE(ExplainRow(row, *pass).Agrees())
+          << GetParam() << " method " << static_cast<int>(method) << " row " << row.RecordNumber;
+    }
+  }
+}
+
 TEST_P(ClosedCases, ComeOutOnFixedDiameters) {
   const std::string name = std::string(GetParam()) + "-fixed";
   if (!std::filesystem::exists(kCases / (name + ".PCK"))) {
     return;
   }
   ClosedCase calculated(kCases / (name + ".PCK"), kCases / "library");
-  calculated.study.SingleSection = calculated.study.SectionCount == 1;
   Rerun(calculated.bench);
   ASSERT_EQ(calculated.study.CalcStatus, calc_status::kNothing);
   ExpectResults(calculated, kCases / (name + ".csv"));

@@ -108,6 +108,14 @@ TEST(LoadRefusal, SurvivesRowsOfNoise) {
   }
 }
 
+TEST(LoadRefusal, RefusesRowsThatAreNotInTheirPlace) {
+  TestBench bench;
+  std::vector<SectionRow> rows = SampleRows(SystemKind::kClosed, "Κτίριο");
+  std::swap(rows[0], rows[1]);
+  PutMain(bench, "b.PCK", EncodeRows<SectionRow>(rows));
+  ExpectRefused(bench, "b.PCK", "Η εγγραφή 1 φέρει αριθμό Τμήματος 2");
+}
+
 TEST(LoadRefusal, RefusesTheOtherKind) {
   for (const SystemKind kind : {SystemKind::kClosed, SystemKind::kOpen}) {
     TestBench bench(kind);

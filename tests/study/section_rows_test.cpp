@@ -176,6 +176,17 @@ TEST(UndoInsert, TakesTheInsertionBackWhole) {
   EXPECT_EQ(bench.Bytes(), before);
 }
 
+TEST(RowOperations, AnotherNetworkHasNoValidResults) {
+  for (const auto change : {DeleteSectionRow, InsertSectionRow}) {
+    TestBench bench;
+    bench.PutNetwork({"ANT/1 5m", "1/2 5m soma 300l/h 500mm", "2/ANT 5m"});
+    bench.study.results_valid = true;
+    bench.study.CurrentRow = 2;
+    ASSERT_TRUE(change(bench.bench).ok());
+    EXPECT_FALSE(bench.study.results_valid);
+  }
+}
+
 TEST(RowOperations, RowThatIsNotThereAndOddFilesAreRefused) {
   TestBench bench;
   bench.PutNetwork({"ANT/1 5m", "1/ANT 4m"});
