@@ -1,6 +1,5 @@
 #include "cli/session.h"
 
-#include "engine/critical.h"
 #include "engine/driver.h"
 #include "engine/trap.h"
 #include "study/load_study.h"
@@ -12,17 +11,6 @@ namespace {
 
 Box MissingNameBox() {
   return {" !!... ΠΡΟΣΟΧΗ ...!! ", {"... Λείπει το όνομα του Αρχείου της Μελέτης ..."}, 16};
-}
-
-// The critical branch of stored results, which a study's file does not tell.
-void RefindCriticalBranch(Workbench& bench) {
-  const RowStore store(bench.workspace);
-  if (IsLoneSection(store.rows())) {
-    bench.study.critical_branch = "1";
-    return;
-  }
-  const CriticalBranch critical = ReadCriticalBranch(bench.study, store);
-  bench.study.critical_branch = BranchText(critical.chain);
 }
 
 }  // namespace

@@ -94,10 +94,16 @@ void RunPasses(Workbench& bench, Method method) {
   study.CurrentRow = row_before;
   if (study.SystemClosed() && !Ended(study)) {
     study.recalculation_needed = false;
-    study.recovery = false;
+    study.came_by_recovery = false;
   }
 }
 
 void RunCalculation(Workbench& bench) { RunPasses(bench, Method::kFlowOnly); }
+
+void RefindCriticalBranch(Workbench& bench) {
+  const RowStore store(bench.workspace);
+  bench.study.critical_branch =
+      IsLoneSection(store.rows()) ? "1" : BranchText(ReadCriticalBranch(bench.study, store).chain);
+}
 
 }  // namespace kalvo

@@ -26,4 +26,8 @@ bool IsLoneSection(const std::vector<SectionRow>& rows);
 /// Any other network stays as it is. Faults: kFile.
 void CloseSingleSection(Workbench& bench);
 
+/// Finds the `critical branch` of results as they stand in the rows, which a study's file does not
+/// tell. Nothing is written. Faults: kFile, and those of ReadCriticalBranch().
+void RefindCriticalBranch(Workbench& bench);
+
 }  // namespace kalvo

@@ -103,10 +103,13 @@ std::vector<std::string> NamesIn(std::string_view text) {
   return names;
 }
 
+// Whether a journal's save is taken up again after it was broken off.
+enum class Save { kFresh, kResumed };
+
 Outcome RenameStaged(Disk& disk, const std::filesystem::path& folder,
-                     const std::vector<std::string>& names) {
+                     const std::vector<std::string>& names, Save save) {
   for (const std::string& name : names) {
-    if (!disk.Exists(Staged(folder, name))) {
+    if (save == Save::kResumed && !disk.Exists(Staged(folder, name))) {
       continue;  // renamed before the save was broken off
     }
     if (Outcome renamed = disk.Rename(Staged(folder, name), folder / name); !renamed) {
@@ -126,6 +129,30 @@ void RemoveLeftovers(Disk& disk, const std::filesystem::path& folder, const std:
       static_cast<void>(disk.Remove(folder / entry));
     }
   }
+}
+
+// Does what the journal tells and removes it.
+Outcome EndJournal(Disk& disk, const std::filesystem::path& folder, const std::string& base,
+                   Save save) {
+  const std::filesystem::path journal = JournalPath(folder, base);
+  const Result<std::string> text = disk.Read(journal);
+  if (!text) {
+    return text.error();
+  }
+  std::vector<std::string> names = NamesIn(*text);
+  const bool own = std::all_of(names.begin(), names.end(),
+                               [&base](const std::string& name) { return IsOwnFile(name, base); });
+  if (own) {
+    if (Outcome renamed = RenameStaged(disk, folder, names, save); !renamed) {
+      return renamed;
+    }
+  }
+  if (Outcome removed = disk.Remove(journal); !removed) {
+    return removed;
+  }
+  RemoveLeftovers(disk, folder, base);
+  // A journal that came back after a power cut would meet the staged files of a later save.
+  return disk.Flush(folder);
 }
 
 }  // namespace
@@ -148,33 +175,15 @@ Outcome SaveFamily(Disk& disk, const std::filesystem::path& folder, const std::s
     RemoveStaged(disk, folder, files);
     return outcome;
   }
-  return FinishSave(disk, folder, base);
+  return EndJournal(disk, folder, base, Save::kFresh);
 }
 
 Outcome FinishSave(Disk& disk, const std::filesystem::path& folder, const std::string& base) {
-  const std::filesystem::path journal = JournalPath(folder, base);
-  if (!disk.Exists(journal)) {
-    RemoveLeftovers(disk, folder, base);
-    return Done{};
-  }
-  const Result<std::string> text = disk.Read(journal);
-  if (!text) {
-    return text.error();
-  }
-  std::vector<std::string> names = NamesIn(*text);
-  const bool own = std::all_of(names.begin(), names.end(),
-                               [&base](const std::string& name) { return IsOwnFile(name, base); });
-  if (own) {
-    if (Outcome renamed = RenameStaged(disk, folder, names); !renamed) {
-      return renamed;
-    }
-  }
-  if (Outcome removed = disk.Remove(journal); !removed) {
-    return removed;
+  if (disk.Exists(JournalPath(folder, base))) {
+    return EndJournal(disk, folder, base, Save::kResumed);
   }
   RemoveLeftovers(disk, folder, base);
-  // A journal that came back after a power cut would meet the staged files of a later save.
-  return disk.Flush(folder);
+  return Done{};
 }
 
 }  // namespace kalvo

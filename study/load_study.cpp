@@ -85,10 +85,18 @@ void TakeRows(Study& study, const Rows& rows) {
 }
 
 Outcome TakeEmitters(Workbench& bench, const Rows& rows) {
-  const Rows emitters = RowsWithEmitter(rows);
+  Rows emitters = RowsWithEmitter(rows);
   RefreshEmitterTable(bench.study, emitters);
-  return emitters.empty() ? Outcome(Done{})
-                          : bench.workspace.Rows(work_file::kEmitters).WriteAll(emitters);
+  if (emitters.empty()) {
+    return Done{};
+  }
+  // In recovery the file may hold emitters whose sections were deleted: they are not lost.
+  RowFile<SectionRow> file = bench.workspace.Rows(work_file::kEmitters);
+  if (const auto left = file.ReadAll(); left && left->size() > emitters.size()) {
+    const auto tail = left->begin() + static_cast<std::ptrdiff_t>(emitters.size());
+    emitters.insert(emitters.end(), tail, left->end());
+  }
+  return file.WriteAll(emitters);
 }
 
 // A study's files as they were read, nothing of the open study touched yet.
@@ -102,13 +110,25 @@ struct FoundStudy {
   std::string critical_branch;
 };
 
+// True when a companion's base, spelled as no other file of the study, is that of another study
+// which stands in the folder too.
+bool BelongsToAnother(const Workbench& bench, const std::filesystem::path& companion) {
+  const std::filesystem::path& main = bench.study.study_path;
+  const std::string name = companion.filename().string();
+  const std::string base(BaseOf(name));
+  const std::string extension(ExtensionsOf(bench.study.system_kind).main);
+  return base != BaseOf(main.filename().string()) &&
+         bench.workspace.outer_disk().Exists(main.parent_path() / (base + extension));
+}
+
 // A companion of the study at `study path`, none when the kind or the folder has none.
 std::optional<std::filesystem::path> Companion(const Workbench& bench, std::string_view extension) {
   const std::filesystem::path& main = bench.study.study_path;
   const Disk& disk = bench.workspace.outer_disk();
   const std::string name = std::string(BaseOf(main.filename().string())) + std::string(extension);
   const std::filesystem::path path = AsInFolder(disk, main.parent_path() / name);
-  return !extension.empty() && disk.Exists(path) ? std::optional(path) : std::nullopt;
+  const bool is_own = !extension.empty() && disk.Exists(path) && !BelongsToAnother(bench, path);
+  return is_own ? std::optional(path) : std::nullopt;
 }
 
 template <typename Row>
@@ -253,6 +273,7 @@ void RecoverStudy(Workbench& bench) {
     TellFailure(bench, loaded.error());
     return;
   }
+  bench.study.came_by_recovery = true;
   bench.study.recalculation_needed = true;
   bench.study.unsaved_changes = true;
 }

@@ -45,9 +45,15 @@ std::string NodeText(int number) {
   return number == 0 ? std::string(kSource) : std::to_string(number);
 }
 
+// A node as it is typed; the source's name becomes the Latin one whatever the keyboard.
+std::string TypedNode(std::string_view text) {
+  const std::string_view node = Trim(text);
+  return node == "ΑΝΤ" ? std::string(kSource) : ToCodePage(node);
+}
+
 FixedText<7> NameOf(const SectionEntry& entry) {
-  const std::string left = ToCodePage(Trim(entry.left));
-  const std::string right = ToCodePage(Trim(entry.right));
+  const std::string left = TypedNode(entry.left);
+  const std::string right = TypedNode(entry.right);
   return FixedText<7>::FromBytes(PadFront(left, kNodeWidth) + "/" + PadBehind(right, kNodeWidth));
 }
 
@@ -115,9 +121,16 @@ SectionEntry EntryForNewRow(int number, SystemKind kind, const SectionRow* previ
 }
 
 void TakeEntry(SectionRow& row, const SectionEntry& entry, Separators separators) {
+  // What was not edited keeps its whole value, which its text may not show.
+  const SectionEntry shown = EntryOf(row, separators);
   SectionRow taken = row;
-  taken.Name = NameOf(entry);
+  if (entry.left != shown.left || entry.right != shown.right || row.Name.Trimmed().empty()) {
+    taken.Name = NameOf(entry);
+  }
   ForEachNumber([&](auto text, auto field) {
+    if (entry.*text == shown.*text) {
+      return;
+    }
     const double value = ParseNumber(entry.*text, separators);
     if constexpr (std::is_same_v<decltype(field), float SectionRow::*>) {
       taken.*field = ToSingle(value);

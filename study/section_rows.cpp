@@ -104,6 +104,8 @@ Outcome ChangeRows(Workbench& bench, Rows rows, std::int16_t plant) {
   }
   bench.study.unsaved_changes = true;
   bench.study.results_valid = false;
+  // Their section numbers may be those of other rows now.
+  bench.study.emitters_unchecked = bench.study.emitters_unchecked || bench.study.EmitterCount > 0;
   TakeRows(bench.study, rows, plant);
   return Done{};
 }

@@ -8,7 +8,8 @@ namespace kalvo {
 /// first half of each name becomes the row's number; feeder numbers stay as they are. Without rows
 /// or with only one: message 121 and nothing is done. The row in hand is then the one that took
 /// the place, or the last. Plant section, count and section table follow; an emitter's data in
-/// other files stay. Counts as an unsaved change.
+/// other files stay. Counts as an unsaved change; results are no
+/// longer valid, and emitters must be checked before a calculation.
 /// Faults: 5 for a number of more than three digits in an open network; nothing is then changed.
 Outcome DeleteSectionRow(Workbench& bench);
 
@@ -16,13 +17,13 @@ Outcome DeleteSectionRow(Workbench& bench);
 /// makes it the row in hand. In an open network names follow: own numbers are renewed, and feeder
 /// numbers from the inserted place on grow by one; a row behind the place that is fed from before
 /// it keeps its name as it is. Rows as they were stay in `DATARES.OLD`. Without rows or with only
-/// one: message 122 and nothing is done. Counts as an unsaved change.
+/// one: message 122 and nothing is done. Flags as for a deletion.
 /// Faults: as DeleteSectionRow(), and 6 for more rows than 16 bits count.
 Outcome InsertSectionRow(Workbench& bench);
 
 /// Takes back the insertion before the study's `CurrentRow`: `DATARES.OLD` becomes the rows again
-/// and the row that was in hand is in hand again. Whether changes are unsaved is left as it stands:
-/// the caller knows what it was before the insertion. Error: there is no such file.
+/// and the row that was in hand is in hand again. The flags that the insertion set stay as they
+/// are: the caller knows what they were before it. Error: there is no such file.
 Outcome UndoInsert(Workbench& bench);
 
 }  // namespace kalvo

@@ -83,7 +83,8 @@ struct Study {
   bool results_valid = false;
   bool recalculation_needed = false;
   bool diameters_changed = false;
-  bool recovery = false;
+  bool recovery = false;          ///< the next load is of what stands in the work files
+  bool came_by_recovery = false;  ///< until a good run, a reset or another load
   bool NameErrors = false;
   bool emitters_unchecked = false;
   bool data_exist = false;

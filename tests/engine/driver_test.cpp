@@ -69,12 +69,12 @@ TEST(Run, BeginsByClearingWhatNoPassFills) {
 TEST(Run, ThatEndsWellSettlesTheStudy) {
   TestBench bench;
   bench.PutNetwork(kLoop);
-  bench.study.recalculation_needed = bench.study.recovery = bench.study.CalcAborted = true;
+  bench.study.recalculation_needed = bench.study.came_by_recovery = bench.study.CalcAborted = true;
   bench.study.MeanVelMode = false;
   bench.study.CurrentRow = 2;
   RunCalculation(bench.bench);
   EXPECT_FALSE(bench.study.recalculation_needed);
-  EXPECT_FALSE(bench.study.recovery);
+  EXPECT_FALSE(bench.study.came_by_recovery);
   EXPECT_FALSE(bench.study.CalcAborted);
   EXPECT_TRUE(bench.study.MeanVelMode);
   EXPECT_EQ(bench.study.CurrentRow, 2);

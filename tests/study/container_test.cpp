@@ -155,6 +155,7 @@ TEST(LoadStudy, RecoversWhatStandsInTheWorkFiles) {
   EXPECT_EQ(bench.study.CalcStatus, 0);
   EXPECT_TRUE(bench.study.unsaved_changes);
   EXPECT_TRUE(bench.study.recalculation_needed);
+  EXPECT_TRUE(bench.study.came_by_recovery);
   EXPECT_EQ(bench.study.study_title, "Ημιτελής");
   EXPECT_EQ(bench.study.fluid_name, "Ημιτελής");
   EXPECT_EQ(bench.study.PipeStats.size(), 2U);
@@ -162,6 +163,27 @@ TEST(LoadStudy, RecoversWhatStandsInTheWorkFiles) {
   EXPECT_EQ(bench.Bytes(work_file::kFluid), fluid);
   EXPECT_EQ(bench.Rows(work_file::kEmitters).size(), 2U);
   EXPECT_FALSE(bench.workspace.Exists(work_file::kRecentFiles));
+}
+
+TEST(LoadStudy, RecoversEmittersWhoseSectionsWereDeleted) {
+  TestBench bench;
+  PutSampleStudy(bench.bench, "Ημιτελής");
+  std::vector<SectionRow> emitters = bench.Rows(work_file::kEmitters);
+  const std::size_t count = emitters.size();
+  emitters.push_back(emitters.back());
+  ASSERT_TRUE(bench.workspace.Rows(work_file::kEmitters).WriteAll(emitters).ok());
+  bench.study.recovery = true;
+  LoadStudy(bench.bench);
+  EXPECT_EQ(bench.study.CalcStatus, 0);
+  EXPECT_EQ(bench.Rows(work_file::kEmitters).size(), count + 1);
+}
+
+TEST(LoadStudy, LeavesTheCompanionsOfAnotherStudyAlone) {
+  TestBench bench;
+  SaveSample(bench, "FOO.PCK", "Άλλη");
+  PutMain(bench, "foo.PCK", EncodeRows<SectionRow>(SampleRows(SystemKind::kClosed, "Κτίριο")));
+  ASSERT_TRUE(Load(bench, "foo.PCK"));
+  EXPECT_EQ(bench.study.fluid_name, kWaterName);
 }
 
 TEST(StudyReset, DeletesEveryFileOfAStudyInWorkAndNoOther) {

@@ -200,13 +200,27 @@ TEST(SectionEntry, ShowsARowAndStoresItBackUnchanged) {
   EXPECT_EQ(shown, entry);
 }
 
-TEST(SectionEntry, GreekNodeNamesFitInThreeCharacters) {
+TEST(SectionEntry, GreekNodeNamesFitAndTheTypedSourceBecomesLatin) {
   SectionRow row;
   SectionEntry entry = SampleEntry();
+  entry.left = "Ώρα";
   entry.right = " ΑΝΤ ";
   TakeEntry(row, entry, kGreek);
-  EXPECT_EQ(row.Name.bytes(), "  1/\xC1\xCD\xD4");
-  EXPECT_EQ(EntryOf(row, kGreek).right, "ΑΝΤ");
+  EXPECT_EQ(row.Name.bytes(), "\xBF\xF1\xE1/ANT");
+  EXPECT_EQ(EntryOf(row, kGreek).left, "Ώρα");
+}
+
+TEST(SectionEntry, WhatIsNotEditedKeepsItsWholeValue) {
+  SectionRow row;
+  row.Name = FixedText<7>::FromUtf8("  1/ΑΝΤ");
+  row.Length = 10.0F / 3;
+  const SectionRow before = row;
+  SectionEntry entry = EntryOf(row, kGreek);
+  entry.GateValve = "2";
+  TakeEntry(row, entry, kGreek);
+  EXPECT_EQ(row.Length, before.Length);
+  EXPECT_EQ(row.Name, before.Name);
+  EXPECT_EQ(row.GateValve, 2);
 }
 
 TEST(NewEntry, GoesOnFromTheRowBefore) {

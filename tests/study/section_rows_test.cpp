@@ -176,7 +176,7 @@ TEST(UndoInsert, TakesTheInsertionBackWhole) {
   EXPECT_EQ(bench.Bytes(), before);
 }
 
-TEST(RowOperations, AnotherNetworkHasNoValidResults) {
+TEST(RowOperations, AnotherNetworkHasNoValidResultsAndItsEmittersWaitForACheck) {
   for (const auto change : {DeleteSectionRow, InsertSectionRow}) {
     TestBench bench;
     bench.PutNetwork({"ANT/1 5m", "1/2 5m soma 300l/h 500mm", "2/ANT 5m"});
@@ -184,6 +184,7 @@ TEST(RowOperations, AnotherNetworkHasNoValidResults) {
     bench.study.CurrentRow = 2;
     ASSERT_TRUE(change(bench.bench).ok());
     EXPECT_FALSE(bench.study.results_valid);
+    EXPECT_TRUE(bench.study.emitters_unchecked);
   }
 }
 
