@@ -51,8 +51,8 @@ void PrintShares(const Console& console, const DropExplanation& explanation) {
 
 void PrintExplanation(const Console& console, const SectionRow& row,
                       const DropExplanation& explanation) {
-  console.out << console.Heading("Τμήμα " + std::to_string(row.RecordNumber) + "  " +
-                                 FromCodePage(row.Name.bytes()) + "  " + row.NomiDiam.Utf8())
+  console.out << console.Heading("Τμήμα " + std::to_string(row.RecordNumber) + " : " +
+                                 row.Name.Utf8() + ", διάμετρος " + row.NomiDiam.Utf8())
               << '\n';
   PrintSteps(console, explanation);
   PrintFittings(console, explanation);

@@ -144,6 +144,14 @@ DropExplanation ExplainDrop(const ExplainInput& input) { return Explainer(input)
 DropExplanation ExplainRow(const SectionRow& row, const PassConditions& pass) {
   const MaterialClass material = ClassOf(pass.library.front().material.Trimmed());
   DropExplanation plain = ExplainDrop({row, pass.flow, material, std::nullopt});
+  if (const MaterialClass own = ClassOf(row.Material.Trimmed());
+      own != material && !plain.Agrees()) {
+    // A re-run on fixed diameters goes by the row's own word.
+    if (DropExplanation by_row = ExplainDrop({row, pass.flow, own, std::nullopt});
+        by_row.Agrees()) {
+      return by_row;
+    }
+  }
   if (plain.Agrees() || row.INILAMDA != 2.0F) {
     return plain;
   }
