@@ -88,7 +88,7 @@ void BenchProgram::Load(const fs::path& path) {
 }
 
 void BenchProgram::Calculate(Method method) {
-  if (CalculateClosed(bench_, method) != CommandEnd::kCalculated) {
+  if (Calculate(bench_, method) != CommandEnd::kCalculated) {
     throw std::runtime_error("not calculated");
   }
 }

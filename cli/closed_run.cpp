@@ -24,7 +24,7 @@ int TellBrokenOff(const Console& console, Session& session) {
 
 int CalculateStudy(const Console& console, Session& session, Method method) {
   Workbench bench = session.bench();
-  switch (CalculateClosed(bench, method)) {
+  switch (Calculate(bench, method)) {
     case CommandEnd::kCalculated:
     case CommandEnd::kShowOld:
       return exit_code::kDone;

@@ -1,12 +1,19 @@
 #include "engine/balancing.h"
 
+#include "engine/first_row_index.h"
+#include "engine/open_network.h"
+
 namespace kalvo {
 
 namespace {
 
+// Cuts every branch down to what it has for itself and hands it to `step_down(chain, fork,
+// available)`; the fork is the last cell in common with the critical branch, 0 without one.
+template <typename StepDown>
 class Balancer {
  public:
-  explicit Balancer(const BalanceContext& context) : context_(context) {}
+  Balancer(const BalanceContext& context, StepDown step_down)
+      : context_(context), step_down_(std::move(step_down)) {}
 
   void Run() {
     const auto& branches = context_.critical.branches;
@@ -20,21 +27,23 @@ class Balancer {
 
  private:
   void Balance(Branch branch) {
-    CutHead(branch);
+    const bool has_fork = CutHead(branch);
     const float at_fork = fork_ == 0 ? 0.0F : context_.store.At(fork_).AvaiPres;
     CopyWithoutCommonEnd(branch);
     const float available = ToSingle(at_fork - CutTail(branch));
-    StepDownBranch(context_, std::move(branch), available);
+    step_down_(std::move(branch), has_fork ? fork_ : 0, available);
   }
 
-  // Drops the cells that the branch has in common with the critical one from the source on.
-  void CutHead(Branch& branch) {
+  // Drops the cells that the branch has in common with the critical one from the source on; false
+  // when there are none.
+  bool CutHead(Branch& branch) {
     const Branch& chain = context_.critical.chain;
     std::size_t common = 0;
     while (common < branch.size() && common < chain.size() && branch[common] == chain[common]) {
       fork_ = branch[common++];
     }
     branch.erase(branch.begin(), branch.begin() + static_cast<std::ptrdiff_t>(common));
+    return common > 0;
   }
 
   // One cell at most is taken for common; without one the copy of the branch before stands.
@@ -57,6 +66,7 @@ class Balancer {
   }
 
   const BalanceContext& context_;
+  StepDown step_down_;
   int fork_ = 0;  // last head cell dropped, of this branch or an earlier one
   Branch copy_;
 };
@@ -73,7 +83,9 @@ void ClearMarks(RowStore& store) {
 
 void BalanceBranches(const BalanceContext& context) {
   try {
-    Balancer(context).Run();
+    Balancer(context, [&context](Branch chain, int /*fork*/, float available) {
+      StepDownBranch(context, std::move(chain), available);
+    }).Run();
     SettleOtherRows(context.bench, context.store, context.critical.chain);
   } catch (const Fault&) {
     // A mark that outlived its run would count as a plant in the next one.
@@ -81,6 +93,16 @@ void BalanceBranches(const BalanceContext& context) {
     throw;
   }
   ClearMarks(context.store);
+}
+
+void BalanceOpenBranches(const BalanceContext& context) {
+  const std::vector<int> feeders = LinkFeeders(context.bench.study.SectionTable);
+  Balancer(context, [&](Branch chain, int fork, float available) {
+    const int last = StepDownOpenBranch(context, std::move(chain), fork, available);
+    if (last != 0) {
+      SettleFedRow(context.store, feeders, last, context.critical.drop);
+    }
+  }).Run();
 }
 
 void CriticalPassPressure(Workbench& bench) {
@@ -92,6 +114,18 @@ void CriticalPassPressure(Workbench& bench) {
   store.SaveAfter([&] {
     const CriticalBranch critical = FindCriticalBranch(bench.study, store);
     BalanceBranches(MakeBalanceContext(bench, store, *pass, critical));
+  });
+}
+
+void OpenPassPressure(Workbench& bench) {
+  const auto pass = LoadPassConditions(bench);
+  if (!pass) {
+    return;
+  }
+  RowStore store(bench.workspace);
+  store.SaveAfter([&] {
+    const CriticalBranch critical = FindOpenCriticalBranch(bench.study, store);
+    BalanceOpenBranches(MakeBalanceContext(bench, store, *pass, critical));
   });
 }
 

@@ -13,8 +13,8 @@ constexpr std::size_t kCellDigits = 3;
 
 class BranchBuilder {
  public:
-  explicit BranchBuilder(std::span<const SectionLine> table)
-      : table_(table), links_(LinkRows(table)), by_number_(IndexByNumber(table)) {}
+  BranchBuilder(std::span<const SectionLine> table, Links links)
+      : table_(table), links_(std::move(links)), by_number_(IndexByNumber(table)) {}
 
   Branch Build(int emitter_section) {
     // A number that no row bears leaves the name found before in place.
@@ -22,14 +22,10 @@ class BranchBuilder {
       start_ = found;
     }
     Branch branch;
-    if (start_ != 0) {
-      WalkToStart(branch);
-      std::reverse(branch.begin(), branch.end());
-    }
+    Walk(branch, links_.previous);
+    std::reverse(branch.begin(), branch.end());
     branch.push_back(emitter_section);
-    if (start_ != 0) {
-      WalkToEnd(branch);
-    }
+    Walk(branch, links_.next);
     for (const int number : branch) {
       RequireCell(number);
     }
@@ -37,29 +33,14 @@ class BranchBuilder {
   }
 
  private:
-  [[nodiscard]] const SectionLine& Line(int row) const {
-    return table_[static_cast<std::size_t>(row - 1)];
-  }
-
-  template <typename Arrived>
-  void Walk(Branch& branch, const std::vector<int>& links, Arrived&& arrived) const {
+  void Walk(Branch& branch, const std::vector<int>& links) const {
     int row = start_;
-    for (std::size_t step = 0; step < table_.size() && !arrived(Line(row).name); ++step) {
+    for (std::size_t step = 0; step < links.size() && row != 0; ++step) {
       row = links[static_cast<std::size_t>(row - 1)];
-      if (row == 0) {
-        return;
+      if (row != 0) {
+        branch.push_back(table_[static_cast<std::size_t>(row - 1)].number);
       }
-      branch.push_back(Line(row).number);
     }
-  }
-
-  void WalkToEnd(Branch& branch) const {
-    Walk(branch, links_.next, [](const FixedText<7>& name) { return RightNode(name) == kSource; });
-  }
-
-  void WalkToStart(Branch& branch) const {
-    Walk(branch, links_.previous,
-         [](const FixedText<7>& name) { return LeftNode(name) == kSource; });
   }
 
   std::span<const SectionLine> table_;
@@ -67,6 +48,16 @@ class BranchBuilder {
   FirstRowIndex by_number_;
   int start_ = 0;
 };
+
+std::vector<Branch> BuildBranches(const Study& study, Links links) {
+  BranchBuilder builder(study.SectionTable, std::move(links));
+  std::vector<Branch> branches;
+  branches.reserve(study.EmitterTable.size());
+  for (const EmitterLine& emitter : study.EmitterTable) {
+    branches.push_back(builder.Build(emitter.section));
+  }
+  return branches;
+}
 
 }  // namespace
 
@@ -92,13 +83,11 @@ std::string BranchText(std::span<const int> branch) {
 }
 
 std::vector<Branch> BuildBranchStrings(const Study& study) {
-  BranchBuilder builder(study.SectionTable);
-  std::vector<Branch> branches;
-  branches.reserve(study.EmitterTable.size());
-  for (const EmitterLine& emitter : study.EmitterTable) {
-    branches.push_back(builder.Build(emitter.section));
-  }
-  return branches;
+  return BuildBranches(study, LinkRows(study.SectionTable));
+}
+
+std::vector<Branch> BuildOpenBranchStrings(const Study& study) {
+  return BuildBranches(study, {{}, LinkFeeders(study.SectionTable)});
 }
 
 }  // namespace kalvo

@@ -1,11 +1,12 @@
 #include "engine/calculation_command.h"
 
-#include <optional>
+#include <utility>
 
 #include "engine/capacity.h"
 #include "engine/checks.h"
 #include "engine/emitters.h"
 #include "engine/flow_report.h"
+#include "engine/outlets.h"
 #include "engine/row_store.h"
 #include "engine/trap.h"
 #include "study/tables.h"
@@ -13,19 +14,6 @@
 namespace kalvo {
 
 namespace {
-
-// The message that keeps the command from starting, 0 when nothing does.
-int GateMessage(const Workbench& bench) {
-  const Study& study = bench.study;
-  const Workspace& workspace = bench.workspace;
-  if (!workspace.HasBytes(work_file::kFluid)) return 2005;
-  if (study.emitters_unchecked) return 2003;
-  if (study.pipe_system_number < 1) return 406;
-  if (study.EmitterCount == 0) return 407;
-  if (!workspace.Exists(work_file::kRows) && study.CurrentRow != 1) return 139;
-  if (!workspace.Exists(work_file::kEmitters)) return study.SystemOpen() ? 143 : 142;
-  return study.NameErrors ? 10 : 0;
-}
 
 // Runs a step that may be broken off; true when it was.
 template <typename Step>
@@ -62,26 +50,72 @@ CommandEnd Run(Workbench& bench, Method method) {
   return status == calc_status::kViscosity ? CommandEnd::kViscosity : CommandEnd::kCalculated;
 }
 
-// Flow report and node check of a network without results; the end if they find something.
-std::optional<CommandEnd> CheckNetwork(Workbench& bench) {
-  Study& study = bench.study;
-  if (BrokenOff(bench, [&] { WriteSectionFlows(bench); })) {
-    return Abort(study);
+// The message that keeps the command from starting, 0 when nothing does.
+int GateMessage(const Workbench& bench) {
+  const Study& study = bench.study;
+  const Workspace& workspace = bench.workspace;
+  if (!workspace.HasBytes(work_file::kFluid)) return 2005;
+  if (study.emitters_unchecked) return 2003;
+  if (study.pipe_system_number < 1) return 406;
+  if (study.EmitterCount == 0) return 407;
+  if (!workspace.Exists(work_file::kRows) && study.CurrentRow != 1) return 139;
+  if (!workspace.Exists(work_file::kEmitters)) return study.SystemOpen() ? 143 : 142;
+  return study.NameErrors && !study.SystemOpen() ? 10 : 0;
+}
+
+// Open names that were changed since they were checked: the feeders' numbers are looked at first.
+CommandEnd RefuseOpenNames(Workbench& bench) {
+  if (BrokenOff(bench, [&] { CheckFeederNumbers(bench); })) {
+    return Abort(bench.study);
   }
-  if (study.CalcStatus > 0) {
+  if (std::exchange(bench.study.CalcStatus, calc_status::kNothing) != calc_status::kNothing) {
+    return CommandEnd::kFeeders;
+  }
+  bench.Show(12);
+  return CommandEnd::kRefused;
+}
+
+// What a check left in the status: the end of the command if it found something.
+std::optional<CommandEnd> AfterCheck(Workbench& bench) {
+  const std::int16_t status = std::exchange(bench.study.CalcStatus, calc_status::kNothing);
+  if (status == calc_status::kNothing) {
+    return std::nullopt;
+  }
+  return status == calc_status::kBrokenOff ? Abort(bench.study) : CommandEnd::kFindings;
+}
+
+// The same for a summing of flows, which may lose its way.
+std::optional<CommandEnd> AfterSum(Workbench& bench) {
+  if (bench.study.CalcStatus > 0) {
     bench.Show(2004);
-    study.CalcStatus = calc_status::kNothing;
+    bench.study.CalcStatus = calc_status::kNothing;
     return CommandEnd::kLost;
   }
+  return AfterCheck(bench);
+}
+
+std::optional<CommandEnd> CheckClosedNetwork(Workbench& bench) {
+  RunTrapped(bench, [&] { WriteSectionFlows(bench); });
+  if (const auto end = AfterSum(bench)) {
+    return end;
+  }
   bench.workspace.Delete(work_file::kErrors);
-  if (BrokenOff(bench, [&] { CheckNodes(bench); })) {
-    return Abort(study);
+  RunTrapped(bench, [&] { CheckNodes(bench); });
+  return AfterCheck(bench);
+}
+
+std::optional<CommandEnd> CheckOpenNetwork(Workbench& bench) {
+  bench.workspace.Delete(work_file::kErrors);
+  RunTrapped(bench, [&] { CheckFeedersByName(bench); });
+  if (const auto end = AfterCheck(bench)) {
+    return end;
   }
-  if (study.CalcStatus != calc_status::kNothing) {
-    study.CalcStatus = calc_status::kNothing;
-    return CommandEnd::kFindings;
+  RunTrapped(bench, [&] { SumOutletFlows(bench); });
+  if (const auto end = AfterSum(bench)) {
+    return end;
   }
-  return std::nullopt;
+  RunTrapped(bench, [&] { CheckFeederUse(bench); });
+  return AfterCheck(bench);
 }
 
 // The question about existing results: an end, or nothing when a new run is wanted.
@@ -94,25 +128,44 @@ std::optional<CommandEnd> AskForNewRun(Workbench& bench) {
   return answer == Answer::kNo ? CommandEnd::kShowOld : CommandEnd::kCancelled;
 }
 
-// A network of one section, or one with results: its rows are calculated as they stand.
-CommandEnd RunRowsAsTheyStand(Workbench& bench, Method method) {
-  if (const auto end = AskCapacity(bench)) {
-    return *end;
+// What comes before the capacity question. A closed network of one section is taken as it stands.
+std::optional<CommandEnd> CheckNetwork(Workbench& bench) {
+  if (bench.study.SystemOpen()) {
+    return CheckOpenNetwork(bench);
   }
-  return Run(bench, method);
+  return bench.study.SingleSection ? std::nullopt : CheckClosedNetwork(bench);
 }
 
-CommandEnd CalculateAnew(Workbench& bench, Method method) {
-  if (const auto end = CheckNetwork(bench)) {
-    return *end;
-  }
+CommandEnd RunAsked(Workbench& bench, const ChooseMethod& choose, bool rebuild) {
   if (const auto end = AskCapacity(bench)) {
     return *end;
   }
-  if (BrokenOff(bench, [&] { RebuildEmitterData(bench); })) {
+  const std::optional<Method> method = choose();
+  if (!method) {
+    return CommandEnd::kCancelled;
+  }
+  if (rebuild && BrokenOff(bench, [&] { RebuildEmitterData(bench); })) {
     return Abort(bench.study);
   }
-  return Run(bench, method);
+  return Run(bench, *method);
+}
+
+// The tables and what is known of the network before anything else; the end of the command if the
+// rows cannot be read.
+std::optional<CommandEnd> ReadNetwork(Workbench& bench, bool& has_results) {
+  Study& study = bench.study;
+  std::vector<SectionRow> rows;
+  if (BrokenOff(bench, [&] { rows = RowStore(bench.workspace).rows(); })) {
+    return Abort(study);
+  }
+  study.CalcStatus = calc_status::kNothing;
+  study.SingleSection = study.SystemClosed() && IsLoneSection(rows);
+  if (study.SingleSection) {
+    study.TotalFlowM3h = ToSingle(rows.front().WaterFlow / 1000.0);
+  }
+  RefreshSectionTable(study, rows);
+  has_results = HasResults(rows);
+  return std::nullopt;
 }
 
 }  // namespace
@@ -121,30 +174,28 @@ bool HasResults(const std::vector<SectionRow>& rows) {
   return !rows.empty() && rows.front().PAR != 0.0F && rows.front().DP != 0.0F;
 }
 
-CommandEnd CalculateClosed(Workbench& bench, Method method) {
-  Study& study = bench.study;
+CommandEnd Calculate(Workbench& bench, const ChooseMethod& choose) {
+  const Study& study = bench.study;
   if (const int message = GateMessage(bench); message != 0) {
     bench.Show(message);
     return CommandEnd::kRefused;
   }
-  std::vector<SectionRow> rows;
-  if (BrokenOff(bench, [&] { rows = RowStore(bench.workspace).rows(); })) {
-    return Abort(study);
+  bool has_results = false;
+  if (const auto end = ReadNetwork(bench, has_results)) {
+    return *end;
   }
-  study.SingleSection = IsLoneSection(rows);
-  study.CalcStatus = calc_status::kNothing;
-  if (study.SingleSection) {
-    study.TotalFlowM3h = ToSingle(rows.front().WaterFlow / 1000.0);
+  if (study.NameErrors && study.SystemOpen()) {
+    return RefuseOpenNames(bench);
   }
-  RefreshSectionTable(study, rows);
-  if (HasResults(rows)) {
-    if (const auto end = AskForNewRun(bench)) {
-      return *end;
-    }
-  } else if (!study.SingleSection) {
-    return CalculateAnew(bench, method);
+  if (const auto end = has_results ? AskForNewRun(bench) : CheckNetwork(bench)) {
+    return *end;
   }
-  return RunRowsAsTheyStand(bench, method);
+  const bool rebuild = study.SystemClosed() && !study.SingleSection && !has_results;
+  return RunAsked(bench, choose, rebuild);
+}
+
+CommandEnd Calculate(Workbench& bench, Method method) {
+  return Calculate(bench, [method] { return std::optional(method); });
 }
 
 }  // namespace kalvo

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <functional>
+#include <optional>
+
 #include "engine/driver.h"
 
 namespace kalvo {
@@ -9,10 +12,11 @@ enum class CommandEnd {
   kRefused,     ///< by the gate, with its message
   kLost,        ///< the network cannot be walked (message 2004 was shown)
   kFindings,    ///< the names are wrong: the list stands in `ERRORS.TMP`
+  kFeeders,     ///< as kFindings, by the gate of an open system; message 11 comes behind the list
   kCapacity,    ///< the user did not go on with pipes that do not suffice
   kViscosity,   ///< the fluid does not fit the study's temperature
   kBrokenOff,   ///< by a run-time fault
-  kCancelled,   ///< no new run was wanted, nor the old results
+  kCancelled,   ///< no new run was wanted, nor the old results; or no method was chosen
   kShowOld,     ///< the results there are wanted as they stand
   kCalculated,  ///< new results stand in the rows
 };
@@ -20,9 +24,16 @@ enum class CommandEnd {
 /// True when row 1 carries results: total flow and drop both non-zero.
 bool HasResults(const std::vector<SectionRow>& rows);
 
-/// The calculation command for a closed system, by either method: the gate, the question about
-/// existing results, flow report, node check, capacity, rebuild of the emitters, run. A study with
-/// results is calculated as its rows stand.
-CommandEnd CalculateClosed(Workbench& bench, Method method);
+/// Asks for the method of a run; nothing when the choice was closed.
+using ChooseMethod = std::function<std::optional<Method>()>;
+
+/// The calculation command: the gate, the question about existing results, checks of the network,
+/// capacity, choice of the method, run. A study with results is calculated as its rows stand.
+/// Closed: flow report and node check before, rebuild of the emitters after the capacity question.
+/// Open: check of feeders by name, sum of the outlets' flows, check of the feeders' use.
+CommandEnd Calculate(Workbench& bench, const ChooseMethod& choose);
+
+/// The same by a given method.
+CommandEnd Calculate(Workbench& bench, Method method);
 
 }  // namespace kalvo

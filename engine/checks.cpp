@@ -1,6 +1,7 @@
 #include "engine/checks.h"
 
 #include "engine/first_row_index.h"
+#include "engine/outlets.h"
 #include "engine/row_store.h"
 #include "study/rounding.h"
 
@@ -51,10 +52,6 @@ void ConcludeOpen(Workbench& bench, const std::string& findings) {
     WriteFindings(bench, findings, false);
     bench.study.CalcStatus = calc_status::kNamesWrong;
   }
-}
-
-double FeederNumber(const SectionLine& line) {
-  return ParseNumber(FromCodePage(RightNode(line.name)), ForceDotDecimal({}));
 }
 
 std::string SameNames(const Table& table, const FirstRowIndex& by_left) {
@@ -125,7 +122,7 @@ void CheckFeederNumbers(Workbench& bench) {
   const Table& table = bench.study.SectionTable;
   std::string findings;
   for (std::size_t i = 0; i < table.size(); ++i) {
-    if (FeederNumber(table[i]) > static_cast<double>(table.size())) {
+    if (FeederNumber(table[i].name) > static_cast<double>(table.size())) {
       findings += "Το Τμήμα " + RowText(i) + " τροφοδοτείται από ανύπαρκτο Τμήμα (Νο " +
                   FromCodePage(Trim(RightNode(table[i].name))) + " )\n";
     }
@@ -138,7 +135,7 @@ void CheckFeederUse(Workbench& bench) {
   std::vector<int> count(table.size() + 1);
   std::vector<int> first(table.size() + 1);
   for (std::size_t j = 1; j < table.size(); ++j) {
-    const double feeder = FeederNumber(table[j]);
+    const double feeder = FeederNumber(table[j].name);
     if (feeder < 1 || feeder > static_cast<double>(table.size()) || feeder != Int(feeder)) {
       continue;
     }

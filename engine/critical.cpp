@@ -9,10 +9,13 @@ namespace kalvo {
 
 namespace {
 
-float DropOf(const Branch& branch, const RowStore& store) {
+// What a branch loses, mm w.g.; in an open network with what its outlets need.
+float DropOf(const Branch& branch, const RowStore& store, bool with_outlets) {
   const double sum = std::accumulate(
-      branch.begin(), branch.end(), 0.0,
-      [&store](double drop, int number) { return drop + store.At(number).TotalDrop; });
+      branch.begin(), branch.end(), 0.0, [&store, with_outlets](double drop, int number) {
+        const SectionRow& row = store.At(number);
+        return drop + (with_outlets ? row.TotalDrop + row.SomaDrop * 1000.0 : row.TotalDrop);
+      });
   return ToSingle(sum);
 }
 
@@ -111,9 +114,10 @@ void WritePostponed(Workbench& bench, const std::vector<int>& rows) {
 
 CriticalBranch ReadCriticalBranch(const Study& study, const RowStore& store) {
   CriticalBranch critical;
-  critical.branches = BuildBranchStrings(study);
+  critical.branches =
+      study.SystemOpen() ? BuildOpenBranchStrings(study) : BuildBranchStrings(study);
   for (const Branch& branch : critical.branches) {
-    const float drop = DropOf(branch, store);
+    const float drop = DropOf(branch, store, study.SystemOpen());
     if (critical.drop < drop) {
       critical.drop = drop;
       critical.chain = branch;
@@ -122,9 +126,7 @@ CriticalBranch ReadCriticalBranch(const Study& study, const RowStore& store) {
   return critical;
 }
 
-CriticalBranch FindCriticalBranch(Study& study, RowStore& store) {
-  CriticalBranch critical = ReadCriticalBranch(study, store);
-  critical.drop = ToSingle(RoundTo(critical.drop, 4));
+void AnnounceCritical(Study& study, RowStore& store, const CriticalBranch& critical) {
   study.TotalFlowM3h = TotalFlow(study);
   study.CriticalDrop = critical.drop;
   study.PumpHead = ToSingle(critical.drop / 1000.0);
@@ -134,6 +136,12 @@ CriticalBranch FindCriticalBranch(Study& study, RowStore& store) {
     row.DP = critical.drop;
     row.AvaiPres = 0;
   }
+}
+
+CriticalBranch FindCriticalBranch(Study& study, RowStore& store) {
+  CriticalBranch critical = ReadCriticalBranch(study, store);
+  critical.drop = ToSingle(RoundTo(critical.drop, 4));
+  AnnounceCritical(study, store, critical);
   FollowChain(store, critical);
   return critical;
 }
@@ -151,8 +159,8 @@ void SettleOtherRows(Workbench& bench, RowStore& store, const Branch& chain) {
   bench.workspace.Delete(work_file::kPostponed);
 }
 
-void CriticalPassFlowOnly(Workbench& bench) {
-  RowStore store(bench.workspace);
+void CriticalPassFlowOnly(Workbench& bench, std::string_view rows) {
+  RowStore store(bench.workspace, rows);
   store.SaveAfter([&] {
     const CriticalBranch critical = FindCriticalBranch(bench.study, store);
     SettleOtherRows(bench, store, critical.chain);

@@ -2,6 +2,7 @@
 
 #include "engine/balancing.h"
 #include "engine/critical.h"
+#include "engine/open_network.h"
 #include "engine/pipe_stats.h"
 #include "engine/sizing.h"
 #include "engine/trap.h"
@@ -22,11 +23,15 @@ void RunNext(Workbench& bench, Pass&& pass) {
   }
 }
 
+// The pass behind the sizing.
 void FindPressures(Workbench& bench, Method method) {
-  if (method == Method::kFlowAndPressure) {
-    CriticalPassPressure(bench);
+  const bool balances = method == Method::kFlowAndPressure;
+  if (bench.study.SystemOpen()) {
+    balances ? OpenPassPressure(bench) : OpenPassFlowOnly(bench);
+  } else if (bench.study.SingleSection) {
+    CloseSingleSection(bench);
   } else {
-    CriticalPassFlowOnly(bench);
+    balances ? CriticalPassPressure(bench) : CriticalPassFlowOnly(bench);
   }
 }
 
@@ -78,27 +83,25 @@ void RunPasses(Workbench& bench, Method method) {
   // Row 1 has it too; sizing may raise the study's own value for the run.
   const float design_velocity = study.MeanVel;
   RunNext(bench, [&] { ResetCalcFields(bench); });
-  if (study.SystemClosed()) {
+  if (study.system_kind != SystemKind::kNone) {
     RunNext(bench, [&] { SizePipes(bench, static_cast<int>(method)); });
-    RunNext(bench, [&] {
-      if (study.SingleSection) {
-        CloseSingleSection(bench);
-      } else {
-        FindPressures(bench, method);
-      }
-    });
+    RunNext(bench, [&] { FindPressures(bench, method); });
     RunNext(bench, [&] { WriteStatistics(bench); });
   }
   study.MeanVel = design_velocity;
   study.CalcAborted = study.CalcStatus == calc_status::kBrokenOff;
   study.CurrentRow = row_before;
-  if (study.SystemClosed() && !Ended(study)) {
+  if (study.system_kind != SystemKind::kNone && !Ended(study)) {
     study.recalculation_needed = false;
     study.came_by_recovery = false;
   }
 }
 
-void RunCalculation(Workbench& bench) { RunPasses(bench, Method::kFlowOnly); }
+void RunCalculation(Workbench& bench) {
+  const Study& study = bench.study;
+  RunPasses(bench, study.SystemClosed() || study.MeanVelMode ? Method::kFlowOnly
+                                                             : Method::kFlowAndPressure);
+}
 
 void RefindCriticalBranch(Workbench& bench) {
   const RowStore store(bench.workspace);

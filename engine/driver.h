@@ -10,13 +10,15 @@ enum class Method { kFlowOnly = 1, kFlowAndPressure = 2 };
 /// longer valid. Faults: kFile.
 void ResetCalcFields(Workbench& bench);
 
-/// The passes of a run in their order, each trapped: sizing, critical branch (not for a single
-/// section; with balancing in the second method), closing of a single section, statistics.
+/// The passes of a run in their order, each trapped: sizing, critical branch (with balancing in the
+/// second method; in a closed system not for a single section, which is closed instead),
+/// statistics.
 /// `CalcStatus` -13: the fluid does not fit, nothing was calculated; -32: broken off, and
 /// `CalcAborted` is set. The design velocity is read again from row 1 at the end.
 void RunPasses(Workbench& bench, Method method);
 
-/// The automatic run. A closed system always takes the first method.
+/// The automatic run. A closed system always takes the first method, an open one the method that
+/// `MeanVelMode` tells.
 void RunCalculation(Workbench& bench);
 
 /// True when the rows are one section named "ANT/ANT".

@@ -59,14 +59,29 @@ FirstRowIndex IndexByNumber(std::span<const SectionLine> table) {
 Links LinkRows(std::span<const SectionLine> table) {
   const FirstRowIndex by_left = IndexByLeftNode(table);
   const FirstRowIndex by_right = IndexByRightNode(table);
+  const auto find = [](const FirstRowIndex& index, std::string_view node) {
+    return node == kSource ? 0 : index.First(NodeKey(node));
+  };
   Links links;
   links.next.reserve(table.size());
   links.previous.reserve(table.size());
   for (const SectionLine& line : table) {
-    links.next.push_back(by_left.First(NodeKey(RightNode(line.name))));
-    links.previous.push_back(by_right.First(NodeKey(LeftNode(line.name))));
+    links.next.push_back(find(by_left, RightNode(line.name)));
+    links.previous.push_back(find(by_right, LeftNode(line.name)));
   }
   return links;
+}
+
+std::vector<int> LinkFeeders(std::span<const SectionLine> table) {
+  const FirstRowIndex by_left = IndexByLeftNode(table);
+  std::vector<int> feeders;
+  feeders.reserve(table.size());
+  for (const SectionLine& line : table) {
+    const std::string_view feeder = RightNode(line.name);
+    const bool is_first = feeders.empty();
+    feeders.push_back(feeder == kSource ? (is_first ? 0 : 1) : by_left.First(NodeKey(feeder)));
+  }
+  return feeders;
 }
 
 }  // namespace kalvo

@@ -35,13 +35,18 @@ FirstRowIndex IndexByRightNode(std::span<const SectionLine> table);
 FirstRowIndex IndexByNumber(std::span<const SectionLine> table);
 std::uint32_t NumberKey(int number);
 
-/// For every row the row that a walk goes on with, 0 where it is lost: towards the end the first
-/// row leaving the node it reaches, towards the start the first row reaching the node it leaves.
+/// For every row of a closed network the row that a walk goes on with, 0 at the source and where it
+/// is lost: towards the end the first row leaving the node it reaches, towards the start the first
+/// row reaching the node it leaves.
 struct Links {
   std::vector<int> next;
   std::vector<int> previous;
 };
 
 Links LinkRows(std::span<const SectionLine> table);
+
+/// For every row of an open network the row that feeds it: row 1 where the feeder is the source,
+/// else the first of that name; 0 for row 1 at the source and where no row bears the name.
+std::vector<int> LinkFeeders(std::span<const SectionLine> table);
 
 }  // namespace kalvo

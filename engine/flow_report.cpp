@@ -32,10 +32,10 @@ bool HasOneEnd(std::vector<SectionLine>& table) {
   return found;
 }
 
-class FlowSummer {
+// The trace of the summing as text.
+class FlowTrace {
  public:
-  explicit FlowSummer(std::vector<SectionLine>& table)
-      : table_(table), links_(LinkRows(table)), by_number_(IndexByNumber(table)), text_(kRule) {
+  explicit FlowTrace(const std::vector<SectionLine>& table) : table_(table), text_(kRule) {
     names_.reserve(table.size());
     text_.reserve(kReportRoom);
     for (const SectionLine& line : table) {
@@ -43,7 +43,56 @@ class FlowSummer {
     }
   }
 
-  // Adds one emitter along its circuit; tells where the walk was lost.
+  void Begin(int row, const EmitterLine& emitter) {
+    text_ += "Το Σώμα < " + NumberText(emitter.section) + " >, με κόμβους : " + Name(row) +
+             " και παροχή : " + NumberText(emitter.flow_lh) + " [Lit/h],\n" +
+             "επηρεάζει τα εξής τμήματα του Σωληνοδικτύου :\n";
+  }
+
+  void Step(int row) {
+    const SectionLine& line = table_[static_cast<std::size_t>(row - 1)];
+    text_ += "- ";
+    text_ += NumberText(line.number);
+    text_ += " -> κόμβοι: ";
+    text_ += Name(row);
+    text_ += ", μεταβάλλοντας την παροχή του σε : ";
+    text_ += NumberText(*line.flow_lh);
+    text_ += " [Lit/h]\n";
+  }
+
+  void End() { text_ += kRule; }
+
+  [[nodiscard]] std::string TakeText() { return std::move(text_); }
+
+ private:
+  [[nodiscard]] const std::string& Name(int row) const {
+    return names_[static_cast<std::size_t>(row - 1)];
+  }
+
+  const std::vector<SectionLine>& table_;
+  std::vector<std::string> names_;
+  std::string text_;
+};
+
+class FlowSummer {
+ public:
+  // Without a trace nothing is told of the walks.
+  FlowSummer(std::vector<SectionLine>& table, FlowTrace* trace)
+      : table_(table), links_(LinkRows(table)), by_number_(IndexByNumber(table)), trace_(trace) {}
+
+  // Adds the emitters along their circuits; tells where a walk was lost.
+  std::optional<LostWalk> Add(const std::vector<EmitterLine>& emitters) {
+    for (const EmitterLine& emitter : emitters) {
+      if (auto lost = Add(emitter)) {
+        return lost;
+      }
+    }
+    return std::nullopt;
+  }
+
+ private:
+  using NodeOf = std::string_view (*)(const FixedText<7>&);
+
   std::optional<LostWalk> Add(const EmitterLine& emitter) {
     const int start = by_number_.First(NumberKey(emitter.section));
     if (start == 0) {
@@ -51,27 +100,20 @@ class FlowSummer {
     }
     // Assigned, not added: what earlier emitters summed into this section is replaced.
     Line(start).flow_lh = emitter.flow_lh;
-    const std::string flow = NumberText(emitter.flow_lh);
-    text_ += "Το Σώμα < " + NumberText(emitter.section) + " >, με κόμβους : " + Name(start) +
-             " και παροχή : " + flow + " [Lit/h],\n" +
-             "επηρεάζει τα εξής τμήματα του Σωληνοδικτύου :\n";
+    if (trace_ != nullptr) {
+      trace_->Begin(start, emitter);
+    }
     auto lost = Walk(start, emitter, links_.previous, LeftNode);
     if (!lost) {
       lost = Walk(start, emitter, links_.next, RightNode);
     }
-    if (!lost) {
-      text_ += kRule;
+    if (!lost && trace_ != nullptr) {
+      trace_->End();
     }
     return lost;
   }
 
-  [[nodiscard]] std::string TakeText() { return std::move(text_); }
-
- private:
-  using NodeOf = std::string_view (*)(const FixedText<7>&);
-
   SectionLine& Line(int row) { return table_[static_cast<std::size_t>(row - 1)]; }
-  const std::string& Name(int row) const { return names_[static_cast<std::size_t>(row - 1)]; }
 
   // More steps than rows cannot be: the names then form a circle.
   std::optional<LostWalk> Walk(int row, const EmitterLine& emitter, const std::vector<int>& links,
@@ -84,50 +126,54 @@ class FlowSummer {
       }
       SectionLine& line = Line(row);
       line.flow_lh = ThroughText(line.flow_lh.value_or(0.0) + emitter.flow_lh);
-      PrintStep(row);
+      if (trace_ != nullptr) {
+        trace_->Step(row);
+      }
       node = node_of(line.name);
     }
     return std::nullopt;
   }
 
-  void PrintStep(int row) {
-    const SectionLine& line = Line(row);
-    text_ += "- ";
-    text_ += NumberText(line.number);
-    text_ += " -> κόμβοι: ";
-    text_ += Name(row);
-    text_ += ", μεταβάλλοντας την παροχή του σε : ";
-    text_ += NumberText(*line.flow_lh);
-    text_ += " [Lit/h]\n";
-  }
-
   std::vector<SectionLine>& table_;
   Links links_;
   FirstRowIndex by_number_;
-  std::vector<std::string> names_;
-  std::string text_;
+  FlowTrace* trace_;
 };
+
+// Begins the summing; false, with `CalcStatus` 1, unless one section ends at the source.
+bool BeginSum(Study& study) {
+  study.lost_walk.reset();
+  if (HasOneEnd(study.SectionTable)) {
+    return true;
+  }
+  study.lost_walk = LostWalk{0, std::string(kSource)};
+  study.CalcStatus = calc_status::kBranchLost;
+  return false;
+}
+
+void Sum(Study& study, const std::vector<EmitterLine>& emitters, FlowTrace* trace) {
+  study.lost_walk = FlowSummer(study.SectionTable, trace).Add(emitters);
+  if (study.lost_walk) {
+    study.CalcStatus = calc_status::kBranchLost;
+  }
+}
 
 }  // namespace
 
 void WriteSectionFlows(Workbench& bench) {
   Study& study = bench.study;
   bench.workspace.Delete(work_file::kFlowReport);
-  study.lost_walk.reset();
-  if (!HasOneEnd(study.SectionTable)) {
-    study.lost_walk = LostWalk{0, std::string(kSource)};
-    study.CalcStatus = calc_status::kBranchLost;
-    return;
+  if (BeginSum(study)) {
+    FlowTrace trace(study.SectionTable);
+    Sum(study, study.EmitterTable, &trace);
+    Require(bench.workspace.Write(work_file::kFlowReport, trace.TakeText()));
   }
-  FlowSummer summer(study.SectionTable);
-  for (const EmitterLine& emitter : study.EmitterTable) {
-    study.lost_walk = summer.Add(emitter);
-    if (study.lost_walk) {
-      study.CalcStatus = calc_status::kBranchLost;
-      break;
-    }
+}
+
+void SumWinterFlows(Study& study) {
+  if (BeginSum(study)) {
+    Sum(study, study.WinterEmitterTable, nullptr);
   }
-  Require(bench.workspace.Write(work_file::kFlowReport, summer.TakeText()));
 }
 
 }  // namespace kalvo

@@ -10,4 +10,7 @@ namespace kalvo {
 /// the report stands as far as it was written. Faults: kFile when it cannot be written.
 void WriteSectionFlows(Workbench& bench);
 
+/// The same sum of the emitters in `WinterEmitterTable`, without a report.
+void SumWinterFlows(Study& study);
+
 }  // namespace kalvo

@@ -5,6 +5,7 @@
 
 #include "engine/critical.h"
 #include "engine/driver.h"
+#include "engine/open_network.h"
 #include "engine/pipe_stats.h"
 #include "engine/sizing.h"
 #include "engine/trap.h"
@@ -36,7 +37,9 @@ void RunFixed(Workbench& bench) {
   if (bench.study.CalcStatus == calc_status::kViscosity) {
     return;
   }
-  if (bench.study.SingleSection) {
+  if (bench.study.SystemOpen()) {
+    OpenPassFlowOnly(bench);
+  } else if (bench.study.SingleSection) {
     CloseSingleSection(bench);
   } else {
     CriticalPassFlowOnly(bench);

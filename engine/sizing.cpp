@@ -87,9 +87,9 @@ void RecalculateRow(Study& study, const PassConditions& pass, SectionRow& row) {
 
 // One pass over all rows: quantities anew, then `fill` for each, written only when it is whole.
 template <typename Fill>
-void FillRows(Workbench& bench, const PassConditions& pass, Fill&& fill) {
+void FillRows(Workbench& bench, const PassConditions& pass, std::string_view rows, Fill&& fill) {
   Study& study = bench.study;
-  RowStore store(bench.workspace);
+  RowStore store(bench.workspace, rows);
   study.SectionCount = ToInt16(store.count());
   StartPipeStats(study, pass.library);
   store.SaveAfter([&] {
@@ -106,7 +106,7 @@ void FillRows(Workbench& bench, const PassConditions& pass, Fill&& fill) {
 
 }  // namespace
 
-std::optional<PassConditions> LoadPassConditions(Workbench& bench) {
+std::optional<PassConditions> LoadPassConditions(Workbench& bench, float temperature) {
   Study& study = bench.study;
   PassConditions pass;
   pass.library = Require(ReadPipeSystem(bench.workspace, study.pipe_system_number));
@@ -115,19 +115,23 @@ std::optional<PassConditions> LoadPassConditions(Workbench& bench) {
   HoldDensity(study, fluid);
   pass.flow.density = study.Density;
   if (Trim(study.fluid_name) == kWaterName) {
-    pass.flow.viscosity = WaterViscosity(study.MeanTemp);
+    pass.flow.viscosity = WaterViscosity(temperature);
     return pass;
   }
   if (!fluid) {
     throw Fault(FaultCode::kFile, "no fluid file");
   }
-  if (fluid->mean_temperature != study.MeanTemp) {
+  if (fluid->mean_temperature != temperature) {
     bench.Ask(TemperatureBox());
     study.CalcStatus = calc_status::kViscosity;
     return std::nullopt;
   }
   pass.flow.viscosity = ToSingle(static_cast<double>(fluid->viscosity) / 1'000'000.0);
   return pass;
+}
+
+std::optional<PassConditions> LoadPassConditions(Workbench& bench) {
+  return LoadPassConditions(bench, bench.study.MeanTemp);
 }
 
 void SizePipes(Workbench& bench, int method) {
@@ -137,18 +141,22 @@ void SizePipes(Workbench& bench, int method) {
   }
   Study& study = bench.study;
   study.InitialDiameters.clear();
-  FillRows(bench, *pass, [&](SectionRow& row) {
+  FillRows(bench, *pass, work_file::kRows, [&](SectionRow& row) {
     SizeRow(study, *pass, method, row);
     study.InitialDiameters.push_back(row.NomiDiam.Utf8());
   });
 }
 
 void RecalculateRows(Workbench& bench) {
-  const auto pass = LoadPassConditions(bench);
+  RecalculateRows(bench, bench.study.MeanTemp, work_file::kRows);
+}
+
+void RecalculateRows(Workbench& bench, float temperature, std::string_view rows) {
+  const auto pass = LoadPassConditions(bench, temperature);
   if (!pass) {
     return;
   }
-  FillRows(bench, *pass, [&](SectionRow& row) { RecalculateRow(bench.study, *pass, row); });
+  FillRows(bench, *pass, rows, [&](SectionRow& row) { RecalculateRow(bench.study, *pass, row); });
 }
 
 }  // namespace kalvo

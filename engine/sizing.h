@@ -19,6 +19,7 @@ struct PassConditions {
 /// the user has then been told and `CalcStatus` is -13. The density stays held in the study.
 /// Faults: kFile when library or fluid cannot be read.
 std::optional<PassConditions> LoadPassConditions(Workbench& bench);
+std::optional<PassConditions> LoadPassConditions(Workbench& bench, float temperature);
 
 /// Area of a pipe size in m².
 inline double AreaM2(const PipeRow& pipe) { return static_cast<double>(pipe.area) / 1'000'000.0; }
@@ -31,5 +32,8 @@ void SizePipes(Workbench& bench, int method);
 
 /// The same on the diameters that the rows have; their method and diameter stay as they are.
 void RecalculateRows(Workbench& bench);
+
+/// The same on the rows of another work file, the fluid at `temperature` °C.
+void RecalculateRows(Workbench& bench, float temperature, std::string_view rows);
 
 }  // namespace kalvo

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "engine/first_row_index.h"
 #include "engine/pipe_stats.h"
 #include "study/rounding.h"
 
@@ -62,17 +63,18 @@ const PipeRow* SmallerPipe(const std::vector<PipeRow>& library, std::string_view
   return nullptr;
 }
 
+// The walk from a branch's last section back; what a kind of network does in its own way is left to
+// the classes below.
 class StepDown {
  public:
   StepDown(const BalanceContext& context, Branch chain, float branch_avail)
       : context_(context),
-        largest_(LargestPipe(context.pass.library)),
         chain_(std::move(chain)),
-        available_(branch_avail) {
-    for (const int number : chain_) {
-      drop_ += context_.store.At(number).TotalDrop;
-    }
-  }
+        available_(branch_avail),
+        largest_(LargestPipe(context.pass.library)) {}
+  StepDown(const StepDown&) = delete;
+  StepDown& operator=(const StepDown&) = delete;
+  virtual ~StepDown() = default;
 
   void Run() {
     // Sections left in the chain when its drop is too high are not touched.
@@ -85,17 +87,41 @@ class StepDown {
       if (IsLargest()) {
         drop_ += row_.TotalDrop;
         old_name_ = row_.NomiDiam;
-      } else if (row_.Auxi != kSteppedDown && !TryStep()) {
+      } else if (MayStep() && !TryStep()) {
         return;
       }
     }
   }
 
+  [[nodiscard]] int row_in_hand() const { return number_; }
+
+ protected:
+  void TakeInHand(int number) {
+    number_ = number;
+    row_ = context_.store.At(number);
+  }
+
+  // The row in hand has just been taken from the chain.
+  virtual void Visit() {}
+  [[nodiscard]] virtual bool MayStep() const { return true; }
+  // A step is about to be tried, or the chain is used up within bounds.
+  virtual void Mark() {}
+  virtual void Unmark() {}
+  // Whether the row in hand, on its new pipe, leaves enough to the others.
+  [[nodiscard]] virtual bool Accepts(double new_drop) const = 0;
+
+  const BalanceContext& context_;
+  Branch chain_;
+  double available_;
+  double drop_ = 0;  // of the branch's sections
+  int number_ = 0;   // of the row in hand, 0 before the first
+  SectionRow row_;   // in hand
+
  private:
   void TakeLast() {
-    number_ = chain_.back();
+    TakeInHand(chain_.back());
     chain_.pop_back();
-    row_ = context_.store.At(number_);
+    Visit();
   }
 
   bool IsLargest() const {
@@ -105,16 +131,13 @@ class StepDown {
 
   void UpdateStats() { MoveInPipeStats(context_.bench.study, old_name_.bytes(), row_); }
 
-  // The chain is used up: the last section is given its plant marker back if all is within bounds.
   void Finish() {
     const double surplus = Divide(drop_ - available_, available_);
     if (number_ == 0) {
       return;
     }
     if (surplus <= 0.15 && drop_ <= available_) {
-      if (row_.Auxi == kSteppedDown) {
-        row_.Auxi = auxi_;
-      }
+      Unmark();
       context_.store.At(number_) = row_;
     }
     UpdateStats();
@@ -123,8 +146,7 @@ class StepDown {
   // One step of the row in hand. False when the library has nothing smaller: the branch ends there
   // with the row unwritten.
   bool TryStep() {
-    auxi_ = row_.Auxi;
-    row_.Auxi = kSteppedDown;
+    Mark();
     length_ += row_.Length;
     const double target =
         Divide(available_, 1.5 * length_ + row_.OtherDrop_mm / 10.0 + row_.OtherDrop_m);
@@ -136,7 +158,7 @@ class StepDown {
     }
     TakePipe(*pipe);
     const double new_drop = drop_ + row_.TotalDrop - old.total_drop;
-    if (row_.FrictionRate > target || RaisesCritical() || new_drop > available_) {
+    if (row_.FrictionRate > target || !Accepts(new_drop)) {
       old.RestoreTo(row_);
       return true;
     }
@@ -148,7 +170,7 @@ class StepDown {
   }
 
   // Hydraulics on the new pipe. The equivalent lengths are taken before the new friction rate and
-  // with the marker in the plant's place: that is how the method is defined.
+  // with the plant marker as it stands, a mark included: that is how the method is defined.
   void TakePipe(const PipeRow& pipe) {
     const FlowConditions& flow = context_.pass.flow;
     const double diameter = pipe.inner_diameter;
@@ -165,9 +187,42 @@ class StepDown {
     row_.TotalDrop = TotalDropOf(row_.FrictionRate, lengths, row_.SomaDrop);
   }
 
+  const PipeRow& largest_;
+  double length_ = 0;  // of the sections stepped through
+  FixedText<15> old_name_;
+};
+
+// A closed network: a row that was stepped through is marked, and no branch may become critical.
+class ClosedStepDown : public StepDown {
+ public:
+  ClosedStepDown(const BalanceContext& context, Branch chain, float branch_avail)
+      : StepDown(context, std::move(chain), branch_avail) {
+    for (const int number : chain_) {
+      drop_ += context_.store.At(number).TotalDrop;
+    }
+  }
+
+ private:
+  [[nodiscard]] bool MayStep() const override { return row_.Auxi != kSteppedDown; }
+
+  void Mark() override {
+    auxi_ = row_.Auxi;
+    row_.Auxi = kSteppedDown;
+  }
+
+  void Unmark() override {
+    if (row_.Auxi == kSteppedDown) {
+      row_.Auxi = auxi_;
+    }
+  }
+
+  [[nodiscard]] bool Accepts(double new_drop) const override {
+    return !RaisesCritical() && new_drop <= available_;
+  }
+
   // Whether a branch that holds the row would rise above the critical drop. Only section 10 is
   // taken with its new drop: that is how the method is defined.
-  bool RaisesCritical() const {
+  [[nodiscard]] bool RaisesCritical() const {
     constexpr int kSectionInHand = 10;
     for (const Branch* branch : context_.branches_through[static_cast<std::size_t>(number_)]) {
       double sum = 0;
@@ -181,16 +236,42 @@ class StepDown {
     return false;
   }
 
-  const BalanceContext& context_;
-  const PipeRow& largest_;
-  Branch chain_;
-  double available_;
-  double drop_ = 0;    // of the branch's sections
-  double length_ = 0;  // of the sections stepped through
-  int number_ = 0;     // of the row in hand, 0 before the first
-  SectionRow row_;     // in hand
   std::int16_t auxi_ = 0;
-  FixedText<15> old_name_;
+};
+
+// An open network: heights count, and the outlet keeps the pressure that it needs.
+class OpenStepDown : public StepDown {
+ public:
+  OpenStepDown(const BalanceContext& context, Branch chain, int fork, float branch_avail)
+      : StepDown(context, std::move(chain), branch_avail), first_fed_(FirstFed(context)) {
+    if (fork != 0) {
+      TakeInHand(fork);
+      available_ = ToSingle(available_ - row_.SomaDrop * 1000.0);
+    }
+  }
+
+ private:
+  // For every section number the first row that it feeds, 0 without one.
+  static std::vector<int> FirstFed(const BalanceContext& context) {
+    const std::vector<int> feeders = LinkFeeders(context.bench.study.SectionTable);
+    std::vector<int> first(feeders.size() + 1);
+    for (std::size_t i = feeders.size(); i > 0; --i) {
+      first[static_cast<std::size_t>(feeders[i - 1])] = static_cast<int>(i);
+    }
+    return first;
+  }
+
+  void Visit() override {
+    const int next = first_fed_[static_cast<std::size_t>(number_)];
+    const double next_height = next == 0 ? 0.0 : context_.store.At(next).HeightDiff * 1000.0;
+    drop_ += row_.TotalDrop + row_.HeightDiff * 1000.0 - next_height;
+  }
+
+  [[nodiscard]] bool Accepts(double new_drop) const override {
+    return new_drop <= available_ && row_.SomaDrop * 1000.0 <= row_.AvaiPres - new_drop;
+  }
+
+  std::vector<int> first_fed_;
 };
 
 }  // namespace
@@ -211,7 +292,13 @@ BalanceContext MakeBalanceContext(Workbench& bench, RowStore& store, const PassC
 }
 
 void StepDownBranch(const BalanceContext& context, Branch chain, float branch_avail) {
-  StepDown(context, std::move(chain), branch_avail).Run();
+  ClosedStepDown(context, std::move(chain), branch_avail).Run();
+}
+
+int StepDownOpenBranch(const BalanceContext& context, Branch chain, int fork, float branch_avail) {
+  OpenStepDown step_down(context, std::move(chain), fork, branch_avail);
+  step_down.Run();
+  return step_down.row_in_hand();
 }
 
 }  // namespace kalvo

@@ -32,4 +32,11 @@ constexpr std::int16_t kSteppedDown = -1000;
 /// row before.
 void StepDownBranch(const BalanceContext& context, Branch chain, float branch_avail);
 
+/// The same in an open network: `fork`, 0 = none, is the section at which the chain leaves the
+/// critical branch and the row in hand before the chain's sections; what its outlet needs is taken
+/// off `branch_avail`. The drop grows by each section visited and by its height above the first
+/// section it feeds. A step stands when the outlet keeps its pressure, too; there are no marks and
+/// no other branch is looked at. Gives the row in hand at the end, 0 = none. Faults: as above.
+int StepDownOpenBranch(const BalanceContext& context, Branch chain, int fork, float branch_avail);
+
 }  // namespace kalvo

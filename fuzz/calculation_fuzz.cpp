@@ -81,8 +81,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     return 0;
   }
   const std::string_view bytes(reinterpret_cast<const char*>(data), size);
-  Calculate(bytes, [](Workbench& bench) { CalculateClosed(bench, Method::kFlowOnly); });
-  Calculate(bytes, [](Workbench& bench) { CalculateClosed(bench, Method::kFlowAndPressure); });
+  Calculate(bytes, [](Workbench& bench) { Calculate(bench, Method::kFlowOnly); });
+  Calculate(bytes, [](Workbench& bench) { Calculate(bench, Method::kFlowAndPressure); });
   Calculate(bytes, Rerun);
   return 0;
 }

@@ -99,6 +99,7 @@ struct Study {
 
   std::vector<SectionLine> SectionTable;
   std::vector<EmitterLine> EmitterTable;
+  std::vector<EmitterLine> WinterEmitterTable;
   std::vector<std::string> old_diameters;  ///< `NomiDiam` by row, trimmed
   std::vector<std::string> InitialDiameters;
   std::vector<StatRow> PipeStats;

@@ -71,7 +71,7 @@ std::string CalculatedTable(const std::filesystem::path& library,
                             int method) {
   SampleBench sample(library, samples / (name + ".PCK"));
   LoadStudy(sample.bench, RecentList::kLeave);
-  if (CalculateClosed(sample.bench, static_cast<Method>(method)) != CommandEnd::kCalculated) {
+  if (Calculate(sample.bench, static_cast<Method>(method)) != CommandEnd::kCalculated) {
     throw std::runtime_error(name + " does not come to its end");
   }
   return TableOf(sample.study, Expect(sample.workspace.Rows().ReadAll()));

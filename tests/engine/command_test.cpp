@@ -15,7 +15,7 @@ const std::vector<std::string_view> kNetwork = {
     "4/ANT 5m"};
 
 CommandEnd Calculate(TestBench& bench, Method method = Method::kFlowOnly) {
-  return CalculateClosed(bench.bench, method);
+  return Calculate(bench.bench, method);
 }
 
 // A network that was calculated.

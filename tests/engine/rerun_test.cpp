@@ -14,7 +14,7 @@ void PutCalculated(TestBench& bench,
                        "ANT/1 5m", "1/2 5m soma 3000l/h 500mm", "1/3 5m soma 2000l/h 400mm",
                        "2/4 5m", "3/4 5m", "4/ANT 5m"}) {
   bench.PutNetwork(lines);
-  ASSERT_EQ(CalculateClosed(bench.bench, Method::kFlowOnly), CommandEnd::kCalculated);
+  ASSERT_EQ(Calculate(bench.bench, Method::kFlowOnly), CommandEnd::kCalculated);
   for (const char* name : {work_file::kPreviousRows, work_file::kFirstRows}) {
     ASSERT_TRUE(bench.workspace.Copy(work_file::kRows, name).ok());
   }

@@ -8,7 +8,7 @@
 #include "engine/calculation_command.h"
 #include "engine/critical.h"
 #include "engine/hydraulics.h"
-#include "tests/support/closed_case.h"
+#include "tests/support/calculated_case.h"
 
 namespace kalvo {
 namespace {
@@ -23,11 +23,11 @@ const std::filesystem::path kSamples = KALVO_SAMPLES_DIR;
 const std::filesystem::path kGolden =
     std::filesystem::path(KALVO_SOURCE_DIR) / "tests/engine/golden";
 
-struct Calculated : ClosedCase {
+struct Calculated : CalculatedCase {
   explicit Calculated(const std::string& name, Method method = Method::kFlowOnly)
-      : ClosedCase(kSamples / (name + ".PCK"), KALVO_LIBRARY_DIR) {
+      : CalculatedCase(kSamples / (name + ".PCK"), KALVO_LIBRARY_DIR) {
     EXPECT_FALSE(study.results_valid) << name << " is delivered with results";
-    EXPECT_EQ(CalculateClosed(bench, method), CommandEnd::kCalculated) << name;
+    EXPECT_EQ(Calculate(bench, method), CommandEnd::kCalculated) << name;
   }
 };
 

@@ -1,4 +1,4 @@
-#include "tests/support/closed_case.h"
+#include "tests/support/calculated_case.h"
 
 #include <sstream>
 
@@ -39,10 +39,11 @@ Answer YesToAll::Ask(const Box& box) {
   return Answer::kYes;
 }
 
-ClosedCase::ClosedCase(const std::filesystem::path& file, const std::filesystem::path& library)
+CalculatedCase::CalculatedCase(const std::filesystem::path& file,
+                               const std::filesystem::path& library)
     : workspace(memory, "/", disk, library, clock) {
   pipes = BuildPipeList(workspace, EmptyLibraries::kSkip).value();
-  study.system_kind = SystemKind::kClosed;
+  study.system_kind = file.extension() == ".PCA" ? SystemKind::kOpen : SystemKind::kClosed;
   study.study_path = file;
   LoadStudy(bench, RecentList::kLeave);
   EXPECT_EQ(study.CalcStatus, calc_status::kNothing) << file;
@@ -53,7 +54,7 @@ void ExpectNear(double actual, double expected, double relative, const std::stri
       << what << ": " << actual << " and not " << expected;
 }
 
-void ExpectResults(const ClosedCase& calculated, const std::filesystem::path& file) {
+void ExpectResults(const CalculatedCase& calculated, const std::filesystem::path& file) {
   const CsvTable table = ReadCsv(file);
   const std::string name = file.filename().string();
   ASSERT_EQ(table.comments.size(), 1U) << name;

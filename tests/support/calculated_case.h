@@ -18,11 +18,13 @@ class YesToAll : public Prompter {
   Answer Ask(const Box& box) override;
 };
 
-/// A closed study on the machine's disk, loaded with its work files in memory.
-struct ClosedCase {
-  ClosedCase(const std::filesystem::path& file, const std::filesystem::path& library);
+/// A study on the machine's disk, loaded with its work files in memory.
+struct CalculatedCase {
+  CalculatedCase(const std::filesystem::path& file, const std::filesystem::path& library);
 
-  [[nodiscard]] std::vector<SectionRow> Rows() const { return workspace.Rows().ReadAll().value(); }
+  [[nodiscard]] std::vector<SectionRow> Rows(std::string_view name = work_file::kRows) const {
+    return workspace.Rows(name).ReadAll().value();
+  }
 
   MemoryDisk memory;
   RealDisk disk;
@@ -70,6 +72,6 @@ void ExpectRows(const std::vector<Row>& rows, const std::vector<CsvLine>& lines,
 
 /// Compares the study and its rows with a table of results, whose comment reads
 /// "PAR=... DP=... PumpHead=... critical=1 2 ...".
-void ExpectResults(const ClosedCase& calculated, const std::filesystem::path& file);
+void ExpectResults(const CalculatedCase& calculated, const std::filesystem::path& file);
 
 }  // namespace kalvo

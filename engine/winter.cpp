@@ -1,0 +1,235 @@
+#include "engine/winter.h"
+
+#include "engine/calculation_command.h"
+#include "engine/critical.h"
+#include "engine/flow_report.h"
+#include "engine/row_store.h"
+#include "engine/sizing.h"
+#include "engine/trap.h"
+#include "study/rounding.h"
+
+namespace kalvo {
+
+namespace {
+
+constexpr const char* kAttention = "  !!  ΠΡΟΣΟΧΗ  !! ";
+constexpr int kStop = 16;
+constexpr int kYesNo = 36;
+
+std::string SectionLineOf(int section) {
+  return "ΠΡΟΣΟΧΗ : Παρατήρηση για το Τμήμα, με α/α < " + std::to_string(section) + " > ...";
+}
+
+struct ZeroTest {
+  WinterValue value;
+  float WinterLine::*field;
+  const char* text;
+};
+
+constexpr ZeroTest kZeroTests[] = {
+    {WinterValue::kLength, &WinterLine::length_m,
+     "... Το Μήκος του Τμήματος Σωλήνος, ΔΕΝ μπορεί να είναι μηδενικό ..."},
+    {WinterValue::kFlow, &WinterLine::flow_lh,
+     "... Η Παροχή του Νερού στο Σώμα, ΔΕΝ μπορεί να είναι μηδενική ..."},
+    {WinterValue::kDrop, &WinterLine::drop,
+     "... Η Πτώση Πίεσης στο Σώμα, ΔΕΝ μπορεί να είναι μηδενική ..."}};
+
+// Whether the user takes a flow that is not below the summer's.
+bool AcceptsFlow(Workbench& bench, const WinterLine& line, float summer_flow) {
+  if (line.flow_lh < summer_flow) {
+    return true;
+  }
+  const char* what = line.flow_lh > summer_flow
+                         ? "... Η Παροχή νερού τον Χειμώνα, είναι μεγαλύτερη εκείνης του Θέρους ..."
+                         : "... Η Παροχή νερού τον Χειμώνα, είναι ίση με εκείνη του Θέρους ...";
+  const Answer answer =
+      bench.Ask({kAttention,
+                 {SectionLineOf(line.section), what,
+                  "                     ... Είναι < εντάξει > κάτι τέτοιο ?? ...          "},
+                 kYesNo});
+  bench.study.answer = Answer::kNone;
+  return answer == Answer::kYes;
+}
+
+// The first line that cannot stand, the user told of it.
+std::optional<WinterOutcome> CheckLines(Workbench& bench, const std::vector<WinterLine>& lines,
+                                        const std::vector<SectionRow>& rows) {
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    const WinterLine& line = lines[i];
+    for (const ZeroTest& test : kZeroTests) {
+      if (line.*test.field == 0.0F) {
+        bench.Ask({kAttention, {SectionLineOf(line.section), test.text}, kStop});
+        return WinterOutcome{WinterEnd::kBadValue, i, test.value};
+      }
+    }
+    const float summer_flow = rows.at(static_cast<std::size_t>(line.section - 1)).WaterFlow;
+    if (!AcceptsFlow(bench, line, summer_flow)) {
+      return WinterOutcome{WinterEnd::kDeclined, i, WinterValue::kFlow};
+    }
+  }
+  return std::nullopt;
+}
+
+// Emitters' values into the winter rows and table.
+void TakeLines(Study& winter, RowStore& store, const std::vector<WinterLine>& lines) {
+  for (SectionRow& row : store.rows()) {
+    row.WaterFlow = 0;
+  }
+  winter.WinterEmitterTable.clear();
+  float total = 0;
+  for (const WinterLine& line : lines) {
+    SectionRow& row = store.At(line.section);
+    row.Length = line.length_m;
+    row.WaterFlow = line.flow_lh;
+    row.SomaDrop = line.drop;
+    winter.WinterEmitterTable.push_back(
+        {line.section, ThroughText(line.flow_lh), ThroughText(line.drop)});
+    total = ToSingle(static_cast<double>(total) + line.flow_lh);
+  }
+  winter.TotalFlowM3h = ToSingle(total / 1000.0);
+  winter.EmitterTable = winter.WinterEmitterTable;
+}
+
+void WriteWinterValues(const Study& winter, RowStore& store) {
+  const auto material = FixedText<78>::FromUtf8(winter.pipe_material);
+  for (int number = 1; number <= store.count(); ++number) {
+    SectionRow& row = store.At(number);
+    row.Material = material;
+    row.MeanTemp = winter.MeanTemp;
+    row.TOT = ToInt16(store.count());
+    row.PAR = winter.TotalFlowM3h;
+    row.Outlets = winter.EmitterCount;
+    row.WaterFlow = ToSingle(
+        winter.SectionTable.at(static_cast<std::size_t>(number - 1)).flow_lh.value_or(0.0));
+    row.MeanVel = 0;
+    row.KLEIS = 1;
+    row.ANOIK = 0;
+  }
+}
+
+// All passes; ends early when the flows cannot be summed or the fluid does not fit.
+void RunWinterPasses(Workbench& winter, const std::vector<WinterLine>& lines) {
+  Require(winter.workspace.Copy(work_file::kRows, work_file::kWinter));
+  Require(winter.workspace.Copy(work_file::kRows, work_file::kSummerRows));
+  RowStore store(winter.workspace, work_file::kWinter);
+  TakeLines(winter.study, store, lines);
+  store.Save();
+  SumWinterFlows(winter.study);
+  if (winter.study.CalcStatus != calc_status::kNothing) {
+    return;
+  }
+  WriteWinterValues(winter.study, store);
+  store.Save();
+  RecalculateWinterRows(winter);
+  if (winter.study.CalcStatus == calc_status::kNothing) {
+    CriticalPassWinter(winter);
+  }
+}
+
+WinterEnd EndOf(std::int16_t status) {
+  switch (status) {
+    case calc_status::kNothing:
+      return WinterEnd::kCalculated;
+    case calc_status::kViscosity:
+      return WinterEnd::kViscosity;
+    case calc_status::kBrokenOff:
+      return WinterEnd::kBrokenOff;
+    default:
+      return WinterEnd::kLost;
+  }
+}
+
+}  // namespace
+
+std::vector<WinterLine> SummerValues(const Workbench& bench) {
+  const RowStore store(bench.workspace);
+  std::vector<WinterLine> lines;
+  for (const EmitterLine& emitter : bench.study.EmitterTable) {
+    const SectionRow& row = store.At(emitter.section);
+    lines.push_back({emitter.section, row.Length, row.WaterFlow, row.SomaDrop});
+  }
+  return lines;
+}
+
+WinterDuty::WinterDuty(Workbench& bench) : bench_(bench) {
+  if (bench.workspace.HasBytes(work_file::kSummerRows)) {
+    Require(bench.workspace.MoveOver(work_file::kSummerRows, work_file::kRows));
+  }
+  if (bench.workspace.Exists(work_file::kWinter)) {
+    winter_before_ = Require(bench.workspace.Read(work_file::kWinter));
+  }
+}
+
+WinterOutcome WinterDuty::Run(float temperature, const std::vector<WinterLine>& lines) {
+  std::vector<SectionRow> rows;
+  RunTrapped(bench_, [&] { rows = RowStore(bench_.workspace).rows(); });
+  if (!bench_.study.SystemClosed() || !HasResults(rows)) {
+    bench_.study.CalcStatus = calc_status::kNothing;
+    bench_.Show(403);
+    return {WinterEnd::kRefused};
+  }
+  if (!(temperature >= kLeastWinterTemp && temperature <= kMostWinterTemp)) {
+    bench_.Show(405);
+    return {WinterEnd::kTemperature};
+  }
+  if (const auto refused = CheckLines(bench_, lines, rows)) {
+    return *refused;
+  }
+  return Calculate(temperature, lines);
+}
+
+WinterOutcome WinterDuty::Calculate(float temperature, const std::vector<WinterLine>& lines) {
+  // The passes work on a study of their own: the open one stays that of the summer.
+  Study study = bench_.study;
+  study.MeanTemp = temperature;
+  study.CalcStatus = calc_status::kNothing;
+  Workbench winter(study, bench_.workspace, bench_.pipes, bench_.prompter);
+  RunTrapped(winter, [&] { RunWinterPasses(winter, lines); });
+  bench_.study.lost_walk = study.lost_walk;
+  bench_.study.failed_row = study.failed_row;
+  const WinterEnd end = EndOf(study.CalcStatus);
+  if (end == WinterEnd::kLost) {
+    winter.Show(2004);
+  }
+  return {end};
+}
+
+void WinterDuty::Close(bool changed) {
+  Workspace& workspace = bench_.workspace;
+  if (workspace.HasBytes(work_file::kSummerRows)) {
+    Require(workspace.MoveOver(work_file::kSummerRows, work_file::kRows));
+  }
+  if (!changed) {
+    return;
+  }
+  const Answer answer = bench_.Ask(
+      {"  ! !   ΠΡΟΣΟΧΗ   ! ! ",
+       {"        !! Αν ΔΕΝ σώσετε τα Δεδομένα για τον Χειμώνα, αυτά θα χαθούν !!        ",
+        "                          Θέλετε να < σωθούν > τα Δεδομένα ??                 "},
+       kYesNo});
+  bench_.study.answer = Answer::kNone;
+  if (answer == Answer::kYes) {
+    bench_.study.unsaved_changes = true;
+  } else if (winter_before_) {
+    Require(workspace.Write(work_file::kWinter, *winter_before_));
+  } else {
+    workspace.Delete(work_file::kWinter);
+  }
+}
+
+Box WinterPumpBox(const SectionRow& first_row, Separators separators) {
+  const auto text = [&](double value) { return FormatPattern(value, "#,##0.0", separators); };
+  return {"... ΧΑΡΑΚΤΗΡΙΣΤΙΚΑ ΑΝΤΛΙΑΣ ΧΕΙΜΩΝΑ ...",
+          {"Παροχή Νερού.................." + text(first_row.PAR) + "  [m3/h]",
+           "Μανομετρικό Ύψος.........." + text(first_row.DP / 1000.0) + "  [m w.g.]"},
+          64};
+}
+
+void RecalculateWinterRows(Workbench& winter) {
+  const double temperature = Int(static_cast<double>(winter.study.MeanTemp) + 0.45);
+  RecalculateRows(winter, ToSingle(temperature), work_file::kWinter);
+}
+
+void CriticalPassWinter(Workbench& winter) { CriticalPassFlowOnly(winter, work_file::kWinter); }
+
+}  // namespace kalvo

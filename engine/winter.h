@@ -1,0 +1,83 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "study/workbench.h"
+
+namespace kalvo {
+
+/// A closed study's second duty: the pipes of summer with the flows and drops of winter.
+
+/// Winter values of one emitter.
+struct WinterLine {
+  int section = 0;
+  float length_m = 0;  ///< of its section
+  float flow_lh = 0;
+  float drop = 0;  ///< mm w.g.
+};
+
+/// What of a line an answer or a refusal is about.
+enum class WinterValue { kLength, kFlow, kDrop };
+
+/// How a winter run ended.
+enum class WinterEnd {
+  kRefused,      ///< no summer results (message 403)
+  kTemperature,  ///< out of bounds (message 405)
+  kBadValue,     ///< a value is 0: a box named the section
+  kDeclined,     ///< a flow not below that of summer was not accepted
+  kLost,         ///< the network cannot be walked (message 2004)
+  kViscosity,    ///< the fluid does not fit the temperature
+  kBrokenOff,    ///< by a run-time fault
+  kCalculated,   ///< results stand in `WINTCIRC.TMP`
+};
+
+struct WinterOutcome {
+  WinterEnd end = WinterEnd::kCalculated;
+  std::size_t line = 0;  ///< from 0; with kBadValue and kDeclined
+  WinterValue value = WinterValue::kFlow;
+};
+
+/// Bounds of the winter's mean temperature, °C, both allowed.
+constexpr float kLeastWinterTemp = 30.0F;
+constexpr float kMostWinterTemp = 100.0F;
+
+/// Emitters of the study with summer's values, where the winter's entry starts from. Faults: kFile.
+std::vector<WinterLine> SummerValues(const Workbench& bench);
+
+/// Winter duty of the open study, from the opening of its form to the close. Summer's rows that an
+/// interrupted duty left in `DATARES.SMR` are put back first. The open study's values are those of
+/// summer before, during and afterwards.
+class WinterDuty {
+ public:
+  /// Faults: kFile.
+  explicit WinterDuty(Workbench& bench);
+
+  /// Checks `lines` (one for each emitter, in the order of `EmitterTable`) and calculates
+  /// `WINTCIRC.TMP`, a copy of the rows, on their diameters. `DATARES.SMR` is a copy of the rows,
+  /// too. A row's `MeanTemp` is `temperature`, its fluid has Int(`temperature` + 0.45).
+  WinterOutcome Run(float temperature, const std::vector<WinterLine>& lines);
+
+  /// Summer's rows stand again. With `changed` winter data that are in no file the user is asked
+  /// whether to keep them: yes marks the study changed, else the winter file is what it was before.
+  /// Faults: kFile.
+  void Close(bool changed);
+
+ private:
+  WinterOutcome Calculate(float temperature, const std::vector<WinterLine>& lines);
+
+  Workbench& bench_;
+  std::optional<std::string> winter_before_;  // bytes of WINTCIRC.TMP
+};
+
+/// The pump of the winter, from row 1 of the winter rows.
+Box WinterPumpBox(const SectionRow& first_row, Separators separators);
+
+/// The passes on the winter rows, of a study whose `MeanTemp` and emitters are the winter's:
+/// hydraulics on the diameters there are, then critical branch and pressures. Quantities stay.
+/// Faults: as RecalculateRows() and CriticalPassFlowOnly().
+void RecalculateWinterRows(Workbench& winter);
+void CriticalPassWinter(Workbench& winter);
+
+}  // namespace kalvo
