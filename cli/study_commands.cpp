@@ -48,7 +48,10 @@ int PrintChecks(const Console& console, Session& session, std::initializer_list<
     session.workspace().Delete(work_file::kErrors);
     session.study().lost_walk.reset();
     session.study().CalcStatus = calc_status::kNothing;
-    RunTrapped(bench, [&] { check(bench); });
+    RunTrapped(bench, [&] {
+      check(bench);
+      ListLostWalk(bench);
+    });
     const std::int16_t status = session.study().CalcStatus;
     if (status != calc_status::kNothing) {
       code = std::max(
@@ -92,6 +95,7 @@ int FlowsCommand::RunOn(const Console& console, Session& session) {
   }
   if (session.study().CalcStatus > 0) {
     bench.Show(2004);
+    ListLostWalk(bench);
     console.err << FindingsText(session);
     return exit_code::kRefused;
   }

@@ -50,6 +50,12 @@ CommandEnd Run(Workbench& bench, Method method) {
   return status == calc_status::kViscosity ? CommandEnd::kViscosity : CommandEnd::kCalculated;
 }
 
+// What decides on the road that the command takes.
+struct Network {
+  bool lone_section = false;  // of a closed system
+  bool has_results = false;   // that stand: an edit since makes them void
+};
+
 // The message that keeps the command from starting, 0 when nothing does.
 int GateMessage(const Workbench& bench) {
   const Study& study = bench.study;
@@ -89,17 +95,20 @@ std::optional<CommandEnd> AfterSum(Workbench& bench) {
   if (bench.study.CalcStatus > 0) {
     bench.Show(2004);
     bench.study.CalcStatus = calc_status::kNothing;
+    if (BrokenOff(bench, [&] { ListLostWalk(bench); })) {
+      return Abort(bench.study);
+    }
     return CommandEnd::kLost;
   }
   return AfterCheck(bench);
 }
 
 std::optional<CommandEnd> CheckClosedNetwork(Workbench& bench) {
+  bench.workspace.Delete(work_file::kErrors);
   RunTrapped(bench, [&] { WriteSectionFlows(bench); });
   if (const auto end = AfterSum(bench)) {
     return end;
   }
-  bench.workspace.Delete(work_file::kErrors);
   RunTrapped(bench, [&] { CheckNodes(bench); });
   return AfterCheck(bench);
 }
@@ -129,11 +138,11 @@ std::optional<CommandEnd> AskForNewRun(Workbench& bench) {
 }
 
 // What comes before the capacity question. A closed network of one section is taken as it stands.
-std::optional<CommandEnd> CheckNetwork(Workbench& bench) {
+std::optional<CommandEnd> CheckNetwork(Workbench& bench, const Network& network) {
   if (bench.study.SystemOpen()) {
     return CheckOpenNetwork(bench);
   }
-  return bench.study.SingleSection ? std::nullopt : CheckClosedNetwork(bench);
+  return network.lone_section ? std::nullopt : CheckClosedNetwork(bench);
 }
 
 CommandEnd RunAsked(Workbench& bench, const ChooseMethod& choose, bool rebuild) {
@@ -150,21 +159,21 @@ CommandEnd RunAsked(Workbench& bench, const ChooseMethod& choose, bool rebuild) 
   return Run(bench, *method);
 }
 
-// The tables and what is known of the network before anything else; the end of the command if the
-// rows cannot be read.
-std::optional<CommandEnd> ReadNetwork(Workbench& bench, bool& has_results) {
+// Reads the rows and refills the table; the end of the command if they cannot be read.
+std::optional<CommandEnd> ReadNetwork(Workbench& bench, Network& network) {
   Study& study = bench.study;
   std::vector<SectionRow> rows;
   if (BrokenOff(bench, [&] { rows = RowStore(bench.workspace).rows(); })) {
     return Abort(study);
   }
   study.CalcStatus = calc_status::kNothing;
-  study.SingleSection = study.SystemClosed() && IsLoneSection(rows);
-  if (study.SingleSection) {
+  study.SingleSection = rows.size() == 1;
+  network.lone_section = study.SystemClosed() && IsLoneSection(rows);
+  network.has_results = study.results_valid && HasResults(rows);
+  if (network.lone_section) {
     study.TotalFlowM3h = ToSingle(rows.front().WaterFlow / 1000.0);
   }
   RefreshSectionTable(study, rows);
-  has_results = HasResults(rows);
   return std::nullopt;
 }
 
@@ -180,17 +189,17 @@ CommandEnd Calculate(Workbench& bench, const ChooseMethod& choose) {
     bench.Show(message);
     return CommandEnd::kRefused;
   }
-  bool has_results = false;
-  if (const auto end = ReadNetwork(bench, has_results)) {
+  Network network;
+  if (const auto end = ReadNetwork(bench, network)) {
     return *end;
   }
   if (study.NameErrors && study.SystemOpen()) {
     return RefuseOpenNames(bench);
   }
-  if (const auto end = has_results ? AskForNewRun(bench) : CheckNetwork(bench)) {
+  if (const auto end = network.has_results ? AskForNewRun(bench) : CheckNetwork(bench, network)) {
     return *end;
   }
-  const bool rebuild = study.SystemClosed() && !study.SingleSection && !has_results;
+  const bool rebuild = study.SystemClosed() && !network.lone_section && !network.has_results;
   return RunAsked(bench, choose, rebuild);
 }
 

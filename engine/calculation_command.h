@@ -21,7 +21,8 @@ enum class CommandEnd {
   kCalculated,  ///< new results stand in the rows
 };
 
-/// True when row 1 carries results: total flow and drop both non-zero.
+/// True when row 1 carries results: total flow and drop both non-zero. They may be stale; see
+/// `results_valid`.
 bool HasResults(const std::vector<SectionRow>& rows);
 
 /// Asks for the method of a run; nothing when the choice was closed.

@@ -67,7 +67,33 @@ std::string SameNames(const Table& table, const FirstRowIndex& by_left) {
   return findings;
 }
 
+std::string LostWalkFinding(const LostWalk& lost) {
+  const std::string section = std::to_string(lost.emitter_section);
+  if (lost.emitter_section == 0) {
+    return "Πρέπει ένα - και μόνον ένα - Τμήμα να καταλήγει στον Κόμβο ANT\n";
+  }
+  if (lost.node.empty()) {
+    return "Δεν υπάρχει το Τμήμα " + section + " του Σώματος\n";
+  }
+  return "Ο Κλάδος του Σώματος στο Τμήμα " + section + " χάνεται στον Κόμβο " + lost.node + "\n";
+}
+
+// The same in an open network, where the feeders form a circle.
+std::string CircleFinding(const LostWalk& lost) {
+  return "Ο Κλάδος του Υποδοχέα στο Τμήμα " + std::to_string(lost.emitter_section) +
+         " επιστρέφει στο Τμήμα " + lost.node + " : οι τροφοδότες κάνουν κύκλο !!\n";
+}
+
 }  // namespace
+
+void ListLostWalk(Workbench& bench) {
+  const Study& study = bench.study;
+  if (study.lost_walk) {
+    const std::string finding =
+        study.SystemOpen() ? CircleFinding(*study.lost_walk) : LostWalkFinding(*study.lost_walk);
+    WriteFindings(bench, finding + GreekSourceFindings(study.SectionTable), false);
+  }
+}
 
 std::string GreekSourceFindings(const std::vector<SectionLine>& table) {
   const std::uint32_t key = NodeKey(ToCodePage(kGreekSource));
@@ -114,6 +140,9 @@ void CheckFeedersByName(Workbench& bench) {
     if (!OthersBear(by_left, NodeKey(RightNode(table[i].name)), own)) {
       missing += SectionFinding(i, "τροφοδοτείται από ανύπαρκτο Τμήμα !!");
     }
+  }
+  if (!missing.empty()) {
+    missing += GreekSourceFindings(table);
   }
   Conclude(bench, SameNames(table, by_left), missing);
 }

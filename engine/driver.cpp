@@ -46,7 +46,10 @@ void ResetCalcFields(Workbench& bench) {
   study.results_valid = false;
   RowStore store(bench.workspace);
   study.SectionCount = ToInt16(store.count());
+  // A re-run goes by the row's own word, which may be that of a pipe system chosen before.
+  const auto material = FixedText<78>::FromUtf8(study.pipe_material);
   for (SectionRow& row : store.rows()) {
+    row.Material = material;
     row.MeanTemp = study.MeanTemp;
     row.FileNumber = study.pipe_system_number;
     row.MeanVel = study.MeanVel;

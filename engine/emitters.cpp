@@ -101,9 +101,12 @@ void RebuildEmitterData(Workbench& bench) {
   Study& study = bench.study;
   RowStore store(bench.workspace);
   RowFile<SectionRow> file = bench.workspace.Rows(work_file::kEmitters);
-  const Rows emitters = MergeEmitters(store.rows(), Require(file.ReadAll()));
+  const Rows old_file = Require(file.ReadAll());
+  const Rows emitters = MergeEmitters(store.rows(), old_file);
   Require(file.WriteAll(emitters));
-  if (study.EmitterCount != static_cast<int>(emitters.size())) {
+  bench.workspace.Delete(work_file::kEmittersInWork);
+  const bool had_tail = old_file.size() > RowsWithEmitter(store.rows()).size();
+  if (had_tail || study.EmitterCount != static_cast<int>(emitters.size())) {
     study.unsaved_changes = true;
   }
   RefreshEmitterTable(study, emitters);

@@ -82,6 +82,7 @@ void Rerun(Workbench& bench) {
   study.CalcAborted = study.CalcStatus == calc_status::kBrokenOff;
   study.recalculation_needed =
       study.CalcStatus == calc_status::kBrokenOff || study.CalcStatus == calc_status::kViscosity;
+  study.came_by_recovery = study.came_by_recovery && study.recalculation_needed;
 }
 
 Result<bool> RerunIfChanged(Workbench& bench) {

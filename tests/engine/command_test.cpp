@@ -1,5 +1,6 @@
 #include "engine/calculation_command.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -18,10 +19,11 @@ CommandEnd Calculate(TestBench& bench, Method method = Method::kFlowOnly) {
   return Calculate(bench.bench, method);
 }
 
-// A network that was calculated.
+// A network that was calculated, its results shown.
 void PutCalculated(TestBench& bench) {
   bench.PutNetwork(kNetwork);
   ASSERT_EQ(Calculate(bench), CommandEnd::kCalculated);
+  bench.study.results_valid = true;
 }
 
 TEST(Gate, NamesTheFirstThingThatIsMissing) {
@@ -176,8 +178,79 @@ TEST(Command, ALoneSectionNeedsNoNetwork) {
   EXPECT_EQ(bench.study.TotalFlowM3h, 1.0F);
   EXPECT_FALSE(bench.workspace.Exists(work_file::kFlowReport));
 
+  bench.study.results_valid = true;
   bench.prompter.Expect(190, Answer::kCancel);
   EXPECT_EQ(Calculate(bench), CommandEnd::kCancelled);
+}
+
+TEST(Command, ResultsThatAnEditMadeVoidAreNone) {
+  TestBench bench;
+  PutCalculated(bench);
+  auto rows = bench.Rows();
+  rows[1].Name = MakeName("1", "9");
+  bench.PutRows(rows);
+  bench.study.results_valid = false;
+  EXPECT_EQ(Calculate(bench), CommandEnd::kLost);
+  EXPECT_THAT(bench.Bytes(work_file::kErrors), testing::StartsWith("Ο Κλάδος του Σώματος"));
+}
+
+const std::vector<std::string_view> kOpenNetwork = {"1/ANT 5m", "2/1 5m 2up outlet 300 l/h 5mwg",
+                                                    "3/1 5m 4up outlet 200 l/h 5mwg"};
+
+// An open network, one name of which is another.
+void PutOpen(TestBench& bench, std::size_t row = 0, std::string_view name = "1/ANT") {
+  auto lines = kOpenNetwork;
+  const std::string line = std::string(name) + std::string(lines[row].substr(lines[row].find(' ')));
+  lines[row] = line;
+  bench.PutNetwork(lines);
+}
+
+TEST(OpenCommand, ShowsTheFirstListThatHasSomethingAndCalculatesNothing) {
+  const std::vector<std::tuple<std::size_t, std::string, std::string>> wrong = {
+      {2, "2/1", "Το Τμήμα 2 και το Τμήμα 3 έχουν το ίδιο όνομα !!\n"},
+      {2, "3/9", "Το Τμήμα 3 τροφοδοτείται από ανύπαρκτο Τμήμα !!\n"},
+      {2, "3/2",
+       "Τα Τμήματα 1 και 2 έχουν, ΧΩΡΙΣ ΛΟΓΟ, διαφορετικό όνομα...\n"
+       "Τα Τμήματα 2 και 3 έχουν, ΧΩΡΙΣ ΛΟΓΟ, διαφορετικό όνομα...\n"}};
+  for (const auto& [row, name, findings] : wrong) {
+    TestBench bench(SystemKind::kOpen);
+    PutOpen(bench, row, name);
+    EXPECT_EQ(Calculate(bench), CommandEnd::kFindings) << name;
+    EXPECT_EQ(bench.Bytes(work_file::kErrors), findings);
+    EXPECT_EQ(bench.study.CalcStatus, 0);
+    EXPECT_FALSE(HasResults(bench.Rows()));
+  }
+}
+
+TEST(OpenCommand, FeedersInACircleEndTheSumming) {
+  TestBench bench(SystemKind::kOpen);
+  bench.PutNetwork({"1/ANT 5m", "2/1 5m outlet 300 l/h 5mwg", "3/4 5m", "4/3 5m",
+                    "5/3 5m outlet 100 l/h 5mwg", "6/4 5m outlet 100 l/h 5mwg"});
+  EXPECT_EQ(Calculate(bench), CommandEnd::kLost);
+  EXPECT_EQ(bench.prompter.codes(), std::vector<int>{2004});
+  EXPECT_THAT(bench.Bytes(work_file::kErrors), testing::HasSubstr("κύκλο"));
+}
+
+TEST(OpenCommand, NamesThatWereNotCheckedSinceAChangeAreRefused) {
+  TestBench bench(SystemKind::kOpen);
+  PutOpen(bench);
+  bench.study.NameErrors = true;
+  EXPECT_EQ(Calculate(bench), CommandEnd::kRefused);
+  EXPECT_EQ(bench.prompter.codes(), std::vector<int>{12});
+  PutOpen(bench, 2, "3/9");
+  EXPECT_EQ(Calculate(bench), CommandEnd::kFeeders);
+  EXPECT_EQ(bench.Bytes(work_file::kErrors),
+            "Το Τμήμα 3 τροφοδοτείται από ανύπαρκτο Τμήμα (Νο 9 )\n");
+}
+
+TEST(OpenCommand, AClosedChoiceLeavesTheRows) {
+  TestBench bench(SystemKind::kOpen);
+  PutOpen(bench);
+  EXPECT_EQ(Calculate(bench.bench, [] { return std::optional<Method>(); }), CommandEnd::kCancelled);
+  EXPECT_FALSE(HasResults(bench.Rows()));
+  EXPECT_EQ(Calculate(bench, Method::kFlowAndPressure), CommandEnd::kCalculated);
+  EXPECT_EQ(bench.Row(1).INILAMDA, 2.0F);
+  EXPECT_FALSE(bench.study.MeanVelMode);
 }
 
 TEST(Command, OneSectionOfAnotherNameIsANetworkThatIsLost) {

@@ -1,0 +1,108 @@
+#include "engine/outlets.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/test_bench.h"
+
+namespace kalvo {
+namespace {
+
+using Numbers = std::vector<int>;
+using Floats = std::vector<float>;
+
+Floats Flows(const TestBench& bench) {
+  Floats flows;
+  for (const SectionRow& row : bench.Rows()) {
+    flows.push_back(row.WaterFlow);
+  }
+  return flows;
+}
+
+TEST(Outlets, AreTheSectionsThatFeedNoOther) {
+  EXPECT_EQ(FindOutlets(Network({"1/ANT"})), Numbers{1});
+  EXPECT_EQ(FindOutlets(Network({"1/ANT", "2/1", "3/2"})), Numbers{3});
+  EXPECT_EQ(FindOutlets(Network({"1/ANT", "2/1", "3/ANT", "4/2", "5/2", "6/77"})),
+            (Numbers{3, 4, 5, 6}));
+}
+
+TEST(Outlets, FlowsAreSummedLevelByLevelUpToRowOne) {
+  TestBench bench(SystemKind::kOpen);
+  // Row 1 is reached on the first level (by 2), the second (by 4, 5) and the third (by 7, 8).
+  bench.PutNetwork({"1/ANT 99 l/h", "2/1 outlet 100.5 l/h 5mwg", "3/1 77 l/h",
+                    "4/3 outlet 20 l/h 5mwg", "5/3 outlet 3 l/h 5mwg", "6/ANT", "7/6", "8/6",
+                    "9/7 outlet 0.25 l/h 5mwg", "10/7 outlet 0.5 l/h 5mwg",
+                    "11/8 outlet 1000 l/h 5mwg", "12/8 outlet 2000 l/h 5mwg"});
+  SumOutletFlows(bench.bench);
+  EXPECT_EQ(Flows(bench),
+            (Floats{3124.25F, 100.5F, 23, 20, 3, 3000.75F, 0.75F, 3000, 0.25F, 0.5F, 1000, 2000}));
+  EXPECT_EQ(bench.study.EmitterCount, 7);
+  EXPECT_EQ(bench.study.SectionTable[5].flow_lh, 3000.75);
+  SumOutletFlows(bench.bench);  // sums begin anew
+  EXPECT_EQ(bench.Row(1).WaterFlow, 3124.25F);
+}
+
+TEST(Outlets, OnlyWhatTheFileHoldsOfRowsThatAreThereCounts) {
+  TestBench bench(SystemKind::kOpen);
+  bench.PutNetwork({"1/ANT", "2/1 outlet 100 l/h 5mwg", "3/1 outlet 50 l/h 5mwg"});
+  auto records = bench.Rows(work_file::kEmitters);
+  records[0].WaterFlow = 80;
+  records[1].RecordNumber = 9;
+  ASSERT_TRUE(bench.workspace.Rows(work_file::kEmitters).WriteAll(records).ok());
+  SumOutletFlows(bench.bench);
+  EXPECT_EQ(Flows(bench), (Floats{80, 80, 0}));
+  EXPECT_EQ(bench.Row(3).SomaDrop, 0.0F);
+  EXPECT_EQ(bench.study.EmitterCount, 1);
+}
+
+TEST(Outlets, ALonelyOutletOfRowOneFlowsThroughIt) {
+  TestBench bench(SystemKind::kOpen);
+  bench.PutNetwork({"1/ANT outlet 100 l/h 5mwg"});
+  SumOutletFlows(bench.bench);
+  EXPECT_EQ(Flows(bench), Floats{100});
+}
+
+TEST(Outlets, AreListedWithTheValuesTheyHave) {
+  TestBench bench(SystemKind::kOpen);
+  bench.PutNetwork({"1/ANT 500 l/h", "2/1 300 l/h", "3/1 3up outlet 200 l/h 5mwg"});
+  bench.workspace.Delete(work_file::kEmitters);
+  const auto outlets = ListOutlets(bench.bench);
+  ASSERT_EQ(outlets.size(), 2U);
+  EXPECT_EQ(outlets[0].WaterFlow, 0.0F);  // what it passed on before it became an outlet
+  EXPECT_EQ(outlets[1].WaterFlow, 200.0F);
+  EXPECT_EQ(outlets[1].HeightDiff, 3.0F);
+  EXPECT_EQ(bench.Rows(work_file::kEmitters).at(1).Name, outlets[1].Name);
+  EXPECT_FALSE(bench.study.unsaved_changes);
+}
+
+TEST(Outlets, TheFirstListOfASingleOutletIsAChange) {
+  TestBench bench(SystemKind::kOpen);
+  bench.PutNetwork({"1/ANT"});
+  ListOutlets(bench.bench);
+  EXPECT_TRUE(bench.study.unsaved_changes);
+  bench.study.unsaved_changes = false;
+  ListOutlets(bench.bench);
+  EXPECT_FALSE(bench.study.unsaved_changes);
+}
+
+TEST(Outlets, TheEndOfTheirEntryPutsThemIntoTheRows) {
+  TestBench bench(SystemKind::kOpen);
+  bench.PutNetwork({"1/ANT 9 l/h outlet 9mwg", "2/1", "3/1"});
+  bench.study.emitters_unchecked = bench.study.NameErrors = true;
+  ListOutlets(bench.bench);
+  StoreOutlet(bench.bench, 1, {300.5F, 5, 0});
+  StoreOutlet(bench.bench, 2, {200, 10, 7.5F});
+  EXPECT_EQ(bench.Row(3).HeightDiff, 7.5F);
+  EXPECT_FALSE(bench.study.unsaved_changes);
+  EndOutlets(bench.bench);
+  EXPECT_EQ(Flows(bench), (Floats{0, 300.5F, 200}));
+  EXPECT_EQ(bench.Row(1).SomaDrop, 0.0F);
+  EXPECT_EQ(bench.Row(1).Outlets, 2);
+  EXPECT_EQ(bench.Row(1).ANOIK, 1);
+  EXPECT_EQ(bench.study.TotalFlowM3h, 0.5005F);
+  EXPECT_EQ(bench.study.EmitterTable.at(1).flow_lh, 200.0);
+  EXPECT_TRUE(bench.study.unsaved_changes);  // there was one before
+  EXPECT_FALSE(bench.study.emitters_unchecked || bench.study.NameErrors);
+}
+
+}  // namespace
+}  // namespace kalvo
