@@ -1,5 +1,5 @@
 // build_samples <library folder> <samples folder>
-//     writes the delivered studies, not calculated.
+//     writes the delivered studies, not calculated but for the one that has a winter duty.
 // build_samples --golden <library folder> <samples folder> <golden folder>
 //     calculates the studies there and writes <name>-method1.csv and <name>-method2.csv of each:
 //     the results that the tests hold the program to.
@@ -9,7 +9,9 @@
 #include <string>
 #include <vector>
 
+#include "engine/calculation_command.h"
 #include "study/fluid_library.h"
+#include "study/load_study.h"
 #include "study/write_study.h"
 #include "tools/sample_bench.h"
 #include "tools/sample_golden.h"
@@ -22,7 +24,7 @@ namespace {
 // Saves the study as the program would, with water as its fluid.
 void SaveSample(const SampleStudy& sample, const std::filesystem::path& library,
                 const std::filesystem::path& folder) {
-  SampleBench saved(library, folder / (sample.name + ".PCK"));
+  SampleBench saved(library, folder / sample.file_name());
   const SectionRow& header = sample.rows.front();
   saved.study.MeanTemp = header.MeanTemp;
   saved.study.MeanVel = header.MeanVel;
@@ -31,13 +33,38 @@ void SaveSample(const SampleStudy& sample, const std::filesystem::path& library,
   Expect(WriteStudy(saved.bench));
 }
 
+// The study with its winter duty, which needs the results of summer: it is delivered calculated.
+// The values of the winter are a table beside it.
+void SaveWinter(const SampleStudy& sample, const std::filesystem::path& library,
+                const std::filesystem::path& folder) {
+  SampleBench saved(library, folder / sample.file_name());
+  LoadStudy(saved.bench, RecentList::kLeave);
+  std::vector<WinterLine> lines;
+  std::string table = "section,flow,drop\n";
+  if (Calculate(saved.bench, Method::kFlowOnly) == CommandEnd::kCalculated) {
+    saved.study.results_valid = true;
+    for (const WinterLine& summer : SummerValues(saved.bench)) {
+      const WinterLine& line = lines.emplace_back(InWinter(summer));
+      table += NumberText(line.section) + "," + NumberText(line.flow_lh) + "," +
+               NumberText(line.drop) + "\n";
+    }
+  }
+  WinterDuty winter(saved.bench);
+  if (winter.Run(kWinterTemperature, lines).end != WinterEnd::kCalculated) {
+    throw std::runtime_error(sample.name + " has no winter");
+  }
+  winter.Close(false);
+  Expect(WriteStudy(saved.bench));
+  Expect(saved.disk.Write(folder / (sample.name + "-winter.csv"), table));
+}
+
 void WriteGolden(const std::filesystem::path& library, const std::filesystem::path& samples,
                  const std::filesystem::path& folder) {
   RealDisk disk;
   for (const SampleStudy& sample : AllSamples()) {
     for (const int method : {1, 2}) {
       const auto file = folder / (sample.name + "-method" + std::to_string(method) + ".csv");
-      Expect(disk.Write(file, CalculatedTable(library, samples, sample.name, method)));
+      Expect(disk.Write(file, CalculatedTable(library, samples / sample.file_name(), method)));
       std::cout << file.string() << '\n';
     }
   }
@@ -57,6 +84,7 @@ int Run(std::span<const std::string> words) {
   for (const SampleStudy& sample : AllSamples()) {
     SaveSample(sample, words[0], words[1]);
   }
+  SaveWinter(FanCoilFloor(), words[0], words[1]);
   return 0;
 }
 

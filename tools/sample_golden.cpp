@@ -67,12 +67,11 @@ std::string TableOf(const Study& study, const std::vector<SectionRow>& rows) {
 }  // namespace
 
 std::string CalculatedTable(const std::filesystem::path& library,
-                            const std::filesystem::path& samples, const std::string& name,
-                            int method) {
-  SampleBench sample(library, samples / (name + ".PCK"));
+                            const std::filesystem::path& study, int method) {
+  SampleBench sample(library, study);
   LoadStudy(sample.bench, RecentList::kLeave);
   if (Calculate(sample.bench, static_cast<Method>(method)) != CommandEnd::kCalculated) {
-    throw std::runtime_error(name + " does not come to its end");
+    throw std::runtime_error(study.string() + " does not come to its end");
   }
   return TableOf(sample.study, Expect(sample.workspace.Rows().ReadAll()));
 }

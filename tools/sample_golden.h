@@ -5,12 +5,11 @@
 
 namespace kalvo {
 
-/// Calculates the study `name` of the folder `samples` by `method` (1 or 2) and gives its results
-/// as CSV: a comment line "PAR=... DP=... PumpHead=... critical=1 2 ...", the columns' names, which
-/// are those of the row's fields, and a line for each section.
-/// Errors: std::runtime_error when the study cannot be loaded or calculated.
+/// Calculates the study of the file `study` by `method` (1 or 2) and gives its results as CSV: a
+/// comment line "PAR=... DP=... PumpHead=... critical=1 2 ...", the columns' names, which are those
+/// of the row's fields, and a line for each section. Errors: std::runtime_error when the study
+/// cannot be loaded or calculated.
 std::string CalculatedTable(const std::filesystem::path& library,
-                            const std::filesystem::path& samples, const std::string& name,
-                            int method);
+                            const std::filesystem::path& study, int method);
 
 }  // namespace kalvo

@@ -13,17 +13,6 @@ constexpr int kReturnNodes = 500;
 std::string SupplyNode(Junction at) { return std::to_string(at.number); }
 std::string ReturnNode(Junction at) { return std::to_string(at.number + kReturnNodes); }
 
-// The lengths and the fittings that stand in either pipe.
-SectionRow PipeOf(std::string_view from, std::string_view to, const Leg& leg) {
-  SectionRow row;
-  row.Name = MakeName(from, to);
-  row.Length = leg.metres;
-  row.AnglePOP = leg.elbows;
-  row.Elbow90 = leg.bends;
-  row.GateValve = ToInt16(leg.gate_valves);
-  return row;
-}
-
 void AddSplittingTee(SectionRow& row, Tee tee) {
   row.DieTee = ToInt16(row.DieTee + (tee == Tee::kThrough ? 1 : 0));
   row.DiaTee = ToInt16(row.DiaTee + (tee == Tee::kBranch ? 1 : 0));
@@ -48,8 +37,19 @@ SectionRow UnitSection(std::string_view from, std::string_view to, const Leg& le
   return row;
 }
 
-// Numbers the rows and writes on each what they have in common.
-void Frame(std::vector<SectionRow>& rows, const NetworkFrame& frame) {
+}  // namespace
+
+SectionRow PipeOf(std::string_view left, std::string_view right, const Leg& leg) {
+  SectionRow row;
+  row.Name = MakeName(left, right);
+  row.Length = leg.metres;
+  row.AnglePOP = leg.elbows;
+  row.Elbow90 = leg.bends;
+  row.GateValve = ToInt16(leg.gate_valves);
+  return row;
+}
+
+void FrameRows(std::vector<SectionRow>& rows, const NetworkFrame& frame) {
   const auto count = ToInt16(static_cast<double>(rows.size()));
   const auto emitters = std::count_if(rows.begin(), rows.end(),
                                       [](const SectionRow& row) { return row.HasEmitter(); });
@@ -64,15 +64,14 @@ void Frame(std::vector<SectionRow>& rows, const NetworkFrame& frame) {
     row.MeanTemp = frame.mean_temperature;
     row.MeanVel = frame.design_velocity;
     row.FileNumber = ToInt16(frame.pipe_system);
-    row.KLEIS = -1;
+    row.KLEIS = frame.kind == SystemKind::kClosed ? std::int16_t{-1} : std::int16_t{0};
+    row.ANOIK = frame.kind == SystemKind::kOpen ? std::int16_t{-1} : std::int16_t{0};
     row.TOT = count;
     row.Outlets = ToInt16(static_cast<double>(emitters));
     row.BurChil = plant;
     row.Auxi = number == plant ? (plant == 1 ? std::int16_t{1} : std::int16_t{2}) : std::int16_t{0};
   }
 }
-
-}  // namespace
 
 Junction TwoPipeNetwork::LayPair(std::string_view supply_from, std::string_view return_to,
                                  const Leg& leg) {
@@ -113,13 +112,13 @@ void TwoPipeNetwork::AppendRows(const Knot& knot, std::vector<SectionRow>& rows)
 std::vector<SectionRow> TwoPipeNetwork::Rows() const {
   std::vector<SectionRow> rows;
   AppendRows(knots_.front(), rows);
-  Frame(rows, frame_);
+  FrameRows(rows, frame_);
   return rows;
 }
 
 std::vector<SectionRow> LoneSection(const NetworkFrame& frame, const Leg& leg, const Unit& unit) {
   std::vector<SectionRow> rows = {UnitSection(kSource, kSource, leg, unit)};
-  Frame(rows, frame);
+  FrameRows(rows, frame);
   return rows;
 }
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "study/section_row.h"
+#include "study/study.h"
 
 namespace kalvo {
 
@@ -35,6 +35,7 @@ enum class Plant { kNone, kOnSupply, kOnReturn };
 
 /// What a network has in common.
 struct NetworkFrame {
+  SystemKind kind = SystemKind::kClosed;
   std::string title;            ///< UTF-8
   float mean_temperature = 70;  ///< °C
   float design_velocity = 1;    ///< m/s
@@ -82,6 +83,12 @@ class TwoPipeNetwork {
   NetworkFrame frame_;
   std::vector<Knot> knots_;
 };
+
+/// Numbers the rows and writes on each what they have in common.
+void FrameRows(std::vector<SectionRow>& rows, const NetworkFrame& frame);
+
+/// The lengths of a leg and the fittings that stand in any pipe.
+SectionRow PipeOf(std::string_view left, std::string_view right, const Leg& leg);
 
 /// A study of one section from the source back to it.
 std::vector<SectionRow> LoneSection(const NetworkFrame& frame, const Leg& leg, const Unit& unit);

@@ -1,5 +1,6 @@
 #include "tools/sample_studies.h"
 
+#include <cmath>
 #include <span>
 
 #include "tools/sample_network.h"
@@ -150,6 +151,14 @@ SampleStudy Hotel() {
   return {"hotel", hotel.Rows()};
 }
 
-std::vector<SampleStudy> AllSamples() { return {SingleCircuit(), FanCoilFloor(), Hotel()}; }
+WinterLine InWinter(const WinterLine& summer) {
+  const auto rounded = [](float value, float step) { return std::round(value / step) * step; };
+  return {summer.section, summer.length_m, rounded(summer.flow_lh * 0.6F, 5),
+          rounded(summer.drop * 0.4F, 10)};
+}
+
+std::vector<SampleStudy> AllSamples() {
+  return {SingleCircuit(), FanCoilFloor(), Hotel(), House(), ApartmentBuilding()};
+}
 
 }  // namespace kalvo

@@ -3,7 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "study/section_row.h"
+#include "engine/winter.h"
+#include "study/study_extensions.h"
 
 namespace kalvo {
 
@@ -11,6 +12,14 @@ namespace kalvo {
 struct SampleStudy {
   std::string name;  ///< of its files, without extension
   std::vector<SectionRow> rows;
+
+  [[nodiscard]] SystemKind kind() const {
+    return rows.front().KLEIS != 0 ? SystemKind::kClosed : SystemKind::kOpen;
+  }
+  /// Of its main file.
+  [[nodiscard]] std::string file_name() const {
+    return name + std::string(ExtensionsOf(kind()).main);
+  }
 };
 
 /// One circuit from the boiler to an air heater and back.
@@ -23,6 +32,16 @@ SampleStudy FanCoilFloor();
 /// lobby and restaurant.
 SampleStudy Hotel();
 
+/// The water supply of a house of two floors: a kitchen and two baths.
+SampleStudy House();
+
+/// The water supply of a building of five floors: two apartments and a studio on each.
+SampleStudy ApartmentBuilding();
+
 std::vector<SampleStudy> AllSamples();
+
+/// Winter values of a fan coil: three fifths of the flow, at two fifths of the drop.
+WinterLine InWinter(const WinterLine& summer);
+constexpr float kWinterTemperature = 45;  ///< °C
 
 }  // namespace kalvo
