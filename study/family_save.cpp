@@ -103,16 +103,16 @@ std::vector<std::string> NamesIn(std::string_view text) {
   return names;
 }
 
-// Whether a journal's save is taken up again after it was broken off.
-enum class Save { kFresh, kResumed };
-
+// A staged file that is gone has taken its name: before the save was broken off, or because whoever
+// opened the study meanwhile did what the journal tells.
 Outcome RenameStaged(Disk& disk, const std::filesystem::path& folder,
-                     const std::vector<std::string>& names, Save save) {
+                     const std::vector<std::string>& names) {
   for (const std::string& name : names) {
-    if (save == Save::kResumed && !disk.Exists(Staged(folder, name))) {
-      continue;  // renamed before the save was broken off
+    const std::filesystem::path staged = Staged(folder, name);
+    if (!disk.Exists(staged)) {
+      continue;
     }
-    if (Outcome renamed = disk.Rename(Staged(folder, name), folder / name); !renamed) {
+    if (Outcome renamed = disk.Rename(staged, folder / name); !renamed && disk.Exists(staged)) {
       return renamed;
     }
   }
@@ -131,28 +131,20 @@ void RemoveLeftovers(Disk& disk, const std::filesystem::path& folder, const std:
   }
 }
 
-// Does what the journal tells and removes it.
-Outcome EndJournal(Disk& disk, const std::filesystem::path& folder, const std::string& base,
-                   Save save) {
+Outcome RemoveJournal(Disk& disk, const std::filesystem::path& folder, const std::string& base) {
   const std::filesystem::path journal = JournalPath(folder, base);
-  const Result<std::string> text = disk.Read(journal);
-  if (!text) {
-    return text.error();
-  }
-  std::vector<std::string> names = NamesIn(*text);
-  const bool own = std::all_of(names.begin(), names.end(),
-                               [&base](const std::string& name) { return IsOwnFile(name, base); });
-  if (own) {
-    if (Outcome renamed = RenameStaged(disk, folder, names, save); !renamed) {
-      return renamed;
-    }
-  }
-  if (Outcome removed = disk.Remove(journal); !removed) {
+  if (Outcome removed = disk.Remove(journal); !removed && disk.Exists(journal)) {
     return removed;
   }
-  RemoveLeftovers(disk, folder, base);
   // A journal that came back after a power cut would meet the staged files of a later save.
   return disk.Flush(folder);
+}
+
+// Does what a journal tells and removes it.
+Outcome EndJournal(Disk& disk, const std::filesystem::path& folder, const std::string& base,
+                   const std::vector<std::string>& names) {
+  Outcome renamed = RenameStaged(disk, folder, names);
+  return renamed ? RemoveJournal(disk, folder, base) : renamed;
 }
 
 }  // namespace
@@ -165,6 +157,7 @@ Outcome SaveFamily(Disk& disk, const std::filesystem::path& folder, const std::s
   if (Outcome finished = FinishSave(disk, folder, base); !finished) {
     return finished;
   }
+  RemoveLeftovers(disk, folder, base);
   Outcome outcome = StageAll(disk, folder, files);
   if (outcome) {
     outcome = WriteJournal(disk, folder, base, files);
@@ -175,15 +168,30 @@ Outcome SaveFamily(Disk& disk, const std::filesystem::path& folder, const std::s
     RemoveStaged(disk, folder, files);
     return outcome;
   }
-  return EndJournal(disk, folder, base, Save::kFresh);
+  std::vector<std::string> names;
+  for (const FamilyFile& file : files) {
+    names.push_back(file.name);
+  }
+  return EndJournal(disk, folder, base, names);
 }
 
 Outcome FinishSave(Disk& disk, const std::filesystem::path& folder, const std::string& base) {
-  if (disk.Exists(JournalPath(folder, base))) {
-    return EndJournal(disk, folder, base, Save::kResumed);
+  const std::filesystem::path journal = JournalPath(folder, base);
+  if (!disk.Exists(journal)) {
+    return Done{};
+  }
+  const Result<std::string> text = disk.Read(journal);
+  if (!text) {
+    return disk.Exists(journal) ? Outcome(text.error()) : Outcome(Done{});
+  }
+  const std::vector<std::string> names = NamesIn(*text);
+  const bool own = std::all_of(names.begin(), names.end(),
+                               [&base](const std::string& name) { return IsOwnFile(name, base); });
+  if (own && !names.empty()) {
+    return EndJournal(disk, folder, base, names);
   }
   RemoveLeftovers(disk, folder, base);
-  return Done{};
+  return RemoveJournal(disk, folder, base);
 }
 
 }  // namespace kalvo

@@ -247,7 +247,13 @@ Outcome TakeOver(Workbench& bench, const FoundStudy& found) {
 
 void OpenStudy(Workbench& bench, RecentList recent) {
   Study& study = bench.study;
-  study.study_path = AsInFolder(bench.workspace.outer_disk(), FullStudyPath(study));
+  const auto path = FullStudyPath(study);
+  if (!path) {
+    TellFailure(bench, path.error());
+    study.study_path = study.last_study_path;
+    return;
+  }
+  study.study_path = AsInFolder(bench.workspace.outer_disk(), *path);
   if (recent == RecentList::kAdd) {
     // A list that cannot be written keeps no study from being opened.
     static_cast<void>(AddRecentFile(bench.workspace, study.study_path));

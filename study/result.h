@@ -12,8 +12,10 @@ struct FileError {
   std::filesystem::path file;
   std::string reason;
 
-  /// "reason : file", one line.
-  [[nodiscard]] std::string Line() const { return reason + " : " + file.string(); }
+  /// "reason : file", one line; the reason alone when there is no file to name.
+  [[nodiscard]] std::string Line() const {
+    return file.empty() ? reason : reason + " : " + file.string();
+  }
 };
 
 /// A value, or the error that kept it from coming about. Nobody may drop it unseen.

@@ -37,8 +37,12 @@ std::filesystem::path WithExtension(const std::filesystem::path& path, SystemKin
   return text + std::string(extension);
 }
 
-std::filesystem::path FullStudyPath(const Study& study) {
-  return std::filesystem::absolute(WithExtension(study.study_path, study.system_kind));
+Result<std::filesystem::path> FullStudyPath(const Study& study) {
+  const std::filesystem::path path = WithExtension(study.study_path, study.system_kind);
+  if (BaseOf(path.filename().string()).empty()) {
+    return FileError{study.study_path, "Λείπει το όνομα του Αρχείου της Μελέτης"};
+  }
+  return std::filesystem::absolute(path);
 }
 
 std::filesystem::path AsInFolder(const Disk& disk, const std::filesystem::path& path) {

@@ -14,8 +14,8 @@ std::string_view BaseOf(std::string_view file_name);
 /// ignoring case.
 std::filesystem::path WithExtension(const std::filesystem::path& path, SystemKind kind);
 
-/// `study path` as a full path that bears the kind's extension.
-std::filesystem::path FullStudyPath(const Study& study);
+/// `study path` as a full path that bears the kind's extension. Error: it holds no file's name.
+Result<std::filesystem::path> FullStudyPath(const Study& study);
 
 /// The path of a study's file as its folder spells it: as it stands, else with the extension in
 /// another case, else with the whole name in another case, the first in name order. A file that is

@@ -150,11 +150,15 @@ Outcome WriteStudy(Workbench& bench) {
     return Done{};
   }
   study.unsaved_changes = true;
+  const auto path = FullStudyPath(study);
+  if (!path) {
+    return path.error();
+  }
   auto rows = PrepareRows(bench);
   if (!rows) {
     return rows.error();
   }
-  study.study_path = OwnPath(bench, FullStudyPath(study));
+  study.study_path = OwnPath(bench, *path);
   Outcome outcome = SaveFiles(bench, std::move(rows).value());
   if (outcome && bench.workspace.Exists(work_file::kFluid)) {
     outcome = LoadStudyFluid(bench);

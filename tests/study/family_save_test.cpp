@@ -59,13 +59,34 @@ TEST(FinishSave, DiscardsWhatABrokenOrForeignJournalTells) {
   }
 }
 
-TEST(FinishSave, WritesNothingWhenNothingWasLeft) {
-  MemoryDisk disk;
-  ASSERT_TRUE(disk.Write(kFolder / "b.PCK", "old").ok());
+TEST(FinishSave, WithoutAJournalLeavesStagedFilesToTheNextSave) {
+  MemoryDisk disk = BrokenOff("");
+  ASSERT_TRUE(disk.Remove(kFolder / "b.saving~").ok());
   FailingDisk counting(disk);
   counting.FailAtOperation(1, FailingDisk::Lasting::kFromThenOn);
   EXPECT_TRUE(FinishSave(counting, kFolder, "b").ok()) << "a disk that cannot be written will do";
   EXPECT_EQ(counting.operations(), 0);
+  ASSERT_TRUE(SaveFamily(disk, kFolder, "b", {{"b.PCK", "newest"}}).ok());
+  EXPECT_EQ(*disk.Read(kFolder / "b.PCK"), "newest");
+  EXPECT_EQ(*disk.Read(kFolder / "b.LQD"), "old");
+  EXPECT_FALSE(disk.Exists(kFolder / "b.LQD.new~"));
+}
+
+// Another process opens the study at each step of a save.
+class ReadMeanwhile : public ForwardingDisk {
+ public:
+  using ForwardingDisk::ForwardingDisk;
+  Outcome Flush(const fs::path& path) override {
+    EXPECT_TRUE(FinishSave(inner_, kFolder, "b").ok());
+    return inner_.Flush(path);
+  }
+};
+
+TEST(SaveFamily, EndsWellWhileOthersOpenTheStudy) {
+  MemoryDisk disk;
+  ReadMeanwhile watched(disk);
+  ASSERT_TRUE(SaveFamily(watched, kFolder, "b", {{"b.LQD", "new"}, {"b.PCK", "new"}}).ok());
+  EXPECT_EQ(ImageOf(disk, kFolder), (FolderImage{{"b.LQD", "new"}, {"b.PCK", "new"}}));
 }
 
 TEST(SaveFamily, RefusesNamesThatItsJournalCouldNotTell) {
@@ -164,6 +185,7 @@ TEST(SaveKilled, AfterAnyStepLeavesTheOldStudyOrTheNewOne) {
     const std::string title = DiskStudy(place).LoadedTitle();
     EXPECT_TRUE(title == "Νέα" || (title == "Παλιά" && !seen_new)) << title;
     seen_new = title == "Νέα";
+    ASSERT_TRUE(DiskStudy(place).Save(title).ok());
     ExpectFourFiles(place);
   }
   EXPECT_TRUE(seen_new);
@@ -185,6 +207,7 @@ TEST(SaveKilled, AtAnyMomentLeavesAWholeStudy) {
     EXPECT_FALSE(EndedWell(child));
     const std::string title = DiskStudy(place).LoadedTitle();
     ASSERT_TRUE(title == "Α" || title == "Β") << title;
+    ASSERT_TRUE(DiskStudy(place).Save(title).ok());
     ExpectFourFiles(place);
   }
 }
