@@ -6,7 +6,7 @@ namespace {
 
 constexpr const char* kBrokenOffTitle = "  ! !  ΠΡΟΣΟΧΗ : Διακοπή των Υπολογισμών ! ! ";
 
-Box BrokenOff(const char* text) { return {kBrokenOffTitle, {text}, 16}; }
+Box BrokenOff(const char* text) { return {kBrokenOffTitle, {text}, 16, kAlarmBeeps}; }
 
 Box AskToGoOn() {
   return {"  ! !  ΠΡΟΣΟΧΗ : Προσωρινή Διακοπή των Υπολογισμών ! ! ",
@@ -14,7 +14,8 @@ Box AskToGoOn() {
            "ταχύτητας του νερού, στην περιοχή της <Μέσης Ταχύτητας Νερού> που",
            "έχετε επιλέξει στα <Εισαγωγικά Δεδομένα> της Μελέτης.", "   ",
            "              ... ΝΑ ΣΥΝΕΧΙΣΘΟΥΝ ΟΙ ΥΠΟΛΟΓΙΣΜΟΙ ?? ...             "},
-          36};
+          36,
+          kAlarmBeeps};
 }
 
 }  // namespace

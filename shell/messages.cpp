@@ -53,7 +53,7 @@ std::optional<Box> MessageFor(int code, const Study& study, Separators separator
   if (message == table.end()) {
     return std::nullopt;
   }
-  Box box{WithValue(message->title, study, separators), {}, message->style};
+  Box box{WithValue(message->title, study, separators), {}, message->style, kAlarmBeeps};
   for (const std::string_view line : message->lines) {
     std::string filled = WithValue(line, study, separators);
     if (!filled.empty()) {

@@ -164,6 +164,7 @@ TEST(Trap, TellsEveryFaultByItsNumber) {
     EXPECT_EQ(box.title, kTitle);
     EXPECT_EQ(box.lines, std::vector<std::string>{text});
     EXPECT_FALSE(StyleAsks(box.style));
+    EXPECT_EQ(box.beeps, 2);
   }
 }
 
@@ -178,6 +179,7 @@ TEST(Trap, AsksOnCodeOneWhetherToGoOn) {
   ReportCalcError(bench.bench, 1);
   EXPECT_EQ(bench.study.CalcStatus, -32);
   EXPECT_EQ(bench.study.answer, Answer::kNone);
+  EXPECT_EQ(bench.prompter.boxes()[0].beeps, 2);
   EXPECT_EQ(bench.prompter.boxes()[0].lines,
             (std::vector<std::string>{
                 "... Το Επιλεγέν <Σύστημα Σωλήνων>, δεν επαρκεί για την διατήρηση της",

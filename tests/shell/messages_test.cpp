@@ -138,6 +138,7 @@ TEST(Messages, TextsStandByteForByte) {
     EXPECT_EQ(shown.title, box.title);
     EXPECT_EQ(shown.lines, box.lines);
     EXPECT_EQ(shown.style, box.style);
+    EXPECT_EQ(shown.beeps, 2);
   }
 }
 
