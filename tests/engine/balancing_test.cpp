@@ -6,7 +6,7 @@
 
 #include "engine/pipe_stats.h"
 #include "engine/trap.h"
-#include "tests/engine/faults.h"
+#include "tests/support/faults.h"
 #include "tests/support/test_bench.h"
 
 namespace kalvo {

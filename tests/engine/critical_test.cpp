@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/engine/faults.h"
+#include "tests/support/faults.h"
 #include "tests/support/test_bench.h"
 
 namespace kalvo {

@@ -6,7 +6,7 @@
 #include <tuple>
 #include <vector>
 
-#include "tests/engine/faults.h"
+#include "tests/support/faults.h"
 
 namespace kalvo {
 namespace {

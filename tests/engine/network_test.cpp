@@ -2,7 +2,7 @@
 
 #include "engine/branches.h"
 #include "engine/first_row_index.h"
-#include "tests/engine/faults.h"
+#include "tests/support/faults.h"
 #include "tests/support/test_bench.h"
 
 namespace kalvo {

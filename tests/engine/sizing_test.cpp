@@ -4,7 +4,7 @@
 
 #include "engine/driver.h"
 #include "study/fluid_library.h"
-#include "tests/engine/faults.h"
+#include "tests/support/faults.h"
 #include "tests/support/test_bench.h"
 
 namespace kalvo {

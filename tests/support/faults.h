@@ -10,7 +10,7 @@ namespace kalvo {
 template <typename Act>
 int FaultOf(Act&& act) {
   try {
-    std::forward<Act>(act)();
+    static_cast<void>(std::forward<Act>(act)());
   } catch (const Fault& fault) {
     return fault.number();
   }
