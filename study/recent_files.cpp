@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "study/codepage.h"
+#include "study/path_text.h"
 #include "study/text_lines.h"
 
 namespace kalvo {
@@ -12,7 +13,7 @@ std::vector<std::string> ReadRecentFiles(const Workspace& workspace) {
   if (const auto bytes = workspace.Read(work_file::kRecentFiles)) {
     for (const std::string& line : SplitLines(*bytes)) {
       if (const std::string_view path = Unquoted(line); !path.empty()) {
-        paths.emplace_back(path);
+        paths.push_back(PathFromText(std::string(path)).string());
       }
     }
   }

@@ -7,6 +7,7 @@
 #include "study/codepage.h"
 #include "study/fluid_library.h"
 #include "study/letter_case.h"
+#include "study/path_text.h"
 
 namespace kalvo {
 
@@ -29,10 +30,10 @@ std::string_view BaseOf(std::string_view file_name) {
 }
 
 std::filesystem::path WithExtension(const std::filesystem::path& path, SystemKind kind) {
-  const std::string text = path.string();
+  const std::string text = PathFromText(path.string()).string();
   const std::string_view extension = ExtensionsOf(kind).main;
   if (EqualIgnoringCase(std::string_view(text).substr(BaseOf(text).size()), extension)) {
-    return path;
+    return text;
   }
   return text + std::string(extension);
 }

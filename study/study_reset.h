@@ -10,8 +10,8 @@ namespace kalvo {
 /// The name of a study's file without its last four characters.
 std::string_view BaseOf(std::string_view file_name);
 
-/// `path` with the kind's extension appended unless its last four characters are that already,
-/// ignoring case.
+/// `path`, as it was given (PathFromText()), with the kind's extension appended unless its last
+/// four characters are that already, ignoring case.
 std::filesystem::path WithExtension(const std::filesystem::path& path, SystemKind kind);
 
 /// `study path` as a full path that bears the kind's extension. Error: it holds no file's name.

@@ -34,7 +34,7 @@ TEST(RecentFiles, AreReadWithOrWithoutQuotesInEitherEncoding) {
   TestBench bench;
   EXPECT_TRUE(ReadRecentFiles(bench.workspace).empty());
   const std::string text = "\"C:\\Μελέτες\\α.PCK\"\r\n\r\n/m/β γ.PCA\r\n";
-  const std::vector<std::string> expected = {"C:\\Μελέτες\\α.PCK", "/m/β γ.PCA"};
+  const std::vector<std::string> expected = {"C:/Μελέτες/α.PCK", "/m/β γ.PCA"};
   for (const std::string& bytes : {text, ToCodePage(text)}) {
     ASSERT_TRUE(bench.workspace.Write(work_file::kRecentFiles, bytes).ok());
     EXPECT_EQ(ReadRecentFiles(bench.workspace), expected);
