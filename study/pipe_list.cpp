@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "study/fault.h"
 #include "study/letter_case.h"
 #include "study/workbench.h"
 
@@ -116,7 +117,7 @@ Outcome LoadPipeSystem(Workbench& bench) {
 
 Outcome SelectPipeSystem(Workbench& bench, int position) {
   Study& study = bench.study;
-  const auto number = static_cast<std::int16_t>(position + 1);
+  const std::int16_t number = ToInt16(position + 1);
   const auto pipes = ReadPipeSystem(bench.workspace, number);
   if (!pipes) {
     return pipes.error();

@@ -2,10 +2,12 @@
 
 #include <algorithm>
 
+#include "study/fault.h"
+
 namespace kalvo {
 
 void RefreshSectionTable(Study& study, std::span<const SectionRow> rows) {
-  study.SectionCount = static_cast<std::int16_t>(rows.size());
+  study.SectionCount = ToInt16(static_cast<double>(rows.size()));
   study.SectionTable.clear();
   study.SectionTable.reserve(rows.size());
   for (const SectionRow& row : rows) {
@@ -14,7 +16,7 @@ void RefreshSectionTable(Study& study, std::span<const SectionRow> rows) {
 }
 
 void RefreshEmitterTable(Study& study, std::span<const SectionRow> emitters) {
-  study.EmitterCount = static_cast<std::int16_t>(emitters.size());
+  study.EmitterCount = ToInt16(static_cast<double>(emitters.size()));
   study.EmitterTable.clear();
   study.EmitterTable.reserve(emitters.size());
   for (const SectionRow& row : emitters) {

@@ -6,23 +6,14 @@
 #include <limits>
 
 #include "study/rounding.h"
+#include "study/tables.h"
+#include "tests/support/faults.h"
 
 namespace kalvo {
 namespace {
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr double kLargestSingle = std::numeric_limits<float>::max();
-
-// Number of the fault that `work` throws, 0 when it throws none.
-template <typename Work>
-int FaultOf(Work&& work) {
-  try {
-    static_cast<void>(work());
-  } catch (const Fault& fault) {
-    return fault.number();
-  }
-  return 0;
-}
 
 TEST(Faults, DivisionByZeroIsTwoFaults) {
   EXPECT_EQ(Divide(1.0, 4.0), 0.25);
@@ -57,6 +48,14 @@ TEST(Faults, WholeNumbersRoundHalvesToEvenAndOverflow) {
   EXPECT_EQ(FaultOf([] { return ToInt16(32767.5); }), 6);
   EXPECT_EQ(FaultOf([] { return ToInt16(-32769.0); }), 6);
   EXPECT_EQ(FaultOf([] { return ToInt16(std::nan("")); }), 6);
+}
+
+TEST(Faults, TablesCountNoMoreRowsThanSixteenBits) {
+  Study study;
+  const std::vector<SectionRow> rows(32768);
+  EXPECT_EQ(FaultOf([&] { RefreshSectionTable(study, rows); }), 6);
+  EXPECT_EQ(FaultOf([&] { RefreshEmitterTable(study, rows); }), 6);
+  EXPECT_TRUE(study.SectionTable.empty() && study.EmitterTable.empty());
 }
 
 TEST(Faults, PaddingATextThatIsTooLongIsABadArgument) {
