@@ -6,6 +6,8 @@ namespace kalvo {
 
 namespace {
 
+constexpr int kWaterNumber = 1;
+
 RowFile<FluidRow> Library(const Workspace& workspace) {
   return {workspace.outer_disk(), workspace.library_folder() / work_file::kFluids};
 }
@@ -21,7 +23,9 @@ FluidRow MakeFluid(int number, std::string_view name, float temperature, float v
   return fluid;
 }
 
-FluidRow BuiltInWater() { return MakeFluid(1, kWaterName, kComputed, kComputed, 1000.0F); }
+FluidRow BuiltInWater() {
+  return MakeFluid(kWaterNumber, kWaterName, kComputed, kComputed, 1000.0F);
+}
 
 }  // namespace
 
@@ -46,6 +50,9 @@ FluidRow WaterRow(const Workspace& workspace) {
 }
 
 Outcome SaveFluid(const Workspace& workspace, const FluidRow& fluid) {
+  if (fluid.row_number == kWaterNumber) {
+    return Done{};
+  }
   return Library(workspace).Write(fluid.row_number, fluid);
 }
 
@@ -54,7 +61,7 @@ Outcome DeleteFluid(const Workspace& workspace, int number) {
   if (!fluids) {
     return fluids.error();
   }
-  if (number < 2 || number > static_cast<int>(fluids->size())) {
+  if (number <= kWaterNumber || number > static_cast<int>(fluids->size())) {
     return Done{};
   }
   std::vector<FluidRow> rest;

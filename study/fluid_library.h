@@ -16,7 +16,8 @@ Result<std::vector<FluidRow>> ReadFluids(const Workspace& workspace);
 /// Water as the library's first row has it, built in when there is no library.
 FluidRow WaterRow(const Workspace& workspace);
 
-/// Writes `fluid` at its own row number, at most one past the last.
+/// Writes `fluid` at its own row number, at most one past the last. Water (row 1) cannot be
+/// changed: nothing is written.
 Outcome SaveFluid(const Workspace& workspace, const FluidRow& fluid);
 
 /// Deletes row `number` and renumbers those behind it, by way of `Liquids.@@@`. Water (row 1) and
