@@ -182,10 +182,9 @@ std::string ByPattern(Decimal decimal, std::string_view pattern_text, Separators
 
 // The part of `text` that reads as sign, digits and one point, as a number.
 double LeadingNumber(std::string_view text) {
-  if (text.starts_with('+')) {
-    text.remove_prefix(1);
-  }
-  std::size_t length = text.starts_with('-') ? 1 : 0;
+  const bool signed_plus = text.starts_with('+');
+  text.remove_prefix(signed_plus ? 1 : 0);
+  std::size_t length = !signed_plus && text.starts_with('-') ? 1 : 0;
   for (bool point = false; length < text.size(); ++length) {
     if (text[length] == '.' && !point) {
       point = true;

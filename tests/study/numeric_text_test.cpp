@@ -45,6 +45,8 @@ TEST(ParseNumber, TakesTheLeadingNumberOfAMixWithAPoint) {
   EXPECT_EQ(Greek("1.5.7a"), 1.5);
   EXPECT_EQ(English("1,234.5 m"), 1.0);
   EXPECT_EQ(Greek("-3 m"), -3.0);
+  EXPECT_EQ(Greek("+5"), 5.0);
+  EXPECT_EQ(Greek("+-5"), 0.0);
   EXPECT_EQ(Greek("1e5"), 1.0);
   EXPECT_EQ(Greek("0x1F"), 0.0);
   EXPECT_EQ(Greek("12\xCE\xBC"), 12.0);
