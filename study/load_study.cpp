@@ -52,10 +52,10 @@ std::string FirstBadPlace(const Rows& rows) {
   return {};
 }
 
-bool IsOfOtherKind(const SectionRow& row, SystemKind kind) {
+bool IsOfOtherKind(const SectionRow& row, const Study& study) {
   const bool closed = row.KLEIS != 0;
   const bool open = row.ANOIK != 0;
-  return closed != open && kind != SystemKind::kNone && closed != (kind == SystemKind::kClosed);
+  return closed != open && closed != study.SystemClosed();
 }
 
 void TellFailure(Workbench& bench, const FileError& error) {
@@ -299,7 +299,7 @@ Result<std::vector<SectionRow>> ProveLoadable(const Workbench& bench,
   if (rows.size() > static_cast<std::size_t>(INT16_MAX)) {
     return FileError{file, "Το αρχείο έχει πάρα πολλές εγγραφές"};
   }
-  if (IsOfOtherKind(rows.front(), bench.study.system_kind)) {
+  if (IsOfOtherKind(rows.front(), bench.study)) {
     return FileError{file, "Η μελέτη είναι άλλου είδους Συστήματος Σωλήνων"};
   }
   if (const std::string bad = FirstBadPlace(rows); !bad.empty()) {

@@ -14,6 +14,8 @@
 
 namespace kalvo {
 
+/// kNone: not chosen yet. A study that must be of a kind counts as closed then
+/// (Study::SystemClosed()).
 enum class SystemKind { kNone, kClosed, kOpen };
 
 /// Values of `CalcStatus`, through which routines report to their callers.
@@ -108,7 +110,7 @@ struct Study {
   SectionRow row;         ///< the row in hand
   SectionRow row_beside;  ///< the comparison copy
 
-  [[nodiscard]] bool SystemClosed() const { return system_kind == SystemKind::kClosed; }
+  [[nodiscard]] bool SystemClosed() const { return !SystemOpen(); }
   [[nodiscard]] bool SystemOpen() const { return system_kind == SystemKind::kOpen; }
 };
 

@@ -189,6 +189,14 @@ TEST(StoreOpenRow, KeepsItsHeightAndSaysItIsOpen) {
   EXPECT_EQ(bench.Row(2).KLEIS, 0);
 }
 
+TEST(SectionEntry, WithoutAChosenKindCountsAsClosed) {
+  SectionRow row;
+  TakeHeader(row, Study{});
+  EXPECT_EQ(row.KLEIS, -1);
+  EXPECT_EQ(row.ANOIK, 0);
+  EXPECT_EQ(EntryForNewRow(1, SystemKind::kNone, nullptr, kGreek).left, "ANT");
+}
+
 TEST(SectionEntry, ShowsARowAndStoresItBackUnchanged) {
   const SectionEntry entry = SampleEntry();
   SectionRow row;
