@@ -14,7 +14,6 @@ enum class FaultCode : int {
   kOverflow = 6,
   kBadIndex = 9,
   kDivisionByZero = 11,
-  kNotANumber = 13,
   kFile = 57,
   kBadRecordNumber = 63,
 };

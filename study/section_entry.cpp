@@ -12,8 +12,6 @@ namespace kalvo {
 
 namespace {
 
-constexpr std::size_t kNodeWidth = 3;
-
 // The numbers of an entry beside their row fields, in the order of the form.
 constexpr auto kNumbers =
     std::make_tuple(std::pair{&SectionEntry::Length, &SectionRow::Length},
@@ -49,12 +47,6 @@ std::string NodeText(int number) {
 std::string TypedNode(std::string_view text) {
   const std::string_view node = Trim(text);
   return node == "ΑΝΤ" ? std::string(kSource) : ToCodePage(node);
-}
-
-FixedText<7> NameOf(const SectionEntry& entry) {
-  const std::string left = TypedNode(entry.left);
-  const std::string right = TypedNode(entry.right);
-  return FixedText<7>::FromBytes(PadFront(left, kNodeWidth) + "/" + PadBehind(right, kNodeWidth));
 }
 
 SectionRow NewRow(const std::vector<SectionRow>& rows) {
@@ -125,7 +117,7 @@ void TakeEntry(SectionRow& row, const SectionEntry& entry, Separators separators
   const SectionEntry shown = EntryOf(row, separators);
   SectionRow taken = row;
   if (entry.left != shown.left || entry.right != shown.right || row.Name.Trimmed().empty()) {
-    taken.Name = NameOf(entry);
+    taken.Name = MakeName(TypedNode(entry.left), TypedNode(entry.right));
   }
   ForEachNumber([&](auto text, auto field) {
     if (entry.*text == shown.*text) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "study/fault.h"
 #include "study/record.h"
 
 namespace kalvo {
@@ -86,17 +87,22 @@ struct SectionRow {
 
 static_assert(RecordSize<SectionRow>() == 355);
 
+/// Bytes of a node's name within a section's.
+constexpr std::size_t kNodeWidth = 3;
+
 /// The left and right three bytes of a section's name; blanks and any other byte as they stand.
-inline std::string_view LeftNode(const FixedText<7>& name) { return name.bytes().substr(0, 3); }
-inline std::string_view RightNode(const FixedText<7>& name) { return name.bytes().substr(4, 3); }
+inline std::string_view LeftNode(const FixedText<7>& name) {
+  return name.bytes().substr(0, kNodeWidth);
+}
+inline std::string_view RightNode(const FixedText<7>& name) {
+  return name.bytes().substr(kNodeWidth + 1, kNodeWidth);
+}
 
 /// "abc/def" of two names: the left one right-justified, the right one left-justified in three
-/// bytes each. Names longer than three bytes are cut at the right.
+/// bytes each. Faults: 5 for a name of more than three bytes.
 inline FixedText<7> MakeName(std::string_view left, std::string_view right) {
-  left = Trim(left).substr(0, 3);
-  right = Trim(right).substr(0, 3);
-  return FixedText<7>::FromBytes(std::string(3 - left.size(), ' ') + std::string(left) + "/" +
-                                 std::string(right));
+  return FixedText<7>::FromBytes(PadFront(Trim(left), kNodeWidth) + "/" +
+                                 PadBehind(Trim(right), kNodeWidth));
 }
 
 }  // namespace kalvo

@@ -14,12 +14,9 @@ using Rows = std::vector<SectionRow>;
 
 constexpr int kNothingToDelete = 121;
 constexpr int kNothingToInsertBefore = 122;
-constexpr std::size_t kNodeWidth = 3;
-
-std::string OwnNumber(int number) { return PadFront(std::to_string(number), kNodeWidth); }
 
 void RenewOwnNumber(SectionRow& row) {
-  row.Name = FixedText<7>::FromBytes(OwnNumber(row.RecordNumber) +
+  row.Name = FixedText<7>::FromBytes(PadFront(std::to_string(row.RecordNumber), kNodeWidth) +
                                      std::string(row.Name.bytes().substr(kNodeWidth)));
 }
 
@@ -36,8 +33,7 @@ void ShiftName(SectionRow& row, int place) {
   if (row.RecordNumber == place + 1) {
     RenewOwnNumber(row);
   } else if (feeder >= place) {
-    row.Name = FixedText<7>::FromBytes(OwnNumber(row.RecordNumber) + "/" +
-                                       PadBehind(std::to_string(feeder + 1), kNodeWidth));
+    row.Name = MakeName(std::to_string(row.RecordNumber), std::to_string(feeder + 1));
   }
 }
 

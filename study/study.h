@@ -79,7 +79,6 @@ struct Study {
   std::string critical_branch;
   std::string branch_mode;
 
-  bool edit_mode = false;
   int entry_mode = 0;
   bool unsaved_changes = false;
   bool results_valid = false;
@@ -107,8 +106,7 @@ struct Study {
   std::vector<StatRow> PipeStats;
   std::optional<LostWalk> lost_walk;
 
-  SectionRow row;         ///< the row in hand
-  SectionRow row_beside;  ///< the comparison copy
+  SectionRow row;  ///< the row in hand
 
   [[nodiscard]] bool SystemClosed() const { return !SystemOpen(); }
   [[nodiscard]] bool SystemOpen() const { return system_kind == SystemKind::kOpen; }

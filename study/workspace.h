@@ -23,7 +23,6 @@ class Workspace {
         clock_(&clock) {}
 
   [[nodiscard]] std::filesystem::path Path(std::string_view name) const { return folder_ / name; }
-  [[nodiscard]] Disk& work_disk() const { return *work_disk_; }
   [[nodiscard]] Disk& outer_disk() const { return *outer_disk_; }
   [[nodiscard]] const std::filesystem::path& library_folder() const { return library_folder_; }
 
