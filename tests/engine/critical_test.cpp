@@ -19,13 +19,7 @@ void PutDrops(TestBench& bench, const std::vector<std::string_view>& lines,
   bench.PutRows(rows);
 }
 
-std::vector<float> Pressures(const TestBench& bench) {
-  std::vector<float> pressures;
-  for (const SectionRow& row : bench.Rows()) {
-    pressures.push_back(row.AvaiPres);
-  }
-  return pressures;
-}
+std::vector<float> Pressures(const TestBench& bench) { return bench.Column(&SectionRow::AvaiPres); }
 
 using Floats = std::vector<float>;
 

@@ -13,14 +13,6 @@ const std::vector<std::string_view> kNetwork = {
     "ANT/1 9l/h", "1/2 soma 300l/h 500mm", "1/3 soma 200l/h 400mm", "2/4", "3/4", "4/ANT",
     "1/4 77l/h"};
 
-std::vector<float> Flows(const TestBench& bench) {
-  std::vector<float> flows;
-  for (const SectionRow& row : bench.Rows()) {
-    flows.push_back(row.WaterFlow);
-  }
-  return flows;
-}
-
 // An old record of the emitter file: section, its name, flow and drop.
 SectionRow Record(int number, std::string_view left, std::string_view right, float flow_lh,
                   float drop) {
@@ -40,17 +32,9 @@ void PutWithTail(TestBench& bench, const SectionRow& tail) {
   ASSERT_TRUE(bench.workspace.Rows(work_file::kEmitters).WriteAll(records).ok());
 }
 
-TEST(EmitterRebuild, GivesEverySectionTheSumOfItsEmitters) {
-  TestBench bench;
-  bench.PutNetwork(kNetwork);
-  RebuildEmitterData(bench.bench);
-  EXPECT_EQ(Flows(bench), (std::vector<float>{500, 300, 200, 300, 200, 500, 0}));
-  EXPECT_EQ(bench.study.TotalFlowM3h, 0.5F);
-  EXPECT_FALSE(bench.study.unsaved_changes);
-  EXPECT_EQ(bench.study.CalcStatus, 0);
-}
+const std::vector<float> kSums = {500, 300, 200, 300, 200, 500, 0};
 
-TEST(EmitterRebuild, WritesTheStudysValuesOnEveryRow) {
+TEST(EmitterRebuild, GivesEverySectionTheSumOfItsEmittersAndTheStudysValues) {
   TestBench bench;
   bench.PutNetwork(kNetwork);
   bench.study.pipe_material = "COPPER";
@@ -58,46 +42,42 @@ TEST(EmitterRebuild, WritesTheStudysValuesOnEveryRow) {
   bench.study.MeanVel = 0.8F;
   bench.study.emitters_unchecked = true;
   RebuildEmitterData(bench.bench);
+  EXPECT_EQ(bench.Column(&SectionRow::WaterFlow), kSums);
+  EXPECT_EQ(bench.study.TotalFlowM3h, 0.5F);
+  EXPECT_FALSE(bench.study.unsaved_changes);
+  EXPECT_EQ(bench.study.CalcStatus, 0);
   for (const SectionRow& row : bench.Rows()) {
     EXPECT_EQ(row.Material.Utf8(), "COPPER");
-    EXPECT_EQ(row.MeanTemp, 45.0F);
-    EXPECT_EQ(row.MeanVel, 0.8F);
-    EXPECT_EQ(row.TOT, 7);
-    EXPECT_EQ(row.PAR, 0.5F);
-    EXPECT_EQ(row.Outlets, 2);
-    EXPECT_EQ(row.KLEIS, 1);
-    EXPECT_EQ(row.ANOIK, 0);
+    EXPECT_EQ((std::vector{row.MeanTemp, row.MeanVel, row.PAR}), (std::vector{45.0F, 0.8F, 0.5F}));
+    EXPECT_EQ((std::vector<int>{row.TOT, row.Outlets, row.KLEIS, row.ANOIK}),
+              (std::vector<int>{7, 2, 1, 0}));
   }
   EXPECT_FALSE(bench.study.emitters_unchecked);
 }
 
-TEST(EmitterRebuild, AnOldTailOfTheFileStaysAndCounts) {
-  TestBench bench;
-  PutWithTail(bench, Record(5, "3", "4", 50, 90));
-  RebuildEmitterData(bench.bench);
-  EXPECT_EQ(bench.Rows(work_file::kEmitters).size(), 3U);
-  EXPECT_EQ(bench.study.EmitterCount, 3);
-  EXPECT_EQ(bench.Row(1).Outlets, 3);
-  EXPECT_EQ(bench.Row(5).SomaDrop, 90.0F);
-  EXPECT_TRUE(bench.study.unsaved_changes);
-  EXPECT_EQ(bench.study.TotalFlowM3h, 0.55F);
-  EXPECT_EQ(bench.workspace.Exists(work_file::kEmittersInWork), false);
-}
-
-TEST(EmitterRebuild, ARecordOfAnotherNameAddsNothingToTheTotal) {
-  TestBench bench;
-  PutWithTail(bench, Record(5, "8", "9", 50, 90));
-  RebuildEmitterData(bench.bench);
-  EXPECT_EQ(bench.study.TotalFlowM3h, 0.5F);
-  EXPECT_EQ(bench.Row(5).SomaDrop, 90.0F);  // the table still knows its number
-}
-
-TEST(EmitterRebuild, ALeftoverRecordPastTheRowsIsSkipped) {
-  TestBench bench;
-  PutWithTail(bench, Record(8, "3", "4", 50, 90));
-  RebuildEmitterData(bench.bench);
-  EXPECT_EQ(bench.study.EmitterCount, 2);
-  EXPECT_EQ(Flows(bench), (std::vector<float>{500, 300, 200, 300, 200, 500, 0}));
+TEST(EmitterRebuild, AnOldTailOfTheFileCountsAsFarAsTheRowsBearIt) {
+  struct Tail {
+    SectionRow record;
+    int count;
+    float total_m3h;
+    float drop_of_row_5;
+  };
+  const Tail tails[] = {{Record(5, "3", "4", 50, 90), 3, 0.55F, 90},
+                        // of another name: nothing to the total, but the table knows its number
+                        {Record(5, "8", "9", 50, 90), 3, 0.5F, 90},
+                        // past the rows: skipped
+                        {Record(8, "3", "4", 50, 90), 2, 0.5F, 0}};
+  for (const Tail& tail : tails) {
+    TestBench bench;
+    PutWithTail(bench, tail.record);
+    RebuildEmitterData(bench.bench);
+    EXPECT_EQ(bench.study.EmitterCount, tail.count);
+    EXPECT_EQ(bench.Row(1).Outlets, tail.count);
+    EXPECT_EQ(bench.study.TotalFlowM3h, tail.total_m3h);
+    EXPECT_EQ(bench.Row(5).SomaDrop, tail.drop_of_row_5);
+    EXPECT_EQ(bench.study.unsaved_changes, tail.count == 3);
+    EXPECT_FALSE(bench.workspace.Exists(work_file::kEmittersInWork));
+  }
 }
 
 TEST(EmitterRebuild, TakesTheEmittersThatTheRowsHave) {
@@ -139,7 +119,7 @@ TEST(EmitterRebuild, ShowsThatABranchIsMissingAndKeepsTheEmitters) {
   bench.PutNetwork({"ANT/1", "1/2 soma 300l/h 500mm", "2/3"});
   RebuildEmitterData(bench.bench);
   EXPECT_EQ(bench.prompter.codes(), std::vector<int>{2004});
-  EXPECT_EQ(Flows(bench), (std::vector<float>{0, 0, 0}));
+  EXPECT_EQ(bench.Column(&SectionRow::WaterFlow), (std::vector<float>{0, 0, 0}));
   EXPECT_EQ(bench.Row(2).SomaDrop, 500.0F);
 }
 

@@ -122,11 +122,18 @@ FluidRow Brine(float density, float temperature) {
   return fluid;
 }
 
+// A network whose study is on a fluid of that density and temperature.
+struct BrineBench : TestBench {
+  BrineBench(float density, float temperature) {
+    PutOnThreeSizes(*this, {"ANT/1 360l/h", "1/ANT 360l/h"});
+    study.fluid_name = "Άλμη";
+    EXPECT_TRUE(WriteStudyFluid(bench, Brine(density, temperature)).ok());
+  }
+  float Density() { return LoadPassConditions(bench)->flow.density; }
+};
+
 TEST(Fluid, OfAnotherTemperatureTouchesNoRow) {
-  TestBench bench;
-  PutOnThreeSizes(bench, {"ANT/1 360l/h", "1/ANT 360l/h"});
-  bench.study.fluid_name = "Άλμη";
-  ASSERT_TRUE(WriteStudyFluid(bench.bench, Brine(1100, 69)).ok());
+  BrineBench bench(1100, 69);
   const std::string before = bench.Bytes();
   SizePipes(bench.bench, 1);
   EXPECT_EQ(bench.study.CalcStatus, -13);
@@ -137,37 +144,27 @@ TEST(Fluid, OfAnotherTemperatureTouchesNoRow) {
             "                                 ...!! ΔΙΟΡΘΩΣΤΕ ΑΝΑΛΟΓΩΣ !!...");
 }
 
-TEST(Fluid, GivesItsOwnViscosityAndDensity) {
-  TestBench bench;
-  PutOnThreeSizes(bench, {"ANT/1 360l/h", "1/ANT 360l/h"});
-  bench.study.fluid_name = "Άλμη";
-  ASSERT_TRUE(WriteStudyFluid(bench.bench, Brine(1100, 70)).ok());
+TEST(Fluid, GivesItsOwnViscosityAndADensityThatIsHeldUntilAnotherIsWritten) {
+  BrineBench bench(1100, 70);
   const auto pass = LoadPassConditions(bench.bench);
   ASSERT_TRUE(pass);
   EXPECT_EQ(pass->flow.viscosity, 2e-6F);
   EXPECT_EQ(pass->flow.density, 1100.0F);
   EXPECT_EQ(pass->flow.roughness, 0.045F);
-}
-
-TEST(Fluid, DensityIsHeldUntilAnotherFluidIsWritten) {
-  TestBench bench;
-  bench.PutNetwork({"ANT/1 360l/h", "1/ANT 360l/h"});
-  ASSERT_TRUE(WriteStudyFluid(bench.bench, Brine(1100, 70)).ok());
-  LoadPassConditions(bench.bench);
   // The file changes without the study's knowing.
   ASSERT_TRUE(bench.workspace.Rows<FluidRow>(work_file::kFluid).Write(1, Brine(900, 70)).ok());
-  EXPECT_EQ(LoadPassConditions(bench.bench)->flow.density, 1100.0F);
+  EXPECT_EQ(bench.Density(), 1100.0F);
   ASSERT_TRUE(WriteStudyFluid(bench.bench, Brine(950, 70)).ok());
-  EXPECT_EQ(LoadPassConditions(bench.bench)->flow.density, 950.0F);
+  EXPECT_EQ(bench.Density(), 950.0F);
 }
 
 TEST(Fluid, MissingFileMeansWaterOfAThousand) {
-  TestBench bench;
-  bench.PutNetwork({"ANT/1 360l/h", "1/ANT 360l/h"});
+  BrineBench bench(1100, 70);
+  bench.study.Density = 0;
   bench.workspace.Delete(work_file::kFluid);
-  EXPECT_EQ(LoadPassConditions(bench.bench)->flow.density, 1000.0F);
-  bench.study.fluid_name = "Άλμη";
   EXPECT_EQ(FaultOf([&] { LoadPassConditions(bench.bench); }), 57);
+  bench.study.fluid_name = kWaterName;
+  EXPECT_EQ(bench.Density(), 1000.0F);
 }
 
 TEST(Recalculation, KeepsDiametersAndMethodAndTakesTheRowsMaterial) {

@@ -59,50 +59,50 @@ FixedText<N> Text(const std::string& text) {
   return FixedText<N>::FromUtf8(text);
 }
 
-const SectionRow kSection = {.RecordNumber = 258,
-                             .SectionNo = 258,
-                             .Client = Text<51>("Μελετητής"),
-                             .Thema = Text<78>("Θέμα"),
-                             .Units = Text<8>("u"),
-                             .Material = Text<78>("STEEL"),
-                             .MeanTemp = 1,
-                             .BurChil = 3,
-                             .ANOIK = 0,
-                             .KLEIS = -1,
-                             .FileNumber = 12,
-                             .TOT = 259,
-                             .MeanVel = 0.1F,
-                             .Outlets = 4,
-                             .PAR = 2,
-                             .DP = 3,
-                             .INILAMDA = 1,
-                             .Name = MakeName("1", "2"),
-                             .WaterFlow = 4,
-                             .Length = 5,
-                             .AnglePOP = 6,
-                             .Elbow90 = 7,
-                             .GateValve = 11,
-                             .StrSwitch = 12,
-                             .AngSwitch = 13,
-                             .DiaTee = 14,
-                             .DieTee = 15,
-                             .AntiTee = 16,
-                             .SymboTee = 17,
-                             .CheckValve = 18,
-                             .OtherDrop_mm = 8,
-                             .OtherDrop_m = 1,
-                             .NomiDiam = Text<15>("1 1/4"),
-                             .Velocity = 2,
-                             .Area = 3,
-                             .InDiameter = -10000,
-                             .Reynolds = 4,
-                             .Lamda = 5,
-                             .FrictionRate = 6,
-                             .TotalDrop = 7,
-                             .Auxi = -1000,
-                             .AvaiPres = 8,
-                             .SomaDrop = 1,
-                             .HeightDiff = 0.1F};
+const SectionRow kSection = {258,
+                             258,
+                             Text<51>("Μελετητής"),
+                             Text<78>("Θέμα"),
+                             Text<8>("u"),
+                             Text<78>("STEEL"),
+                             1,
+                             3,
+                             0,
+                             -1,
+                             12,
+                             259,
+                             0.1F,
+                             4,
+                             2,
+                             3,
+                             1,
+                             MakeName("1", "2"),
+                             4,
+                             5,
+                             6,
+                             7,
+                             11,
+                             12,
+                             13,
+                             14,
+                             15,
+                             16,
+                             17,
+                             18,
+                             8,
+                             1,
+                             Text<15>("1 1/4"),
+                             2,
+                             3,
+                             -10000,
+                             4,
+                             5,
+                             6,
+                             7,
+                             -1000,
+                             8,
+                             1,
+                             0.1F};
 
 const std::string kSectionImage =
     "\x02\x01\x02\x01"s + Padded("\xCC\xE5\xEB\xE5\xF4\xE7\xF4\xDE\xF2", 51) +
@@ -115,51 +115,24 @@ const std::string kSectionImage =
 TEST(RecordImages, SectionRowStandsInItsBytes) { ExpectImage(kSection, kSectionImage); }
 
 TEST(RecordImages, PipeRowStandsInItsBytes) {
-  const PipeRow row = {.title = Text<78>("Σωλήνες"),
-                       .pipe_id = 513,
-                       .material = Text<30>("COPPER"),
-                       .nominal_diameter = Text<12>("12x1"),
-                       .reserved1 = 1,
-                       .inner_diameter = 2,
-                       .area = 3,
-                       .reserved2 = 4,
-                       .roughness = 0.1F,
-                       .reserved3 = 5};
-  ExpectImage(row, Padded("\xD3\xF9\xEB\xDE\xED\xE5\xF2", 78) + "\x01\x02" + Padded("COPPER", 30) +
-                       Padded("12x1", 12) + kOne + kTwo + kThree + kFour + kTenth + kFive);
+  ExpectImage(
+      PipeRow{Text<78>("Σωλήνες"), 513, Text<30>("COPPER"), Text<12>("12x1"), 1, 2, 3, 4, 0.1F, 5},
+      Padded("\xD3\xF9\xEB\xDE\xED\xE5\xF2", 78) + "\x01\x02" + Padded("COPPER", 30) +
+          Padded("12x1", 12) + kOne + kTwo + kThree + kFour + kTenth + kFive);
 }
 
 TEST(RecordImages, FluidRowStandsInItsBytes) {
-  const FluidRow row = {.row_number = 1,
-                        .name = Text<50>("Νερό"),
-                        .mean_temperature = kComputed,
-                        .reserved1 = 1,
-                        .viscosity = kComputed,
-                        .density = 1000,
-                        .reserved2 = 2};
-  ExpectImage(row, "\x01\x00"s + Padded("\xCD\xE5\xF1\xFC", 50) + kMinusTenThousand + kOne +
-                       kMinusTenThousand + "\x00\x00\x7A\x44"s + kTwo);
+  ExpectImage(FluidRow{1, Text<50>("Νερό"), kComputed, 1, kComputed, 1000, 2},
+              "\x01\x00"s + Padded("\xCD\xE5\xF1\xFC", 50) + kMinusTenThousand + kOne +
+                  kMinusTenThousand + "\x00\x00\x7A\x44"s + kTwo);
 }
 
 TEST(RecordImages, StatRowStandsInItsBytes) {
-  const StatRow row = {.RecordNumber = 5,
-                       .Client = Text<51>("a"),
-                       .Thema = Text<78>("b"),
-                       .Units = Text<8>("c"),
-                       .PipeMaterial = Text<78>("d"),
-                       .NomiDiameter = Text<12>("e"),
-                       .InDiameter = 1,
-                       .Length = 2,
-                       .FluidVolume = 3,
-                       .Corners = 4,
-                       .Elbows = 5,
-                       .GlobeV = 6,
-                       .StraightV = 7,
-                       .CornerV = 8,
-                       .CheckV = 0.1F};
-  ExpectImage(row, "\x05\x00"s + Padded("a", 51) + Padded("b", 78) + Padded("c", 8) +
-                       Padded("d", 78) + Padded("e", 12) + kOne + kTwo + kThree + kFour + kFive +
-                       kSix + kSeven + kEight + kTenth);
+  ExpectImage(StatRow{5, Text<51>("a"), Text<78>("b"), Text<8>("c"), Text<78>("d"), Text<12>("e"),
+                      1, 2, 3, 4, 5, 6, 7, 8, 0.1F},
+              "\x05\x00"s + Padded("a", 51) + Padded("b", 78) + Padded("c", 8) + Padded("d", 78) +
+                  Padded("e", 12) + kOne + kTwo + kThree + kFour + kFive + kSix + kSeven + kEight +
+                  kTenth);
 }
 
 TEST(RecordImages, PostponedRowStandsInItsBytes) {

@@ -3,7 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "study/fault.h"
-#include "tests/support/test_bench.h"
+#include "tests/support/same_row.h"
+#include "tests/support/sample_study.h"
 
 namespace kalvo {
 namespace {
@@ -14,8 +15,6 @@ Outcome At(TestBench& bench, int number, Outcome (*operation)(Workbench&)) {
   bench.study.CurrentRow = static_cast<std::int16_t>(number);
   return operation(bench.bench);
 }
-
-void Delete(TestBench& bench, int number) { ASSERT_TRUE(At(bench, number, DeleteSectionRow).ok()); }
 
 void InsertBefore(TestBench& bench, int number) {
   ASSERT_TRUE(At(bench, number, InsertSectionRow).ok());
@@ -31,124 +30,101 @@ void ExpectNumberedInOrder(const TestBench& bench) {
   EXPECT_EQ(bench.study.SectionTable.size(), static_cast<std::size_t>(number));
 }
 
-// Marks of the rows, in row order.
-std::vector<int> PlantMarks(const TestBench& bench) {
-  std::vector<int> marks;
-  for (const SectionRow& row : bench.Rows()) {
-    marks.push_back(row.Auxi);
-    EXPECT_EQ(row.BurChil, bench.study.plant_section);
+constexpr auto kDelete = &DeleteSectionRow;
+constexpr auto kInsert = &InsertSectionRow;
+
+struct Change {
+  Outcome (*operation)(Workbench&);
+  int place;
+  SystemKind kind;
+  const char* lines;
+  const char* names;
+};
+
+TEST(RowOperations, NumberTheRowsAnewAndOpenNamesFollow) {
+  for (const auto& [operation, place, kind, lines, names] :
+       {Change{kDelete, 2, SystemKind::kClosed, "ANT/1,1/2,2/3,3/ANT", "ANT/1  |  2/3  |  3/ANT"},
+        // own numbers are renewed, feeders stay as they are
+        Change{kDelete, 2, SystemKind::kOpen, "1/ANT,2/1,3/2,4/3", "  1/ANT|  2/2  |  3/3  "},
+        // every feeder but the source is shifted
+        Change{kInsert, 1, SystemKind::kOpen, "1/ANT,2/1,3/2", "  1/ANT|  2/ANT|  3/2  |  4/3  "},
+        // a later row fed from before the place keeps its name
+        Change{kInsert, 3, SystemKind::kOpen, "9/ANT,2/1,3/2,4/1,5/ANT,6/3,7/99",
+               "  1/ANT|  2/1  |  3/2  |  4/2  |  4/1  |  5/ANT|  7/4  |  8/100"}}) {
+    TestBench bench(kind);
+    bench.PutNetwork(Lines(lines));
+    ASSERT_TRUE(At(bench, place, operation).ok());
+    EXPECT_EQ(Joined(bench.Names()), names);
+    EXPECT_EQ(bench.study.CurrentRow, place);
+    EXPECT_TRUE(bench.study.unsaved_changes);
+    EXPECT_FALSE(bench.workspace.Exists(work_file::kRebuilt));
+    ExpectNumberedInOrder(bench);
   }
-  return marks;
 }
 
-TEST(DeleteSectionRow, OnlyRowAndMissingFileGiveMessage121AndNothingElse) {
-  TestBench bench;
-  Delete(bench, 1);
-  EXPECT_FALSE(bench.workspace.Exists(work_file::kRows));
-  bench.PutNetwork({"ANT/ANT 5m"});
-  const std::string before = bench.Bytes();
-  Delete(bench, 1);
-  EXPECT_EQ(bench.prompter.codes(), (std::vector<int>{121, 121}));
-  EXPECT_EQ(bench.Bytes(), before);
-  EXPECT_FALSE(bench.study.unsaved_changes);
+struct PlantMove {
+  Outcome (*operation)(Workbench&);
+  int place;
+  const char* lines;
+  std::int16_t plant;
+  std::vector<std::int16_t> marks;
+};
+
+TEST(RowOperations, PlantSectionFollowsItsRow) {
+  for (const auto& [operation, place, lines, plant, marks] :
+       {PlantMove{kDelete, 3, "ANT/1,1/2 plant,2/ANT", 2, {0, 2}},
+        PlantMove{kDelete, 1, "ANT/1,1/2 plant,2/ANT", 1, {1, 0}},
+        PlantMove{kDelete, 1, "ANT/1 plant,1/2,2/ANT", 0, {0, 0}},
+        PlantMove{kInsert, 1, "ANT/1 plant,1/ANT", 2, {0, 2, 0}},
+        PlantMove{kInsert, 2, "ANT/1,1/2 plant,2/ANT", 3, {0, 0, 2, 0}}}) {
+    TestBench bench;
+    bench.PutNetwork(Lines(lines));
+    ASSERT_TRUE(At(bench, place, operation).ok());
+    EXPECT_EQ(bench.study.plant_section, plant);
+    EXPECT_EQ(bench.Column(&SectionRow::Auxi), marks);
+    EXPECT_EQ(bench.Column(&SectionRow::BurChil), std::vector<std::int16_t>(marks.size(), plant));
+  }
 }
 
-TEST(DeleteSectionRow, ClosedNamesStayAndTheRowInHandIsTheNextOrTheLast) {
+TEST(RowOperations, OnTheOnlyRowOrNoneGiveTheirMessageAndNothingElse) {
+  for (const auto& [operation, code] : {std::pair{kDelete, 121}, std::pair{kInsert, 122}}) {
+    TestBench bench;
+    ASSERT_TRUE(At(bench, 1, operation).ok());
+    EXPECT_FALSE(bench.workspace.Exists(work_file::kRows));
+    bench.PutNetwork({"ANT/ANT 5m"});
+    const FolderImage before = ImageOf(bench.work_disk, TestBench::kProgramFolder);
+    ASSERT_TRUE(At(bench, 1, operation).ok());
+    EXPECT_EQ(bench.prompter.codes(), (std::vector<int>{code, code}));
+    EXPECT_EQ(ImageOf(bench.work_disk, TestBench::kProgramFolder), before);
+    EXPECT_FALSE(bench.study.unsaved_changes);
+  }
+}
+
+TEST(DeleteSectionRow, RowInHandIsTheNextOrTheLast) {
   TestBench bench;
   bench.PutNetwork({"ANT/1 5m", "1/2 4m", "2/3 3m", "3/ANT 2m"});
-  Delete(bench, 2);
-  EXPECT_EQ(bench.Names(), (Texts{"ANT/1  ", "  2/3  ", "  3/ANT"}));
-  EXPECT_EQ(bench.study.CurrentRow, 2);
+  ASSERT_TRUE(At(bench, 2, DeleteSectionRow).ok());
   EXPECT_EQ(bench.study.row.Length, 3.0F);
-  Delete(bench, 3);
+  ASSERT_TRUE(At(bench, 3, DeleteSectionRow).ok());
   EXPECT_EQ(bench.study.CurrentRow, 2);
-  EXPECT_TRUE(bench.study.unsaved_changes);
-  EXPECT_FALSE(bench.workspace.Exists(work_file::kRebuilt));
-  ExpectNumberedInOrder(bench);
-}
-
-TEST(DeleteSectionRow, OpenRowsTakeTheirNewNumberButFeedersStayAsTheyAre) {
-  TestBench bench(SystemKind::kOpen);
-  bench.PutNetwork({"1/ANT 5m", "2/1 4m", "3/2 3m", "4/3 2m"});
-  Delete(bench, 2);
-  EXPECT_EQ(bench.Names(), (Texts{"  1/ANT", "  2/2  ", "  3/3  "}));
-  ExpectNumberedInOrder(bench);
-}
-
-TEST(DeleteSectionRow, PlantSectionFollowsItsRow) {
-  TestBench bench;
-  bench.PutNetwork({"ANT/1 5m", "1/2 4m plant", "2/ANT 3m"});
-  Delete(bench, 3);
-  EXPECT_EQ(PlantMarks(bench), (std::vector<int>{0, 2}));
-  bench.PutNetwork({"ANT/1 5m", "1/2 4m plant", "2/ANT 3m"});
-  Delete(bench, 1);
-  EXPECT_EQ(bench.study.plant_section, 1);
-  EXPECT_EQ(PlantMarks(bench), (std::vector<int>{1, 0}));
-}
-
-TEST(DeleteSectionRow, DeletedPlantSectionIsGone) {
-  TestBench bench;
-  bench.PutNetwork({"ANT/1 5m plant", "1/2 4m", "2/ANT 3m"});
-  Delete(bench, 1);
-  EXPECT_EQ(bench.study.plant_section, 0);
-  EXPECT_EQ(PlantMarks(bench), (std::vector<int>{0, 0}));
-}
-
-TEST(InsertSectionRow, OnlyRowAndMissingFileGiveMessage122AndNothingElse) {
-  TestBench bench;
-  InsertBefore(bench, 1);
-  bench.PutNetwork({"ANT/ANT 5m"});
-  const std::string before = bench.Bytes();
-  InsertBefore(bench, 1);
-  EXPECT_EQ(bench.prompter.codes(), (std::vector<int>{122, 122}));
-  EXPECT_EQ(bench.Bytes(), before);
-  EXPECT_FALSE(bench.workspace.Exists(work_file::kRowsBeforeInsert));
 }
 
 TEST(InsertSectionRow, PutsACopyWithoutPlantAndEmitterBeforeTheRow) {
   TestBench bench;
   bench.PutNetwork({"ANT/1 5m", "1/2 4m 3elbows 1up plant soma 300l/h 500mm", "2/ANT 3m"});
   const std::string before = bench.Bytes();
-  const SectionRow original = bench.Row(2);
+  SectionRow expected = bench.Row(2);
   InsertBefore(bench, 2);
   EXPECT_EQ(bench.Names(), (Texts{"ANT/1  ", "  1/2  ", "  1/2  ", "  2/ANT"}));
-  SectionRow expected = original;
   expected.Auxi = 0;
   expected.BurChil = 3;
   expected.WaterFlow = expected.SomaDrop = expected.HeightDiff = 0;
-  EXPECT_EQ(EncodeRows<SectionRow>({&bench.study.row, 1}), EncodeRows<SectionRow>({&expected, 1}));
+  ExpectSameRow(bench.study.row, expected);
   EXPECT_EQ(bench.Row(3).SomaDrop, 500.0F);
   EXPECT_EQ(bench.Row(3).WaterFlow, 300.0F);
-  EXPECT_EQ(bench.study.plant_section, 3);
-  EXPECT_EQ(PlantMarks(bench), (std::vector<int>{0, 0, 2, 0}));
   EXPECT_EQ(bench.Bytes(work_file::kRowsBeforeInsert), before);
   EXPECT_EQ(bench.study.CurrentRow, 2);
   ExpectNumberedInOrder(bench);
-}
-
-TEST(InsertSectionRow, BeforeRowOneOfAnOpenNetworkShiftsEveryFeederButTheSource) {
-  TestBench bench(SystemKind::kOpen);
-  bench.PutNetwork({"1/ANT 5m", "2/1 4m", "3/2 3m"});
-  InsertBefore(bench, 1);
-  EXPECT_EQ(bench.Names(), (Texts{"  1/ANT", "  2/ANT", "  3/2  ", "  4/3  "}));
-  ExpectNumberedInOrder(bench);
-}
-
-TEST(InsertSectionRow, LaterRowFedFromBeforeThePlaceKeepsItsName) {
-  TestBench bench(SystemKind::kOpen);
-  bench.PutNetwork({"9/ANT 5m", "2/1 4m", "3/2 3m", "4/1 2m", "5/ANT 1m", "6/3 1m", "7/99 1m"});
-  InsertBefore(bench, 3);
-  EXPECT_EQ(bench.Names(), (Texts{"  1/ANT", "  2/1  ", "  3/2  ", "  4/2  ", "  4/1  ", "  5/ANT",
-                                  "  7/4  ", "  8/100"}));
-  ExpectNumberedInOrder(bench);
-}
-
-TEST(InsertSectionRow, MovedPlantOfRowOneIsNoLongerTheFirst) {
-  TestBench bench;
-  bench.PutNetwork({"ANT/1 5m plant", "1/ANT 4m"});
-  InsertBefore(bench, 1);
-  EXPECT_EQ(bench.study.plant_section, 2);
-  EXPECT_EQ(PlantMarks(bench), (std::vector<int>{0, 2, 0}));
 }
 
 TEST(InsertSectionRow, NumberTooLongForANameIsAFaultAndNothingChanges) {

@@ -74,28 +74,19 @@ TEST(WriteStudy, ComesBackByteForByte) {
   }
 }
 
-TEST(WriteStudy, KeepsTheCaseOfNamesThatAreThere) {
+TEST(WriteStudy, KeepsTheCaseOfItsNamesAndLeavesOthersInAnotherCaseAlone) {
   TestBench bench;
   PutSampleStudy(bench.bench, "Κτίριο");
-  for (const char* name : {"b.pck", "b.stc", "b.Wnt", "b.lqd"}) {
+  for (const char* name : {"b.pck", "b.stc", "b.Wnt", "B.LQD", "B.PCK"}) {
     PutMain(bench, name, "old");
   }
   Save(bench, "b.PCK");
   EXPECT_EQ(NamesOf(Studies(bench)),
-            (std::vector<std::string>{"b.Wnt", "b.lqd", "b.pck", "b.stc"}));
+            (std::vector<std::string>{"B.LQD", "B.PCK", "b.LQD", "b.Wnt", "b.pck", "b.stc"}));
   EXPECT_EQ(Studies(bench).at("b.pck"), bench.Bytes());
-  EXPECT_EQ(bench.study.study_path, kStudies / "b.pck");
-}
-
-TEST(WriteStudy, LeavesTheFilesOfANameInAnotherCaseAlone) {
-  TestBench bench;
-  PutSampleStudy(bench.bench, "Κτίριο");
-  PutMain(bench, "B.PCK", "another study");
-  PutMain(bench, "B.LQD", "its fluid");
-  Save(bench, "b.PCK");
-  EXPECT_EQ(Studies(bench).at("B.PCK"), "another study");
-  EXPECT_EQ(Studies(bench).at("B.LQD"), "its fluid");
   EXPECT_EQ(Studies(bench).at("b.LQD"), bench.Bytes(work_file::kFluid));
+  EXPECT_EQ(Studies(bench).at("B.PCK") + Studies(bench).at("B.LQD"), "oldold");
+  EXPECT_EQ(bench.study.study_path, kStudies / "b.pck");
 }
 
 TEST(WriteStudy, LeavesSideFilesThatHaveNoSuccessor) {
@@ -161,13 +152,18 @@ TEST(WriteStudy, ClearsResultsThatAreStaleOrNotValid) {
   }
 }
 
-TEST(WriteStudy, RefusesToSaveWithoutRows) {
+TEST(WriteStudy, SavesNothingWithoutRowsOrOnEscape) {
   TestBench bench;
   PutMain(bench, "b.PCK", "old");
   bench.study.study_path = kStudies / "b.PCK";
   EXPECT_FALSE(WriteStudy(bench.bench).ok());
   EXPECT_EQ(bench.prompter.codes(), std::vector<int>{139});
-  EXPECT_EQ(Studies(bench).at("b.PCK"), "old");
+  PutSampleStudy(bench.bench, "Κτίριο");
+  bench.study.last_study_path = kStudies / "b.PCK";
+  bench.study.study_path = kEscape;
+  EXPECT_TRUE(WriteStudy(bench.bench).ok());
+  EXPECT_EQ(bench.study.study_path, kStudies / "b.PCK");
+  EXPECT_EQ(Studies(bench), (FolderImage{{"b.PCK", "old"}}));
 }
 
 TEST(WriteStudy, RefusesAPathWithoutAName) {
@@ -197,16 +193,6 @@ TEST(WriteStudy, RefusesAWorkFileThatALoadWouldRefuse) {
     EXPECT_TRUE(Studies(bench).empty());
     EXPECT_TRUE(bench.study.unsaved_changes);
   }
-}
-
-TEST(WriteStudy, WritesNothingOnEscape) {
-  TestBench bench;
-  PutSampleStudy(bench.bench, "Κτίριο");
-  bench.study.last_study_path = kStudies / "a.PCK";
-  bench.study.study_path = kEscape;
-  EXPECT_TRUE(WriteStudy(bench.bench).ok());
-  EXPECT_EQ(bench.study.study_path, kStudies / "a.PCK");
-  EXPECT_TRUE(Studies(bench).empty());
 }
 
 // A study that is saved over an older save of the same name, on a disk that can fail.

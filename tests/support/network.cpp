@@ -92,6 +92,16 @@ SectionRow HeaderOf(const NetworkHeader& header) {
 
 }  // namespace
 
+std::vector<std::string_view> Lines(std::string_view text) {
+  std::vector<std::string_view> lines;
+  while (!text.empty()) {
+    const std::size_t end = std::min(text.find(','), text.size());
+    lines.push_back(text.substr(0, end));
+    text.remove_prefix(std::min(end + 1, text.size()));
+  }
+  return lines;
+}
+
 std::vector<SectionRow> Network(const std::vector<std::string_view>& lines,
                                 const NetworkHeader& header) {
   std::vector<SectionRow> rows;

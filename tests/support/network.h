@@ -18,6 +18,9 @@ struct NetworkHeader {
   std::string material = "STEEL";
 };
 
+/// The lines of a network that stand in one text, parted by commas.
+std::vector<std::string_view> Lines(std::string_view text);
+
 /// Rows of a study that is not calculated, one for each line:
 ///
 ///     ANT/1 12.5m 2 elbows 1 valves plant

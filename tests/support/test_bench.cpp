@@ -49,6 +49,14 @@ std::vector<PipeRow> CopperPipes() {
   return Pipes("Χαλκοσωλήνες", kCopperWord, 0.0015F, kCopperSizes);
 }
 
+std::string Joined(const std::vector<std::string>& texts) {
+  std::string joined;
+  for (const std::string& text : texts) {
+    joined += (joined.empty() ? "" : "|") + text;
+  }
+  return joined;
+}
+
 void PutPipes(TestBench& bench, std::string_view file_name, std::span<const PipeRow> rows) {
   const auto path = bench.workspace.library_folder() / file_name;
   EXPECT_TRUE(bench.outer_disk.Write(path, EncodeRows(rows)).ok());
@@ -118,6 +126,14 @@ std::vector<std::string> TestBench::Names() const {
   std::vector<std::string> names;
   for (const SectionRow& row : Rows()) {
     names.push_back(FromCodePage(row.Name.bytes()));
+  }
+  return names;
+}
+
+std::vector<std::string> TestBench::Diameters() const {
+  std::vector<std::string> names;
+  for (const SectionRow& row : Rows()) {
+    names.push_back(row.NomiDiam.Utf8());
   }
   return names;
 }

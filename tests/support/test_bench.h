@@ -1,5 +1,7 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <span>
 #include <string>
 #include <string_view>
@@ -47,12 +49,34 @@ class TestBench {
   /// Row `number` of the study; the test fails when there is none.
   [[nodiscard]] SectionRow Row(int number) const;
 
-  /// Names of the rows, blanks as they stand.
+  /// Names of the rows, blanks as they stand, and their nominal diameters without any.
   [[nodiscard]] std::vector<std::string> Names() const;
+  [[nodiscard]] std::vector<std::string> Diameters() const;
+
+  /// One field's values, row by row.
+  template <typename Value>
+  [[nodiscard]] std::vector<Value> Column(Value SectionRow::*field) const {
+    std::vector<Value> values;
+    for (const SectionRow& row : Rows()) {
+      values.push_back(row.*field);
+    }
+    return values;
+  }
+
+  /// Writes row `number` anew as `change` makes it; what the study knows of the rows stays.
+  template <typename Change>
+  void ChangeRow(int number, Change&& change) {
+    SectionRow row = Row(number);
+    change(row);
+    EXPECT_TRUE(workspace.Rows().Write(number, row).ok());
+  }
 
   /// Bytes of a work file, "(missing)" when it is not there.
   [[nodiscard]] std::string Bytes(std::string_view name = work_file::kRows) const;
 };
+
+/// Texts in one, parted by "|".
+std::string Joined(const std::vector<std::string>& texts);
 
 /// Writes a pipe system as file `file_name` into the bench's library folder.
 void PutPipes(TestBench& bench, std::string_view file_name, std::span<const PipeRow> rows);
