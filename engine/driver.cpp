@@ -6,6 +6,7 @@
 #include "engine/pipe_stats.h"
 #include "engine/sizing.h"
 #include "engine/trap.h"
+#include "study/tables.h"
 
 namespace kalvo {
 
@@ -90,6 +91,7 @@ void RunPasses(Workbench& bench, Method method) {
     RunNext(bench, [&] { SizePipes(bench, static_cast<int>(method)); });
     RunNext(bench, [&] { FindPressures(bench, method); });
     RunNext(bench, [&] { WriteStatistics(bench); });
+    RunNext(bench, [&] { KeepCalculatedDiameters(study, RowStore(bench.workspace).rows()); });
   }
   study.MeanVel = design_velocity;
   study.CalcAborted = study.CalcStatus == calc_status::kBrokenOff;

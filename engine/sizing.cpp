@@ -139,12 +139,8 @@ void SizePipes(Workbench& bench, int method) {
   if (!pass) {
     return;
   }
-  Study& study = bench.study;
-  study.InitialDiameters.clear();
-  FillRows(bench, *pass, work_file::kRows, [&](SectionRow& row) {
-    SizeRow(study, *pass, method, row);
-    study.InitialDiameters.push_back(row.NomiDiam.Utf8());
-  });
+  FillRows(bench, *pass, work_file::kRows,
+           [&](SectionRow& row) { SizeRow(bench.study, *pass, method, row); });
 }
 
 void RecalculateRows(Workbench& bench) {

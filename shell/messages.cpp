@@ -78,6 +78,12 @@ Box ConfirmOverwriteBox() {
           276};
 }
 
+bool ConfirmOverwrite(Workbench& bench) {
+  const bool replace = bench.Ask(ConfirmOverwriteBox()) == Answer::kYes;
+  bench.study.CalcStatus = replace ? calc_status::kNameAccepted : calc_status::kRefused;
+  return replace;
+}
+
 std::string BoxText(const Box& box) {
   std::string text = "\n";
   for (std::size_t i = 0; i < box.lines.size(); ++i) {

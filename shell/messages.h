@@ -3,8 +3,7 @@
 #include <optional>
 #include <string>
 
-#include "study/prompter.h"
-#include "study/study.h"
+#include "study/workbench.h"
 
 namespace kalvo {
 
@@ -18,8 +17,10 @@ std::optional<Box> MessageFor(int code, const Study& study, Separators separator
 /// unknown codes.
 Answer AnswerOf(int code, Answer given);
 
-/// Asks whether a file that is there already may be replaced.
+/// Asks whether a file that is there already may be replaced. `CalcStatus` becomes 10 on yes, -1
+/// otherwise; the file stays until the save replaces it.
 Box ConfirmOverwriteBox();
+bool ConfirmOverwrite(Workbench& bench);
 
 /// The text inside the box: a line break before the first line and one between lines.
 std::string BoxText(const Box& box);

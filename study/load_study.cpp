@@ -75,28 +75,39 @@ void TakeRows(Study& study, const Rows& rows) {
   study.plant_section = header.Auxi != 0 ? header.RecordNumber : std::int16_t{0};
   study.study_title = header.Thema.Utf8();
   study.results_valid = study.PumpHead != 0.0F && study.TotalFlowM3h != 0.0F;
-  study.old_diameters.clear();
+  study.CalculatedDiameters.clear();
   if (study.results_valid) {
-    for (const SectionRow& row : rows) {
-      study.old_diameters.emplace_back(row.NomiDiam.Utf8());
-    }
+    KeepCalculatedDiameters(study, rows);
   }
   RefreshSectionTable(study, rows);
 }
 
+// Whether the emitter file says the same as the rows do.
+bool SameEmitters(const Rows& file, const Rows& rows) {
+  return std::equal(file.begin(), file.end(), rows.begin(), rows.end(),
+                    [](const SectionRow& a, const SectionRow& b) {
+                      return a.RecordNumber == b.RecordNumber && a.Name == b.Name &&
+                             a.WaterFlow == b.WaterFlow && a.SomaDrop == b.SomaDrop;
+                    });
+}
+
 Outcome TakeEmitters(Workbench& bench, const Rows& rows) {
-  Rows emitters = RowsWithEmitter(rows);
+  const Rows emitters = RowsWithEmitter(rows);
   RefreshEmitterTable(bench.study, emitters);
-  if (emitters.empty()) {
-    return Done{};
-  }
-  // In recovery the file may hold emitters whose sections were deleted: they are not lost.
   RowFile<SectionRow> file = bench.workspace.Rows(work_file::kEmitters);
-  if (const auto left = file.ReadAll(); left && left->size() > emitters.size()) {
-    const auto tail = left->begin() + static_cast<std::ptrdiff_t>(emitters.size());
-    emitters.insert(emitters.end(), tail, left->end());
+  // In recovery the file may hold what the rows do not know yet, or emitters of sections that were
+  // deleted or moved since: the user looks at them before anything takes them for the truth.
+  if (bench.workspace.HasBytes(work_file::kEmitters)) {
+    const auto left = file.ReadAll();
+    if (!left) {
+      return left.error();
+    }
+    if (!SameEmitters(*left, emitters)) {
+      bench.study.emitters_unchecked = true;
+      return Done{};
+    }
   }
-  return file.WriteAll(emitters);
+  return emitters.empty() ? Outcome(Done{}) : file.WriteAll(emitters);
 }
 
 // A study's files as they were read, nothing of the open study touched yet.
@@ -111,14 +122,17 @@ struct FoundStudy {
 };
 
 // True when a companion's base, spelled as no other file of the study, is that of another study
-// which stands in the folder too.
+// which stands in the folder too, of either kind.
 bool BelongsToAnother(const Workbench& bench, const std::filesystem::path& companion) {
-  const std::filesystem::path& main = bench.study.study_path;
   const std::string name = companion.filename().string();
-  const std::string base(BaseOf(name));
-  const std::string extension(ExtensionsOf(bench.study.system_kind).main);
-  return base != BaseOf(main.filename().string()) &&
-         bench.workspace.outer_disk().Exists(main.parent_path() / (base + extension));
+  const std::string main = bench.study.study_path.filename().string();
+  if (BaseOf(name) == BaseOf(main)) {
+    return false;
+  }
+  const auto entries = bench.workspace.outer_disk().List(companion.parent_path());
+  return std::any_of(entries.begin(), entries.end(), [&](const std::string& entry) {
+    return entry != main && BaseOf(entry) == BaseOf(name) && KindOfName(entry) != SystemKind::kNone;
+  });
 }
 
 // A companion of the study at `study path`, none when the kind or the folder has none.
@@ -308,12 +322,14 @@ Result<std::vector<SectionRow>> ProveLoadable(const Workbench& bench,
   if (const std::string bad = FirstBadNumber(rows); !bad.empty()) {
     return FileError{file, bad};
   }
-  const std::int16_t number = HeaderRow(rows).FileNumber;
-  if (number < 1 || number > static_cast<int>(bench.pipes.size())) {
-    return FileError{file, "Δεν υπάρχει το Σύστημα Σωλήνων Νο " + std::to_string(number)};
-  }
-  if (const auto pipes = ReadPipeSystem(bench.workspace, number); !pipes) {
-    return pipes.error();
+  // The header's is loaded; a save goes by the first row's.
+  for (const std::int16_t number : {HeaderRow(rows).FileNumber, rows.front().FileNumber}) {
+    if (number < 1 || number > static_cast<int>(bench.pipes.size())) {
+      return FileError{file, "Δεν υπάρχει το Σύστημα Σωλήνων Νο " + std::to_string(number)};
+    }
+    if (const auto pipes = ReadPipeSystem(bench.workspace, number); !pipes) {
+      return pipes.error();
+    }
   }
   return rows;
 }

@@ -173,9 +173,13 @@ Outcome StoreSectionRow(Workbench& bench, const SectionEntry& entry, Separators 
   if (!results_valid) {
     ClearResults(row);
   }
+  // Which sections are outlets hangs on the feeders: the entry of the outlets has to follow.
+  const bool new_feeder =
+      study.SystemOpen() && !is_new && RightNode(row.Name) != RightNode(rows[at].Name);
   if (Outcome written = file.Write(row.RecordNumber, row); !written) {
     return written;
   }
+  study.NameErrors = study.NameErrors || new_feeder;
   rows.resize(std::max(rows.size(), at + 1));
   rows[at] = row;
   study.unsaved_changes = is_unsaved || is_new;

@@ -101,8 +101,7 @@ struct Study {
   std::vector<SectionLine> SectionTable;
   std::vector<EmitterLine> EmitterTable;
   std::vector<EmitterLine> WinterEmitterTable;
-  std::vector<std::string> old_diameters;  ///< `NomiDiam` by row, trimmed
-  std::vector<std::string> InitialDiameters;
+  std::vector<FixedText<15>> CalculatedDiameters;  ///< `NomiDiam` by row, of the last full run
   std::vector<StatRow> PipeStats;
   std::optional<LostWalk> lost_walk;
 

@@ -15,6 +15,13 @@ void RefreshSectionTable(Study& study, std::span<const SectionRow> rows) {
   }
 }
 
+void KeepCalculatedDiameters(Study& study, std::span<const SectionRow> rows) {
+  study.CalculatedDiameters.clear();
+  for (const SectionRow& row : rows) {
+    study.CalculatedDiameters.push_back(row.NomiDiam);
+  }
+}
+
 void RefreshEmitterTable(Study& study, std::span<const SectionRow> emitters) {
   study.EmitterCount = ToInt16(static_cast<double>(emitters.size()));
   study.EmitterTable.clear();

@@ -10,6 +10,9 @@ namespace kalvo {
 /// Faults: 6 for more rows than 16 bits count; nothing is then changed.
 void RefreshSectionTable(Study& study, std::span<const SectionRow> rows);
 
+/// Refills `CalculatedDiameters` from the rows of a run.
+void KeepCalculatedDiameters(Study& study, std::span<const SectionRow> rows);
+
 /// Refills `EmitterTable` and `EmitterCount` from `emitters`, one line a row. Faults: as above.
 void RefreshEmitterTable(Study& study, std::span<const SectionRow> emitters);
 

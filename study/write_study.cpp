@@ -9,6 +9,9 @@ namespace kalvo {
 
 namespace {
 
+// Stale results are not saved, nor the quantities that go with them.
+bool ResultsStand(const Study& study) { return study.results_valid && !study.recalculation_needed; }
+
 void ClearRowResults(const Study& study, SectionRow& row) {
   row.MeanTemp = study.MeanTemp;
   row.FileNumber = study.pipe_system_number;
@@ -37,7 +40,7 @@ Result<std::string> PrepareRows(Workbench& bench) {
   }
   for (SectionRow& row : rows.value()) {
     row.Material = FixedText<78>::FromUtf8(study.pipe_material);
-    if (study.recalculation_needed || !study.results_valid) {
+    if (!ResultsStand(study)) {
       ClearRowResults(study, row);
     }
   }
@@ -128,7 +131,7 @@ Outcome SaveFiles(Workbench& bench, std::string rows) {
       outcome = RefreshSequence(bench);
       outcome = outcome ? family.AddSequence(extensions.sequence) : outcome;
     }
-    if (outcome) {
+    if (outcome && ResultsStand(study)) {
       outcome = family.AddRows<StatRow>(work_file::kStatistics, extensions.statistics);
     }
   }

@@ -8,6 +8,7 @@
 
 #include "shell/message_style.h"
 #include "shell/message_table.h"
+#include "tests/support/test_bench.h"
 
 namespace kalvo {
 namespace {
@@ -221,6 +222,12 @@ TEST(Messages, OverwritingIsAskedWithNoTheDefault) {
   EXPECT_EQ(box.title, "  ! !   ΠΡΟΣΟΧΗ   ! ! ");
   EXPECT_EQ(BoxText(box), "\n!! Το Αρχείο αυτό, υπάρχει ήδη !!\nΘέλετε να το αντικαταστήσω ?");
   EXPECT_EQ(StyleOf(box.style).DefaultAnswer(), Answer::kNo);
+  TestBench bench;
+  for (const auto& [answer, status] : {std::pair{Answer::kYes, 10}, std::pair{Answer::kNo, -1}}) {
+    bench.prompter.Expect(box.title, answer);
+    EXPECT_EQ(ConfirmOverwrite(bench.bench), answer == Answer::kYes);
+    EXPECT_EQ(bench.study.CalcStatus, status);
+  }
 }
 
 TEST(MessageStyle, GivesButtonsIconAndDefault) {

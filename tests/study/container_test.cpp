@@ -37,7 +37,8 @@ TEST(LoadStudy, TakesAStudyThatIsItsMainFileAlone) {
   EXPECT_EQ(study.MeanTemp, 55.0F) << "the header is the plant section's";
   EXPECT_EQ(study.PumpHead, 1.5F);
   EXPECT_TRUE(study.results_valid);
-  EXPECT_EQ(study.old_diameters, (std::vector<std::string>{"3/4", "3/4", "3/4"}));
+  EXPECT_EQ(study.CalculatedDiameters,
+            std::vector<FixedText<15>>(3, FixedText<15>::FromUtf8("3/4")));
   EXPECT_EQ(study.EmitterCount, 2);
   EXPECT_EQ(study.SectionCount, 3);
   EXPECT_EQ(study.study_base_name, "b");
@@ -55,7 +56,7 @@ TEST(LoadStudy, NeedsTotalFlowAndHeadForValidResultsAndTheOutletsOfItsRows) {
     PutMain(bench, "b.PCK", rows);
     ASSERT_TRUE(Load(bench, "b.PCK"));
     EXPECT_FALSE(bench.study.results_valid);
-    EXPECT_TRUE(bench.study.old_diameters.empty());
+    EXPECT_TRUE(bench.study.CalculatedDiameters.empty());
     EXPECT_EQ(bench.study.EmitterCount, 2);
     EXPECT_EQ(bench.study.EmitterTable.size(), 2U);
     EXPECT_TRUE(bench.study.unsaved_changes) << "other outlets than the rows have";
@@ -157,14 +158,27 @@ TEST(LoadStudy, RecoversWhatStandsInTheWorkFilesWithEmittersOfDeletedSections) {
     EXPECT_EQ(bench.Bytes(), rows);
     EXPECT_EQ(bench.Bytes(work_file::kFluid), fluid);
     EXPECT_EQ(bench.Rows(work_file::kEmitters).size(), std::max<std::size_t>(left, 2));
+    EXPECT_EQ(bench.study.emitters_unchecked, left != 0);
     EXPECT_FALSE(bench.workspace.Exists(work_file::kRecentFiles));
   }
+  TestBench odd;
+  PutSampleStudy(odd.bench, "Ημιτελής");
+  ASSERT_TRUE(odd.workspace.Write(work_file::kEmitters, "odd").ok());
+  odd.study.recovery = true;
+  LoadStudy(odd.bench);
+  EXPECT_EQ(odd.study.CalcStatus, -1);
+  EXPECT_EQ(odd.Bytes(work_file::kEmitters), "odd");
 }
 
 TEST(LoadStudy, LeavesTheCompanionsOfAnotherStudyAlone) {
   TestBench bench;
   SaveSample(bench, "FOO.PCK", "Άλλη");
-  PutMain(bench, "foo.PCK", EncodeRows<SectionRow>(SampleRows(SystemKind::kClosed, "Κτίριο")));
+  const std::string rows = EncodeRows<SectionRow>(SampleRows(SystemKind::kClosed, "Κτίριο"));
+  PutMain(bench, "foo.PCK", rows);
+  ASSERT_TRUE(Load(bench, "foo.PCK"));
+  EXPECT_EQ(bench.study.fluid_name, kWaterName);
+  ASSERT_TRUE(bench.outer_disk.Remove(kStudies / "FOO.PCK").ok());
+  PutMain(bench, "FOO.pca", rows);
   ASSERT_TRUE(Load(bench, "foo.PCK"));
   EXPECT_EQ(bench.study.fluid_name, kWaterName);
 }

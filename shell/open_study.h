@@ -1,0 +1,11 @@
+#pragma once
+
+#include "study/load_study.h"
+
+namespace kalvo {
+
+/// Loads the study at `study path` as every front-end does: LoadStudy(), and for valid results the
+/// `critical branch` found again from them, whatever an old file tells of it.
+void OpenStudyFile(Workbench& bench, RecentList recent);
+
+}  // namespace kalvo
