@@ -40,11 +40,10 @@ fs::path MakeTemporaryFolder() {
 
 StudyFiles::StudyFiles(int sections) : folder_(MakeTemporaryFolder()) {
   RealDisk disk;
-  NoWait clock;
-  const Workspace workspace(disk, folder_, disk, KALVO_LIBRARY_DIR, clock);
+  const MemoryWorkspace workspace(KALVO_LIBRARY_DIR);
   const fs::path fluid_path = path().replace_extension(kClosedExtensions.fluid);
   Need(RowFile<SectionRow>(disk, path()).WriteAll(BuildingStudy(sections)));
-  Need(RowFile<FluidRow>(disk, fluid_path).WriteAll(std::array{WaterRow(workspace)}));
+  Need(RowFile<FluidRow>(disk, fluid_path).WriteAll(std::array{WaterRow(*workspace)}));
 }
 
 StudyFiles::~StudyFiles() {
@@ -53,11 +52,8 @@ StudyFiles::~StudyFiles() {
 }
 
 PipeList DeliveredPipes() {
-  MemoryDisk memory;
-  RealDisk disk;
-  NoWait clock;
-  const Workspace workspace(memory, "/", disk, KALVO_LIBRARY_DIR, clock);
-  PipeList pipes = Need(BuildPipeList(workspace, EmptyLibraries::kSkip));
+  const MemoryWorkspace workspace(KALVO_LIBRARY_DIR);
+  PipeList pipes = Need(BuildPipeList(*workspace, EmptyLibraries::kSkip));
   if (pipes.empty()) {
     throw std::runtime_error("no pipe systems in " KALVO_LIBRARY_DIR);
   }
@@ -73,8 +69,7 @@ Answer NoQuestions::Ask(const Box& box) {
 }
 
 BenchProgram::BenchProgram(const PipeList& pipes)
-    : workspace_(memory_, "/", disk_, KALVO_LIBRARY_DIR, clock_),
-      bench_(study_, workspace_, pipes, prompter_) {
+    : workspace_(KALVO_LIBRARY_DIR), bench_(study_, *workspace_, pipes, prompter_) {
   KeepFreedMemory();  // as the program itself does
   study_.system_kind = SystemKind::kClosed;
 }
@@ -100,6 +95,6 @@ void BenchProgram::Run(Method method) {
   }
 }
 
-std::vector<SectionRow> BenchProgram::Rows() const { return Need(workspace_.Rows().ReadAll()); }
+std::vector<SectionRow> BenchProgram::Rows() const { return Need(workspace_->Rows().ReadAll()); }
 
 }  // namespace kalvo

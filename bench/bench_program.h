@@ -5,8 +5,7 @@
 #include <vector>
 
 #include "engine/driver.h"
-#include "study/memory_disk.h"
-#include "study/real_disk.h"
+#include "study/memory_workspace.h"
 #include "study/workbench.h"
 
 namespace kalvo {
@@ -50,10 +49,7 @@ class BenchProgram {
   [[nodiscard]] std::vector<SectionRow> Rows() const;
 
  private:
-  MemoryDisk memory_;
-  RealDisk disk_;
-  NoWait clock_;
-  Workspace workspace_;
+  MemoryWorkspace workspace_;
   Study study_;
   NoQuestions prompter_;
   Workbench bench_;

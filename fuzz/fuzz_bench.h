@@ -3,7 +3,6 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
-#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,7 +10,7 @@
 #include "study/codepage.h"
 #include "study/fluid_library.h"
 #include "study/load_study.h"
-#include "study/memory_disk.h"
+#include "tests/support/program_in_memory.h"
 
 namespace kalvo {
 
@@ -50,14 +49,10 @@ class Reader : public Prompter {
 };
 
 /// A program whose folders lie in memory, with one pipe system of three sizes.
-class FuzzBench {
+class FuzzBench : public ProgramInMemory<Reader> {
  public:
-  static constexpr const char* kStudies = "/studies";
-
-  explicit FuzzBench(SystemKind kind)
-      : workspace(work_disk, "/program", outer_disk, "/library", clock),
-        pipes{{1, "0001.WPT", "", "STEEL", 3}},
-        bench(study, workspace, pipes, reader) {
+  explicit FuzzBench(SystemKind kind) {
+    pipes = {{1, "0001.WPT", "", "STEEL", 3}};
     std::vector<PipeRow> sizes(3);
     for (std::size_t i = 0; i < sizes.size(); ++i) {
       sizes[i].pipe_id = static_cast<std::int16_t>(i + 1);
@@ -69,54 +64,33 @@ class FuzzBench {
     study.system_kind = kind;
     study.pipe_system_number = 1;
   }
-  FuzzBench(const FuzzBench&) = delete;
-  FuzzBench& operator=(const FuzzBench&) = delete;
-
   void PutStudyFile(const std::string& name, std::string_view bytes) {
-    const auto path = std::filesystem::path(kStudies) / name;
+    const auto path = std::filesystem::path(kStudiesFolder) / name;
     Require(outer_disk.Write(path, std::string(bytes)).ok(), "study file");
   }
 
   [[nodiscard]] std::string StudyFile(const std::string& name) const {
-    const auto bytes = outer_disk.Read(std::filesystem::path(kStudies) / name);
+    const auto bytes = outer_disk.Read(std::filesystem::path(kStudiesFolder) / name);
     return bytes ? *bytes : "(missing)";
   }
 
   /// Loads the study; false when it was refused, which must be told by one box of two lines.
   bool Load(const std::string& name) {
     study.CalcStatus = 0;
-    study.study_path = std::filesystem::path(kStudies) / name;
-    reader.boxes.clear();
+    study.study_path = std::filesystem::path(kStudiesFolder) / name;
+    prompter.boxes.clear();
     LoadStudy(bench, RecentList::kLeave);
     if (study.CalcStatus == 0) {
-      Require(reader.boxes.empty(), "a study that loads shows nothing");
+      Require(prompter.boxes.empty(), "a study that loads shows nothing");
       return true;
     }
     Require(study.CalcStatus == -1, "a study that is refused sets -1");
-    Require(reader.boxes.size() == 1 && reader.boxes[0].lines.size() == 2, "one box tells why");
-    Require(reader.boxes[0].lines[1].find(kStudies) != std::string::npos, "the file is named");
+    Require(prompter.boxes.size() == 1 && prompter.boxes[0].lines.size() == 2, "one box tells why");
+    Require(prompter.boxes[0].lines[1].find(kStudiesFolder) != std::string::npos,
+            "the file is named");
     return false;
   }
-
-  MemoryDisk work_disk;
-  MemoryDisk outer_disk;
-  NoWait clock;
-  Workspace workspace;
-  PipeList pipes;
-  Study study;
-  Reader reader;
-  Workbench bench;
 };
-
-/// Files of a folder by name.
-inline std::map<std::string, std::string> ImageOf(const Disk& disk,
-                                                  const std::filesystem::path& folder) {
-  std::map<std::string, std::string> image;
-  for (const std::string& name : disk.List(folder)) {
-    image[name] = disk.Read(folder / name).value();
-  }
-  return image;
-}
 
 /// Any bytes as the companion `name` of a good study: whole records are taken over as they are,
 /// anything else is refused with the open study untouched. True when it was taken.

@@ -11,7 +11,7 @@ namespace {
 
 using namespace kalvo;
 
-const std::filesystem::path kFolder = FuzzBench::kStudies;
+const std::filesystem::path kFolder = FuzzBench::kStudiesFolder;
 constexpr std::array kOwn = {"b.LQD", "b.PCK", "b.STC", "b.wnt"};
 constexpr std::array kOthers = {"a.PCK", "b.txt", "bb.PCK"};
 

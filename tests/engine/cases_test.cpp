@@ -25,7 +25,7 @@ TEST_P(Cases, ComeOutByBothMethods) {
     const std::string result = name + "-method" + std::to_string(static_cast<int>(method));
     ExpectResults(calculated, kCases / (result + ".csv"));
     const std::string pipes = result + "-pipes.csv";
-    ExpectRows(calculated.workspace.Rows<StatRow>(work_file::kStatistics).ReadAll().value(),
+    ExpectRows(calculated.workspace->Rows<StatRow>(work_file::kStatistics).ReadAll().value(),
                ReadCsv(kCases / pipes).lines, 1e-5, pipes);
   }
 }
@@ -82,7 +82,7 @@ std::vector<WinterLine> WinterLines(const Workbench& bench, const std::filesyste
 TEST_P(WinterCases, ComeOutOnSummersPipes) {
   const std::string name = GetParam();
   CalculatedCase calculated(StudyFile(name), kCases / "library");
-  const std::string summer = calculated.workspace.Read(work_file::kRows).value();
+  const std::string summer = calculated.workspace->Read(work_file::kRows).value();
   const auto lines = WinterLines(calculated.bench, kCases / (name + "-values.csv"));
   const auto result = kCases / (name + "-result.csv");
   const std::string head = ReadCsv(result).comments.front();
@@ -93,7 +93,7 @@ TEST_P(WinterCases, ComeOutOnSummersPipes) {
   ASSERT_EQ(winter.Run(temperature, lines).end, WinterEnd::kCalculated);
   ExpectRows(calculated.Rows(work_file::kWinter), ReadCsv(result).lines, 2e-6, name);
   winter.Close(false);
-  EXPECT_EQ(calculated.workspace.Read(work_file::kRows).value(), summer);
+  EXPECT_EQ(calculated.workspace->Read(work_file::kRows).value(), summer);
   EXPECT_EQ(calculated.study.PumpHead, pump_head);
 }
 

@@ -10,9 +10,8 @@
 #include <sstream>
 
 #include "study/fluid_library.h"
-#include "study/memory_disk.h"
+#include "study/memory_workspace.h"
 #include "study/pipe_list.h"
-#include "study/real_disk.h"
 #include "tests/support/csv_table.h"
 
 namespace kalvo {
@@ -23,11 +22,8 @@ using Path = std::filesystem::path;
 const Path kTables = Path(KALVO_SOURCE_DIR) / "data/pipes";
 
 struct DeliveredLibrary {
-  MemoryDisk memory;
-  RealDisk disk;
-  NoWait clock;
-  Workspace workspace{memory, "/", disk, KALVO_LIBRARY_DIR, clock};
-  PipeList list = BuildPipeList(workspace, EmptyLibraries::kSkip).value();
+  MemoryWorkspace workspace{KALVO_LIBRARY_DIR};
+  PipeList list = BuildPipeList(*workspace, EmptyLibraries::kSkip).value();
 };
 
 Path TableOf(int number) { return kTables / Path(PipeFileName(number)).replace_extension(".csv"); }
@@ -66,7 +62,7 @@ TEST(DeliveredPipes, HaveSizesThatRiseAndFollowFromTheOuterDiameters) {
   const DeliveredLibrary library;
   for (const PipeListEntry& entry : library.list) {
     SCOPED_TRACE(entry.file_name);
-    const auto rows = ReadPipeSystem(library.workspace, entry.number).value();
+    const auto rows = ReadPipeSystem(*library.workspace, entry.number).value();
     const CsvTable table = ReadCsv(TableOf(entry.number));
     ASSERT_EQ(rows.size(), table.lines.size());
     std::set<std::string> names;
@@ -86,7 +82,7 @@ TEST(DeliveredPipes, HaveSizesThatRiseAndFollowFromTheOuterDiameters) {
 }
 
 TEST(DeliveredFluids, AreWaterAndTheGlycolSolution) {
-  const auto fluids = ReadFluids(DeliveredLibrary().workspace).value();
+  const auto fluids = ReadFluids(*DeliveredLibrary().workspace).value();
   ASSERT_EQ(fluids.size(), 2U);
   EXPECT_EQ(fluids[0].name.Utf8(), "Νερό");
   EXPECT_EQ(fluids[0].mean_temperature, kComputed);

@@ -41,8 +41,8 @@ Answer YesToAll::Ask(const Box& box) {
 
 CalculatedCase::CalculatedCase(const std::filesystem::path& file,
                                const std::filesystem::path& library)
-    : workspace(memory, "/", disk, library, clock) {
-  pipes = BuildPipeList(workspace, EmptyLibraries::kSkip).value();
+    : workspace(library) {
+  pipes = BuildPipeList(*workspace, EmptyLibraries::kSkip).value();
   study.system_kind = file.extension() == ".PCA" ? SystemKind::kOpen : SystemKind::kClosed;
   study.study_path = file;
   LoadStudy(bench, RecentList::kLeave);

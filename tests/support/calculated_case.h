@@ -4,8 +4,7 @@
 
 #include <cmath>
 
-#include "study/memory_disk.h"
-#include "study/real_disk.h"
+#include "study/memory_workspace.h"
 #include "study/workbench.h"
 #include "tests/support/csv_table.h"
 
@@ -23,17 +22,14 @@ struct CalculatedCase {
   CalculatedCase(const std::filesystem::path& file, const std::filesystem::path& library);
 
   [[nodiscard]] std::vector<SectionRow> Rows(std::string_view name = work_file::kRows) const {
-    return workspace.Rows(name).ReadAll().value();
+    return workspace->Rows(name).ReadAll().value();
   }
 
-  MemoryDisk memory;
-  RealDisk disk;
-  NoWait clock;
-  Workspace workspace;
+  MemoryWorkspace workspace;
   PipeList pipes;
   Study study;
   YesToAll prompter;
-  Workbench bench{study, workspace, pipes, prompter};
+  Workbench bench{study, *workspace, pipes, prompter};
 };
 
 void ExpectNear(double actual, double expected, double relative, const std::string& what);

@@ -29,15 +29,6 @@ std::vector<StatRow> SampleStatistics(std::string_view title) {
 
 }  // namespace
 
-FolderImage ImageOf(const Disk& disk, const fs::path& folder) {
-  FolderImage image;
-  for (const std::string& name : disk.List(folder)) {
-    const auto bytes = disk.Read(folder / name);
-    image[name] = bytes ? *bytes : "(unreadable)";
-  }
-  return image;
-}
-
 std::vector<SectionRow> SampleRows(SystemKind kind, std::string_view title) {
   NetworkHeader header;
   header.kind = kind;

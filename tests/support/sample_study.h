@@ -1,17 +1,11 @@
 #pragma once
 
 #include <filesystem>
-#include <map>
 #include <string>
 
 #include "tests/support/test_bench.h"
 
 namespace kalvo {
-
-/// Files of a folder by name.
-using FolderImage = std::map<std::string, std::string>;
-
-FolderImage ImageOf(const Disk& disk, const std::filesystem::path& folder);
 
 /// Three calculated rows of the kind under `title`, the last two with an emitter each.
 std::vector<SectionRow> SampleRows(SystemKind kind, std::string_view title);

@@ -62,9 +62,7 @@ void PutPipes(TestBench& bench, std::string_view file_name, std::span<const Pipe
   EXPECT_TRUE(bench.outer_disk.Write(path, EncodeRows(rows)).ok());
 }
 
-TestBench::TestBench(SystemKind kind)
-    : workspace(work_disk, kProgramFolder, outer_disk, kLibraryFolder, clock),
-      bench(study, workspace, pipes, prompter) {
+TestBench::TestBench(SystemKind kind) {
   PutPipes(*this, PipeFileName(1), SteelPipes());
   PutPipes(*this, PipeFileName(2), CopperPipes());
   EXPECT_TRUE(CreateFluidLibrary(workspace).ok());

@@ -7,9 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "study/memory_disk.h"
-#include "study/workbench.h"
 #include "tests/support/network.h"
+#include "tests/support/program_in_memory.h"
 #include "tests/support/scripted_prompter.h"
 
 namespace kalvo {
@@ -17,24 +16,9 @@ namespace kalvo {
 /// A program without a window: an empty work folder, a library folder with two pipe systems
 /// (1 steel, roughness 0.045 mm, ten sizes 3/8 to 4; 2 copper, 0.0015 mm, eight sizes 12x1 to 54x2)
 /// and the two first fluids, and the state of a new study on pipe system 1. Folders live in memory.
-class TestBench {
+class TestBench : public ProgramInMemory<ScriptedPrompter> {
  public:
   explicit TestBench(SystemKind kind = SystemKind::kClosed);
-  TestBench(const TestBench&) = delete;
-  TestBench& operator=(const TestBench&) = delete;
-
-  static constexpr const char* kProgramFolder = "/program";
-  static constexpr const char* kLibraryFolder = "/library";
-  static constexpr const char* kStudiesFolder = "/studies";
-
-  MemoryDisk work_disk;
-  MemoryDisk outer_disk;
-  NoWait clock;
-  Workspace workspace;
-  PipeList pipes;
-  Study study;
-  ScriptedPrompter prompter;
-  Workbench bench;
 
   /// Makes `rows` the open study: work files, tables and the study's values, as a load would.
   /// The kind follows the rows; nothing is unsaved.

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <map>
+#include <string>
+
+#include "study/memory_disk.h"
+#include "study/workbench.h"
+
+namespace kalvo {
+
+/// Files of a folder by name.
+using FolderImage = std::map<std::string, std::string>;
+
+inline FolderImage ImageOf(const Disk& disk, const std::filesystem::path& folder) {
+  FolderImage image;
+  for (const std::string& name : disk.List(folder)) {
+    const auto bytes = disk.Read(folder / name);
+    image[name] = bytes ? *bytes : "(unreadable)";
+  }
+  return image;
+}
+
+/// A program without a window whose folders lie in memory, empty, with the user given.
+template <typename User>
+class ProgramInMemory {
+ public:
+  ProgramInMemory() = default;
+  ProgramInMemory(const ProgramInMemory&) = delete;
+  ProgramInMemory& operator=(const ProgramInMemory&) = delete;
+
+  static constexpr const char* kProgramFolder = "/program";
+  static constexpr const char* kLibraryFolder = "/library";
+  static constexpr const char* kStudiesFolder = "/studies";
+
+  MemoryDisk work_disk;
+  MemoryDisk outer_disk;
+  NoWait clock;
+  Workspace workspace{work_disk, kProgramFolder, outer_disk, kLibraryFolder, clock};
+  PipeList pipes;
+  Study study;
+  User prompter;
+  Workbench bench{study, workspace, pipes, prompter};
+};
+
+}  // namespace kalvo
