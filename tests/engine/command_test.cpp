@@ -87,6 +87,8 @@ TEST(Command, StopsWhereABranchIsLost) {
   EXPECT_EQ(Calculate(bench), CommandEnd::kLost);
   EXPECT_EQ(bench.study.CalcStatus, 0);
   EXPECT_EQ(bench.study.lost_walk->node, "7");
+  bench.PutNetwork({"1/ANT 20m soma 1000l/h 500mm"});  // one section, but not the lone one
+  EXPECT_EQ(Calculate(bench), CommandEnd::kLost);
 }
 
 TEST(Command, StopsOnWrongNamesWithAFreshListAndNoFlag) {
@@ -123,24 +125,17 @@ TEST(Command, AFluidThatDoesNotFitEndsItWithoutResults) {
   EXPECT_FALSE(HasResults(bench.Rows()));
 }
 
-// A network too large for its pipes; its first row still carries the flow that was entered.
-void PutTooLarge(TestBench& bench) {
-  bench.PutNetwork({"ANT/1 5m 60000l/h", "1/2 5m soma 60000l/h 500mm", "2/ANT 5m"});
-}
-
 TEST(Command, GoesOnWithPipesThatDoNotSufficeOnYesOnly) {
-  TestBench no;
-  PutTooLarge(no);
-  no.prompter.Expect(-300, Answer::kNo);
-  EXPECT_EQ(Calculate(no), CommandEnd::kCapacity);
-  EXPECT_EQ(no.study.CalcStatus, 0);
-  EXPECT_FALSE(HasResults(no.Rows()));
-
-  TestBench yes;
-  PutTooLarge(yes);
-  yes.prompter.Expect(-300, Answer::kYes);
-  EXPECT_EQ(Calculate(yes), CommandEnd::kCalculated);
-  EXPECT_EQ(yes.Row(1).NomiDiam.Utf8(), "4");
+  for (const bool yes : {false, true}) {
+    TestBench bench;
+    // The first row still carries the flow that was entered.
+    bench.PutNetwork({"ANT/1 5m 60000l/h", "1/2 5m soma 60000l/h 500mm", "2/ANT 5m"});
+    bench.prompter.Expect(-300, yes ? Answer::kYes : Answer::kNo);
+    EXPECT_EQ(Calculate(bench), yes ? CommandEnd::kCalculated : CommandEnd::kCapacity);
+    EXPECT_EQ(bench.study.CalcStatus, 0);
+    EXPECT_EQ(HasResults(bench.Rows()), yes);
+    EXPECT_EQ(bench.Row(1).NomiDiam.Utf8(), yes ? "4" : "");
+  }
 }
 
 TEST(Command, NoAndCancelLeaveResultsAsTheyStand) {
@@ -159,9 +154,7 @@ TEST(Command, NoAndCancelLeaveResultsAsTheyStand) {
 TEST(Command, ANewRunOnResultsTakesTheRowsAsTheyStand) {
   TestBench bench;
   PutCalculated(bench);
-  auto rows = bench.Rows();
-  rows[0].WaterFlow = 9000;
-  ASSERT_TRUE(bench.workspace.Rows().WriteAll(rows).ok());
+  bench.ChangeRow(1, [](SectionRow& row) { row.WaterFlow = 9000; });
   bench.workspace.Delete(work_file::kFlowReport);
   bench.prompter.Expect(190, Answer::kYes);
   EXPECT_EQ(Calculate(bench), CommandEnd::kCalculated);
@@ -251,12 +244,6 @@ TEST(OpenCommand, AClosedChoiceLeavesTheRows) {
   EXPECT_EQ(Calculate(bench, Method::kFlowAndPressure), CommandEnd::kCalculated);
   EXPECT_EQ(bench.Row(1).INILAMDA, 2.0F);
   EXPECT_FALSE(bench.study.MeanVelMode);
-}
-
-TEST(Command, OneSectionOfAnotherNameIsANetworkThatIsLost) {
-  TestBench bench;
-  bench.PutNetwork({"1/ANT 20m soma 1000l/h 500mm"});
-  EXPECT_EQ(Calculate(bench), CommandEnd::kLost);
 }
 
 }  // namespace

@@ -22,11 +22,11 @@ void PutCalculated(TestBench& bench,
 
 // Gives a row, now one of the second method, another pipe, as its user would.
 void Overrule(TestBench& bench, int number, std::string_view name, float diameter_mm) {
-  auto row = bench.Row(number);
-  row.NomiDiam = FixedText<15>::FromUtf8(name);
-  row.InDiameter = diameter_mm;
-  row.INILAMDA = 2;
-  ASSERT_TRUE(bench.workspace.Rows().Write(number, row).ok());
+  bench.ChangeRow(number, [&](SectionRow& row) {
+    row.NomiDiam = FixedText<15>::FromUtf8(name);
+    row.InDiameter = diameter_mm;
+    row.INILAMDA = 2;
+  });
 }
 
 TEST(Rerun, WithNothingChangedGivesTheSameRows) {

@@ -166,15 +166,12 @@ TEST(Fluid, MissingFileMeansWaterOfAThousand) {
   EXPECT_EQ(bench.Density(), 1000.0F);
 }
 
-TEST(Recalculation, KeepsDiametersAndMethodAndTakesTheRowsMaterial) {
+TEST(Recalculation, KeepsDiametersAndMethod) {
   TestBench bench;
   PutOnThreeSizes(bench, {"ANT/1 360l/h 7m 2elbows", "1/2 360l/h 6m", "2/ANT 360l/h 5m"});
   SizePipes(bench.bench, 2);
-  auto rows = bench.Rows();
-  rows[0].InDiameter = -22.57F;
-  rows[1].Material = FixedText<78>::FromUtf8(kCopperWord);
-  rows[1].InDiameter = 16.0F;  // no size of the library
-  bench.PutRows(rows);
+  bench.ChangeRow(1, [](SectionRow& row) { row.InDiameter = -22.57F; });
+  bench.ChangeRow(2, [](SectionRow& row) { row.InDiameter = 16.0F; });  // no size of the library
   RecalculateRows(bench.bench);
   EXPECT_EQ(bench.Row(1).InDiameter, -22.57F);
   EXPECT_EQ(bench.Row(1).INILAMDA, 2.0F);

@@ -108,46 +108,30 @@ TEST(LoadRefusal, SurvivesRowsOfNoise) {
   }
 }
 
-TEST(LoadRefusal, RefusesRowsThatAreNotInTheirPlace) {
-  TestBench bench;
-  std::vector<SectionRow> rows = SampleRows(SystemKind::kClosed, "Κτίριο");
-  std::swap(rows[0], rows[1]);
-  PutMain(bench, "b.PCK", EncodeRows<SectionRow>(rows));
-  ExpectRefused(bench, "b.PCK", "Η εγγραφή 1 φέρει αριθμό Τμήματος 2");
-}
-
-TEST(LoadRefusal, RefusesTheOtherKind) {
+TEST(LoadRefusal, RefusesRowsOutOfPlaceTheOtherKindAndWhatIsNotThere) {
   for (const SystemKind kind : {SystemKind::kClosed, SystemKind::kOpen}) {
-    TestBench bench(kind);
     const bool closed = kind == SystemKind::kClosed;
     const std::string name = closed ? "b.PCK" : "b.PCA";
-    PutMain(bench, name,
-            SampleRows(closed ? SystemKind::kOpen : SystemKind::kClosed, "Άλλο είδος"));
+    TestBench bench(kind);
+    ExpectRefused(bench, name, (kStudies / name).string());
+    PutMain(bench, name, SampleRows(closed ? SystemKind::kOpen : SystemKind::kClosed, "Άλλο"));
     ExpectRefused(bench, name, "άλλου είδους");
-  }
-}
-
-TEST(LoadRefusal, RefusesAPipeSystemThatIsNotThere) {
-  for (const std::int16_t number :
-       {std::int16_t{-1}, std::int16_t{0}, std::int16_t{3}, std::int16_t{INT16_MAX}}) {
-    TestBench bench;
-    auto rows = SampleRows(SystemKind::kClosed, "Κτίριο");
-    for (SectionRow& row : rows) {
-      row.FileNumber = number;
+    std::vector<SectionRow> rows = SampleRows(kind, "Κτίριο");
+    for (const std::int16_t number : std::initializer_list<std::int16_t>{-1, 0, 3, INT16_MAX}) {
+      for (SectionRow& row : rows) {
+        row.FileNumber = number;
+      }
+      PutMain(bench, name, rows);
+      ExpectRefused(bench, name, "Νο " + std::to_string(number));
     }
-    PutMain(bench, "b.PCK", rows);
-    ExpectRefused(bench, "b.PCK", "Νο " + std::to_string(number));
+    std::swap(rows[0], rows[1]);
+    PutMain(bench, name, rows);
+    ExpectRefused(bench, name, "Η εγγραφή 1 φέρει αριθμό Τμήματος 2");
+    PutMain(bench, name, SampleRows(kind, "Κτίριο"));
+    const fs::path library = fs::path(TestBench::kLibraryFolder) / "0001.WPT";
+    ASSERT_TRUE(bench.outer_disk.Remove(library).ok());
+    ExpectRefused(bench, name, library.string());
   }
-  TestBench bench;
-  PutMain(bench, "b.PCK", SampleRows(SystemKind::kClosed, "Κτίριο"));
-  const fs::path library = fs::path(TestBench::kLibraryFolder) / "0001.WPT";
-  ASSERT_TRUE(bench.outer_disk.Remove(library).ok());
-  ExpectRefused(bench, "b.PCK", library.string());
-}
-
-TEST(LoadRefusal, RefusesAFileThatIsNotThere) {
-  TestBench bench;
-  ExpectRefused(bench, "b.PCK", (kStudies / "b.PCK").string());
 }
 
 TEST(LoadRefusal, ResetsWhenTheWorkFolderFailsAfterTheOldStudyIsGone) {
