@@ -120,6 +120,7 @@ TEST(Command, AFluidThatDoesNotFitEndsItWithoutResults) {
   bench.PutNetwork(kNetwork);
   bench.study.fluid_name = "Άλμη";  // the file still says -10000 °C
   EXPECT_EQ(Calculate(bench), CommandEnd::kViscosity);
+  EXPECT_FALSE(bench.workspace.Exists(work_file::kStatistics));
   EXPECT_FALSE(bench.study.CalcAborted);
   EXPECT_EQ(bench.study.CalcStatus, 0);
   EXPECT_FALSE(HasResults(bench.Rows()));

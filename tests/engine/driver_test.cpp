@@ -4,7 +4,6 @@
 
 #include "engine/capacity.h"
 #include "engine/trap.h"
-#include "study/fluid_library.h"
 #include "tests/support/same_row.h"
 #include "tests/support/test_bench.h"
 
@@ -97,21 +96,6 @@ TEST(Run, OnAnUnreadableFileIsReportedOnce) {
   EXPECT_EQ(bench.study.CalcStatus, -32);
   EXPECT_EQ(bench.prompter.boxes().size(), 1U);
   EXPECT_EQ(bench.Bytes(), "no whole record");
-}
-
-TEST(Run, OnAFluidOfAnotherTemperatureIsNotAborted) {
-  TestBench bench;
-  bench.PutNetwork(kLoop);
-  FluidRow fluid;
-  fluid.name = FixedText<50>::FromUtf8("Άλμη");
-  fluid.mean_temperature = 5;
-  ASSERT_TRUE(WriteStudyFluid(bench.bench, fluid).ok());
-  bench.study.fluid_name = "Άλμη";
-  RunCalculation(bench.bench);
-  EXPECT_EQ(bench.study.CalcStatus, -13);
-  EXPECT_FALSE(bench.study.CalcAborted);
-  EXPECT_EQ(bench.Bytes(work_file::kStatistics), "(missing)");
-  EXPECT_EQ(bench.Row(1).NomiDiam.Utf8(), "");
 }
 
 TEST(Run, OfALoneSectionIsClosedFromItsOwnRow) {

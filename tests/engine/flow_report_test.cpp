@@ -104,14 +104,10 @@ TEST(FlowReport, NamesTheNodeAtWhichAWalkIsLost) {
       bench.Bytes(work_file::kFlowReport).ends_with(kRule + Heading("3", "  7/3  ", "200")));
 }
 
-TEST(FlowReport, EndsOnACircleOfNames) {
+TEST(FlowReport, IsLostOnACircleOfNamesAndOnAnEmitterWithoutRow) {
   TestBench bench;
   bench.PutNetwork({"ANT/9", "9/ANT", "1/2 soma 300l/h 5mm", "2/1"});
   EXPECT_EQ(LostAt(bench).emitter_section, 3);
-}
-
-TEST(FlowReport, IsLostOnAnEmitterWithoutRow) {
-  TestBench bench;
   bench.PutNetwork({"ANT/1", "1/2 soma 300l/h 5mm", "2/ANT"});
   bench.study.EmitterTable.push_back({8, 100, 5});
   EXPECT_EQ(LostAt(bench).emitter_section, 8);

@@ -9,46 +9,29 @@ namespace kalvo {
 namespace {
 
 // The circuits of a network's emitters, as text.
-std::vector<std::string> Circuits(const std::vector<std::string_view>& lines) {
+std::string Circuits(std::string_view lines) {
   TestBench bench;
-  bench.PutNetwork(lines);
+  bench.PutNetwork(Lines(lines));
   std::vector<std::string> texts;
   for (const Branch& branch : BuildBranchStrings(bench.study)) {
     texts.push_back(BranchText(branch));
   }
-  return texts;
+  return Joined(texts);
 }
 
-using Texts = std::vector<std::string>;
-
-TEST(Circuit, RunsFromSourceToSourceThroughTheEmitter) {
-  EXPECT_EQ(Circuits({"ANT/1", "1/2", "1/3 soma 5mm", "2/4 soma 5mm", "4/5", "3/5", "5/ANT"}),
-            (Texts{"1  -3  -6  -7  -", "1  -2  -4  -5  -7  -"}));
-}
-
-TEST(Circuit, TakesTheLowestOfSeveralRowsAtANode) {
+TEST(Circuit, RunsFromSourceToSourceThroughTheEmitterByTheLowestRows) {
+  EXPECT_EQ(Circuits("ANT/1,1/2,1/3 soma 5mm,2/4 soma 5mm,4/5,3/5,5/ANT"),
+            "1  -3  -6  -7  -|1  -2  -4  -5  -7  -");
   // Rows 2 and 3 both reach node 2, rows 5 and 6 both leave node 3.
-  EXPECT_EQ(Circuits({"ANT/1", "1/2", "1/2", "2/3 soma 5mm", "3/4", "3/4", "4/ANT"}),
-            (Texts{"1  -2  -4  -5  -7  -"}));
-}
-
-TEST(Circuit, OfASectionFromSourceToSourceIsThatSection) {
-  EXPECT_EQ(Circuits({"ANT/ANT soma 5mm", "ANT/1", "1/ANT"}), (Texts{"1  -"}));
-}
-
-TEST(Circuit, StaysOpenWhereNoRowGoesOn) {
-  EXPECT_EQ(Circuits({"1/2 soma 5mm", "2/3", "9/1"}), (Texts{"3  -1  -2  -"}));
+  EXPECT_EQ(Circuits("ANT/1,1/2,1/2,2/3 soma 5mm,3/4,3/4,4/ANT"), "1  -2  -4  -5  -7  -");
+  EXPECT_EQ(Circuits("ANT/ANT soma 5mm,ANT/1,1/ANT"), "1  -") << "from source to source";
+  EXPECT_EQ(Circuits("1/2 soma 5mm,2/3,9/1"), "3  -1  -2  -") << "no row goes on: it stays open";
+  // "  7" as a start and "7  " as an end are one node; " 7" inside a name is another than "17".
+  EXPECT_EQ(Circuits("ANT/17,17/7,7/ANT soma 5mm"), "1  -2  -3  -");
 }
 
 TEST(Circuit, OfACircleEnds) {
-  const Texts circuits = Circuits({"ANT/9", "9/ANT", "1/2 soma 5mm", "2/1"});
-  ASSERT_EQ(circuits.size(), 1U);
-  EXPECT_LE(circuits.front().size(), 4U * 9U);  // itself and four steps either way
-}
-
-TEST(Circuit, ReadsNodesWithoutTheirPadding) {
-  // "  7" as a start and "7  " as an end are one node; " 7" inside a name is another than "17".
-  EXPECT_EQ(Circuits({"ANT/17", "17/7", "7/ANT soma 5mm"}), (Texts{"1  -2  -3  -"}));
+  EXPECT_LE(Circuits("ANT/9,9/ANT,1/2 soma 5mm,2/1").size(), 4U * 9U);  // four steps either way
 }
 
 TEST(Circuit, OfAnEmitterWithoutRowKeepsTheNameFoundBefore) {

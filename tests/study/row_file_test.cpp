@@ -3,7 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "study/fluid_row.h"
-#include "tests/support/test_bench.h"
+#include "study/memory_disk.h"
+#include "tests/support/failing_disk.h"
 
 namespace kalvo {
 namespace {
@@ -74,24 +75,14 @@ TEST(RowFile, WritesOneRecordOrAddsOneBehindTheLast) {
   EXPECT_EQ(disk.List("/program"), std::vector<std::string>{"ROWS.TMP"});
 }
 
-// Takes so many bytes of each file and then is full.
-class FullDisk : public MemoryDisk {
- public:
-  std::size_t room = 0;
-  Outcome Write(const std::filesystem::path& path, std::string bytes) override {
-    static_cast<void>(MemoryDisk::Write(path, bytes.substr(0, room)));
-    return bytes.size() <= room ? Outcome(Done{}) : Outcome(FileError{path, "full"});
-  }
-};
-
 TEST(RowFile, FullDiskLeavesTheOldFileWholeAndNothingBesideIt) {
-  FullDisk disk;
-  disk.room = 1000;
+  MemoryDisk memory;
+  FailingDisk disk(memory);
   RowFile<FluidRow> file(disk, kPath);
   ASSERT_TRUE(file.WriteAll(ThreeFluids()).ok());
   const std::string before = *disk.Read(kPath);
   for (std::size_t room = 0; room < before.size(); ++room) {
-    disk.room = room;
+    disk.FailAfterBytes(room);
     ASSERT_FALSE(file.WriteAll(std::vector<FluidRow>(3)).ok());
     ASSERT_EQ(*disk.Read(kPath), before);
     ASSERT_EQ(disk.List("/program").size(), 1U);
