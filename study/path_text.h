@@ -6,7 +6,7 @@
 
 namespace kalvo {
 
-/// The path that a text from outside tells: one that was typed, given or read from a file. "\\"
+/// The path that a text from outside tells: one that was typed, given or read from a file. "\"
 /// parts folders as "/" does; paths are written with the platform's own separator.
 inline std::filesystem::path PathFromText(std::string text) {
   std::replace(text.begin(), text.end(), '\\', '/');
