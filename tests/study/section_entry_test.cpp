@@ -152,6 +152,11 @@ TEST(StoreOpenRow, KeepsItsHeightAndSaysItIsOpen) {
   EXPECT_EQ(bench.Row(2).HeightDiff, 2.5F);
   EXPECT_EQ(bench.Row(2).ANOIK, -1);
   EXPECT_EQ(bench.Row(2).KLEIS, 0);
+  EXPECT_FALSE(bench.study.NameErrors);
+  SectionEntry other = EntryOf(bench.Row(2), kGreek);
+  other.right = "7";
+  Store(bench, 2, other);
+  EXPECT_TRUE(bench.study.NameErrors);  // another feeder: which sections are outlets may change
 }
 
 TEST(SectionEntry, WithoutAChosenKindCountsAsClosed) {
