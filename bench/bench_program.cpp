@@ -9,6 +9,7 @@
 
 #include "bench/network.h"
 #include "engine/calculation_command.h"
+#include "engine/winter.h"
 #include "study/fluid_library.h"
 #include "study/load_study.h"
 #include "study/study_extensions.h"
@@ -38,11 +39,14 @@ fs::path MakeTemporaryFolder() {
 
 }  // namespace
 
-StudyFiles::StudyFiles(int sections) : folder_(MakeTemporaryFolder()) {
+StudyFiles::StudyFiles(SystemKind kind, int sections) : folder_(MakeTemporaryFolder()) {
   RealDisk disk;
   const MemoryWorkspace workspace(KALVO_LIBRARY_DIR);
-  const fs::path fluid_path = path().replace_extension(kClosedExtensions.fluid);
-  Need(RowFile<SectionRow>(disk, path()).WriteAll(BuildingStudy(sections)));
+  const StudyExtensions& extensions = ExtensionsOf(kind);
+  path_ = folder_ / ("building" + std::string(extensions.main));
+  const fs::path fluid_path = path().replace_extension(extensions.fluid);
+  Need(RowFile<SectionRow>(disk, path())
+           .WriteAll(kind == SystemKind::kOpen ? SupplyStudy(sections) : BuildingStudy(sections)));
   Need(RowFile<FluidRow>(disk, fluid_path).WriteAll(std::array{WaterRow(*workspace)}));
 }
 
@@ -71,11 +75,11 @@ Answer NoQuestions::Ask(const Box& box) {
 BenchProgram::BenchProgram(const PipeList& pipes)
     : workspace_(KALVO_LIBRARY_DIR), bench_(study_, *workspace_, pipes, prompter_) {
   KeepFreedMemory();  // as the program itself does
-  study_.system_kind = SystemKind::kClosed;
 }
 
 void BenchProgram::Load(const fs::path& path) {
   study_.study_path = path;
+  study_.system_kind = KindOfName(path.string());
   LoadStudy(bench_, RecentList::kLeave);
   if (study_.CalcStatus != calc_status::kNothing) {
     throw std::runtime_error("not loaded: " + path.string());
@@ -83,8 +87,19 @@ void BenchProgram::Load(const fs::path& path) {
 }
 
 void BenchProgram::Calculate(Method method) {
-  if (Calculate(bench_, method) != CommandEnd::kCalculated) {
+  if (kalvo::Calculate(bench_, method) != CommandEnd::kCalculated) {
     throw std::runtime_error("not calculated");
+  }
+}
+
+void BenchProgram::RunWinter() {
+  std::vector<WinterLine> lines = SummerValues(bench_);
+  for (WinterLine& line : lines) {
+    line.flow_lh *= 0.6F;
+    line.drop *= 0.4F;
+  }
+  if (WinterDuty(bench_).Run(55, lines).end != WinterEnd::kCalculated) {
+    throw std::runtime_error("no winter");
   }
 }
 

@@ -10,19 +10,21 @@
 
 namespace kalvo {
 
-/// A BuildingStudy() with its fluid in a temporary folder that goes with the object.
+/// A BuildingStudy() or SupplyStudy() with its fluid in a temporary folder that goes with the
+/// object.
 class StudyFiles {
  public:
   /// Errors: std::runtime_error when the files cannot be written.
-  explicit StudyFiles(int sections);
+  StudyFiles(SystemKind kind, int sections);
   StudyFiles(const StudyFiles&) = delete;
   StudyFiles& operator=(const StudyFiles&) = delete;
   ~StudyFiles();
 
-  [[nodiscard]] std::filesystem::path path() const { return folder_ / "building.PCK"; }
+  [[nodiscard]] std::filesystem::path path() const { return path_; }
 
  private:
   std::filesystem::path folder_;
+  std::filesystem::path path_;
 };
 
 /// The delivered pipe systems. Errors: std::runtime_error when there are none.
@@ -44,6 +46,9 @@ class BenchProgram {
   void Load(const std::filesystem::path& path);
   /// The calculation command. Errors: std::runtime_error when it does not come to its end.
   void Calculate(Method method);
+  /// The winter run of a calculated study, at three fifths of summer's flows. Errors:
+  /// std::runtime_error when it does not come to its end.
+  void RunWinter();
   /// The run alone, on the rows as they stand. Errors: std::runtime_error when it is broken off.
   void Run(Method method);
   [[nodiscard]] std::vector<SectionRow> Rows() const;

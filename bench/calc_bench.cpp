@@ -28,18 +28,20 @@ void LoadAndCalculate(const PipeList& pipes, const StudyFiles& study, Method met
 }
 
 // From the study's files to calculated rows, flow report included.
-void Calc(benchmark::State& state, Method method) {
-  const StudyFiles study(kSections);
+void Calc(benchmark::State& state, SystemKind kind, Method method) {
+  const StudyFiles study(kind, kSections);
   const PipeList pipes = DeliveredPipes();
   for ([[maybe_unused]] auto step : state) {
     LoadAndCalculate(pipes, study, method);
   }
 }
-BENCHMARK_CAPTURE(Calc, method1, Method::kFlowOnly)->Apply(RepeatMs);
-BENCHMARK_CAPTURE(Calc, method2, Method::kFlowAndPressure)->Apply(RepeatMs);
+BENCHMARK_CAPTURE(Calc, method1, SystemKind::kClosed, Method::kFlowOnly)->Apply(RepeatMs);
+BENCHMARK_CAPTURE(Calc, method2, SystemKind::kClosed, Method::kFlowAndPressure)->Apply(RepeatMs);
+BENCHMARK_CAPTURE(Calc, open1, SystemKind::kOpen, Method::kFlowOnly)->Apply(RepeatMs);
+BENCHMARK_CAPTURE(Calc, open2, SystemKind::kOpen, Method::kFlowAndPressure)->Apply(RepeatMs);
 
 void Load(benchmark::State& state) {
-  const StudyFiles study(kSections);
+  const StudyFiles study(SystemKind::kClosed, kSections);
   const PipeList pipes = DeliveredPipes();
   for ([[maybe_unused]] auto step : state) {
     BenchProgram program(pipes);
@@ -50,7 +52,7 @@ BENCHMARK(Load)->Apply(RepeatMs);
 
 // The engine's part of it: from rows whose flows are known to calculated rows.
 void Engine(benchmark::State& state, Method method) {
-  const StudyFiles study(kSections);
+  const StudyFiles study(SystemKind::kClosed, kSections);
   const PipeList pipes = DeliveredPipes();
   BenchProgram program(pipes);
   program.Load(study.path());
@@ -61,6 +63,19 @@ void Engine(benchmark::State& state, Method method) {
 }
 BENCHMARK_CAPTURE(Engine, method1, Method::kFlowOnly)->Apply(RepeatMs);
 BENCHMARK_CAPTURE(Engine, method2, Method::kFlowAndPressure)->Apply(RepeatMs);
+
+// The winter duty of a study calculated for summer.
+void Winter(benchmark::State& state) {
+  const StudyFiles study(SystemKind::kClosed, kSections);
+  const PipeList pipes = DeliveredPipes();
+  BenchProgram program(pipes);
+  program.Load(study.path());
+  program.Calculate(Method::kFlowOnly);
+  for ([[maybe_unused]] auto step : state) {
+    program.RunWinter();
+  }
+}
+BENCHMARK(Winter)->Apply(RepeatMs);
 
 struct Size {
   int sections = 0;
@@ -87,10 +102,10 @@ double Exponent(const std::array<Size, 3>& sizes) {
 
 // How the time grows with the network while its circuits stay as long as they are. The least time
 // of each size counts.
-void Growth(benchmark::State& state) {
+void Growth(benchmark::State& state, SystemKind kind) {
   std::array<Size, 3> sizes = {Size{100}, Size{300}, Size{kSections}};
-  const std::array<StudyFiles, 3> studies = {StudyFiles(100), StudyFiles(300),
-                                             StudyFiles(kSections)};
+  const std::array<StudyFiles, 3> studies = {StudyFiles(kind, 100), StudyFiles(kind, 300),
+                                             StudyFiles(kind, kSections)};
   const PipeList pipes = DeliveredPipes();
   for ([[maybe_unused]] auto step : state) {
     for (std::size_t i = 0; i < sizes.size(); ++i) {
@@ -104,7 +119,10 @@ void Growth(benchmark::State& state) {
     state.counters["ms_" + std::to_string(size.sections)] = 1000.0 * size.seconds;
   }
 }
-BENCHMARK(Growth)->Unit(benchmark::kMillisecond)->Iterations(80);
+BENCHMARK_CAPTURE(Growth, closed, SystemKind::kClosed)
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(80);
+BENCHMARK_CAPTURE(Growth, open, SystemKind::kOpen)->Unit(benchmark::kMillisecond)->Iterations(80);
 
 }  // namespace
 }  // namespace kalvo

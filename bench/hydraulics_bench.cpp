@@ -13,7 +13,7 @@ namespace {
 // The rows of a calculated network one after the other, so that diameters, flows and fittings are
 // as mixed as in a real study.
 void Hydraulics(benchmark::State& state) {
-  const StudyFiles study(999);
+  const StudyFiles study(SystemKind::kClosed, 999);
   const PipeList pipes = DeliveredPipes();
   BenchProgram program(pipes);
   program.Load(study.path());

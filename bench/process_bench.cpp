@@ -73,7 +73,7 @@ ProcessCost RunProcess(std::vector<std::string> words) {
 // Time is the wall's. The least processor time and the most memory are counters; the memory is
 // never less than this program's own, which a process starts from.
 void Process(benchmark::State& state) {
-  const StudyFiles study(999);
+  const StudyFiles study(SystemKind::kClosed, 999);
   const std::vector<std::string> words = {KALVO_BINARY,     "calc", study.path().string(),
                                           "--format",       "csv",  "--library",
                                           KALVO_LIBRARY_DIR};

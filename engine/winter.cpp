@@ -53,7 +53,7 @@ bool AcceptsFlow(Workbench& bench, const WinterLine& line, float summer_flow) {
 
 // The first line that cannot stand, the user told of it.
 std::optional<WinterOutcome> CheckLines(Workbench& bench, const std::vector<WinterLine>& lines,
-                                        const std::vector<SectionRow>& rows) {
+                                        const RowStore& summer) {
   for (std::size_t i = 0; i < lines.size(); ++i) {
     const WinterLine& line = lines[i];
     for (const ZeroTest& test : kZeroTests) {
@@ -62,8 +62,7 @@ std::optional<WinterOutcome> CheckLines(Workbench& bench, const std::vector<Wint
         return WinterOutcome{WinterEnd::kBadValue, i, test.value};
       }
     }
-    const float summer_flow = rows.at(static_cast<std::size_t>(line.section - 1)).WaterFlow;
-    if (!AcceptsFlow(bench, line, summer_flow)) {
+    if (!AcceptsFlow(bench, line, summer.At(line.section).WaterFlow)) {
       return WinterOutcome{WinterEnd::kDeclined, i, WinterValue::kFlow};
     }
   }
@@ -161,10 +160,15 @@ WinterDuty::WinterDuty(Workbench& bench) : bench_(bench) {
 }
 
 WinterOutcome WinterDuty::Run(float temperature, const std::vector<WinterLine>& lines) {
-  std::vector<SectionRow> rows;
-  RunTrapped(bench_, [&] { rows = RowStore(bench_.workspace).rows(); });
-  if (!bench_.study.SystemClosed() || !HasResults(rows)) {
-    bench_.study.CalcStatus = calc_status::kNothing;
+  WinterOutcome outcome{WinterEnd::kBrokenOff};
+  RunTrapped(bench_, [&] { outcome = CheckAndRun(temperature, lines); });
+  bench_.study.CalcStatus = calc_status::kNothing;
+  return outcome;
+}
+
+WinterOutcome WinterDuty::CheckAndRun(float temperature, const std::vector<WinterLine>& lines) {
+  const RowStore summer(bench_.workspace);
+  if (!bench_.study.SystemClosed() || !HasResults(summer.rows())) {
     bench_.Show(403);
     return {WinterEnd::kRefused};
   }
@@ -172,7 +176,7 @@ WinterOutcome WinterDuty::Run(float temperature, const std::vector<WinterLine>& 
     bench_.Show(405);
     return {WinterEnd::kTemperature};
   }
-  if (const auto refused = CheckLines(bench_, lines, rows)) {
+  if (const auto refused = CheckLines(bench_, lines, summer)) {
     return *refused;
   }
   return Calculate(temperature, lines);

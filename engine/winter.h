@@ -65,6 +65,7 @@ class WinterDuty {
   void Close(bool changed);
 
  private:
+  WinterOutcome CheckAndRun(float temperature, const std::vector<WinterLine>& lines);
   WinterOutcome Calculate(float temperature, const std::vector<WinterLine>& lines);
 
   Workbench& bench_;

@@ -1,5 +1,5 @@
-// Any main file, calculated by both methods and on its own diameters: the run ends, one way or
-// another, and no number that is not finite reaches a row.
+// Any main file of either kind, calculated by both methods, on its own diameters and for a winter:
+// the run ends, one way or another, and no number that is not finite reaches a row.
 
 #include <cmath>
 #include <cstdint>
@@ -7,8 +7,10 @@
 
 #include "engine/calculation_command.h"
 #include "engine/rerun.h"
+#include "engine/winter.h"
 #include "study/load_study.h"
 #include "study/memory_disk.h"
+#include "study/study_extensions.h"
 
 namespace {
 
@@ -39,8 +41,8 @@ void Require(bool holds) {
   }
 }
 
-void RequireFinite(const Workspace& workspace) {
-  const auto rows = workspace.Rows().ReadAll();
+void RequireFinite(const Workspace& workspace, std::string_view name) {
+  const auto rows = workspace.Rows(name).ReadAll();
   Require(rows.ok());
   for (const SectionRow& row : *rows) {
     ForEachField(row, [](std::string_view /*name*/, const auto& value) {
@@ -52,16 +54,17 @@ void RequireFinite(const Workspace& workspace) {
 }
 
 template <typename Run>
-void Calculate(std::string_view bytes, Run&& run) {
+void Calculate(SystemKind kind, std::string_view bytes, Run&& run) {
   MemoryDisk disk;
   NoWait clock;
   Workspace workspace(disk, "/work", disk, "/library", clock);
   Require(RowFile<PipeRow>(disk, "/library/0001.WPT").WriteAll(Pipes()).ok());
-  Require(disk.Write("/studies/A.PCK", std::string(bytes)).ok());
+  const std::string file = "/studies/A" + std::string(ExtensionsOf(kind).main);
+  Require(disk.Write(file, std::string(bytes)).ok());
   const PipeList pipes = BuildPipeList(workspace, EmptyLibraries::kSkip).value();
   Study study;
-  study.system_kind = SystemKind::kClosed;
-  study.study_path = "/studies/A.PCK";
+  study.system_kind = kind;
+  study.study_path = file;
   YesToAll prompter;
   Workbench bench(study, workspace, pipes, prompter);
   LoadStudy(bench);
@@ -70,7 +73,18 @@ void Calculate(std::string_view bytes, Run&& run) {
   }
   study.unsaved_changes = false;
   run(bench);
-  RequireFinite(workspace);
+  RequireFinite(workspace, work_file::kRows);
+  RequireFinite(workspace, work_file::kWinter);
+}
+
+void RunWinter(Workbench& bench) {
+  const auto rows = bench.workspace.Rows().ReadAll();
+  bench.study.results_valid = rows.ok() && HasResults(*rows);
+  std::vector<WinterLine> lines = SummerValues(bench);
+  for (WinterLine& line : lines) {
+    line.flow_lh *= 0.6F;
+  }
+  WinterDuty(bench).Run(55, lines);
 }
 
 }  // namespace
@@ -81,8 +95,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     return 0;
   }
   const std::string_view bytes(reinterpret_cast<const char*>(data), size);
-  Calculate(bytes, [](Workbench& bench) { Calculate(bench, Method::kFlowOnly); });
-  Calculate(bytes, [](Workbench& bench) { Calculate(bench, Method::kFlowAndPressure); });
-  Calculate(bytes, Rerun);
+  for (const SystemKind kind : {SystemKind::kClosed, SystemKind::kOpen}) {
+    Calculate(kind, bytes, [](Workbench& bench) { Calculate(bench, Method::kFlowOnly); });
+    Calculate(kind, bytes, [](Workbench& bench) { Calculate(bench, Method::kFlowAndPressure); });
+    Calculate(kind, bytes, Rerun);
+  }
+  Calculate(SystemKind::kClosed, bytes, RunWinter);
   return 0;
 }

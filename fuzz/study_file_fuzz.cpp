@@ -22,7 +22,8 @@ void RequireWhole(const FuzzBench& bench) {
           "an emitter row for each emitter");
   Require(study.pipe_system_number == 1, "the pipe system is in the list");
   Require(IsUtf8(study.study_title), "texts inside are UTF-8");
-  Require(study.CalculatedDiameters.size() == (study.results_valid ? rows.size() : 0), "old diameters");
+  Require(study.CalculatedDiameters.size() == (study.results_valid ? rows.size() : 0),
+          "old diameters");
 }
 
 std::string SaveAgain(FuzzBench& bench, const std::string& name) {
