@@ -37,6 +37,11 @@ class ProgressLine {
   const Console& console_;
 };
 
+// An empty name, as of a variable that is not set, would save nothing in silence.
+CLI::Validator NotEmpty() {
+  return {[](const std::string& name) { return std::string(name.empty() ? "empty" : ""); }, ""};
+}
+
 }  // namespace
 
 std::string CalcCommand::Help() const {
@@ -54,7 +59,7 @@ std::string CalcCommand::Foot() const {
 }
 
 void CalcCommand::AddArguments(CLI::App& app) {
-  app.add_option("STUDY", studies_, "Αρχεία μελετών (.PCK)")->required()->type_name("");
+  app.add_option("ΜΕΛΕΤΗ", studies_, "Αρχεία μελετών (.PCK)")->required()->type_name("");
   CLI::Option* method =
       app.add_option("--method", method_,
                      "Τρόπος υπολογισμού: 1 (αν δεν ορισθεί) Ρυθμιστικές Βαλβίδες,\n"
@@ -67,10 +72,13 @@ void CalcCommand::AddArguments(CLI::App& app) {
       ->excludes(method);
   app.add_flag("--ignore-capacity", ignore_capacity_,
                "Συνεχίζει και αν το Σύστημα Σωλήνων δεν επαρκεί για την ταχύτητα");
-  app.add_option("--save", save_,
-                 "Σώζει τη μελέτη με τα αποτελέσματα\n(για πολλές μελέτες: φάκελος που υπάρχει)")
-      ->type_name("PATH");
-  app.add_flag("--overwrite", overwrite_, "Το --save μπορεί να αντικαταστήσει άλλη μελέτη");
+  CLI::Option* save = app.add_option("--save", save_,
+                                     "Σώζει τη μελέτη με τα αποτελέσματα σε αυτό το αρχείο ή\n"
+                                     "φάκελο που υπάρχει (για πολλές μελέτες: φάκελος)")
+                          ->check(NotEmpty())
+                          ->type_name("ΑΡΧΕΙΟ");
+  app.add_flag("--overwrite", overwrite_, "Το --save μπορεί να αντικαταστήσει άλλη μελέτη")
+      ->needs(save);
   app.add_option("--format", format_, "Μορφή των αποτελεσμάτων (αν δεν ορισθεί: table)")
       ->check(CLI::IsMember({"table", "csv", "json"}).description(""))
       ->type_name("table|csv|json");

@@ -1,14 +1,21 @@
 #include "cli/command.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 
+#include "cli/greek_help.h"
 #include "cli/session.h"
 
 namespace kalvo {
 
-CLI::App* Command::AddTo(CLI::App& program) {
+CLI::App* Command::AddTo(CLI::App& program, const std::vector<std::string>& arguments) {
   CLI::App* app = program.add_subcommand(Name(), Help());
   app->group("Εντολές");
+  if (std::find(arguments.begin(), arguments.end(), Name()) == arguments.end()) {
+    return app;
+  }
+  app->formatter(GreekHelp());
+  app->set_help_flag("-h,--help", "Δείχνει αυτή τη βοήθεια");
   app->option_defaults()->group("Επιλογές");
   app->footer(Foot());
   AddArguments(*app);
@@ -16,14 +23,14 @@ CLI::App* Command::AddTo(CLI::App& program) {
 }
 
 std::string Command::Foot() const {
-  return "Γενικές επιλογές, βλ. kalvo --help : --quiet, --separators XX";
+  return "Γενικές επιλογές, βλ. kalvo --help : --quiet, --separators ΔΧ";
 }
 
 void Command::AddLibraryOption(CLI::App& app) {
   app.add_option("--library", library_,
                  "Φάκελος με άλλες Βιβλιοθήκες Σωλήνων (0001.WPT ...) και Ρέοντα Μέσα\n"
                  "(Liquids.dat), όπου τίποτα δεν γράφεται")
-      ->type_name("DIR");
+      ->type_name("ΦΑΚΕΛΟΣ");
 }
 
 std::filesystem::path Command::Library() const {

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include "cli/console.h"
 
@@ -17,8 +18,9 @@ class Command {
  public:
   virtual ~Command() = default;
 
-  /// Adds the command with its arguments and help to `program`.
-  CLI::App* AddTo(CLI::App& program);
+  /// Adds the command to `program`: as a name to choose, or with its arguments and help too when
+  /// it may be the one that runs.
+  CLI::App* AddTo(CLI::App& program, const std::vector<std::string>& arguments);
   /// Runs with the arguments read. Gives the exit code.
   virtual int Run(const Console& console) = 0;
 

@@ -41,7 +41,8 @@ bool ReadSeparators(const std::string& text, Console& console) {
 
 class Program {
  public:
-  explicit Program(Console console) : console_(console) {
+  Program(Console console, std::vector<std::string> arguments)
+      : console_(console), arguments_(std::move(arguments)) {
     app_.formatter(GreekHelp());
     app_.footer(kFoot);
     app_.option_defaults()->group("Επιλογές");
@@ -52,7 +53,8 @@ class Program {
     app_.add_option("--separators", separators_,
                     "Διαχωριστικά δεκαδικών και χιλιάδων, \",.\" ή \".,\"\n"
                     "(αν δεν ορισθούν: του συστήματος, στο csv \".,\")")
-        ->type_name("XX");
+        ->type_name("ΔΧ");
+    app_.set_version_flag("--version", "kalvo " KALVO_VERSION, "Δείχνει την έκδοση");
     Add<CalcCommand>();
     Add<CheckCommand>();
     Add<ShowCommand>();
@@ -62,18 +64,21 @@ class Program {
     Add<FluidsCommand>();
   }
 
-  int Run(std::vector<std::string> arguments) {
-    std::reverse(arguments.begin(), arguments.end());  // as CLI11 wants them
+  int Run() {
+    std::reverse(arguments_.begin(), arguments_.end());  // as CLI11 wants them
     try {
-      app_.parse(std::move(arguments));
+      app_.parse(std::move(arguments_));
     } catch (const CLI::CallForHelp&) {
       console_.out << app_.help();
+      return exit_code::kDone;
+    } catch (const CLI::CallForVersion& version) {
+      console_.out << version.what() << '\n';
       return exit_code::kDone;
     } catch (const CLI::ParseError& error) {
       return WrongUse(WhatIsWrong(error, app_));
     }
     if (!ReadSeparators(separators_, console_)) {
-      return WrongUse("Τα διαχωριστικά είναι \",.\" ή \".,\" : " + separators_);
+      return WrongUse("--separators : " + separators_ + " , επιτρέπονται \",.\" ή \".,\"");
     }
     const auto given = std::find_if(commands_.begin(), commands_.end(),
                                     [](const auto& entry) { return entry.first->parsed(); });
@@ -84,13 +89,11 @@ class Program {
   template <typename CommandType>
   void Add() {
     auto command = std::make_unique<CommandType>();
-    CLI::App* app = command->AddTo(app_);
-    app->formatter(GreekHelp());
-    app->set_help_flag("-h,--help", "Δείχνει αυτή τη βοήθεια");
+    CLI::App* app = command->AddTo(app_, arguments_);
     commands_.emplace_back(app, std::move(command));
   }
 
-  int WrongUse(const std::string& what) {
+  [[nodiscard]] int WrongUse(const std::string& what) {
     const auto given = app_.get_subcommands();
     const std::string command = given.empty() ? "" : given.front()->get_name() + " ";
     console_.err << console_.Alarm(what) << "\nΒοήθεια : kalvo " << command << "--help\n";
@@ -98,6 +101,7 @@ class Program {
   }
 
   Console console_;
+  std::vector<std::string> arguments_;
   CLI::App app_{kAbout, "kalvo"};
   std::string separators_;
   std::vector<std::pair<CLI::App*, std::unique_ptr<Command>>> commands_;
@@ -107,7 +111,7 @@ class Program {
 
 int RunCommandLine(std::vector<std::string> arguments, Console console) {
   try {
-    return Program(console).Run(std::move(arguments));
+    return Program(console, std::move(arguments)).Run();
   } catch (const std::exception& error) {
     // What no command foresees, such as memory that runs out.
     console.err << "Απρόβλεπτο σφάλμα : " << error.what() << '\n';

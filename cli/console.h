@@ -15,7 +15,7 @@ struct Console {
   Separators separators = {};
   /// Of machine-read tables: those of programs unless the user asks for others.
   Separators csv_separators = {'.', ','};
-  bool out_is_terminal = false;
+  bool out_is_terminal = false;  ///< of the kind that obeys escape sequences
   bool err_is_terminal = false;
   bool colours = true;  ///< wanted where a terminal shows them
   int width = 0;        ///< columns of the terminal, 0 for no limit

@@ -67,8 +67,10 @@ void PrintExplanation(const Console& console, const SectionRow& row,
 
 void ExplainCommand::AddArguments(CLI::App& app) {
   StudyCommand::AddArguments(app);
-  app.add_option("SECTION", section_, "Αριθμός τμήματος")->required()->type_name("");
-  app.add_option("--method", method_, "Τρόπος υπολογισμού μιας μελέτης που δεν έχει αποτελέσματα")
+  app.add_option("ΤΜΗΜΑ", section_, "Αριθμός τμήματος")->required()->type_name("");
+  app.add_option("--method", method_,
+                 "Νέος υπολογισμός με αυτόν τον τρόπο (αν δεν ορισθεί: τα αποθηκευμένα\n"
+                 "αποτελέσματα, ή αν δεν υπάρχουν ο τρόπος 1)")
       ->check(CLI::IsMember({1, 2}).description(""))
       ->type_name("1|2");
 }

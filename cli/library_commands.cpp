@@ -35,7 +35,7 @@ void PrintSizes(const Console& console, const std::vector<PipeRow>& sizes) {
 }  // namespace
 
 void PipesCommand::AddArguments(CLI::App& app) {
-  number_option_ = app.add_option("N", number_, "Αριθμός Συστήματος Σωλήνων")->type_name("");
+  number_option_ = app.add_option("ΑΡΙΘΜΟΣ", number_, "Αριθμός Συστήματος Σωλήνων")->type_name("");
   AddLibraryOption(app);
 }
 

@@ -3,6 +3,7 @@
 
 #include <csignal>
 #include <cstdlib>
+#include <string_view>
 
 #include "cli/command_line.h"
 #include "cli/heap.h"
@@ -15,6 +16,14 @@ int TerminalWidth() {
                                                                                     : 0;
 }
 
+std::string_view Environment(const char* name) {
+  const char* value = std::getenv(name);
+  return value == nullptr ? "" : value;
+}
+
+// A terminal for colours and a line of progress; a dumb one would show their escape sequences.
+bool ObeysSequences(int stream) { return isatty(stream) != 0 && Environment("TERM") != "dumb"; }
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -23,9 +32,9 @@ int main(int argc, char** argv) {
   std::signal(SIGXFSZ, SIG_IGN);
   std::ios::sync_with_stdio(false);
   kalvo::Console console{std::cout, std::cerr, kalvo::DetectSeparators()};
-  console.out_is_terminal = isatty(STDOUT_FILENO) != 0;
-  console.err_is_terminal = isatty(STDERR_FILENO) != 0;
-  console.colours = std::getenv("NO_COLOR") == nullptr;
+  console.out_is_terminal = ObeysSequences(STDOUT_FILENO);
+  console.err_is_terminal = ObeysSequences(STDERR_FILENO);
+  console.colours = Environment("NO_COLOR").empty();
   console.width = TerminalWidth();
   const int code = kalvo::RunCommandLine({argv + 1, argv + argc}, console);
   std::cout.flush();

@@ -25,7 +25,7 @@ int StudyCommand::Run(const Console& console) {
 }
 
 void StudyCommand::AddArguments(CLI::App& app) {
-  app.add_option("STUDY", file_, "Αρχείο μελέτης (.PCK)")->required()->type_name("");
+  app.add_option("ΜΕΛΕΤΗ", file_, "Αρχείο μελέτης (.PCK)")->required()->type_name("");
   AddLibraryOption(app);
 }
 

@@ -4,6 +4,8 @@ kalvo_sources(kalvo_main "cli/main.cpp")
 if(TARGET kalvo_cli)
   find_package(CLI11 REQUIRED)
   find_package(nlohmann_json REQUIRED)
+  set_source_files_properties("cli/command_line.cpp" PROPERTIES COMPILE_DEFINITIONS
+                              "KALVO_VERSION=\"${PROJECT_VERSION}\"")
   get_target_property(kalvo_cli_type kalvo_cli TYPE)
   if(kalvo_cli_type STREQUAL "INTERFACE_LIBRARY")
     target_link_libraries(kalvo_cli INTERFACE CLI11::CLI11 nlohmann_json::nlohmann_json)

@@ -81,11 +81,13 @@ TEST_F(Commands, HelpSpeaksGreekAndNamesEveryArgument) {
     }
   }
   const std::string calc = Kalvo({"calc", "-h"}).out;
-  for (const char* option :
-       {"STUDY ...", "--method 1|2", "--fixed", "--ignore-capacity", "--library DIR", "--save PATH",
-        "--overwrite", "--format table|csv|json", "--units mmwg|pa", "--separators XX"}) {
+  for (const char* option : {"ΜΕΛΕΤΗ ...", "--method 1|2", "--fixed", "--ignore-capacity",
+                             "--library ΦΑΚΕΛΟΣ", "--save ΑΡΧΕΙΟ", "--overwrite",
+                             "--format table|csv|json", "--units mmwg|pa", "--separators ΔΧ"}) {
     EXPECT_THAT(calc, HasSubstr(option));
   }
+  EXPECT_THAT(calc, HasSubstr("\n  --save ΑΡΧΕΙΟ           Σώζει"));  // columns of characters
+  EXPECT_THAT(Kalvo({"--version"}).out, testing::MatchesRegex("kalvo [0-9]+\\.[0-9]+\\.[0-9]+\n"));
 }
 
 struct Misuse {
@@ -97,21 +99,28 @@ TEST_F(Commands, WrongUseIsToldInGreek) {
   const std::vector<Misuse> kMisuses = {
       {{}, "Λείπει η εντολή\nΒοήθεια : kalvo --help\n"},
       {{"paint"}, "Άγνωστη εντολή : paint\nΒοήθεια : kalvo --help\n"},
-      {{"calc"}, "Λείπει απαραίτητο όρισμα : STUDY\nΒοήθεια : kalvo calc --help\n"},
-      {{"explain", study_}, "Λείπει απαραίτητο όρισμα : SECTION\nΒοήθεια : kalvo explain --help\n"},
+      {{"calc"}, "Λείπει απαραίτητο όρισμα : ΜΕΛΕΤΗ\nΒοήθεια : kalvo calc --help\n"},
+      {{"explain", study_}, "Λείπει απαραίτητο όρισμα : ΤΜΗΜΑ\nΒοήθεια : kalvo explain --help\n"},
       {{"explain", study_, "x"},
-       "Όρισμα που δεν είναι αριθμός : SECTION\nΒοήθεια : kalvo explain --help\n"},
+       "ΤΜΗΜΑ : x, δεν είναι αριθμός που γίνεται δεκτός\nΒοήθεια : kalvo explain --help\n"},
       {{"calc", study_, "--method", "3"},
-       "Τιμή που δεν επιτρέπεται : --method\nΒοήθεια : kalvo calc --help\n"},
+       "--method : 3, επιτρέπονται 1, 2\nΒοήθεια : kalvo calc --help\n"},
       {{"calc", study_, "--format", "xml"},
-       "Τιμή που δεν επιτρέπεται : --format\nΒοήθεια : kalvo calc --help\n"},
+       "--format : xml, επιτρέπονται table, csv, json\nΒοήθεια : kalvo calc --help\n"},
       {{"calc", study_, "--save"},
-       "Λείπει η τιμή της επιλογής : --save\nΒοήθεια : kalvo calc --help\n"},
+       "--save : λείπει η τιμή, δώστε ΑΡΧΕΙΟ\nΒοήθεια : kalvo calc --help\n"},
+      {{"calc", study_, "--save", ""},
+       "--save : λείπει η τιμή, δώστε ΑΡΧΕΙΟ\nΒοήθεια : kalvo calc --help\n"},
+      {{"calc", study_, "--save", "a", "--save", "b"},
+       "--save : a, b, δίνεται μόνο μία φορά\nΒοήθεια : kalvo calc --help\n"},
+      {{"calc", study_, "--overwrite"},
+       "--overwrite : δίνεται μόνο μαζί με --save\nΒοήθεια : kalvo calc --help\n"},
       {{"calc", study_, "--method", "1", "--fixed"},
        "Επιλογές που δεν δίνονται μαζί : --method --fixed\nΒοήθεια : kalvo calc --help\n"},
-      {{"show", study_, "--wide"}, "Άγνωστο όρισμα : --wide\nΒοήθεια : kalvo show --help\n"},
+      {{"show", study_, "two"}, "Όρισμα που περισσεύει : two\nΒοήθεια : kalvo show --help\n"},
+      {{"show", study_, "--wide"}, "Άγνωστη επιλογή : --wide\nΒοήθεια : kalvo show --help\n"},
       {{"pipes", "--separators", ",,"},
-       "Τα διαχωριστικά είναι \",.\" ή \".,\" : ,,\nΒοήθεια : kalvo pipes --help\n"},
+       "--separators : ,, , επιτρέπονται \",.\" ή \".,\"\nΒοήθεια : kalvo pipes --help\n"},
   };
   for (const Misuse& misuse : kMisuses) {
     const Told told = Kalvo(misuse.arguments);
