@@ -1,7 +1,9 @@
 #include <CLI/CLI.hpp>
 
 #include "cli/closed_run.h"
+#include "cli/number_text.h"
 #include "cli/study_commands.h"
+#include "cli/study_report.h"
 #include "cli/text_table.h"
 #include "engine/explain.h"
 #include "engine/trap.h"
@@ -10,8 +12,19 @@ namespace kalvo {
 
 namespace {
 
-std::string Shown(double value, const Console& console) {
-  return FormatNumber(static_cast<float>(value), console.separators);
+enum class Results { kStored, kCalculated };
+
+// Decimals of a loss coefficient, of a length and of a drop where they are no steps.
+constexpr int kZetaDecimals = 2;
+constexpr int kLengthDecimals = 3;
+constexpr int kDropDecimals = 2;
+
+std::string Shown(double value, int decimals, const Console& console) {
+  return WithEnoughDecimals(static_cast<float>(value), decimals, console.separators);
+}
+
+std::string InLine(double value, int decimals, const Console& console) {
+  return WithDecimals(static_cast<float>(value), decimals, console.separators);
 }
 
 void PrintSteps(const Console& console, const DropExplanation& explanation) {
@@ -20,8 +33,8 @@ void PrintSteps(const Console& console, const DropExplanation& explanation) {
       2);
   int number = 0;
   for (const ExplainStep& step : explanation.steps) {
-    table.Add(
-        {std::to_string(++number), step.what, Shown(step.value, console), step.unit, step.formula});
+    table.Add({std::to_string(++number), step.what, Shown(step.value, step.decimals, console),
+               step.unit, step.formula});
   }
   table.Print(console);
 }
@@ -33,8 +46,9 @@ void PrintFittings(const Console& console, const DropExplanation& explanation) {
   console.out << '\n';
   TextTable table({{"Εξαρτήματα", "", true}, {"Πλήθος", ""}, {"ζ", ""}, {"Ισοδύναμο μήκος", "m"}});
   for (const FittingShare& fitting : explanation.fittings) {
-    table.Add({fitting.what, Shown(fitting.count, console), Shown(fitting.zeta, console),
-               FormatPattern(fitting.length_m, "#,##0.00#", console.separators)});
+    table.Add({fitting.what, FormatNumber(static_cast<float>(fitting.count), console.separators),
+               InLine(fitting.zeta, kZetaDecimals, console),
+               InLine(fitting.length_m, kLengthDecimals, console)});
   }
   table.Print(console);
 }
@@ -43,22 +57,27 @@ void PrintShares(const Console& console, const DropExplanation& explanation) {
   console.out << '\n';
   TextTable table({{"Μερίδιο στην πτώση", "", true}, {"Πτώση", "mm w.g."}, {"", "%"}});
   for (const DropShare& share : explanation.shares) {
-    table.Add({share.what, FormatPattern(share.drop, "#,##0.00", console.separators),
-               FormatPattern(share.fraction * 100.0, "#,##0.0", console.separators)});
+    table.Add({share.what, InLine(share.drop, kDropDecimals, console),
+               share.fraction ? InLine(*share.fraction * 100.0, 1, console) : "---"});
   }
   table.Print(console);
 }
 
 void PrintExplanation(const Console& console, const SectionRow& row,
-                      const DropExplanation& explanation) {
+                      const DropExplanation& explanation, Results results) {
   console.out << console.Heading("Τμήμα " + std::to_string(row.RecordNumber) + " : " +
                                  row.Name.Utf8() + ", διάμετρος " + row.NomiDiam.Utf8())
               << '\n';
+  PrintWrapped(console, (results == Results::kStored ? "Αποθηκευμένα αποτελέσματα, τρόπος "
+                                                     : "Νέος υπολογισμός, τρόπος ") +
+                            MethodText(static_cast<int>(row.INILAMDA)));
+  console.out << '\n';
   PrintSteps(console, explanation);
   PrintFittings(console, explanation);
   PrintShares(console, explanation);
   if (!explanation.Agrees()) {
-    console.out << "\nΗ αποθηκευμένη πτώση είναι " << Shown(explanation.stored_drop, console)
+    console.out << "\nΗ αποθηκευμένη πτώση είναι "
+                << Shown(explanation.stored_drop, kDropDecimals, console)
                 << " mm w.g. : τα δεδομένα άλλαξαν μετά τον υπολογισμό\n";
   }
 }
@@ -77,16 +96,18 @@ void ExplainCommand::AddArguments(CLI::App& app) {
 
 int ExplainCommand::RunOn(const Console& console, Session& session) {
   if (section_ < 1 || section_ > session.study().SectionCount) {
-    console.err << "Δεν υπάρχει Τμήμα " << section_ << " : η μελέτη έχει "
-                << session.study().SectionCount << " Τμήματα\n";
+    const int count = session.study().SectionCount;
+    console.err << "Δεν υπάρχει Τμήμα " << section_ << " : η μελέτη έχει " << count
+                << (count == 1 ? " Τμήμα\n" : " Τμήματα\n");
     return exit_code::kWrongUse;
   }
   if (IsOpenStudy(console, session, file())) {
     return exit_code::kRefused;
   }
-  if (!session.study().results_valid) {
-    const int code = CalculateStudy(console, session, static_cast<Method>(method_));
-    if (code != exit_code::kDone) {
+  const bool stored = method_ == kNoMethod && session.study().results_valid;
+  if (!stored) {
+    const Method method = method_ == kNoMethod ? Method::kFlowOnly : static_cast<Method>(method_);
+    if (const int code = CalculateStudy(console, session, method); code != exit_code::kDone) {
       return code;
     }
   }
@@ -99,7 +120,8 @@ int ExplainCommand::RunOn(const Console& console, Session& session) {
       return;
     }
     const SectionRow row = session.Rows().at(static_cast<std::size_t>(section_ - 1));
-    PrintExplanation(console, row, ExplainRow(row, *pass));
+    PrintExplanation(console, row, ExplainRow(row, *pass),
+                     stored ? Results::kStored : Results::kCalculated);
     code = exit_code::kDone;
   });
   return code;

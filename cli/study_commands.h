@@ -58,8 +58,10 @@ class ExplainCommand : public StudyCommand {
   int RunOn(const Console& console, Session& session) override;
 
  private:
+  static constexpr int kNoMethod = 0;
+
   int section_ = 0;
-  int method_ = 1;
+  int method_ = kNoMethod;
 };
 
 }  // namespace kalvo

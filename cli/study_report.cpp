@@ -42,6 +42,12 @@ bool StudyReport::IsCritical(int section) const {
   return std::find(critical.begin(), critical.end(), section) != critical.end();
 }
 
+std::string MethodText(int method) {
+  return method == 2
+             ? "2 - Εξισορρόπηση Κλάδων, με Ρυθμιστικές Βαλβίδες και Τροποποίηση των Διαμέτρων"
+             : "1 - Εξισορρόπηση Κλάδων με Ρυθμιστικές Βαλβίδες";
+}
+
 StudyReport MakeReport(Session& session, const std::string& file) {
   const Study& study = session.study();
   StudyReport report;

@@ -30,6 +30,9 @@ struct StudyReport {
   [[nodiscard]] bool IsCritical(int section) const;
 };
 
+/// What a method does, behind its number.
+std::string MethodText(int method);
+
 /// The report of the study that the session holds calculated.
 StudyReport MakeReport(Session& session, const std::string& file);
 

@@ -39,6 +39,24 @@ constexpr std::array<FittingKind, 10> kFittings = {{
      [](const FittingCoefficients&) { return kZetaCheckValve; }},
 }};
 
+struct Quantity {
+  const char* unit;
+  int decimals;
+};
+
+constexpr Quantity kFlow = {"l/h", 1};
+constexpr Quantity kDiameter = {"mm", 2};
+constexpr Quantity kVelocity = {"m/s", 2};
+constexpr Quantity kViscosity = {"cSt", 4};
+constexpr Quantity kReynolds = {"", 0};
+constexpr Quantity kRoughness = {"mm", 4};
+constexpr Quantity kLamda = {"", 5};
+constexpr Quantity kDensity = {"kg/m³", 1};
+constexpr Quantity kRate = {"mm w.g./m", 3};
+constexpr Quantity kLength = {"m", 3};
+constexpr Quantity kZeta = {"", 2};
+constexpr Quantity kDrop = {"mm w.g.", 2};
+
 class Explainer {
  public:
   explicit Explainer(const ExplainInput& input)
@@ -60,8 +78,9 @@ class Explainer {
   }
 
  private:
-  void Step(std::string what, std::string formula, double value, std::string unit) {
-    result_.steps.push_back({std::move(what), std::move(formula), value, std::move(unit)});
+  void Step(std::string what, std::string formula, double value, const Quantity& quantity) {
+    result_.steps.push_back(
+        {std::move(what), std::move(formula), value, quantity.unit, quantity.decimals});
   }
 
   void FillFlow() {
@@ -70,15 +89,15 @@ class Explainer {
     row_.Reynolds = ReynoldsOf(diameter_, row_.Velocity, flow.viscosity);
     row_.Lamda = FrictionFactor(flow.roughness, diameter_, row_.Reynolds);
     row_.FrictionRate = FrictionRateOf(row_.Lamda, flow.density, row_.Velocity, diameter_);
-    Step("Παροχή Q", "από τα Σώματα που εξυπηρετεί", row_.WaterFlow, "l/h");
-    Step("Εσωτερική διάμετρος D", "από το Σύστημα Σωλήνων", diameter_, "mm");
-    Step("Ταχύτητα v", "4 Q / (3,6 π D²), 2 δεκαδικά", row_.Velocity, "m/s");
-    Step("Κινηματικό ιξώδες ν", "στη Μέση Θερμοκρασία", flow.viscosity * 1e6, "cSt");
-    Step("Reynolds Re", "D v / (1000 ν), ακέραιο μέρος", row_.Reynolds, "");
-    Step("Τραχύτητα k", "από το Σύστημα Σωλήνων", flow.roughness, "mm");
-    Step("Συντελεστής τριβής λ", "1/√λ = -2 log(k/(3,71 D) + 2,51/(Re √λ))", row_.Lamda, "");
-    Step("Πυκνότητα ρ", "του Ρέοντος Μέσου", flow.density, "kg/m³");
-    Step("Τριβή R", "1000 λ ρ v² / (2 D 9,81), 3 δεκαδικά", row_.FrictionRate, "mm w.g./m");
+    Step("Παροχή Q", "από τα Σώματα που εξυπηρετεί", row_.WaterFlow, kFlow);
+    Step("Εσωτερική διάμετρος D", "από το Σύστημα Σωλήνων", diameter_, kDiameter);
+    Step("Ταχύτητα v", "4 Q / (3,6 π D²), 2 δεκαδικά", row_.Velocity, kVelocity);
+    Step("Κινηματικό ιξώδες ν", "στη Μέση Θερμοκρασία", flow.viscosity * 1e6, kViscosity);
+    Step("Reynolds Re", "D v / (1000 ν), ακέραιο μέρος", row_.Reynolds, kReynolds);
+    Step("Τραχύτητα k", "από το Σύστημα Σωλήνων", flow.roughness, kRoughness);
+    Step("Συντελεστής τριβής λ", "1/√λ = -2 log(k/(3,71 D) + 2,51/(Re √λ))", row_.Lamda, kLamda);
+    Step("Πυκνότητα ρ", "του Ρέοντος Μέσου", flow.density, kDensity);
+    Step("Τριβή R", "1000 λ ρ v² / (2 D 9,81), 3 δεκαδικά", row_.FrictionRate, kRate);
   }
 
   void FillLengths() {
@@ -93,41 +112,49 @@ class Explainer {
             {kind.what, count, each, LengthOfZeta(count * each, diameter_, row_.Lamda)});
       }
     }
-    Step("Μήκος σωλήνα", "όπως καταχωρήθηκε", row_.Length, "m");
-    Step("Σύνολο ζ εξαρτημάτων", "Σ πλήθος × ζ", SumOfZeta(row_, input_.material, diameter_), "");
-    Step("L1 σωλήνας και εξαρτήματα", "Μήκος + Σζ D / (1000 λ)", lengths_.pipe_and_fittings, "m");
+    Step("Μήκος σωλήνα", "όπως καταχωρήθηκε", row_.Length, kLength);
+    Step("Σύνολο ζ εξαρτημάτων", "Σ πλήθος × ζ", SumOfZeta(row_, input_.material, diameter_),
+         kZeta);
+    Step("L1 σωλήνας και εξαρτήματα", "Μήκος + Σζ D / (1000 λ)", lengths_.pipe_and_fittings,
+         kLength);
     Step("L2 άλλη πτώση",
          input_.stepped_rate ? "Άλλη πτώση / R της προηγούμενης διαμέτρου" : "Άλλη πτώση / R",
-         lengths_.other_drop, "m");
-    Step("L3 άλλο ισοδύναμο μήκος", "όπως καταχωρήθηκε", lengths_.other_length, "m");
-    Step("L4 Λέβητας ή Chiller",
+         lengths_.other_drop, kLength);
+    Step("L3 άλλο ισοδύναμο μήκος", "όπως καταχωρήθηκε", lengths_.other_length, kLength);
+    Step("L4 " + PlantTerm(),
          input_.stepped_rate ? "-2500 D / (1000 λ), μετά από μείωση διαμέτρου"
                              : "2,5 × δείκτης D / (1000 λ)",
-         lengths_.plant, "m");
+         lengths_.plant, kLength);
   }
 
   void FillDrop() {
     const double own = row_.FrictionRate * lengths_.Sum();
     const double margin = own * (kDropMargin - 1.0);
     result_.computed_drop = TotalDropOf(row_.FrictionRate, lengths_, row_.SomaDrop);
-    Step("Πτώση τριβής", "R (L1 + L2 + L3 + L4)", own, "mm w.g.");
-    Step("Προσαύξηση ασφαλείας", "10 %", margin, "mm w.g.");
-    Step("Πτώση Σώματος", "όπως καταχωρήθηκε", row_.SomaDrop, "mm w.g.");
+    Step("Πτώση τριβής", "R (L1 + L2 + L3 + L4)", own, kDrop);
+    Step("Προσαύξηση ασφαλείας", "10 %", margin, kDrop);
+    Step("Πτώση Σώματος", "όπως καταχωρήθηκε", row_.SomaDrop, kDrop);
     Step("Συνολική πτώση", "1,1 R (L1 + L2 + L3 + L4) + Σώμα, 2 δεκαδικά", result_.computed_drop,
-         "mm w.g.");
+         kDrop);
     const double rate = row_.FrictionRate;
     const double fittings = lengths_.pipe_and_fittings - row_.Length;
     Share("Σωλήνας", rate * row_.Length);
     Share("Εξαρτήματα", rate * fittings);
     Share("Άλλες πτώσεις", rate * (lengths_.other_drop + lengths_.other_length));
-    Share("Λέβητας ή Chiller", rate * lengths_.plant);
+    Share(PlantTerm(), rate * lengths_.plant);
     Share("Προσαύξηση", margin);
     Share("Σώμα", row_.SomaDrop);
   }
 
+  // The plant's place in the lengths; in a section that was taken down the method's mark fills it.
+  [[nodiscard]] std::string PlantTerm() const {
+    return input_.stepped_rate ? "Όρος μείωσης διαμέτρου" : "Λέβητας ή Chiller";
+  }
+
   void Share(std::string what, double drop) {
     const double whole = result_.computed_drop;
-    result_.shares.push_back({std::move(what), drop, whole == 0.0 ? 0.0 : drop / whole});
+    result_.shares.push_back(
+        {std::move(what), drop, whole > 0.0 ? std::optional(drop / whole) : std::nullopt});
   }
 
   const ExplainInput& input_;

@@ -9,12 +9,13 @@
 namespace kalvo {
 
 /// One step on the way from a section's flow to its drop: what is found, by which formula, its
-/// value and unit. Texts are Greek.
+/// value and unit, and the decimals that are fit for it. Texts are Greek.
 struct ExplainStep {
   std::string what;
   std::string formula;
   double value = 0;
   std::string unit;
+  int decimals = 0;
 };
 
 /// Fittings of one kind in a section: how many, ζ of each, and the pipe length they stand for, m.
@@ -28,8 +29,8 @@ struct FittingShare {
 /// What a part of the section has in its drop.
 struct DropShare {
   std::string what;
-  double drop = 0;      ///< mm w.g.
-  double fraction = 0;  ///< of the whole drop, 0 when that is 0
+  double drop = 0;                 ///< mm w.g.
+  std::optional<double> fraction;  ///< of the whole drop, nothing when that is not above 0
 };
 
 /// How a section's drop came about.

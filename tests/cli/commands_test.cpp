@@ -52,9 +52,25 @@ TEST_F(Commands, ExplainAccountsForTheWholeDrop) {
   const Told told = bench_.Run({"explain", study_, "3"});
   EXPECT_EQ(told.code, 0) << told.err;
   EXPECT_EQ(told.out, Golden("explain.txt"));
-  EXPECT_EQ(bench_.Run({"explain", study_, "7"}).code, 2);
+  EXPECT_EQ(bench_.Run({"explain", study_, "7"}).err,
+            "Δεν υπάρχει Τμήμα 7 : η μελέτη έχει 6 Τμήματα\n");
   const std::string lost = bench_.Put("lost.PCK", Lines{"ANT/1 1m", "1/2 1m 9 l/h soma 1mm"});
   EXPECT_EQ(bench_.Run({"explain", lost, "1"}).code, 4);
+}
+
+TEST_F(Commands, ExplainTellsWhoseResultsItExplains) {
+  const std::string saved = bench_.Path("saved.PCK");
+  const std::string sample = std::string(KALVO_SAMPLES_DIR) + "/fancoil.PCK";
+  ASSERT_EQ(Kalvo({"calc", sample, "--method", "2", "--save", saved}).code, 0);
+  const Told stored = Kalvo({"explain", saved, "2"});
+  EXPECT_THAT(stored.out, HasSubstr("\nΑποθηκευμένα αποτελέσματα, τρόπος 2 - "));
+  // The section was taken down: what fills the plant's place is named, a negative whole has no %.
+  EXPECT_THAT(stored.out, HasSubstr("L4 Όρος μείωσης διαμέτρου "));
+  EXPECT_THAT(stored.out, HasSubstr("\nΌρος μείωσης διαμέτρου  -381.359,40  ---\n"));
+  EXPECT_THAT(stored.out, testing::Not(HasSubstr("Chiller")));
+  const Told anew = Kalvo({"explain", saved, "2", "--method", "1"});
+  EXPECT_THAT(anew.out, HasSubstr("\nΝέος υπολογισμός, τρόπος 1 - "));
+  EXPECT_THAT(anew.out, HasSubstr("\nΛέβητας ή Chiller "));
 }
 
 TEST_F(Commands, LibrariesAreListed) {

@@ -1,0 +1,45 @@
+#include "cli/number_text.h"
+
+#include <cmath>
+
+namespace kalvo {
+
+namespace {
+
+std::string PatternOf(int decimals) {
+  return decimals == 0 ? "#,##0" : "#,##0." + std::string(static_cast<std::size_t>(decimals), '0');
+}
+
+}  // namespace
+
+std::string WithDecimals(float value, int decimals, const Separators& separators) {
+  return FormatPattern(value, PatternOf(decimals), separators);
+}
+
+std::string WithDecimals(double value, int decimals, const Separators& separators) {
+  return FormatPattern(value, PatternOf(decimals), separators);
+}
+
+std::string WithEnoughDecimals(float value, int decimals, const Separators& separators) {
+  const bool small = std::fabs(static_cast<double>(value)) < std::pow(10.0, 1 - decimals);
+  const std::string fixed = WithDecimals(value, decimals, separators);
+  const std::string whole = FormatNumber(value, separators);
+  return small && whole.size() > fixed.size() ? whole : fixed;
+}
+
+std::string NumberRanges(const std::vector<int>& numbers) {
+  std::string text;
+  for (std::size_t first = 0; first < numbers.size();) {
+    std::size_t last = first;
+    while (last + 1 < numbers.size() && numbers[last + 1] == numbers[last] + 1) {
+      ++last;
+    }
+    last = last - first >= 2 ? last : first;
+    text += (text.empty() ? "" : ", ") + std::to_string(numbers[first]);
+    text += last == first ? "" : "-" + std::to_string(numbers[last]);
+    first = last + 1;
+  }
+  return text;
+}
+
+}  // namespace kalvo

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "study/numeric_text.h"
+
+namespace kalvo {
+
+/// `value` with so many decimals, thousands grouped: one below the other the digits stand in line.
+/// A 32-bit value is rounded on its own decimal text.
+std::string WithDecimals(float value, int decimals, const Separators& separators);
+std::string WithDecimals(double value, int decimals, const Separators& separators);
+
+/// The same for a value that stands alone; one that would lose its digits keeps them all.
+std::string WithEnoughDecimals(float value, int decimals, const Separators& separators);
+
+/// Ascending numbers with runs of three or more drawn together: "27-30, 33".
+std::string NumberRanges(const std::vector<int>& numbers);
+
+}  // namespace kalvo
