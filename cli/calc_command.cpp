@@ -42,6 +42,11 @@ CLI::Validator NotEmpty() {
   return {[](const std::string& name) { return std::string(name.empty() ? "empty" : ""); }, ""};
 }
 
+void TellUnsaved(const Console& console, const FileError& error) {
+  console.out.flush();
+  console.err << "Η μελέτη ΔΕΝ σώθηκε. " << error.Line() << '\n';
+}
+
 }  // namespace
 
 std::string CalcCommand::Help() const {
@@ -141,7 +146,9 @@ int CalcCommand::RunInBatch(const Console& console, std::size_t index) {
   console.out << out.str();
   if (!err.str().empty()) {
     console.out.flush();
-    console.err << console.Alarm(file + " :") << '\n' << err.str();
+    const std::string heading = file + " :";
+    console.err << (code == exit_code::kDone ? heading : console.Alarm(heading)) << '\n'
+                << err.str();
   }
   return code;
 }
@@ -155,25 +162,43 @@ int CalcCommand::RunOne(const Console& console, const std::string& file) {
   if (IsOpenStudy(console, session, file)) {
     return exit_code::kRefused;
   }
-  const std::filesystem::path source = session.study().study_path;
+  const std::filesystem::path target = SaveTarget(save_, session.study().study_path);
+  if (!save_.empty() && !MaySave(console, session, target)) {
+    return exit_code::kUnwritable;
+  }
   const int code = fixed_ ? CalculateOnFixedDiameters(console, session)
                           : CalculateStudy(console, session, static_cast<Method>(method_));
   if (code != exit_code::kDone) {
     return code;
   }
   session.study().results_valid = true;  // told or saved here, they count as shown
-  Print(console, MakeReport(session, file));
-  return save_.empty() ? exit_code::kDone : Save(console, session, source);
+  StudyReport report = MakeReport(session, file);
+  report.fixed_diameters = fixed_;
+  Print(console, report);
+  TellAssumedFluid(console, session);
+  return save_.empty() ? exit_code::kDone : Save(console, session, target);
+}
+
+// Asked before the calculation: who may not save is not kept waiting for results.
+bool CalcCommand::MaySave(const Console& console, const Session& session,
+                          const std::filesystem::path& target) const {
+  const Outcome may = CheckTarget(session, session.study().study_path, target,
+                                  overwrite_ ? Existing::kReplace : Existing::kKeep);
+  if (!may) {
+    TellUnsaved(console, may.error());
+  }
+  return may.ok();
 }
 
 int CalcCommand::Save(const Console& console, Session& session,
-                      const std::filesystem::path& source) const {
-  const Outcome saved = SaveStudy(session, source, SaveTarget(save_, source),
-                                  overwrite_ ? Existing::kReplace : Existing::kKeep);
-  if (!saved) {
-    console.out.flush();
-    console.err << "Η μελέτη ΔΕΝ σώθηκε. " << saved.error().Line() << '\n';
+                      const std::filesystem::path& target) const {
+  if (const Outcome saved = SaveStudy(session, target); !saved) {
+    TellUnsaved(console, saved.error());
     return exit_code::kUnwritable;
+  }
+  if (!console.quiet) {
+    console.out.flush();
+    console.err << "Σώθηκε : " << target.string() << '\n';
   }
   return exit_code::kDone;
 }

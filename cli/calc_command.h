@@ -23,7 +23,9 @@ class CalcCommand : public Command {
   [[nodiscard]] bool IsWrongUse(const Console& console) const;
   int RunInBatch(const Console& console, std::size_t index);
   int RunOne(const Console& console, const std::string& file);
-  int Save(const Console& console, Session& session, const std::filesystem::path& source) const;
+  [[nodiscard]] bool MaySave(const Console& console, const Session& session,
+                             const std::filesystem::path& target) const;
+  int Save(const Console& console, Session& session, const std::filesystem::path& target) const;
   [[nodiscard]] PressureUnits Units() const;
   void Print(const Console& console, const StudyReport& report);
   void PrintFoot(const Console& console) const;

@@ -122,6 +122,7 @@ int ExplainCommand::RunOn(const Console& console, Session& session) {
     const SectionRow row = session.Rows().at(static_cast<std::size_t>(section_ - 1));
     PrintExplanation(console, row, ExplainRow(row, *pass),
                      stored ? Results::kStored : Results::kCalculated);
+    TellAssumedFluid(console, session);
     code = exit_code::kDone;
   });
   return code;

@@ -109,7 +109,8 @@ void CsvReport::PrintHead() const {
   }
   console_.out << "Critical";
   if (pascal_) {
-    for (const char* column : {"FrictionRate_Pa_m", "TotalDrop_kPa", "AvaiPres_kPa", "DP_kPa"}) {
+    for (const char* column :
+         {"FrictionRate_Pa_m", "TotalDrop_kPa", "AvaiPres_kPa", "DP_kPa", "SomaDrop_kPa"}) {
       console_.out << end << column;
     }
   }
@@ -133,10 +134,11 @@ void CsvReport::Print(const StudyReport& report) const {
     cells.AppendTo(line);
     line += report.IsCritical(row.RecordNumber) ? '1' : '0';
     if (pascal_) {
-      for (const double value :
-           {row.FrictionRate * kPascalPerMmWg, row.TotalDrop * kPascalPerMmWg / 1000.0,
-            row.AvaiPres * kPascalPerMmWg / 1000.0, row.DP * kPascalPerMmWg / 1000.0}) {
-        line += end + FormatNumber(static_cast<float>(value), separators_);
+      line +=
+          end + FormatNumber(static_cast<float>(row.FrictionRate * kPascalPerMmWg), separators_);
+      for (const float mm_wg : {row.TotalDrop, row.AvaiPres, row.DP, row.SomaDrop}) {
+        line +=
+            end + FormatNumber(static_cast<float>(mm_wg * kPascalPerMmWg / 1000.0), separators_);
       }
     }
     console_.out << line << '\n';

@@ -43,7 +43,7 @@ Json FittingsOf(const SectionRow& row) {
 
 Json SectionOf(const SectionRow& row, bool critical, PressureUnits units) {
   Json section = {{"number", row.RecordNumber},
-                  {"name", FromCodePage(row.Name.bytes())},
+                  {"name", FromCodePage(Trim(row.Name.bytes()))},
                   {"critical", critical},
                   {"length_m", Plain(row.Length)},
                   {"nominal_diameter", row.NomiDiam.Utf8()},
@@ -95,8 +95,10 @@ Json JsonOf(const StudyReport& report, PressureUnits units) {
   Json json = {{"study", report.file},
                {"title", report.title},
                {"fluid", report.fluid},
+               {"fluid_assumed", report.fluid_assumed},
                {"pipe_system", report.pipe_system},
                {"method", report.method},
+               {"fixed_diameters", report.fixed_diameters},
                {"mean_temperature_c", Plain(report.mean_temperature)},
                {"design_velocity_m_s", Plain(report.design_velocity)},
                {"pump", PumpOf(report, units)},
@@ -104,6 +106,9 @@ Json JsonOf(const StudyReport& report, PressureUnits units) {
                {"critical_branch", report.critical},
                {"critical_nodes", report.critical_nodes},
                {"water_content_l", report.water_litres}};
+  if (units == PressureUnits::kPascal) {
+    json["critical_drop_kpa"] = KiloPascal(report.critical_drop);
+  }
   json["sections"] = Json::array();
   for (const SectionRow& row : report.rows) {
     json["sections"].push_back(SectionOf(row, report.IsCritical(row.RecordNumber), units));
@@ -113,7 +118,8 @@ Json JsonOf(const StudyReport& report, PressureUnits units) {
     json["pipes"].push_back(PipeOf(pipe));
   }
   json["notes"] = {{"above_design_velocity", report.notes.above_design_velocity},
-                   {"on_largest_pipe", report.notes.on_largest_pipe}};
+                   {"on_largest_pipe", report.notes.on_largest_pipe},
+                   {"negative_drop", report.notes.negative_drop}};
   return json;
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "cli/number_text.h"
 #include "cli/text_table.h"
 
 namespace kalvo {
@@ -24,18 +25,13 @@ class ReportPrinter {
   }
 
  private:
-  [[nodiscard]] std::string Text(double value, std::string_view pattern) const {
-    return FormatPattern(value, pattern, console_.separators);
+  template <typename Number>
+  [[nodiscard]] std::string Text(Number value, int decimals) const {
+    return WithDecimals(value, decimals, console_.separators);
   }
-  // A stored 32-bit value is rounded on its own decimal text.
-  [[nodiscard]] std::string Text(float value, std::string_view pattern) const {
-    return FormatPattern(value, pattern, console_.separators);
-  }
-
-  [[nodiscard]] std::string MethodText() const {
-    return report_.method == 2
-               ? "2 - Εξισορρόπηση Κλάδων, με Ρυθμιστικές Βαλβίδες και Τροποποίηση των Διαμέτρων"
-               : "1 - Εξισορρόπηση Κλάδων με Ρυθμιστικές Βαλβίδες";
+  // Of a value that stands alone.
+  [[nodiscard]] std::string Lone(float value, int decimals) const {
+    return WithEnoughDecimals(value, decimals, console_.separators);
   }
 
   void PrintHead() {
@@ -46,16 +42,20 @@ class ReportPrinter {
                         Printable(report_.title.empty() ? report_.file : report_.title))
                  << '\n';
     fact("Μελέτη", report_.file);
-    fact("Παροχή αντλίας", Text(report_.total_flow_m3h, "#,##0.00") + " m³/h");
-    std::string head = Text(report_.pump_head_m, "#,##0.00") + " m w.g.";
+    fact("Παροχή αντλίας", Lone(report_.total_flow_m3h, 2) + " m³/h");
+    std::string head = Lone(report_.pump_head_m, 2) + " m w.g.";
     if (pascal_) {
-      head += " = " + Text(report_.critical_drop * kPascalPerMmWg / 1000.0, "#,##0.0") + " kPa";
+      head += " = " + Text(report_.critical_drop * kPascalPerMmWg / 1000.0, 1) + " kPa";
     }
     fact("Μανομετρικό αντλίας", head);
-    fact("Υγρό", report_.fluid + ", " + Text(report_.mean_temperature, "#,##0.##") + " °C");
+    fact("Υγρό", report_.fluid + ", " +
+                     FormatNumber(report_.mean_temperature, console_.separators) + " °C");
     fact("Σύστημα σωλήνων", report_.pipe_system);
-    fact("Ταχύτητα σχεδιασμού", Text(report_.design_velocity, "#,##0.00") + " m/s");
-    fact("Τρόπος υπολογισμού", MethodText());
+    fact("Ταχύτητα σχεδιασμού", Lone(report_.design_velocity, 2) + " m/s");
+    fact("Τρόπος υπολογισμού", MethodText(report_.method));
+    if (report_.fixed_diameters) {
+      fact("Διάμετροι", "όπως ήταν ήδη στη μελέτη (--fixed)");
+    }
     fact("Δυσμενέστερος κλάδος", report_.critical_nodes);
   }
 
@@ -66,7 +66,7 @@ class ReportPrinter {
                                        {"Ταχύτητα", "m/s"},     {"R", "mm/m"},
                                        {"Πτώση", "mm w.g."},    {"Διαθέσιμη", "mm w.g."}};
     if (pascal_) {
-      columns.push_back({"R", "Pa/m"});
+      columns.push_back({"R", "Pa/m", false, true});
       columns.push_back({"Πτώση", "kPa"});
       columns.push_back({"Διαθέσιμη", "kPa"});
     }
@@ -77,17 +77,17 @@ class ReportPrinter {
     std::vector<std::string> cells = {report_.IsCritical(row.RecordNumber) ? "*" : " ",
                                       std::to_string(row.RecordNumber),
                                       FromCodePage(row.Name.bytes()),
-                                      Text(row.Length, "#,##0.0#"),
+                                      Text(row.Length, 2),
                                       DiameterText(row),
-                                      Text(row.WaterFlow, "#,##0.0"),
-                                      Text(row.Velocity, "0.00"),
-                                      Text(row.FrictionRate, "#,##0.0##"),
-                                      Text(row.TotalDrop, "#,##0.0#"),
-                                      Text(row.AvaiPres, "#,##0.0#")};
+                                      Text(row.WaterFlow, 1),
+                                      Text(row.Velocity, 2),
+                                      Text(row.FrictionRate, 3),
+                                      Text(row.TotalDrop, 2),
+                                      Text(row.AvaiPres, 2)};
     if (pascal_) {
-      cells.push_back(Text(row.FrictionRate * kPascalPerMmWg, "#,##0.0"));
-      cells.push_back(Text(row.TotalDrop * kPascalPerMmWg / 1000.0, "#,##0.00"));
-      cells.push_back(Text(row.AvaiPres * kPascalPerMmWg / 1000.0, "#,##0.00"));
+      cells.push_back(Text(row.FrictionRate * kPascalPerMmWg, 1));
+      cells.push_back(Text(row.TotalDrop * kPascalPerMmWg / 1000.0, 2));
+      cells.push_back(Text(row.AvaiPres * kPascalPerMmWg / 1000.0, 2));
     }
     return cells;
   }
@@ -111,6 +111,11 @@ class ReportPrinter {
       }
     }
     console_.out << '\n';
+    if (!report_.notes.negative_drop.empty()) {
+      PrintWrapped(console_,
+                   "Αρνητική πτώση : η διάμετρος του τμήματος μειώθηκε, και τότε ο τρόπος 2 βάζει "
+                   "στην πτώση του έναν δικό του όρο (αναλυτικά: kalvo explain --method 2)");
+    }
   }
 
   void PrintPipes() {
@@ -119,38 +124,34 @@ class ReportPrinter {
     }
     TextTable table({{"Διάμετρος", "", true},
                      {"Μήκος", "m"},
-                     {"Γωνίες", "90°"},
+                     {"Γωνίες", ""},
                      {"Καμπύλες", "90°"},
                      {"Βάννες", ""},
                      {"Διακόπτες", "ευθείς"},
                      {"Διακόπτες", "γωνιακοί"},
                      {"Βαλβίδες", "αντεπ/φής"}});
     for (const StatRow& pipe : report_.pipes) {
-      const std::vector<float> values = {pipe.Length,    pipe.Corners, pipe.Elbows, pipe.GlobeV,
-                                         pipe.StraightV, pipe.CornerV, pipe.CheckV};
-      std::vector<std::string> cells = {pipe.NomiDiameter.Utf8()};
-      bool used = false;
-      for (const float value : values) {
-        used = used || value != 0.0F;
-        cells.push_back(value == 0.0F ? "---" : Text(value, "#,##0.###"));
+      const std::vector<float> fittings = {pipe.Corners,   pipe.Elbows,  pipe.GlobeV,
+                                           pipe.StraightV, pipe.CornerV, pipe.CheckV};
+      std::vector<std::string> cells = {pipe.NomiDiameter.Utf8(), Text(pipe.Length, 2)};
+      bool used = pipe.Length != 0.0F;
+      for (const float count : fittings) {
+        used = used || count != 0.0F;
+        cells.push_back(count == 0.0F ? "---" : FormatNumber(count, console_.separators));
       }
       if (used) {
         table.Add(std::move(cells));
       }
     }
     table.Print(console_);
-    console_.out << "Περιεκτικότητα δικτύου : " << Text(report_.water_litres, "#,##0.0") << " l\n";
+    console_.out << "Περιεκτικότητα δικτύου : " << Text(report_.water_litres, 1) << " l\n";
   }
 
   void PrintNote(const std::string& what, const std::vector<int>& sections) {
     if (sections.empty()) {
       return;
     }
-    std::string text = what + " :";
-    for (const int section : sections) {
-      text += " " + std::to_string(section);
-    }
-    PrintWrapped(console_, text);
+    PrintWrapped(console_, what + " : " + NumberRanges(sections));
   }
 
   void PrintNotes() {

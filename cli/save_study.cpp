@@ -42,8 +42,8 @@ fs::path SaveTarget(const fs::path& save, const fs::path& source) {
   return fs::absolute(WithExtension(path, SystemKind::kClosed));
 }
 
-Outcome SaveStudy(Session& session, const fs::path& source, const fs::path& target,
-                  Existing existing) {
+Outcome CheckTarget(const Session& session, const fs::path& source, const fs::path& target,
+                    Existing existing) {
   const fs::path folder = target.parent_path();
   std::error_code error;
   if (!fs::is_directory(folder, error)) {
@@ -54,6 +54,10 @@ Outcome SaveStudy(Session& session, const fs::path& source, const fs::path& targ
       return FileError{*file, "Το Αρχείο αυτό, υπάρχει ήδη (--overwrite το αντικαθιστά)"};
     }
   }
+  return Done{};
+}
+
+Outcome SaveStudy(Session& session, const fs::path& target) {
   session.study().study_path = target;
   Workbench bench = session.bench();
   return WriteStudy(bench);

@@ -12,10 +12,14 @@ enum class Existing { kKeep, kReplace };
 std::filesystem::path SaveTarget(const std::filesystem::path& save,
                                  const std::filesystem::path& source);
 
-/// Saves the session's study, read from `source`, as `target`, all its files. Over the study itself
-/// always; over a file of any other study, be it a companion only, where that may be replaced.
-/// Error: as WriteStudy(), or a file is there that must be kept; every file is as it was.
-Outcome SaveStudy(Session& session, const std::filesystem::path& source,
-                  const std::filesystem::path& target, Existing existing);
+/// Whether the study read from `source` may be saved as `target`: over itself always; over a file
+/// of any other study, be it a companion only, where that may be replaced. Error: the folder is
+/// missing, or a file is there that must be kept.
+Outcome CheckTarget(const Session& session, const std::filesystem::path& source,
+                    const std::filesystem::path& target, Existing existing);
+
+/// Saves the session's study as `target`, all its files. Error: as WriteStudy(); every file is as
+/// it was.
+Outcome SaveStudy(Session& session, const std::filesystem::path& target);
 
 }  // namespace kalvo

@@ -4,13 +4,34 @@
 #include "engine/trap.h"
 #include "study/load_study.h"
 #include "study/study_extensions.h"
+#include "study/study_reset.h"
 
 namespace kalvo {
 
 namespace {
 
-Box MissingNameBox() {
-  return {" !!... ΠΡΟΣΟΧΗ ...!! ", {"... Λείπει το όνομα του Αρχείου της Μελέτης ..."}, 16};
+constexpr const char* kMainFile =
+    "Δώστε το κύριο αρχείο μιας μελέτης, .PCK (κλειστό σύστημα) ή .PCA (ανοικτό)";
+
+Box NoStudyBox(std::string why) {
+  return {" !!... ΠΡΟΣΟΧΗ ...!! ", {std::move(why), kMainFile}, 16};
+}
+
+// Why `path` cannot be a study whatever is in it; empty when it may be one.
+std::string NoStudyText(const Disk& disk, const std::filesystem::path& path) {
+  if (path.empty()) {
+    return "... Λείπει το όνομα του Αρχείου της Μελέτης ...";
+  }
+  const auto status = disk.Status(path);
+  if (status && status->is_folder) {
+    return "Είναι φάκελος και όχι μελέτη : " + path.string();
+  }
+  const std::string name = path.filename().string();
+  if (KindOfName(name) == SystemKind::kNone &&
+      IsStudyExtension(std::string_view(name).substr(BaseOf(name).size()))) {
+    return "Είναι συνοδευτικό αρχείο μελέτης : " + path.string();
+  }
+  return {};
 }
 
 }  // namespace
@@ -31,8 +52,8 @@ Session::Session(const Console& console, const std::filesystem::path& library)
 }
 
 bool Session::Load(const std::filesystem::path& path) {
-  if (path.empty()) {
-    prompter_.Ask(MissingNameBox());
+  if (std::string why = NoStudyText(disk_, path); !why.empty()) {
+    prompter_.Ask(NoStudyBox(std::move(why)));
     return false;
   }
   const SystemKind kind = KindOfName(path.string());
@@ -54,6 +75,14 @@ bool Session::Load(const std::filesystem::path& path) {
 std::vector<SectionRow> Session::Rows() const {
   auto rows = workspace_.Rows().ReadAll();
   return rows ? std::move(rows).value() : std::vector<SectionRow>{};
+}
+
+void TellAssumedFluid(const Console& console, const Session& session) {
+  if (session.study().fluid_assumed && !console.quiet) {
+    console.out.flush();
+    console.err << "Δίπλα στη μελέτη δεν υπάρχει αρχείο υγρού (.LQD) : θεωρείται "
+                << session.study().fluid_name << '\n';
+  }
 }
 
 std::filesystem::path DeliveredLibrary() {

@@ -21,7 +21,9 @@ class Session {
 
   [[nodiscard]] bool ok() const { return ok_; }
   [[nodiscard]] Study& study() { return study_; }
+  [[nodiscard]] const Study& study() const { return study_; }
   [[nodiscard]] Workspace& workspace() { return workspace_; }
+  [[nodiscard]] const Workspace& workspace() const { return workspace_; }
   [[nodiscard]] const PipeList& pipes() const { return pipes_; }
   [[nodiscard]] ConsolePrompter& prompter() { return prompter_; }
   [[nodiscard]] Workbench bench() { return {study_, workspace_, pipes_, prompter_}; }
@@ -43,6 +45,9 @@ class Session {
   ConsolePrompter prompter_;
   bool ok_ = false;
 };
+
+/// Tells on `err`, unless the console is quiet, that no file told the study's fluid.
+void TellAssumedFluid(const Console& console, const Session& session);
 
 /// The delivered libraries' folder beside the running program.
 std::filesystem::path DeliveredLibrary();

@@ -1,7 +1,9 @@
 #include <algorithm>
 #include <array>
 
+#include "cli/number_text.h"
 #include "cli/report_table.h"
+#include "cli/session.h"
 #include "cli/study_commands.h"
 #include "cli/text_table.h"
 
@@ -14,12 +16,15 @@ struct DataColumn {
   const char* head;
   const char* unit;
   float (*value)(const SectionRow&);
+  int decimals = 0;  ///< always shown; of a count those that it has
 };
 
+constexpr const char* kNothing = "---";
+
 constexpr std::array<DataColumn, 14> kData = {{
-    {"Ύψος", "m", [](const SectionRow& row) { return row.HeightDiff; }},
+    {"Ύψος", "m", [](const SectionRow& row) { return row.HeightDiff; }, 2},
     {"Γωνίες", "", [](const SectionRow& row) { return row.AnglePOP; }},
-    {"Καμπύλες", "", [](const SectionRow& row) { return row.Elbow90; }},
+    {"Καμπύλες", "90°", [](const SectionRow& row) { return row.Elbow90; }},
     {"Βάννες", "", [](const SectionRow& row) { return float(row.GateValve); }},
     {"Διακόπτες", "ευθείς", [](const SectionRow& row) { return float(row.StrSwitch); }},
     {"Διακόπτες", "γωνιακοί", [](const SectionRow& row) { return float(row.AngSwitch); }},
@@ -28,8 +33,8 @@ constexpr std::array<DataColumn, 14> kData = {{
     {"Ταυ", "αντιρροή", [](const SectionRow& row) { return float(row.AntiTee); }},
     {"Ταυ", "συμβολή", [](const SectionRow& row) { return float(row.SymboTee); }},
     {"Βαλβίδες", "αντεπ/φής", [](const SectionRow& row) { return float(row.CheckValve); }},
-    {"Άλλη πτώση", "mm w.g.", [](const SectionRow& row) { return row.OtherDrop_mm; }},
-    {"Άλλο μήκος", "m", [](const SectionRow& row) { return row.OtherDrop_m; }},
+    {"Άλλη πτώση", "mm w.g.", [](const SectionRow& row) { return row.OtherDrop_mm; }, 2},
+    {"Άλλο μήκος", "m", [](const SectionRow& row) { return row.OtherDrop_m; }, 3},
     {"Λέβητας", "δείκτης", [](const SectionRow& row) { return float(row.Auxi); }},
 }};
 
@@ -54,6 +59,9 @@ class ShowPrinter {
   [[nodiscard]] std::string Number(float value) const {
     return FormatNumber(value, console_.separators);
   }
+  [[nodiscard]] std::string Text(float value, int decimals) const {
+    return WithDecimals(value, decimals, console_.separators);
+  }
 
   void PrintFacts() const {
     const auto number = static_cast<std::size_t>(study_.pipe_system_number);
@@ -62,10 +70,12 @@ class ShowPrinter {
         {"Σύστημα", study_.SystemOpen() ? "Ανοικτό" : "Κλειστό"},
         {"Σύστημα σωλήνων", std::to_string(number) + ". " + session_.pipes()[number - 1].title},
         {"Υγρό", study_.fluid_name + ", " + Number(study_.MeanTemp) + " °C"},
-        {"Μέση ταχύτητα", Number(study_.MeanVel) + " m/s"},
+        {"Ταχύτητα σχεδιασμού",
+         WithEnoughDecimals(study_.MeanVel, 2, console_.separators) + " m/s"},
         {"Τμήματα", std::to_string(study_.SectionCount)},
         {study_.SystemOpen() ? "Υποδοχείς" : "Σώματα", std::to_string(study_.EmitterCount)},
-        {"Τμήμα με Λέβητα", std::to_string(study_.plant_section)},
+        {"Τμήμα με Λέβητα",
+         study_.plant_section == 0 ? "κανένα" : std::to_string(study_.plant_section)},
     };
     console_.out << console_.Heading(
                         Printable(study_.study_title.empty() ? file_ : study_.study_title))
@@ -94,12 +104,14 @@ class ShowPrinter {
     }
     TextTable table(columns, 2);
     for (const SectionRow& row : rows) {
-      std::vector<std::string> cells = {std::to_string(row.RecordNumber),
-                                        FromCodePage(row.Name.bytes()), Number(row.Length),
-                                        Number(row.WaterFlow), Number(row.SomaDrop)};
+      std::vector<std::string> cells = {
+          std::to_string(row.RecordNumber), FromCodePage(row.Name.bytes()), Text(row.Length, 2),
+          Text(row.WaterFlow, 1), row.HasEmitter() ? Text(row.SomaDrop, 2) : kNothing};
       for (const DataColumn& data : used) {
         const float value = data.value(row);
-        cells.push_back(value == 0.0F ? "---" : Number(value));
+        cells.push_back(value == 0.0F        ? kNothing
+                        : data.decimals == 0 ? Number(value)
+                                             : Text(value, data.decimals));
       }
       table.Add(std::move(cells));
     }
@@ -116,6 +128,7 @@ class ShowPrinter {
 
 int ShowCommand::RunOn(const Console& console, Session& session) {
   ShowPrinter(console, session, file()).Print();
+  TellAssumedFluid(console, session);
   return exit_code::kDone;
 }
 

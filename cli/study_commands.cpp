@@ -39,10 +39,23 @@ bool WriteFlows(Workbench& bench) {
 
 using Check = void (*)(Workbench&);
 
-// Runs checks one after the other and prints what they find, each finding once. The exit code.
+// Each line once, where it came last: so what explains other findings stands behind them.
+std::vector<std::string> EachOnce(const std::vector<std::string>& lines) {
+  std::set<std::string_view> seen;
+  std::vector<std::string> kept;
+  for (auto line = lines.rbegin(); line != lines.rend(); ++line) {
+    if (seen.insert(*line).second) {
+      kept.push_back(*line);
+    }
+  }
+  std::reverse(kept.begin(), kept.end());
+  return kept;
+}
+
+// Runs checks one after the other and prints what they find. The exit code.
 int PrintChecks(const Console& console, Session& session, std::initializer_list<Check> checks) {
   Workbench bench = session.bench();
-  std::set<std::string> printed;
+  std::vector<std::string> findings;
   int code = exit_code::kDone;
   for (const Check check : checks) {
     session.workspace().Delete(work_file::kErrors);
@@ -58,10 +71,11 @@ int PrintChecks(const Console& console, Session& session, std::initializer_list<
           code, status == calc_status::kBrokenOff ? exit_code::kBrokenOff : exit_code::kRefused);
     }
     for (const std::string& line : SplitLines(FindingsText(session))) {
-      if (printed.insert(line).second) {
-        PrintWrapped(console, line);
-      }
+      findings.push_back(line);
     }
+  }
+  for (const std::string& finding : EachOnce(findings)) {
+    PrintWrapped(console, finding);
   }
   return code;
 }

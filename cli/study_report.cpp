@@ -54,6 +54,7 @@ StudyReport MakeReport(Session& session, const std::string& file) {
   report.file = file;
   report.title = study.study_title;
   report.fluid = study.fluid_name;
+  report.fluid_assumed = study.fluid_assumed;
   report.mean_temperature = study.MeanTemp;
   report.design_velocity = study.MeanVel;
   report.total_flow_m3h = study.TotalFlowM3h;

@@ -15,8 +15,10 @@ struct StudyReport {
   std::string fluid;
   std::string pipe_system;
   int method = 0;
-  float mean_temperature = 0;  ///< °C
-  float design_velocity = 0;   ///< m/s
+  bool fixed_diameters = false;  ///< of a run on the diameters that the sections had
+  bool fluid_assumed = false;    ///< no file tells the fluid: it is taken as the library's first
+  float mean_temperature = 0;    ///< °C
+  float design_velocity = 0;     ///< m/s
   float total_flow_m3h = 0;
   float pump_head_m = 0;       ///< m w.g.
   float critical_drop = 0;     ///< mm w.g.

@@ -17,6 +17,9 @@ std::string Aligned(const std::string& text, std::size_t width, bool left) {
   return left ? text + blanks : blanks + text;
 }
 
+// Stands in front of a column that begins a group.
+constexpr std::string_view kRule = "│ ";
+
 std::size_t WidthOf(std::size_t first, std::size_t last, std::size_t gap,
                     const std::vector<std::size_t>& widths) {
   std::size_t sum = 0;
@@ -63,7 +66,7 @@ std::vector<std::size_t> TextTable::Widths() const {
     for (const Row& row : rows_) {
       width = std::max(width, CountCharacters(row.cells[c]));
     }
-    widths.push_back(width);
+    widths.push_back(width + (columns_[c].begins_group ? CountCharacters(kRule) : 0));
   }
   return widths;
 }
@@ -88,8 +91,10 @@ void TextTable::PrintBlock(const Console& console, const Block& block, std::size
   const auto line = [&](auto&& text_of) {
     std::string text;
     for (const std::size_t c : block) {
-      text += (text.empty() ? "" : std::string(gap, ' ')) +
-              Aligned(text_of(c), widths[c], columns_[c].left_aligned);
+      const std::string_view rule = columns_[c].begins_group ? kRule : "";
+      text += text.empty() ? "" : std::string(gap, ' ');
+      text += rule;
+      text += Aligned(text_of(c), widths[c] - CountCharacters(rule), columns_[c].left_aligned);
     }
     text.erase(text.find_last_not_of(' ') + 1);
     return text;

@@ -12,6 +12,7 @@ struct TextColumn {
   std::string head;
   std::string unit;
   bool left_aligned = false;
+  bool begins_group = false;  ///< a rule in front keeps it apart from the columns before
 };
 
 /// Rows of texts under two lines of headings, each column as wide as its widest text. Columns that

@@ -11,6 +11,9 @@ ResultNotes NotesOf(const std::vector<SectionRow>& rows, const std::vector<PipeR
     if (!library.empty() && row.NomiDiam.Trimmed() == library.back().nominal_diameter.Trimmed()) {
       notes.on_largest_pipe.push_back(row.RecordNumber);
     }
+    if (row.INILAMDA == 2.0F && row.TotalDrop < 0.0F) {
+      notes.negative_drop.push_back(row.RecordNumber);
+    }
   }
   return notes;
 }

@@ -11,6 +11,8 @@ namespace kalvo {
 struct ResultNotes {
   std::vector<int> above_design_velocity;
   std::vector<int> on_largest_pipe;
+  /// Taken down by the second method, whose own term makes their drop negative.
+  std::vector<int> negative_drop;
 };
 
 /// Notes of calculated rows; the design velocity is each row's own `MeanVel`.

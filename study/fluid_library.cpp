@@ -85,6 +85,7 @@ Outcome DeleteFluid(const Workspace& workspace, int number) {
 
 Outcome WriteStudyFluid(Workbench& bench, const FluidRow& fluid) {
   bench.study.Density = 0;
+  bench.study.fluid_assumed = false;
   return bench.workspace.Rows<FluidRow>(work_file::kFluid).WriteAll(std::array{fluid});
 }
 

@@ -119,6 +119,11 @@ struct FoundStudy {
   Rows rows;
   std::vector<Copy> copies;
   std::string critical_branch;
+
+  [[nodiscard]] bool Has(std::string_view work_name) const {
+    return std::any_of(copies.begin(), copies.end(),
+                       [work_name](const Copy& copy) { return copy.work_name == work_name; });
+  }
 };
 
 // True when a companion's base, spelled as no other file of the study, is that of another study
@@ -249,6 +254,7 @@ Outcome TakeOver(Workbench& bench, const FoundStudy& found) {
   ResetStudy(bench);
   study.study_path = path;
   study.critical_branch = found.critical_branch;
+  study.fluid_assumed = !found.Has(work_file::kFluid);
   RebuildNameState(bench);
   for (const FoundStudy::Copy& copy : found.copies) {
     bench.workspace.Pause();

@@ -76,6 +76,7 @@ struct Study {
   std::string pipe_material;
   std::int16_t plant_section = 0;
   std::string fluid_name{kWaterName};
+  bool fluid_assumed = false;  ///< loaded without a fluid's file: it is the library's first
   std::string critical_branch;
   std::string branch_mode;
 

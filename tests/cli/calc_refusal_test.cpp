@@ -56,15 +56,6 @@ TEST(CalcRefusal, TellsWhyAndTouchesNothing) {
   }
 }
 
-TEST(CalcRefusal, NameWithoutSlashLosesTheWalk) {
-  const CliBench bench;
-  auto rows = Network(SoundNetwork());
-  rows[1].Name = FixedText<7>::FromBytes("1-2");
-  const Told told = bench.Run({"calc", bench.Put("study.PCK", rows)});
-  EXPECT_EQ(told.code, 4);
-  EXPECT_THAT(told.err, HasSubstr("Ο Κλάδος του Σώματος στο Τμήμα 2 χάνεται στον Κόμβο"));
-}
-
 TEST(CalcRefusal, IgnoredCapacityLetsTheRunGoOn) {
   const CliBench bench;
   const std::string study = bench.Put("study.PCK", kBeyondLibrary);
@@ -75,7 +66,7 @@ TEST(CalcRefusal, IgnoredCapacityLetsTheRunGoOn) {
   const std::string quiet = bench.Run({"calc", study, "--ignore-capacity", "--quiet"}).out;
   ASSERT_TRUE(told.out.starts_with(quiet));
   EXPECT_EQ(told.out.substr(quiet.size()),
-            "Τμήματα με ταχύτητα πάνω από την ταχύτητα σχεδιασμού : 1 2\n"
+            "Τμήματα με ταχύτητα πάνω από την ταχύτητα σχεδιασμού : 1, 2\n"
             "Τμήματα με τη μεγαλύτερη διάμετρο του συστήματος : 1\n");
 }
 

@@ -114,9 +114,10 @@ TEST_F(CalcReportOf, TableHasAllThatAnEngineerWants) {
 
 TEST_F(CalcReportOf, PascalsComeBesideWaterGauge) {
   EXPECT_THAT(bench_.Run({"calc", study_, "--units", "pa"}).out,
-              testing::AllOf(HasSubstr("mm w.g."), HasSubstr("kPa"), HasSubstr("Pa/m")));
-  EXPECT_THAT(bench_.Run({"calc", study_, "--units", "pa", "--format", "csv"}).out,
-              HasSubstr("Critical,FrictionRate_Pa_m,TotalDrop_kPa,AvaiPres_kPa,DP_kPa\n"));
+              testing::AllOf(HasSubstr("mm w.g.  │  Pa/m"), HasSubstr("kPa")));
+  EXPECT_THAT(
+      bench_.Run({"calc", study_, "--units", "pa", "--format", "csv"}).out,
+      HasSubstr("Critical,FrictionRate_Pa_m,TotalDrop_kPa,AvaiPres_kPa,DP_kPa,SomaDrop_kPa\n"));
   EXPECT_THAT(bench_.Run({"calc", study_}).out, Not(HasSubstr("Pa")));
 }
 
@@ -135,16 +136,35 @@ TEST_F(CalcReportOf, JsonTellsUnitsInItsKeys) {
   EXPECT_EQ(json.at("study"), study_);
   EXPECT_EQ(json.at("title"), "Δίκτυο Δοκιμής");
   EXPECT_EQ(json.at("pump").at("flow_m3h"), 0.8);
+  EXPECT_NEAR(json.at("critical_drop_kpa").get<double>(),
+              json.at("critical_drop_mm_wg").get<double>() * 9.80665e-3, 1e-4);
+  EXPECT_EQ(json.at("fixed_diameters"), false);
+  EXPECT_EQ(json.at("fluid_assumed"), false);
   EXPECT_EQ(json.at("critical_branch"), (std::vector<int>{1, 3, 5, 6}));
   EXPECT_EQ(json.at("critical_nodes"), "ANT - 1 - 3 - 4 - ANT");
   ASSERT_EQ(json.at("sections").size(), 6U);
   const auto& emitter = json.at("sections").at(2);
+  EXPECT_EQ(emitter.at("name"), "1/3");
   EXPECT_EQ(emitter.at("flow_lh"), 500.0);
   EXPECT_EQ(emitter.at("fittings").at("tees_branch"), 1);
   EXPECT_NEAR(emitter.at("drop_kpa").get<double>(),
               emitter.at("drop_mm_wg").get<double>() * 9.80665e-3, 1e-4);
   const double head = json.at("critical_drop_mm_wg");
   EXPECT_NEAR(json.at("pump").at("head_m_wg").get<double>() * 1000.0, head, 1e-2);
+}
+
+TEST_F(CalcReportOf, HowTheResultsCameAboutIsTold) {
+  const std::string sample = std::string(KALVO_SAMPLES_DIR) + "/fancoil.PCK";
+  EXPECT_THAT(Kalvo({"calc", sample, "--method", "2"}).out,
+              testing::AllOf(HasSubstr("-130.632,10"), HasSubstr("\nΑρνητική πτώση : "),
+                             HasSubstr(" σχεδιασμού : 2-8, 10-17, 23-31, 33, 37, 39,")));
+  const std::string saved = bench_.Path("saved.PCK");
+  ASSERT_EQ(bench_.Run({"calc", study_, "--save", saved}).code, 0);
+  EXPECT_THAT(bench_.Run({"calc", saved}).out,
+              Not(testing::AnyOf(HasSubstr("--fixed"), HasSubstr("Αρνητική"))));
+  EXPECT_THAT(bench_.Run({"calc", saved, "--fixed"}).out, HasSubstr("\nΔιάμετροι "));
+  EXPECT_THAT(bench_.Run({"calc", saved, "--fixed", "--format", "json"}).out,
+              HasSubstr("\"fixed_diameters\": true"));
 }
 
 TEST_F(CalcReportOf, ManyStudiesGoThroughInOneRun) {

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "cli/command_line.h"
+#include "study/fluid_row.h"
 #include "study/real_disk.h"
 
 namespace kalvo {
@@ -66,6 +67,13 @@ std::string CliBench::Put(const std::string& name, std::string bytes) const {
 }
 
 std::string CliBench::Put(const std::string& name, std::span<const SectionRow> rows) const {
+  FluidRow water;
+  water.row_number = 1;
+  water.name = FixedText<50>::FromUtf8(kWaterName);
+  water.mean_temperature = water.viscosity = kComputed;
+  water.density = 1000.0F;
+  const std::filesystem::path path(name);
+  Put(path.stem().string() + ".LQD", EncodeRows<FluidRow>(std::array{water}));
   return Put(name, EncodeRows(rows));
 }
 

@@ -36,7 +36,7 @@ std::string Golden(const std::string& name);
 /// Studies and a library of one steel pipe system on disk.
 class CliBench : public DiskBench {
  public:
-  /// Writes a file into the studies' folder. Gives its path.
+  /// Writes a file into the studies' folder, beside rows their fluid, water. Gives its path.
   std::string Put(const std::string& name, std::string bytes) const;
   std::string Put(const std::string& name, std::span<const SectionRow> rows) const;
   std::string Put(const std::string& name, const std::vector<std::string_view>& lines) const;

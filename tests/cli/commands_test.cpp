@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "study/real_disk.h"
 #include "tests/cli/cli_bench.h"
 
 namespace kalvo {
@@ -27,16 +28,18 @@ TEST_F(Commands, CheckTellsEachFindingOnceAndWhereAWalkIsLost) {
   EXPECT_EQ(told.code, 4);
   EXPECT_EQ(told.out,
             "Ο Κλάδος του Σώματος στο Τμήμα 2 χάνεται στον Κόμβο 2\n"
-            "Το Τμήμα 4 γράφει το ANT με Ελληνικά γράμματα !!\n"
             "Το Τμήμα 2 έχει ανύπαρκτο Τελικό Κόμβο !!\n"
             "Το Τμήμα 4 έχει ανύπαρκτο Τελικό Κόμβο !!\n"
-            "Το Τμήμα 3 έχει ανύπαρκτο Αρχικό Κόμβο !!\n");
+            "Το Τμήμα 3 έχει ανύπαρκτο Αρχικό Κόμβο !!\n"
+            "Το Τμήμα 4 γράφει το ANT με Ελληνικά γράμματα !!\n");
 }
 
 TEST_F(Commands, ShowTellsWhatIsInTheFile) {
   const Told told = bench_.Run({"show", study_});
   EXPECT_EQ(told.code, 0);
   EXPECT_EQ(told.out.substr(told.out.find("\n\n") + 2), Golden("show.txt"));
+  const std::string lone = bench_.Put("lone.PCK", Lines{"ANT/ANT 1m 9 l/h soma 1mm"});
+  EXPECT_THAT(bench_.Run({"show", lone}).out, HasSubstr("Τμήμα με Λέβητα       : κανένα\n"));
 }
 
 TEST_F(Commands, FlowsIsTheFlowReport) {
@@ -71,6 +74,27 @@ TEST_F(Commands, ExplainTellsWhoseResultsItExplains) {
   const Told anew = Kalvo({"explain", saved, "2", "--method", "1"});
   EXPECT_THAT(anew.out, HasSubstr("\nΝέος υπολογισμός, τρόπος 1 - "));
   EXPECT_THAT(anew.out, HasSubstr("\nΛέβητας ή Chiller "));
+}
+
+TEST_F(Commands, FluidThatNoFileTellsIsNotAssumedInSilence) {
+  ASSERT_TRUE(RealDisk().Remove(bench_.Path("study.LQD")).ok());
+  const std::string note = "Δίπλα στη μελέτη δεν υπάρχει αρχείο υγρού (.LQD) : θεωρείται Νερό\n";
+  for (const char* command : {"calc", "show"}) {
+    EXPECT_EQ(bench_.Run({command, study_}).err, note);
+    EXPECT_EQ(bench_.Run({command, study_, "--quiet"}).err, "");
+  }
+  EXPECT_EQ(bench_.Run({"explain", study_, "1"}).err, note);
+  EXPECT_THAT(bench_.Run({"calc", study_, "--format", "json"}).out,
+              HasSubstr("\"fluid_assumed\": true"));
+}
+
+TEST_F(Commands, WhatIsNoStudyIsToldFromOneThatIsMissing) {
+  for (const std::string& path : {bench_.Path("study.LQD"), bench_.studies().string()}) {
+    const Told told = bench_.Run({"calc", path});
+    EXPECT_EQ(told.code, 3);
+    EXPECT_THAT(told.err, HasSubstr(" μελέτη"));
+    EXPECT_THAT(told.err, HasSubstr(" : " + path + "\nΔώστε το κύριο αρχείο μιας μελέτης, .PCK"));
+  }
 }
 
 TEST_F(Commands, LibrariesAreListed) {

@@ -22,11 +22,15 @@ std::vector<std::string> NamesOf(const FolderImage& image) {
 
 class Save : public testing::Test {
  protected:
+  enum class Results { kNone, kTold };
+
   // Runs with --save expecting that nothing was written.
-  void ExpectKept(const std::vector<std::string>& arguments, int code, const std::string& message) {
+  void ExpectKept(const std::vector<std::string>& arguments, int code, const std::string& message,
+                  Results results = Results::kNone) {
     const FolderImage before = bench_.Studies();
     const Told told = bench_.Run(arguments);
     EXPECT_EQ(told.code, code) << told.err;
+    EXPECT_EQ(told.out.empty(), results == Results::kNone) << told.out;
     EXPECT_THAT(told.err, HasSubstr(message));
     EXPECT_TRUE(bench_.Studies() == before);
   }
@@ -38,16 +42,18 @@ class Save : public testing::Test {
 TEST_F(Save, WritesTheWholeFamilyAndNotTheStudyRead) {
   bench_.Put("study.WNT", SoundNetwork());
   const std::string before = bench_.Studies().at("study.PCK");
-  EXPECT_EQ(bench_.Run({"calc", study_, "--save", bench_.Path("Νέα μελέτη")}).code, 0);
+  const Told told = bench_.Run({"calc", study_, "--save", bench_.Path("Νέα μελέτη")});
+  EXPECT_EQ(told.code, 0);
+  EXPECT_EQ(told.err, "Σώθηκε : " + bench_.Path("Νέα μελέτη.PCK") + "\n");
   const FolderImage after = bench_.Studies();
-  EXPECT_THAT(NamesOf(after), ElementsAre("study.PCK", "study.WNT", "Νέα μελέτη.LQD",
+  EXPECT_THAT(NamesOf(after), ElementsAre("study.LQD", "study.PCK", "study.WNT", "Νέα μελέτη.LQD",
                                           "Νέα μελέτη.PCK", "Νέα μελέτη.STC", "Νέα μελέτη.WNT"));
   EXPECT_EQ(after.at("study.PCK"), before);
 
   // The results are there when it is read again, and a re-run on them changes no byte.
   const std::string saved = bench_.Path("Νέα μελέτη.PCK");
   EXPECT_THAT(bench_.Run({"show", saved}).out, HasSubstr("Δυσμενέστερος κλάδος"));
-  EXPECT_EQ(bench_.Run({"calc", saved, "--fixed", "--save", saved}).code, 0);
+  EXPECT_EQ(bench_.Run({"calc", saved, "--fixed", "--quiet", "--save", saved}).err, "");
   EXPECT_TRUE(bench_.Studies() == after);
 }
 
@@ -84,11 +90,12 @@ TEST_F(Save, ManyStudiesGoIntoAFolder) {
 TEST_F(Save, PlaceThatCannotBeWrittenIsNamed) {
   ExpectKept({"calc", study_, "--save", study_ + "/new.PCK"}, 6, "Ο φάκελος δεν υπάρχει");
   ExpectKept({"calc", study_, "--save", bench_.Path("none/new.PCK")}, 6, bench_.Path("none"));
-  ExpectKept({"calc", study_, "--save", "/proc/new.PCK"}, 6, "Η μελέτη ΔΕΝ σώθηκε. ");
+  ExpectKept({"calc", study_, "--save", "/proc/new.PCK"}, 6, "Η μελέτη ΔΕΝ σώθηκε. ",
+             Results::kTold);
   RealDisk disk;
   ASSERT_TRUE(disk.MakeFolder(bench_.studies() / "new.STC").ok());
   ExpectKept({"calc", study_, "--save", bench_.Path("new.PCK"), "--overwrite"}, 6,
-             "Είναι φάκελος και όχι αρχείο : " + bench_.Path("new.STC"));
+             "Είναι φάκελος και όχι αρχείο : " + bench_.Path("new.STC"), Results::kTold);
 }
 
 }  // namespace
