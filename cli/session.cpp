@@ -1,5 +1,8 @@
 #include "cli/session.h"
 
+#include <algorithm>
+
+#include "cli/heap.h"
 #include "engine/driver.h"
 #include "engine/trap.h"
 #include "study/load_study.h"
@@ -15,6 +18,15 @@ constexpr const char* kMainFile =
 
 Box NoStudyBox(std::string why) {
   return {" !!... ΠΡΟΣΟΧΗ ...!! ", {std::move(why), kMainFile}, 16};
+}
+
+// The memory that a study's calculation takes, in images of its rows.
+void LayMemoryReadyFor(const Disk& disk, const std::filesystem::path& path) {
+  constexpr std::uint64_t kImages = 10;
+  constexpr std::uint64_t kMost = 1U << 24U;
+  if (const auto status = disk.Status(path)) {
+    LayMemoryReady(static_cast<std::size_t>(std::min(kMost, kImages * status->length)));
+  }
 }
 
 // Why `path` cannot be a study whatever is in it; empty when it may be one.
@@ -56,6 +68,7 @@ bool Session::Load(const std::filesystem::path& path) {
     prompter_.Ask(NoStudyBox(std::move(why)));
     return false;
   }
+  LayMemoryReadyFor(disk_, path);
   const SystemKind kind = KindOfName(path.string());
   study_ = Study();
   study_.system_kind = kind == SystemKind::kNone ? SystemKind::kClosed : kind;

@@ -12,7 +12,7 @@ constexpr const char* kRule =
 
 // Room for the report of a large network, so that the text is not moved about as it grows; what is
 // not written to costs nothing.
-constexpr std::size_t kReportRoom = 1U << 22U;
+constexpr std::size_t kReportRoom = 1U << 20U;
 
 bool IsSource(std::string_view node) { return node == kSource; }
 
