@@ -5,11 +5,10 @@
 #include <set>
 #include <sstream>
 
-#include "cli/closed_run.h"
 #include "cli/report_csv.h"
 #include "cli/report_json.h"
 #include "cli/report_table.h"
-#include "cli/save_study.h"
+#include "cli/study_run.h"
 
 namespace kalvo {
 
@@ -37,26 +36,15 @@ class ProgressLine {
   const Console& console_;
 };
 
-// An empty name, as of a variable that is not set, would save nothing in silence.
-CLI::Validator NotEmpty() {
-  return {[](const std::string& name) { return std::string(name.empty() ? "empty" : ""); }, ""};
-}
-
-void TellUnsaved(const Console& console, const FileError& error) {
-  console.out.flush();
-  console.err << "Η μελέτη ΔΕΝ σώθηκε. " << error.Line() << '\n';
-}
-
 }  // namespace
 
-std::string CalcCommand::Help() const {
-  return "Υπολογίζει μελέτες κλειστού συστήματος και δείχνει τα αποτελέσματα";
-}
+std::string CalcCommand::Help() const { return "Υπολογίζει μελέτες και δείχνει τα αποτελέσματα"; }
 
 std::string CalcCommand::Foot() const {
   return "Η μελέτη που διαβάζεται δεν αλλάζει, παρά μόνον αν την ορίζει το --save, και\n"
-         "υπολογίζεται πάντα εκ νέου. Το --save γράφει όλα τα αρχεία της (.PCK, .STC, .WNT,\n"
-         ".LQD). Δεν σώζεται μελέτη που δεν υπολογίσθηκε (κωδικοί εξόδου 3 έως 5).\n"
+         "υπολογίζεται πάντα εκ νέου. Το --save γράφει όλα τα αρχεία της (κλειστού συστήματος\n"
+         ".PCK, .STC, .WNT, .LQD, ανοικτού .PCA, .STO, .LQD). Δεν σώζεται μελέτη που δεν "
+         "υπολογίσθηκε (κωδικοί εξόδου 3 έως 5).\n"
          "Το csv έχει τα κελιά με \",\" και τα δεκαδικά με \".\". Με --separators \",.\" έχει τα\n"
          "κελιά με \";\" και τα δεκαδικά με \",\", όπως τα ανοίγουν τα ελληνικά λογιστικά φύλλα.\n"
          "Για πολλές μελέτες το csv έχει πρώτη στήλη τη μελέτη και το json είναι ένας πίνακας.\n" +
@@ -64,7 +52,7 @@ std::string CalcCommand::Foot() const {
 }
 
 void CalcCommand::AddArguments(CLI::App& app) {
-  app.add_option("ΜΕΛΕΤΗ", studies_, "Αρχεία μελετών (.PCK)")->required()->type_name("");
+  app.add_option("ΜΕΛΕΤΗ", studies_, "Αρχεία μελετών (.PCK, .PCA)")->required()->type_name("");
   CLI::Option* method =
       app.add_option("--method", method_,
                      "Τρόπος υπολογισμού: 1 (αν δεν ορισθεί) Ρυθμιστικές Βαλβίδες,\n"
@@ -77,13 +65,9 @@ void CalcCommand::AddArguments(CLI::App& app) {
       ->excludes(method);
   app.add_flag("--ignore-capacity", ignore_capacity_,
                "Συνεχίζει και αν το Σύστημα Σωλήνων δεν επαρκεί για την ταχύτητα");
-  CLI::Option* save = app.add_option("--save", save_,
-                                     "Σώζει τη μελέτη με τα αποτελέσματα σε αυτό το αρχείο ή\n"
-                                     "φάκελο που υπάρχει (για πολλές μελέτες: φάκελος)")
-                          ->check(NotEmpty())
-                          ->type_name("ΑΡΧΕΙΟ");
-  app.add_flag("--overwrite", overwrite_, "Το --save μπορεί να αντικαταστήσει άλλη μελέτη")
-      ->needs(save);
+  save_.AddTo(app,
+              "Σώζει τη μελέτη με τα αποτελέσματα σε αυτό το αρχείο ή\n"
+              "φάκελο που υπάρχει (για πολλές μελέτες: φάκελος)");
   app.add_option("--format", format_, "Μορφή των αποτελεσμάτων (αν δεν ορισθεί: table)")
       ->check(CLI::IsMember({"table", "csv", "json"}).description(""))
       ->type_name("table|csv|json");
@@ -98,17 +82,18 @@ PressureUnits CalcCommand::Units() const {
 }
 
 bool CalcCommand::IsWrongUse(const Console& console) const {
-  if (studies_.size() == 1 || save_.empty()) {
+  if (studies_.size() == 1 || !save_.wanted()) {
     return false;
   }
   std::error_code error;
-  if (!std::filesystem::is_directory(save_, error)) {
-    console.err << "Με πολλές μελέτες το --save είναι φάκελος που υπάρχει : " << save_ << '\n';
+  if (!std::filesystem::is_directory(save_.place(), error)) {
+    console.err << "Με πολλές μελέτες το --save είναι φάκελος που υπάρχει : " << save_.place()
+                << '\n';
     return true;
   }
   std::set<std::filesystem::path> targets;
   for (const std::string& study : studies_) {
-    if (!targets.insert(SaveTarget(save_, study)).second) {
+    if (!targets.insert(SaveTarget(save_.place(), study)).second) {
       console.err << "Δύο μελέτες θα σώζονταν με το ίδιο όνομα : " << study << '\n';
       return true;
     }
@@ -159,11 +144,7 @@ int CalcCommand::RunOne(const Console& console, const std::string& file) {
   if (!session.ok() || !session.Load(file)) {
     return exit_code::kUnreadable;
   }
-  if (IsOpenStudy(console, session, file)) {
-    return exit_code::kRefused;
-  }
-  const std::filesystem::path target = SaveTarget(save_, session.study().study_path);
-  if (!save_.empty() && !MaySave(console, session, target)) {
+  if (!save_.MaySave(console, session)) {
     return exit_code::kUnwritable;
   }
   const int code = fixed_ ? CalculateOnFixedDiameters(console, session)
@@ -176,31 +157,7 @@ int CalcCommand::RunOne(const Console& console, const std::string& file) {
   report.fixed_diameters = fixed_;
   Print(console, report);
   TellAssumedFluid(console, session);
-  return save_.empty() ? exit_code::kDone : Save(console, session, target);
-}
-
-// Asked before the calculation: who may not save is not kept waiting for results.
-bool CalcCommand::MaySave(const Console& console, const Session& session,
-                          const std::filesystem::path& target) const {
-  const Outcome may = CheckTarget(session, session.study().study_path, target,
-                                  overwrite_ ? Existing::kReplace : Existing::kKeep);
-  if (!may) {
-    TellUnsaved(console, may.error());
-  }
-  return may.ok();
-}
-
-int CalcCommand::Save(const Console& console, Session& session,
-                      const std::filesystem::path& target) const {
-  if (const Outcome saved = SaveStudy(session, target); !saved) {
-    TellUnsaved(console, saved.error());
-    return exit_code::kUnwritable;
-  }
-  if (!console.quiet) {
-    console.out.flush();
-    console.err << "Σώθηκε : " << target.string() << '\n';
-  }
-  return exit_code::kDone;
+  return save_.Save(console, session);
 }
 
 void CalcCommand::Print(const Console& console, const StudyReport& report) {

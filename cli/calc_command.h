@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "cli/command.h"
+#include "cli/save_options.h"
 #include "cli/study_report.h"
 
 namespace kalvo {
@@ -23,9 +24,6 @@ class CalcCommand : public Command {
   [[nodiscard]] bool IsWrongUse(const Console& console) const;
   int RunInBatch(const Console& console, std::size_t index);
   int RunOne(const Console& console, const std::string& file);
-  [[nodiscard]] bool MaySave(const Console& console, const Session& session,
-                             const std::filesystem::path& target) const;
-  int Save(const Console& console, Session& session, const std::filesystem::path& target) const;
   [[nodiscard]] PressureUnits Units() const;
   void Print(const Console& console, const StudyReport& report);
   void PrintFoot(const Console& console) const;
@@ -34,8 +32,7 @@ class CalcCommand : public Command {
   int method_ = 1;
   bool fixed_ = false;
   bool ignore_capacity_ = false;
-  bool overwrite_ = false;
-  std::string save_;
+  SaveOptions save_;
   std::string format_ = "table";
   std::string units_ = "mmwg";
   int printed_ = 0;                   ///< studies whose results were told so far

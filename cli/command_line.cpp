@@ -7,6 +7,7 @@
 #include "cli/greek_help.h"
 #include "cli/library_commands.h"
 #include "cli/study_commands.h"
+#include "cli/winter_command.h"
 
 namespace kalvo {
 
@@ -59,7 +60,9 @@ class Program {
     Add<CheckCommand>();
     Add<ShowCommand>();
     Add<FlowsCommand>();
+    Add<OutletsCommand>();
     Add<ExplainCommand>();
+    Add<WinterCommand>();
     Add<PipesCommand>();
     Add<FluidsCommand>();
   }

@@ -38,7 +38,11 @@ Answer ConsolePrompter::ShowMessage(int code, const Study& study) {
 
 Answer ConsolePrompter::Ask(const Box& box) {
   Print(box);
-  return StyleAsks(box.style) ? Answer::kNo : Answer::kNone;
+  if (!StyleAsks(box.style)) {
+    return Answer::kNone;
+  }
+  console_.err << (agrees ? "  ΝΑΙ\n" : "  ΟΧΙ : με --yes η απάντηση είναι ναι\n");
+  return agrees ? Answer::kYes : Answer::kNo;
 }
 
 }  // namespace kalvo

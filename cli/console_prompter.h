@@ -12,6 +12,8 @@ class ConsolePrompter : public Prompter {
 
   /// Pipes that do not suffice are accepted.
   bool ignore_capacity = false;
+  /// What boxes with their own text ask is agreed to.
+  bool agrees = false;
 
   Answer ShowMessage(int code, const Study& study) override;
   Answer Ask(const Box& box) override;

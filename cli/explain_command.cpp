@@ -1,9 +1,9 @@
 #include <CLI/CLI.hpp>
 
-#include "cli/closed_run.h"
 #include "cli/number_text.h"
 #include "cli/study_commands.h"
 #include "cli/study_report.h"
+#include "cli/study_run.h"
 #include "cli/text_table.h"
 #include "engine/explain.h"
 #include "engine/trap.h"
@@ -100,9 +100,6 @@ int ExplainCommand::RunOn(const Console& console, Session& session) {
     console.err << "Δεν υπάρχει Τμήμα " << section_ << " : η μελέτη έχει " << count
                 << (count == 1 ? " Τμήμα\n" : " Τμήματα\n");
     return exit_code::kWrongUse;
-  }
-  if (IsOpenStudy(console, session, file())) {
-    return exit_code::kRefused;
   }
   const bool stored = method_ == kNoMethod && session.study().results_valid;
   if (!stored) {

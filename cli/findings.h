@@ -6,7 +6,7 @@
 
 namespace kalvo {
 
-/// What the last check found, a line each: those of the error list, then where a walk was lost.
+/// What the last check found, a line each.
 std::string FindingsText(Session& session);
 
 }  // namespace kalvo

@@ -6,6 +6,9 @@
 #include <charconv>
 #include <cmath>
 
+#include "engine/open_network.h"
+#include "study/rounding.h"
+
 namespace kalvo {
 
 namespace {
@@ -57,14 +60,21 @@ Json SectionOf(const SectionRow& row, bool critical, PressureUnits units) {
                   {"friction_mm_wg_per_m", Plain(row.FrictionRate)},
                   {"drop_mm_wg", Plain(row.TotalDrop)},
                   {"available_mm_wg", Plain(row.AvaiPres)},
-                  {"emitter_drop_mm_wg", Plain(row.SomaDrop)},
                   {"plant_marker", row.Auxi},
                   {"fittings", FittingsOf(row)}};
+  const bool open = row.ANOIK != 0;
+  if (open) {
+    section["flow_pressure_m_wg"] = Plain(row.SomaDrop);
+    section["height_m"] = Plain(row.HeightDiff);
+  } else {
+    section["emitter_drop_mm_wg"] = Plain(row.SomaDrop);
+  }
   if (units == PressureUnits::kPascal) {
     section["friction_pa_per_m"] = Pascal(row.FrictionRate);
     section["drop_kpa"] = KiloPascal(row.TotalDrop);
     section["available_kpa"] = KiloPascal(row.AvaiPres);
-    section["emitter_drop_kpa"] = KiloPascal(row.SomaDrop);
+    section[open ? "flow_pressure_kpa" : "emitter_drop_kpa"] =
+        KiloPascal(open ? row.SomaDrop * 1000.0F : row.SomaDrop);
   }
   return section;
 }
@@ -91,9 +101,18 @@ Json PumpOf(const StudyReport& report, PressureUnits units) {
   return pump;
 }
 
+Json OutletsOf(const StudyReport& report) {
+  Json outlets = Json::array();
+  for (const OutletSpare& outlet : report.outlets) {
+    outlets.push_back({{"section", outlet.section}, {"spare_mm_wg", RoundTo(outlet.spare, 2)}});
+  }
+  return outlets;
+}
+
 Json JsonOf(const StudyReport& report, PressureUnits units) {
   Json json = {{"study", report.file},
                {"title", report.title},
+               {"system", report.kind == SystemKind::kOpen ? "open" : "closed"},
                {"fluid", report.fluid},
                {"fluid_assumed", report.fluid_assumed},
                {"pipe_system", report.pipe_system},
@@ -104,8 +123,13 @@ Json JsonOf(const StudyReport& report, PressureUnits units) {
                {"pump", PumpOf(report, units)},
                {"critical_drop_mm_wg", Plain(report.critical_drop)},
                {"critical_branch", report.critical},
-               {"critical_nodes", report.critical_nodes},
-               {"water_content_l", report.water_litres}};
+               {"critical_nodes", report.critical_nodes}};
+  if (report.kind == SystemKind::kOpen) {
+    json["residual_pressure_mm_wg"] = kResidualPressure;
+    json["outlets"] = OutletsOf(report);
+  } else {
+    json["water_content_l"] = report.water_litres.value_or(0.0);
+  }
   if (units == PressureUnits::kPascal) {
     json["critical_drop_kpa"] = KiloPascal(report.critical_drop);
   }
@@ -119,7 +143,8 @@ Json JsonOf(const StudyReport& report, PressureUnits units) {
   }
   json["notes"] = {{"above_design_velocity", report.notes.above_design_velocity},
                    {"on_largest_pipe", report.notes.on_largest_pipe},
-                   {"negative_drop", report.notes.negative_drop}};
+                   {"negative_drop", report.notes.negative_drop},
+                   {"outlets_in_need", report.notes.outlets_in_need}};
   return json;
 }
 

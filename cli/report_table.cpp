@@ -5,10 +5,13 @@
 
 #include "cli/number_text.h"
 #include "cli/text_table.h"
+#include "engine/open_network.h"
 
 namespace kalvo {
 
 namespace {
+
+constexpr const char* kNothing = "---";
 
 class ReportPrinter {
  public:
@@ -19,12 +22,14 @@ class ReportPrinter {
     PrintHead();
     console_.out << '\n';
     PrintSections();
-    console_.out << '\n';
+    PrintOutlets();
     PrintPipes();
     PrintNotes();
   }
 
  private:
+  [[nodiscard]] bool IsOpen() const { return report_.kind == SystemKind::kOpen; }
+
   template <typename Number>
   [[nodiscard]] std::string Text(Number value, int decimals) const {
     return WithDecimals(value, decimals, console_.separators);
@@ -51,12 +56,18 @@ class ReportPrinter {
     fact("Υγρό", report_.fluid + ", " +
                      FormatNumber(report_.mean_temperature, console_.separators) + " °C");
     fact("Σύστημα σωλήνων", report_.pipe_system);
-    fact("Ταχύτητα σχεδιασμού", Lone(report_.design_velocity, 2) + " m/s");
-    fact("Τρόπος υπολογισμού", MethodText(report_.method));
+    if (!report_.winter) {
+      fact("Ταχύτητα σχεδιασμού", Lone(report_.design_velocity, 2) + " m/s");
+      fact("Τρόπος υπολογισμού", MethodText(report_.method));
+    }
     if (report_.fixed_diameters) {
       fact("Διάμετροι", "όπως ήταν ήδη στη μελέτη (--fixed)");
     }
     fact("Δυσμενέστερος κλάδος", report_.critical_nodes);
+    if (IsOpen()) {
+      fact("Υπόλοιπη πίεση",
+           Text(kResidualPressure / 1000.0, 2) + " m w.g. στο τέλος του, μέσα στο μανομετρικό");
+    }
   }
 
   [[nodiscard]] std::vector<TextColumn> SectionColumns() const {
@@ -65,6 +76,10 @@ class ReportPrinter {
                                        {"Διάμετρος", "", true}, {"Παροχή", "l/h"},
                                        {"Ταχύτητα", "m/s"},     {"R", "mm/m"},
                                        {"Πτώση", "mm w.g."},    {"Διαθέσιμη", "mm w.g."}};
+    if (IsOpen()) {
+      columns.push_back({"Ύψος", "m"});
+      columns.push_back({"Πίεση ροής", "m w.g."});
+    }
     if (pascal_) {
       columns.push_back({"R", "Pa/m", false, true});
       columns.push_back({"Πτώση", "kPa"});
@@ -84,6 +99,10 @@ class ReportPrinter {
                                       Text(row.FrictionRate, 3),
                                       Text(row.TotalDrop, 2),
                                       Text(row.AvaiPres, 2)};
+    if (IsOpen()) {
+      cells.push_back(row.HasEmitter() ? Text(row.HeightDiff, 2) : kNothing);
+      cells.push_back(row.HasEmitter() ? Text(row.SomaDrop, 2) : kNothing);
+    }
     if (pascal_) {
       cells.push_back(Text(row.FrictionRate * kPascalPerMmWg, 1));
       cells.push_back(Text(row.TotalDrop * kPascalPerMmWg / 1000.0, 2));
@@ -118,10 +137,34 @@ class ReportPrinter {
     }
   }
 
+  // What each outlet gets and what it needs.
+  void PrintOutlets() {
+    if (report_.outlets.empty()) {
+      return;
+    }
+    console_.out << '\n';
+    TextTable table({{"α/α", ""},
+                     {"Υποδοχέας", "", true},
+                     {"Παροχή", "l/h"},
+                     {"Ύψος", "m"},
+                     {"Πίεση ροής", "m w.g."},
+                     {"Περίσσεια", "m w.g."}},
+                    2);
+    for (const OutletSpare& outlet : report_.outlets) {
+      const SectionRow& row = report_.rows[static_cast<std::size_t>(outlet.section - 1)];
+      table.Add(
+          {std::to_string(outlet.section), FromCodePage(row.Name.bytes()), Text(row.WaterFlow, 1),
+           Text(row.HeightDiff, 2), Text(row.SomaDrop, 2), Text(outlet.spare / 1000.0, 2)},
+          report_.IsCritical(outlet.section));
+    }
+    table.Print(console_);
+  }
+
   void PrintPipes() {
     if (report_.pipes.empty()) {
       return;
     }
+    console_.out << '\n';
     TextTable table({{"Διάμετρος", "", true},
                      {"Μήκος", "m"},
                      {"Γωνίες", ""},
@@ -137,14 +180,16 @@ class ReportPrinter {
       bool used = pipe.Length != 0.0F;
       for (const float count : fittings) {
         used = used || count != 0.0F;
-        cells.push_back(count == 0.0F ? "---" : FormatNumber(count, console_.separators));
+        cells.push_back(count == 0.0F ? kNothing : FormatNumber(count, console_.separators));
       }
       if (used) {
         table.Add(std::move(cells));
       }
     }
     table.Print(console_);
-    console_.out << "Περιεκτικότητα δικτύου : " << Text(report_.water_litres, 1) << " l\n";
+    if (report_.water_litres) {
+      console_.out << "Περιεκτικότητα δικτύου : " << Text(*report_.water_litres, 1) << " l\n";
+    }
   }
 
   void PrintNote(const std::string& what, const std::vector<int>& sections) {
@@ -159,6 +204,8 @@ class ReportPrinter {
       PrintNote("Τμήματα με ταχύτητα πάνω από την ταχύτητα σχεδιασμού",
                 report_.notes.above_design_velocity);
       PrintNote("Τμήματα με τη μεγαλύτερη διάμετρο του συστήματος", report_.notes.on_largest_pipe);
+      PrintNote("Υποδοχείς που χρειάζονται περισσότερο από όσο δίνει η αντλία",
+                report_.notes.outlets_in_need);
     }
   }
 

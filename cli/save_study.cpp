@@ -24,9 +24,12 @@ std::optional<fs::path> FileInTheWay(const Disk& disk, const fs::path& source,
     std::error_code error;
     return fs::equivalent(*main, source, error) ? std::nullopt : main;
   }
-  const StudyExtensions& extensions = ExtensionsOf(SystemKind::kClosed);
+  const StudyExtensions& extensions = ExtensionsOf(KindOfName(target.string()));
   for (const std::string_view extension :
        {extensions.sequence, extensions.statistics, extensions.winter, extensions.fluid}) {
+    if (extension.empty()) {
+      continue;  // a kind without such a file
+    }
     if (auto companion = found(target.parent_path() / (base + std::string(extension)))) {
       return companion;
     }
@@ -39,7 +42,7 @@ std::optional<fs::path> FileInTheWay(const Disk& disk, const fs::path& source,
 fs::path SaveTarget(const fs::path& save, const fs::path& source) {
   std::error_code error;
   const fs::path path = fs::is_directory(save, error) ? save / source.filename() : save;
-  return fs::absolute(WithExtension(path, SystemKind::kClosed));
+  return fs::absolute(WithExtension(path, KindOfName(source.string())));
 }
 
 Outcome CheckTarget(const Session& session, const fs::path& source, const fs::path& target,

@@ -3,9 +3,7 @@
 #include <algorithm>
 
 #include "cli/heap.h"
-#include "engine/driver.h"
-#include "engine/trap.h"
-#include "study/load_study.h"
+#include "shell/open_study.h"
 #include "study/study_extensions.h"
 #include "study/study_reset.h"
 
@@ -49,8 +47,8 @@ std::string NoStudyText(const Disk& disk, const std::filesystem::path& path) {
 }  // namespace
 
 Session::Session(const Console& console, const std::filesystem::path& library)
-    : workspace_(memory_, "/", disk_, library, clock_), prompter_(console) {
-  auto pipes = BuildPipeList(workspace_, EmptyLibraries::kSkip);
+    : workspace_(library), prompter_(console) {
+  auto pipes = BuildPipeList(*workspace_, EmptyLibraries::kSkip);
   if (!pipes) {
     prompter_.Ask(UnsuitableLibraryBox(pipes.error()));
     return;
@@ -64,29 +62,22 @@ Session::Session(const Console& console, const std::filesystem::path& library)
 }
 
 bool Session::Load(const std::filesystem::path& path) {
-  if (std::string why = NoStudyText(disk_, path); !why.empty()) {
+  if (std::string why = NoStudyText(outer_disk(), path); !why.empty()) {
     prompter_.Ask(NoStudyBox(std::move(why)));
     return false;
   }
-  LayMemoryReadyFor(disk_, path);
+  LayMemoryReadyFor(outer_disk(), path);
   const SystemKind kind = KindOfName(path.string());
   study_ = Study();
   study_.system_kind = kind == SystemKind::kNone ? SystemKind::kClosed : kind;
   study_.study_path = std::filesystem::absolute(path);
   Workbench at = bench();
-  LoadStudy(at, RecentList::kLeave);
-  if (study_.CalcStatus != calc_status::kNothing) {
-    return false;
-  }
-  if (study_.results_valid && study_.SystemClosed() && study_.critical_branch.empty()) {
-    RunTrapped(at, [&] { RefindCriticalBranch(at); });
-    study_.CalcStatus = calc_status::kNothing;
-  }
-  return true;
+  OpenStudyFile(at, RecentList::kLeave);
+  return study_.CalcStatus == calc_status::kNothing;
 }
 
 std::vector<SectionRow> Session::Rows() const {
-  auto rows = workspace_.Rows().ReadAll();
+  auto rows = workspace_->Rows().ReadAll();
   return rows ? std::move(rows).value() : std::vector<SectionRow>{};
 }
 

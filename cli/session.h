@@ -5,9 +5,7 @@
 #include <string_view>
 
 #include "cli/console_prompter.h"
-#include "study/clock.h"
-#include "study/memory_disk.h"
-#include "study/real_disk.h"
+#include "study/memory_workspace.h"
 #include "study/workbench.h"
 
 namespace kalvo {
@@ -22,11 +20,11 @@ class Session {
   [[nodiscard]] bool ok() const { return ok_; }
   [[nodiscard]] Study& study() { return study_; }
   [[nodiscard]] const Study& study() const { return study_; }
-  [[nodiscard]] Workspace& workspace() { return workspace_; }
-  [[nodiscard]] const Workspace& workspace() const { return workspace_; }
+  [[nodiscard]] Workspace& workspace() { return *workspace_; }
+  [[nodiscard]] const Workspace& workspace() const { return *workspace_; }
   [[nodiscard]] const PipeList& pipes() const { return pipes_; }
   [[nodiscard]] ConsolePrompter& prompter() { return prompter_; }
-  [[nodiscard]] Workbench bench() { return {study_, workspace_, pipes_, prompter_}; }
+  [[nodiscard]] Workbench bench() { return {study_, *workspace_, pipes_, prompter_}; }
 
   /// Loads the study at `path`, whose kind its extension tells (closed without one). False: it
   /// cannot be read and the user has been told.
@@ -36,10 +34,9 @@ class Session {
   [[nodiscard]] std::vector<SectionRow> Rows() const;
 
  private:
-  MemoryDisk memory_;
-  RealDisk disk_;
-  NoWait clock_;
-  Workspace workspace_;
+  [[nodiscard]] const Disk& outer_disk() const { return workspace_->outer_disk(); }
+
+  MemoryWorkspace workspace_;
   PipeList pipes_;
   Study study_;
   ConsolePrompter prompter_;

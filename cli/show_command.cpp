@@ -49,7 +49,7 @@ class ShowPrinter {
     PrintSections();
     if (!study_.results_valid) {
       console_.out << "Η μελέτη δεν έχει αποτελέσματα\n";
-    } else if (study_.SystemClosed()) {
+    } else {
       console_.out << '\n';
       PrintReport(console_, MakeReport(session_, file_), PressureUnits::kWaterGauge);
     }

@@ -5,11 +5,12 @@
 #include <algorithm>
 #include <set>
 
-#include "cli/closed_run.h"
 #include "cli/findings.h"
+#include "cli/study_run.h"
 #include "cli/text_table.h"
 #include "engine/checks.h"
 #include "engine/flow_report.h"
+#include "engine/outlets.h"
 #include "engine/trap.h"
 #include "study/text_lines.h"
 
@@ -25,7 +26,7 @@ int StudyCommand::Run(const Console& console) {
 }
 
 void StudyCommand::AddArguments(CLI::App& app) {
-  app.add_option("ΜΕΛΕΤΗ", file_, "Αρχείο μελέτης (.PCK)")->required()->type_name("");
+  app.add_option("ΜΕΛΕΤΗ", file_, "Αρχείο μελέτης (.PCK, .PCA)")->required()->type_name("");
   AddLibraryOption(app);
 }
 
@@ -85,7 +86,8 @@ int PrintChecks(const Console& console, Session& session, std::initializer_list<
 int CheckCommand::RunOn(const Console& console, Session& session) {
   const int code =
       session.study().SystemOpen()
-          ? PrintChecks(console, session, {CheckFeedersByName, CheckFeederNumbers, CheckFeederUse})
+          ? PrintChecks(console, session,
+                        {CheckFeedersByName, SumOutletFlows, CheckFeederNumbers, CheckFeederUse})
           : PrintChecks(console, session, {WriteSectionFlows, CheckNodes});
   if (code == exit_code::kDone && !console.quiet) {
     console.out << "... Οι Ονομασίες των Τμημάτων ΔΕΝ δείχνουν να έχουν πρόβλημα ...\n";
@@ -95,8 +97,8 @@ int CheckCommand::RunOn(const Console& console, Session& session) {
 
 int FlowsCommand::RunOn(const Console& console, Session& session) {
   Workbench bench = session.bench();
-  if (IsOpenStudy(console, session, file())) {
-    return exit_code::kRefused;
+  if (session.study().SystemOpen()) {
+    return RefuseKind(console, session, file());
   }
   const bool written = WriteFlows(bench);
   if (const auto report = session.workspace().Read(work_file::kFlowReport)) {

@@ -42,7 +42,17 @@ class FlowsCommand : public StudyCommand {
  protected:
   [[nodiscard]] std::string Name() const override { return "flows"; }
   [[nodiscard]] std::string Help() const override {
-    return "Δείχνει πώς κάθε Σώμα αλλάζει την παροχή των τμημάτων";
+    return "Δείχνει πώς κάθε Σώμα αλλάζει την παροχή των τμημάτων (κλειστό σύστημα)";
+  }
+  int RunOn(const Console& console, Session& session) override;
+};
+
+/// `kalvo outlets`: the outlets of an open study with their values.
+class OutletsCommand : public StudyCommand {
+ protected:
+  [[nodiscard]] std::string Name() const override { return "outlets"; }
+  [[nodiscard]] std::string Help() const override {
+    return "Δείχνει τους Υποδοχείς μιας μελέτης ανοικτού συστήματος";
   }
   int RunOn(const Console& console, Session& session) override;
 };

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "results/quantities.h"
+#include "study/fault.h"
 #include "study/text_lines.h"
 
 namespace kalvo {
@@ -21,19 +22,51 @@ std::vector<int> SectionsOf(std::string_view branch) {
 
 std::string NodeText(std::string_view node) { return FromCodePage(Trim(node)); }
 
-std::string NodesAlong(const std::vector<int>& sections, const std::vector<SectionRow>& rows) {
+// The nodes that a branch goes by: of an open system the sections' own names behind the feeder of
+// the first.
+std::string NodesAlong(const StudyReport& report) {
+  const bool open = report.kind == SystemKind::kOpen;
   std::string nodes;
-  for (const int section : sections) {
+  for (const int section : report.critical) {
     const auto index = static_cast<std::size_t>(section - 1);
-    if (index >= rows.size()) {
+    if (index >= report.rows.size()) {
       continue;
     }
+    const FixedText<7>& name = report.rows[index].Name;
     if (nodes.empty()) {
-      nodes = NodeText(LeftNode(rows[index].Name));
+      nodes = NodeText(open ? RightNode(name) : LeftNode(name));
     }
-    nodes += " - " + NodeText(RightNode(rows[index].Name));
+    nodes += " - " + NodeText(open ? LeftNode(name) : RightNode(name));
   }
   return nodes;
+}
+
+// What the rows of a calculated study tell.
+void TakeRows(StudyReport& report, std::vector<SectionRow> rows, std::string_view critical) {
+  report.rows = std::move(rows);
+  report.critical = SectionsOf(critical);
+  report.critical_nodes = NodesAlong(report);
+  report.outlets = SparesOf(report.rows);
+  if (!report.rows.empty()) {
+    report.method = static_cast<int>(report.rows.front().INILAMDA);
+    report.critical_drop = report.rows.front().DP;
+  }
+}
+
+// What the study tells of summer and winter alike.
+StudyReport BeginReport(Session& session, const std::string& file) {
+  const Study& study = session.study();
+  StudyReport report;
+  report.file = file;
+  report.title = study.study_title;
+  report.kind = study.system_kind;
+  report.fluid = study.fluid_name;
+  report.fluid_assumed = study.fluid_assumed;
+  const auto number = static_cast<std::size_t>(study.pipe_system_number);
+  if (number >= 1 && number <= session.pipes().size()) {
+    report.pipe_system = session.pipes()[number - 1].title;
+  }
+  return report;
 }
 
 }  // namespace
@@ -50,30 +83,32 @@ std::string MethodText(int method) {
 
 StudyReport MakeReport(Session& session, const std::string& file) {
   const Study& study = session.study();
-  StudyReport report;
-  report.file = file;
-  report.title = study.study_title;
-  report.fluid = study.fluid_name;
-  report.fluid_assumed = study.fluid_assumed;
+  StudyReport report = BeginReport(session, file);
   report.mean_temperature = study.MeanTemp;
   report.design_velocity = study.MeanVel;
   report.total_flow_m3h = study.TotalFlowM3h;
   report.pump_head_m = study.PumpHead;
-  report.rows = session.Rows();
   report.pipes = study.PipeStats;
-  report.water_litres = WaterContent(report.pipes);
-  report.critical = SectionsOf(study.critical_branch);
-  report.critical_nodes = NodesAlong(report.critical, report.rows);
-  if (!report.rows.empty()) {
-    report.method = static_cast<int>(report.rows.front().INILAMDA);
-    report.critical_drop = report.rows.front().DP;
+  if (study.SystemClosed()) {
+    report.water_litres = WaterContent(report.pipes);
   }
-  const auto number = static_cast<std::size_t>(study.pipe_system_number);
-  if (number >= 1 && number <= session.pipes().size()) {
-    report.pipe_system = session.pipes()[number - 1].title;
-  }
+  TakeRows(report, session.Rows(), study.critical_branch);
   if (const auto library = ReadPipeSystem(session.workspace(), study.pipe_system_number)) {
     report.notes = NotesOf(report.rows, *library);
+  }
+  return report;
+}
+
+StudyReport MakeWinterReport(Session& session, const std::string& file,
+                             const std::string& critical_branch) {
+  StudyReport report = BeginReport(session, file);
+  report.winter = true;
+  if (auto rows = session.workspace().Rows(work_file::kWinter).ReadAll(); rows && !rows->empty()) {
+    const SectionRow& first = rows->front();
+    report.mean_temperature = first.MeanTemp;
+    report.total_flow_m3h = first.PAR;
+    report.pump_head_m = ToSingle(first.DP / 1000.0);
+    TakeRows(report, std::move(rows).value(), critical_branch);
   }
   return report;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,6 +15,9 @@ struct StudyReport {
   std::string title;
   std::string fluid;
   std::string pipe_system;
+  SystemKind kind = SystemKind::kClosed;
+  bool winter =
+      false;  ///< of the winter duty: no design velocity, method and quantities of its own
   int method = 0;
   bool fixed_diameters = false;  ///< of a run on the diameters that the sections had
   bool fluid_assumed = false;    ///< no file tells the fluid: it is taken as the library's first
@@ -23,10 +27,11 @@ struct StudyReport {
   float pump_head_m = 0;       ///< m w.g.
   float critical_drop = 0;     ///< mm w.g.
   std::vector<int> critical;   ///< section numbers in order
-  std::string critical_nodes;  ///< "ANT - 1 - 2 - ANT"
+  std::string critical_nodes;  ///< "ANT - 1 - 2 - ANT", of an open system "ANT - 1 - 9"
   std::vector<SectionRow> rows;
-  std::vector<StatRow> pipes;  ///< sizes in use and not
-  double water_litres = 0;
+  std::vector<StatRow> pipes;          ///< sizes in use and not
+  std::optional<double> water_litres;  ///< of a closed system
+  std::vector<OutletSpare> outlets;    ///< of an open system
   ResultNotes notes;
 
   [[nodiscard]] bool IsCritical(int section) const;
@@ -37,6 +42,10 @@ std::string MethodText(int method);
 
 /// The report of the study that the session holds calculated.
 StudyReport MakeReport(Session& session, const std::string& file);
+
+/// The report of the winter duty that the session has calculated, `critical_branch` being its own.
+StudyReport MakeWinterReport(Session& session, const std::string& file,
+                             const std::string& critical_branch);
 
 /// Units of pressure beside mm w.g.
 enum class PressureUnits { kWaterGauge, kPascal };

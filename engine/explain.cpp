@@ -78,6 +78,8 @@ class Explainer {
   }
 
  private:
+  [[nodiscard]] bool IsOpen() const { return row_.ANOIK != 0; }
+
   void Step(std::string what, std::string formula, double value, const Quantity& quantity) {
     result_.steps.push_back(
         {std::move(what), std::move(formula), value, quantity.unit, quantity.decimals});
@@ -89,7 +91,9 @@ class Explainer {
     row_.Reynolds = ReynoldsOf(diameter_, row_.Velocity, flow.viscosity);
     row_.Lamda = FrictionFactor(flow.roughness, diameter_, row_.Reynolds);
     row_.FrictionRate = FrictionRateOf(row_.Lamda, flow.density, row_.Velocity, diameter_);
-    Step("Παροχή Q", "από τα Σώματα που εξυπηρετεί", row_.WaterFlow, kFlow);
+    Step("Παροχή Q",
+         IsOpen() ? "από τους Υποδοχείς που εξυπηρετεί" : "από τα Σώματα που εξυπηρετεί",
+         row_.WaterFlow, kFlow);
     Step("Εσωτερική διάμετρος D", "από το Σύστημα Σωλήνων", diameter_, kDiameter);
     Step("Ταχύτητα v", "4 Q / (3,6 π D²), 2 δεκαδικά", row_.Velocity, kVelocity);
     Step("Κινηματικό ιξώδες ν", "στη Μέση Θερμοκρασία", flow.viscosity * 1e6, kViscosity);
@@ -133,9 +137,14 @@ class Explainer {
     result_.computed_drop = TotalDropOf(row_.FrictionRate, lengths_, row_.SomaDrop);
     Step("Πτώση τριβής", "R (L1 + L2 + L3 + L4)", own, kDrop);
     Step("Προσαύξηση ασφαλείας", "10 %", margin, kDrop);
-    Step("Πτώση Σώματος", "όπως καταχωρήθηκε", row_.SomaDrop, kDrop);
-    Step("Συνολική πτώση", "1,1 R (L1 + L2 + L3 + L4) + Σώμα, 2 δεκαδικά", result_.computed_drop,
+    // The flow pressure is stored in m w.g. and added as it stands: that is how the method is
+    // defined. The pressures take it in mm w.g. besides.
+    const std::string outlet = IsOpen() ? "Υποδοχέας" : "Σώμα";
+    Step(IsOpen() ? "Πίεση ροής Υποδοχέα" : "Πτώση Σώματος",
+         IsOpen() ? "τα m w.g. όπως καταχωρήθηκαν, ως mm w.g." : "όπως καταχωρήθηκε", row_.SomaDrop,
          kDrop);
+    Step("Συνολική πτώση", "1,1 R (L1 + L2 + L3 + L4) + " + outlet + ", 2 δεκαδικά",
+         result_.computed_drop, kDrop);
     const double rate = row_.FrictionRate;
     const double fittings = lengths_.pipe_and_fittings - row_.Length;
     Share("Σωλήνας", rate * row_.Length);
@@ -143,7 +152,7 @@ class Explainer {
     Share("Άλλες πτώσεις", rate * (lengths_.other_drop + lengths_.other_length));
     Share(PlantTerm(), rate * lengths_.plant);
     Share("Προσαύξηση", margin);
-    Share("Σώμα", row_.SomaDrop);
+    Share(outlet, row_.SomaDrop);
   }
 
   // The plant's place in the lengths; in a section that was taken down the method's mark fills it.

@@ -1,6 +1,43 @@
 #include "engine/notes.h"
 
+#include "engine/first_row_index.h"
+
 namespace kalvo {
+
+namespace {
+
+// Losses from row 1 to the row and the row's own, mm w.g. A circle of feeders ends the sum.
+double LossesTo(std::size_t row, const std::vector<SectionRow>& rows,
+                const std::vector<int>& feeders) {
+  double losses = rows[row].TotalDrop;
+  for (std::size_t step = 0; step < rows.size() && feeders[row] != 0; ++step) {
+    row = static_cast<std::size_t>(feeders[row] - 1);
+    losses += rows[row].TotalDrop;
+  }
+  return losses;
+}
+
+}  // namespace
+
+std::vector<OutletSpare> SparesOf(const std::vector<SectionRow>& rows) {
+  std::vector<OutletSpare> spares;
+  if (rows.empty() || rows.front().ANOIK == 0) {
+    return spares;
+  }
+  std::vector<SectionLine> table;
+  for (const SectionRow& row : rows) {
+    table.push_back({row.RecordNumber, row.Name, {}});
+  }
+  const std::vector<int> feeders = LinkFeeders(table);
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    if (rows[i].HasEmitter()) {
+      const double need =
+          LossesTo(i, rows, feeders) + (double{rows[i].HeightDiff} + rows[i].SomaDrop) * 1000.0;
+      spares.push_back({rows[i].RecordNumber, rows.front().DP - need});
+    }
+  }
+  return spares;
+}
 
 ResultNotes NotesOf(const std::vector<SectionRow>& rows, const std::vector<PipeRow>& library) {
   ResultNotes notes;
@@ -13,6 +50,11 @@ ResultNotes NotesOf(const std::vector<SectionRow>& rows, const std::vector<PipeR
     }
     if (row.INILAMDA == 2.0F && row.TotalDrop < 0.0F) {
       notes.negative_drop.push_back(row.RecordNumber);
+    }
+  }
+  for (const OutletSpare& outlet : SparesOf(rows)) {
+    if (outlet.spare < 0) {
+      notes.outlets_in_need.push_back(outlet.section);
     }
   }
   return notes;

@@ -195,7 +195,9 @@ WinterOutcome WinterDuty::Calculate(float temperature, const std::vector<WinterL
   if (end == WinterEnd::kLost) {
     winter.Show(2004);
   }
-  return {end};
+  WinterOutcome outcome{end};
+  outcome.critical_branch = study.critical_branch;
+  return outcome;
 }
 
 void WinterDuty::Close(bool changed) {

@@ -37,6 +37,7 @@ struct WinterOutcome {
   WinterEnd end = WinterEnd::kCalculated;
   std::size_t line = 0;  ///< from 0; with kBadValue and kDeclined
   WinterValue value = WinterValue::kFlow;
+  std::string critical_branch = {};  ///< with kCalculated, as the study's own text
 };
 
 /// Bounds of the winter's mean temperature, °C, both allowed.

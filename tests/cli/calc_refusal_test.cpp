@@ -110,17 +110,5 @@ TEST(CalcRefusal, FixedNeedsDiametersAndNoMethod) {
   EXPECT_THAT(told.err, testing::AllOf(HasSubstr("--fixed"), HasSubstr("--method")));
 }
 
-TEST(CalcRefusal, OpenStudy) {
-  const std::string open = CasesFolder() / "open-3.PCA";
-  for (const char* command : {"calc", "flows"}) {
-    std::vector<std::string> arguments = {command, open};
-    const auto library = CaseLibrary();
-    arguments.insert(arguments.end(), library.begin(), library.end());
-    const Told told = Kalvo(arguments);
-    EXPECT_EQ(told.code, 4);
-    EXPECT_EQ(told.err, "Η μελέτη είναι ανοικτού συστήματος : " + open + "\n");
-  }
-}
-
 }  // namespace
 }  // namespace kalvo

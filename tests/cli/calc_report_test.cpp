@@ -178,10 +178,11 @@ TEST_F(CalcReportOf, ManyStudiesGoThroughInOneRun) {
   EXPECT_THAT(told.err, StartsWith(none + " :\n !!... ΠΡΟΣΟΧΗ ...!! \n"));
 
   told = bench_.Run({"calc", none, open, study_, "--format", "json"});
-  EXPECT_EQ(told.code, 4);
+  EXPECT_EQ(told.code, 3);
   const auto json = nlohmann::json::parse(told.out);
-  ASSERT_EQ(json.size(), 1U);
-  EXPECT_EQ(json.at(0).at("study"), study_);
+  ASSERT_EQ(json.size(), 2U);
+  EXPECT_EQ(json.at(0).at("system"), "open");
+  EXPECT_EQ(json.at(1).at("study"), study_);
   EXPECT_EQ(bench_.Run({"calc", none, none, "--format", "json"}).out, "[]\n");
 }
 

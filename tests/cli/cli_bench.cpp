@@ -11,6 +11,7 @@
 #include "cli/command_line.h"
 #include "study/fluid_row.h"
 #include "study/real_disk.h"
+#include "study/study_extensions.h"
 
 namespace kalvo {
 
@@ -79,7 +80,9 @@ std::string CliBench::Put(const std::string& name, std::span<const SectionRow> r
 
 std::string CliBench::Put(const std::string& name,
                           const std::vector<std::string_view>& lines) const {
-  const std::vector<SectionRow> rows = Network(lines);
+  NetworkHeader header;
+  header.kind = KindOfName(name) == SystemKind::kOpen ? SystemKind::kOpen : SystemKind::kClosed;
+  const std::vector<SectionRow> rows = Network(lines, header);
   return Put(name, rows);
 }
 

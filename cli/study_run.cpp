@@ -1,26 +1,29 @@
-#include "cli/closed_run.h"
+#include "cli/study_run.h"
 
 #include "cli/findings.h"
+#include "cli/text_table.h"
 #include "engine/calculation_command.h"
 #include "engine/rerun.h"
 
 namespace kalvo {
 
-namespace {
-
-// Names the section that broke a run off, where one did.
-int TellBrokenOff(const Console& console, Session& session) {
+int TellBrokenOff(const Console& console, const Session& session) {
   const std::vector<SectionRow> rows = session.Rows();
   const int number = session.study().failed_row;
   if (number >= 1 && number <= static_cast<int>(rows.size())) {
     const SectionRow& row = rows[static_cast<std::size_t>(number - 1)];
-    console.err << "Στο Τμήμα " << number << " (" << row.Name.Utf8() << ") : παροχή "
+    console.err << "Στο Τμήμα " << number << " (" << Printable(row.Name.Utf8()) << ") : παροχή "
                 << FormatNumber(row.WaterFlow, console.separators) << " l/h\n";
   }
   return exit_code::kBrokenOff;
 }
 
-}  // namespace
+int RefuseKind(const Console& console, const Session& session, const std::string& file) {
+  console.err << (session.study().SystemOpen() ? "Η μελέτη είναι ανοικτού συστήματος : "
+                                               : "Η μελέτη είναι κλειστού συστήματος : ")
+              << file << '\n';
+  return exit_code::kRefused;
+}
 
 int CalculateStudy(const Console& console, Session& session, Method method) {
   Workbench bench = session.bench();
@@ -33,6 +36,10 @@ int CalculateStudy(const Console& console, Session& session, Method method) {
     case CommandEnd::kFindings:
     case CommandEnd::kLost:
       console.err << FindingsText(session);
+      return exit_code::kRefused;
+    case CommandEnd::kFeeders:
+      console.err << FindingsText(session);
+      bench.Show(11);
       return exit_code::kRefused;
     default:
       return exit_code::kRefused;
@@ -55,13 +62,6 @@ int CalculateOnFixedDiameters(const Console& console, Session& session) {
     default:
       return exit_code::kDone;
   }
-}
-
-bool IsOpenStudy(const Console& console, Session& session, const std::string& file) {
-  if (session.study().SystemOpen()) {
-    console.err << "Η μελέτη είναι ανοικτού συστήματος : " << file << '\n';
-  }
-  return session.study().SystemOpen();
 }
 
 }  // namespace kalvo

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "cli/save_study.h"
+
+namespace CLI {
+class App;
+}  // namespace CLI
+
+namespace kalvo {
+
+/// `--save` and `--overwrite` of the commands that save what they have calculated.
+class SaveOptions {
+ public:
+  void AddTo(CLI::App& app, const std::string& help);
+
+  [[nodiscard]] bool wanted() const { return !save_.empty(); }
+  [[nodiscard]] const std::string& place() const { return save_; }
+
+  /// Whether the session's study may be saved, the user being told why not. Asked before the
+  /// calculation: who may not save is not kept waiting for results. True where nothing is saved.
+  [[nodiscard]] bool MaySave(const Console& console, const Session& session);
+
+  /// Saves and tells, where wanted. Gives the exit code.
+  int Save(const Console& console, Session& session) const;
+
+ private:
+  std::string save_;
+  bool overwrite_ = false;
+  std::filesystem::path target_;
+};
+
+}  // namespace kalvo

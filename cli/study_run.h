@@ -1,0 +1,21 @@
+#pragma once
+
+#include "cli/session.h"
+#include "engine/driver.h"
+
+namespace kalvo {
+
+/// Calculates the session's study, telling on `err` what keeps it from coming about.
+/// Gives the exit code.
+int CalculateStudy(const Console& console, Session& session, Method method);
+
+/// The same on the diameters that the sections have, by the method they were calculated with.
+int CalculateOnFixedDiameters(const Console& console, Session& session);
+
+/// Tells that a study of the other kind was expected; the exit code of it.
+int RefuseKind(const Console& console, const Session& session, const std::string& file);
+
+/// Names the section that broke a run off, where one did; the exit code of it.
+int TellBrokenOff(const Console& console, const Session& session);
+
+}  // namespace kalvo
