@@ -13,9 +13,9 @@ constexpr double kVelocityReserve = 1.03;
 
 bool CheckPipeCapacity(Workbench& bench) {
   Study& study = bench.study;
-  const RowStore store(bench.workspace);
+  const SectionRow first = Require(bench.workspace.Rows().Read(1));
   const auto library = Require(ReadPipeSystem(bench.workspace, study.pipe_system_number));
-  const double flow = study.TotalFlowM3h != 0.0F ? study.TotalFlowM3h : store.At(1).WaterFlow;
+  const double flow = study.TotalFlowM3h != 0.0F ? study.TotalFlowM3h : first.WaterFlow;
   const double diameter = library.back().inner_diameter;
   const double velocity = Divide(4.0 / kFlowDivisor * flow, diameter * diameter);
   if (!(kVelocityReserve * study.MeanVel < velocity)) {

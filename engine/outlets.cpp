@@ -2,6 +2,7 @@
 
 #include <set>
 #include <unordered_map>
+#include <utility>
 
 #include "engine/first_row_index.h"
 #include "engine/row_store.h"
@@ -25,6 +26,7 @@ Rows CopyToRows(const Rows& records, RowStore& store) {
     row.SomaDrop = 0;
   }
   Rows known;
+  known.reserve(records.size());
   std::set<int> seen;
   for (const SectionRow& record : records) {
     const int number = record.RecordNumber;
@@ -39,16 +41,19 @@ Rows CopyToRows(const Rows& records, RowStore& store) {
   return known;
 }
 
-// The sections that a level of the summing stands at, and the flow that has come to each.
+// A section that a level of the summing stands at, and the flow that has come to it.
 struct Arrival {
-  std::uint32_t name = 0;
+  int row = 0;
   double flow_lh = 0;
 };
 
 class OutletSummer {
  public:
   explicit OutletSummer(std::vector<SectionLine>& table)
-      : table_(table), by_left_(IndexByLeftNode(table)) {}
+      : table_(table),
+        feeders_(LinkFeeders(table)),
+        namesakes_(Namesakes(table)),
+        arrival_of_(table.size() + 1) {}
 
   // False when flows go round in a circle of feeders.
   bool Sum(std::vector<Arrival> level) {
@@ -63,22 +68,38 @@ class OutletSummer {
   }
 
  private:
-  [[nodiscard]] std::vector<Arrival> FeedersOf(const std::vector<Arrival>& level) const {
+  static std::size_t At(int row) { return static_cast<std::size_t>(row - 1); }
+
+  // For every row the next one of the same own name, 0 without one.
+  static std::vector<int> Namesakes(const std::vector<SectionLine>& table) {
+    std::vector<int> next(table.size());
+    std::unordered_map<std::uint32_t, int> last;
+    last.reserve(table.size());
+    for (int row = static_cast<int>(table.size()); row > 0; --row) {
+      next[At(row)] = std::exchange(last[NodeKey(LeftNode(table[At(row)].name))], row);
+    }
+    return next;
+  }
+
+  [[nodiscard]] int FeederOf(int row) const {
+    // What has come to row 1 stays there.
+    return RightNode(table_[At(row)].name) == kSource ? 1 : feeders_[At(row)];
+  }
+
+  [[nodiscard]] std::vector<Arrival> FeedersOf(const std::vector<Arrival>& level) {
     std::vector<Arrival> feeders;
-    std::unordered_map<std::uint32_t, std::size_t> at;
+    feeders.reserve(level.size());
     for (const Arrival& arrival : level) {
-      const int row = by_left_.First(arrival.name);
-      if (row == 0) {
+      const int feeder = FeederOf(arrival.row);
+      if (feeder == 0) {
         continue;
       }
-      const std::string_view right = RightNode(table_[static_cast<std::size_t>(row - 1)].name);
-      const std::uint32_t name = NodeKey(right == kSource ? LeftNode(table_.front().name) : right);
-      const auto [same, is_new] = at.emplace(name, feeders.size());
-      if (is_new) {
-        feeders.push_back({name, arrival.flow_lh});
+      const std::size_t same = arrival_of_[At(feeder)];
+      if (same < feeders.size() && feeders[same].row == feeder) {
+        feeders[same].flow_lh = ThroughText(feeders[same].flow_lh + arrival.flow_lh);
       } else {
-        double& flow = feeders[same->second].flow_lh;
-        flow = ThroughText(flow + arrival.flow_lh);
+        arrival_of_[At(feeder)] = feeders.size();
+        feeders.push_back({feeder, arrival.flow_lh});
       }
     }
     return feeders;
@@ -86,8 +107,8 @@ class OutletSummer {
 
   void AddFlows(const std::vector<Arrival>& level) {
     for (const Arrival& arrival : level) {
-      for (const auto& [key, row] : by_left_.All(arrival.name)) {
-        SectionLine& line = table_[static_cast<std::size_t>(row - 1)];
+      for (int row = arrival.row; row != 0; row = namesakes_[At(row)]) {
+        SectionLine& line = table_[At(row)];
         // What has reached row 1 comes by again on every level.
         const double before = row == 1 ? 0.0 : line.flow_lh.value_or(0.0);
         line.flow_lh = ThroughText(before + arrival.flow_lh);
@@ -96,7 +117,9 @@ class OutletSummer {
   }
 
   std::vector<SectionLine>& table_;
-  FirstRowIndex by_left_;
+  std::vector<int> feeders_;
+  std::vector<int> namesakes_;
+  std::vector<std::size_t> arrival_of_;  // by row, its place in the level that is being made
 };
 
 // The outlet whose way up never ends, and a section on it.
@@ -197,9 +220,10 @@ void SumOutletFlows(Workbench& bench) {
   RefreshSectionTable(study, store.rows());
   RefreshEmitterTable(study, outlets);
   std::vector<Arrival> level;
-  for (const SectionRow& row : store.rows()) {
+  for (int number = 1; number <= store.count(); ++number) {
+    const SectionRow& row = store.At(number);
     if (row.HasEmitter()) {
-      level.push_back({NodeKey(LeftNode(row.Name)), ThroughText(row.WaterFlow)});
+      level.push_back({number, ThroughText(row.WaterFlow)});
     }
   }
   if (!OutletSummer(study.SectionTable).Sum(std::move(level))) {

@@ -243,7 +243,7 @@ class ClosedStepDown : public StepDown {
 class OpenStepDown : public StepDown {
  public:
   OpenStepDown(const BalanceContext& context, Branch chain, int fork, float branch_avail)
-      : StepDown(context, std::move(chain), branch_avail), first_fed_(FirstFed(context)) {
+      : StepDown(context, std::move(chain), branch_avail) {
     if (fork != 0) {
       TakeInHand(fork);
       available_ = ToSingle(available_ - row_.SomaDrop * 1000.0);
@@ -251,18 +251,8 @@ class OpenStepDown : public StepDown {
   }
 
  private:
-  // For every section number the first row that it feeds, 0 without one.
-  static std::vector<int> FirstFed(const BalanceContext& context) {
-    const std::vector<int> feeders = LinkFeeders(context.bench.study.SectionTable);
-    std::vector<int> first(feeders.size() + 1);
-    for (std::size_t i = feeders.size(); i > 0; --i) {
-      first[static_cast<std::size_t>(feeders[i - 1])] = static_cast<int>(i);
-    }
-    return first;
-  }
-
   void Visit() override {
-    const int next = first_fed_[static_cast<std::size_t>(number_)];
+    const int next = context_.first_fed[static_cast<std::size_t>(number_)];
     const double next_height = next == 0 ? 0.0 : context_.store.At(next).HeightDiff * 1000.0;
     drop_ += row_.TotalDrop + row_.HeightDiff * 1000.0 - next_height;
   }
@@ -270,15 +260,21 @@ class OpenStepDown : public StepDown {
   [[nodiscard]] bool Accepts(double new_drop) const override {
     return new_drop <= available_ && row_.SomaDrop * 1000.0 <= row_.AvaiPres - new_drop;
   }
-
-  std::vector<int> first_fed_;
 };
+
+std::vector<int> FirstFed(const std::vector<int>& feeders) {
+  std::vector<int> first(feeders.size() + 1);
+  for (std::size_t i = feeders.size(); i > 0; --i) {
+    first[static_cast<std::size_t>(feeders[i - 1])] = static_cast<int>(i);
+  }
+  return first;
+}
 
 }  // namespace
 
 BalanceContext MakeBalanceContext(Workbench& bench, RowStore& store, const PassConditions& pass,
                                   const CriticalBranch& critical) {
-  BalanceContext context{bench, store, pass, critical, {}};
+  BalanceContext context{bench, store, pass, critical, {}, {}};
   context.branches_through.resize(static_cast<std::size_t>(store.count()) + 1);
   for (const Branch& branch : critical.branches) {
     for (const int cell : branch) {
@@ -287,6 +283,9 @@ BalanceContext MakeBalanceContext(Workbench& bench, RowStore& store, const PassC
         through.push_back(&branch);
       }
     }
+  }
+  if (bench.study.SystemOpen()) {
+    context.first_fed = FirstFed(LinkFeeders(bench.study.SectionTable));
   }
   return context;
 }

@@ -15,6 +15,8 @@ struct BalanceContext {
   const CriticalBranch& critical;
   /// For every section number the branches that hold it, in order.
   std::vector<std::vector<const Branch*>> branches_through;
+  /// Of an open network, for every section number the first row that it feeds, 0 without one.
+  std::vector<int> first_fed;
 };
 
 /// Context of a balancing of the branches in `critical`, whose cells are rows of `store`.

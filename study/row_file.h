@@ -54,28 +54,25 @@ class RowFile {
   }
 
   [[nodiscard]] Result<std::vector<Row>> ReadAll() const {
-    if (!disk_->Exists(path_)) {
-      return std::vector<Row>{};
-    }
-    const Result<std::string> bytes = disk_->Read(path_);
+    const Result<std::string> bytes = ReadBytes();
     if (!bytes) {
       return bytes.error();
-    }
-    if (bytes->size() % RecordSize<Row>() != 0) {
-      return OddLength();
     }
     return DecodeRows<Row>(*bytes);
   }
 
   [[nodiscard]] Result<Row> Read(int number) const {
-    const Result<std::vector<Row>> rows = ReadAll();
-    if (!rows) {
-      return rows.error();
+    const Result<std::string> bytes = ReadBytes();
+    if (!bytes) {
+      return bytes.error();
     }
-    if (number < 1 || number > static_cast<int>(rows->size())) {
+    const auto at = static_cast<std::size_t>(number - 1) * RecordSize<Row>();
+    if (number < 1 || at >= bytes->size()) {
       return FileError{path_, "Δεν υπάρχει η εγγραφή " + std::to_string(number)};
     }
-    return (*rows)[static_cast<std::size_t>(number - 1)];
+    Row row;
+    DecodeRecord(bytes->data() + at, row);
+    return row;
   }
 
   Outcome WriteAll(std::span<const Row> rows) {
@@ -101,6 +98,18 @@ class RowFile {
   }
 
  private:
+  // Whole records; none of a missing file.
+  [[nodiscard]] Result<std::string> ReadBytes() const {
+    if (!disk_->Exists(path_)) {
+      return std::string();
+    }
+    Result<std::string> bytes = disk_->Read(path_);
+    if (bytes && bytes->size() % RecordSize<Row>() != 0) {
+      return OddLength();
+    }
+    return bytes;
+  }
+
   [[nodiscard]] FileError OddLength() const {
     return {path_, "Το μήκος του αρχείου δεν είναι ακέραιο πλήθος εγγραφών"};
   }

@@ -34,6 +34,8 @@ void RefreshEmitterTable(Study& study, std::span<const SectionRow> emitters) {
 
 std::vector<SectionRow> RowsWithEmitter(std::span<const SectionRow> rows) {
   std::vector<SectionRow> emitters;
+  emitters.reserve(static_cast<std::size_t>(std::count_if(
+      rows.begin(), rows.end(), [](const SectionRow& row) { return row.HasEmitter(); })));
   std::copy_if(rows.begin(), rows.end(), std::back_inserter(emitters),
                [](const SectionRow& row) { return row.HasEmitter(); });
   return emitters;
