@@ -29,6 +29,7 @@ inline void LayMemoryReady(std::size_t bytes) {
   const auto first = (reinterpret_cast<std::uintptr_t>(room) + page - 1) / page * page;
   const auto last = (reinterpret_cast<std::uintptr_t>(room) + bytes) / page * page;
   if (first < last) {
+    madvise(reinterpret_cast<void*>(first), last - first, MADV_HUGEPAGE);
     madvise(reinterpret_cast<void*>(first), last - first, MADV_POPULATE_WRITE);
   }
   std::free(room);
