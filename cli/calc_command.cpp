@@ -5,6 +5,7 @@
 #include <set>
 #include <sstream>
 
+#include "cli/findings.h"
 #include "cli/report_csv.h"
 #include "cli/report_json.h"
 #include "cli/report_table.h"
@@ -147,6 +148,7 @@ int CalcCommand::RunOne(const Console& console, const std::string& file) {
   if (!save_.MaySave(console, session)) {
     return exit_code::kUnwritable;
   }
+  const bool had_results = session.study().results_valid;
   const int code = fixed_ ? CalculateOnFixedDiameters(console, session)
                           : CalculateStudy(console, session, static_cast<Method>(method_));
   if (code != exit_code::kDone) {
@@ -157,7 +159,20 @@ int CalcCommand::RunOne(const Console& console, const std::string& file) {
   report.fixed_diameters = fixed_;
   Print(console, report);
   TellAssumedFluid(console, session);
+  if (had_results && !console.quiet) {
+    TellFindings(console, file);
+  }
   return save_.Save(console, session);
+}
+
+// Rows that have results are calculated as they stand, unchecked.
+void CalcCommand::TellFindings(const Console& console, const std::string& file) const {
+  Session checked(console, Library());
+  if (checked.Load(file) && !CheckStudy(checked).findings.empty()) {
+    console.out.flush();
+    console.err << "Ο έλεγχος του δικτύου βρίσκει λάθη, τα αποτελέσματα δεν ισχύουν : kalvo check "
+                << file << '\n';
+  }
 }
 
 void CalcCommand::Print(const Console& console, const StudyReport& report) {

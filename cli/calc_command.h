@@ -24,6 +24,7 @@ class CalcCommand : public Command {
   [[nodiscard]] bool IsWrongUse(const Console& console) const;
   int RunInBatch(const Console& console, std::size_t index);
   int RunOne(const Console& console, const std::string& file);
+  void TellFindings(const Console& console, const std::string& file) const;
   [[nodiscard]] PressureUnits Units() const;
   void Print(const Console& console, const StudyReport& report);
   void PrintFoot(const Console& console) const;

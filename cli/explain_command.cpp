@@ -117,7 +117,7 @@ int ExplainCommand::RunOn(const Console& console, Session& session) {
       return;
     }
     const SectionRow row = session.Rows().at(static_cast<std::size_t>(section_ - 1));
-    PrintExplanation(console, row, ExplainRow(row, *pass),
+    PrintExplanation(console, row, ExplainRow(session.study().system_kind, row, *pass),
                      stored ? Results::kStored : Results::kCalculated);
     TellAssumedFluid(console, session);
     code = exit_code::kDone;

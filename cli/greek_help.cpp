@@ -137,7 +137,11 @@ std::shared_ptr<CLI::Formatter> GreekHelp() { return std::make_shared<Help>(); }
 std::string WhatIsWrong(const CLI::ParseError& error, const CLI::App& program) {
   const std::vector<std::string> rest = program.remaining(true);
   if (program.get_subcommands().empty()) {
-    return rest.empty() ? "Λείπει η εντολή" : "Άγνωστη εντολή : " + Joined(rest, " ");
+    if (rest.empty()) {
+      return "Λείπει η εντολή";
+    }
+    return (rest.front().starts_with('-') ? "Άγνωστη επιλογή : " : "Άγνωστη εντολή : ") +
+           rest.front();
   }
   if (dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr && !rest.empty()) {
     return UnknownArguments(rest);

@@ -1,5 +1,7 @@
 #include "cli/number_text.h"
 
+#include <algorithm>
+#include <charconv>
 #include <cmath>
 
 namespace kalvo {
@@ -25,6 +27,15 @@ std::string WithEnoughDecimals(float value, int decimals, const Separators& sepa
   const std::string fixed = WithDecimals(value, decimals, separators);
   const std::string whole = FormatNumber(value, separators);
   return small && whole.size() > fixed.size() ? whole : fixed;
+}
+
+std::optional<float> PlainNumber(std::string text) {
+  std::replace(text.begin(), text.end(), ',', '.');
+  float value = 0;
+  const char* end = text.data() + text.size();
+  const auto read = std::from_chars(text.data(), end, value);
+  const bool whole = read.ec == std::errc() && read.ptr == end && std::isfinite(value);
+  return whole ? std::optional(value) : std::nullopt;
 }
 
 std::string NumberRanges(const std::vector<int>& numbers) {

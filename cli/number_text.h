@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,6 +15,10 @@ std::string WithDecimals(double value, int decimals, const Separators& separator
 
 /// The same for a value that stands alone; one that would lose its digits keeps them all.
 std::string WithEnoughDecimals(float value, int decimals, const Separators& separators);
+
+/// A number typed or written by a user: all of the text is it, with "." or "," before its decimals
+/// and no thousands separator. Nothing for any other text and outside 32 bits.
+std::optional<float> PlainNumber(std::string text);
 
 /// Ascending numbers with runs of three or more drawn together: "27-30, 33".
 std::string NumberRanges(const std::vector<int>& numbers);

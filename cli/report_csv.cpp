@@ -136,7 +136,7 @@ void CsvReport::Print(const StudyReport& report) const {
     if (pascal_) {
       line +=
           end + FormatNumber(static_cast<float>(row.FrictionRate * kPascalPerMmWg), separators_);
-      const float outlet = row.ANOIK != 0 ? row.SomaDrop * 1000.0F : row.SomaDrop;
+      const float outlet = report.kind == SystemKind::kOpen ? row.SomaDrop * 1000.0F : row.SomaDrop;
       for (const float mm_wg : {row.TotalDrop, row.AvaiPres, row.DP, outlet}) {
         line +=
             end + FormatNumber(static_cast<float>(mm_wg * kPascalPerMmWg / 1000.0), separators_);

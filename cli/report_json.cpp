@@ -44,10 +44,10 @@ Json FittingsOf(const SectionRow& row) {
           {"other_length_m", Plain(row.OtherDrop_m)}};
 }
 
-Json SectionOf(const SectionRow& row, bool critical, PressureUnits units) {
+Json SectionOf(const StudyReport& report, const SectionRow& row, PressureUnits units) {
   Json section = {{"number", row.RecordNumber},
                   {"name", FromCodePage(Trim(row.Name.bytes()))},
-                  {"critical", critical},
+                  {"critical", report.IsCritical(row.RecordNumber)},
                   {"length_m", Plain(row.Length)},
                   {"nominal_diameter", row.NomiDiam.Utf8()},
                   {"inner_diameter_mm", Plain(std::fabs(row.InDiameter))},
@@ -62,7 +62,7 @@ Json SectionOf(const SectionRow& row, bool critical, PressureUnits units) {
                   {"available_mm_wg", Plain(row.AvaiPres)},
                   {"plant_marker", row.Auxi},
                   {"fittings", FittingsOf(row)}};
-  const bool open = row.ANOIK != 0;
+  const bool open = report.kind == SystemKind::kOpen;
   if (open) {
     section["flow_pressure_m_wg"] = Plain(row.SomaDrop);
     section["height_m"] = Plain(row.HeightDiff);
@@ -128,14 +128,14 @@ Json JsonOf(const StudyReport& report, PressureUnits units) {
     json["residual_pressure_mm_wg"] = kResidualPressure;
     json["outlets"] = OutletsOf(report);
   } else {
-    json["water_content_l"] = report.water_litres.value_or(0.0);
+    json["water_content_l"] = RoundTo(report.water_litres.value_or(0.0), 3);
   }
   if (units == PressureUnits::kPascal) {
     json["critical_drop_kpa"] = KiloPascal(report.critical_drop);
   }
   json["sections"] = Json::array();
   for (const SectionRow& row : report.rows) {
-    json["sections"].push_back(SectionOf(row, report.IsCritical(row.RecordNumber), units));
+    json["sections"].push_back(SectionOf(report, row, units));
   }
   json["pipes"] = Json::array();
   for (const StatRow& pipe : report.pipes) {
@@ -144,7 +144,8 @@ Json JsonOf(const StudyReport& report, PressureUnits units) {
   json["notes"] = {{"above_design_velocity", report.notes.above_design_velocity},
                    {"on_largest_pipe", report.notes.on_largest_pipe},
                    {"negative_drop", report.notes.negative_drop},
-                   {"outlets_in_need", report.notes.outlets_in_need}};
+                   {"outlets_in_need", report.notes.outlets_in_need},
+                   {"before_feeder", report.notes.before_feeder}};
   return json;
 }
 

@@ -67,6 +67,9 @@ class ReportPrinter {
     if (IsOpen()) {
       fact("Υπόλοιπη πίεση",
            Text(kResidualPressure / 1000.0, 2) + " m w.g. στο τέλος του, μέσα στο μανομετρικό");
+      if (!report_.notes.outlets_in_need.empty()) {
+        fact("Η αντλία δεν φθάνει", "σε Υποδοχείς " + NumberRanges(report_.notes.outlets_in_need));
+      }
     }
   }
 
@@ -100,7 +103,8 @@ class ReportPrinter {
                                       Text(row.TotalDrop, 2),
                                       Text(row.AvaiPres, 2)};
     if (IsOpen()) {
-      cells.push_back(row.HasEmitter() ? Text(row.HeightDiff, 2) : kNothing);
+      cells.push_back(row.HasEmitter() || row.HeightDiff != 0.0F ? Text(row.HeightDiff, 2)
+                                                                 : kNothing);
       cells.push_back(row.HasEmitter() ? Text(row.SomaDrop, 2) : kNothing);
     }
     if (pascal_) {
@@ -133,8 +137,23 @@ class ReportPrinter {
     if (!report_.notes.negative_drop.empty()) {
       PrintWrapped(console_,
                    "Αρνητική πτώση : η διάμετρος του τμήματος μειώθηκε, και τότε ο τρόπος 2 βάζει "
-                   "στην πτώση του έναν δικό του όρο (αναλυτικά: kalvo explain --method 2)");
+                   "στην πτώση του έναν δικό του όρο (αναλυτικά: kalvo explain --method 2), που "
+                   "μειώνει και το μανομετρικό. Χωρίς αυτόν, στις ίδιες διαμέτρους: σώστε τη "
+                   "μελέτη και υπολογίστε την με --fixed");
     }
+  }
+
+  [[nodiscard]] std::vector<std::string> OutletCells(const OutletSpare& outlet) const {
+    const SectionRow& row = report_.rows[static_cast<std::size_t>(outlet.section - 1)];
+    std::vector<std::string> cells = {
+        std::to_string(outlet.section), FromCodePage(row.Name.bytes()),
+        Text(row.WaterFlow, 1),         Text(row.HeightDiff, 2),
+        Text(row.SomaDrop, 2),          Text(outlet.spare / 1000.0, 2)};
+    if (pascal_) {
+      cells.push_back(Text(row.SomaDrop * kPascalPerMmWg, 1));
+      cells.push_back(Text(outlet.spare * kPascalPerMmWg / 1000.0, 1));
+    }
+    return cells;
   }
 
   // What each outlet gets and what it needs.
@@ -143,19 +162,16 @@ class ReportPrinter {
       return;
     }
     console_.out << '\n';
-    TextTable table({{"α/α", ""},
-                     {"Υποδοχέας", "", true},
-                     {"Παροχή", "l/h"},
-                     {"Ύψος", "m"},
-                     {"Πίεση ροής", "m w.g."},
-                     {"Περίσσεια", "m w.g."}},
-                    2);
+    std::vector<TextColumn> columns = {
+        {"α/α", ""},   {"Υποδοχέας", "", true},  {"Παροχή", "l/h"},
+        {"Ύψος", "m"}, {"Πίεση ροής", "m w.g."}, {"Περίσσεια", "m w.g."}};
+    if (pascal_) {
+      columns.push_back({"Πίεση ροής", "kPa", false, true});
+      columns.push_back({"Περίσσεια", "kPa"});
+    }
+    TextTable table(columns, 2);
     for (const OutletSpare& outlet : report_.outlets) {
-      const SectionRow& row = report_.rows[static_cast<std::size_t>(outlet.section - 1)];
-      table.Add(
-          {std::to_string(outlet.section), FromCodePage(row.Name.bytes()), Text(row.WaterFlow, 1),
-           Text(row.HeightDiff, 2), Text(row.SomaDrop, 2), Text(outlet.spare / 1000.0, 2)},
-          report_.IsCritical(outlet.section));
+      table.Add(OutletCells(outlet), report_.IsCritical(outlet.section));
     }
     table.Print(console_);
   }
@@ -206,6 +222,8 @@ class ReportPrinter {
       PrintNote("Τμήματα με τη μεγαλύτερη διάμετρο του συστήματος", report_.notes.on_largest_pipe);
       PrintNote("Υποδοχείς που χρειάζονται περισσότερο από όσο δίνει η αντλία",
                 report_.notes.outlets_in_need);
+      PrintNote("Τμήματα πριν από τον τροφοδότη τους, με Διαθέσιμη πίεση που δεν ισχύει",
+                report_.notes.before_feeder);
     }
   }
 

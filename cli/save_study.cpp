@@ -1,7 +1,11 @@
 #include "cli/save_study.h"
 
+#include <unistd.h>
+
+#include <cerrno>
 #include <optional>
 
+#include "study/real_disk.h"
 #include "study/study_reset.h"
 #include "study/write_study.h"
 
@@ -41,7 +45,10 @@ std::optional<fs::path> FileInTheWay(const Disk& disk, const fs::path& source,
 
 fs::path SaveTarget(const fs::path& save, const fs::path& source) {
   std::error_code error;
-  const fs::path path = fs::is_directory(save, error) ? save / source.filename() : save;
+  fs::path path = fs::is_directory(save, error) ? save / source.filename() : save;
+  if (fs::is_symlink(path, error)) {
+    path = fs::weakly_canonical(path, error);  // the study itself is replaced, not its link
+  }
   return fs::absolute(WithExtension(path, KindOfName(source.string())));
 }
 
@@ -51,6 +58,16 @@ Outcome CheckTarget(const Session& session, const fs::path& source, const fs::pa
   std::error_code error;
   if (!fs::is_directory(folder, error)) {
     return FileError{folder, "Ο φάκελος δεν υπάρχει"};
+  }
+  if (access(folder.c_str(), W_OK) != 0) {
+    return FileError{folder, ReasonOf(errno)};
+  }
+  const std::string base(BaseOf(target.filename().string()));
+  if (base.empty()) {
+    return FileError{target, "Λείπει το όνομα του Αρχείου της Μελέτης"};
+  }
+  if (KindOfName(base) != SystemKind::kNone) {
+    return FileError{target.parent_path() / base, "Η κατάληξη είναι του άλλου είδους συστήματος"};
   }
   if (existing == Existing::kKeep) {
     if (const auto file = FileInTheWay(session.workspace().outer_disk(), source, target)) {

@@ -44,6 +44,18 @@ std::string NoStudyText(const Disk& disk, const std::filesystem::path& path) {
   return {};
 }
 
+// The kind that the extension tells, or without one that of the study of this name which is there.
+SystemKind KindAt(const Disk& disk, const std::filesystem::path& path) {
+  if (const SystemKind kind = KindOfName(path.string()); kind != SystemKind::kNone) {
+    return kind;
+  }
+  const auto is_there = [&](SystemKind kind) {
+    return disk.Exists(AsInFolder(disk, WithExtension(path, kind)));
+  };
+  return !is_there(SystemKind::kClosed) && is_there(SystemKind::kOpen) ? SystemKind::kOpen
+                                                                       : SystemKind::kClosed;
+}
+
 }  // namespace
 
 Session::Session(const Console& console, const std::filesystem::path& library)
@@ -67,9 +79,8 @@ bool Session::Load(const std::filesystem::path& path) {
     return false;
   }
   LayMemoryReadyFor(outer_disk(), path);
-  const SystemKind kind = KindOfName(path.string());
   study_ = Study();
-  study_.system_kind = kind == SystemKind::kNone ? SystemKind::kClosed : kind;
+  study_.system_kind = KindAt(outer_disk(), path);
   study_.study_path = std::filesystem::absolute(path);
   Workbench at = bench();
   OpenStudyFile(at, RecentList::kLeave);

@@ -46,7 +46,9 @@ void TakeRows(StudyReport& report, std::vector<SectionRow> rows, std::string_vie
   report.rows = std::move(rows);
   report.critical = SectionsOf(critical);
   report.critical_nodes = NodesAlong(report);
-  report.outlets = SparesOf(report.rows);
+  if (report.kind == SystemKind::kOpen) {
+    report.outlets = SparesOf(report.rows);
+  }
   if (!report.rows.empty()) {
     report.method = static_cast<int>(report.rows.front().INILAMDA);
     report.critical_drop = report.rows.front().DP;
@@ -94,7 +96,7 @@ StudyReport MakeReport(Session& session, const std::string& file) {
   }
   TakeRows(report, session.Rows(), study.critical_branch);
   if (const auto library = ReadPipeSystem(session.workspace(), study.pipe_system_number)) {
-    report.notes = NotesOf(report.rows, *library);
+    report.notes = NotesOf(report.kind, report.rows, *library);
   }
   return report;
 }

@@ -7,13 +7,21 @@
 
 namespace kalvo {
 
-int TellBrokenOff(const Console& console, const Session& session) {
-  const std::vector<SectionRow> rows = session.Rows();
+int TellBrokenOff(const Console& console, const Session& session,
+                  const std::vector<SectionRow>& rows) {
+  constexpr std::size_t kMostSections = 999;  // a branch's text has room for three digits
+  if (rows.size() > kMostSections) {
+    console.err << "Η μελέτη έχει " << rows.size() << " Τμήματα : υπολογίζονται έως "
+                << kMostSections << '\n';
+    return exit_code::kBrokenOff;
+  }
   const int number = session.study().failed_row;
   if (number >= 1 && number <= static_cast<int>(rows.size())) {
     const SectionRow& row = rows[static_cast<std::size_t>(number - 1)];
+    const auto text = [&](float value) { return FormatNumber(value, console.separators); };
     console.err << "Στο Τμήμα " << number << " (" << Printable(row.Name.Utf8()) << ") : παροχή "
-                << FormatNumber(row.WaterFlow, console.separators) << " l/h\n";
+                << text(row.WaterFlow) << " l/h, Μέση Θερμοκρασία " << text(row.MeanTemp)
+                << " °C, ταχύτητα σχεδιασμού " << text(row.MeanVel) << " m/s\n";
   }
   return exit_code::kBrokenOff;
 }
@@ -25,6 +33,22 @@ int RefuseKind(const Console& console, const Session& session, const std::string
   return exit_code::kRefused;
 }
 
+namespace {
+
+// The two temperatures that differ.
+int TellViscosity(const Console& console, Session& session) {
+  const auto fluid = session.workspace().Rows<FluidRow>(work_file::kFluid).Read(1);
+  if (fluid) {
+    const auto text = [&](float value) { return FormatNumber(value, console.separators); };
+    console.err << "Ιξώδες του υγρού στους " << text(fluid->mean_temperature)
+                << " °C, Μέση Θερμοκρασία της μελέτης " << text(session.study().MeanTemp)
+                << " °C\n";
+  }
+  return exit_code::kRefused;
+}
+
+}  // namespace
+
 int CalculateStudy(const Console& console, Session& session, Method method) {
   Workbench bench = session.bench();
   switch (Calculate(bench, method)) {
@@ -32,7 +56,9 @@ int CalculateStudy(const Console& console, Session& session, Method method) {
     case CommandEnd::kShowOld:
       return exit_code::kDone;
     case CommandEnd::kBrokenOff:
-      return TellBrokenOff(console, session);
+      return TellBrokenOff(console, session, session.Rows());
+    case CommandEnd::kViscosity:
+      return TellViscosity(console, session);
     case CommandEnd::kFindings:
     case CommandEnd::kLost:
       console.err << FindingsText(session);
@@ -56,9 +82,9 @@ int CalculateOnFixedDiameters(const Console& console, Session& session) {
   Rerun(bench);
   switch (session.study().CalcStatus) {
     case calc_status::kBrokenOff:
-      return TellBrokenOff(console, session);
+      return TellBrokenOff(console, session, session.Rows());
     case calc_status::kViscosity:
-      return exit_code::kRefused;
+      return TellViscosity(console, session);
     default:
       return exit_code::kDone;
   }

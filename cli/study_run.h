@@ -15,7 +15,9 @@ int CalculateOnFixedDiameters(const Console& console, Session& session);
 /// Tells that a study of the other kind was expected; the exit code of it.
 int RefuseKind(const Console& console, const Session& session, const std::string& file);
 
-/// Names the section that broke a run off, where one did; the exit code of it.
-int TellBrokenOff(const Console& console, const Session& session);
+/// Names the section of `rows` that broke a run off, where one did, and what it was calculated
+/// with; the exit code of it.
+int TellBrokenOff(const Console& console, const Session& session,
+                  const std::vector<SectionRow>& rows);
 
 }  // namespace kalvo

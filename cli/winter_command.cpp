@@ -2,16 +2,40 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
+#include <map>
+
+#include "cli/findings.h"
+#include "cli/number_text.h"
 #include "cli/report_table.h"
 #include "cli/study_run.h"
+#include "cli/text_table.h"
 #include "cli/winter_values.h"
+#include "engine/branches.h"
+#include "engine/checks.h"
 #include "engine/trap.h"
 
 namespace kalvo {
 
 namespace {
 
-// The last winter's values, of the rows that end in an emitter.
+constexpr float kUsualTemperature = 70;  // °C
+
+// Whether some emitter's section carries the flow of others, too: its row does not tell which part
+// of the flow is the emitter's own.
+bool HasEmitterWithinTrunk(const Study& study) {
+  std::map<int, int> branches_through;
+  for (const Branch& branch : BuildBranchStrings(study)) {
+    for (const int section : branch) {
+      ++branches_through[section];
+    }
+  }
+  return std::any_of(
+      study.EmitterTable.begin(), study.EmitterTable.end(),
+      [&](const EmitterLine& emitter) { return branches_through[emitter.section] > 1; });
+}
+
+// The values that the rows of the last winter tell.
 void TakeLastWinter(const std::vector<SectionRow>& rows, std::vector<WinterLine>& lines) {
   for (WinterLine& line : lines) {
     const SectionRow& row = rows.at(static_cast<std::size_t>(line.section - 1));
@@ -21,15 +45,17 @@ void TakeLastWinter(const std::vector<SectionRow>& rows, std::vector<WinterLine>
   }
 }
 
-int CodeOf(const Console& console, const Session& session, WinterEnd end) {
-  switch (end) {
-    case WinterEnd::kCalculated:
-      return exit_code::kDone;
-    case WinterEnd::kBrokenOff:
-      return TellBrokenOff(console, session);
-    default:
-      return exit_code::kRefused;
+int TellEnd(const Console& console, Session& session, WinterEnd end) {
+  if (end == WinterEnd::kBrokenOff) {
+    const auto rows = session.workspace().Rows(work_file::kWinter).ReadAll();
+    return TellBrokenOff(console, session, rows ? *rows : session.Rows());
   }
+  if (end == WinterEnd::kLost) {
+    Workbench bench = session.bench();
+    RunTrapped(bench, [&] { ListLostWalk(bench); });
+    console.err << FindingsText(session);
+  }
+  return exit_code::kRefused;
 }
 
 }  // namespace
@@ -50,33 +76,42 @@ void WinterCommand::AddArguments(CLI::App& app) {
   app.add_option("--temperature", temperature_,
                  "Μέση θερμοκρασία του Χειμώνα, 30 έως 100 °C\n"
                  "(αν δεν ορισθεί: όση σώθηκε με τη μελέτη, αλλιώς 70)")
+      ->check(CLI::Validator(
+          [](const std::string& text) { return std::string(text.empty() ? "empty" : ""); }, ""))
       ->type_name("ΑΡΙΘΜΟΣ");
   app.add_flag("--yes", yes_, "Δέχεται παροχές που δεν είναι μικρότερες από του Θέρους");
   save_.AddTo(app, "Σώζει τη μελέτη μαζί με τον Χειμώνα (.WNT)");
 }
 
-int WinterCommand::FindValues(const Console& console, const Session& session,
-                              std::vector<WinterLine>& lines) {
+int WinterCommand::FindValues(const Console& console, Session& session, Values& values) const {
   const Workspace& workspace = session.workspace();
   const auto last = workspace.Rows(work_file::kWinter).ReadAll();
-  const bool has_last = last && last->size() == session.Rows().size();
-  if (temperature_ == kNoTemperature) {
-    temperature_ = has_last ? last->front().MeanTemp : kUsualTemperature;
+  const bool has_last = last && !last->empty() && last->size() == session.Rows().size();
+  values.temperature = has_last ? last->front().MeanTemp : kUsualTemperature;
+  if (!temperature_.empty()) {
+    const std::optional<float> typed = PlainNumber(temperature_);
+    if (!typed) {
+      console.err << "--temperature : " << Printable(temperature_) << ", δεν είναι αριθμός\n";
+      return exit_code::kWrongUse;
+    }
+    values.temperature = *typed;
   }
   if (!values_.empty()) {
-    auto read = ReadWinterValues(workspace.outer_disk(), values_, lines);
+    auto read = ReadWinterValues(workspace.outer_disk(), values_, values.lines);
     if (!read) {
       console.err << read.error().Line() << '\n';
       return exit_code::kUnreadable;
     }
-    lines = std::move(read).value();
+    values.lines = std::move(read).value();
     return exit_code::kDone;
   }
-  if (has_last) {
-    TakeLastWinter(*last, lines);
+  if (has_last && !HasEmitterWithinTrunk(session.study())) {
+    TakeLastWinter(*last, values.lines);
     return exit_code::kDone;
   }
-  console.err << "Η μελέτη δεν έχει τιμές για τον Χειμώνα : δώστε τις με --values\n";
+  console.err << (has_last ? "Σώματα μέσα στον κορμό : η μελέτη δεν ξεχωρίζει την παροχή τους για "
+                             "τον Χειμώνα, δώστε τις τιμές με --values\n"
+                           : "Η μελέτη δεν έχει τιμές για τον Χειμώνα : δώστε τις με --values\n");
   return exit_code::kWrongUse;
 }
 
@@ -90,28 +125,27 @@ int WinterCommand::RunOn(const Console& console, Session& session) {
   }
   session.prompter().agrees = yes_;
   Workbench bench = session.bench();
-  std::vector<WinterLine> lines;
-  RunTrapped(bench, [&] { lines = SummerValues(bench); });
+  Values values;
+  RunTrapped(bench, [&] { values.lines = SummerValues(bench); });
   if (session.study().CalcStatus != calc_status::kNothing) {
     return exit_code::kBrokenOff;
   }
-  if (const int code = FindValues(console, session, lines); code != exit_code::kDone) {
+  if (const int code = FindValues(console, session, values); code != exit_code::kDone) {
     return code;
   }
   if (!save_.MaySave(console, session)) {
     return exit_code::kUnwritable;
   }
-  const int code = Calculate(console, session, lines);
+  const int code = Calculate(console, session, values);
   return code == exit_code::kDone ? save_.Save(console, session) : code;
 }
 
-int WinterCommand::Calculate(const Console& console, Session& session,
-                             const std::vector<WinterLine>& lines) {
+int WinterCommand::Calculate(const Console& console, Session& session, const Values& values) const {
   Workbench bench = session.bench();
   WinterDuty winter(bench);
-  const WinterOutcome outcome = winter.Run(temperature_, lines);
+  const WinterOutcome outcome = winter.Run(values.temperature, values.lines);
   if (outcome.end != WinterEnd::kCalculated) {
-    return CodeOf(console, session, outcome.end);
+    return TellEnd(console, session, outcome.end);
   }
   const StudyReport report = MakeWinterReport(session, file(), outcome.critical_branch);
   const Box pump = WinterPumpBox(report.rows.front(), console.separators);

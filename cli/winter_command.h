@@ -18,18 +18,20 @@ class WinterCommand : public StudyCommand {
   int RunOn(const Console& console, Session& session) override;
 
  private:
-  // Values of the file given, else of the winter duty that the study was saved with; the exit code
-  // where there are none.
-  int FindValues(const Console& console, const Session& session, std::vector<WinterLine>& lines);
-  int Calculate(const Console& console, Session& session, const std::vector<WinterLine>& lines);
+  // What the duty is calculated with.
+  struct Values {
+    float temperature = 0;  // °C
+    std::vector<WinterLine> lines;
+  };
+
+  // Values of the file given, else of the winter duty that the study was saved with. The exit code.
+  int FindValues(const Console& console, Session& session, Values& values) const;
+  int Calculate(const Console& console, Session& session, const Values& values) const;
 
   std::string values_;
-  float temperature_ = kNoTemperature;
+  std::string temperature_;  // as typed, with either separator
   bool yes_ = false;
   SaveOptions save_;
-
-  static constexpr float kNoTemperature = 0;
-  static constexpr float kUsualTemperature = 70;  // °C
 };
 
 }  // namespace kalvo

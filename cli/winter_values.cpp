@@ -1,11 +1,11 @@
 #include "cli/winter_values.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <optional>
 #include <set>
 
+#include "cli/number_text.h"
 #include "cli/text_table.h"
 #include "study/fixed_text.h"
 #include "study/letter_case.h"
@@ -17,16 +17,17 @@ namespace {
 
 struct Column {
   std::string_view name;
-  std::string_view greek_name;
-  float WinterLine::*value;  // none for the section's number
+  std::string_view greek_name;  // without accents
+  float WinterLine::*value;     // none for the section's number
   bool required;
 };
 
-constexpr Column kColumns[] = {{"section", "τμήμα", nullptr, true},
-                               {"flow", "παροχή", &WinterLine::flow_lh, true},
-                               {"drop", "πτώση", &WinterLine::drop, true},
-                               {"length", "μήκος", &WinterLine::length_m, false}};
+constexpr Column kColumns[] = {{"section", "τμημα", nullptr, true},
+                               {"flow", "παροχη", &WinterLine::flow_lh, true},
+                               {"drop", "πτωση", &WinterLine::drop, true},
+                               {"length", "μηκος", &WinterLine::length_m, false}};
 
+constexpr float kMostSections = 32767;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 char CellEndOf(std::string_view heading) {
@@ -56,14 +57,30 @@ std::vector<std::string> CellsOf(std::string_view line, char end) {
   return cells;
 }
 
-// A number that is all of the cell, with "." or "," before its decimals.
-std::optional<float> NumberOf(std::string cell) {
-  std::replace(cell.begin(), cell.end(), ',', '.');
-  float value = 0;
-  const char* end = cell.data() + cell.size();
-  const auto read = std::from_chars(cell.data(), end, value);
-  const bool whole = read.ec == std::errc() && read.ptr == end && std::isfinite(value);
-  return whole && value >= 0.0F ? std::optional(value) : std::nullopt;
+// Greek without its accents: headings are often written in capitals, which have none.
+std::string WithoutAccents(std::string text) {
+  constexpr std::pair<std::string_view, std::string_view> kPlain[] = {
+      {"ά", "α"}, {"έ", "ε"}, {"ή", "η"}, {"ί", "ι"}, {"ό", "ο"}, {"ύ", "υ"}, {"ώ", "ω"}};
+  for (const auto& [accented, plain] : kPlain) {
+    for (std::size_t at = text.find(accented); at != std::string::npos; at = text.find(accented)) {
+      text.replace(at, accented.size(), plain);
+    }
+  }
+  return text;
+}
+
+// True for "1.200" where "." parts no decimals as a rule, and for "1,200" where "," does not: is it
+// a thousand or one?
+bool IsAmbiguous(std::string_view cell, char cell_end) {
+  const std::size_t at = cell.find(cell_end == ',' ? ',' : '.');
+  constexpr std::size_t kGroup = 3;
+  return at != std::string_view::npos && at > 0 && at <= kGroup && cell.size() - at - 1 == kGroup;
+}
+
+// What a cell holds, short enough for a message.
+std::string Shown(const std::string& cell) {
+  constexpr std::size_t kMost = 40;
+  return "\"" + (cell.size() > kMost ? "..." : Printable(cell)) + "\"";
 }
 
 class ValuesReader {
@@ -103,12 +120,14 @@ class ValuesReader {
   Outcome TakeHeading(const std::string& line) {
     cell_end_ = CellEndOf(line);
     for (const std::string& cell : CellsOf(line, cell_end_)) {
+      const std::string heading = WithoutAccents(LowerCase(cell));
       const auto* const column =
-          std::find_if(std::begin(kColumns), std::end(kColumns), [&cell](const Column& known) {
-            return EqualIgnoringCase(cell, known.name) || EqualIgnoringCase(cell, known.greek_name);
+          std::find_if(std::begin(kColumns), std::end(kColumns), [&heading](const Column& known) {
+            return heading == known.name || heading == known.greek_name;
           });
       if (column == std::end(kColumns)) {
-        return Wrong("άγνωστη στήλη (section, flow, drop, length) \"" + Printable(cell) + "\"");
+        return Wrong("άγνωστη στήλη " + Shown(cell) +
+                     ", δεκτές : section flow drop length ή τμήμα παροχή πτώση μήκος");
       }
       if (std::find(columns_.begin(), columns_.end(), column) != columns_.end()) {
         return Wrong("η στήλη " + std::string(column->name) + " είναι δύο φορές");
@@ -132,17 +151,31 @@ class ValuesReader {
     }
     WinterLine values;
     for (std::size_t i = 0; i < cells.size(); ++i) {
-      const std::optional<float> number = NumberOf(cells[i]);
-      if (!number) {
-        return Wrong("δεν είναι αριθμός \"" + Printable(cells[i]) + "\"");
+      const std::optional<float> number = PlainNumber(cells[i]);
+      if (const std::string bad = BadNumber(cells[i], number); !bad.empty()) {
+        return Wrong(bad + " " + Shown(cells[i]));
       }
       if (columns_[i]->value != nullptr) {
         values.*columns_[i]->value = *number;
-      } else if (*number == std::floor(*number) && *number < 1e6F) {
+      } else if (*number != std::floor(*number) || *number > kMostSections) {
+        return Wrong("δεν είναι α/α Τμήματος " + Shown(cells[i]));
+      } else {
         values.section = static_cast<int>(*number);
       }
     }
     return Put(values);
+  }
+
+  // What is wrong with a number; empty when nothing is.
+  [[nodiscard]] std::string BadNumber(const std::string& cell, std::optional<float> number) const {
+    if (!number) {
+      return "δεν είναι αριθμός";
+    }
+    if (*number < 0.0F) {
+      return "είναι αρνητικός αριθμός";
+    }
+    return IsAmbiguous(cell, cell_end_) ? "χωρίς διαχωριστικό χιλιάδων, ή με άλλο πλήθος δεκαδικών"
+                                        : "";
   }
 
   Outcome Put(const WinterLine& values) {

@@ -78,7 +78,7 @@ class Explainer {
   }
 
  private:
-  [[nodiscard]] bool IsOpen() const { return row_.ANOIK != 0; }
+  [[nodiscard]] bool IsOpen() const { return input_.kind == SystemKind::kOpen; }
 
   void Step(std::string what, std::string formula, double value, const Quantity& quantity) {
     result_.steps.push_back(
@@ -177,13 +177,13 @@ class Explainer {
 
 DropExplanation ExplainDrop(const ExplainInput& input) { return Explainer(input).Explain(); }
 
-DropExplanation ExplainRow(const SectionRow& row, const PassConditions& pass) {
+DropExplanation ExplainRow(SystemKind kind, const SectionRow& row, const PassConditions& pass) {
   const MaterialClass material = ClassOf(pass.library.front().material.Trimmed());
-  DropExplanation plain = ExplainDrop({row, pass.flow, material, std::nullopt});
+  DropExplanation plain = ExplainDrop({kind, row, pass.flow, material, std::nullopt});
   if (const MaterialClass own = ClassOf(row.Material.Trimmed());
       own != material && !plain.Agrees()) {
     // A re-run on fixed diameters goes by the row's own word.
-    if (DropExplanation by_row = ExplainDrop({row, pass.flow, own, std::nullopt});
+    if (DropExplanation by_row = ExplainDrop({kind, row, pass.flow, own, std::nullopt});
         by_row.Agrees()) {
       return by_row;
     }
@@ -198,7 +198,7 @@ DropExplanation ExplainRow(const SectionRow& row, const PassConditions& pass) {
     SectionRow before = row;
     before.InDiameter = pass.library[i].inner_diameter;
     FillHydraulics(before, pass.flow, material, before.InDiameter);
-    DropExplanation stepped = ExplainDrop({row, pass.flow, material, before.FrictionRate});
+    DropExplanation stepped = ExplainDrop({kind, row, pass.flow, material, before.FrictionRate});
     return stepped.Agrees() ? stepped : plain;
   }
   return plain;

@@ -53,6 +53,7 @@ struct DropExplanation {
 /// What the explanation of a row starts from. `stepped_rate`: friction rate on the pipe the section
 /// had before balancing took it down, mm w.g./m; nothing when it still has the pipe of its sizing.
 struct ExplainInput {
+  SystemKind kind;
   const SectionRow& row;
   FlowConditions conditions;
   MaterialClass material = MaterialClass::kSteelPipe;
@@ -63,8 +64,8 @@ struct ExplainInput {
 /// Faults: as those formulas, for a row that was never calculated.
 DropExplanation ExplainDrop(const ExplainInput& input);
 
-/// The same for a row of the study: of a balanced row that does not follow from its values alone
-/// the step down from the next larger pipe is tried. Faults: as ExplainDrop().
-DropExplanation ExplainRow(const SectionRow& row, const PassConditions& pass);
+/// The same for a row of a study of that kind: of a balanced row that does not follow from its
+/// values alone the step down from the next larger pipe is tried. Faults: as ExplainDrop().
+DropExplanation ExplainRow(SystemKind kind, const SectionRow& row, const PassConditions& pass);
 
 }  // namespace kalvo

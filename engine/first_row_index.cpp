@@ -78,8 +78,8 @@ std::vector<int> LinkFeeders(std::span<const SectionLine> table) {
   feeders.reserve(table.size());
   for (const SectionLine& line : table) {
     const std::string_view feeder = RightNode(line.name);
-    const bool is_first = feeders.empty();
-    feeders.push_back(feeder == kSource ? (is_first ? 0 : 1) : by_left.First(NodeKey(feeder)));
+    const bool is_top = feeders.empty();  // whatever its name says
+    feeders.push_back(is_top ? 0 : feeder == kSource ? 1 : by_left.First(NodeKey(feeder)));
   }
   return feeders;
 }

@@ -46,7 +46,8 @@ struct Links {
 Links LinkRows(std::span<const SectionLine> table);
 
 /// For every row of an open network the row that feeds it: row 1 where the feeder is the source,
-/// else the first of that name; 0 for row 1 at the source and where no row bears the name.
+/// else the first of that name; 0 for row 1, which nothing feeds whatever its name says, and where
+/// no row bears the name.
 std::vector<int> LinkFeeders(std::span<const SectionLine> table);
 
 }  // namespace kalvo

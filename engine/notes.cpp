@@ -17,18 +17,34 @@ double LossesTo(std::size_t row, const std::vector<SectionRow>& rows,
   return losses;
 }
 
-}  // namespace
-
-std::vector<OutletSpare> SparesOf(const std::vector<SectionRow>& rows) {
-  std::vector<OutletSpare> spares;
-  if (rows.empty() || rows.front().ANOIK == 0) {
-    return spares;
-  }
+std::vector<int> FeedersOf(const std::vector<SectionRow>& rows) {
   std::vector<SectionLine> table;
+  table.reserve(rows.size());
   for (const SectionRow& row : rows) {
     table.push_back({row.RecordNumber, row.Name, {}});
   }
-  const std::vector<int> feeders = LinkFeeders(table);
+  return LinkFeeders(table);
+}
+
+void AddOpenNotes(const std::vector<SectionRow>& rows, ResultNotes& notes) {
+  for (const OutletSpare& outlet : SparesOf(rows)) {
+    if (outlet.spare < 0) {
+      notes.outlets_in_need.push_back(outlet.section);
+    }
+  }
+  const std::vector<int> feeders = FeedersOf(rows);
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    if (feeders[i] > static_cast<int>(i) + 1) {
+      notes.before_feeder.push_back(rows[i].RecordNumber);
+    }
+  }
+}
+
+}  // namespace
+
+std::vector<OutletSpare> SparesOf(const std::vector<SectionRow>& rows) {
+  const std::vector<int> feeders = FeedersOf(rows);
+  std::vector<OutletSpare> spares;
   for (std::size_t i = 0; i < rows.size(); ++i) {
     if (rows[i].HasEmitter()) {
       const double need =
@@ -39,7 +55,8 @@ std::vector<OutletSpare> SparesOf(const std::vector<SectionRow>& rows) {
   return spares;
 }
 
-ResultNotes NotesOf(const std::vector<SectionRow>& rows, const std::vector<PipeRow>& library) {
+ResultNotes NotesOf(SystemKind kind, const std::vector<SectionRow>& rows,
+                    const std::vector<PipeRow>& library) {
   ResultNotes notes;
   for (const SectionRow& row : rows) {
     if (row.Velocity > row.MeanVel) {
@@ -52,10 +69,8 @@ ResultNotes NotesOf(const std::vector<SectionRow>& rows, const std::vector<PipeR
       notes.negative_drop.push_back(row.RecordNumber);
     }
   }
-  for (const OutletSpare& outlet : SparesOf(rows)) {
-    if (outlet.spare < 0) {
-      notes.outlets_in_need.push_back(outlet.section);
-    }
+  if (kind == SystemKind::kOpen) {
+    AddOpenNotes(rows, notes);
   }
   return notes;
 }

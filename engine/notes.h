@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "study/pipe_row.h"
-#include "study/section_row.h"
+#include "study/study.h"
 
 namespace kalvo {
 
@@ -15,6 +15,8 @@ struct ResultNotes {
   std::vector<int> negative_drop;
   /// Outlets whose need exceeds what the pump gives.
   std::vector<int> outlets_in_need;
+  /// Sections of an open network that stand before their feeder, whose pressure counts as 0 there.
+  std::vector<int> before_feeder;
 };
 
 /// How far the pump reaches above what an outlet needs, mm w.g.: its losses from row 1 on, its
@@ -24,10 +26,12 @@ struct OutletSpare {
   double spare = 0;
 };
 
-/// Of every outlet of a calculated open network, in row order; none for a closed one.
+/// Of every outlet of a calculated open network, in row order.
 std::vector<OutletSpare> SparesOf(const std::vector<SectionRow>& rows);
 
-/// Notes of calculated rows; the design velocity is each row's own `MeanVel`.
-ResultNotes NotesOf(const std::vector<SectionRow>& rows, const std::vector<PipeRow>& library);
+/// Notes of the calculated rows of a study of that kind; the design velocity is each row's own
+/// `MeanVel`.
+ResultNotes NotesOf(SystemKind kind, const std::vector<SectionRow>& rows,
+                    const std::vector<PipeRow>& library);
 
 }  // namespace kalvo

@@ -1,5 +1,6 @@
 #include "engine/outlets.h"
 
+#include <algorithm>
 #include <set>
 #include <unordered_map>
 #include <utility>
@@ -43,7 +44,7 @@ Rows CopyToRows(const Rows& records, RowStore& store) {
 
 // A section that a level of the summing stands at, and the flow that has come to it.
 struct Arrival {
-  int row = 0;
+  int row = 0;  // 0: no section bears the name
   double flow_lh = 0;
 };
 
@@ -81,17 +82,19 @@ class OutletSummer {
     return next;
   }
 
-  [[nodiscard]] int FeederOf(int row) const {
-    // What has come to row 1 stays there.
-    return RightNode(table_[At(row)].name) == kSource ? 1 : feeders_[At(row)];
-  }
+  // What has come to row 1 stays there.
+  [[nodiscard]] int FeederOf(int row) const { return row == 1 ? 1 : feeders_[At(row)]; }
 
   [[nodiscard]] std::vector<Arrival> FeedersOf(const std::vector<Arrival>& level) {
     std::vector<Arrival> feeders;
     feeders.reserve(level.size());
     for (const Arrival& arrival : level) {
+      if (arrival.row == 0) {
+        continue;  // at a feeder that is not there, one level after it was named
+      }
       const int feeder = FeederOf(arrival.row);
       if (feeder == 0) {
+        feeders.push_back({});
         continue;
       }
       const std::size_t same = arrival_of_[At(feeder)];
@@ -138,6 +141,31 @@ std::optional<LostWalk> FindCircle(const Study& study, const Rows& outlets) {
   return std::nullopt;
 }
 
+bool IsOnlyOneNamed(const FixedText<7>& name, const Rows& rows) {
+  return std::count_if(rows.begin(), rows.end(),
+                       [&name](const SectionRow& row) { return row.Name == name; }) == 1;
+}
+
+// Values of a row that has none: those of the outlet that bore its name, which the rows may not
+// know any more after an insertion or deletion. What flowed on to others is no outlet's flow.
+void TakeFormerValues(SectionRow& record, const Rows& before, const Rows& rows) {
+  record.WaterFlow = 0;
+  const auto former =
+      std::find_if(before.begin(), before.end(), [&record](const SectionRow& outlet) {
+        return outlet.Name == record.Name && outlet.HasEmitter();
+      });
+  if (former != before.end() && IsOnlyOneNamed(record.Name, rows)) {
+    record.WaterFlow = former->WaterFlow;
+    record.SomaDrop = former->SomaDrop;
+    record.HeightDiff = former->HeightDiff;
+  }
+}
+
+bool HasValues(const SectionRow& row, const OutletValues& values) {
+  return row.WaterFlow == values.flow_lh && row.SomaDrop == values.pressure_m &&
+         row.HeightDiff == values.height_m;
+}
+
 }  // namespace
 
 double FeederNumber(const FixedText<7>& name) {
@@ -146,8 +174,8 @@ double FeederNumber(const FixedText<7>& name) {
 
 std::vector<int> FindOutlets(const Rows& rows) {
   std::set<double> feeding;
-  for (const SectionRow& row : rows) {
-    feeding.insert(FeederNumber(row.Name));
+  for (std::size_t i = 1; i < rows.size(); ++i) {  // row 1 hangs on nothing
+    feeding.insert(FeederNumber(rows[i].Name));
   }
   std::vector<int> outlets;
   for (const SectionRow& row : rows) {
@@ -160,11 +188,12 @@ std::vector<int> FindOutlets(const Rows& rows) {
 
 Rows ListOutlets(Workbench& bench) {
   const RowStore store(bench.workspace);
+  const Rows before = ReadOutlets(bench.workspace);
   Rows records;
   for (const int number : FindOutlets(store.rows())) {
     SectionRow& record = records.emplace_back(store.At(number));
     if (!record.HasEmitter()) {
-      record.WaterFlow = 0;  // what flowed on to others
+      TakeFormerValues(record, before, store.rows());
     }
   }
   if (records.size() == 1 && !bench.workspace.Exists(work_file::kEmitters)) {
@@ -179,6 +208,10 @@ void StoreOutlet(Workbench& bench, int index, const OutletValues& values) {
   RowStore outlets(bench.workspace, work_file::kEmitters);
   RowStore rows(bench.workspace);
   SectionRow& outlet = outlets.At(index);
+  if (!HasValues(rows.At(outlet.RecordNumber), values)) {
+    bench.study.unsaved_changes = true;
+    bench.study.results_valid = false;
+  }
   for (SectionRow* row : {&outlet, &rows.At(outlet.RecordNumber)}) {
     row->WaterFlow = values.flow_lh;
     row->SomaDrop = values.pressure_m;
@@ -208,6 +241,7 @@ void EndOutlets(Workbench& bench) {
   store.Save();
   RefreshSectionTable(study, store.rows());
   RefreshEmitterTable(study, outlets);
+  study.results_valid = false;  // the feeders have no flow until the next run
   study.NameErrors = false;
   study.emitters_unchecked = false;
 }

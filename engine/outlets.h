@@ -23,19 +23,20 @@ double FeederNumber(const FixedText<7>& name);
 /// counts for no row.
 std::vector<int> FindOutlets(const std::vector<SectionRow>& rows);
 
-/// Writes the outlets found to `SOMATA.TMP`, each with the values that its row has (none for a row
-/// that was no outlet yet), and sets `EmitterCount`. A first list of a single outlet marks the
-/// study changed. Faults: kFile.
+/// Writes the outlets found to `SOMATA.TMP`, each with the values that its row has, else with those
+/// that the file knew for its name (none for a row that was no outlet yet), and sets
+/// `EmitterCount`. A first list of a single outlet marks the study changed. Faults: kFile.
 std::vector<SectionRow> ListOutlets(Workbench& bench);
 
 /// Stores the values of outlet `index` (from 1) of `SOMATA.TMP`, there and on its section's row.
+/// Values other than the row's mark the study changed and its results void.
 /// Faults: kFile, 63 for an outlet or a section that is not there.
 void StoreOutlet(Workbench& bench, int index, const OutletValues& values);
 
 /// Ends the entry of outlets: rows take flow and pressure from `SOMATA.TMP`, rows without an outlet
 /// none; `TOT`, `Outlets` and the system's kind go on every row; total flow and tables follow. A
-/// count other than the rows' former `Outlets` marks the study changed. The outlets count as
-/// checked. Faults: kFile.
+/// count other than the rows' former `Outlets` marks the study changed. Results are void; the
+/// outlets count as checked. Faults: kFile.
 void EndOutlets(Workbench& bench);
 
 /// Sums the outlets' flows from feeder to feeder, level by level, into `SectionTable` and the rows.

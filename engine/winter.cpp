@@ -1,5 +1,7 @@
 #include "engine/winter.h"
 
+#include <algorithm>
+
 #include "engine/calculation_command.h"
 #include "engine/critical.h"
 #include "engine/flow_report.h"
@@ -7,6 +9,7 @@
 #include "engine/sizing.h"
 #include "engine/trap.h"
 #include "study/rounding.h"
+#include "study/tables.h"
 
 namespace kalvo {
 
@@ -53,7 +56,7 @@ bool AcceptsFlow(Workbench& bench, const WinterLine& line, float summer_flow) {
 
 // The first line that cannot stand, the user told of it.
 std::optional<WinterOutcome> CheckLines(Workbench& bench, const std::vector<WinterLine>& lines,
-                                        const RowStore& summer) {
+                                        const std::vector<WinterLine>& summer) {
   for (std::size_t i = 0; i < lines.size(); ++i) {
     const WinterLine& line = lines[i];
     for (const ZeroTest& test : kZeroTests) {
@@ -62,7 +65,13 @@ std::optional<WinterOutcome> CheckLines(Workbench& bench, const std::vector<Wint
         return WinterOutcome{WinterEnd::kBadValue, i, test.value};
       }
     }
-    if (!AcceptsFlow(bench, line, summer.At(line.section).WaterFlow)) {
+    const auto before = std::find_if(
+        summer.begin(), summer.end(),
+        [&line](const WinterLine& emitter) { return emitter.section == line.section; });
+    if (before == summer.end()) {
+      throw Fault(FaultCode::kBadRecordNumber, "no emitter in that section");
+    }
+    if (!AcceptsFlow(bench, line, before->flow_lh)) {
       return WinterOutcome{WinterEnd::kDeclined, i, WinterValue::kFlow};
     }
   }
@@ -111,6 +120,7 @@ void RunWinterPasses(Workbench& winter, const std::vector<WinterLine>& lines) {
   Require(winter.workspace.Copy(work_file::kRows, work_file::kWinter));
   Require(winter.workspace.Copy(work_file::kRows, work_file::kSummerRows));
   RowStore store(winter.workspace, work_file::kWinter);
+  RefreshSectionTable(winter.study, store.rows());
   TakeLines(winter.study, store, lines);
   store.Save();
   SumWinterFlows(winter.study);
@@ -142,10 +152,12 @@ WinterEnd EndOf(std::int16_t status) {
 
 std::vector<WinterLine> SummerValues(const Workbench& bench) {
   const RowStore store(bench.workspace);
+  // A row's own flow is that of all emitters whose circuit runs through it.
+  const RowStore emitters(bench.workspace, work_file::kEmitters);
   std::vector<WinterLine> lines;
-  for (const EmitterLine& emitter : bench.study.EmitterTable) {
-    const SectionRow& row = store.At(emitter.section);
-    lines.push_back({emitter.section, row.Length, row.WaterFlow, row.SomaDrop});
+  for (const SectionRow& emitter : emitters.rows()) {
+    const SectionRow& row = store.At(emitter.RecordNumber);
+    lines.push_back({emitter.RecordNumber, row.Length, emitter.WaterFlow, emitter.SomaDrop});
   }
   return lines;
 }
@@ -168,7 +180,11 @@ WinterOutcome WinterDuty::Run(float temperature, const std::vector<WinterLine>& 
 
 WinterOutcome WinterDuty::CheckAndRun(float temperature, const std::vector<WinterLine>& lines) {
   const RowStore summer(bench_.workspace);
-  if (!bench_.study.SystemClosed() || !HasResults(summer.rows())) {
+  if (summer.count() == 0) {
+    return {WinterEnd::kRefused};
+  }
+  const Study& study = bench_.study;
+  if (!study.SystemClosed() || !study.results_valid || !HasResults(summer.rows())) {
     bench_.Show(403);
     return {WinterEnd::kRefused};
   }
@@ -176,7 +192,7 @@ WinterOutcome WinterDuty::CheckAndRun(float temperature, const std::vector<Winte
     bench_.Show(405);
     return {WinterEnd::kTemperature};
   }
-  if (const auto refused = CheckLines(bench_, lines, summer)) {
+  if (const auto refused = CheckLines(bench_, lines, SummerValues(bench_))) {
     return *refused;
   }
   return Calculate(temperature, lines);

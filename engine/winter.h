@@ -23,7 +23,7 @@ enum class WinterValue { kLength, kFlow, kDrop };
 
 /// How a winter run ended.
 enum class WinterEnd {
-  kRefused,      ///< no summer results (message 403)
+  kRefused,      ///< no summer results that stand (message 403), or no rows
   kTemperature,  ///< out of bounds (message 405)
   kBadValue,     ///< a value is 0: a box named the section
   kDeclined,     ///< a flow not below that of summer was not accepted

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cmath>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -92,8 +93,22 @@ class FuzzBench : public ProgramInMemory<Reader> {
   }
 };
 
-/// Any bytes as the companion `name` of a good study: whole records are taken over as they are,
-/// anything else is refused with the open study untouched. True when it was taken.
+/// Whether no field of a record in `bytes` is a NaN or an infinity.
+template <typename Row>
+bool AllFinite(std::string_view bytes) {
+  bool finite = true;
+  for (const Row& row : DecodeRows<Row>(bytes)) {
+    ForEachField(row, [&finite](std::string_view /*name*/, const auto& value) {
+      if constexpr (std::is_same_v<std::decay_t<decltype(value)>, float>) {
+        finite = finite && std::isfinite(value);
+      }
+    });
+  }
+  return finite;
+}
+
+/// Any bytes as the companion `name` of a good study: whole records of numbers are taken over as
+/// they are, anything else is refused with the open study untouched. True when it was taken.
 template <typename Row>
 bool LoadCompanion(FuzzBench& bench, const std::string& name, std::string_view work_name,
                    std::string_view bytes) {
@@ -107,7 +122,8 @@ bool LoadCompanion(FuzzBench& bench, const std::string& name, std::string_view w
   bench.PutStudyFile(name, bytes);
   const auto work = ImageOf(bench.work_disk, "/program");
   const bool loaded = bench.Load("b.PCK");
-  Require(loaded == (bytes.size() % RecordSize<Row>() == 0), "whole records and no others load");
+  const bool whole = bytes.size() % RecordSize<Row>() == 0;
+  Require(loaded == (whole && AllFinite<Row>(bytes)), "whole records and no others load");
   Require(bench.StudyFile(name) == bytes, "a load changes no file of the study");
   if (!loaded) {
     Require(ImageOf(bench.work_disk, "/program") == work, "the open study stays");

@@ -24,7 +24,8 @@ const SectionRow& HeaderRow(const Rows& rows) {
   return plant == rows.end() ? rows.back() : *plant;
 }
 
-std::string FirstBadNumber(const Rows& rows) {
+template <typename Row>
+std::string FirstBadNumber(const std::vector<Row>& rows) {
   for (std::size_t i = 0; i < rows.size(); ++i) {
     std::string field;
     ForEachField(rows[i], [&field](std::string_view name, const auto& value) {
@@ -161,6 +162,9 @@ Outcome FindCompanion(const Workbench& bench, std::string_view extension,
   if (!rows) {
     return rows.error();
   }
+  if (const std::string bad = FirstBadNumber(*rows); !bad.empty()) {
+    return FileError{*path, bad};
+  }
   found.copies.push_back({work_name, EncodeRows<Row>(*rows)});
   return Done{};
 }
@@ -290,7 +294,17 @@ void OpenStudy(Workbench& bench, RecentList recent) {
   }
 }
 
+// Summer's rows that a winter duty was in the way of when the program ended.
+void PutSummerBack(Workbench& bench) {
+  const auto summer = bench.workspace.Read(work_file::kSummerRows);
+  if (summer && ProveLoadable(bench, bench.workspace.Path(work_file::kSummerRows), *summer).ok()) {
+    // Where this fails the rows that stand are recovered.
+    static_cast<void>(bench.workspace.MoveOver(work_file::kSummerRows, work_file::kRows).ok());
+  }
+}
+
 void RecoverStudy(Workbench& bench) {
+  PutSummerBack(bench);
   const auto bytes = bench.workspace.Read(work_file::kRows);
   const auto rows = bytes ? ProveLoadable(bench, bench.workspace.Path(work_file::kRows), *bytes)
                           : Result<Rows>(bytes.error());

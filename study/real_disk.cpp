@@ -136,7 +136,14 @@ Outcome RealDisk::Flush(const fs::path& path) {
   return Done{};
 }
 
+// A file that takes the place of another is read and written by whom the other was.
 Outcome RealDisk::Rename(const fs::path& from, const fs::path& to) {
+  struct stat replaced {};
+  constexpr mode_t kPermissions = 0777;
+  if (stat(to.c_str(), &replaced) == 0 &&
+      chmod(from.c_str(), replaced.st_mode & kPermissions) != 0) {
+    return LastError(from);
+  }
   if (rename(from.c_str(), to.c_str()) != 0) {
     return LastError(to);
   }

@@ -1,6 +1,7 @@
 #include "tools/sample_tree.h"
 
 #include "study/fault.h"
+#include "study/rounding.h"
 
 namespace kalvo {
 
@@ -31,7 +32,7 @@ void SupplyTree::Draw(int feeder, const Leg& leg, const Tap& tap) {
   SectionRow& row = Append(std::to_string(feeder), leg);
   row.WaterFlow = tap.flow_lh;
   row.SomaDrop = tap.pressure_m;
-  row.HeightDiff = tap.height_m;
+  row.HeightDiff = ToSingle(RoundTo(tap.height_m, 2));
 }
 
 std::vector<SectionRow> SupplyTree::Rows() const {

@@ -64,6 +64,38 @@ TEST_F(Open, SaveWritesTheFamilyOfItsKind) {
   EXPECT_TRUE(bench_.Studies() == after);
 }
 
+TEST_F(Open, SaveKeepsPermissionsAndTakesNoNameOfTheOtherKind) {
+  namespace fs = std::filesystem;
+  fs::permissions(study_, fs::perms::owner_read | fs::perms::owner_write);
+  EXPECT_EQ(bench_.Run({"calc", study_, "--save", study_}).code, 0);
+  EXPECT_EQ(fs::status(study_).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+  const Told told = bench_.Run({"calc", study_, "--save", bench_.Path("x.PCK")});
+  EXPECT_EQ(told.code, 6);
+  EXPECT_EQ(told.out, "");
+  EXPECT_EQ(bench_.Run({"calc", study_.substr(0, study_.size() - 4)}).code, 0);  // no extension
+}
+
+TEST_F(Open, AStudyWithoutAKindOfItsOwnIsTakenByItsName) {
+  NetworkHeader header;
+  header.kind = SystemKind::kOpen;
+  auto rows = Network(kTooHigh, header);
+  for (SectionRow& row : rows) {
+    row.ANOIK = 0;
+  }
+  const std::string study = bench_.Put("neither.PCA", rows);
+  EXPECT_THAT(bench_.Run({"calc", study}).out,
+              AllOf(HasSubstr("Περίσσεια\n"), HasSubstr("Η αντλία δεν φθάνει   : σε Υποδοχείς 3")));
+}
+
+TEST_F(Open, SectionsBeforeTheirFeederAreNoted) {
+  const std::string study = bench_.Put(
+      "later.PCA", Lines{"1/ANT 5m", "2/4 5m outlet 300 l/h 5mwg", "3/1 5m outlet 300 l/h 5mwg",
+                         "4/1 5m", "5/4 5m outlet 300 l/h 5mwg"});
+  EXPECT_THAT(bench_.Run({"calc", study}).out,
+              HasSubstr("πριν από τον τροφοδότη τους, με Διαθέσιμη "
+                        "πίεση που δεν ισχύει : 2\n"));
+}
+
 TEST_F(Open, OutletsAreTheLeavesWithTheirValues) {
   const std::string half =
       bench_.Put("half.PCA", Lines{"1/ANT 5m", "2/1 5m 2up outlet 300 l/h 5mwg", "3/1 4m 80 l/h"});
@@ -99,6 +131,17 @@ TEST_F(Open, CheckAndCalcTellWhatIsWrongWithTheFeeders) {
     EXPECT_EQ(calc.out, "");
   }
   EXPECT_EQ(bench_.Run({"check", study_}).code, 0);
+}
+
+TEST_F(Open, ResultsOfANetworkThatTheCheckFaultsAreNotLeftUnremarked) {
+  ASSERT_EQ(bench_.Run({"calc", study_, "--save", study_}).code, 0);
+  EXPECT_EQ(bench_.Run({"calc", study_}).err, "");
+  std::string bytes = bench_.Studies().at("study.PCA");
+  bytes[2 * 355 + 251 + 4] = '9';  // what feeds section 3
+  bench_.Put("study.PCA", bytes);
+  const Told told = bench_.Run({"calc", study_});
+  EXPECT_EQ(told.code, 0);
+  EXPECT_THAT(told.err, HasSubstr("δεν ισχύουν : kalvo check " + study_));
 }
 
 TEST_F(Open, CommandsOfOneKindRefuseTheOther) {

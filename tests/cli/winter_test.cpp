@@ -56,7 +56,7 @@ TEST_F(WinterRun, SavesTheFamilyAndGoesOnFromWhatWasSaved) {
 
 TEST_F(WinterRun, TakesTablesAsSpreadsheetsWriteThem) {
   const std::string plain = Run(kValues).out;
-  for (const char* values : {"\xEF\xBB\xBFΤμήμα;Παροχή;Πτώση\r\n3;300,0;240\r\n2;180,5;200\r\n",
+  for (const char* values : {"\xEF\xBB\xBFΤΜΗΜΑ;Παροχή;πτώση\r\n3;300,0;240\r\n2;180,5;200\r\n",
                              "drop\tsection\tflow\n200\t2\t180,5\n\n# note\n240\t3\t300\n",
                              "section,flow,drop\n2,\"180,5\",200\n3,300,240"}) {
     EXPECT_EQ(Run(values).out, plain) << values;
@@ -71,7 +71,10 @@ TEST_F(WinterRun, TellsWhatIsWrongWithATable) {
       {"section,flow\n", "λείπει η στήλη drop"},
       {"section,flow,drop,flow\n", "η στήλη flow είναι δύο φορές"},
       {"section,flow,drop\n2,much,200\n", "Γραμμή 2, δεν είναι αριθμός \"much\""},
-      {"section,flow,drop\n2,-5,200\n", "δεν είναι αριθμός"},
+      {"section,flow,drop\n2,-5,200\n", "είναι αρνητικός"},
+      {"section,flow,drop\n2,5,\"1,200\"\n", "διαχωριστικό χιλιάδων"},
+      {"section;flow;drop\n2;5;1.200\n", "διαχωριστικό χιλιάδων"},
+      {"section,flow,drop\n2.5,5,200\n", "δεν είναι α/α Τμήματος"},
       {"section,flow,drop\n2,1e99,200\n", "δεν είναι αριθμός"},
       {"section,flow,drop\n2,5\n", "τα κελιά είναι 2 και όχι 3"},
       {"section,flow,drop\n4,5,200\n", "το Τμήμα 4 δεν έχει Σώμα"},
@@ -96,6 +99,9 @@ TEST_F(WinterRun, AsksAsTheFormAsks) {
   EXPECT_THAT(told.err, AllOf(HasSubstr("ίση"), HasSubstr("μεγαλύτερη")));
   EXPECT_EQ(Run("section,flow,drop\n2,100,0\n3,200,240\n").code, 4);
   EXPECT_EQ(Run(kValues, {"--temperature", "100.1"}).code, 4);
+  EXPECT_EQ(Run(kValues, {"--temperature", "0"}).code, 4);
+  EXPECT_EQ(Run(kValues, {"--temperature", "warm"}).code, 2);
+  EXPECT_THAT(Run(kValues, {"--temperature", "70,5"}).out, HasSubstr("70,5 °C"));
   const std::string fresh = bench_.Put("fresh.PCK", SoundNetwork());
   EXPECT_EQ(bench_.Run({"winter", fresh, "--values", bench_.Path("values.csv")}).code, 4);
 }

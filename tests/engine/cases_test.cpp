@@ -37,7 +37,7 @@ TEST_P(Cases, AreExplainedRowByRow) {
     const auto pass = LoadPassConditions(calculated.bench);
     ASSERT_TRUE(pass.has_value());
     for (const SectionRow& row : calculated.Rows()) {
-      EXPECT_TRUE(ExplainRow(row, *pass).Agrees())
+      EXPECT_TRUE(ExplainRow(calculated.study.system_kind, row, *pass).Agrees())
           << GetParam() << " method " << static_cast<int>(method) << " row " << row.RecordNumber;
     }
   }

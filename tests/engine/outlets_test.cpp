@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "engine/branches.h"
 #include "tests/support/test_bench.h"
 
 namespace kalvo {
@@ -74,6 +75,35 @@ TEST(Outlets, AreListedWithTheValuesTheyHave) {
   EXPECT_FALSE(bench.study.unsaved_changes);
 }
 
+TEST(Outlets, WhatTheFileAloneKnowsOfANameIsListed) {
+  TestBench bench(SystemKind::kOpen);
+  bench.PutNetwork({"1/ANT", "2/1 outlet 80 l/h 5mwg", "3/1 3up outlet 200 l/h 5mwg"});
+  auto rows = bench.Rows();
+  rows[1].SomaDrop = rows[2].SomaDrop = 0;
+  rows[1].Name = MakeName("7", "1");
+  ASSERT_TRUE(bench.workspace.Rows().WriteAll(rows).ok());
+  const auto outlets = ListOutlets(bench.bench);
+  ASSERT_EQ(outlets.size(), 2U);
+  EXPECT_FALSE(outlets[0].HasEmitter());
+  EXPECT_EQ(outlets[1].SomaDrop, 5.0F);
+  EXPECT_EQ(outlets[1].WaterFlow, 200.0F);
+}
+
+TEST(Outlets, RowOneHangsOnNothingWhateverItsNameSays) {
+  for (const std::string_view name : {"1/1", "1/ΑΝΤ", "1/3", "1/0"}) {
+    TestBench bench(SystemKind::kOpen);
+    const std::string first = std::string(name) + " 5m";
+    bench.PutNetwork({first, "2/1 outlet 100 l/h 5mwg", "3/1", "4/3 outlet 20 l/h 5mwg",
+                      "5/3 outlet 3 l/h 5mwg"});
+    SumOutletFlows(bench.bench);
+    EXPECT_EQ(Flows(bench), (Floats{123, 100, 23, 20, 3})) << name;
+    EXPECT_EQ(bench.study.CalcStatus, 0);
+    EXPECT_EQ(FindOutlets(bench.Rows()), (Numbers{2, 4, 5})) << name;
+    EXPECT_EQ(BuildOpenBranchStrings(bench.study).at(1), (Branch{1, 3, 4})) << name;
+  }
+  EXPECT_EQ(FindOutlets(Network({"1/1"})), Numbers{1});
+}
+
 TEST(Outlets, TheFirstListOfASingleOutletIsAChange) {
   TestBench bench(SystemKind::kOpen);
   bench.PutNetwork({"1/ANT"});
@@ -92,6 +122,11 @@ TEST(Outlets, TheEndOfTheirEntryPutsThemIntoTheRows) {
   StoreOutlet(bench.bench, 1, {300.5F, 5, 0});
   StoreOutlet(bench.bench, 2, {200, 10, 7.5F});
   EXPECT_EQ(bench.Row(3).HeightDiff, 7.5F);
+  EXPECT_TRUE(bench.study.unsaved_changes);
+  EXPECT_FALSE(bench.study.results_valid);
+  bench.study.results_valid = true;
+  bench.study.unsaved_changes = false;
+  StoreOutlet(bench.bench, 2, {200, 10, 7.5F});  // as it was
   EXPECT_FALSE(bench.study.unsaved_changes);
   EndOutlets(bench.bench);
   EXPECT_EQ(Flows(bench), (Floats{0, 300.5F, 200}));
@@ -101,6 +136,7 @@ TEST(Outlets, TheEndOfTheirEntryPutsThemIntoTheRows) {
   EXPECT_EQ(bench.study.TotalFlowM3h, 0.5005F);
   EXPECT_EQ(bench.study.EmitterTable.at(1).flow_lh, 200.0);
   EXPECT_TRUE(bench.study.unsaved_changes);  // there was one before
+  EXPECT_FALSE(bench.study.results_valid);   // the feeders have no flow now
   EXPECT_FALSE(bench.study.emitters_unchecked || bench.study.NameErrors);
 }
 

@@ -132,6 +132,25 @@ TEST_F(Winter, TheCloseKeepsWhatTheUserWantsKept) {
   }
 }
 
+TEST_F(Winter, ComparesAnEmitterWithinTheTrunkByItsOwnFlow) {
+  bench.PutNetwork(
+      {"ANT/1 5m plant", "1/2 5m soma 100l/h 50mm", "2/3 5m soma 400l/h 400mm", "3/ANT 5m"});
+  ASSERT_EQ(Calculate(bench.bench, Method::kFlowOnly), CommandEnd::kCalculated);
+  bench.study.results_valid = true;
+  lines = SummerValues(bench.bench);
+  EXPECT_EQ(lines[0].flow_lh, 100.0F);  // and not the 500 that pass its section
+  lines[0].flow_lh = 150;
+  lines[1].flow_lh = 300;
+  bench.prompter.Expect("  !!  ΠΡΟΣΟΧΗ  !! ", Answer::kNo);
+  EXPECT_EQ(Run().end, WinterEnd::kDeclined);
+}
+
+TEST_F(Winter, IsNotForResultsThatAnEditMadeVoid) {
+  bench.study.results_valid = false;
+  EXPECT_EQ(Run().end, WinterEnd::kRefused);
+  EXPECT_EQ(bench.prompter.codes(), std::vector<int>{403});
+}
+
 TEST_F(Winter, PutsSummersRowsBackThatAnInterruptedDutyLeft) {
   const std::string summer = bench.Bytes();
   ASSERT_TRUE(bench.workspace.Write(work_file::kSummerRows, summer).ok());

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <limits>
 
 #include "study/fluid_library.h"
 #include "study/load_study.h"
@@ -168,6 +169,28 @@ TEST(LoadStudy, RecoversWhatStandsInTheWorkFilesWithEmittersOfDeletedSections) {
   LoadStudy(odd.bench);
   EXPECT_EQ(odd.study.CalcStatus, -1);
   EXPECT_EQ(odd.Bytes(work_file::kEmitters), "odd");
+}
+
+TEST(LoadStudy, RecoversSummersRowsThatAWinterDutyLeft) {
+  TestBench bench;
+  PutSampleStudy(bench.bench, "Ημιτελής");
+  const std::string summer = bench.Bytes();
+  ASSERT_TRUE(bench.workspace.Write(work_file::kSummerRows, summer).ok());
+  ASSERT_TRUE(bench.workspace.Write(work_file::kRows, summer.substr(0, 355)).ok());
+  bench.study.recovery = true;
+  LoadStudy(bench.bench);
+  EXPECT_EQ(bench.Bytes(), summer);
+  EXPECT_FALSE(bench.workspace.Exists(work_file::kSummerRows));
+}
+
+TEST(LoadStudy, RefusesACompanionWithWhatIsNoNumber) {
+  TestBench bench;
+  SaveSample(bench, "b.PCK", "Κτίριο");
+  std::vector<SectionRow> rows = SampleRows(SystemKind::kClosed, "Κτίριο");
+  rows.back().WaterFlow = std::numeric_limits<float>::quiet_NaN();
+  PutMain(bench, "b.WNT", EncodeRows<SectionRow>(rows));
+  EXPECT_FALSE(Load(bench, "b.PCK"));
+  EXPECT_NE(bench.prompter.boxes().back().lines.back().find("b.WNT"), std::string::npos);
 }
 
 TEST(LoadStudy, LeavesTheCompanionsOfAnotherStudyAlone) {
