@@ -105,28 +105,29 @@ void BalanceOpenBranches(const BalanceContext& context) {
   }).Run();
 }
 
-void CriticalPassPressure(Workbench& bench) {
+namespace {
+
+template <typename Find, typename Balance>
+void RunPressurePass(Workbench& bench, Find&& find, Balance&& balance) {
   const auto pass = LoadPassConditions(bench);
   if (!pass) {
     return;
   }
   RowStore store(bench.workspace);
   store.SaveAfter([&] {
-    const CriticalBranch critical = FindCriticalBranch(bench.study, store);
-    BalanceBranches(MakeBalanceContext(bench, store, *pass, critical));
+    const CriticalBranch critical = find(bench.study, store);
+    balance(MakeBalanceContext(bench, store, *pass, critical));
   });
 }
 
+}  // namespace
+
+void CriticalPassPressure(Workbench& bench) {
+  RunPressurePass(bench, FindCriticalBranch, BalanceBranches);
+}
+
 void OpenPassPressure(Workbench& bench) {
-  const auto pass = LoadPassConditions(bench);
-  if (!pass) {
-    return;
-  }
-  RowStore store(bench.workspace);
-  store.SaveAfter([&] {
-    const CriticalBranch critical = FindOpenCriticalBranch(bench.study, store);
-    BalanceOpenBranches(MakeBalanceContext(bench, store, *pass, critical));
-  });
+  RunPressurePass(bench, FindOpenCriticalBranch, BalanceOpenBranches);
 }
 
 }  // namespace kalvo

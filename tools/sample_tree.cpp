@@ -28,11 +28,11 @@ int SupplyTree::Lay(int feeder, const Leg& leg) {
   return static_cast<int>(rows_.size());
 }
 
-void SupplyTree::Draw(int feeder, const Leg& leg, const Tap& tap) {
+void SupplyTree::Draw(int feeder, const Leg& leg, const OutletValues& outlet) {
   SectionRow& row = Append(std::to_string(feeder), leg);
-  row.WaterFlow = tap.flow_lh;
-  row.SomaDrop = tap.pressure_m;
-  row.HeightDiff = ToSingle(RoundTo(tap.height_m, 2));
+  row.WaterFlow = outlet.flow_lh;
+  row.SomaDrop = outlet.pressure_m;
+  row.HeightDiff = ToSingle(RoundTo(outlet.height_m, 2));
 }
 
 std::vector<SectionRow> SupplyTree::Rows() const {

@@ -2,16 +2,10 @@
 
 #include <vector>
 
+#include "engine/outlets.h"
 #include "tools/sample_network.h"
 
 namespace kalvo {
-
-/// Where water is drawn.
-struct Tap {
-  float flow_lh = 0;
-  float pressure_m = 0;  ///< flow pressure, m w.g.
-  float height_m = 0;    ///< above the pump
-};
 
 /// An open supply network in the making. Sections bear their numbers, in the order of laying, so
 /// that every section stands behind its feeder. A feeder needs two sections or more behind it.
@@ -24,7 +18,7 @@ class SupplyTree {
   /// A section behind `feeder`; gives its number.
   int Lay(int feeder, const Leg& leg);
   /// The same, ending in an outlet.
-  void Draw(int feeder, const Leg& leg, const Tap& tap);
+  void Draw(int feeder, const Leg& leg, const OutletValues& outlet);
 
   /// All sections, not calculated.
   [[nodiscard]] std::vector<SectionRow> Rows() const;

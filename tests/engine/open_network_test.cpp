@@ -24,13 +24,7 @@ void PutDrops(TestBench& bench, const std::vector<std::string_view>& lines, cons
   bench.PutRows(rows);
 }
 
-Floats Pressures(const TestBench& bench) {
-  Floats pressures;
-  for (const SectionRow& row : bench.Rows()) {
-    pressures.push_back(row.AvaiPres);
-  }
-  return pressures;
-}
+Floats Pressures(const TestBench& bench) { return bench.Column(&SectionRow::AvaiPres); }
 
 TEST(OpenNetwork, PumpsToTheCriticalOutletsHeightPressureAndResidue) {
   TestBench bench;

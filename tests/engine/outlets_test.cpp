@@ -11,13 +11,7 @@ namespace {
 using Numbers = std::vector<int>;
 using Floats = std::vector<float>;
 
-Floats Flows(const TestBench& bench) {
-  Floats flows;
-  for (const SectionRow& row : bench.Rows()) {
-    flows.push_back(row.WaterFlow);
-  }
-  return flows;
-}
+Floats Flows(const TestBench& bench) { return bench.Column(&SectionRow::WaterFlow); }
 
 TEST(Outlets, AreTheSectionsThatFeedNoOther) {
   EXPECT_EQ(FindOutlets(Network({"1/ANT"})), Numbers{1});
