@@ -6,7 +6,7 @@
 #include "cli/text_table.h"
 #include "engine/checks.h"
 #include "engine/flow_report.h"
-#include "engine/outlets.h"
+#include "engine/outlet_flows.h"
 #include "engine/trap.h"
 #include "study/text_lines.h"
 

@@ -6,7 +6,7 @@
 #include "engine/checks.h"
 #include "engine/emitters.h"
 #include "engine/flow_report.h"
-#include "engine/outlets.h"
+#include "engine/outlet_flows.h"
 #include "engine/row_store.h"
 #include "engine/trap.h"
 #include "study/tables.h"

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "study/workbench.h"
+#include "engine/row_store.h"
 
 namespace kalvo {
 
@@ -39,9 +39,9 @@ void StoreOutlet(Workbench& bench, int index, const OutletValues& values);
 /// outlets count as checked. Faults: kFile.
 void EndOutlets(Workbench& bench);
 
-/// Sums the outlets' flows from feeder to feeder, level by level, into `SectionTable` and the rows.
-/// Rows without a record in `SOMATA.TMP` have no outlet. Feeders in a circle: `CalcStatus` becomes
-/// 1, `lost_walk` names a section of it and the rows keep their flows. Faults: kFile.
-void SumOutletFlows(Workbench& bench);
+/// Gives every row the flow and pressure of its record in `SOMATA.TMP`, none without one, in
+/// `store` only. Returns the records that belong to a row; what the file holds of rows that are no
+/// more is passed over. Faults: kFile.
+std::vector<SectionRow> CopyOutletsToRows(const Workspace& workspace, RowStore& store);
 
 }  // namespace kalvo

@@ -1,12 +1,12 @@
 #include "study/load_study.h"
 
 #include <algorithm>
-#include <cmath>
 #include <optional>
 
 #include "study/family_save.h"
 #include "study/fluid_library.h"
 #include "study/recent_files.h"
+#include "study/study_proof.h"
 #include "study/study_reset.h"
 #include "study/tables.h"
 #include "study/text_lines.h"
@@ -16,48 +16,6 @@ namespace kalvo {
 namespace {
 
 using Rows = std::vector<SectionRow>;
-
-// A row of the study's header values: the plant section's, failing that the last.
-const SectionRow& HeaderRow(const Rows& rows) {
-  const auto plant =
-      std::find_if(rows.begin(), rows.end(), [](const SectionRow& row) { return row.Auxi != 0; });
-  return plant == rows.end() ? rows.back() : *plant;
-}
-
-template <typename Row>
-std::string FirstBadNumber(const std::vector<Row>& rows) {
-  for (std::size_t i = 0; i < rows.size(); ++i) {
-    std::string field;
-    ForEachField(rows[i], [&field](std::string_view name, const auto& value) {
-      if constexpr (std::is_same_v<std::decay_t<decltype(value)>, float>) {
-        if (field.empty() && !std::isfinite(value)) {
-          field = name;
-        }
-      }
-    });
-    if (!field.empty()) {
-      return "Άκυρος αριθμός στην εγγραφή " + std::to_string(i + 1) + ", πεδίο " + field;
-    }
-  }
-  return {};
-}
-
-// A row's number is always its place; any other would lead a walk to foreign rows.
-std::string FirstBadPlace(const Rows& rows) {
-  for (std::size_t i = 0; i < rows.size(); ++i) {
-    if (rows[i].RecordNumber != static_cast<int>(i) + 1) {
-      return "Η εγγραφή " + std::to_string(i + 1) + " φέρει αριθμό Τμήματος " +
-             std::to_string(rows[i].RecordNumber);
-    }
-  }
-  return {};
-}
-
-bool IsOfOtherKind(const SectionRow& row, const Study& study) {
-  const bool closed = row.KLEIS != 0;
-  const bool open = row.ANOIK != 0;
-  return closed != open && closed != study.SystemClosed();
-}
 
 void TellFailure(Workbench& bench, const FileError& error) {
   bench.Ask(
@@ -319,40 +277,6 @@ void RecoverStudy(Workbench& bench) {
 }
 
 }  // namespace
-
-Result<std::vector<SectionRow>> ProveLoadable(const Workbench& bench,
-                                              const std::filesystem::path& file,
-                                              std::string_view bytes) {
-  if (bytes.empty()) {
-    return FileError{file, "Το αρχείο είναι κενό"};
-  }
-  if (bytes.size() % RecordSize<SectionRow>() != 0) {
-    return FileError{file, "Το μήκος του αρχείου δεν είναι ακέραιο πλήθος εγγραφών"};
-  }
-  Rows rows = DecodeRows<SectionRow>(bytes);
-  if (rows.size() > static_cast<std::size_t>(INT16_MAX)) {
-    return FileError{file, "Το αρχείο έχει πάρα πολλές εγγραφές"};
-  }
-  if (IsOfOtherKind(rows.front(), bench.study)) {
-    return FileError{file, "Η μελέτη είναι άλλου είδους Συστήματος Σωλήνων"};
-  }
-  if (const std::string bad = FirstBadPlace(rows); !bad.empty()) {
-    return FileError{file, bad};
-  }
-  if (const std::string bad = FirstBadNumber(rows); !bad.empty()) {
-    return FileError{file, bad};
-  }
-  // The header's is loaded; a save goes by the first row's.
-  for (const std::int16_t number : {HeaderRow(rows).FileNumber, rows.front().FileNumber}) {
-    if (number < 1 || number > static_cast<int>(bench.pipes.size())) {
-      return FileError{file, "Δεν υπάρχει το Σύστημα Σωλήνων Νο " + std::to_string(number)};
-    }
-    if (const auto pipes = ReadPipeSystem(bench.workspace, number); !pipes) {
-      return pipes.error();
-    }
-  }
-  return rows;
-}
 
 void LoadStudy(Workbench& bench, RecentList recent) {
   Study& study = bench.study;

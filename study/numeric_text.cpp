@@ -1,13 +1,9 @@
 #include "study/numeric_text.h"
 
-#include <langinfo.h>
-#include <locale.h>
-
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <cstdlib>
 #include <optional>
 
 #include "study/fixed_text.h"
@@ -241,44 +237,7 @@ std::string ThousandthsText(long long thousandths) {
   return {buffer.data(), at};
 }
 
-bool IsPlainSeparator(std::string_view text) {
-  return text.size() == 1 && text != " " && text != "'";
-}
-
 }  // namespace
-
-Separators DetectSeparators() {
-  const auto other = [](char decimal) { return decimal == '.' ? ',' : '.'; };
-  const char* name = nullptr;
-  for (const char* variable : {"LC_ALL", "LC_NUMERIC", "LANG"}) {
-    if (name == nullptr || *name == '\0') {
-      name = std::getenv(variable);
-    }
-  }
-  const std::string_view locale = name == nullptr ? "" : name;
-  if (locale.empty() || locale == "C" || locale == "POSIX" || locale.starts_with("C.")) {
-    return {};
-  }
-  locale_t regional = newlocale(LC_NUMERIC_MASK, name, nullptr);
-  if (regional == nullptr) {
-    return {};
-  }
-  const std::string decimal = nl_langinfo_l(RADIXCHAR, regional);
-  const std::string thousands = nl_langinfo_l(THOUSEP, regional);
-  freelocale(regional);
-  Separators separators;
-  separators.decimal = IsPlainSeparator(decimal) ? decimal.front() : ',';
-  separators.thousands = IsPlainSeparator(thousands) && thousands != decimal
-                             ? thousands.front()
-                             : other(separators.decimal);
-  return separators;
-}
-
-Separators ForceDotDecimal(Separators separators) {
-  const auto is_usual = [](char c) { return c == ',' || c == '.'; };
-  return {is_usual(separators.decimal) ? '.' : separators.decimal,
-          is_usual(separators.thousands) ? ',' : separators.thousands};
-}
 
 int CountDecimalSeparators(std::string_view text, Separators separators) {
   return static_cast<int>(std::count(text.begin(), text.end(), separators.decimal));

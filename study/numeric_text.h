@@ -3,24 +3,9 @@
 #include <string>
 #include <string_view>
 
+#include "study/separators.h"
+
 namespace kalvo {
-
-/// The decimal and thousands separators of the user's region.
-struct Separators {
-  char decimal = ',';
-  char thousands = '.';
-
-  bool operator==(const Separators&) const = default;
-};
-
-/// Separators of the process's locale settings (LC_ALL, LC_NUMERIC, LANG). No grouping, or one
-/// that is a blank, an apostrophe or several bytes: the thousands separator is the other one of
-/// "." and ",". C and POSIX locales count as Greek.
-Separators DetectSeparators();
-
-/// The separators a calculation works with: a "," or "." decimal becomes ".", a "." or ","
-/// thousands becomes ",". The bracket is a scope: what is changed is a copy.
-Separators ForceDotDecimal(Separators separators);
 
 /// Number in `text`. Two or more decimal separators, no numeric character or an empty text give 0;
 /// a mix of numeric and other characters gives its leading number, read with "." as the point.

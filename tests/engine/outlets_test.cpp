@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "engine/branches.h"
+#include "engine/outlet_flows.h"
 #include "tests/support/test_bench.h"
 
 namespace kalvo {
