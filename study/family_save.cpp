@@ -169,6 +169,7 @@ Outcome SaveFamily(Disk& disk, const std::filesystem::path& folder, const std::s
     return outcome;
   }
   std::vector<std::string> names;
+  names.reserve(files.size());
   for (const FamilyFile& file : files) {
     names.push_back(file.name);
   }
