@@ -125,6 +125,7 @@ void EndOutlets(Workbench& bench) {
   const std::int16_t count = ToInt16(static_cast<double>(outlets.size()));
   float total = 0;
   for (const SectionRow& outlet : outlets) {
+    store.At(outlet.RecordNumber).HeightDiff = outlet.HeightDiff;
     total = ToSingle(static_cast<double>(total) + outlet.WaterFlow);
   }
   study.TotalFlowM3h = ToSingle(total / 1000.0);

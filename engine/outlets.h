@@ -33,10 +33,10 @@ std::vector<SectionRow> ListOutlets(Workbench& bench);
 /// Faults: kFile, 63 for an outlet or a section that is not there.
 void StoreOutlet(Workbench& bench, int index, const OutletValues& values);
 
-/// Ends the entry of outlets: rows take flow and pressure from `SOMATA.TMP`, rows without an outlet
-/// none; `TOT`, `Outlets` and the system's kind go on every row; total flow and tables follow. A
-/// count other than the rows' former `Outlets` marks the study changed. Results are void; the
-/// outlets count as checked. Faults: kFile.
+/// Ends the entry of outlets: rows take flow, pressure and height from `SOMATA.TMP`, rows without
+/// an outlet neither flow nor pressure; `TOT`, `Outlets` and the system's kind go on every row;
+/// total flow and tables follow. A count other than the rows' former `Outlets` marks the study
+/// changed. Results are void; the outlets count as checked. Faults: kFile.
 void EndOutlets(Workbench& bench);
 
 /// Gives every row the flow and pressure of its record in `SOMATA.TMP`, none without one, in

@@ -174,6 +174,7 @@ WinterDuty::WinterDuty(Workbench& bench) : bench_(bench) {
 WinterOutcome WinterDuty::Run(float temperature, const std::vector<WinterLine>& lines) {
   WinterOutcome outcome{WinterEnd::kBrokenOff};
   RunTrapped(bench_, [&] { outcome = CheckAndRun(temperature, lines); });
+  bench_.study.CalcAborted = outcome.end == WinterEnd::kBrokenOff;
   bench_.study.CalcStatus = calc_status::kNothing;
   return outcome;
 }
@@ -240,10 +241,10 @@ void WinterDuty::Close(bool changed) {
 }
 
 Box WinterPumpBox(const SectionRow& first_row, Separators separators) {
-  const auto text = [&](double value) { return FormatPattern(value, "#,##0.0", separators); };
+  const auto text = [&](float value) { return FormatPattern(value, "#,##0.0", separators); };
   return {"... ΧΑΡΑΚΤΗΡΙΣΤΙΚΑ ΑΝΤΛΙΑΣ ΧΕΙΜΩΝΑ ...",
           {"Παροχή Νερού.................." + text(first_row.PAR) + "  [m3/h]",
-           "Μανομετρικό Ύψος.........." + text(first_row.DP / 1000.0) + "  [m w.g.]"},
+           "Μανομετρικό Ύψος.........." + text(ToSingle(first_row.DP / 1000.0)) + "  [m w.g.]"},
           64};
 }
 

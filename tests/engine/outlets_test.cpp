@@ -82,6 +82,10 @@ TEST(Outlets, WhatTheFileAloneKnowsOfANameIsListed) {
   EXPECT_FALSE(outlets[0].HasEmitter());
   EXPECT_EQ(outlets[1].SomaDrop, 5.0F);
   EXPECT_EQ(outlets[1].WaterFlow, 200.0F);
+  rows[2].HeightDiff = 0;
+  ASSERT_TRUE(bench.workspace.Rows().WriteAll(rows).ok());
+  EndOutlets(bench.bench);
+  EXPECT_EQ(bench.Row(3).HeightDiff, 3.0F);
 }
 
 TEST(Outlets, RowOneHangsOnNothingWhateverItsNameSays) {

@@ -162,10 +162,12 @@ TEST_F(Winter, PutsSummersRowsBackThatAnInterruptedDutyLeft) {
 TEST_F(Winter, TellsThePump) {
   SectionRow row;
   row.PAR = 1234.56F;
-  row.DP = 3450;
+  row.DP = 3350;
   EXPECT_EQ(WinterPumpBox(row, {',', '.'}).lines,
             (std::vector<std::string>{"Παροχή Νερού..................1.234,6  [m3/h]",
-                                      "Μανομετρικό Ύψος..........3,5  [m w.g.]"}));
+                                      "Μανομετρικό Ύψος..........3,4  [m w.g.]"}));
+  row.PAR = 0.35F;  // by its decimal text, below a half in binary
+  EXPECT_EQ(WinterPumpBox(row, {',', '.'}).lines[0], "Παροχή Νερού..................0,4  [m3/h]");
 }
 
 }  // namespace
