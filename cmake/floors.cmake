@@ -19,14 +19,19 @@ function(kalvo_sources result)
   set(${result} ${files} PARENT_SCOPE)
 endfunction()
 
-# kalvo_floor(name [DEPENDS floor...] [EXCLUDE file...]): the library kalvo_<name> of all
-# <name>/*.cpp but the excluded ones; it carries usage requirements only when there are none.
+# kalvo_floor(name [DEPENDS floor...] [ALSO folder...] [EXCLUDE file...]): the library kalvo_<name>
+# of all <name>/*.cpp but the excluded ones, and of those in further folders; it carries usage
+# requirements only when there are none.
 # Includes are written from the project's root.
 function(kalvo_floor name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "DEPENDS;EXCLUDE")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "DEPENDS;ALSO;EXCLUDE")
   kalvo_links(below ${arg_DEPENDS})
-  kalvo_sources(headers "${name}/*.h")
-  kalvo_sources(sources "${name}/*.cpp")
+  set(headers ${name} ${arg_ALSO})
+  set(sources ${name} ${arg_ALSO})
+  list(TRANSFORM headers APPEND "/*.h")
+  list(TRANSFORM sources APPEND "/*.cpp")
+  kalvo_sources(headers ${headers})
+  kalvo_sources(sources ${sources})
   foreach(file IN LISTS arg_EXCLUDE)
     list(REMOVE_ITEM sources "${PROJECT_SOURCE_DIR}/${name}/${file}")
   endforeach()

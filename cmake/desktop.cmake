@@ -1,0 +1,20 @@
+# `kalvoflume`, the window: desktop/main.cpp over the library of the other desktop/*.cpp and
+# desktop/widgets/*.cpp. Forms are desktop/forms/*.ui; icons and the style sheet are built in.
+
+find_package(Qt6 6.4 REQUIRED COMPONENTS Widgets Svg)
+kalvo_floor(desktop DEPENDS platform ALSO desktop/widgets EXCLUDE main.cpp)
+if(TARGET kalvo_desktop)
+  target_link_libraries(kalvo_desktop PUBLIC Qt6::Widgets Qt6::Svg)
+  target_compile_definitions(kalvo_desktop PUBLIC QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII)
+  set_target_properties(kalvo_desktop PROPERTIES AUTOMOC ON AUTOUIC ON
+                        AUTOUIC_SEARCH_PATHS "${PROJECT_SOURCE_DIR}/desktop/forms")
+  kalvo_sources(desktop_resources "desktop/icons/*.svg" "desktop/*.qss")
+  qt_add_resources(kalvo_desktop kalvo_look PREFIX "/" BASE "${PROJECT_SOURCE_DIR}/desktop"
+                   FILES ${desktop_resources})
+endif()
+kalvo_sources(kalvoflume_main "desktop/main.cpp")
+if(kalvoflume_main)
+  add_executable(kalvoflume ${kalvoflume_main})
+  target_link_libraries(kalvoflume PRIVATE kalvo_desktop kalvo_warnings)
+  install(TARGETS kalvoflume RUNTIME DESTINATION bin)
+endif()
