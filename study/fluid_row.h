@@ -21,10 +21,11 @@ struct FluidRow {
   float reserved2 = 0;
 
   static constexpr auto kFields = std::make_tuple(
-      Field{"row_number", &FluidRow::row_number}, Field{"name", &FluidRow::name},
-      Field{"mean_temperature", &FluidRow::mean_temperature},
-      Field{"reserved1", &FluidRow::reserved1}, Field{"viscosity", &FluidRow::viscosity},
-      Field{"density", &FluidRow::density}, Field{"reserved2", &FluidRow::reserved2});
+      RecordField{"row_number", &FluidRow::row_number}, RecordField{"name", &FluidRow::name},
+      RecordField{"mean_temperature", &FluidRow::mean_temperature},
+      RecordField{"reserved1", &FluidRow::reserved1},
+      RecordField{"viscosity", &FluidRow::viscosity}, RecordField{"density", &FluidRow::density},
+      RecordField{"reserved2", &FluidRow::reserved2});
 };
 
 static_assert(RecordSize<FluidRow>() == 72);

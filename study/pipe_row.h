@@ -18,11 +18,13 @@ struct PipeRow {
   float reserved3 = 0;
 
   static constexpr auto kFields = std::make_tuple(
-      Field{"title", &PipeRow::title}, Field{"pipe_id", &PipeRow::pipe_id},
-      Field{"material", &PipeRow::material}, Field{"nominal_diameter", &PipeRow::nominal_diameter},
-      Field{"reserved1", &PipeRow::reserved1}, Field{"inner_diameter", &PipeRow::inner_diameter},
-      Field{"area", &PipeRow::area}, Field{"reserved2", &PipeRow::reserved2},
-      Field{"roughness", &PipeRow::roughness}, Field{"reserved3", &PipeRow::reserved3});
+      RecordField{"title", &PipeRow::title}, RecordField{"pipe_id", &PipeRow::pipe_id},
+      RecordField{"material", &PipeRow::material},
+      RecordField{"nominal_diameter", &PipeRow::nominal_diameter},
+      RecordField{"reserved1", &PipeRow::reserved1},
+      RecordField{"inner_diameter", &PipeRow::inner_diameter}, RecordField{"area", &PipeRow::area},
+      RecordField{"reserved2", &PipeRow::reserved2}, RecordField{"roughness", &PipeRow::roughness},
+      RecordField{"reserved3", &PipeRow::reserved3});
 };
 
 static_assert(RecordSize<PipeRow>() == 146);

@@ -12,13 +12,13 @@ namespace kalvo {
 
 /// One field of a record: its name and where it lives in the row.
 template <typename Row, typename Type>
-struct Field {
+struct RecordField {
   std::string_view name;
   Type Row::*member;
 };
 
 template <typename Row, typename Type>
-Field(const char*, Type Row::*) -> Field<Row, Type>;
+RecordField(const char*, Type Row::*) -> RecordField<Row, Type>;
 
 /// A row type states its fields once, in file order, as a static tuple `Row::kFields`; the byte
 /// image, sizes, comparison and listings all walk that tuple.
@@ -35,7 +35,7 @@ constexpr std::size_t WidthOf(const FixedText<N>* /*type*/) {
 }
 
 template <typename Row, typename Type>
-constexpr std::size_t WidthOfField(const Field<Row, Type>& /*field*/) {
+constexpr std::size_t WidthOfField(const RecordField<Row, Type>& /*field*/) {
   return WidthOf(static_cast<const Type*>(nullptr));
 }
 

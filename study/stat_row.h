@@ -23,14 +23,15 @@ struct StatRow {
   float CheckV = 0;       ///< sum of CheckValve
 
   static constexpr auto kFields = std::make_tuple(
-      Field{"RecordNumber", &StatRow::RecordNumber}, Field{"Client", &StatRow::Client},
-      Field{"Thema", &StatRow::Thema}, Field{"Units", &StatRow::Units},
-      Field{"PipeMaterial", &StatRow::PipeMaterial}, Field{"NomiDiameter", &StatRow::NomiDiameter},
-      Field{"InDiameter", &StatRow::InDiameter}, Field{"Length", &StatRow::Length},
-      Field{"FluidVolume", &StatRow::FluidVolume}, Field{"Corners", &StatRow::Corners},
-      Field{"Elbows", &StatRow::Elbows}, Field{"GlobeV", &StatRow::GlobeV},
-      Field{"StraightV", &StatRow::StraightV}, Field{"CornerV", &StatRow::CornerV},
-      Field{"CheckV", &StatRow::CheckV});
+      RecordField{"RecordNumber", &StatRow::RecordNumber}, RecordField{"Client", &StatRow::Client},
+      RecordField{"Thema", &StatRow::Thema}, RecordField{"Units", &StatRow::Units},
+      RecordField{"PipeMaterial", &StatRow::PipeMaterial},
+      RecordField{"NomiDiameter", &StatRow::NomiDiameter},
+      RecordField{"InDiameter", &StatRow::InDiameter}, RecordField{"Length", &StatRow::Length},
+      RecordField{"FluidVolume", &StatRow::FluidVolume}, RecordField{"Corners", &StatRow::Corners},
+      RecordField{"Elbows", &StatRow::Elbows}, RecordField{"GlobeV", &StatRow::GlobeV},
+      RecordField{"StraightV", &StatRow::StraightV}, RecordField{"CornerV", &StatRow::CornerV},
+      RecordField{"CheckV", &StatRow::CheckV});
 };
 
 static_assert(RecordSize<StatRow>() == 265);
@@ -39,7 +40,7 @@ static_assert(RecordSize<StatRow>() == 265);
 struct PostponedRow {
   FixedText<5> number;
 
-  static constexpr auto kFields = std::make_tuple(Field{"number", &PostponedRow::number});
+  static constexpr auto kFields = std::make_tuple(RecordField{"number", &PostponedRow::number});
 };
 
 static_assert(RecordSize<PostponedRow>() == 5);

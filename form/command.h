@@ -1,0 +1,44 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "form/control.h"
+#include "form/key.h"
+
+namespace kalvo {
+
+/// Something the user can do: a button, an entry of a menu, a key, or all of them. A command that
+/// cannot run says why when it is tried; it is not greyed.
+class Command : public Control {
+ public:
+  Command(Form& form, std::string_view name, std::string_view caption_text,
+          std::function<void()> what, std::vector<Key> pressed_by = {})
+      : Control(form, name),
+        caption(caption_text),
+        keys(std::move(pressed_by)),
+        action(std::move(what)) {}
+
+  std::string caption;
+  std::vector<Key> keys;  ///< the first is shown beside the caption
+  std::function<void()> action;
+  bool leaves_freely = false;  ///< runs whatever the field with the focus thinks of being left
+  Tone tone = Tone::kPlain;
+};
+
+/// One line of a menu: a command under the menu's own caption; none is a separating line.
+struct MenuEntry {
+  std::string name;
+  std::string caption;
+  Command* command = nullptr;
+};
+
+/// A menu of the form's bar, or its pop-up.
+struct Menu {
+  std::string title;
+  std::vector<MenuEntry> entries;
+};
+
+}  // namespace kalvo

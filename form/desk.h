@@ -1,0 +1,65 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "form/navigator.h"
+#include "form/sound.h"
+#include "form/viewer.h"
+#include "study/workbench.h"
+
+namespace kalvo {
+
+/// What the user has set for good, beside any study.
+struct Options {
+  bool SoundOn = false;
+  bool ChkDataKind = true;      ///< sections are entered in the sheet
+  bool folder_commands = true;  ///< `CmdFF` and `CmdCopyFiles` are visible
+};
+
+/// What a file dialog is opened for.
+enum class FileDialogMode { kOpen, kSave };
+
+/// Which of the results' views is in use: `ResultsView`.
+enum class ResultsView { kOne = 0, kOneFromSheet = 1, kSheet = 2 };
+
+/// What screens tell each other. One value of each for the whole program.
+struct ScreenState {
+  FileDialogMode file_mode = FileDialogMode::kOpen;
+  bool returning_from_results = false;
+  bool returning_from_data = false;
+  bool returning_from_files = false;
+  bool asked_to_leave_saved = false;  ///< message 135 was shown in this run
+  std::string viewer;                 ///< `FrmEditor`: "NotePad", "WordPad" or nothing
+  std::optional<int> method;          ///< `FrmCalcs`: 1 or 2, nothing when it was closed
+  std::optional<bool> recover;        ///< `FrmOldStudy`: nothing when its window was closed
+  int offered_rows = 0;               ///< rows of the study that is offered back
+  bool edit_mode = false;
+  bool goto_serves_results = false;
+  ResultsView results_view = ResultsView::kOne;
+  bool ChangeFormOpen = false;
+  bool WinterPump = false;
+  bool ResultsLeft = false;
+};
+
+/// What every form is handed beside the study's workbench.
+struct Desk {
+  Workbench& bench;
+  Navigator& navigator;
+  Sound& sound;
+  Viewer& viewer;
+  Separators separators;
+  Options options{};
+  ScreenState screens{};
+  std::filesystem::path program_folder{};
+  std::filesystem::path data_folder{};  ///< where studies are kept
+
+  /// The sound of a command, when sounds are on.
+  void Click() const {
+    if (options.SoundOn) sound.Play();
+  }
+};
+
+}  // namespace kalvo

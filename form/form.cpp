@@ -1,0 +1,102 @@
+#include "form/form.h"
+
+#include <algorithm>
+
+#include "study/codepage.h"
+
+namespace kalvo {
+namespace {
+
+constexpr int kTooManySeparators = 110;
+
+}  // namespace
+
+Control::Control(Form& form, std::string_view name) : name_(name) {
+  form.controls_.push_back(this);
+}
+
+Control* Form::Find(std::string_view name) const {
+  const auto found = std::ranges::find_if(
+      controls_, [name](const Control* control) { return control->name() == name; });
+  return found == controls_.end() ? nullptr : *found;
+}
+
+void Form::Focus(Control& part) {
+  focus_ = &part;
+  ++focus_moves_;
+  if (auto* field = dynamic_cast<Field*>(&part)) {
+    field->Enter(desk.separators);
+  }
+}
+
+bool Form::MayLeaveFocus() {
+  auto* field = dynamic_cast<Field*>(focus_);
+  if (field == nullptr) return true;
+  const Field::Leave leave = field->TryLeave(desk.separators);
+  if (leave == Field::Leave::kYes) return true;
+  if (leave == Field::Leave::kTooManySeparators) bench.Show(kTooManySeparators);
+  Focus(*field);
+  return false;
+}
+
+bool Form::MoveFocus(Control* part) {
+  if (part == focus_) return true;
+  const int moves = focus_moves_;
+  if (!MayLeaveFocus()) return false;
+  if (moves != focus_moves_) return false;  // leaving sent the focus elsewhere
+  focus_ = part;
+  if (auto* field = dynamic_cast<Field*>(part)) {
+    field->Enter(desk.separators);
+  }
+  return true;
+}
+
+void Form::Run(Command& command) {
+  if (!command.leaves_freely && focus_ != &command && !MayLeaveFocus()) return;
+  if (command.action) command.action();
+}
+
+bool Form::Type(Field& field, std::string_view text) {
+  return field.TypeText(text, desk.separators);
+}
+
+Command* Form::CommandOf(const Key& key) const {
+  for (Control* control : controls_) {
+    auto* command = dynamic_cast<Command*>(control);
+    if (command != nullptr && command->visible && std::ranges::count(command->keys, key) != 0) {
+      return command;
+    }
+  }
+  return nullptr;
+}
+
+bool Form::PressInField(Field& field, const Key& key) {
+  if (key == Plain(KeyCode::kEnter)) {
+    if (field.on_enter) {
+      field.on_enter();
+      return true;
+    }
+    if (field.enter_to != nullptr) {
+      if (MoveFocus(field.enter_to)) Focus(*field.enter_to);
+      return true;
+    }
+    return false;
+  }
+  if (!key.IsText()) return false;
+  std::string typed;
+  AppendUtf8(typed, key.character);
+  return !field.CanEdit() || !field.Takes(typed, desk.separators);
+}
+
+bool Form::Press(const Key& key) {
+  if (auto* field = dynamic_cast<Field*>(focus_); field != nullptr && PressInField(*field, key)) {
+    return true;
+  }
+  if (Command* command = CommandOf(key)) {
+    Run(*command);
+    return true;
+  }
+  return OtherKey(key);
+}
+
+}  // namespace kalvo

@@ -1,0 +1,101 @@
+#include "form/grid.h"
+
+#include <algorithm>
+#include <numeric>
+#include <set>
+#include <utility>
+
+namespace kalvo {
+
+void Grid::Reset(std::vector<GridColumn> columns, int rows) {
+  columns_ = std::move(columns);
+  cells_.assign(columns_.size() * static_cast<std::size_t>(rows), GridCell{});
+  marked_.assign(static_cast<std::size_t>(rows), false);
+  order_.resize(static_cast<std::size_t>(rows));
+  std::iota(order_.begin(), order_.end(), 0);
+  sort_column_ = -1;
+  sort_order_ = SortOrder::kNone;
+  ++revision_;
+  ++shape_revision_;
+  SetCurrent(current_);
+}
+
+const GridCell& Grid::At(int row, int column) const {
+  return cells_.at(static_cast<std::size_t>(row) * columns_.size() +
+                   static_cast<std::size_t>(column));
+}
+
+void Grid::Set(int row, int column, GridCell cell) {
+  cells_.at(static_cast<std::size_t>(row) * columns_.size() + static_cast<std::size_t>(column)) =
+      std::move(cell);
+  ++revision_;
+}
+
+void Grid::Mark(int row, bool marked) {
+  marked_.at(static_cast<std::size_t>(row)) = marked;
+  ++revision_;
+}
+
+void Grid::SetCurrent(GridPlace place) {
+  current_.row = std::clamp(place.row, 0, std::max(row_count() - 1, 0));
+  current_.column = std::clamp(place.column, 0, std::max(column_count() - 1, 0));
+}
+
+void Grid::MoveTo(GridPlace place) {
+  const GridPlace before = current_;
+  SetCurrent(place);
+  if (current_ != before && on_move) on_move();
+}
+
+bool Grid::Before(int a, int b) const {
+  const GridCell& first = At(a, sort_column_);
+  const GridCell& second = At(b, sort_column_);
+  if (first.value && second.value) return *first.value < *second.value;
+  return first.text < second.text;
+}
+
+void Grid::Sort() {
+  std::iota(order_.begin(), order_.end(), 0);
+  if (sort_order_ == SortOrder::kRising) {
+    std::ranges::stable_sort(order_, [this](int a, int b) { return Before(a, b); });
+  } else if (sort_order_ == SortOrder::kFalling) {
+    std::ranges::stable_sort(order_, [this](int a, int b) { return Before(b, a); });
+  }
+}
+
+void Grid::CycleSort(int column) {
+  if (column != sort_column_ || sort_order_ == SortOrder::kNone) {
+    sort_column_ = column;
+    sort_order_ = SortOrder::kRising;
+  } else if (sort_order_ == SortOrder::kRising) {
+    sort_order_ = SortOrder::kFalling;
+  } else {
+    sort_column_ = -1;
+    sort_order_ = SortOrder::kNone;
+  }
+  Sort();
+  ++revision_;
+  ++shape_revision_;
+}
+
+std::string Grid::Copy(std::span<const GridPlace> places) const {
+  const std::set<GridPlace> wanted(places.begin(), places.end());
+  if (wanted.empty()) return {};
+  const auto [first, last] = std::ranges::minmax(wanted, {}, &GridPlace::column);
+  std::string text;
+  for (const int row : order_) {
+    std::string line;
+    bool any = false;
+    for (int column = first.column; column <= last.column; ++column) {
+      line += column == first.column ? "" : "\t";
+      if (wanted.contains({row, column})) {
+        any = true;
+        line += At(row, column).text;
+      }
+    }
+    if (any) text += (text.empty() ? "" : "\n") + line;
+  }
+  return text;
+}
+
+}  // namespace kalvo

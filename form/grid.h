@@ -1,0 +1,100 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "form/control.h"
+
+namespace kalvo {
+
+struct GridColumn {
+  std::string header;          ///< its stacked words, a blank or a closing hyphen between them
+  int width = 8;               ///< in digits
+  bool number = true;          ///< right aligned
+  bool closes_family = false;  ///< a heavier line follows
+};
+
+struct GridCell {
+  std::string text;
+  Tone tone = Tone::kPlain;
+  std::optional<double> value{};  ///< what the column is sorted by instead of the text
+  std::string tip{};
+};
+
+/// A place in a grid, from 0.
+struct GridPlace {
+  int row = 0;
+  int column = 0;
+  auto operator<=>(const GridPlace&) const = default;
+};
+
+/// How the rows are shown; the rows themselves keep their order.
+enum class SortOrder { kNone, kRising, kFalling };
+
+/// A table of text cells. Places name rows of the table, however they are shown at the moment.
+class Grid : public Control {
+ public:
+  using Control::Control;
+
+  std::function<void()> on_move;      ///< the current cell was moved by the user
+  std::function<void()> on_activate;  ///< double click or Enter on the current cell
+
+  /// Empties the table and gives it these columns and as many rows.
+  void Reset(std::vector<GridColumn> columns, int rows);
+
+  [[nodiscard]] const std::vector<GridColumn>& columns() const { return columns_; }
+  [[nodiscard]] int row_count() const { return static_cast<int>(order_.size()); }
+  [[nodiscard]] int column_count() const { return static_cast<int>(columns_.size()); }
+  [[nodiscard]] const GridCell& At(int row, int column) const;
+  void Set(int row, int column, GridCell cell);
+
+  /// Rows that stand out, such as those of the critical branch.
+  void Mark(int row, bool marked);
+  [[nodiscard]] bool IsMarked(int row) const { return marked_[static_cast<std::size_t>(row)]; }
+
+  [[nodiscard]] GridPlace current() const { return current_; }
+  /// The form moves the current cell; outside the table it is brought to the nearest place.
+  void SetCurrent(GridPlace place);
+  /// The user moves it.
+  void MoveTo(GridPlace place);
+
+  /// The user asks for the next order by this column: rising, falling, as the rows stand.
+  void CycleSort(int column);
+  [[nodiscard]] int sort_column() const { return sort_column_; }
+  [[nodiscard]] SortOrder sort_order() const { return sort_order_; }
+  /// The rows in the order in which they are shown.
+  [[nodiscard]] const std::vector<int>& order() const { return order_; }
+
+  /// The cells as tab-separated text, rows in the order shown, each cell at its column: places
+  /// between them are empty.
+  [[nodiscard]] std::string Copy(std::span<const GridPlace> places) const;
+
+  /// Asks the front-end for the columns' widths as they were at first.
+  void RestoreWidths() { ++width_revision_; }
+  [[nodiscard]] int width_revision() const { return width_revision_; }
+  /// Grows with every change of what is shown.
+  [[nodiscard]] int revision() const { return revision_; }
+  /// Grows when rows or columns have become others, so that nothing shown before stays.
+  [[nodiscard]] int shape_revision() const { return shape_revision_; }
+
+ private:
+  [[nodiscard]] bool Before(int a, int b) const;
+  void Sort();
+
+  std::vector<GridColumn> columns_;
+  std::vector<GridCell> cells_;
+  std::vector<bool> marked_;
+  std::vector<int> order_;
+  GridPlace current_;
+  int sort_column_ = -1;
+  SortOrder sort_order_ = SortOrder::kNone;
+  int revision_ = 0;
+  int shape_revision_ = 0;
+  int width_revision_ = 0;
+};
+
+}  // namespace kalvo

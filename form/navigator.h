@@ -1,0 +1,53 @@
+#pragma once
+
+#include <string_view>
+
+namespace kalvo {
+
+/// The screens by their names, as one form asks for another.
+namespace screen {
+constexpr std::string_view kTitle = "FrmTitle";
+constexpr std::string_view kKind = "FrmKind";
+constexpr std::string_view kMain = "FrmMain";
+constexpr std::string_view kGeneralData = "FrmGenData";
+constexpr std::string_view kLiquid = "FrmLiquid";
+constexpr std::string_view kMethod = "FrmCalcs";
+constexpr std::string_view kNameErrors = "FrmError";
+constexpr std::string_view kMissingValues = "FrmERR";
+constexpr std::string_view kViewer = "FrmEditor";
+constexpr std::string_view kStudies = "FrmOpenSave";
+constexpr std::string_view kFiles = "FrmFileOS";
+constexpr std::string_view kRecent = "FrmRecFiles_S";
+constexpr std::string_view kDataFolder = "FrmFF";
+constexpr std::string_view kOldStudy = "FrmOldStudy";
+constexpr std::string_view kGoTo = "FrmGoTo";
+constexpr std::string_view kCurrentStudy = "FrmCurFL";
+constexpr std::string_view kResults = "FrmRes";
+constexpr std::string_view kResultsSheet = "FrmRes_Sheet";
+constexpr std::string_view kPump = "FrmResGn";
+}  // namespace screen
+
+/// Shows and closes screens. A form that closes itself lives on until the action under way ends.
+class Navigator {
+ public:
+  virtual ~Navigator() = default;
+
+  /// Shows the screen, or brings it to the front; returns at once.
+  virtual void Show(std::string_view screen) = 0;
+  /// Shows the screen over the others and returns when it has closed.
+  virtual void ShowModal(std::string_view screen) = 0;
+  /// Closes the screen; none of that name is open: nothing happens.
+  virtual void Close(std::string_view screen) = 0;
+  /// Takes the screen from view; it keeps what it holds.
+  virtual void Hide(std::string_view screen) = 0;
+  [[nodiscard]] virtual bool IsOpen(std::string_view screen) const = 0;
+
+  /// The wait indicator with that text. It shows when the work takes longer than a moment.
+  virtual void ShowWait(std::string_view text) = 0;
+  virtual void HideWait() = 0;
+
+  /// Ends the program when the action under way has ended.
+  virtual void EndProgram() = 0;
+};
+
+}  // namespace kalvo

@@ -1,0 +1,152 @@
+#include "entry/frm_liquid.h"
+
+#include <gtest/gtest.h>
+
+#include "study/fluid_library.h"
+#include "tests/support/test_desk.h"
+
+namespace kalvo {
+namespace {
+
+constexpr const char* kGlycol = "Διάλυμα 25% Προπυλενικής Γλυκόλης σε Νερό";
+constexpr const char* kAttention = "  ! !   ΠΡΟΣΟΧΗ   ! ! ";
+
+struct FluidForm : TestDesk, ::testing::Test {
+  FluidForm() { form.Load(); }
+  FrmLiquid form{desk};
+
+  [[nodiscard]] std::string StudyFluid() const {
+    const auto rows = test.workspace.Rows<FluidRow>(work_file::kFluid).ReadAll();
+    return rows && !rows->empty() ? rows->front().name.Utf8() : "(none)";
+  }
+  void TypeNewFluid(std::string_view name) {
+    Click(form, form.CmdNewLiquid);
+    TypeInto(form, form.TxtNewLiquid, name);
+    TypeInto(form, form.TxtMeanT, "-5");
+    TypeInto(form, form.TxtDensity, "1045,5");
+    TypeInto(form, form.Txtnee, "3,2");
+  }
+};
+
+TEST_F(FluidForm, ShowsWaterLockedAndOtherFluidsOpen) {
+  EXPECT_EQ(form.LstLiquid.lines()[0], "Νερό");
+  EXPECT_EQ(form.LstLiquid.selected, 0);
+  EXPECT_TRUE(form.TxtMeanT.locked);
+  EXPECT_FALSE(form.TxtMeanT.enabled);
+  EXPECT_EQ(form.TxtDensity.text, "");
+  form.LstLiquid.Select(1);
+  EXPECT_FALSE(form.TxtMeanT.locked);
+  EXPECT_EQ(form.TxtMeanT.text, "-6");
+  EXPECT_EQ(form.Txtnee.text, "0,00085");
+  EXPECT_EQ(test.study.fluid_name, "Νερό") << "looking is not choosing";
+}
+
+TEST_F(FluidForm, TakesOnlyTheKeysOfAField) {
+  form.LstLiquid.Select(1);
+  TypeInto(form, form.TxtMeanT, "-1,5a2");
+  EXPECT_EQ(form.TxtMeanT.text, "-152");
+  TypeInto(form, form.TxtDensity, "-1.0,5");
+  EXPECT_EQ(form.TxtDensity.text, "10,5");
+  EXPECT_FALSE(PasteInto(form, form.TxtDensity, "12 kg"));
+  EXPECT_EQ(form.TxtDensity.text, "10,5");
+}
+
+TEST_F(FluidForm, RefusesTwoDecimalSeparatorsAndStays) {
+  form.LstLiquid.Select(1);
+  TypeInto(form, form.TxtDensity, "1,0,5");
+  EXPECT_FALSE(form.MoveFocus(&form.Txtnee));
+  EXPECT_EQ(test.prompter.codes(), std::vector{110});
+  EXPECT_EQ(form.TxtDensity.text, "");
+  EXPECT_EQ(form.focus(), &form.TxtDensity);
+}
+
+TEST_F(FluidForm, EnterGoesThroughTheFieldsOfANewFluid) {
+  Click(form, form.CmdNewLiquid);
+  EXPECT_EQ(form.CmdNewLiquid.caption, "Α-Κ-Υ-Ρ-Ω-Σ-Η");
+  EXPECT_EQ(form.focus(), &form.TxtNewLiquid);
+  form.Press(Plain(KeyCode::kEnter));
+  EXPECT_EQ(form.focus(), &form.TxtNewLiquid) << "a name is needed first";
+  TypeInto(form, form.TxtNewLiquid, "Άλμη");
+  for (Control* next : std::initializer_list<Control*>{&form.TxtMeanT, &form.TxtDensity,
+                                                       &form.Txtnee, &form.CmdOK}) {
+    form.Press(Plain(KeyCode::kEnter));
+    EXPECT_EQ(form.focus(), next);
+  }
+}
+
+TEST_F(FluidForm, SavesANewFluidAndAcceptsItIntoTheStudy) {
+  test.study.results_valid = true;
+  TypeNewFluid("Άλμη");
+  Click(form, form.CmdOK);
+  EXPECT_EQ(StudyFluid(), "Νερό") << "a new fluid must be saved first";
+  test.prompter.Expect(kAttention, Answer::kYes);
+  Click(form, form.CmdSave);
+  EXPECT_EQ(form.LstLiquid.lines().back(), "Άλμη");
+  EXPECT_EQ(form.LstLiquid.selected, 2);
+  EXPECT_EQ(form.TxtDensity.text, "1045,5");
+  EXPECT_TRUE(test.study.results_valid);
+
+  test.prompter.Expect(kAttention, Answer::kYes);
+  Click(form, form.CmdOK);
+  EXPECT_EQ(StudyFluid(), "Άλμη");
+  EXPECT_EQ(test.study.fluid_name, "Άλμη");
+  EXPECT_FALSE(test.study.results_valid);
+  EXPECT_TRUE(test.study.unsaved_changes);
+  EXPECT_EQ(navigator.log.back(), "close FrmLiquid");
+}
+
+TEST_F(FluidForm, AskingAndRefusingChangeNothing) {
+  test.study.results_valid = true;
+  form.LstLiquid.Select(1);
+  test.prompter.Expect(kAttention, Answer::kNo);
+  Click(form, form.CmdOK);
+  test.prompter.Expect(kAttention, Answer::kNo);
+  Click(form, form.CmdDelete);
+  test.prompter.Expect(kAttention, Answer::kNo);
+  TypeInto(form, form.TxtDensity, "900");
+  Click(form, form.CmdSave);
+  EXPECT_EQ(StudyFluid(), "Νερό");
+  EXPECT_EQ((*ReadFluids(test.workspace))[1].density, 1260.0F);
+  EXPECT_TRUE(test.study.results_valid);
+  EXPECT_TRUE(navigator.log.empty());
+}
+
+TEST_F(FluidForm, TellsWhatIsMissingAndLeavesWaterAlone) {
+  Click(form, form.CmdNewLiquid);
+  Click(form, form.CmdSave);
+  ASSERT_EQ(test.prompter.boxes().size(), 1U);
+  EXPECT_EQ(test.prompter.boxes()[0].lines[0], "... ΕΛΛΙΠΗ ΣΤΟΙΧΕΙΑ ΡΕΟΝΤΟΣ ΜΕΣΟΥ");
+  Click(form, form.CmdNewLiquid);
+  Click(form, form.CmdDelete);
+  EXPECT_EQ(ReadFluids(test.workspace)->size(), 2U);
+}
+
+TEST_F(FluidForm, TellsWhenTheStudysFluidHasChangedInTheLibrary) {
+  form.LstLiquid.Select(1);
+  test.prompter.Expect(kAttention, Answer::kYes);
+  Click(form, form.CmdOK);
+  test.study.results_valid = true;
+  FluidRow glycol = (*ReadFluids(test.workspace))[1];
+  glycol.viscosity = 2.0F;
+  ASSERT_TRUE(SaveFluid(test.workspace, glycol).ok());
+
+  FrmLiquid again(desk);
+  again.Load();
+  EXPECT_EQ(again.LstLiquid.lines()[static_cast<std::size_t>(again.LstLiquid.selected)], kGlycol);
+  Click(again, again.CmdOK);
+  EXPECT_EQ(test.prompter.boxes().back().title, "...! Π Ρ Ο Σ Ο Χ Η !...");
+  EXPECT_FALSE(test.study.results_valid);
+  EXPECT_EQ(test.workspace.Rows<FluidRow>(work_file::kFluid).Read(1)->viscosity, 2.0F);
+}
+
+TEST_F(FluidForm, DeletesAFluidAndSelectsWater) {
+  form.LstLiquid.Select(1);
+  test.prompter.Expect(kAttention, Answer::kYes);
+  form.Press(Ctrl(KeyCode::kDelete));
+  EXPECT_EQ(form.LstLiquid.lines(), std::vector<std::string>{"Νερό"});
+  EXPECT_EQ(form.LstLiquid.selected, 0);
+  EXPECT_TRUE(form.TxtDensity.locked);
+}
+
+}  // namespace
+}  // namespace kalvo

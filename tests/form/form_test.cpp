@@ -1,0 +1,96 @@
+#include "form/form.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/test_desk.h"
+
+namespace kalvo {
+namespace {
+
+struct SmallForm : Form {
+  explicit SmallForm(Desk& shared_desk) : Form(shared_desk) {
+    temperature.on_leave = [this] { return temperature.Number(desk.separators) <= 100; };
+  }
+  Field temperature{*this, "temperature", KeyFamily::kSignedDecimal};
+  Field title_text{*this, "title_text"};
+  Command accept{*this, "accept", "Αποδοχή", [this] { ++accepted; }, {Ctrl('C')}};
+  Command back{*this, "back", "Επιστροφή", [this] { ++left; }, {Plain(KeyCode::kEscape)}};
+  int accepted = 0;
+  int left = 0;
+};
+
+struct FormRules : TestDesk, ::testing::Test {
+  SmallForm form{desk};
+};
+
+TEST_F(FormRules, AFieldThatMustNotBeLeftKeepsTheFocusAndStopsCommands) {
+  form.back.leaves_freely = true;
+  TypeInto(form, form.temperature, "105");
+  EXPECT_FALSE(form.MoveFocus(&form.title_text));
+  EXPECT_EQ(form.focus(), &form.temperature);
+  form.Press(Ctrl('C'));
+  EXPECT_EQ(form.accepted, 0);
+  form.Press(Plain(KeyCode::kEscape));
+  EXPECT_EQ(form.left, 1) << "leaving without accepting is always possible";
+}
+
+TEST_F(FormRules, KeysOfTheGreekLayoutReachTheCommandOnTheSameKey) {
+  EXPECT_EQ(LatinOnSameKey(U'ψ'), U'C');
+  EXPECT_EQ(LatinOnSameKey(U'Σ'), U'S');
+  EXPECT_EQ(LatinOnSameKey(U'ς'), U'W');
+  EXPECT_EQ(LatinOnSameKey(U'z'), U'Z');
+  EXPECT_EQ(LatinOnSameKey(U'5'), U'5');
+  EXPECT_EQ(KeyText({KeyCode::kHome, 0, true, false, false}), "Ctrl+Home");
+  EXPECT_EQ(KeyText(Shift(KeyCode::kF12)), "Shift+F12");
+}
+
+TEST_F(FormRules, ANumberShownRoundedKeepsItsWholeValueUntilItIsEdited) {
+  form.temperature.ShowNumber(0.75F, "#,##0.0", desk.separators);
+  EXPECT_EQ(form.temperature.text, "0,8");
+  EXPECT_EQ(form.temperature.Number(desk.separators), 0.75);
+  form.temperature.ShowNumber(12345.25F, "#,##0.0", desk.separators);
+  EXPECT_TRUE(form.MoveFocus(&form.title_text)) << "nothing is asked of a field without the focus";
+  form.MoveFocus(&form.temperature);
+  EXPECT_EQ(form.temperature.text, "12345,3");
+  EXPECT_TRUE(form.temperature.whole_selected);
+  EXPECT_EQ(form.temperature.Number(desk.separators), 12345.25);
+  TypeInto(form, form.temperature, "0,8");
+  EXPECT_EQ(form.temperature.Number(desk.separators), 0.8);
+}
+
+TEST_F(FormRules, TextsTakeWhatTheCodePageHasAndNoMoreThanFits) {
+  form.title_text.max_bytes = 4;
+  EXPECT_TRUE(PasteInto(form, form.title_text, "Άλφα"));
+  EXPECT_FALSE(PasteInto(form, form.title_text, "Άλφα!"));
+  EXPECT_FALSE(PasteInto(form, form.title_text, "水"));
+  EXPECT_FALSE(PasteInto(form, form.title_text, "a\nb"));
+  EXPECT_EQ(form.title_text.text, "Άλφα");
+  form.title_text.locked = true;
+  EXPECT_FALSE(PasteInto(form, form.title_text, "x"));
+}
+
+TEST(GridRules, SortingChangesTheViewOnlyAndTheThirdTimeRestoresIt) {
+  TestDesk desk;
+  SmallForm form(desk.desk);
+  Grid grid(form, "grid");
+  grid.Reset({{"ΟΝΟΜΑ", 8, false}, {"ΠΑΡΟΧΗ", 10}}, 3);
+  const std::array<double, 3> flows = {900, 1200, 80};
+  for (int row = 0; row < 3; ++row) {
+    grid.Set(row, 0, {"N" + std::to_string(row)});
+    grid.Set(row, 1,
+             {std::to_string(static_cast<int>(flows[static_cast<std::size_t>(row)])), Tone::kPlain,
+              flows[static_cast<std::size_t>(row)]});
+  }
+  grid.CycleSort(1);
+  EXPECT_EQ(grid.order(), (std::vector{2, 0, 1}));
+  const std::vector<GridPlace> places = {{0, 0}, {0, 1}, {2, 1}};
+  EXPECT_EQ(grid.Copy(places), "\t80\nN0\t900");
+  grid.CycleSort(1);
+  EXPECT_EQ(grid.order(), (std::vector{1, 0, 2}));
+  grid.CycleSort(1);
+  EXPECT_EQ(grid.order(), (std::vector{0, 1, 2}));
+  EXPECT_EQ(grid.At(1, 1).text, "1200");
+}
+
+}  // namespace
+}  // namespace kalvo

@@ -1,0 +1,67 @@
+#include "tests/support/test_desk.h"
+
+#include <algorithm>
+
+#include "study/codepage.h"
+
+namespace kalvo {
+
+NotedNavigator::~NotedNavigator() {
+  for (const Expected& expected : expected_) {
+    ADD_FAILURE() << "never shown: " << expected.screen;
+  }
+}
+
+void NotedNavigator::Expect(std::string_view screen, std::function<void()> use) {
+  expected_.push_back({std::string(screen), std::move(use)});
+}
+
+void NotedNavigator::Show(std::string_view screen) {
+  log.push_back("show " + std::string(screen));
+  open_.emplace_back(screen);
+}
+
+void NotedNavigator::ShowModal(std::string_view screen) {
+  log.push_back("modal " + std::string(screen));
+  if (expected_.empty() || expected_.front().screen != screen) {
+    ADD_FAILURE() << "unexpected screen: " << screen;
+    return;
+  }
+  const std::function<void()> use = std::move(expected_.front().use);
+  expected_.pop_front();
+  use();
+}
+
+void NotedNavigator::Close(std::string_view screen) {
+  log.push_back("close " + std::string(screen));
+  std::erase(open_, screen);
+}
+
+void NotedNavigator::Hide(std::string_view screen) { log.push_back("hide " + std::string(screen)); }
+
+bool NotedNavigator::IsOpen(std::string_view screen) const {
+  return std::ranges::count(open_, screen) != 0;
+}
+
+void TypeInto(Form& form, Field& field, std::string_view text) {
+  form.MoveFocus(&field);
+  form.Type(field, "");
+  while (!text.empty()) {
+    const char32_t character = TakeCharacter(text);
+    if (form.Press(Typed(character))) continue;
+    std::string longer = field.text;
+    AppendUtf8(longer, character);
+    form.Type(field, longer);
+  }
+}
+
+bool PasteInto(Form& form, Field& field, std::string_view text) {
+  form.MoveFocus(&field);
+  return form.Type(field, text);
+}
+
+void Click(Form& form, Command& command) {
+  if (form.MoveFocus(&command)) form.Run(command);
+}
+
+}  // namespace kalvo

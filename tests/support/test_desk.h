@@ -1,0 +1,89 @@
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "form/form.h"
+#include "tests/support/test_bench.h"
+
+namespace kalvo {
+
+/// A sound that counts what would be heard.
+class CountedSound : public Sound {
+ public:
+  void Play() override { ++played; }
+  void Beep() override { ++beeps; }
+  int played = 0;
+  int beeps = 0;
+};
+
+/// A viewer that notes what it was to show.
+class NotedViewer : public Viewer {
+ public:
+  Outcome Open(const std::filesystem::path& file) override {
+    files.push_back(file);
+    return Done{};
+  }
+  std::vector<std::filesystem::path> files;
+};
+
+/// Screens that are noted, not shown. A screen shown over others must be expected: the test says
+/// what its user does there.
+class NotedNavigator : public Navigator {
+ public:
+  NotedNavigator() = default;
+  NotedNavigator(const NotedNavigator&) = delete;
+  NotedNavigator& operator=(const NotedNavigator&) = delete;
+  ~NotedNavigator() override;
+
+  /// The next screen shown over the others is this one, and this happens in it.
+  void Expect(std::string_view screen, std::function<void()> use);
+
+  void Show(std::string_view screen) override;
+  void ShowModal(std::string_view screen) override;
+  void Close(std::string_view screen) override;
+  void Hide(std::string_view screen) override;
+  [[nodiscard]] bool IsOpen(std::string_view screen) const override;
+  void ShowWait(std::string_view text) override { waits.emplace_back(text); }
+  void HideWait() override { waits.emplace_back("-"); }
+  void EndProgram() override { log.emplace_back("end"); }
+
+  /// "show FrmRes", "modal FrmGoTo", "close FrmRes", "hide FrmMain", "end", oldest first.
+  std::vector<std::string> log;
+  std::vector<std::string> waits;  ///< texts of the wait indicator, "-" where it was taken away
+
+ private:
+  struct Expected {
+    std::string screen;
+    std::function<void()> use;
+  };
+  std::deque<Expected> expected_;
+  std::vector<std::string> open_;
+};
+
+/// A desk over a TestBench, with a comma for decimals and noted screens.
+class TestDesk {
+ public:
+  explicit TestDesk(SystemKind kind = SystemKind::kClosed) : test(kind) {}
+
+  TestBench test;
+  NotedNavigator navigator;
+  CountedSound sound;
+  NotedViewer viewer;
+  Desk desk{test.bench, navigator, sound, viewer, Separators{',', '.'}};
+};
+
+/// The user types `text` into a field: the focus goes there, the old text is overwritten, each
+/// character is a key. Characters that the field refuses are lost, as on a screen.
+void TypeInto(Form& form, Field& field, std::string_view text);
+
+/// The user pastes: the whole text is one edit. False when the field refuses it.
+bool PasteInto(Form& form, Field& field, std::string_view text);
+
+/// The user clicks a command.
+void Click(Form& form, Command& command);
+
+}  // namespace kalvo
