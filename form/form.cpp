@@ -56,6 +56,12 @@ void Form::Run(Command& command) {
   if (command.action) command.action();
 }
 
+void Form::TellBroken() {
+  bench.Ask({" !!... ΠΡΟΣΟΧΗ ...!! ",
+             {"... Η εντολή ΔΕΝ ολοκληρώθηκε ...", "... Τα δεδομένα έμειναν ως είχαν ..."},
+             16});
+}
+
 bool Form::Type(Field& field, std::string_view text) {
   return field.TypeText(text, desk.separators);
 }
@@ -82,16 +88,33 @@ bool Form::PressInField(Field& field, const Key& key) {
     }
     return false;
   }
-  if (!key.IsText()) return false;
+  if (!key.IsText() || key.character == 0) return false;
   std::string typed;
   AppendUtf8(typed, key.character);
   return !field.CanEdit() || !field.Takes(typed, desk.separators);
+}
+
+bool Form::PressPart(Control* part) {
+  if (auto* command = dynamic_cast<Command*>(part)) {
+    Run(*command);
+    return true;
+  }
+  if (auto* list = dynamic_cast<List*>(part); list != nullptr && list->on_activate) {
+    list->Activate(list->selected);
+    return true;
+  }
+  if (auto* grid = dynamic_cast<Grid*>(part); grid != nullptr && grid->on_activate) {
+    grid->on_activate();
+    return true;
+  }
+  return false;
 }
 
 bool Form::Press(const Key& key) {
   if (auto* field = dynamic_cast<Field*>(focus_); field != nullptr && PressInField(*field, key)) {
     return true;
   }
+  if (key == Plain(KeyCode::kEnter) && PressPart(focus_)) return true;
   if (Command* command = CommandOf(key)) {
     Run(*command);
     return true;

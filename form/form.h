@@ -62,6 +62,8 @@ class Form {
   void Run(Command& command);
   /// The user presses a key. True: it is used up; otherwise it edits the text in focus as usual.
   bool Press(const Key& key);
+  /// An action ended in a fault that nobody caught: the user is told.
+  void TellBroken();
   /// The user's edit has made the text of `field` this; false: it stays as it was.
   bool Type(Field& field, std::string_view text);
 
@@ -73,6 +75,8 @@ class Form {
   friend class Control;
 
   bool MayLeaveFocus();
+  /// Enter on a part that does something when it is meant.
+  bool PressPart(Control* part);
   bool PressInField(Field& field, const Key& key);
   Command* CommandOf(const Key& key) const;
 

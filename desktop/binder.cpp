@@ -1,0 +1,229 @@
+#include "desktop/binder.h"
+
+#include <QAbstractItemView>
+#include <QAbstractButton>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QContextMenuEvent>
+#include <QLabel>
+#include <QLayout>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <algorithm>
+#include <exception>
+
+#include "desktop/key_event.h"
+#include "form/pictures.h"
+
+namespace kalvo {
+namespace {
+
+bool IsOperable(const QWidget& widget) {
+  return qobject_cast<const QAbstractButton*>(&widget) != nullptr ||
+         qobject_cast<const QComboBox*>(&widget) != nullptr ||
+         qobject_cast<const QAbstractItemView*>(&widget) != nullptr ||
+         qobject_cast<const QLineEdit*>(&widget) != nullptr;
+}
+
+// A widget that a form's designer has named, not one that Qt makes inside another.
+bool IsNamedByDesign(const QWidget& widget) {
+  return !widget.objectName().isEmpty() && !widget.objectName().startsWith(QStringLiteral("qt_"));
+}
+
+// The text that labels a widget, without dots and mnemonic.
+QString LabelOf(const QWidget& window, const QWidget& widget) {
+  for (const QLabel* label : window.findChildren<QLabel*>()) {
+    if (label->buddy() == &widget) {
+      QString text = label->text().remove(QLatin1Char('&'));
+      while (text.endsWith(QLatin1Char('.')) || text.endsWith(QLatin1Char(' '))) text.chop(1);
+      return text.trimmed();
+    }
+  }
+  return {};
+}
+
+bool IsCopy(const QKeyEvent& event) {
+  return KeyOf(event) == Ctrl('C') || KeyOf(event) == Ctrl(KeyCode::kInsert);
+}
+
+}  // namespace
+
+Binder::Binder(Form& form, QWidget& window, Hooks hooks)
+    : form_(form), window_(window), hooks_(std::move(hooks)) {
+  BindParts();
+  BindMenus();
+  window_.installEventFilter(this);
+  for (QWidget* child : window_.findChildren<QWidget*>()) {
+    child->installEventFilter(this);
+  }
+}
+
+void Binder::BindParts() {
+  const Act act = [this](const std::function<void()>& action) { Do(action); };
+  for (Control* part : form_.controls()) {
+    auto* widget = window_.findChild<QWidget*>(ToQt(part->name()));
+    if (widget == nullptr) continue;
+    if (auto binding = MakeBinding(form_, *part, *widget, act)) {
+      if (widget->accessibleName().isEmpty()) widget->setAccessibleName(LabelOf(window_, *widget));
+      bound_.push_back({part, std::move(binding)});
+    }
+  }
+  for (const QWidget* widget : window_.findChildren<QWidget*>()) {
+    if (IsOperable(*widget) && IsNamedByDesign(*widget) && PartOf(widget) == nullptr) {
+      stray_widgets_.push_back(widget->objectName());
+    }
+  }
+}
+
+QMenu* Binder::MakeMenu(const Menu& menu) {
+  auto* made = new QMenu(ToQt(menu.title), &window_);
+  for (const MenuEntry& entry : menu.entries) {
+    if (entry.command == nullptr) {
+      made->addSeparator();
+      continue;
+    }
+    Command* command = entry.command;
+    QString caption = ToQt(entry.caption).trimmed();
+    if (!command->keys.empty()) caption += QLatin1Char('\t') + ToQt(KeyText(command->keys.front()));
+    QAction* action = made->addAction(caption);
+    action->setObjectName(ToQt(entry.name));
+    connect(action, &QAction::triggered, this,
+            [this, command] { Do([&] { form_.Run(*command); }); });
+    actions_.emplace_back(command, action);
+  }
+  return made;
+}
+
+void Binder::BindMenus() {
+  if (form_.menus.empty() || window_.layout() == nullptr) return;
+  auto* bar = new QMenuBar(&window_);
+  for (const Menu& menu : form_.menus) {
+    bar->addMenu(MakeMenu(menu));
+  }
+  window_.layout()->setMenuBar(bar);
+}
+
+void Binder::ShowPopup(const QPoint& at) {
+  QMenu* menu = MakeMenu(form_.popup);
+  menu->exec(at);
+  const auto of_menu = [menu](const auto& bound) { return bound.second->parent() == menu; };
+  std::erase_if(actions_, of_menu);
+  menu->deleteLater();
+}
+
+void Binder::Do(const std::function<void()>& action) {
+  ++depth_;
+  try {
+    action();
+  } catch (const std::exception&) {
+    form_.TellBroken();
+  }
+  --depth_;
+  hooks_.paint_all();
+}
+
+void Binder::Paint() {
+  form_.Derive();
+  const QString title = ToQt(form_.title).trimmed();
+  if (window_.windowTitle() != title) window_.setWindowTitle(title);
+  for (const Bound& bound : bound_) {
+    bound.binding->Paint();
+  }
+  for (const auto& [command, action] : actions_) {
+    action->setVisible(command->visible);
+  }
+  FollowFocus();
+}
+
+void Binder::FollowFocus() {
+  if (focus_moves_ == form_.focus_moves() || !window_.isVisible()) return;
+  focus_moves_ = form_.focus_moves();
+  for (const Bound& bound : bound_) {
+    if (bound.part != form_.focus()) continue;
+    ++depth_;  // the form knows of this move
+    bound.binding->widget()->setFocus(Qt::OtherFocusReason);
+    --depth_;
+    bound.binding->Paint();
+  }
+}
+
+void Binder::FocusCame(QWidget* widget) {
+  if (depth_ > 0) return;
+  Control* part = PartOf(widget);
+  if (part == form_.focus()) return;
+  Do([&] { form_.MoveFocus(part); });
+}
+
+Binding* Binder::BindingOf(const QWidget* widget) const {
+  for (; widget != nullptr && widget != &window_; widget = widget->parentWidget()) {
+    for (const Bound& bound : bound_) {
+      if (bound.binding->widget() == widget) return bound.binding.get();
+    }
+  }
+  return nullptr;
+}
+
+Control* Binder::PartOf(const QWidget* widget) const {
+  const Binding* binding = BindingOf(widget);
+  for (const Bound& bound : bound_) {
+    if (bound.binding.get() == binding) return bound.part;
+  }
+  return nullptr;
+}
+
+bool Binder::HasFace(const Control& part) const {
+  const auto bound = std::ranges::any_of(bound_, [&](const Bound& b) { return b.part == &part; });
+  const auto* command = dynamic_cast<const Command*>(&part);
+  if (bound || command == nullptr) return bound;
+  const auto in_menu = std::ranges::any_of(
+      form_.popup.entries, [&](const MenuEntry& entry) { return entry.command == command; });
+  const auto in_bar = std::ranges::any_of(
+      actions_, [&](const auto& action) { return action.first == command; });
+  return in_menu || in_bar || !command->keys.empty();
+}
+
+QStringList Binder::missing() const {
+  QStringList names = stray_widgets_;
+  for (const Control* part : form_.controls()) {
+    if (!HasFace(*part)) names.push_back(ToQt(part->name()));
+  }
+  return names;
+}
+
+bool Binder::KeyPressed(QObject* watched, const QKeyEvent& event) {
+  const QWidget* focus = window_.focusWidget();
+  if (watched != (focus == nullptr ? &window_ : focus)) return false;
+  const Key key = KeyOf(event);
+  if (key == Key{}) return false;
+  bool taken = false;
+  Do([&] { taken = form_.Press(key); });
+  if (taken) return true;
+  Binding* binding = BindingOf(focus);
+  return IsCopy(event) && binding != nullptr && binding->Copy();
+}
+
+bool Binder::eventFilter(QObject* watched, QEvent* event) {
+  switch (event->type()) {
+    case QEvent::KeyPress:
+      return KeyPressed(watched, static_cast<const QKeyEvent&>(*event));
+    case QEvent::Close:
+      if (watched != &window_) return false;
+      event->ignore();
+      if (depth_ == 0) {
+        Do([&] {
+          if (form_.MayClose()) hooks_.close_window();
+        });
+      }
+      return true;
+    case QEvent::ContextMenu:
+      if (form_.popup.entries.empty() || qobject_cast<QLineEdit*>(watched) != nullptr) return false;
+      ShowPopup(static_cast<const QContextMenuEvent&>(*event).globalPos());
+      return true;
+    default:
+      return false;
+  }
+}
+
+}  // namespace kalvo

@@ -1,0 +1,223 @@
+#include "desktop/binding.h"
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QStyle>
+
+#include "desktop/icons.h"
+#include "desktop/theme.h"
+
+namespace kalvo {
+
+QString ToneName(Tone tone) {
+  switch (tone) {
+    case Tone::kAlarm:
+      return QStringLiteral("alarm");
+    case Tone::kCalculated:
+      return QStringLiteral("calculated");
+    case Tone::kImposed:
+      return QStringLiteral("imposed");
+    case Tone::kPlain:
+      break;
+  }
+  return {};
+}
+
+void SetStyleProperty(QWidget& widget, const char* name, const QVariant& value) {
+  if (widget.property(name) == value || (!widget.property(name).isValid() && value == QString())) {
+    return;
+  }
+  widget.setProperty(name, value);
+  widget.style()->unpolish(&widget);
+  widget.style()->polish(&widget);
+}
+
+namespace {
+
+void PaintPresence(QWidget& widget, const Control& part) {
+  if (widget.isVisibleTo(widget.parentWidget()) != part.visible) widget.setVisible(part.visible);
+  if (widget.isEnabledTo(widget.parentWidget()) != part.enabled) widget.setEnabled(part.enabled);
+}
+
+class FieldBinding : public Binding {
+ public:
+  FieldBinding(Form& form, Field& field, QLineEdit& edit, const Act& act)
+      : field_(field), edit_(edit) {
+    connect(&edit, &QLineEdit::textEdited, this, [&form, &field, act](const QString& text) {
+      act([&] { form.Type(field, text.toStdString()); });
+    });
+  }
+
+  void Paint() override {
+    PaintPresence(edit_, field_);
+    const QString text = ToQt(field_.text);
+    if (edit_.text() != text) {
+      const int cursor = edit_.cursorPosition();
+      edit_.setText(text);
+      if (edit_.hasFocus()) edit_.setCursorPosition(cursor - 1);
+    }
+    if (edit_.isReadOnly() != field_.locked) edit_.setReadOnly(field_.locked);
+    SetStyleProperty(edit_, "state", field_.refused ? QStringLiteral("refused") : QString());
+    SetStyleProperty(edit_, "tone", ToneName(field_.tone));
+    if (field_.whole_selected && edit_.hasFocus()) {
+      edit_.selectAll();
+      field_.whole_selected = false;
+    }
+  }
+  [[nodiscard]] QWidget* widget() const override { return &edit_; }
+
+ private:
+  Field& field_;
+  QLineEdit& edit_;
+};
+
+class LabelBinding : public Binding {
+ public:
+  LabelBinding(Label& label, QLabel& widget) : label_(label), widget_(widget) {}
+
+  void Paint() override {
+    PaintPresence(widget_, label_);
+    const QString text = ToQt(label_.text);
+    if (widget_.text() != text) {
+      widget_.setText(text);
+      widget_.setAccessibleName(text.trimmed());
+    }
+    SetStyleProperty(widget_, "tone", ToneName(label_.tone));
+  }
+  [[nodiscard]] QWidget* widget() const override { return &widget_; }
+
+ private:
+  Label& label_;
+  QLabel& widget_;
+};
+
+QColor IconColour(const QString& role) {
+  if (role == QStringLiteral("primary")) return ActiveTheme().onprimary;
+  return role == QStringLiteral("rail") ? ActiveTheme().primary : ActiveTheme().ink2;
+}
+
+class CommandBinding : public Binding {
+ public:
+  CommandBinding(Form& form, Command& command, QAbstractButton& button, const Act& act)
+      : command_(command), button_(button) {
+    connect(&button, &QAbstractButton::clicked, this,
+            [&form, &command, act] { act([&] { form.Run(command); }); });
+    if (!command.keys.empty()) {
+      const QString key = ToQt(KeyText(command.keys.front()));
+      button.setProperty("hint", key);
+      button.setToolTip(ToQt(command.caption).trimmed() + " (" + key + ")");
+    }
+    const QString icon = button.property("icon_name").toString();
+    if (!icon.isEmpty()) {
+      button.setIcon(ThemeIcon(icon, IconColour(button.property("role").toString())));
+    }
+  }
+
+  void Paint() override {
+    PaintPresence(button_, command_);
+    const QString caption = ToQt(command_.caption);
+    if (button_.text() != caption) {
+      button_.setText(caption);
+      button_.setAccessibleName(caption.trimmed());
+    }
+    SetStyleProperty(button_, "tone", ToneName(command_.tone));
+  }
+  [[nodiscard]] QWidget* widget() const override { return &button_; }
+
+ private:
+  Command& command_;
+  QAbstractButton& button_;
+};
+
+class ToggleBinding : public Binding {
+ public:
+  ToggleBinding(Toggle& toggle, QAbstractButton& button, const Act& act)
+      : toggle_(toggle), button_(button) {
+    button.setText(ToQt(toggle.caption).trimmed());
+    button.setAccessibleName(button.text().remove(QLatin1Char('&')));
+    connect(&button, &QAbstractButton::clicked, this,
+            [&toggle, act](bool on) { act([&] { toggle.Set(on); }); });
+  }
+
+  void Paint() override {
+    PaintPresence(button_, toggle_);
+    if (button_.isChecked() != toggle_.on) {
+      // One of a group of options cannot be switched off while the group excludes the others.
+      const bool exclusive = button_.autoExclusive();
+      button_.setAutoExclusive(false);
+      button_.setChecked(toggle_.on);
+      button_.setAutoExclusive(exclusive);
+    }
+  }
+  [[nodiscard]] QWidget* widget() const override { return &button_; }
+
+ private:
+  Toggle& toggle_;
+  QAbstractButton& button_;
+};
+
+class ChoiceBinding : public Binding {
+ public:
+  ChoiceBinding(Choice& choice, QComboBox& box, const Act& act) : choice_(choice), box_(box) {
+    connect(&box, &QComboBox::activated, this,
+            [&choice, act](int position) { act([&] { choice.Select(position); }); });
+  }
+
+  void Paint() override {
+    PaintPresence(box_, choice_);
+    if (shown_ != choice_.entries) {
+      shown_ = choice_.entries;
+      box_.clear();
+      for (const std::string& entry : shown_) {
+        box_.addItem(ToQt(entry).trimmed());
+      }
+      box_.setCurrentIndex(-1);
+    }
+    if (box_.currentIndex() != choice_.selected) box_.setCurrentIndex(choice_.selected);
+    if (box_.toolTip() != box_.currentText()) box_.setToolTip(box_.currentText());
+  }
+  [[nodiscard]] QWidget* widget() const override { return &box_; }
+
+ private:
+  Choice& choice_;
+  QComboBox& box_;
+  std::vector<std::string> shown_;
+};
+
+// The part and the widget as these kinds, if both are.
+template <typename Part, typename Widget>
+struct Pair {
+  Pair(Control& control, QWidget& shown)
+      : part(dynamic_cast<Part*>(&control)), widget(qobject_cast<Widget*>(&shown)) {}
+  explicit operator bool() const { return part != nullptr && widget != nullptr; }
+  Part* part;
+  Widget* widget;
+};
+
+}  // namespace
+
+std::unique_ptr<Binding> MakeBinding(Form& form, Control& part, QWidget& widget, const Act& act) {
+  if (const Pair<Field, QLineEdit> pair(part, widget); pair) {
+    return std::make_unique<FieldBinding>(form, *pair.part, *pair.widget, act);
+  }
+  if (const Pair<Label, QLabel> pair(part, widget); pair) {
+    return std::make_unique<LabelBinding>(*pair.part, *pair.widget);
+  }
+  if (const Pair<Command, QAbstractButton> pair(part, widget); pair) {
+    return std::make_unique<CommandBinding>(form, *pair.part, *pair.widget, act);
+  }
+  if (const Pair<Toggle, QAbstractButton> pair(part, widget); pair) {
+    return std::make_unique<ToggleBinding>(*pair.part, *pair.widget, act);
+  }
+  if (const Pair<Choice, QComboBox> pair(part, widget); pair) {
+    return std::make_unique<ChoiceBinding>(*pair.part, *pair.widget, act);
+  }
+  if (auto table = MakeTableBinding(part, widget, act)) {
+    return table;
+  }
+  return MakePictureBinding(form, part, widget, act);
+}
+
+}  // namespace kalvo

@@ -1,0 +1,35 @@
+#include "desktop/list_model.h"
+
+#include "desktop/binding.h"
+
+namespace kalvo {
+
+namespace {
+
+constexpr int kBlanksPerDepth = 4;
+
+}  // namespace
+
+int ListModel::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : list_.count();
+}
+
+QVariant ListModel::data(const QModelIndex& index, int role) const {
+  const auto row = static_cast<std::size_t>(index.row());
+  const QString line = ToQt(list_.lines()[row]);
+  switch (role) {
+    case Qt::DisplayRole:
+      return row < list_.depths().size()
+                 ? QString(kBlanksPerDepth * list_.depths()[row], QLatin1Char(' ')) + line
+                 : line;
+    case Qt::AccessibleTextRole:
+    case Qt::ToolTipRole:
+      return line.trimmed();
+    case Qt::DecorationRole:
+      return icon_.isNull() ? QVariant() : icon_;
+    default:
+      return {};
+  }
+}
+
+}  // namespace kalvo

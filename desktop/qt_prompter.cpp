@@ -1,0 +1,27 @@
+#include "desktop/qt_prompter.h"
+
+#include <QApplication>
+
+#include "desktop/widgets/message_box.h"
+#include "shell/messages.h"
+
+namespace kalvo {
+
+Answer QtPrompter::ShowMessage(int code, const Study& study) {
+  const auto box = MessageFor(code, study, separators_);
+  return box ? AnswerOf(code, Ask(*box)) : Answer::kNone;
+}
+
+Answer QtPrompter::Ask(const Box& box) {
+  for (int beep = 0; beep < box.beeps; ++beep) {
+    sound_.Beep();
+  }
+  // Work that is under way waits for the user: the cursor must not say otherwise.
+  const bool waiting = QApplication::overrideCursor() != nullptr;
+  if (waiting) QApplication::setOverrideCursor(Qt::ArrowCursor);
+  const Answer answer = ShowBox(box, QApplication::activeWindow());
+  if (waiting) QApplication::restoreOverrideCursor();
+  return answer;
+}
+
+}  // namespace kalvo

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QWidget>
+#include <span>
+
+#include "form/form.h"
+
+namespace kalvo {
+
+/// One screen of the program: the form behind it and the window before it.
+struct Screen {
+  std::string_view name;
+  FormFactory make;
+  void (*set_up)(QWidget& window);  ///< puts the designed parts into an empty window
+};
+
+/// All screens.
+std::span<const Screen> Screens();
+
+/// The screen of that name, nullptr when there is none.
+const Screen* FindScreen(std::string_view name);
+
+}  // namespace kalvo

@@ -1,0 +1,170 @@
+#include <QClipboard>
+#include <QFontMetrics>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QListView>
+#include <QTableView>
+
+#include "desktop/binding.h"
+#include "desktop/grid_model.h"
+#include "desktop/icons.h"
+#include "desktop/list_model.h"
+
+namespace kalvo {
+namespace {
+
+// Space in a cell beside its text.
+constexpr int kCellMargin = 18;
+
+class ListBinding : public Binding {
+ public:
+  ListBinding(List& list, QListView& view, const Act& act)
+      : list_(list), view_(view), model_(list, IconOf(view), this) {
+    view.setModel(&model_);
+    view.setEditTriggers(QAbstractItemView::NoEditTriggers);
+    view.setUniformItemSizes(true);
+    connect(view.selectionModel(), &QItemSelectionModel::currentChanged, this,
+            [this, act](const QModelIndex& now) {
+              if (painting_ || !now.isValid()) return;
+              act([&] { list_.Select(now.row()); });
+            });
+    connect(&view, &QListView::doubleClicked, this, [this, act](const QModelIndex& index) {
+      act([&] { list_.Activate(index.row()); });
+    });
+  }
+
+  void Paint() override {
+    painting_ = true;
+    view_.setVisible(list_.visible);
+    view_.setEnabled(list_.enabled);
+    if (shown_ != list_.revision()) {
+      shown_ = list_.revision();
+      model_.LinesChanged();
+      view_.doItemsLayout();
+    }
+    const QModelIndex wanted = model_.index(list_.selected);
+    if (view_.currentIndex().row() != list_.selected) {
+      view_.setCurrentIndex(wanted);
+      if (wanted.isValid()) view_.scrollTo(wanted);
+    }
+    painting_ = false;
+  }
+  [[nodiscard]] QWidget* widget() const override { return &view_; }
+
+ private:
+  static QIcon IconOf(const QListView& view) {
+    const QString name = view.property("icon_name").toString();
+    return name.isEmpty() ? QIcon() : ThemeIcon(name);
+  }
+
+  List& list_;
+  QListView& view_;
+  ListModel model_;
+  int shown_ = -1;
+  bool painting_ = false;
+};
+
+class GridBinding : public Binding {
+ public:
+  GridBinding(Grid& grid, QTableView& view, const Act& act)
+      : grid_(grid), view_(view), model_(grid, this) {
+    view.setModel(&model_);
+    view.setEditTriggers(QAbstractItemView::NoEditTriggers);
+    connect(view.selectionModel(), &QItemSelectionModel::currentChanged, this,
+            [this, act](const QModelIndex& now) {
+              if (painting_ || !now.isValid()) return;
+              act([&] { grid_.MoveTo(model_.PlaceOf(now)); });
+            });
+    connect(&view, &QTableView::doubleClicked, this, [this, act](const QModelIndex&) {
+      if (grid_.on_activate) act(grid_.on_activate);
+    });
+    view.horizontalHeader()->setSectionsClickable(true);
+    connect(view.horizontalHeader(), &QHeaderView::sectionClicked, this,
+            [this, act](int column) { act([&] { grid_.CycleSort(column); }); });
+    connect(view.horizontalHeader(), &QHeaderView::sectionDoubleClicked, &view,
+            &QTableView::resizeColumnToContents);
+  }
+
+  void Paint() override {
+    painting_ = true;
+    view_.setVisible(grid_.visible);
+    view_.setEnabled(grid_.enabled);
+    if (shape_ != grid_.shape_revision()) {
+      shape_ = grid_.shape_revision();
+      model_.ShapeChanged();
+      PaintSortMark();
+    } else if (cells_ != grid_.revision()) {
+      model_.CellsChanged();
+    }
+    cells_ = grid_.revision();
+    if (widths_ != grid_.width_revision() || columns_ != grid_.column_count()) RestoreWidths();
+    PaintCurrent();
+    painting_ = false;
+  }
+  [[nodiscard]] QWidget* widget() const override { return &view_; }
+
+  bool Copy() override {
+    std::vector<GridPlace> places;
+    for (const QModelIndex& index : view_.selectionModel()->selectedIndexes()) {
+      places.push_back(model_.PlaceOf(index));
+    }
+    QGuiApplication::clipboard()->setText(ToQt(grid_.Copy(places)));
+    return true;
+  }
+
+ private:
+  void PaintSortMark() {
+    QHeaderView& header = *view_.horizontalHeader();
+    header.setSortIndicatorShown(grid_.sort_order() != SortOrder::kNone);
+    header.setSortIndicator(grid_.sort_column(), grid_.sort_order() == SortOrder::kFalling
+                                                     ? Qt::DescendingOrder
+                                                     : Qt::AscendingOrder);
+  }
+
+  void PaintCurrent() {
+    const QModelIndex wanted = model_.IndexOf(grid_.current());
+    if (wanted.isValid() && view_.currentIndex() != wanted) {
+      view_.setCurrentIndex(wanted);
+      view_.scrollTo(wanted);
+    }
+  }
+
+  void RestoreWidths() {
+    widths_ = grid_.width_revision();
+    columns_ = grid_.column_count();
+    const int digit = view_.fontMetrics().horizontalAdvance(QLatin1Char('0'));
+    for (int column = 0; column < columns_; ++column) {
+      view_.setColumnWidth(
+          column,
+          grid_.columns()[static_cast<std::size_t>(column)].width * digit + kCellMargin);
+    }
+  }
+
+  Grid& grid_;
+  QTableView& view_;
+  GridModel model_;
+  int shape_ = -1;
+  int cells_ = -1;
+  int widths_ = -1;
+  int columns_ = -1;
+  bool painting_ = false;
+};
+
+}  // namespace
+
+std::unique_ptr<Binding> MakeTableBinding(Control& part, QWidget& widget,
+                                          const Act& act) {
+  auto* list = dynamic_cast<List*>(&part);
+  auto* list_view = qobject_cast<QListView*>(&widget);
+  if (list != nullptr && list_view != nullptr) {
+    return std::make_unique<ListBinding>(*list, *list_view, act);
+  }
+  auto* grid = dynamic_cast<Grid*>(&part);
+  auto* table = qobject_cast<QTableView*>(&widget);
+  if (grid != nullptr && table != nullptr) {
+    return std::make_unique<GridBinding>(*grid, *table, act);
+  }
+  return nullptr;
+}
+
+}  // namespace kalvo

@@ -1,0 +1,188 @@
+#include "desktop/windows.h"
+
+#include <QApplication>
+#include <QScreen>
+#include <QSettings>
+#include <QSplitter>
+#include <algorithm>
+
+namespace kalvo {
+namespace {
+
+// Work shorter than this shows no wait indicator.
+constexpr int kWaitDelayMs = 150;
+
+QString GeometryKey(const QWidget& window) {
+  return window.objectName() + QStringLiteral("/geometry");
+}
+
+QString SplitterKey(const QWidget& window, const QSplitter& splitter) {
+  return window.objectName() + QLatin1Char('/') + splitter.objectName();
+}
+
+}  // namespace
+
+Windows::Windows(const QString& geometry) {
+  if (!geometry.isEmpty()) {
+    settings_ = std::make_unique<QSettings>(geometry, QSettings::IniFormat);
+  }
+  burial_.setSingleShot(true);
+  burial_.setInterval(0);
+  connect(&burial_, &QTimer::timeout, this, [this] { Bury(); });
+  wait_timer_.setSingleShot(true);
+  wait_timer_.setInterval(kWaitDelayMs);
+  connect(&wait_timer_, &QTimer::timeout, this, [this] { ShowWaitNow(); });
+  connect(qApp, &QApplication::focusChanged, this,
+          [this](QWidget* /*old*/, QWidget* now) { FocusChanged(now); });
+}
+
+Windows::~Windows() {
+  for (const auto& open : open_) {
+    Remember(*open->window);
+  }
+}
+
+Windows::Open* Windows::Find(std::string_view screen) const {
+  const auto found =
+      std::ranges::find_if(open_, [screen](const auto& open) { return open->name == screen; });
+  return found == open_.end() ? nullptr : found->get();
+}
+
+Form* Windows::FormOf(std::string_view screen) const {
+  const Open* open = Find(screen);
+  return open == nullptr ? nullptr : open->form.get();
+}
+
+QWidget* Windows::WindowOf(std::string_view screen) const {
+  const Open* open = Find(screen);
+  return open == nullptr ? nullptr : open->window.get();
+}
+
+bool Windows::IsOpen(std::string_view screen) const { return Find(screen) != nullptr; }
+
+Windows::Open& Windows::OpenScreen(const Screen& screen, bool modal) {
+  auto made = std::make_unique<Open>();
+  Open& open = *made;
+  open.name = screen.name;
+  open.window = std::make_unique<QWidget>();
+  screen.set_up(*open.window);
+  open.window->setObjectName(ToQt(screen.name));
+  if (modal) open.window->setWindowModality(Qt::ApplicationModal);
+  open_.push_back(std::move(made));
+  open.form = screen.make(*desk_);
+  open.form->Load();
+  open.binder = std::make_unique<Binder>(
+      *open.form, *open.window,
+      Binder::Hooks{[this] { PaintAll(); }, [this, name = open.name] { Close(name); }});
+  open.binder->Paint();
+  Restore(*open.window);
+  return open;
+}
+
+void Windows::Front(Open& open) {
+  open.window->show();
+  open.window->raise();
+  open.window->activateWindow();
+  open.form->Activate();
+  open.binder->Paint();
+}
+
+void Windows::Show(std::string_view screen) {
+  Open* open = Find(screen);
+  if (open == nullptr) {
+    const Screen* known = FindScreen(screen);
+    if (known == nullptr) return;
+    open = &OpenScreen(*known, false);
+  }
+  Front(*open);
+}
+
+void Windows::ShowModal(std::string_view screen) {
+  const Screen* known = FindScreen(screen);
+  if (known == nullptr || IsOpen(screen)) return;
+  const QPointer<QWidget> had_focus = QApplication::focusWidget();
+  Open& open = OpenScreen(*known, true);
+  QEventLoop loop;
+  open.waiting = &loop;
+  Front(open);
+  if (IsOpen(screen)) loop.exec();
+  if (had_focus) had_focus->window()->activateWindow();
+}
+
+void Windows::Close(std::string_view screen) {
+  const auto found =
+      std::ranges::find_if(open_, [screen](const auto& open) { return open->name == screen; });
+  if (found == open_.end()) return;
+  Remember(*(*found)->window);
+  (*found)->window->hide();
+  if ((*found)->waiting != nullptr) (*found)->waiting->quit();
+  closed_.push_back(std::move(*found));
+  open_.erase(found);
+  burial_.start();
+}
+
+void Windows::Bury() {
+  // A modal screen may have been closed while an action of it is still under way.
+  const bool modal_open = std::ranges::any_of(
+      open_, [](const auto& open) { return open->waiting != nullptr; });
+  if (modal_open) {
+    burial_.start(kWaitDelayMs);
+    return;
+  }
+  closed_.clear();
+}
+
+void Windows::Hide(std::string_view screen) {
+  if (Open* open = Find(screen)) open->window->hide();
+}
+
+void Windows::PaintAll() {
+  for (std::size_t i = 0; i < open_.size(); ++i) {
+    if (open_[i]->binder) open_[i]->binder->Paint();
+  }
+}
+
+void Windows::FocusChanged(QWidget* now) {
+  if (now == nullptr) return;
+  for (std::size_t i = 0; i < open_.size(); ++i) {
+    if (open_[i]->binder && now->window() == open_[i]->window.get()) {
+      open_[i]->binder->FocusCame(now);
+      return;
+    }
+  }
+}
+
+void Windows::EndProgram() { QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection); }
+
+void Windows::Remember(const QWidget& window) {
+  if (!settings_ || !window.isVisible()) return;
+  settings_->setValue(GeometryKey(window), window.saveGeometry());
+  for (const QSplitter* splitter : window.findChildren<QSplitter*>()) {
+    settings_->setValue(SplitterKey(window, *splitter), splitter->saveState());
+  }
+}
+
+void Windows::Restore(QWidget& window) {
+  const QSize free_area = QApplication::primaryScreen()->availableSize();
+  window.resize(window.size().boundedTo(free_area));
+  if (!settings_) return;
+  window.restoreGeometry(settings_->value(GeometryKey(window)).toByteArray());
+  for (QSplitter* splitter : window.findChildren<QSplitter*>()) {
+    splitter->restoreState(settings_->value(SplitterKey(window, *splitter)).toByteArray());
+  }
+}
+
+void Windows::ShowWait(std::string_view text) {
+  wait_text_ = ToQt(text).trimmed();
+  QApplication::setOverrideCursor(Qt::WaitCursor);
+  wait_timer_.start();
+}
+
+void Windows::HideWait() {
+  wait_timer_.stop();
+  QApplication::restoreOverrideCursor();
+  delete wait_card_;
+  wait_card_ = nullptr;
+}
+
+}  // namespace kalvo

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <QEventLoop>
+#include <QTimer>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "desktop/binder.h"
+#include "desktop/screens.h"
+
+class QSettings;
+
+namespace kalvo {
+
+/// The windows of the program: opens a screen's form and window, joins them, and closes both.
+class Windows : public QObject, public Navigator {
+ public:
+  /// Sizes of windows are kept in the file `geometry`; none are when it is empty.
+  explicit Windows(const QString& geometry);
+  ~Windows() override;
+
+  /// The desk that forms are made with. It must be set before the first screen and outlive this.
+  void SetDesk(Desk& desk) { desk_ = &desk; }
+
+  void Show(std::string_view screen) override;
+  void ShowModal(std::string_view screen) override;
+  void Close(std::string_view screen) override;
+  void Hide(std::string_view screen) override;
+  [[nodiscard]] bool IsOpen(std::string_view screen) const override;
+  void ShowWait(std::string_view text) override;
+  void HideWait() override;
+  void EndProgram() override;
+
+  /// Form and window of an open screen, nullptr when it is not open.
+  [[nodiscard]] Form* FormOf(std::string_view screen) const;
+  [[nodiscard]] QWidget* WindowOf(std::string_view screen) const;
+
+  /// Brings every window up to date.
+  void PaintAll();
+
+ private:
+  struct Open {
+    std::string name;
+    std::unique_ptr<Form> form;
+    std::unique_ptr<QWidget> window;
+    std::unique_ptr<Binder> binder;
+    QEventLoop* waiting = nullptr;  ///< of a modal screen
+  };
+
+  Open* Find(std::string_view screen) const;
+  Open& OpenScreen(const Screen& screen, bool modal);
+  void Front(Open& open);
+  void Remember(const QWidget& window);
+  void Restore(QWidget& window);
+  void ShowWaitNow();
+  void FocusChanged(QWidget* now);
+  void Bury();
+
+  Desk* desk_ = nullptr;
+  std::unique_ptr<QSettings> settings_;
+  std::vector<std::unique_ptr<Open>> open_;
+  std::vector<std::unique_ptr<Open>> closed_;  ///< until the action that closed them has ended
+  QTimer burial_;
+  QTimer wait_timer_;
+  QString wait_text_;
+  QWidget* wait_card_ = nullptr;
+};
+
+}  // namespace kalvo
