@@ -6,8 +6,13 @@ kalvo_floor(desktop DEPENDS platform ALSO desktop/widgets EXCLUDE main.cpp)
 if(TARGET kalvo_desktop)
   target_link_libraries(kalvo_desktop PUBLIC Qt6::Widgets Qt6::Svg)
   target_compile_definitions(kalvo_desktop PUBLIC QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII)
-  set_target_properties(kalvo_desktop PROPERTIES AUTOMOC ON AUTOUIC ON
-                        AUTOUIC_SEARCH_PATHS "${PROJECT_SOURCE_DIR}/desktop/forms")
+  # The last one: CMake 3.25 does not look again by itself when a header is added.
+  set_target_properties(
+    kalvo_desktop
+    PROPERTIES AUTOMOC ON AUTOUIC ON
+               AUTOUIC_SEARCH_PATHS "${PROJECT_SOURCE_DIR}/desktop/forms"
+               AUTOGEN_TARGET_DEPENDS
+               "${CMAKE_CURRENT_BINARY_DIR}/CMakeFiles/kalvo_desktop_autogen.dir/AutogenInfo.json")
   kalvo_sources(desktop_resources "desktop/icons/*.svg" "desktop/*.qss")
   qt_add_resources(kalvo_desktop kalvo_look PREFIX "/" BASE "${PROJECT_SOURCE_DIR}/desktop"
                    FILES ${desktop_resources})

@@ -1,7 +1,7 @@
 #include "desktop/binder.h"
 
-#include <QAbstractItemView>
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QComboBox>
@@ -179,8 +179,8 @@ bool Binder::HasFace(const Control& part) const {
   if (bound || command == nullptr) return bound;
   const auto in_menu = std::ranges::any_of(
       form_.popup.entries, [&](const MenuEntry& entry) { return entry.command == command; });
-  const auto in_bar = std::ranges::any_of(
-      actions_, [&](const auto& action) { return action.first == command; });
+  const auto in_bar =
+      std::ranges::any_of(actions_, [&](const auto& action) { return action.first == command; });
   return in_menu || in_bar || !command->keys.empty();
 }
 

@@ -6,9 +6,6 @@
 #include <QLineEdit>
 #include <QStyle>
 
-#include "desktop/icons.h"
-#include "desktop/theme.h"
-
 namespace kalvo {
 
 QString ToneName(Tone tone) {
@@ -59,8 +56,8 @@ class FieldBinding : public Binding {
       if (edit_.hasFocus()) edit_.setCursorPosition(cursor - 1);
     }
     if (edit_.isReadOnly() != field_.locked) edit_.setReadOnly(field_.locked);
-    SetStyleProperty(edit_, "state", field_.refused ? QStringLiteral("refused") : QString());
-    SetStyleProperty(edit_, "tone", ToneName(field_.tone));
+    SetStyleProperty(edit_, "state",
+                     field_.refused ? QStringLiteral("refused") : ToneName(field_.tone));
     if (field_.whole_selected && edit_.hasFocus()) {
       edit_.selectAll();
       field_.whole_selected = false;
@@ -93,26 +90,13 @@ class LabelBinding : public Binding {
   QLabel& widget_;
 };
 
-QColor IconColour(const QString& role) {
-  if (role == QStringLiteral("primary")) return ActiveTheme().onprimary;
-  return role == QStringLiteral("rail") ? ActiveTheme().primary : ActiveTheme().ink2;
-}
-
 class CommandBinding : public Binding {
  public:
   CommandBinding(Form& form, Command& command, QAbstractButton& button, const Act& act)
       : command_(command), button_(button) {
     connect(&button, &QAbstractButton::clicked, this,
             [&form, &command, act] { act([&] { form.Run(command); }); });
-    if (!command.keys.empty()) {
-      const QString key = ToQt(KeyText(command.keys.front()));
-      button.setProperty("hint", key);
-      button.setToolTip(ToQt(command.caption).trimmed() + " (" + key + ")");
-    }
-    const QString icon = button.property("icon_name").toString();
-    if (!icon.isEmpty()) {
-      button.setIcon(ThemeIcon(icon, IconColour(button.property("role").toString())));
-    }
+    if (!command.keys.empty()) button.setProperty("hint", ToQt(KeyText(command.keys.front())));
   }
 
   void Paint() override {

@@ -11,15 +11,21 @@ struct NamedKey {
   KeyCode code;
 };
 
-constexpr std::array kNamedKeys = {
-    NamedKey{Qt::Key_Return, KeyCode::kEnter},       NamedKey{Qt::Key_Enter, KeyCode::kEnter},
-    NamedKey{Qt::Key_Escape, KeyCode::kEscape},      NamedKey{Qt::Key_Delete, KeyCode::kDelete},
-    NamedKey{Qt::Key_Backspace, KeyCode::kBackspace}, NamedKey{Qt::Key_Insert, KeyCode::kInsert},
-    NamedKey{Qt::Key_Home, KeyCode::kHome},          NamedKey{Qt::Key_End, KeyCode::kEnd},
-    NamedKey{Qt::Key_PageUp, KeyCode::kPageUp},      NamedKey{Qt::Key_PageDown, KeyCode::kPageDown},
-    NamedKey{Qt::Key_Left, KeyCode::kLeft},          NamedKey{Qt::Key_Right, KeyCode::kRight},
-    NamedKey{Qt::Key_Up, KeyCode::kUp},              NamedKey{Qt::Key_Down, KeyCode::kDown},
-    NamedKey{Qt::Key_Tab, KeyCode::kTab}};
+constexpr std::array kNamedKeys = {NamedKey{Qt::Key_Return, KeyCode::kEnter},
+                                   NamedKey{Qt::Key_Enter, KeyCode::kEnter},
+                                   NamedKey{Qt::Key_Escape, KeyCode::kEscape},
+                                   NamedKey{Qt::Key_Delete, KeyCode::kDelete},
+                                   NamedKey{Qt::Key_Backspace, KeyCode::kBackspace},
+                                   NamedKey{Qt::Key_Insert, KeyCode::kInsert},
+                                   NamedKey{Qt::Key_Home, KeyCode::kHome},
+                                   NamedKey{Qt::Key_End, KeyCode::kEnd},
+                                   NamedKey{Qt::Key_PageUp, KeyCode::kPageUp},
+                                   NamedKey{Qt::Key_PageDown, KeyCode::kPageDown},
+                                   NamedKey{Qt::Key_Left, KeyCode::kLeft},
+                                   NamedKey{Qt::Key_Right, KeyCode::kRight},
+                                   NamedKey{Qt::Key_Up, KeyCode::kUp},
+                                   NamedKey{Qt::Key_Down, KeyCode::kDown},
+                                   NamedKey{Qt::Key_Tab, KeyCode::kTab}};
 
 // A modifier key reports itself; with the two others held it is Ctrl+Alt+Shift.
 bool IsModifier(int key) {

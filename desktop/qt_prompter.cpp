@@ -19,7 +19,7 @@ Answer QtPrompter::Ask(const Box& box) {
   // Work that is under way waits for the user: the cursor must not say otherwise.
   const bool waiting = QApplication::overrideCursor() != nullptr;
   if (waiting) QApplication::setOverrideCursor(Qt::ArrowCursor);
-  const Answer answer = ShowBox(box, QApplication::activeWindow());
+  const Answer answer = MessageBox::Show(box, QApplication::activeWindow());
   if (waiting) QApplication::restoreOverrideCursor();
   return answer;
 }

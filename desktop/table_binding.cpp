@@ -28,9 +28,8 @@ class ListBinding : public Binding {
               if (painting_ || !now.isValid()) return;
               act([&] { list_.Select(now.row()); });
             });
-    connect(&view, &QListView::doubleClicked, this, [this, act](const QModelIndex& index) {
-      act([&] { list_.Activate(index.row()); });
-    });
+    connect(&view, &QListView::doubleClicked, this,
+            [this, act](const QModelIndex& index) { act([&] { list_.Activate(index.row()); }); });
   }
 
   void Paint() override {
@@ -53,7 +52,7 @@ class ListBinding : public Binding {
 
  private:
   static QIcon IconOf(const QListView& view) {
-    const QString name = view.property("icon_name").toString();
+    const QString name = view.property("iconName").toString();
     return name.isEmpty() ? QIcon() : ThemeIcon(name);
   }
 
@@ -135,8 +134,7 @@ class GridBinding : public Binding {
     const int digit = view_.fontMetrics().horizontalAdvance(QLatin1Char('0'));
     for (int column = 0; column < columns_; ++column) {
       view_.setColumnWidth(
-          column,
-          grid_.columns()[static_cast<std::size_t>(column)].width * digit + kCellMargin);
+          column, grid_.columns()[static_cast<std::size_t>(column)].width * digit + kCellMargin);
     }
   }
 
@@ -152,8 +150,7 @@ class GridBinding : public Binding {
 
 }  // namespace
 
-std::unique_ptr<Binding> MakeTableBinding(Control& part, QWidget& widget,
-                                          const Act& act) {
+std::unique_ptr<Binding> MakeTableBinding(Control& part, QWidget& widget, const Act& act) {
   auto* list = dynamic_cast<List*>(&part);
   auto* list_view = qobject_cast<QListView*>(&widget);
   if (list != nullptr && list_view != nullptr) {

@@ -6,11 +6,15 @@
 #include <QSplitter>
 #include <algorithm>
 
+#include "desktop/widgets/wait_card.h"
+
 namespace kalvo {
 namespace {
 
 // Work shorter than this shows no wait indicator.
 constexpr int kWaitDelayMs = 150;
+// The wait indicator stands over the bar at the foot of a window.
+constexpr int kAboveBottomBar = 66;
 
 QString GeometryKey(const QWidget& window) {
   return window.objectName() + QStringLiteral("/geometry");
@@ -123,8 +127,8 @@ void Windows::Close(std::string_view screen) {
 
 void Windows::Bury() {
   // A modal screen may have been closed while an action of it is still under way.
-  const bool modal_open = std::ranges::any_of(
-      open_, [](const auto& open) { return open->waiting != nullptr; });
+  const bool modal_open =
+      std::ranges::any_of(open_, [](const auto& open) { return open->waiting != nullptr; });
   if (modal_open) {
     burial_.start(kWaitDelayMs);
     return;
@@ -152,7 +156,9 @@ void Windows::FocusChanged(QWidget* now) {
   }
 }
 
-void Windows::EndProgram() { QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection); }
+void Windows::EndProgram() {
+  QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+}
 
 void Windows::Remember(const QWidget& window) {
   if (!settings_ || !window.isVisible()) return;
@@ -172,9 +178,21 @@ void Windows::Restore(QWidget& window) {
   }
 }
 
+void Windows::ShowWaitNow() {
+  QWidget* front = QApplication::activeWindow();
+  if (front == nullptr || wait_card_ != nullptr) return;
+  wait_card_ = new WaitCard(front);
+  wait_card_->Begin(wait_text_);
+  wait_card_->adjustSize();
+  wait_card_->resize(front->width() * 2 / 3, wait_card_->height());
+  wait_card_->move((front->width() - wait_card_->width()) / 2,
+                   front->height() - wait_card_->height() - kAboveBottomBar);
+  wait_card_->show();
+}
+
 void Windows::ShowWait(std::string_view text) {
   wait_text_ = ToQt(text).trimmed();
-  QApplication::setOverrideCursor(Qt::WaitCursor);
+  if (QApplication::overrideCursor() == nullptr) QApplication::setOverrideCursor(Qt::WaitCursor);
   wait_timer_.start();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QEventLoop>
+#include <QPointer>
 #include <QTimer>
 #include <memory>
 #include <string>
@@ -12,6 +13,8 @@
 class QSettings;
 
 namespace kalvo {
+
+class WaitCard;
 
 /// The windows of the program: opens a screen's form and window, joins them, and closes both.
 class Windows : public QObject, public Navigator {
@@ -64,7 +67,7 @@ class Windows : public QObject, public Navigator {
   QTimer burial_;
   QTimer wait_timer_;
   QString wait_text_;
-  QWidget* wait_card_ = nullptr;
+  QPointer<WaitCard> wait_card_;
 };
 
 }  // namespace kalvo

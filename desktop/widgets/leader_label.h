@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QLabel>
+
+namespace kalvo {
+
+/// A caption that leads to the value at its right: a closing run of four or more dots is not
+/// painted, a dotted line runs to the right edge in its place. text() keeps the whole caption.
+class LeaderLabel : public QLabel {
+  Q_OBJECT
+
+ public:
+  using QLabel::QLabel;
+
+  /// The caption as it is painted, and as a field should be named to a screen reader.
+  static QString PaintedText(const QString& caption);
+
+  [[nodiscard]] QSize sizeHint() const override;
+  [[nodiscard]] QSize minimumSizeHint() const override;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+};
+
+}  // namespace kalvo

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QDialog>
+#include <QList>
+
+#include "study/prompter.h"
+
+class QPushButton;
+
+namespace kalvo {
+
+/// Shows a box in the program's own manner: the lines one by one, the default button filled and
+/// with the focus, Esc for cancel, or no, or OK. A letter underlined in a button answers too, with
+/// Alt or without. It does not beep.
+class MessageBox : public QDialog {
+  Q_OBJECT
+
+ public:
+  explicit MessageBox(const Box& box, QWidget* parent = nullptr);
+
+  /// Shows the box and waits for the answer.
+  static Answer Show(const Box& box, QWidget* parent);
+
+  [[nodiscard]] Answer GivenAnswer() const { return answer_; }
+  /// Left to right, as in the style of the box.
+  [[nodiscard]] const QList<QPushButton*>& Buttons() const { return buttons_; }
+
+  void reject() override;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+
+ private:
+  QWidget* MakeBody(const Box& box);
+  QWidget* MakeBar(const Box& box);
+
+  QList<QPushButton*> buttons_;
+  QPushButton* default_button_ = nullptr;
+  Answer escape_answer_;
+  Answer answer_;
+};
+
+}  // namespace kalvo

@@ -1,0 +1,96 @@
+#include "desktop/screens.h"
+
+#include <gtest/gtest.h>
+
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QListView>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QTest>
+
+#include "desktop/windows.h"
+#include "entry/frm_liquid.h"
+#include "tests/desktop/pictures.h"
+#include "tests/support/test_desk.h"
+
+namespace kalvo {
+namespace {
+
+/// The program's windows over a study in memory.
+struct ShownDesk : TestDesk {
+  ShownDesk() { windows.SetDesk(shown); }
+  Windows windows{QString()};
+  Desk shown{test.bench, windows, sound, viewer, Separators{',', '.'}};
+
+  template <typename Widget>
+  Widget& Part(std::string_view screen, const char* name) {
+    return *windows.WindowOf(screen)->findChild<Widget*>(QString::fromLatin1(name));
+  }
+};
+
+// QTest::keyClick() cannot type Greek letters.
+void TypeText(QWidget& widget, const QString& text) {
+  for (const QChar letter : text) {
+    QKeyEvent press(QEvent::KeyPress, letter.toUpper().unicode(), Qt::NoModifier, QString(letter));
+    QCoreApplication::sendEvent(&widget, &press);
+  }
+}
+
+TEST(AllScreens, EveryNameOfAFormHasItsPartnerInTheWindow) {
+  for (const Screen& screen : Screens()) {
+    ShownDesk desk;
+    const auto form = screen.make(desk.shown);
+    QWidget window;
+    screen.set_up(window);
+    const Binder binder(*form, window, {[] {}, [] {}});
+    EXPECT_EQ(binder.missing().join(QLatin1Char(' ')).toStdString(), "") << screen.name;
+  }
+}
+
+TEST(AllScreens, EveryOperableWidgetHasAName) {
+  for (const Screen& screen : Screens()) {
+    ShownDesk desk;
+    desk.windows.Show(screen.name);
+    const QWidget* window = desk.windows.WindowOf(screen.name);
+    if (window == nullptr) continue;
+    for (const QWidget* widget : window->findChildren<QWidget*>()) {
+      const bool operable = widget->focusPolicy() != Qt::NoFocus &&
+                            !widget->objectName().startsWith(QStringLiteral("qt_")) &&
+                            !widget->objectName().isEmpty() && widget->isVisible();
+      if (operable && qobject_cast<const QScrollArea*>(widget) == nullptr) {
+        EXPECT_NE(widget->accessibleName().toStdString(), "")
+            << screen.name << " " << widget->objectName().toStdString();
+      }
+    }
+  }
+}
+
+TEST(FluidWindow, IsUsedAsOnAScreen) {
+  ShownDesk desk;
+  desk.windows.Show(screen::kLiquid);
+  auto& list = desk.Part<QListView>(screen::kLiquid, "LstLiquid");
+  auto& density = desk.Part<QLineEdit>(screen::kLiquid, "TxtDensity");
+  EXPECT_EQ(list.model()->rowCount(), 2);
+  EXPECT_FALSE(density.isEnabled());
+  list.setCurrentIndex(list.model()->index(1, 0));
+  EXPECT_TRUE(density.isEnabled());
+  EXPECT_EQ(density.text(), QStringLiteral("1260"));
+
+  density.setFocus();
+  density.selectAll();
+  TypeText(density, QStringLiteral("10α5,5"));
+  EXPECT_EQ(density.text(), QStringLiteral("105,5")) << "a letter is no key of this field";
+  KeepPicture(*desk.windows.WindowOf(screen::kLiquid), "frm-liquid");
+
+  // Ctrl+S on a Greek layout arrives as Ctrl+Σ.
+  desk.test.prompter.Expect("  ! !   ΠΡΟΣΟΧΗ   ! ! ", Answer::kNo);
+  QKeyEvent save(QEvent::KeyPress, QChar(u'Σ').unicode(), Qt::ControlModifier, QString());
+  QCoreApplication::sendEvent(&density, &save);
+
+  desk.Part<QPushButton>(screen::kLiquid, "CmdCancel").click();
+  EXPECT_EQ(desk.windows.WindowOf(screen::kLiquid), nullptr);
+}
+
+}  // namespace
+}  // namespace kalvo
