@@ -22,13 +22,17 @@ QString ToneName(Tone tone) {
   return {};
 }
 
+void StyleAnew(QWidget& widget) {
+  widget.style()->unpolish(&widget);
+  widget.style()->polish(&widget);
+}
+
 void SetStyleProperty(QWidget& widget, const char* name, const QVariant& value) {
   if (widget.property(name) == value || (!widget.property(name).isValid() && value == QString())) {
     return;
   }
   widget.setProperty(name, value);
-  widget.style()->unpolish(&widget);
-  widget.style()->polish(&widget);
+  StyleAnew(widget);
 }
 
 namespace {
@@ -55,7 +59,10 @@ class FieldBinding : public Binding {
       edit_.setText(text);
       if (edit_.hasFocus()) edit_.setCursorPosition(cursor - 1);
     }
-    if (edit_.isReadOnly() != field_.locked) edit_.setReadOnly(field_.locked);
+    if (edit_.isReadOnly() != field_.locked) {
+      edit_.setReadOnly(field_.locked);
+      StyleAnew(edit_);
+    }
     SetStyleProperty(edit_, "state",
                      field_.refused ? QStringLiteral("refused") : ToneName(field_.tone));
     if (field_.whole_selected && edit_.hasFocus()) {
@@ -96,7 +103,6 @@ class CommandBinding : public Binding {
       : command_(command), button_(button) {
     connect(&button, &QAbstractButton::clicked, this,
             [&form, &command, act] { act([&] { form.Run(command); }); });
-    if (!command.keys.empty()) button.setProperty("hint", ToQt(KeyText(command.keys.front())));
   }
 
   void Paint() override {
@@ -105,6 +111,12 @@ class CommandBinding : public Binding {
     if (button_.text() != caption) {
       button_.setText(caption);
       button_.setAccessibleName(caption.trimmed());
+    }
+    const QString hint = ToQt(command_.Hint());
+    if (button_.property("hint").toString() != hint) button_.setProperty("hint", hint);
+    const QString icon = ToQt(command_.icon);
+    if (!icon.isEmpty() && button_.property("iconName").toString() != icon) {
+      button_.setProperty("iconName", icon);
     }
     SetStyleProperty(button_, "tone", ToneName(command_.tone));
   }

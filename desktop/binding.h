@@ -26,6 +26,9 @@ class Binding : public QObject {
 /// A widget's place among the tones of a text.
 QString ToneName(Tone tone);
 
+/// Lets the style sheet look at the widget again.
+void StyleAnew(QWidget& widget);
+
 /// Sets a property that the style sheet looks at; the widget is styled anew when it has changed.
 void SetStyleProperty(QWidget& widget, const char* name, const QVariant& value);
 

@@ -23,9 +23,16 @@ class Command : public Control {
 
   std::string caption;
   std::vector<Key> keys;  ///< the first is shown beside the caption
+  std::string hint;       ///< shown there instead of a key
+  std::string icon;       ///< instead of the one that the window has for it
   std::function<void()> action;
   bool leaves_freely = false;  ///< runs whatever the field with the focus thinks of being left
   Tone tone = Tone::kPlain;
+
+  /// What is shown beside the caption.
+  [[nodiscard]] std::string Hint() const {
+    return hint.empty() && !keys.empty() ? KeyText(keys.front()) : hint;
+  }
 };
 
 /// One line of a menu: a command under the menu's own caption; none is a separating line.

@@ -32,6 +32,7 @@ struct ScreenState {
   bool returning_from_data = false;
   bool returning_from_files = false;
   bool asked_to_leave_saved = false;  ///< message 135 was shown in this run
+  std::filesystem::path study_argument;  ///< to be opened at start; empty: none
   std::string viewer;                 ///< `FrmEditor`: "NotePad", "WordPad" or nothing
   std::optional<int> method;          ///< `FrmCalcs`: 1 or 2, nothing when it was closed
   std::optional<bool> recover;        ///< `FrmOldStudy`: nothing when its window was closed
@@ -39,6 +40,7 @@ struct ScreenState {
   bool edit_mode = false;
   bool goto_serves_results = false;
   ResultsView results_view = ResultsView::kOne;
+  bool results_begin = false;  ///< the view about to open begins a session of results
   bool ChangeFormOpen = false;
   bool WinterPump = false;
   bool ResultsLeft = false;
@@ -55,6 +57,8 @@ struct Desk {
   ScreenState screens{};
   std::filesystem::path program_folder{};
   std::filesystem::path data_folder{};  ///< where studies are kept
+  std::filesystem::path state_folder{};  ///< the program's log and scratch notes
+  std::string version{};
 
   /// The sound of a command, when sounds are on.
   void Click() const {

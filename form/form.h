@@ -45,6 +45,10 @@ class Form {
     return dynamic_cast<Part&>(*Find(name));
   }
 
+  /// A command that runs by itself when the form has been shown for so long.
+  Command* runs_by_itself = nullptr;
+  double after_seconds = 0;
+
   /// Menus of the bar from left to right, and the one that pops up under the right mouse button.
   std::vector<Menu> menus;
   Menu popup;

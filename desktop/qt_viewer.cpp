@@ -1,0 +1,14 @@
+#include "desktop/qt_viewer.h"
+
+#include <QDesktopServices>
+#include <QUrl>
+
+namespace kalvo {
+
+Outcome QtViewer::Open(const std::filesystem::path& file) {
+  const QString path = QString::fromStdString(std::filesystem::absolute(file).string());
+  if (QDesktopServices::openUrl(QUrl::fromLocalFile(path))) return Done{};
+  return FileError{file, "Δεν βρέθηκε πρόγραμμα για την παρουσίαση του αρχείου"};
+}
+
+}  // namespace kalvo

@@ -1,0 +1,45 @@
+#include "shell/frm_calcs.h"
+
+namespace kalvo {
+
+FrmCalcs::FrmCalcs(Desk& shared_desk)
+    : Form(shared_desk),
+      CmdCancel(*this, "CmdCancel", "Επιστροφή", [this] { GiveUp(); },
+                {Plain(KeyCode::kEscape)}),
+      SSCommand1(*this, "SSCommand1", "Υπολογισμοί",
+                 [this] {
+                   desk.screens.method = SSOption1.on ? 1 : 2;
+                   LblWait.visible = true;
+                   desk.navigator.Close(screen::kMethod);
+                 },
+                 {Plain(KeyCode::kEnter)}) {
+  SSOption1.on_toggle = [this] { Choose(true); };
+  SSOption2.on_toggle = [this] { Choose(false); };
+  SSOption1.on_double_click = SSOption2.on_double_click = [this] { Run(SSCommand1); };
+}
+
+void FrmCalcs::Load() {
+  title = bench.study.SystemOpen() ? "... < ΑΝΟΙΚΤΟ > ΣΥΣΤΗΜΑ ΣΩΛΗΝΩΝ ..."
+                                   : "... < ΚΛΕΙΣΤΟ > ΣΥΣΤΗΜΑ ΣΩΛΗΝΩΝ ...";
+  desk.screens.method.reset();
+  LblWait.visible = false;
+  Choose(true);
+  Focus(SSOption1);
+}
+
+void FrmCalcs::Choose(bool first) {
+  SSOption1.on = first;
+  SSOption2.on = !first;
+}
+
+void FrmCalcs::GiveUp() {
+  bench.study.CalcStatus = calc_status::kNoChoice;
+  desk.navigator.Close(screen::kMethod);
+}
+
+bool FrmCalcs::MayClose() {
+  bench.study.CalcStatus = calc_status::kNoChoice;
+  return true;
+}
+
+}  // namespace kalvo

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "form/pictures.h"
+#include "study/study.h"
+
+namespace kalvo {
+
+/// The steps of a study in their order.
+enum class Step { kTitle, kGeneralData, kSections, kEmitters, kCalculation, kResults };
+constexpr std::size_t kStepCount = 6;
+
+/// How far the open study has come, and what is to be done next.
+struct StudyProgress {
+  std::vector<RoadStation> stations;  ///< one for each step, without commands
+  std::string sentence;               ///< what is to be done next, one plain sentence
+  Step next = Step::kTitle;
+};
+
+/// `rows`: whether the study has rows.
+StudyProgress ProgressOf(const Study& study, bool rows, Separators separators);
+
+}  // namespace kalvo
