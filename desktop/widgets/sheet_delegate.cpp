@@ -13,7 +13,7 @@ namespace {
 constexpr int kSidePadding = 9;
 constexpr double kChipInset = 5;
 constexpr double kChipRadius = 4;
-constexpr int kPencil = 12;
+constexpr int kPencil = 14;
 
 bool IsSelected(const QStyleOptionViewItem& option) {
   return option.state.testFlag(QStyle::State_Selected);
@@ -48,8 +48,8 @@ void SheetDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
 
   painter->save();
   if (family_ends_.contains(index.column())) {
-    // Over the grid line, which lies just outside the cell.
-    const int x = option.rect.right() + 1;
+    // Beside the grid line, which the view draws over whatever lies there.
+    const int x = option.rect.right();
     painter->setPen(theme.border);
     painter->drawLine(x, option.rect.top(), x, option.rect.bottom() + 1);
   }
@@ -65,8 +65,9 @@ void SheetDelegate::DrawContent(QPainter& painter, const QStyleOptionViewItem& o
   const Theme& theme = ActiveTheme();
   const QRect inside = option.rect.adjusted(kSidePadding, 0, -kSidePadding, 0);
   const bool strong = index.data(kStrongRole).toBool();
+  const bool critical_name = index.column() == 0 && index.data(kCriticalRole).toBool();
   QFont font = option.font;
-  font.setBold(font.bold() || strong);
+  font.setBold(font.bold() || strong || critical_name);
   painter.setFont(font);
 
   QString value = option.text;

@@ -5,10 +5,10 @@
 
 namespace kalvo {
 
-/// Cells of a sheet: tinted rows of the critical branch, selection over the tint, a ring around the
-/// current cell, strong lines between families of columns. A text "label : value" has its label at
-/// the left in grey and its value at the right. Wants a model with the roles of cell_roles.h; sets
-/// no text itself.
+/// Cells of a sheet: rows of the critical branch tinted with their name (column 0) in bold, the
+/// selection over the tint, a ring around the current cell, strong lines between families of
+/// columns. A text "label : value" has its label at the left in grey and its value at the right.
+/// Wants a model with the roles of cell_roles.h; sets no text itself.
 class SheetDelegate : public QStyledItemDelegate {
   Q_OBJECT
 
