@@ -125,7 +125,7 @@ QWidget* MessageBox::MakeBody(const Box& box) {
     auto* label = new QLabel(line);
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
-    if (lines->isEmpty()) label->setProperty("role", "section");
+    if (lines->count() == 0) label->setProperty("role", "section");
     label->ensurePolished();
     const int width = label->fontMetrics().horizontalAdvance(line) + 2;
     label->setFixedWidth(qBound(narrowest_text, width, widest_text));
