@@ -15,7 +15,6 @@
 #include <exception>
 
 #include "desktop/key_event.h"
-#include "form/pictures.h"
 
 namespace kalvo {
 namespace {
@@ -26,6 +25,9 @@ bool IsOperable(const QWidget& widget) {
          qobject_cast<const QAbstractItemView*>(&widget) != nullptr ||
          qobject_cast<const QLineEdit*>(&widget) != nullptr;
 }
+
+// One that only tells something, such as a step of the study without a command.
+bool OnlyTells(const QWidget& widget) { return !widget.isEnabled(); }
 
 // A widget that a form's designer has named, not one that Qt makes inside another.
 bool IsNamedByDesign(const QWidget& widget) {
@@ -61,6 +63,7 @@ Binder::Binder(Form& form, QWidget& window, Hooks hooks)
 }
 
 void Binder::BindParts() {
+  form_.Derive();
   const Act act = [this](const std::function<void()>& action) { Do(action); };
   for (Control* part : form_.controls()) {
     auto* widget = window_.findChild<QWidget*>(ToQt(part->name()));
@@ -71,7 +74,8 @@ void Binder::BindParts() {
     }
   }
   for (const QWidget* widget : window_.findChildren<QWidget*>()) {
-    if (IsOperable(*widget) && IsNamedByDesign(*widget) && PartOf(widget) == nullptr) {
+    if (IsOperable(*widget) && !OnlyTells(*widget) && IsNamedByDesign(*widget) &&
+        PartOf(widget) == nullptr) {
       stray_widgets_.push_back(widget->objectName());
     }
   }

@@ -6,6 +6,8 @@
 #include <QLineEdit>
 #include <QStyle>
 
+#include "desktop/widgets/kind_card.h"
+
 namespace kalvo {
 
 QString ToneName(Tone tone) {
@@ -133,11 +135,18 @@ class ToggleBinding : public Binding {
       : toggle_(toggle), button_(button) {
     button.setText(ToQt(toggle.caption).trimmed());
     button.setAccessibleName(button.text().remove(QLatin1Char('&')));
-    connect(&button, &QAbstractButton::clicked, this,
-            [&toggle, act](bool on) { act([&] { toggle.Set(on); }); });
+    connect(&button, &QAbstractButton::toggled, this, [this, act](bool on) {
+      if (!painting_) act([&] { toggle_.Set(on); });
+    });
+    if (auto* card = qobject_cast<KindCard*>(button.parentWidget())) {
+      connect(card, &KindCard::Chosen, this, [&toggle, act] {
+        if (toggle.on_double_click) act(toggle.on_double_click);
+      });
+    }
   }
 
   void Paint() override {
+    painting_ = true;
     PaintPresence(button_, toggle_);
     if (button_.isChecked() != toggle_.on) {
       // One of a group of options cannot be switched off while the group excludes the others.
@@ -146,12 +155,14 @@ class ToggleBinding : public Binding {
       button_.setChecked(toggle_.on);
       button_.setAutoExclusive(exclusive);
     }
+    painting_ = false;
   }
   [[nodiscard]] QWidget* widget() const override { return &button_; }
 
  private:
   Toggle& toggle_;
   QAbstractButton& button_;
+  bool painting_ = false;
 };
 
 class ChoiceBinding : public Binding {
@@ -213,7 +224,7 @@ std::unique_ptr<Binding> MakeBinding(Form& form, Control& part, QWidget& widget,
   if (auto table = MakeTableBinding(part, widget, act)) {
     return table;
   }
-  return MakePictureBinding(form, part, widget, act);
+  return MakePictureBinding(part, widget);
 }
 
 }  // namespace kalvo

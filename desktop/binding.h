@@ -40,8 +40,7 @@ inline QString ToQt(std::string_view text) {
 std::unique_ptr<Binding> MakeBinding(Form& form, Control& part, QWidget& widget, const Act& act);
 
 /// The same for the parts that are painted pictures.
-std::unique_ptr<Binding> MakePictureBinding(Form& form, Control& part, QWidget& widget,
-                                            const Act& act);
+std::unique_ptr<Binding> MakePictureBinding(Control& part, QWidget& widget);
 
 /// The same for tables and lists of lines.
 std::unique_ptr<Binding> MakeTableBinding(Control& part, QWidget& widget, const Act& act);

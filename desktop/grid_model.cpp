@@ -5,6 +5,7 @@
 
 #include "desktop/binding.h"
 #include "desktop/theme.h"
+#include "desktop/widgets/cell_roles.h"
 
 namespace kalvo {
 namespace {
@@ -60,12 +61,10 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
     case Qt::AccessibleTextRole:
       return QStringLiteral("%1, %2, %3")
           .arg(ToQt(grid_.At(place.row, 0).text), ToQt(column.header), ToQt(cell.text));
-    case kMarkedRole:
+    case kCriticalRole:
       return grid_.IsMarked(place.row);
-    case kToneRole:
-      return static_cast<int>(cell.tone);
-    case kFamilyEndRole:
-      return column.closes_family;
+    case kImposedRole:
+      return cell.tone == Tone::kImposed;
     default:
       return {};
   }
@@ -75,7 +74,7 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
   if (orientation == Qt::Vertical) {
     const int row = grid_.order()[static_cast<std::size_t>(section)];
     if (role == Qt::DisplayRole) return row + 1;
-    return role == kMarkedRole ? QVariant(grid_.IsMarked(row)) : QVariant();
+    return role == kCriticalRole ? QVariant(grid_.IsMarked(row)) : QVariant();
   }
   const GridColumn& column = grid_.columns()[static_cast<std::size_t>(section)];
   switch (role) {
@@ -83,8 +82,6 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
     case Qt::ToolTipRole:
     case Qt::AccessibleTextRole:
       return ToQt(column.header);
-    case kFamilyEndRole:
-      return column.closes_family;
     default:
       return {};
   }

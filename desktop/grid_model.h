@@ -6,15 +6,8 @@
 
 namespace kalvo {
 
-/// Roles beside Qt's own.
-enum GridRole {
-  kMarkedRole = Qt::UserRole + 1,  ///< the row stands out, as one of the critical branch
-  kToneRole,                       ///< int of Tone
-  kFamilyEndRole                   ///< a heavier line follows the column
-};
-
-/// A form's grid as a table of Qt. Rows are those shown, in the grid's order; the grid must outlive
-/// the model.
+/// A form's grid as a table of Qt, with the roles of cell_roles.h. Rows are those shown, in the
+/// grid's order; the grid must outlive the model.
 class GridModel : public QAbstractTableModel {
  public:
   explicit GridModel(Grid& grid, QObject* parent) : QAbstractTableModel(parent), grid_(grid) {}

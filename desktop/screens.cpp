@@ -2,9 +2,15 @@
 
 #include <algorithm>
 
+#include <ui_frm_calcs.h>
+#include <ui_frm_editor.h>
+#include <ui_frm_error.h>
 #include <ui_frm_liquid.h>
 
 #include "entry/frm_liquid.h"
+#include "shell/frm_calcs.h"
+#include "shell/frm_editor.h"
+#include "shell/frm_error.h"
 
 namespace kalvo {
 namespace {
@@ -16,6 +22,9 @@ void SetUp(QWidget& window) {
 }
 
 constexpr Screen kScreens[] = {
+    {screen::kMethod, &MakeForm<FrmCalcs>, &SetUp<Ui::FrmCalcs>},
+    {screen::kViewer, &MakeForm<FrmEditor>, &SetUp<Ui::FrmEditor>},
+    {screen::kNameErrors, &MakeForm<FrmError>, &SetUp<Ui::FrmError>},
     {screen::kLiquid, &MakeForm<FrmLiquid>, &SetUp<Ui::FrmLiquid>},
 };
 

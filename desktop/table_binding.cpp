@@ -9,6 +9,8 @@
 #include "desktop/grid_model.h"
 #include "desktop/icons.h"
 #include "desktop/list_model.h"
+#include "desktop/widgets/sheet_delegate.h"
+#include "desktop/widgets/stacked_header.h"
 
 namespace kalvo {
 namespace {
@@ -67,6 +69,10 @@ class GridBinding : public Binding {
  public:
   GridBinding(Grid& grid, QTableView& view, const Act& act)
       : grid_(grid), view_(view), model_(grid, this) {
+    head_ = new StackedHeader(&view);
+    view.setHorizontalHeader(head_);
+    view.setVerticalHeader(new RowHeader(&view));
+    view.setItemDelegate(&cells_delegate_);
     view.setModel(&model_);
     view.setEditTriggers(QAbstractItemView::NoEditTriggers);
     connect(view.selectionModel(), &QItemSelectionModel::currentChanged, this,
@@ -77,11 +83,9 @@ class GridBinding : public Binding {
     connect(&view, &QTableView::doubleClicked, this, [this, act](const QModelIndex&) {
       if (grid_.on_activate) act(grid_.on_activate);
     });
-    view.horizontalHeader()->setSectionsClickable(true);
-    connect(view.horizontalHeader(), &QHeaderView::sectionClicked, this,
+    head_->setSectionsClickable(true);
+    connect(head_, &QHeaderView::sectionClicked, this,
             [this, act](int column) { act([&] { grid_.CycleSort(column); }); });
-    connect(view.horizontalHeader(), &QHeaderView::sectionDoubleClicked, &view,
-            &QTableView::resizeColumnToContents);
   }
 
   void Paint() override {
@@ -113,9 +117,8 @@ class GridBinding : public Binding {
 
  private:
   void PaintSortMark() {
-    QHeaderView& header = *view_.horizontalHeader();
-    header.setSortIndicatorShown(grid_.sort_order() != SortOrder::kNone);
-    header.setSortIndicator(grid_.sort_column(), grid_.sort_order() == SortOrder::kFalling
+    head_->setSortIndicatorShown(grid_.sort_order() != SortOrder::kNone);
+    head_->setSortIndicator(grid_.sort_column(), grid_.sort_order() == SortOrder::kFalling
                                                      ? Qt::DescendingOrder
                                                      : Qt::AscendingOrder);
   }
@@ -128,9 +131,22 @@ class GridBinding : public Binding {
     }
   }
 
+  void DressColumns() {
+    QList<int> family_ends;
+    for (int column = 0; column < columns_; ++column) {
+      const GridColumn& known = grid_.columns()[static_cast<std::size_t>(column)];
+      if (known.closes_family) family_ends.push_back(column);
+      view_.setItemDelegateForColumn(column, known.chips ? &chips_delegate_ : nullptr);
+    }
+    head_->SetFamilyEnds(family_ends);
+    cells_delegate_.SetFamilyEnds(family_ends);
+    chips_delegate_.SetFamilyEnds(family_ends);
+  }
+
   void RestoreWidths() {
     widths_ = grid_.width_revision();
     columns_ = grid_.column_count();
+    DressColumns();
     const int digit = view_.fontMetrics().horizontalAdvance(QLatin1Char('0'));
     for (int column = 0; column < columns_; ++column) {
       view_.setColumnWidth(
@@ -141,6 +157,9 @@ class GridBinding : public Binding {
   Grid& grid_;
   QTableView& view_;
   GridModel model_;
+  StackedHeader* head_ = nullptr;
+  SheetDelegate cells_delegate_;
+  DiameterDelegate chips_delegate_;
   int shape_ = -1;
   int cells_ = -1;
   int widths_ = -1;

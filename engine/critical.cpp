@@ -1,5 +1,7 @@
 #include "engine/critical.h"
 
+#include <algorithm>
+
 #include <numeric>
 
 #include "engine/first_row_index.h"

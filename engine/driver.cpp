@@ -6,6 +6,8 @@
 #include "engine/pipe_stats.h"
 #include "engine/sizing.h"
 #include "engine/trap.h"
+#include "study/memory_disk.h"
+#include "study/rounding.h"
 #include "study/tables.h"
 
 namespace kalvo {
@@ -34,6 +36,36 @@ void FindPressures(Workbench& bench, Method method) {
   } else {
     balances ? CriticalPassPressure(bench) : CriticalPassFlowOnly(bench);
   }
+}
+
+constexpr float kBalancedMethod = 2.0F;  // in INILAMDA
+
+class NobodyThere : public Prompter {
+ public:
+  Answer ShowMessage(int /*code*/, const Study& /*study*/) override { return Answer::kNone; }
+  Answer Ask(const Box& /*box*/) override { return Answer::kNone; }
+};
+
+// The critical branch that a balancing set out from. Its pipes may have been taken down with those
+// of other branches, so it is found by sizing a copy of the rows once more; nothing when that does
+// not lead to the drop that the rows announce.
+std::optional<Branch> ChainBeforeBalancing(const Workbench& bench, const RowStore& store) {
+  MemoryDisk memory;
+  NoWait clock;
+  NobodyThere nobody;
+  Workspace copy(memory, "/", bench.workspace.outer_disk(), bench.workspace.library_folder(),
+                 clock);
+  Require(copy.Rows().WriteAll(store.rows()));
+  const auto fluid = bench.workspace.Read(work_file::kFluid);
+  if (!fluid || !copy.Write(work_file::kFluid, *fluid)) return std::nullopt;
+  Study study = bench.study;
+  study.MeanVel = store.At(1).MeanVel;
+  Workbench sized(study, copy, bench.pipes, nobody);
+  SizePipes(sized, static_cast<int>(kBalancedMethod));
+  const CriticalBranch critical = ReadCriticalBranch(study, RowStore(copy));
+  const bool announced =
+      ToSingle(RoundTo(critical.drop, 4)) == store.At(1).DP || critical.drop == store.At(1).DP;
+  return announced ? std::optional(critical.chain) : std::nullopt;
 }
 
 }  // namespace
@@ -110,8 +142,14 @@ void RunCalculation(Workbench& bench) {
 
 void RefindCriticalBranch(Workbench& bench) {
   const RowStore store(bench.workspace);
+  if (IsLoneSection(store.rows())) {
+    bench.study.critical_branch = "1";
+    return;
+  }
+  const bool balanced = store.count() > 0 && store.At(1).INILAMDA == kBalancedMethod;
+  const std::optional<Branch> before = balanced ? ChainBeforeBalancing(bench, store) : std::nullopt;
   bench.study.critical_branch =
-      IsLoneSection(store.rows()) ? "1" : BranchText(ReadCriticalBranch(bench.study, store).chain);
+      BranchText(before ? *before : ReadCriticalBranch(bench.study, store).chain);
 }
 
 }  // namespace kalvo

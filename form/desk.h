@@ -31,12 +31,12 @@ struct ScreenState {
   bool returning_from_results = false;
   bool returning_from_data = false;
   bool returning_from_files = false;
-  bool asked_to_leave_saved = false;  ///< message 135 was shown in this run
+  bool asked_to_leave_saved = false;     ///< message 135 was shown in this run
   std::filesystem::path study_argument;  ///< to be opened at start; empty: none
-  std::string viewer;                 ///< `FrmEditor`: "NotePad", "WordPad" or nothing
-  std::optional<int> method;          ///< `FrmCalcs`: 1 or 2, nothing when it was closed
-  std::optional<bool> recover;        ///< `FrmOldStudy`: nothing when its window was closed
-  int offered_rows = 0;               ///< rows of the study that is offered back
+  std::string viewer;                    ///< `FrmEditor`: "NotePad", "WordPad" or nothing
+  std::optional<int> method;             ///< `FrmCalcs`: 1 or 2, nothing when it was closed
+  std::optional<bool> recover;           ///< `FrmOldStudy`: nothing when its window was closed
+  int offered_rows = 0;                  ///< rows of the study that is offered back
   bool edit_mode = false;
   bool goto_serves_results = false;
   ResultsView results_view = ResultsView::kOne;
@@ -56,7 +56,7 @@ struct Desk {
   Options options{};
   ScreenState screens{};
   std::filesystem::path program_folder{};
-  std::filesystem::path data_folder{};  ///< where studies are kept
+  std::filesystem::path data_folder{};   ///< where studies are kept
   std::filesystem::path state_folder{};  ///< the program's log and scratch notes
   std::string version{};
 

@@ -16,6 +16,7 @@ struct GridColumn {
   int width = 8;               ///< in digits
   bool number = true;          ///< right aligned
   bool closes_family = false;  ///< a heavier line follows
+  bool chips = false;          ///< cells are painted as chips in the colour of their tone
 };
 
 struct GridCell {

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <array>
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -27,6 +29,9 @@ class Road : public Control {
  public:
   using Control::Control;
   std::vector<RoadStation> stations;
+
+  using ContentType = std::vector<RoadStation>;
+  [[nodiscard]] ContentType Content() const { return stations; }
 };
 
 /// One step of an explanation; texts are ready to be shown.
@@ -44,6 +49,9 @@ class Steps : public Control {
  public:
   using Control::Control;
   std::vector<StepLine> lines;
+
+  using ContentType = std::vector<StepLine>;
+  [[nodiscard]] ContentType Content() const { return lines; }
 };
 
 /// One part of a whole.
@@ -54,11 +62,15 @@ struct Share {
   bool operator==(const Share&) const = default;
 };
 
-/// The parts of a whole side by side.
+/// The parts of a whole side by side, at most four.
 class Shares : public Control {
  public:
   using Control::Control;
+  std::string caption;
   std::vector<Share> parts;
+
+  using ContentType = std::pair<std::string, std::vector<Share>>;
+  [[nodiscard]] ContentType Content() const { return {caption, parts}; }
 };
 
 /// Nodes one after the other, and the stretch between two of them on which one stands (from 0,
@@ -66,8 +78,13 @@ class Shares : public Control {
 class Chain : public Control {
  public:
   using Control::Control;
+  std::string caption;
+  std::string total;  ///< of the whole chain, with its unit
   std::vector<std::string> nodes;
   int current = -1;
+
+  using ContentType = std::tuple<std::string, std::string, std::vector<std::string>, int>;
+  [[nodiscard]] ContentType Content() const { return {caption, total, nodes, current}; }
 };
 
 /// One section between its nodes with a line of text under it.
@@ -76,7 +93,12 @@ class PipeDrawing : public Control {
   using Control::Control;
   std::string from;
   std::string to;
+  std::string from_note = "αρχή";
+  std::string to_note = "τέλος";
   std::string caption;
+
+  using ContentType = std::array<std::string, 5>;
+  [[nodiscard]] ContentType Content() const { return {from, to, from_note, to_note, caption}; }
 };
 
 }  // namespace kalvo

@@ -4,8 +4,7 @@ namespace kalvo {
 
 FrmCalcs::FrmCalcs(Desk& shared_desk)
     : Form(shared_desk),
-      CmdCancel(*this, "CmdCancel", "Επιστροφή", [this] { GiveUp(); },
-                {Plain(KeyCode::kEscape)}),
+      CmdCancel(*this, "CmdCancel", "Επιστροφή", [this] { GiveUp(); }, {Plain(KeyCode::kEscape)}),
       SSCommand1(*this, "SSCommand1", "Υπολογισμοί",
                  [this] {
                    desk.screens.method = SSOption1.on ? 1 : 2;

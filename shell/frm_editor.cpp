@@ -6,8 +6,7 @@ FrmEditor::FrmEditor(Desk& shared_desk)
     : Form(shared_desk),
       CmdNotePad(*this, "CmdNotePad", "NotePad", [this] { Choose("NotePad"); }, {Ctrl('N')}),
       CmdWordPad(*this, "CmdWordPad", "WordPad", [this] { Choose("WordPad"); }, {Ctrl('W')}),
-      CmdExit(*this, "CmdExit", "Επιστροφή", [this] { Choose(""); },
-              {Plain(KeyCode::kEscape)}) {
+      CmdExit(*this, "CmdExit", "Επιστροφή", [this] { Choose(""); }, {Plain(KeyCode::kEscape)}) {
   title = "Επιλογή Προγράμματος Παρουσίασης";
 }
 

@@ -7,8 +7,7 @@ namespace kalvo {
 
 FrmError::FrmError(Desk& shared_desk)
     : Form(shared_desk),
-      CmdExit(*this, "CmdExit", "Επιστροφή",
-              [this] { desk.navigator.Close(screen::kNameErrors); },
+      CmdExit(*this, "CmdExit", "Επιστροφή", [this] { desk.navigator.Close(screen::kNameErrors); },
               {Plain(KeyCode::kEscape), Plain(KeyCode::kEnter)}) {
   title = "ΣΦΑΛΜΑΤΑ ΚΑΤΑΧΩΡΗΣΕΩΝ ΤΜΗΜΑΤΩΝ";
   TxtSystem.locked = true;

@@ -52,7 +52,7 @@ StudyProgress ProgressOf(const Study& study, bool rows, Separators separators) {
   const bool data = study.MeanTemp != 0 && study.MeanVel != 0;
   const bool valid = study.results_valid && !study.recalculation_needed;
   const std::array<bool, kStepCount> done = {!study.study_title.empty(), data,  rows,
-                                             study.EmitterCount > 0,      valid, valid};
+                                             study.EmitterCount > 0,     valid, valid};
   const int sections = rows ? study.SectionCount : 0;
   StudyProgress progress;
   progress.stations = {

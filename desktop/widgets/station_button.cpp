@@ -16,15 +16,15 @@ constexpr double kBadgeRadius = 9;
 constexpr int kCaptionTop = 70;
 constexpr int kNarrowest = 110;
 
-QString SpokenMark(Mark mark) {
+QString SpokenMark(StationState mark) {
   switch (mark) {
-    case Mark::kDone:
+    case StationState::kDone:
       return "έγινε";
-    case Mark::kNext:
+    case StationState::kNext:
       return "επόμενο βήμα";
-    case Mark::kStale:
+    case StationState::kStale:
       return "χρειάζεται ξανά";
-    case Mark::kLater:
+    case StationState::kLater:
       break;
   }
   return "εκκρεμεί";
@@ -35,15 +35,15 @@ struct DiscLook {
   double edge_width;
 };
 
-DiscLook DiscLookOf(Mark mark, const Theme& theme) {
+DiscLook DiscLookOf(StationState mark, const Theme& theme) {
   switch (mark) {
-    case Mark::kDone:
+    case StationState::kDone:
       return {theme.primary, theme.primary, theme.onprimary, 1.5};
-    case Mark::kNext:
+    case StationState::kNext:
       return {theme.surface, theme.primary, theme.primary, 3};
-    case Mark::kStale:
+    case StationState::kStale:
       return {theme.warnbg, theme.warn, theme.warn, 1.5};
-    case Mark::kLater:
+    case StationState::kLater:
       break;
   }
   return {theme.surface, theme.border, theme.ink2, 1.5};
@@ -58,7 +58,7 @@ StationButton::StationButton(int number, QString icon, QWidget* parent)
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Minimum);
 }
 
-void StationButton::SetStation(const RoadStation& station) {
+void StationButton::SetStation(const StationView& station) {
   setText(station.caption);
   setEnabled(station.enabled);
   icon_ = station.icon.isEmpty() ? own_icon_ : station.icon;
@@ -102,7 +102,7 @@ void StationButton::DrawDisc(QPainter& painter) const {
   const Theme& theme = ActiveTheme();
   const DiscLook look = DiscLookOf(mark_, theme);
   const QPointF centre = DiscCentre();
-  if (mark_ == Mark::kNext || underMouse()) {
+  if (mark_ == StationState::kNext || underMouse()) {
     painter.setPen(Qt::NoPen);
     painter.setBrush(theme.soft);
     painter.drawEllipse(centre, kHaloRadius, kHaloRadius);
@@ -123,26 +123,26 @@ void StationButton::DrawDisc(QPainter& painter) const {
 void StationButton::DrawBadge(QPainter& painter) const {
   const Theme& theme = ActiveTheme();
   const QPointF centre = DiscCentre() + QPointF(22, 19);
-  const bool later = mark_ == Mark::kLater;
+  const bool later = mark_ == StationState::kLater;
   QColor ground = later ? theme.header : theme.primary;
-  if (mark_ == Mark::kDone) ground = theme.ok;
-  if (mark_ == Mark::kStale) ground = theme.warn;
+  if (mark_ == StationState::kDone) ground = theme.ok;
+  if (mark_ == StationState::kStale) ground = theme.warn;
   painter.setPen(QPen(theme.surface, 2));
   painter.setBrush(ground);
   painter.drawEllipse(centre, kBadgeRadius + 1, kBadgeRadius + 1);
-  if (mark_ == Mark::kDone) {
+  if (mark_ == StationState::kDone) {
     constexpr int kTick = 12;
     painter.drawPixmap(centre - QPointF(kTick, kTick) / 2,
                        IconPixmap("check-bold", kTick, devicePixelRatioF(), theme.surface));
     return;
   }
   painter.setPen(later ? theme.ink : theme.onprimary);
-  if (mark_ == Mark::kStale) painter.setPen(theme.surface);
+  if (mark_ == StationState::kStale) painter.setPen(theme.surface);
   painter.setFont(ThemeFont(kKeyPoints, true));
   const QRectF square(centre - QPointF(kBadgeRadius, kBadgeRadius),
                       QSizeF(2 * kBadgeRadius, 2 * kBadgeRadius));
   painter.drawText(square, Qt::AlignCenter,
-                   mark_ == Mark::kStale ? QString("!") : QString::number(number_));
+                   mark_ == StationState::kStale ? QString("!") : QString::number(number_));
 }
 
 void StationButton::DrawWords(QPainter& painter) const {
@@ -155,10 +155,10 @@ void StationButton::DrawWords(QPainter& painter) const {
   painter.setPen(isEnabled() ? theme.ink : theme.ink3);
   painter.drawText(place, kFlags, text().trimmed(), &used);
   place.setTop(used.bottom() + 2);
-  const bool speaks_up = mark_ == Mark::kNext || mark_ == Mark::kStale;
-  painter.setFont(ThemeFont(kHintPoints, mark_ == Mark::kNext));
+  const bool speaks_up = mark_ == StationState::kNext || mark_ == StationState::kStale;
+  painter.setFont(ThemeFont(kHintPoints, mark_ == StationState::kNext));
   painter.setPen(theme.ink3);
-  if (speaks_up) painter.setPen(mark_ == Mark::kNext ? theme.primary : theme.warn);
+  if (speaks_up) painter.setPen(mark_ == StationState::kNext ? theme.primary : theme.warn);
   painter.drawText(place, kFlags, state_);
 }
 

@@ -43,7 +43,7 @@ StudyRoad::StudyRoad(QWidget* parent) : QWidget(parent) {
   }
 }
 
-void StudyRoad::SetStations(const std::array<RoadStation, kStations>& stations) {
+void StudyRoad::SetStations(const std::array<StationView, kStations>& stations) {
   QStringList spoken;
   for (int i = 0; i < kStations; ++i) {
     stations_[i]->SetStation(stations[static_cast<std::size_t>(i)]);
@@ -56,7 +56,7 @@ void StudyRoad::SetStations(const std::array<RoadStation, kStations>& stations) 
 
 int StudyRoad::FilledStretches() const {
   int done = 0;
-  while (done < kStations - 1 && stations_[done]->StationMark() == Mark::kDone) ++done;
+  while (done < kStations - 1 && stations_[done]->StationMark() == StationState::kDone) ++done;
   return done;
 }
 

@@ -8,12 +8,12 @@
 namespace kalvo {
 
 /// How far a station of the study is. kStale: done once, but no longer valid.
-enum class Mark { kDone, kNext, kLater, kStale };
+enum class StationState { kDone, kNext, kLater, kStale };
 
-struct RoadStation {
+struct StationView {
   QString caption;
   QString state;  ///< "20 τμήματα", "εκκρεμεί"
-  Mark mark = Mark::kLater;
+  StationState mark = StationState::kLater;
   QString icon = {};    ///< empty: the station's own
   bool enabled = true;  ///< a station that is only shown cannot be pressed
 };
@@ -25,8 +25,8 @@ class StationButton : public QAbstractButton {
  public:
   StationButton(int number, QString icon, QWidget* parent);
 
-  void SetStation(const RoadStation& station);
-  [[nodiscard]] Mark StationMark() const { return mark_; }
+  void SetStation(const StationView& station);
+  [[nodiscard]] StationState StationMark() const { return mark_; }
   /// Centre of the disc, in the coordinates of the button.
   [[nodiscard]] QPointF DiscCentre() const;
 
@@ -46,7 +46,7 @@ class StationButton : public QAbstractButton {
   QString own_icon_;
   QString icon_;
   QString state_;
-  Mark mark_ = Mark::kLater;
+  StationState mark_ = StationState::kLater;
 };
 
 /// The six steps of a study as stations on a pipe that fills as far as the study has come. The
@@ -59,7 +59,7 @@ class StudyRoad : public QWidget {
 
   explicit StudyRoad(QWidget* parent = nullptr);
 
-  void SetStations(const std::array<RoadStation, kStations>& stations);
+  void SetStations(const std::array<StationView, kStations>& stations);
   /// `index` 0 to 5.
   [[nodiscard]] QAbstractButton* Station(int index) const { return stations_[index]; }
   /// How many stretches between stations are filled, 0 to 5.

@@ -10,13 +10,13 @@
 namespace kalvo {
 namespace {
 
-std::array<RoadStation, StudyRoad::kStations> HalfWay() {
-  return {RoadStation{"  ΘΕΜΑ-ΤΙΤΛΟΣ ", "καταχωρήθηκε", Mark::kDone},
-          RoadStation{"Γενικά Δεδομένα", "10,0 °C  ·  1,0 m/sec", Mark::kDone},
-          RoadStation{"Δεδομένα Τμημάτων", "20 τμήματα", Mark::kDone},
-          RoadStation{"Δεδομένα Σωμάτων", "θέλουν έλεγχο", Mark::kStale},
-          RoadStation{"Υπολογισμοί", "επόμενο βήμα", Mark::kNext},
-          RoadStation{"ΠΑΡΟΥΣΙΑΣΗ ΑΠΟΤΕΛΕΣΜΑΤΩΝ", "δεν υπάρχουν", Mark::kLater}};
+std::array<StationView, StudyRoad::kStations> HalfWay() {
+  return {StationView{"  ΘΕΜΑ-ΤΙΤΛΟΣ ", "καταχωρήθηκε", StationState::kDone},
+          StationView{"Γενικά Δεδομένα", "10,0 °C  ·  1,0 m/sec", StationState::kDone},
+          StationView{"Δεδομένα Τμημάτων", "20 τμήματα", StationState::kDone},
+          StationView{"Δεδομένα Σωμάτων", "θέλουν έλεγχο", StationState::kStale},
+          StationView{"Υπολογισμοί", "επόμενο βήμα", StationState::kNext},
+          StationView{"ΠΑΡΟΥΣΙΑΣΗ ΑΠΟΤΕΛΕΣΜΑΤΩΝ", "δεν υπάρχουν", StationState::kLater}};
 }
 
 TEST(StudyRoad, StationsAreTheNamedCommands) {
@@ -64,7 +64,7 @@ TEST(StudyRoad, WaterComesAsFarAsTheStudyHasCome) {
   road.SetStations(HalfWay());
   EXPECT_EQ(road.FilledStretches(), 3) << "a stale station holds the water back";
   auto stations = HalfWay();
-  for (RoadStation& station : stations) station.mark = Mark::kDone;
+  for (StationView& station : stations) station.mark = StationState::kDone;
   road.SetStations(stations);
   EXPECT_EQ(road.FilledStretches(), 5);
 }

@@ -52,8 +52,9 @@ TEST(AllScreens, EveryOperableWidgetHasAName) {
   for (const Screen& screen : Screens()) {
     ShownDesk desk;
     desk.windows.Show(screen.name);
-    const QWidget* window = desk.windows.WindowOf(screen.name);
+    QWidget* window = desk.windows.WindowOf(screen.name);
     if (window == nullptr) continue;
+    KeepPicture(*window, ToQt(screen.name));
     for (const QWidget* widget : window->findChildren<QWidget*>()) {
       const bool operable = widget->focusPolicy() != Qt::NoFocus &&
                             !widget->objectName().startsWith(QStringLiteral("qt_")) &&

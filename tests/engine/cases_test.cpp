@@ -27,6 +27,9 @@ TEST_P(Cases, ComeOutByBothMethods) {
     const std::string pipes = result + "-pipes.csv";
     ExpectRows(calculated.workspace->Rows<StatRow>(work_file::kStatistics).ReadAll().value(),
                ReadCsv(kCases / pipes).lines, 1e-5, pipes);
+    const std::string found = std::exchange(calculated.study.critical_branch, {});
+    RefindCriticalBranch(calculated.bench);
+    EXPECT_EQ(calculated.study.critical_branch, found) << result << ", as a load finds it";
   }
 }
 
