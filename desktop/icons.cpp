@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QPixmapCache>
 #include <QSvgRenderer>
+#include <utility>
 
 #include "desktop/theme.h"
 

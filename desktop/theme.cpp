@@ -52,10 +52,10 @@ constexpr Theme kLightTheme = {
     .oncalculated = Rgb(0x0A2A10),
     .imposed = Rgb(0xFFFF00),
     .onimposed = Rgb(0x2A2200),
-    .calculatedField = Rgb(0x000000),
-    .oncalculatedField = Rgb(0x63F58A),
-    .imposedField = Rgb(0xA80F1C),
-    .onimposedField = Rgb(0xFFF04A),
+    .calculated_field = Rgb(0x000000),
+    .oncalculated_field = Rgb(0x63F58A),
+    .imposed_field = Rgb(0xA80F1C),
+    .onimposed_field = Rgb(0xFFF04A),
 };
 
 constexpr Theme kDarkTheme = {
@@ -90,10 +90,10 @@ constexpr Theme kDarkTheme = {
     .oncalculated = kLightTheme.oncalculated,
     .imposed = kLightTheme.imposed,
     .onimposed = kLightTheme.onimposed,
-    .calculatedField = kLightTheme.calculatedField,
-    .oncalculatedField = kLightTheme.oncalculatedField,
-    .imposedField = kLightTheme.imposedField,
-    .onimposedField = kLightTheme.onimposedField,
+    .calculated_field = kLightTheme.calculated_field,
+    .oncalculated_field = kLightTheme.oncalculated_field,
+    .imposed_field = kLightTheme.imposed_field,
+    .onimposed_field = kLightTheme.onimposed_field,
 };
 
 const Theme& ChooseTheme(const QPalette& desktop, const QString& wish) {

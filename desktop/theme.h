@@ -34,10 +34,10 @@ struct Theme {
   QColor crit, critbg;  ///< critical branch
 
   // The same in both themes.
-  QColor calculated, oncalculated;            ///< diameter cell of a sheet
-  QColor imposed, onimposed;                  ///< likewise, when the user set the diameter
-  QColor calculatedField, oncalculatedField;  ///< diameter of the one section shown
-  QColor imposedField, onimposedField;
+  QColor calculated, oncalculated;              ///< diameter cell of a sheet
+  QColor imposed, onimposed;                    ///< likewise, when the user set the diameter
+  QColor calculated_field, oncalculated_field;  ///< diameter of the one section shown
+  QColor imposed_field, onimposed_field;
 };
 
 extern const Theme kLightTheme;
@@ -76,10 +76,10 @@ inline constexpr ThemeToken kThemeTokens[] = {
     {"infobg", &Theme::infobg},
     {"crit", &Theme::crit},
     {"critbg", &Theme::critbg},
-    {"calculatedField", &Theme::calculatedField},
-    {"oncalculatedField", &Theme::oncalculatedField},
-    {"imposedField", &Theme::imposedField},
-    {"onimposedField", &Theme::onimposedField},
+    {"calculated_field", &Theme::calculated_field},
+    {"oncalculated_field", &Theme::oncalculated_field},
+    {"imposed_field", &Theme::imposed_field},
+    {"onimposed_field", &Theme::onimposed_field},
 };
 
 /// `wish` is "light" or "dark"; anything else asks whether the desktop's windows are dark.

@@ -13,6 +13,7 @@ namespace {
 constexpr int kMarkSize = 16;
 constexpr int kFieldHeight = 32;
 constexpr double kFieldRadius = 5;
+constexpr int kComboPadding = 8;  // before its words, beyond what Fusion leaves
 
 bool Has(const QStyleOption& option, QStyle::StateFlag flag) {
   return (option.state & flag) != QStyle::State_None;
@@ -106,6 +107,13 @@ void ThemeStyle::drawComplexControl(ComplexControl control, const QStyleOptionCo
   painter->restore();
 }
 
+QRect ThemeStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
+                                 SubControl part, const QWidget* widget) const {
+  const QRect rect = QProxyStyle::subControlRect(control, option, part, widget);
+  const bool words = control == CC_ComboBox && part == SC_ComboBoxEditField;
+  return words ? rect.adjusted(kComboPadding, 0, 0, 0) : rect;
+}
+
 int ThemeStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
                             const QWidget* widget) const {
   switch (metric) {
@@ -125,7 +133,7 @@ int ThemeStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
 QSize ThemeStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
                                    const QWidget* widget) const {
   QSize result = QProxyStyle::sizeFromContents(type, option, size, widget);
-  if (type == CT_ComboBox) result = {result.width() + 12, kFieldHeight};
+  if (type == CT_ComboBox) result = {result.width() + 2 * kComboPadding, kFieldHeight};
   if (type == CT_CheckBox || type == CT_RadioButton) result.setHeight(qMax(result.height(), 24));
   return result;
 }

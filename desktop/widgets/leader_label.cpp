@@ -51,7 +51,6 @@ void LeaderLabel::paintEvent(QPaintEvent*) {
   painter.setRenderHint(QPainter::Antialiasing);
   QPen pen(ActiveTheme().border, 1.2);
   pen.setDashPattern({1, 4});
-  pen.setCapStyle(Qt::FlatCap);
   painter.setPen(pen);
   painter.drawLine(QPointF(from, base), QPointF(to, base));
 }

@@ -24,6 +24,7 @@ TitleArt::TitleArt(const QString& name, const QString& line, int icon_size, doub
   grid->addWidget(icon, 0, 0, 2, 1);
   grid->addWidget(name_label, 0, 1, Qt::AlignBottom);
   grid->addWidget(line_label, 1, 1, Qt::AlignTop);
+  grid->setColumnStretch(1, 1);
   setAccessibleName(name + ", " + line);
 }
 

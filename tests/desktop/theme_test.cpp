@@ -53,8 +53,8 @@ const Pair kTexts[] = {
     {"ink on err", &Theme::ink, {&Theme::errbg}},
     {"calculated", &Theme::oncalculated, {&Theme::calculated}},
     {"imposed", &Theme::onimposed, {&Theme::imposed}},
-    {"calculated field", &Theme::oncalculatedField, {&Theme::calculatedField}},
-    {"imposed field", &Theme::onimposedField, {&Theme::imposedField}},
+    {"calculated field", &Theme::oncalculated_field, {&Theme::calculated_field}},
+    {"imposed field", &Theme::onimposed_field, {&Theme::imposed_field}},
 };
 
 const Pair kEdges[] = {
