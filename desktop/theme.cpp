@@ -5,6 +5,7 @@
 #include <QIcon>
 #include <QRegularExpression>
 #include <QToolTip>
+#include <memory>
 
 #include "desktop/theme_style.h"
 
@@ -155,7 +156,7 @@ QFont ThemeFont(double points, bool bold) {
 }
 
 void ApplyTheme(QApplication& app, const Theme& theme) {
-  app.setStyle(new ThemeStyle);
+  app.setStyle(std::make_unique<ThemeStyle>().release());
   app.setPalette(PaletteOf(theme));
   QToolTip::setPalette(PaletteOf(theme));
   app.setFont(ThemeFont(kBodyPoints));

@@ -96,11 +96,11 @@ void DropShares::DrawBar(QPainter& painter, const QRectF& bar) const {
 }
 
 void DropShares::DrawKey(QPainter& painter, std::size_t i, const QRect& cell) const {
-  constexpr int kSwatch = 11;
+  constexpr double kSwatch = 11;
   const Theme& theme = ActiveTheme();
   DrawSwatch(painter, i, QRectF(cell.left(), cell.center().y() - kSwatch / 2, kSwatch, kSwatch));
   painter.setPen(theme.ink2);
-  const QRect words = cell.adjusted(kSwatch + 6, 0, 0, 0);
+  const QRect words = cell.adjusted(static_cast<int>(kSwatch) + 6, 0, 0, 0);
   painter.drawText(words, Qt::AlignLeft | Qt::AlignVCenter, shares_[i].name);
   painter.setPen(theme.ink);
   painter.drawText(words, Qt::AlignRight | Qt::AlignVCenter, shares_[i].figure);

@@ -11,9 +11,14 @@
 
 namespace kalvo {
 
-KindCard::KindCard(KindPicture::Kind kind, QWidget* parent)
-    : QFrame(parent), option_(new QRadioButton), key_(new QLabel), explanation_(new QLabel) {
+KindCard::KindCard(QWidget* parent)
+    : QFrame(parent),
+      picture_(new KindPicture),
+      option_(new QRadioButton),
+      key_(new QLabel),
+      explanation_(new QLabel) {
   option_->setFont(ThemeFont(kHeadPoints, true));
+  option_->installEventFilter(this);
   key_->setProperty("role", "hint");
   explanation_->setProperty("role", "unit");
   explanation_->setWordWrap(true);
@@ -24,17 +29,34 @@ KindCard::KindCard(KindPicture::Kind kind, QWidget* parent)
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(22, 20, 22, 20);
   column->setSpacing(8);
-  column->addWidget(new KindPicture(kind), 1);
+  column->addWidget(picture_, 1);
   column->addLayout(row);
   column->addWidget(explanation_);
   connect(option_, &QRadioButton::toggled, this, [this] { update(); });
 }
 
-void KindCard::SetTexts(const QString& caption, const QString& key, const QString& explanation) {
-  option_->setText(caption.trimmed());
-  option_->setAccessibleDescription(explanation);
-  key_->setText(key);
-  explanation_->setText(explanation);
+void KindCard::SetOptionName(const QString& name) { option_->setObjectName(name); }
+
+QString KindCard::OptionName() const { return option_->objectName(); }
+
+void KindCard::SetKeyName(const QString& key) { key_->setText(key); }
+
+QString KindCard::KeyName() const { return key_->text(); }
+
+void KindCard::SetExplanation(const QString& text) {
+  explanation_->setText(text);
+  option_->setAccessibleDescription(text);
+}
+
+QString KindCard::Explanation() const { return explanation_->text(); }
+
+// A double click on the option itself is one on the card.
+bool KindCard::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == option_ && event->type() == QEvent::MouseButtonDblClick) {
+    mouseDoubleClickEvent(static_cast<QMouseEvent*>(event));
+    return true;
+  }
+  return QFrame::eventFilter(watched, event);
 }
 
 void KindCard::mousePressEvent(QMouseEvent*) {

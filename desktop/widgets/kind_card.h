@@ -12,9 +12,10 @@ class KindPicture : public QWidget {
   Q_OBJECT
 
  public:
-  enum class Kind { kClosed, kOpen };
+  explicit KindPicture(QWidget* parent = nullptr);
 
-  explicit KindPicture(Kind kind, QWidget* parent = nullptr);
+  void SetOpenSystem(bool open);
+  [[nodiscard]] bool IsOpenSystem() const { return open_; }
 
   [[nodiscard]] QSize sizeHint() const override;
 
@@ -22,19 +23,33 @@ class KindPicture : public QWidget {
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  Kind kind_;
+  bool open_ = false;
 };
 
 /// A card to choose a system by: picture, option, explanation. The whole card is the option's
 /// target; a double click chooses and goes on.
 class KindCard : public QFrame {
   Q_OBJECT
+  Q_PROPERTY(bool openSystem READ IsOpenSystem WRITE SetOpenSystem)
+  Q_PROPERTY(QString optionName READ OptionName WRITE SetOptionName)
+  Q_PROPERTY(QString keyName READ KeyName WRITE SetKeyName)
+  Q_PROPERTY(QString explanation READ Explanation WRITE SetExplanation)
 
  public:
-  explicit KindCard(KindPicture::Kind kind, QWidget* parent = nullptr);
+  explicit KindCard(QWidget* parent = nullptr);
 
-  /// The option's caption may underline a letter by an &; `key` is shown beside it.
-  void SetTexts(const QString& caption, const QString& key, const QString& explanation);
+  void SetOpenSystem(bool open) { picture_->SetOpenSystem(open); }
+  [[nodiscard]] bool IsOpenSystem() const { return picture_->IsOpenSystem(); }
+  /// The object name of the option.
+  void SetOptionName(const QString& name);
+  [[nodiscard]] QString OptionName() const;
+  /// Shown beside the option: "Alt+Κ".
+  void SetKeyName(const QString& key);
+  [[nodiscard]] QString KeyName() const;
+  void SetExplanation(const QString& text);
+  [[nodiscard]] QString Explanation() const;
+
+  /// Its text is the caption; an & in it underlines a letter.
   [[nodiscard]] QRadioButton* Option() const { return option_; }
 
  Q_SIGNALS:
@@ -44,8 +59,10 @@ class KindCard : public QFrame {
   void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  KindPicture* picture_;
   QRadioButton* option_;
   QLabel* key_;
   QLabel* explanation_;

@@ -87,11 +87,16 @@ void DrawOpen(QPainter& painter) {
 
 }  // namespace
 
-KindPicture::KindPicture(Kind kind, QWidget* parent) : QWidget(parent), kind_(kind) {
+KindPicture::KindPicture(QWidget* parent) : QWidget(parent) {
   // Clicks belong to the card.
   setAttribute(Qt::WA_TransparentForMouseEvents);
-  setAccessibleName(kind == Kind::kClosed ? "Σχέδιο κλειστού συστήματος"
-                                          : "Σχέδιο ανοικτού συστήματος");
+  SetOpenSystem(false);
+}
+
+void KindPicture::SetOpenSystem(bool open) {
+  open_ = open;
+  setAccessibleName(open ? "Σχέδιο ανοικτού συστήματος" : "Σχέδιο κλειστού συστήματος");
+  update();
 }
 
 QSize KindPicture::sizeHint() const { return kGround.toSize(); }
@@ -103,10 +108,10 @@ void KindPicture::paintEvent(QPaintEvent*) {
   painter.translate((width() - scale * kGround.width()) / 2,
                     (height() - scale * kGround.height()) / 2);
   painter.scale(scale, scale);
-  if (kind_ == Kind::kClosed) {
-    DrawClosed(painter);
-  } else {
+  if (open_) {
     DrawOpen(painter);
+  } else {
+    DrawClosed(painter);
   }
 }
 

@@ -91,11 +91,21 @@ void StackedHeader::paintSection(QPainter* painter, const QRect& rect, int colum
   painter->drawText(inside, Qt::AlignHCenter | Qt::AlignTop, lines.words.join('\n'));
   painter->setPen(theme.ink2);
   painter->drawText(inside, Qt::AlignHCenter | Qt::AlignBottom, lines.unit);
+  if (isSortIndicatorShown() && sortIndicatorSection() == column) DrawSortMark(*painter, rect);
   painter->setPen(family_ends_.contains(column) ? theme.border : theme.line);
   painter->drawLine(rect.topRight(), rect.bottomRight());
   painter->setPen(theme.border);
   painter->drawLine(rect.bottomLeft(), rect.bottomRight());
   painter->restore();
+}
+
+void StackedHeader::DrawSortMark(QPainter& painter, const QRect& rect) const {
+  const double up = sortIndicatorOrder() == Qt::AscendingOrder ? 1 : -1;
+  const QPointF centre(rect.right() - 8, rect.bottom() - 8);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(ActiveTheme().primary);
+  painter.drawPolygon(QPolygonF{centre + QPointF(-4, 2 * up), centre + QPointF(4, 2 * up),
+                                centre + QPointF(0, -3 * up)});
 }
 
 bool StackedHeader::viewportEvent(QEvent* event) {

@@ -35,6 +35,7 @@ class StackedHeader : public QHeaderView {
 
  private:
   [[nodiscard]] HeadLines LinesOf(int column) const;
+  void DrawSortMark(QPainter& painter, const QRect& rect) const;
   void FitColumn(int column);
 
   QList<int> family_ends_;

@@ -112,8 +112,10 @@ TEST(BranchChain, HasRoomForAnyNumberOfNodes) {
 }
 
 TEST(KindCard, AnyPlaceOfItChoosesAndADoubleClickGoesOn) {
-  KindCard card(KindPicture::Kind::kOpen);
-  card.SetTexts(" < &Ανοικτό > Σύστημα Σωλήνων ", "Alt+Α", "Ύδρευση με υποδοχείς");
+  KindCard card;
+  card.setProperty("optionName", "OptOpen");
+  card.Option()->setText("< &Ανοικτό > Σύστημα Σωλήνων");
+  EXPECT_EQ(card.findChild<QRadioButton*>("OptOpen"), card.Option());
   card.resize(340, 260);
   card.show();
   EXPECT_FALSE(card.Option()->isChecked());
@@ -122,6 +124,8 @@ TEST(KindCard, AnyPlaceOfItChoosesAndADoubleClickGoesOn) {
   QSignalSpy chosen(&card, &KindCard::Chosen);
   QTest::mouseDClick(&card, Qt::LeftButton, {}, QPoint(170, 60));
   EXPECT_EQ(chosen.size(), 1);
+  QTest::mouseDClick(card.Option(), Qt::LeftButton);
+  EXPECT_EQ(chosen.size(), 2);
 }
 
 TEST(FieldState, RefusalLastsUntilTheNextEdit) {
@@ -232,20 +236,27 @@ QWidget* PipesForLooking() {
     column->addWidget(chain);
   }
   column->addWidget(new PumpPicture);
-  column->addWidget(new TitleArt("Kalvoflume", "Πρόγραμμα Υπολογισμού Σωλήνων Ροής Υγρών", 96, 24));
+  auto* title = new TitleArt;
+  title->SetName("Kalvoflume");
+  title->SetLine("Πρόγραμμα Υπολογισμού Σωλήνων Ροής Υγρών");
+  title->SetLarge(true);
+  column->addWidget(title);
   return card;
 }
 
 QWidget* KindsForLooking() {
   auto* cards = new QWidget;
   auto* row = new QHBoxLayout(cards);
-  auto* closed = new KindCard(KindPicture::Kind::kClosed);
-  closed->SetTexts("< &Κλειστό > Σύστημα Σωλήνων", "Alt+Κ",
-                   "Θέρμανση και ψύξη με σώματα: κόμβοι, προσαγωγή και επιστροφή, αντλία.");
+  auto* closed = new KindCard;
+  closed->Option()->setText("< &Κλειστό > Σύστημα Σωλήνων");
+  closed->SetKeyName("Alt+Κ");
+  closed->SetExplanation("Θέρμανση και ψύξη με σώματα: κόμβοι, προσαγωγή και επιστροφή, αντλία.");
   closed->Option()->setChecked(true);
-  auto* open = new KindCard(KindPicture::Kind::kOpen);
-  open->SetTexts("< &Ανοικτό > Σύστημα Σωλήνων", "Alt+Α",
-                 "Ύδρευση με υποδοχείς: τμήματα και τροφοδότες, ύψη και πιέσεις ροής.");
+  auto* open = new KindCard;
+  open->SetOpenSystem(true);
+  open->Option()->setText("< &Ανοικτό > Σύστημα Σωλήνων");
+  open->SetKeyName("Alt+Α");
+  open->SetExplanation("Ύδρευση με υποδοχείς: τμήματα και τροφοδότες, ύψη και πιέσεις ροής.");
   row->addWidget(closed);
   row->addWidget(open);
   cards->resize(740, 270);
