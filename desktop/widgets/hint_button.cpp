@@ -14,7 +14,7 @@ namespace {
 
 constexpr int kGap = 8;       // icon to caption
 constexpr int kHintGap = 14;  // caption to key name
-constexpr int kIconOnlyWidth = 48;
+constexpr int kIconOnlyWidth = 40;
 constexpr int kTextFlags =
     static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter) | static_cast<int>(Qt::TextShowMnemonic);
 

@@ -40,7 +40,7 @@ TEST(HintButton, MakesRoomForCaptionAndKeyAndShrinksToItsIcon) {
   EXPECT_GT(button.sizeHint().width(), plain + 40);
   EXPECT_EQ(button.text(), "  Παρεμβολή Σειράς  ");
   button.setProperty("iconOnly", true);
-  EXPECT_EQ(button.sizeHint(), QSize(48, 32));
+  EXPECT_EQ(button.sizeHint(), QSize(40, 32));
 }
 
 TEST(WaitCard, CountsTheSections) {
