@@ -7,6 +7,11 @@
 #include "desktop/widgets/stacked_header.h"
 
 namespace kalvo {
+namespace {
+
+constexpr int kEdge = 1;  // the style sheet's line at the right
+
+}  // namespace
 
 FrozenColumns::FrozenColumns(QTableView& table, int columns)
     : QTableView(&table), table_(table), columns_(columns) {
@@ -26,7 +31,7 @@ FrozenColumns::FrozenColumns(QTableView& table, int columns)
 
 void FrozenColumns::TakeOverLook() {
   setFocusProxy(&table_);
-  setFrameShape(QFrame::NoFrame);
+  setProperty("role", "frozen");
   setHorizontalHeader(new StackedHeader(this));
   horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   verticalHeader()->hide();
@@ -54,7 +59,7 @@ void FrozenColumns::Place() {
   const bool scrolled = table_.horizontalScrollBar()->value() > 0;
   setVisible(scrolled);
   if (!scrolled) return;
-  int width = 0;
+  int width = kEdge;
   for (int column = 0; column < model()->columnCount(); ++column) {
     setColumnHidden(column, column >= columns_);
     if (column >= columns_) continue;

@@ -22,7 +22,7 @@ constexpr Entry kEntries[] = {
 };
 
 constexpr QSize kChip(26, 16);
-constexpr int kIcon = 12;
+constexpr int kIcon = 14;
 constexpr int kTextGap = 6;
 constexpr int kEntryGap = 16;
 
