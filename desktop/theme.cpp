@@ -5,7 +5,6 @@
 #include <QIcon>
 #include <QRegularExpression>
 #include <QToolTip>
-#include <memory>
 
 #include "desktop/theme_style.h"
 
@@ -156,7 +155,7 @@ QFont ThemeFont(double points, bool bold) {
 }
 
 void ApplyTheme(QApplication& app, const Theme& theme) {
-  app.setStyle(std::make_unique<ThemeStyle>().release());
+  app.setStyle(new ThemeStyle);  // which takes it over
   app.setPalette(PaletteOf(theme));
   QToolTip::setPalette(PaletteOf(theme));
   app.setFont(ThemeFont(kBodyPoints));

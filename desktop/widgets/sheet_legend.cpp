@@ -54,7 +54,7 @@ void SheetLegend::paintEvent(QPaintEvent*) {
   painter.setFont(ThemeFont(kHintPoints));
   int left = 0;
   for (const Entry& entry : kEntries) {
-    const QRectF chip(left + 0.5, (height() - kChip.height()) / 2 + 0.5, kChip.width() - 1,
+    const QRectF chip(left + 0.5, (height() - kChip.height()) / 2.0 + 0.5, kChip.width() - 1,
                       kChip.height() - 1);
     painter.setPen(theme.*entry.edge);
     painter.setBrush(theme.*entry.ground);
