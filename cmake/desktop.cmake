@@ -5,7 +5,8 @@ find_package(Qt6 6.4 REQUIRED COMPONENTS Widgets Svg Network)
 kalvo_floor(desktop DEPENDS platform ALSO desktop/widgets EXCLUDE main.cpp)
 if(TARGET kalvo_desktop)
   target_link_libraries(kalvo_desktop PUBLIC Qt6::Widgets Qt6::Svg Qt6::Network)
-  target_compile_definitions(kalvo_desktop PUBLIC QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII)
+  target_compile_definitions(kalvo_desktop PUBLIC QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII
+                             KALVO_VERSION="${PROJECT_VERSION}")
   # The last one: CMake 3.25 does not look again by itself when a header is added.
   set_target_properties(
     kalvo_desktop

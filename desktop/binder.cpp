@@ -6,11 +6,14 @@
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QContextMenuEvent>
+#include <QDeadlineTimer>
 #include <QLabel>
 #include <QLayout>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QProgressBar>
+#include <QTimer>
 #include <algorithm>
 #include <exception>
 
@@ -18,6 +21,8 @@
 
 namespace kalvo {
 namespace {
+
+constexpr int kSelfRunnerStepMs = 40;
 
 bool IsOperable(const QWidget& widget) {
   return qobject_cast<const QAbstractButton*>(&widget) != nullptr ||
@@ -56,6 +61,7 @@ Binder::Binder(Form& form, QWidget& window, Hooks hooks)
     : form_(form), window_(window), hooks_(std::move(hooks)) {
   BindParts();
   BindMenus();
+  BindSelfRunner();
   window_.installEventFilter(this);
   for (QWidget* child : window_.findChildren<QWidget*>()) {
     child->installEventFilter(this);
@@ -79,6 +85,21 @@ void Binder::BindParts() {
       stray_widgets_.push_back(widget->objectName());
     }
   }
+}
+
+void Binder::BindSelfRunner() {
+  if (form_.runs_by_itself == nullptr) return;
+  const int whole = static_cast<int>(form_.after_seconds * 1000);
+  auto* bar = window_.findChild<QProgressBar*>();
+  if (bar != nullptr) bar->setRange(0, whole);
+  auto* step = new QTimer(this);
+  connect(step, &QTimer::timeout, this, [this, bar, whole, step, since = QDeadlineTimer(whole)] {
+    if (bar != nullptr) bar->setValue(whole - static_cast<int>(since.remainingTime()));
+    if (!since.hasExpired()) return;
+    step->stop();
+    Do([&] { form_.Run(*form_.runs_by_itself); });
+  });
+  step->start(kSelfRunnerStepMs);
 }
 
 QMenu* Binder::MakeMenu(const Menu& menu) {
@@ -220,6 +241,10 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
           if (form_.MayClose()) hooks_.close_window();
         });
       }
+      return true;
+    case QEvent::MouseButtonPress:
+      if (form_.runs_by_itself == nullptr || watched != &window_) return false;
+      Do([&] { form_.Run(*form_.runs_by_itself); });
       return true;
     case QEvent::ContextMenu:
       if (form_.popup.entries.empty() || qobject_cast<QLineEdit*>(watched) != nullptr) return false;

@@ -40,6 +40,7 @@ class Binder : public QObject {
  private:
   void BindParts();
   void BindMenus();
+  void BindSelfRunner();
   QMenu* MakeMenu(const Menu& menu);
   void ShowPopup(const QPoint& at);
   bool KeyPressed(QObject* watched, const QKeyEvent& event);

@@ -71,6 +71,9 @@ Windows::Open& Windows::OpenScreen(const Screen& screen, bool modal) {
   open.window = std::make_unique<QWidget>();
   screen.set_up(*open.window);
   open.window->setObjectName(ToQt(screen.name));
+  if (open.window->property("frameless").toBool()) {
+    open.window->setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
+  }
   if (modal) open.window->setWindowModality(Qt::ApplicationModal);
   open_.push_back(std::move(made));
   open.form = screen.make(*desk_);
@@ -140,6 +143,15 @@ void Windows::Hide(std::string_view screen) {
   if (Open* open = Find(screen)) open->window->hide();
 }
 
+void Windows::BringToFront() {
+  for (const auto& open : open_) {
+    if (!open->window->isVisible()) continue;
+    open->window->setWindowState(open->window->windowState() & ~Qt::WindowMinimized);
+    open->window->raise();
+    open->window->activateWindow();
+  }
+}
+
 void Windows::PaintAll() {
   for (std::size_t i = 0; i < open_.size(); ++i) {
     if (open_[i]->binder) open_[i]->binder->Paint();
@@ -169,8 +181,9 @@ void Windows::Remember(const QWidget& window) {
 }
 
 void Windows::Restore(QWidget& window) {
-  const QSize free_area = QApplication::primaryScreen()->availableSize();
-  window.resize(window.size().boundedTo(free_area));
+  const QRect free_area = QApplication::primaryScreen()->availableGeometry();
+  window.resize(window.size().boundedTo(free_area.size()));
+  window.move(free_area.center() - window.rect().center());
   if (!settings_) return;
   window.restoreGeometry(settings_->value(GeometryKey(window)).toByteArray());
   for (QSplitter* splitter : window.findChildren<QSplitter*>()) {

@@ -39,6 +39,8 @@ class Windows : public QObject, public Navigator {
   [[nodiscard]] Form* FormOf(std::string_view screen) const;
   [[nodiscard]] QWidget* WindowOf(std::string_view screen) const;
 
+  /// Brings the windows that are visible before those of other programs.
+  void BringToFront();
   /// Brings every window up to date.
   void PaintAll();
 

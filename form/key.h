@@ -57,6 +57,9 @@ constexpr Key Ctrl(KeyCode code) { return {code, 0, true, false, false}; }
 constexpr Key Ctrl(char letter) {
   return {KeyCode::kCharacter, static_cast<char32_t>(letter), true, false, false};
 }
+constexpr Key Alt(char letter) {
+  return {KeyCode::kCharacter, static_cast<char32_t>(letter), false, false, true};
+}
 constexpr Key Typed(char32_t character) {
   return {KeyCode::kCharacter, character, false, false, false};
 }

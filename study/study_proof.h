@@ -13,13 +13,14 @@ namespace kalvo {
 const SectionRow& HeaderRow(const std::vector<SectionRow>& rows);
 
 /// Which record and field is no finite number, as a reason for an error; empty when all are.
+/// Reserved fields are never used: what they hold does not matter.
 template <typename Row>
 std::string FirstBadNumber(const std::vector<Row>& rows) {
   for (std::size_t i = 0; i < rows.size(); ++i) {
     std::string field;
     ForEachField(rows[i], [&field](std::string_view name, const auto& value) {
       if constexpr (std::is_same_v<std::decay_t<decltype(value)>, float>) {
-        if (field.empty() && !std::isfinite(value)) {
+        if (field.empty() && !name.starts_with("reserved") && !std::isfinite(value)) {
           field = name;
         }
       }

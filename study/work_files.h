@@ -39,5 +39,7 @@ inline constexpr std::array kAll = {
 constexpr const char* kRecentFiles = "RecentFiles.txt";
 constexpr const char* kFluids = "Liquids.dat";
 constexpr const char* kFluidsRebuilt = "Liquids.@@@";
+constexpr const char* kOptions = "Kalvoflume.opt";
+constexpr const char* kDataFolder = "~vamo.wpf";
 
 }  // namespace kalvo::work_file

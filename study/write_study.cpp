@@ -3,6 +3,7 @@
 #include "study/family_save.h"
 #include "study/fluid_library.h"
 #include "study/study_reset.h"
+#include "study/tables.h"
 #include "study/text_lines.h"
 
 namespace kalvo {
@@ -38,7 +39,9 @@ Result<std::string> PrepareRows(Workbench& bench) {
   if (Outcome loaded = LoadPipeSystem(bench); !loaded) {
     return loaded.error();
   }
+  const auto outlets = static_cast<std::int16_t>(RowsWithEmitter(*rows).size());
   for (SectionRow& row : rows.value()) {
+    row.Outlets = outlets;  // whatever a foreign file told
     row.Material = FixedText<78>::FromUtf8(study.pipe_material);
     if (!ResultsStand(study)) {
       ClearRowResults(study, row);

@@ -1,0 +1,95 @@
+#include "shell/program_folder.h"
+
+#include <algorithm>
+
+#include "study/letter_case.h"
+#include "study/path_text.h"
+#include "study/study_extensions.h"
+
+namespace kalvo {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* kOwnFolder = "kalvoflume";
+constexpr const char* kProbe = "kalvoflume.probe~";
+
+std::string Variable(const Surroundings& surroundings, const std::string& name) {
+  const auto found = surroundings.environment.find(name);
+  return found == surroundings.environment.end() ? std::string() : found->second;
+}
+
+// A folder of the user's own: the variable, or `below` in the home folder.
+fs::path UserFolder(const Surroundings& surroundings, const std::string& variable,
+                    const char* below) {
+  const std::string given = Variable(surroundings, variable);
+  if (given.starts_with('/')) return fs::path(given) / kOwnFolder;
+  const std::string home = Variable(surroundings, "HOME");
+  return fs::path(home.empty() ? "/tmp" : home) / below / kOwnFolder;
+}
+
+bool HoldsLibraries(const Disk& disk, const fs::path& folder) {
+  return std::ranges::any_of(disk.List(folder), [](const std::string& name) {
+    return EqualIgnoringCase(fs::path(name).extension().string(), ".wpt");
+  });
+}
+
+bool CanBeWritten(Disk& disk, const fs::path& folder) {
+  const fs::path probe = folder / kProbe;
+  const bool written = disk.Write(probe, "").ok();
+  return written && disk.Remove(probe).ok();
+}
+
+bool IsFolder(const Disk& disk, const fs::path& path) {
+  const auto status = disk.Status(path);
+  return status && status->is_folder;
+}
+
+fs::path FindFolder(Disk& disk, const Surroundings& surroundings, const fs::path& argument) {
+  if (!argument.empty() && IsFolder(disk, argument)) return argument;
+  if (const std::string home = Variable(surroundings, "KALVOFLUME_HOME"); !home.empty()) {
+    return fs::absolute(PathFromText(home));
+  }
+  const fs::path& own = surroundings.executable_folder;
+  if (HoldsLibraries(disk, own) && CanBeWritten(disk, own)) return own;
+  return UserFolder(surroundings, "XDG_DATA_HOME", ".local/share");
+}
+
+// Copies the files of `from` that `to` lacks, whatever the case of their names.
+Outcome CopyMissing(Disk& disk, const fs::path& from, const fs::path& to) {
+  for (const std::string& name : disk.List(from)) {
+    const fs::path source = from / name;
+    if (IsFolder(disk, source) || FindIgnoringCase(disk, to, name)) continue;
+    auto bytes = disk.Read(source);
+    if (!bytes) continue;
+    if (Outcome written = ReplaceFile(disk, to / name, std::move(*bytes)); !written) return written;
+  }
+  return Done{};
+}
+
+}  // namespace
+
+ProgramPlaces FindPlaces(Disk& disk, const Surroundings& surroundings) {
+  ProgramPlaces places;
+  fs::path argument;
+  if (!surroundings.argument.empty()) {
+    argument = fs::absolute(PathFromText(surroundings.argument.string())).lexically_normal();
+  }
+  places.folder = FindFolder(disk, surroundings, argument);
+  places.state_folder = UserFolder(surroundings, "XDG_STATE_HOME", ".local/state");
+  const bool is_study = KindOfName(argument.filename().string()) != SystemKind::kNone;
+  if (is_study && !IsFolder(disk, argument)) places.study = argument;
+  return places;
+}
+
+Outcome FillProgramFolder(Disk& disk, const fs::path& folder, const fs::path& installed) {
+  if (Outcome made = disk.MakeFolder(folder); !made) return made;
+  const bool first = !HoldsLibraries(disk, folder);
+  if (Outcome copied = CopyMissing(disk, installed / "library", folder); !copied) return copied;
+  if (!first) return Done{};
+  const fs::path studies = folder / "PFILES";
+  if (Outcome made = disk.MakeFolder(studies); !made) return made;
+  return CopyMissing(disk, installed / "samples", studies);
+}
+
+}  // namespace kalvo

@@ -1,0 +1,87 @@
+#include "shell/program_folder.h"
+
+#include <gtest/gtest.h>
+
+#include "shell/options.h"
+#include "shell/program_log.h"
+#include "study/memory_disk.h"
+#include "tests/support/failing_disk.h"
+#include "tests/support/test_bench.h"
+
+namespace kalvo {
+namespace {
+
+void Put(Disk& disk, const std::string& path, std::string bytes = "x") {
+  ASSERT_TRUE(disk.MakeFolder(std::filesystem::path(path).parent_path()).ok());
+  ASSERT_TRUE(disk.Write(path, std::move(bytes)).ok());
+}
+
+TEST(ProgramFolder, IsFoundInTheOrderOfWhatWasSaid) {
+  MemoryDisk disk;
+  Put(disk, "/stick/0001.WPT");
+  Put(disk, "/given/readme");
+  Put(disk, "/home/eleni/a.PCA");
+  Surroundings start{"", "/usr/bin", {{"HOME", "/home/eleni"}}};
+  EXPECT_EQ(FindPlaces(disk, start).folder, "/home/eleni/.local/share/kalvoflume");
+  EXPECT_EQ(FindPlaces(disk, start).state_folder, "/home/eleni/.local/state/kalvoflume");
+  start.environment["XDG_DATA_HOME"] = "/data";
+  EXPECT_EQ(FindPlaces(disk, start).folder, "/data/kalvoflume");
+  start.executable_folder = "/stick";
+  EXPECT_EQ(FindPlaces(disk, start).folder, "/stick");
+  start.environment["KALVOFLUME_HOME"] = "/own";
+  EXPECT_EQ(FindPlaces(disk, start).folder, "/own");
+  start.argument = "/home/eleni/a.PCA";
+  EXPECT_EQ(FindPlaces(disk, start).folder, "/own");
+  EXPECT_EQ(FindPlaces(disk, start).study, "/home/eleni/a.PCA");
+  start.argument = "/given";
+  EXPECT_EQ(FindPlaces(disk, start).folder, "/given");
+  EXPECT_TRUE(FindPlaces(disk, start).study.empty());
+}
+
+TEST(ProgramFolder, GetsWhatItLacksAndKeepsWhatItHas) {
+  MemoryDisk disk;
+  Put(disk, "/share/library/0001.WPT", "new one");
+  Put(disk, "/share/library/Liquids.dat", "fluids");
+  Put(disk, "/share/samples/hotel.PCK", "hotel");
+  ASSERT_TRUE(FillProgramFolder(disk, "/home/k", "/share").ok());
+  EXPECT_EQ(*disk.Read("/home/k/PFILES/hotel.PCK"), "hotel");
+
+  Put(disk, "/home/k/0001.WPT", "my own");
+  Put(disk, "/share/library/0002.WPT", "added later");
+  ASSERT_TRUE(disk.Remove("/home/k/PFILES/hotel.PCK").ok());
+  ASSERT_TRUE(FillProgramFolder(disk, "/home/k", "/share").ok());
+  EXPECT_EQ(*disk.Read("/home/k/0001.WPT"), "my own");
+  EXPECT_EQ(*disk.Read("/home/k/0002.WPT"), "added later");
+  EXPECT_FALSE(disk.Exists("/home/k/PFILES/hotel.PCK")) << "a sample thrown away stays away";
+}
+
+TEST(ProgramLog, RewritesItsOwnRecordAndLeavesOthers) {
+  MemoryDisk disk;
+  const std::string other = "OTHER.EXE" + std::string(241, ' ');
+  Put(disk, "/state/VamoProgs.log", other + "rest");
+  RecordProgram(disk, "/state", "/program");
+  RecordProgram(disk, "/state", "/elsewhere");
+  const std::string log = *disk.Read("/state/VamoProgs.log");
+  EXPECT_EQ(log.size(), 500U);
+  EXPECT_EQ(log.substr(0, 250), other);
+  const auto row = DecodeRecord<ProgramRow>(log.data() + 250);
+  EXPECT_EQ(row.program.Utf8(), "KALVO.EXE");
+  EXPECT_EQ(row.folder.Utf8(), "/elsewhere");
+  EXPECT_EQ(row.display_name.Utf8(), "Kalvoflume");
+}
+
+TEST(RememberedOptions, ComeBackAndABrokenFileIsAsAtFirst) {
+  TestBench bench;
+  EXPECT_FALSE(ReadOptions(bench.workspace).SoundOn);
+  EXPECT_TRUE(ReadOptions(bench.workspace).ChkDataKind);
+  Options options{true, false, false};
+  ASSERT_TRUE(WriteOptions(bench.workspace, options).ok());
+  EXPECT_TRUE(ReadOptions(bench.workspace).SoundOn);
+  EXPECT_FALSE(ReadOptions(bench.workspace).ChkDataKind);
+  ASSERT_TRUE(bench.workspace.Write(work_file::kOptions, "\x01SoundOn=9\nChkDataKind=0").ok());
+  EXPECT_FALSE(ReadOptions(bench.workspace).SoundOn);
+  EXPECT_FALSE(ReadOptions(bench.workspace).ChkDataKind);
+}
+
+}  // namespace
+}  // namespace kalvo
