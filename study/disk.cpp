@@ -1,8 +1,17 @@
 #include "study/disk.h"
 
 #include "study/letter_case.h"
+#include "study/unicode_form.h"
 
 namespace kalvo {
+
+Result<std::string> Disk::ReadHead(const std::filesystem::path& path, std::size_t length) const {
+  Result<std::string> bytes = Read(path);
+  if (bytes && bytes->size() > length) {
+    bytes.value().resize(length);
+  }
+  return bytes;
+}
 
 Outcome ReplaceFile(Disk& disk, const std::filesystem::path& path, std::string bytes) {
   std::filesystem::path beside = path;
@@ -20,9 +29,9 @@ Outcome ReplaceFile(Disk& disk, const std::filesystem::path& path, std::string b
 
 std::optional<std::string> FindIgnoringCase(const Disk& disk, const std::filesystem::path& folder,
                                             std::string_view name) {
-  const std::string wanted = LowerCase(name);
+  const std::string wanted = LowerCase(ComposedForm(name));
   for (std::string& entry : disk.List(folder)) {
-    if (LowerCase(entry) == wanted) {
+    if (LowerCase(ComposedForm(entry)) == wanted) {
       return std::move(entry);
     }
   }

@@ -27,12 +27,16 @@ class Disk {
       const std::filesystem::path& path) const = 0;
   /// The whole file.
   [[nodiscard]] virtual Result<std::string> Read(const std::filesystem::path& path) const = 0;
+  /// The first `length` bytes, fewer when the file is shorter.
+  [[nodiscard]] virtual Result<std::string> ReadHead(const std::filesystem::path& path,
+                                                     std::size_t length) const;
   /// Creates or truncates the file and writes every byte; a short write is an error.
   virtual Outcome Write(const std::filesystem::path& path, std::string bytes) = 0;
   /// Forces a file's bytes, or a folder's names, onto the medium.
   virtual Outcome Flush(const std::filesystem::path& path) = 0;
   /// Gives `from` the name `to`, replacing what stood there.
   virtual Outcome Rename(const std::filesystem::path& from, const std::filesystem::path& to) = 0;
+  /// Removes a file, or a folder that is empty.
   virtual Outcome Remove(const std::filesystem::path& path) = 0;
   /// Makes the folder and those above it.
   virtual Outcome MakeFolder(const std::filesystem::path& path) = 0;
@@ -52,7 +56,8 @@ constexpr const char* kBesideEnd = ".new~";
 /// A failed write leaves the old file and no rest behind.
 Outcome ReplaceFile(Disk& disk, const std::filesystem::path& path, std::string bytes);
 
-/// The entry of `folder` that is `name` ignoring case (Latin and Greek), the first in name order.
+/// The entry of `folder` that is `name` ignoring case (Latin and Greek) and the form in which
+/// accents are written (ComposedForm()), the first in name order.
 std::optional<std::string> FindIgnoringCase(const Disk& disk, const std::filesystem::path& folder,
                                             std::string_view name);
 

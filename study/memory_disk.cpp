@@ -1,5 +1,7 @@
 #include "study/memory_disk.h"
 
+#include <algorithm>
+
 namespace kalvo {
 
 namespace {
@@ -9,6 +11,9 @@ FileError Missing(const std::filesystem::path& path) { return {path, "Το αρ�
 }  // namespace
 
 std::optional<FileStatus> MemoryDisk::Status(const std::filesystem::path& path) const {
+  if (folders_.contains(path)) {
+    return FileStatus{0, true, 0};
+  }
   const auto found = files_.find(path);
   if (found == files_.end()) {
     return std::nullopt;
@@ -43,13 +48,25 @@ Outcome MemoryDisk::Rename(const std::filesystem::path& from, const std::filesys
 }
 
 Outcome MemoryDisk::Remove(const std::filesystem::path& path) {
-  if (files_.erase(path) == 0) {
+  if (folders_.contains(path) && !List(path).empty()) {
+    return FileError{path, "Ο φάκελος δεν είναι άδειος"};
+  }
+  if (files_.erase(path) == 0 && folders_.erase(path) == 0) {
     return Missing(path);
   }
   return Done{};
 }
 
-Outcome MemoryDisk::MakeFolder(const std::filesystem::path& /*path*/) { return Done{}; }
+Outcome MemoryDisk::MakeFolder(const std::filesystem::path& path) {
+  for (std::filesystem::path at = path.has_filename() ? path : path.parent_path();
+       at.has_relative_path(); at = at.parent_path()) {
+    if (files_.contains(at)) {
+      return FileError{at, "Ο φάκελος δεν υπάρχει"};
+    }
+    folders_.insert(at);
+  }
+  return Done{};
+}
 
 std::vector<std::string> MemoryDisk::List(const std::filesystem::path& folder) const {
   std::vector<std::string> names;
@@ -58,6 +75,12 @@ std::vector<std::string> MemoryDisk::List(const std::filesystem::path& folder) c
       names.push_back(path.filename().string());
     }
   }
+  for (const std::filesystem::path& path : folders_) {
+    if (path.parent_path() == folder) {
+      names.push_back(path.filename().string());
+    }
+  }
+  std::sort(names.begin(), names.end());
   return names;
 }
 

@@ -1,13 +1,14 @@
 #pragma once
 
 #include <map>
+#include <set>
 
 #include "study/disk.h"
 
 namespace kalvo {
 
 /// Files that live and die with the object: the work folder of the command line and of tests.
-/// Every folder exists.
+/// Every folder can be written to; those made are listed too.
 class MemoryDisk : public Disk {
  public:
   [[nodiscard]] std::optional<FileStatus> Status(const std::filesystem::path& path) const override;
@@ -21,6 +22,7 @@ class MemoryDisk : public Disk {
 
  private:
   std::map<std::filesystem::path, std::string> files_;
+  std::set<std::filesystem::path> folders_;
 };
 
 }  // namespace kalvo

@@ -8,6 +8,7 @@
 #include <array>
 #include <cerrno>
 #include <cstdio>
+#include <limits>
 #include <system_error>
 #include <utility>
 
@@ -17,7 +18,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::array<std::pair<int, std::string_view>, 12> kReasons = {{
+constexpr std::array<std::pair<int, std::string_view>, 13> kReasons = {{
     {ENOENT, "Το αρχείο δεν υπάρχει"},
     {ENOTDIR, "Ο φάκελος δεν υπάρχει"},
     {EACCES, "Δεν επιτρέπεται η πρόσβαση"},
@@ -27,6 +28,7 @@ constexpr std::array<std::pair<int, std::string_view>, 12> kReasons = {{
     {EDQUOT, "Ο δίσκος είναι γεμάτος"},
     {EFBIG, "Το αρχείο ξεπερνά το επιτρεπτό μέγεθος"},
     {EISDIR, "Είναι φάκελος και όχι αρχείο"},
+    {ENOTEMPTY, "Ο φάκελος δεν είναι άδειος"},
     {ENAMETOOLONG, "Το όνομα του αρχείου είναι πολύ μακρύ"},
     {EMFILE, "Είναι ανοικτά πάρα πολλά αρχεία"},
     {EIO, "Σφάλμα του δίσκου"},
@@ -92,6 +94,10 @@ std::optional<FileStatus> RealDisk::Status(const fs::path& path) const {
 }
 
 Result<std::string> RealDisk::Read(const fs::path& path) const {
+  return ReadHead(path, std::numeric_limits<std::size_t>::max());
+}
+
+Result<std::string> RealDisk::ReadHead(const fs::path& path, std::size_t length) const {
   const Descriptor file(path, O_RDONLY);
   struct stat found {};
   if (!file.is_open() || fstat(file.number(), &found) != 0) {
@@ -100,7 +106,7 @@ Result<std::string> RealDisk::Read(const fs::path& path) const {
   if (!S_ISREG(found.st_mode)) {
     return FileError{path, "Δεν είναι κανονικό αρχείο"};
   }
-  std::string bytes(static_cast<std::size_t>(found.st_size), '\0');
+  std::string bytes(std::min(length, static_cast<std::size_t>(found.st_size)), '\0');
   std::size_t filled = 0;
   while (filled < bytes.size()) {
     const ssize_t got = read(file.number(), bytes.data() + filled, bytes.size() - filled);
@@ -151,7 +157,7 @@ Outcome RealDisk::Rename(const fs::path& from, const fs::path& to) {
 }
 
 Outcome RealDisk::Remove(const fs::path& path) {
-  if (unlink(path.c_str()) != 0) {
+  if (unlink(path.c_str()) != 0 && (errno != EISDIR || rmdir(path.c_str()) != 0)) {
     return LastError(path);
   }
   return Done{};

@@ -9,6 +9,8 @@ class RealDisk : public Disk {
  public:
   [[nodiscard]] std::optional<FileStatus> Status(const std::filesystem::path& path) const override;
   [[nodiscard]] Result<std::string> Read(const std::filesystem::path& path) const override;
+  [[nodiscard]] Result<std::string> ReadHead(const std::filesystem::path& path,
+                                             std::size_t length) const override;
   Outcome Write(const std::filesystem::path& path, std::string bytes) override;
   Outcome Flush(const std::filesystem::path& path) override;
   Outcome Rename(const std::filesystem::path& from, const std::filesystem::path& to) override;

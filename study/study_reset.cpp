@@ -1,29 +1,14 @@
 #include "study/study_reset.h"
 
 #include <algorithm>
-#include <array>
-#include <ctime>
 
 #include "study/codepage.h"
+#include "study/date_text.h"
 #include "study/fluid_library.h"
 #include "study/letter_case.h"
 #include "study/path_text.h"
 
 namespace kalvo {
-
-namespace {
-
-template <std::size_t N>
-std::string TimeText(std::int64_t seconds, const char (&format)[N]) {
-  const auto at = static_cast<std::time_t>(seconds);
-  std::tm local{};
-  localtime_r(&at, &local);
-  std::array<char, 32> text{};
-  const std::size_t length = std::strftime(text.data(), text.size(), format, &local);
-  return {text.data(), length};
-}
-
-}  // namespace
 
 std::string_view BaseOf(std::string_view file_name) {
   return file_name.substr(0, file_name.size() - std::min(file_name.size(), kStudyExtensionLength));
@@ -69,8 +54,8 @@ void RebuildNameState(Workbench& bench) {
   study.study_base_name = BaseOf(study.study_short_name);
   study.study_folder = study.study_path.parent_path();
   const auto status = bench.workspace.outer_disk().Status(study.study_path);
-  study.study_date = status ? TimeText(status->modified, "%d/%m/%Y") : "";
-  study.study_time = status ? TimeText(status->modified, "%H:%M:%S") : "";
+  study.study_date = status ? DateText(status->modified) : "";
+  study.study_time = status ? ClockText(status->modified) : "";
 }
 
 void ResetStudy(Workbench& bench) {

@@ -37,6 +37,10 @@ inline constexpr std::array kAll = {
 
 /// Files that outlive a study.
 constexpr const char* kRecentFiles = "RecentFiles.txt";
+constexpr const char* kRecentFilesRebuilt = "RecentFiles.@@@";
+constexpr const char* kStudiesIndex = "Studies.std";
+constexpr const char* kDataFolder = "~vamo.wpf";
+constexpr const char* kOptions = "Kalvoflume.opt";
 constexpr const char* kFluids = "Liquids.dat";
 constexpr const char* kFluidsRebuilt = "Liquids.@@@";
 constexpr const char* kOptions = "Kalvoflume.opt";

@@ -33,6 +33,9 @@ class Workspace {
   }
 
   [[nodiscard]] bool Exists(std::string_view name) const { return work_disk_->Exists(Path(name)); }
+  [[nodiscard]] std::optional<FileStatus> Status(std::string_view name) const {
+    return work_disk_->Status(Path(name));
+  }
   /// True when the file is there and not empty.
   [[nodiscard]] bool HasBytes(std::string_view name) const;
   [[nodiscard]] Result<std::string> Read(std::string_view name) const;
@@ -46,6 +49,7 @@ class Workspace {
   /// Deletes every file of a study in work.
   void DeleteWorkFiles();
   void Pause() const { clock_->Pause(kReplacePause); }
+  [[nodiscard]] std::int64_t Now() const { return clock_->Now(); }
 
  private:
   Disk* work_disk_;

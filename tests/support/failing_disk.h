@@ -19,6 +19,10 @@ class ForwardingDisk : public Disk {
   [[nodiscard]] Result<std::string> Read(const std::filesystem::path& path) const override {
     return inner_.Read(path);
   }
+  [[nodiscard]] Result<std::string> ReadHead(const std::filesystem::path& path,
+                                             std::size_t length) const override {
+    return inner_.ReadHead(path, length);
+  }
   Outcome Write(const std::filesystem::path& path, std::string bytes) override {
     return inner_.Write(path, bytes);
   }

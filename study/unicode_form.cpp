@@ -1,0 +1,75 @@
+#include "study/unicode_form.h"
+
+#include <algorithm>
+#include <array>
+
+#include "study/codepage.h"
+
+namespace kalvo {
+
+namespace {
+
+// A mark, and the letters that take it beside what they become.
+struct Mark {
+  char32_t mark;
+  std::u32string_view letters;
+  std::u32string_view composed;
+};
+
+constexpr std::array<Mark, 10> kMarks = {{
+    {0x0301, U"ΑΕΗΙΟΥΩαεηιουω", U"ΆΈΉΊΌΎΏάέήίόύώ"},
+    {0x0301, U"\u03CA\u03CB", U"\u0390\u03B0"},  // ϊ and ϋ
+    {0x0308, U"ΙΥιυ", U"ΪΫϊϋ"},
+    {0x0301, U"AEIOUYaeiouy", U"ÁÉÍÓÚÝáéíóúý"},
+    {0x0300, U"AEIOUaeiou", U"ÀÈÌÒÙàèìòù"},
+    {0x0302, U"AEIOUaeiou", U"ÂÊÎÔÛâêîôû"},
+    {0x0303, U"ANOano", U"ÃÑÕãñõ"},
+    {0x0308, U"AEIOUaeiouy", U"ÄËÏÖÜäëïöüÿ"},
+    {0x030A, U"Aa", U"Åå"},
+    {0x0327, U"Cc", U"Çç"},
+}};
+
+static_assert(std::all_of(kMarks.begin(), kMarks.end(), [](const Mark& mark) {
+  return mark.letters.size() == mark.composed.size();
+}));
+
+// The letter with the mark in it; 0 when there is none.
+char32_t Compose(char32_t letter, char32_t mark) {
+  for (const Mark& row : kMarks) {
+    const std::size_t at = row.mark == mark ? row.letters.find(letter) : std::u32string_view::npos;
+    if (at != std::u32string_view::npos) {
+      return row.composed[at];
+    }
+  }
+  return 0;
+}
+
+bool IsAscii(std::string_view text) {
+  return std::all_of(text.begin(), text.end(),
+                     [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+}  // namespace
+
+std::string ComposedForm(std::string_view utf8) {
+  if (IsAscii(utf8)) {
+    return std::string(utf8);
+  }
+  std::u32string characters;
+  while (!utf8.empty()) {
+    const char32_t next = TakeCharacter(utf8);
+    const char32_t composed = characters.empty() ? 0 : Compose(characters.back(), next);
+    if (composed != 0) {
+      characters.back() = composed;
+    } else {
+      characters.push_back(next);
+    }
+  }
+  std::string text;
+  for (const char32_t character : characters) {
+    AppendUtf8(text, character);
+  }
+  return text;
+}
+
+}  // namespace kalvo

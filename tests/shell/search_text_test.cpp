@@ -1,0 +1,36 @@
+#include "shell/search_text.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace kalvo {
+namespace {
+
+TEST(SearchText, AccentsCaseAndFinalSigmaDoNotCount) {
+  for (const char* same : {"ΘΕΡΜΑΝΣΗΣ ΑΫΛΗ", "θέρμανσης άϋλη", "ΘΈΡΜΑΝΣΗΣ αυλή",
+                           "θε\u0301ρμανσησ αυ\u0308λη", "θ\u1F73ρμανσης ἀυλῆ"}) {
+    EXPECT_EQ(SearchKey(same), "θερμανσησ αυλη") << same;
+  }
+  EXPECT_EQ(SearchKey("ΐΰ ÇÀ 12µ"), "ιυ ca 12μ");
+}
+
+TEST(SearchText, TypingFindsTheBeginningOfAWord) {
+  const char* const title = "Πολυκατοικία (Άνω Πόλη) no 12";
+  for (const char* typed : {"", "πολ", "ΠΌΛΗ", "ανω πο", "12", "No"}) {
+    EXPECT_TRUE(MatchesTypeAhead(title, typed)) << typed;
+  }
+  for (const char* typed : {"κατ", "ολη", "2", "πολυκατοικιες"}) {
+    EXPECT_FALSE(MatchesTypeAhead(title, typed)) << typed;
+  }
+}
+
+TEST(SearchText, ListsStandInTheOrderOfTheAlphabet) {
+  std::vector<std::string> names = {"Ω", "ύδρα", "Beta", "Αχ", "άβ", "10", "ΆΒ", "alpha"};
+  std::sort(names.begin(), names.end(), StandsBefore);
+  EXPECT_EQ(names,
+            (std::vector<std::string>{"10", "alpha", "Beta", "ΆΒ", "άβ", "Αχ", "ύδρα", "Ω"}));
+}
+
+}  // namespace
+}  // namespace kalvo
