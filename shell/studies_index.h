@@ -22,9 +22,10 @@ struct StudyTitleRow {
 
   static constexpr auto kFields = std::make_tuple(
       RecordField{"Number", &StudyTitleRow::Number}, RecordField{"Title", &StudyTitleRow::Title},
-      RecordField{"Folder", &StudyTitleRow::Folder}, RecordField{"FileName", &StudyTitleRow::FileName},
-      RecordField{"FileDate", &StudyTitleRow::FileDate}, RecordField{"FileTime", &StudyTitleRow::FileTime},
-      RecordField{"rest", &StudyTitleRow::rest});
+      RecordField{"Folder", &StudyTitleRow::Folder},
+      RecordField{"FileName", &StudyTitleRow::FileName},
+      RecordField{"FileDate", &StudyTitleRow::FileDate},
+      RecordField{"FileTime", &StudyTitleRow::FileTime}, RecordField{"rest", &StudyTitleRow::rest});
 };
 static_assert(RecordSize<StudyTitleRow>() == 526);
 

@@ -43,7 +43,5 @@ constexpr const char* kDataFolder = "~vamo.wpf";
 constexpr const char* kOptions = "Kalvoflume.opt";
 constexpr const char* kFluids = "Liquids.dat";
 constexpr const char* kFluidsRebuilt = "Liquids.@@@";
-constexpr const char* kOptions = "Kalvoflume.opt";
-constexpr const char* kDataFolder = "~vamo.wpf";
 
 }  // namespace kalvo::work_file
