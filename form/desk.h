@@ -31,6 +31,8 @@ struct ScreenState {
   bool returning_from_results = false;
   bool returning_from_data = false;
   bool returning_from_files = false;
+  std::filesystem::path chosen_file;     ///< what a file dialog chose; empty: "Escape"
+  bool chosen_recent = false;            ///< it was chosen from the recent files
   bool asked_to_leave_saved = false;     ///< message 135 was shown in this run
   std::filesystem::path study_argument;  ///< to be opened at start; empty: none
   std::string viewer;                    ///< `FrmEditor`: "NotePad", "WordPad" or nothing

@@ -73,7 +73,7 @@ bool RowsAreSaved(const Workbench& bench) {
   const auto rows = bench.workspace.Read(work_file::kRows);
   if (!rows || rows->empty()) return true;
   const fs::path& path = bench.study.study_path;
-  if (path.empty() || path == kEscape) return false;
+  if (path.empty() || path == kEscapePath) return false;
   const Disk& disk = bench.workspace.outer_disk();
   const auto saved = disk.Read(AsInFolder(disk, path));
   return saved && *saved == *rows;

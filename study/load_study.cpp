@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "study/digest.h"
 #include "study/family_save.h"
 #include "study/fluid_library.h"
 #include "study/recent_files.h"
@@ -219,6 +220,9 @@ Outcome TakeOver(Workbench& bench, const FoundStudy& found) {
   study.fluid_assumed = !found.Has(work_file::kFluid);
   RebuildNameState(bench);
   for (const FoundStudy::Copy& copy : found.copies) {
+    if (copy.work_name == work_file::kRows) {
+      study.saved_digest = Digest(copy.bytes);
+    }
     bench.workspace.Pause();
     if (Outcome written = bench.workspace.Write(copy.work_name, copy.bytes); !written) {
       return written;
@@ -280,7 +284,7 @@ void RecoverStudy(Workbench& bench) {
 
 void LoadStudy(Workbench& bench, RecentList recent) {
   Study& study = bench.study;
-  if (study.study_path == kEscape) {
+  if (study.study_path == kEscapePath) {
     study.study_path = study.last_study_path;
     return;
   }

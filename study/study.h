@@ -96,6 +96,7 @@ struct Study {
   std::string study_base_name;
   std::string study_short_name;
   std::filesystem::path study_folder;
+  std::optional<std::uint64_t> saved_digest;  ///< of the main file as last loaded or saved
   std::string study_date;
   std::string study_time;
 
@@ -113,6 +114,6 @@ struct Study {
 };
 
 /// Stands in `study path` when the file dialog was cancelled.
-constexpr const char* kEscape = "Escape";
+constexpr const char* kEscapePath = "Escape";
 
 }  // namespace kalvo

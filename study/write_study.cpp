@@ -1,5 +1,6 @@
 #include "study/write_study.h"
 
+#include "study/digest.h"
 #include "study/family_save.h"
 #include "study/fluid_library.h"
 #include "study/study_reset.h"
@@ -151,7 +152,7 @@ Outcome SaveFiles(Workbench& bench, std::string rows) {
 
 Outcome WriteStudy(Workbench& bench) {
   Study& study = bench.study;
-  if (study.study_path == kEscape) {
+  if (study.study_path == kEscapePath) {
     study.study_path = study.last_study_path;
     return Done{};
   }
@@ -165,6 +166,7 @@ Outcome WriteStudy(Workbench& bench) {
     return rows.error();
   }
   study.study_path = OwnPath(bench, *path);
+  const std::uint64_t digest = Digest(*rows);
   Outcome outcome = SaveFiles(bench, std::move(rows).value());
   if (outcome && bench.workspace.Exists(work_file::kFluid)) {
     outcome = LoadStudyFluid(bench);
@@ -172,6 +174,7 @@ Outcome WriteStudy(Workbench& bench) {
   if (!outcome) {
     return outcome;
   }
+  study.saved_digest = digest;
   study.unsaved_changes = false;
   if (study.CalcStatus == calc_status::kNameAccepted) {
     study.CalcStatus = calc_status::kNothing;

@@ -173,7 +173,7 @@ TEST(LoadRefusal, DoesNothingOnEscapeOrWithUnsavedChanges) {
   PutSampleStudy(bench.bench, "Παλιά");
   const FolderImage work = ImageOf(bench.work_disk, kProgram);
   bench.study.last_study_path = kStudies / "a.PCK";
-  bench.study.study_path = kEscape;
+  bench.study.study_path = kEscapePath;
   LoadStudy(bench.bench);
   EXPECT_EQ(bench.study.study_path, kStudies / "a.PCK");
   bench.study.unsaved_changes = true;

@@ -160,7 +160,7 @@ TEST(WriteStudy, SavesNothingWithoutRowsOrOnEscape) {
   EXPECT_EQ(bench.prompter.codes(), std::vector<int>{139});
   PutSampleStudy(bench.bench, "Κτίριο");
   bench.study.last_study_path = kStudies / "b.PCK";
-  bench.study.study_path = kEscape;
+  bench.study.study_path = kEscapePath;
   EXPECT_TRUE(WriteStudy(bench.bench).ok());
   EXPECT_EQ(bench.study.study_path, kStudies / "b.PCK");
   EXPECT_EQ(Studies(bench), (FolderImage{{"b.PCK", "old"}}));

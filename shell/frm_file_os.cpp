@@ -1,0 +1,167 @@
+#include "shell/frm_file_os.h"
+
+#include <algorithm>
+
+#include "form/tell.h"
+#include "shell/message_table.h"
+#include "shell/messages.h"
+#include "shell/search_text.h"
+#include "shell/studies_index.h"
+#include "shell/study_dialogs.h"
+#include "study/path_text.h"
+#include "study/study_reset.h"
+
+namespace kalvo {
+namespace {
+
+namespace fs = std::filesystem;
+
+// True when `name` is what the mask describes; "*" stands for any run of characters.
+bool FitsMask(std::string_view name, std::string_view mask) {
+  const std::size_t star = mask.find('*');
+  if (star == std::string_view::npos) return name == mask;
+  if (!name.starts_with(mask.substr(0, star))) return false;
+  name.remove_prefix(star);
+  mask.remove_prefix(star + 1);
+  for (std::size_t at = 0; at <= name.size(); ++at) {
+    if (FitsMask(name.substr(at), mask)) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+FrmFileOS::FrmFileOS(Desk& shared_desk)
+    : Form(shared_desk),
+      CmdPrePath(*this, "CmdPrePath", "Προηγούμενος Κατάλογος",
+                 [this] { ShowFolder(folder_.parent_path()); }, {Alt(KeyCode::kUp)}),
+      Cmd_DefaultPath(*this, "Cmd_DefaultPath", "Κατάλογος των Μελετών",
+                      [this] { ShowFolder(desk.data_folder); }, {Alt(KeyCode::kHome)}),
+      CmdExit(*this, "CmdExit", "Ακύρωση", [this] { desk.navigator.Close(screen::kFiles); },
+              {Plain(KeyCode::kEscape)}),
+      CmdOK(*this, "CmdOK", "", [this] { Confirm(); }) {
+  TxtFileName.on_enter = [this] { Confirm(); };
+  DirList.on_activate = [this] { EnterSelectedFolder(); };
+  FileList.on_select = [this] {
+    TxtFileName.Show(FileList.lines()[static_cast<std::size_t>(FileList.selected)]);
+  };
+  FileList.on_activate = [this] { Confirm(); };
+}
+
+bool FrmFileOS::Saving() const { return desk.screens.file_mode == FileDialogMode::kSave; }
+
+void FrmFileOS::Load() {
+  const Study& study = bench.study;
+  title = Saving() ? "Δημιουργία Αρχείου" : "Ανάκληση Αρχείου";
+  CmdOK.caption = title;
+  LblExtension.text = "Προέκταση Αρχείων : *" + std::string(ExtensionsOf(study.system_kind).main);
+  const bool known = Saving() && !study.study_path.empty();
+  ShowFolder(known ? study.study_path.parent_path() : desk.data_folder);
+  TxtFileName.Show(known ? study.study_path.filename().string() : "");
+  Focus(TxtFileName);
+}
+
+void FrmFileOS::ShowFolder(fs::path folder) {
+  const Disk& disk = bench.workspace.outer_disk();
+  folder_ = std::move(folder);
+  LblFolder.text = folder_.string();
+  folders_.clear();
+  for (const std::string& name : disk.List(folder_)) {
+    const auto status = disk.Status(folder_ / name);
+    if (status && status->is_folder && !name.starts_with('.')) folders_.push_back(name);
+  }
+  std::ranges::sort(folders_, StandsBefore);
+  if (folder_.has_relative_path()) folders_.insert(folders_.begin(), "..");
+  DirList.selected = -1;
+  DirList.SetLines(folders_);
+  ShowFiles();
+}
+
+void FrmFileOS::ShowFiles() {
+  std::vector<std::string> names =
+      StudyNames(bench.workspace.outer_disk(), folder_, bench.study.system_kind);
+  if (!mask_.empty()) {
+    std::erase_if(names, [this](const std::string& name) {
+      return !FitsMask(SearchKey(name), SearchKey(mask_));
+    });
+  }
+  LblEmpty.visible = names.empty();
+  FileList.selected = -1;
+  FileList.SetLines(std::move(names));
+}
+
+void FrmFileOS::EnterSelectedFolder() {
+  const std::string name = folders_[static_cast<std::size_t>(DirList.selected)];
+  ShowFolder(name == ".." ? folder_.parent_path() : folder_ / name);
+}
+
+void FrmFileOS::Confirm() {
+  const std::string typed = TxtFileName.Trimmed();
+  if (typed.empty()) {
+    Focus(TxtFileName);
+    return;
+  }
+  if (typed.find('*') != std::string::npos) {
+    mask_ = typed;
+    ShowFiles();
+    return;
+  }
+  fs::path path = PathFromText(typed);
+  if (!path.is_absolute()) path = folder_ / path;
+  if (Saving()) {
+    ConfirmSave(WithExtension(path, bench.study.system_kind));
+  } else {
+    if (path.filename().string().find('.') == std::string::npos) {
+      path += ExtensionsOf(bench.study.system_kind).main;
+    }
+    ConfirmOpen(path);
+  }
+}
+
+void FrmFileOS::ConfirmOpen(const fs::path& path) {
+  const fs::path entry = AsInFolder(bench.workspace.outer_disk(), path);
+  if (!bench.workspace.outer_disk().Exists(entry)) {
+    TellError(bench, {path, "Το αρχείο δεν υπάρχει"});
+    Focus(TxtFileName);
+    return;
+  }
+  Choose(entry);
+}
+
+void FrmFileOS::ConfirmSave(const fs::path& path) {
+  const Disk& disk = bench.workspace.outer_disk();
+  const fs::path entry = AsInFolder(disk, path);
+  const auto status = disk.Status(entry);
+  if (status && status->is_folder) {
+    TellError(bench, {entry, "Υπάρχει φάκελος με αυτό το όνομα"});
+    Focus(TxtFileName);
+    return;
+  }
+  if (status && entry == bench.study.study_path && ChangedOnDisk(bench)) {
+    const Answer answer =
+        bench.Ask({std::string(kAttentionTitle),
+                   {"!! Το Αρχείο της Μελέτης άλλαξε στον δίσκο, ενώ ήταν ανοικτή εδώ !!",
+                    "Θέλετε να αντικατασταθεί με ό,τι είναι ανοικτό εδώ ?"},
+                   276});
+    bench.study.answer = Answer::kNone;
+    if (answer == Answer::kYes) Choose(entry);
+    return;
+  }
+  if (status && !ConfirmOverwrite(bench)) {
+    bench.study.answer = Answer::kNone;
+    bench.study.CalcStatus = calc_status::kNothing;
+    Focus(TxtFileName);
+    return;
+  }
+  bench.study.answer = Answer::kNone;
+  bench.study.CalcStatus = calc_status::kNameAccepted;
+  Choose(entry);
+}
+
+void FrmFileOS::Choose(const fs::path& path) {
+  desk.screens.chosen_file = path;
+  desk.screens.returning_from_files = true;
+  desk.navigator.Close(screen::kFiles);
+}
+
+}  // namespace kalvo

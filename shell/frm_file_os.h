@@ -1,0 +1,43 @@
+#pragma once
+
+#include "form/form.h"
+
+namespace kalvo {
+
+/// The classic dialog of folders and files, for opening or saving as `Desk::screens` tells. It only
+/// chooses: the file goes to `chosen_file`, which stays empty for "Escape".
+class FrmFileOS : public Form {
+ public:
+  explicit FrmFileOS(Desk& shared_desk);
+
+  void Load() override;
+
+  Label LblName{*this, "LblName", "Όνομα Αρχείου : "};
+  Field TxtFileName{*this, "TxtFileName"};
+  Label LblExtension{*this, "LblExtension"};
+  Label LblFolders{*this, "LblFolders", "< Τρέχων > Κατάλογος Αρχείων :"};
+  Label LblFolder{*this, "LblFolder"};
+  List DirList{*this, "DirList"};
+  List FileList{*this, "FileList"};
+  Label LblEmpty{*this, "LblEmpty", "Ο φάκελος δεν έχει μελέτες."};
+  Command CmdPrePath;
+  Command Cmd_DefaultPath;
+  Command CmdExit;
+  Command CmdOK;
+
+ private:
+  void ShowFolder(std::filesystem::path folder);
+  void ShowFiles();
+  void EnterSelectedFolder();
+  void Confirm();
+  void ConfirmOpen(const std::filesystem::path& path);
+  void ConfirmSave(const std::filesystem::path& path);
+  void Choose(const std::filesystem::path& path);
+  [[nodiscard]] bool Saving() const;
+
+  std::filesystem::path folder_;
+  std::vector<std::string> folders_;
+  std::string mask_;  ///< typed with "*"; empty: every study
+};
+
+}  // namespace kalvo

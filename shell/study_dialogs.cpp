@@ -1,0 +1,155 @@
+#include "shell/study_dialogs.h"
+
+#include <utility>
+
+#include "form/tell.h"
+#include "shell/open_study.h"
+#include "shell/safety_copies.h"
+#include "study/digest.h"
+#include "study/recent_files.h"
+#include "study/study_reset.h"
+#include "study/write_study.h"
+
+namespace kalvo {
+namespace {
+
+constexpr std::string_view kWait = "... Παρακαλώ, Περιμένετε ...";
+
+bool HasRows(const Workbench& bench) { return bench.workspace.HasBytes(work_file::kRows); }
+
+// The file dialog in save mode. Empty: "Escape".
+std::filesystem::path ChooseTarget(Desk& desk) {
+  Study& study = desk.bench.study;
+  if (study.study_path == kEscapePath) {
+    study.study_path = study.last_study_path;
+  } else {
+    study.last_study_path = study.study_path;
+  }
+  desk.screens.file_mode = FileDialogMode::kSave;
+  desk.screens.chosen_file.clear();
+  desk.navigator.ShowModal(screen::kFiles);
+  desk.screens.file_mode = FileDialogMode::kOpen;
+  study.CalcStatus = calc_status::kNothing;
+  return std::exchange(desk.screens.chosen_file, {});
+}
+
+bool WriteTo(Desk& desk, const std::filesystem::path& target) {
+  Workbench& bench = desk.bench;
+  Study& study = bench.study;
+  study.study_path = WithExtension(target, study.system_kind);
+  desk.navigator.ShowWait(kWait);
+  const Outcome written = WriteStudy(bench);
+  desk.navigator.HideWait();
+  if (!TellIfFailed(bench, written)) {
+    study.study_path = study.last_study_path;
+    return false;
+  }
+  // A list that cannot be written makes no save undone.
+  static_cast<void>(AddRecentFile(bench.workspace, study.study_path));
+  return true;
+}
+
+// Message 135, once in a run of the program.
+bool MayLeaveSaved(Desk& desk) {
+  Workbench& bench = desk.bench;
+  if (bench.study.unsaved_changes || !HasRows(bench) || desk.screens.asked_to_leave_saved) {
+    return true;
+  }
+  desk.screens.asked_to_leave_saved = true;
+  bench.Show(135);
+  return std::exchange(bench.study.answer, Answer::kNone) == Answer::kYes;
+}
+
+}  // namespace
+
+bool SaveStudy(Desk& desk) {
+  Workbench& bench = desk.bench;
+  Study& study = bench.study;
+  if (!bench.workspace.Exists(work_file::kRows) && study.CurrentRow != 1) {
+    bench.Show(139);
+    return false;
+  }
+  desk.Click();
+  const bool unsaved = std::exchange(study.unsaved_changes, true);
+  const std::filesystem::path target = ChooseTarget(desk);
+  study.unsaved_changes = unsaved;
+  if (target.empty()) {
+    study.study_path = study.last_study_path;
+    return false;
+  }
+  return WriteTo(desk, target);
+}
+
+bool AskAboutUnsaved(Desk& desk) {
+  Workbench& bench = desk.bench;
+  if (!bench.study.unsaved_changes) return true;
+  bench.Show(130);
+  switch (std::exchange(bench.study.answer, Answer::kNone)) {
+    case Answer::kYes:
+      return SaveStudy(desk);
+    case Answer::kNo:
+      return true;
+    case Answer::kCancel:
+    case Answer::kNone:
+      break;
+  }
+  return false;
+}
+
+void AskToOpen(Desk& desk) {
+  Workbench& bench = desk.bench;
+  if (bench.study.unsaved_changes) {
+    bench.Show(130);
+    const Answer answer = std::exchange(bench.study.answer, Answer::kNone);
+    if (answer == Answer::kCancel) bench.study.unsaved_changes = false;
+    if (answer == Answer::kCancel || answer == Answer::kNone) return;
+    if (answer == Answer::kYes && !SaveStudy(desk)) return;
+  }
+  if (MayLeaveSaved(desk)) OpenFromDialog(desk, screen::kStudies);
+}
+
+void OpenFromDialog(Desk& desk, std::string_view dialog) {
+  desk.screens.file_mode = FileDialogMode::kOpen;
+  desk.screens.chosen_file.clear();
+  desk.screens.chosen_recent = false;
+  desk.navigator.ShowModal(dialog);
+  const std::filesystem::path chosen = std::exchange(desk.screens.chosen_file, {});
+  if (chosen.empty()) return;
+  const bool recent = std::exchange(desk.screens.chosen_recent, false);
+  OpenChosen(desk, chosen, recent ? RecentList::kLeave : RecentList::kAdd);
+  if (recent) static_cast<void>(AddRecentFile(desk.bench.workspace, chosen));  // to the top
+}
+
+bool OpenChosen(Desk& desk, const std::filesystem::path& path, RecentList recent) {
+  Workbench& bench = desk.bench;
+  Study& study = bench.study;
+  if (!TellIfFailed(bench, KeepSafetyCopy(bench, desk.data_folder))) return false;
+  const bool unsaved = std::exchange(study.unsaved_changes, false);
+  study.last_study_path = study.study_path;
+  study.study_path = path;
+  study.entry_mode = 0;
+  desk.navigator.ShowWait(kWait);
+  OpenStudyFile(bench, recent);
+  desk.navigator.HideWait();
+  if (std::exchange(study.CalcStatus, calc_status::kNothing) != calc_status::kRefused) return true;
+  study.unsaved_changes = unsaved && HasRows(bench);
+  return false;
+}
+
+bool ThrowAwayStudy(Desk& desk) {
+  Workbench& bench = desk.bench;
+  if (!TellIfFailed(bench, KeepSafetyCopy(bench, desk.data_folder))) return false;
+  ResetStudy(bench);
+  bench.study.unsaved_changes = false;
+  return true;
+}
+
+bool ChangedOnDisk(const Workbench& bench) {
+  const Study& study = bench.study;
+  if (!study.saved_digest || study.study_path.empty()) return false;
+  const Disk& disk = bench.workspace.outer_disk();
+  const auto bytes = disk.Read(AsInFolder(disk, study.study_path));
+  return bytes && Digest(*bytes) != *study.saved_digest;
+}
+
+}  // namespace kalvo

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <filesystem>
+
+#include "form/desk.h"
+#include "study/load_study.h"
+
+namespace kalvo {
+
+/// The save command: the file dialog with the name filled in, then the write. False: the dialog
+/// ended in "Escape", there are no rows (message 139), or the write failed, which was told; the
+/// study keeps its path and its flag then.
+bool SaveStudy(Desk& desk);
+
+/// Asks what becomes of changes that are not saved (message 130). False: the caller must stop; a
+/// save that was asked for and not made counts as "cancel". "No" leaves the flag as it is.
+bool AskAboutUnsaved(Desk& desk);
+
+/// The open command: the questions about the open study, the list of studies, the load. "Cancel" at
+/// message 130 clears the flag of unsaved changes although nothing was saved.
+void AskToOpen(Desk& desk);
+
+/// Opens a file that was chosen: a safety copy of a study that stands nowhere, then the load.
+/// False: it could not be loaded, which was told; the open study and its flags stay if they can.
+bool OpenChosen(Desk& desk, const std::filesystem::path& path, RecentList recent);
+
+/// Shows a dialog that chooses a study's file and opens what was chosen.
+void OpenFromDialog(Desk& desk, std::string_view dialog);
+
+/// Empties the program for a new study, a safety copy first. False: that copy could not be made,
+/// which was told; the study stays.
+bool ThrowAwayStudy(Desk& desk);
+
+/// Whether the file at `study path` has become another than was loaded or saved last.
+bool ChangedOnDisk(const Workbench& bench);
+
+}  // namespace kalvo

@@ -1,0 +1,178 @@
+#include "shell/study_dialogs.h"
+
+#include <gtest/gtest.h>
+
+#include "shell/frm_file_os.h"
+#include "shell/safety_copies.h"
+#include "study/write_study.h"
+#include "tests/support/failing_disk.h"
+#include "tests/support/sample_study.h"
+#include "tests/support/test_desk.h"
+
+namespace kalvo {
+namespace {
+
+namespace fs = std::filesystem;
+const fs::path kFolder = "/studies";
+
+struct StudyDialogs : TestDesk, ::testing::Test {
+  StudyDialogs() {
+    desk.data_folder = kFolder;
+    EXPECT_TRUE(test.outer_disk.MakeFolder(kFolder).ok());
+  }
+  /// A study of its own in the folder; the open one is left as it was.
+  void Put(const std::string& name, std::string_view title) {
+    TestBench other;
+    PutSampleStudy(other.bench, title);
+    const auto bytes = other.workspace.Read(work_file::kRows);
+    ASSERT_TRUE(test.outer_disk.Write(kFolder / name, *bytes).ok());
+  }
+  void ChooseIn(std::string_view dialog, const fs::path& path) {
+    navigator.Expect(dialog, [this, path] { desk.screens.chosen_file = path; });
+  }
+  void OpenSample() {
+    PutSampleStudy(test.bench, "Παλιά");
+    test.study.study_title = "Παλιά";
+  }
+  [[nodiscard]] std::vector<std::string> SafetyCopies() const {
+    return test.outer_disk.List(kFolder / kSafetyFolder);
+  }
+};
+
+TEST_F(StudyDialogs, OpeningAsksOnceAboutAStudyThatIsSaved) {
+  Put("a.PCK", "Πρώτη");
+  Put("b.PCK", "Δεύτερη");
+  ChooseIn(screen::kStudies, kFolder / "a.PCK");
+  AskToOpen(desk);
+  EXPECT_EQ(test.study.study_title, "Πρώτη");
+  test.prompter.Expect(135, Answer::kNo);
+  AskToOpen(desk);
+  EXPECT_EQ(test.study.study_title, "Πρώτη");
+  ChooseIn(screen::kStudies, kFolder / "b.PCK");
+  AskToOpen(desk);
+  EXPECT_EQ(test.study.study_title, "Δεύτερη") << "asked once in a run";
+  EXPECT_TRUE(SafetyCopies().empty()) << "nothing was thrown away that stands in no file";
+}
+
+TEST_F(StudyDialogs, CancelLosesNothingButTheFlag) {
+  OpenSample();
+  test.study.unsaved_changes = true;
+  test.prompter.Expect(130, Answer::kCancel);
+  AskToOpen(desk);
+  EXPECT_FALSE(test.study.unsaved_changes);
+  EXPECT_EQ(test.study.study_title, "Παλιά");
+  EXPECT_TRUE(navigator.log.empty());
+
+  // The study then goes on as if it were saved; opening another must not lose it.
+  Put("b.PCK", "Δεύτερη");
+  test.prompter.Expect(135, Answer::kYes);
+  ChooseIn(screen::kStudies, kFolder / "b.PCK");
+  AskToOpen(desk);
+  EXPECT_EQ(test.study.study_title, "Δεύτερη");
+  ASSERT_EQ(SafetyCopies().size(), 1U);
+  const auto kept = kFolder / kSafetyFolder / SafetyCopies()[0] / "MELETH.PCK";
+  EXPECT_TRUE(OpenChosen(desk, kept, RecentList::kLeave));
+  EXPECT_EQ(test.study.study_title, "Παλιά");
+}
+
+TEST_F(StudyDialogs, EscapeAndAFileThatCannotBeReadLeaveTheOpenStudyWhole) {
+  OpenSample();
+  const std::string rows = test.Bytes();
+  test.study.unsaved_changes = true;
+  test.prompter.Expect(130, Answer::kYes);
+  ChooseIn(screen::kFiles, "");
+  AskToOpen(desk);
+  EXPECT_TRUE(test.study.unsaved_changes) << "the save that was asked for was not made";
+
+  ASSERT_TRUE(test.outer_disk.Write(kFolder / "x.PCK", "short").ok());
+  test.prompter.Expect(130, Answer::kNo);
+  ChooseIn(screen::kStudies, kFolder / "x.PCK");
+  AskToOpen(desk);
+  EXPECT_EQ(test.prompter.boxes().back().title, " !!... ΠΡΟΣΟΧΗ ...!! ");
+  EXPECT_EQ(test.Bytes(), rows);
+  EXPECT_TRUE(test.study.unsaved_changes);
+  EXPECT_EQ(test.study.study_title, "Παλιά");
+}
+
+TEST_F(StudyDialogs, AFailedSaveKeepsPathAndFlag) {
+  OpenSample();
+  test.study.study_path = kFolder / "mine.PCK";
+  test.study.unsaved_changes = true;
+  FailingDisk full(test.outer_disk);
+  full.FailAfterBytes(100);
+  Workspace workspace(test.work_disk, TestBench::kProgramFolder, full, TestBench::kLibraryFolder,
+                      test.clock);
+  Workbench bench(test.study, workspace, test.pipes, test.prompter);
+  Desk on_full_disk{bench, navigator, sound, viewer, desk.separators};
+  navigator.Expect(screen::kFiles, [&] { on_full_disk.screens.chosen_file = kFolder / "n.PCK"; });
+  EXPECT_FALSE(SaveStudy(on_full_disk));
+  EXPECT_FALSE(test.outer_disk.Exists(kFolder / "n.PCK"));
+  EXPECT_TRUE(test.study.unsaved_changes);
+  EXPECT_EQ(test.study.study_path, kFolder / "mine.PCK");
+  EXPECT_EQ(test.prompter.boxes().size(), 1U);
+
+  ChooseIn(screen::kFiles, kFolder / "mine.pck");
+  EXPECT_TRUE(SaveStudy(desk));
+  EXPECT_FALSE(test.study.unsaved_changes);
+  EXPECT_EQ(test.study.study_path, kFolder / "mine.pck") << "an extension that fits stays";
+}
+
+struct FileDialog : StudyDialogs {
+  FileDialog() {
+    Put("hotel.PCK", "Ξενοδοχείο");
+    Put("house.PCK", "Σπίτι");
+    Put("office.PCA", "Γραφείο");
+    EXPECT_TRUE(test.outer_disk.MakeFolder(kFolder / "2026").ok());
+  }
+};
+
+TEST_F(FileDialog, ListsFoldersAndStudiesOfTheKindAndRefilters) {
+  FrmFileOS form(desk);
+  form.Load();
+  EXPECT_EQ(form.title, "Ανάκληση Αρχείου");
+  EXPECT_EQ(Joined(form.FileList.lines()), "hotel.PCK|house.PCK");
+  EXPECT_EQ(Joined(form.DirList.lines()), "..|2026");
+  TypeInto(form, form.TxtFileName, "HOT*");
+  form.Press(Plain(KeyCode::kEnter));
+  EXPECT_EQ(Joined(form.FileList.lines()), "hotel.PCK");
+  EXPECT_TRUE(desk.screens.chosen_file.empty());
+  form.DirList.Activate(1);
+  EXPECT_TRUE(form.LblEmpty.visible);
+  Click(form, form.CmdPrePath);
+  EXPECT_EQ(form.LblFolder.text, "/studies");
+  form.FileList.Activate(0);
+  EXPECT_EQ(desk.screens.chosen_file, kFolder / "hotel.PCK");
+}
+
+TEST_F(FileDialog, AddsTheExtensionAndChecksThatTheFileIsThere) {
+  FrmFileOS form(desk);
+  form.Load();
+  TypeInto(form, form.TxtFileName, "nowhere");
+  Click(form, form.CmdOK);
+  EXPECT_EQ(test.prompter.boxes().size(), 1U);
+  EXPECT_TRUE(desk.screens.chosen_file.empty());
+  TypeInto(form, form.TxtFileName, "house");
+  Click(form, form.CmdOK);
+  EXPECT_EQ(desk.screens.chosen_file, kFolder / "house.PCK");
+}
+
+TEST_F(FileDialog, AsksBeforeItReplacesAndMoreSoWhenAnotherHasReplacedTheStudy) {
+  ASSERT_TRUE(OpenChosen(desk, kFolder / "hotel.PCK", RecentList::kLeave));
+  desk.screens.file_mode = FileDialogMode::kSave;
+  FrmFileOS form(desk);
+  form.Load();
+  EXPECT_EQ(form.TxtFileName.text, "hotel.PCK");
+  test.prompter.Expect("  ! !   ΠΡΟΣΟΧΗ   ! ! ", Answer::kNo);
+  Click(form, form.CmdOK);
+  EXPECT_EQ(test.prompter.boxes().back().lines[0], "!! Το Αρχείο αυτό, υπάρχει ήδη !!");
+  EXPECT_TRUE(desk.screens.chosen_file.empty());
+
+  Put("hotel.PCK", "Κάποιου άλλου");
+  test.prompter.Expect("  ! !   ΠΡΟΣΟΧΗ   ! ! ", Answer::kYes);
+  Click(form, form.CmdOK);
+  EXPECT_NE(test.prompter.boxes().back().lines[0].find("άλλαξε στον δίσκο"), std::string::npos);
+  EXPECT_EQ(desk.screens.chosen_file, kFolder / "hotel.PCK");
+}
+
+}  // namespace
+}  // namespace kalvo
