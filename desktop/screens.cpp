@@ -6,11 +6,13 @@
 #include <ui_frm_editor.h>
 #include <ui_frm_error.h>
 #include <ui_frm_liquid.h>
+#include <ui_frm_old_study.h>
 
 #include "entry/frm_liquid.h"
 #include "shell/frm_calcs.h"
 #include "shell/frm_editor.h"
 #include "shell/frm_error.h"
+#include "shell/frm_old_study.h"
 
 namespace kalvo {
 namespace {
@@ -26,6 +28,7 @@ constexpr Screen kScreens[] = {
     {screen::kViewer, &MakeForm<FrmEditor>, &SetUp<Ui::FrmEditor>},
     {screen::kNameErrors, &MakeForm<FrmError>, &SetUp<Ui::FrmError>},
     {screen::kLiquid, &MakeForm<FrmLiquid>, &SetUp<Ui::FrmLiquid>},
+    {screen::kOldStudy, &MakeForm<FrmOldStudy>, &SetUp<Ui::FrmOldStudy>},
 };
 
 }  // namespace

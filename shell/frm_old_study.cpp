@@ -1,0 +1,29 @@
+#include "shell/frm_old_study.h"
+
+namespace kalvo {
+
+FrmOldStudy::FrmOldStudy(Desk& shared_desk)
+    : Form(shared_desk),
+      CmdExit(*this, "CmdExit", "Επιστροφή", [this] { desk.navigator.Close(screen::kOldStudy); },
+              {Plain(KeyCode::kEscape)}),
+      Command2(*this, "Command2", "Όχι", [this] { Answer(false); }, {Alt('X')}),
+      Command1(*this, "Command1", "Ναι", [this] { Answer(true); },
+               {Plain(KeyCode::kEnter), Alt('N')}) {
+  title = "Ημιτελής Παλαιά Μελέτη";
+}
+
+void FrmOldStudy::Load() {
+  desk.screens.recover.reset();
+  const int rows = desk.screens.offered_rows;
+  LblKind.text = bench.study.SystemOpen() ? "ΑΝΟΙΚΤΟ ΣΥΣΤΗΜΑ ΣΩΛΗΝΩΝ" : "ΚΛΕΙΣΤΟ ΣΥΣΤΗΜΑ ΣΩΛΗΝΩΝ";
+  LblRows.text = std::to_string(rows) + (rows == 1 ? " τμήμα" : " τμήματα");
+  Focus(Command1);
+}
+
+void FrmOldStudy::Answer(bool recover) {
+  desk.Click();
+  desk.screens.recover = recover;
+  desk.navigator.Close(screen::kOldStudy);
+}
+
+}  // namespace kalvo

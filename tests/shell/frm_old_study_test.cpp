@@ -1,0 +1,45 @@
+#include "shell/frm_old_study.h"
+
+#include "tests/support/test_desk.h"
+
+namespace kalvo {
+namespace {
+
+// The offer of a study of five rows, answered by one key.
+std::optional<bool> AnswerBy(const Key& key) {
+  TestDesk desk;
+  desk.desk.screens.offered_rows = 5;
+  FrmOldStudy form(desk.desk);
+  form.Load();
+  EXPECT_TRUE(form.Press(key));
+  EXPECT_EQ(desk.navigator.log, std::vector<std::string>{"close FrmOldStudy"});
+  return desk.desk.screens.recover;
+}
+
+TEST(FrmOldStudy, TellsWhatWasFound) {
+  TestDesk desk(SystemKind::kOpen);
+  desk.desk.screens.offered_rows = 1;
+  FrmOldStudy form(desk.desk);
+  form.Load();
+  EXPECT_EQ(form.LblKind.text, "ΑΝΟΙΚΤΟ ΣΥΣΤΗΜΑ ΣΩΛΗΝΩΝ");
+  EXPECT_EQ(form.LblRows.text, "1 τμήμα");
+}
+
+TEST(FrmOldStudy, OnlyAnAnswerIsAnAnswer) {
+  EXPECT_EQ(AnswerBy(Plain(KeyCode::kEnter)), true);
+  EXPECT_EQ(AnswerBy(Alt('N')), true);
+  EXPECT_EQ(AnswerBy(Alt('X')), false);
+  EXPECT_EQ(AnswerBy(Plain(KeyCode::kEscape)), std::nullopt);
+}
+
+TEST(FrmOldStudy, ForgetsTheAnswerOfAnEarlierOffer) {
+  TestDesk desk;
+  desk.desk.screens.recover = false;
+  FrmOldStudy form(desk.desk);
+  form.Load();
+  EXPECT_TRUE(form.MayClose());
+  EXPECT_EQ(desk.desk.screens.recover, std::nullopt);
+}
+
+}  // namespace
+}  // namespace kalvo
