@@ -38,19 +38,4 @@ std::optional<float> PlainNumber(std::string text) {
   return whole ? std::optional(value) : std::nullopt;
 }
 
-std::string NumberRanges(const std::vector<int>& numbers) {
-  std::string text;
-  for (std::size_t first = 0; first < numbers.size();) {
-    std::size_t last = first;
-    while (last + 1 < numbers.size() && numbers[last + 1] == numbers[last] + 1) {
-      ++last;
-    }
-    last = last - first >= 2 ? last : first;
-    text += (text.empty() ? "" : ", ") + std::to_string(numbers[first]);
-    text += last == first ? "" : "-" + std::to_string(numbers[last]);
-    first = last + 1;
-  }
-  return text;
-}
-
 }  // namespace kalvo

@@ -2,7 +2,6 @@
 
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "study/numeric_text.h"
 
@@ -19,8 +18,5 @@ std::string WithEnoughDecimals(float value, int decimals, const Separators& sepa
 /// A number typed or written by a user: all of the text is it, with "." or "," before its decimals
 /// and no thousands separator. Nothing for any other text and outside 32 bits.
 std::optional<float> PlainNumber(std::string text);
-
-/// Ascending numbers with runs of three or more drawn together: "27-30, 33".
-std::string NumberRanges(const std::vector<int>& numbers);
 
 }  // namespace kalvo

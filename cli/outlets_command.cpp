@@ -2,6 +2,7 @@
 #include "cli/study_commands.h"
 #include "cli/study_run.h"
 #include "cli/text_table.h"
+#include "engine/notes.h"
 #include "engine/outlets.h"
 
 namespace kalvo {

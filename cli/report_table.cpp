@@ -5,6 +5,7 @@
 
 #include "cli/number_text.h"
 #include "cli/text_table.h"
+#include "engine/notes.h"
 #include "engine/open_network.h"
 
 namespace kalvo {

@@ -5,14 +5,24 @@
 #include <ui_frm_calcs.h>
 #include <ui_frm_editor.h>
 #include <ui_frm_error.h>
+#include <ui_frm_file_os.h>
+#include <ui_frm_kind.h>
 #include <ui_frm_liquid.h>
+#include <ui_frm_main.h>
 #include <ui_frm_old_study.h>
+#include <ui_frm_res_sheet.h>
+#include <ui_frm_title.h>
 
 #include "entry/frm_liquid.h"
+#include "results/frm_res_sheet.h"
 #include "shell/frm_calcs.h"
 #include "shell/frm_editor.h"
 #include "shell/frm_error.h"
+#include "shell/frm_file_os.h"
+#include "shell/frm_kind.h"
+#include "shell/frm_main.h"
 #include "shell/frm_old_study.h"
+#include "shell/frm_title.h"
 
 namespace kalvo {
 namespace {
@@ -24,6 +34,11 @@ void SetUp(QWidget& window) {
 }
 
 constexpr Screen kScreens[] = {
+    {screen::kResultsSheet, &MakeForm<FrmRes_Sheet>, &SetUp<Ui::FrmRes_Sheet>},
+    {screen::kTitle, &MakeForm<FrmTitle>, &SetUp<Ui::FrmTitle>},
+    {screen::kMain, &MakeForm<FrmMain>, &SetUp<Ui::FrmMain>},
+    {screen::kKind, &MakeForm<FrmKind>, &SetUp<Ui::FrmKind>},
+    {screen::kFiles, &MakeForm<FrmFileOS>, &SetUp<Ui::FrmFileOS>},
     {screen::kMethod, &MakeForm<FrmCalcs>, &SetUp<Ui::FrmCalcs>},
     {screen::kViewer, &MakeForm<FrmEditor>, &SetUp<Ui::FrmEditor>},
     {screen::kNameErrors, &MakeForm<FrmError>, &SetUp<Ui::FrmError>},

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "study/pipe_row.h"
@@ -33,5 +34,8 @@ std::vector<OutletSpare> SparesOf(const std::vector<SectionRow>& rows);
 /// `MeanVel`.
 ResultNotes NotesOf(SystemKind kind, const std::vector<SectionRow>& rows,
                     const std::vector<PipeRow>& library);
+
+/// Ascending numbers with runs of three or more drawn together: "27-30, 33".
+std::string NumberRanges(const std::vector<int>& numbers);
 
 }  // namespace kalvo

@@ -2,6 +2,8 @@
 
 #include "cli/number_text.h"
 
+#include "engine/notes.h"
+
 #include <gtest/gtest.h>
 
 namespace kalvo {

@@ -1,0 +1,105 @@
+// kalvoflume, the program with its windows.
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <clocale>
+
+#include "desktop/greek_texts.h"
+#include "desktop/one_instance.h"
+#include "desktop/program.h"
+#include "desktop/theme.h"
+
+namespace {
+
+using namespace kalvo;
+
+struct CommandLine {
+  QString argument;
+  QString theme;
+  QString separators;
+};
+
+CommandLine ReadCommandLine(const QApplication& app) {
+  QCommandLineParser parser;
+  parser.setApplicationDescription(QStringLiteral("Υπολογισμός σωλήνων ροής υγρών"));
+  const QCommandLineOption theme(QStringLiteral("theme"), QStringLiteral("Όψη: light ή dark"),
+                                 QStringLiteral("ΟΨΗ"));
+  const QCommandLineOption separators(
+      QStringLiteral("separators"),
+      QStringLiteral("Διαχωριστικά δεκαδικών και χιλιάδων, π.χ. \",.\""), QStringLiteral("XX"));
+  parser.addOptions({theme, separators});
+  parser.addHelpOption();
+  parser.addVersionOption();
+  parser.addPositionalArgument(
+      QStringLiteral("[ΜΕΛΕΤΗ|ΦΑΚΕΛΟΣ]"),
+      QStringLiteral("Μελέτη που θα ανακληθεί, ή φάκελος του προγράμματος"));
+  parser.process(app);
+  const QStringList given = parser.positionalArguments();
+  return {given.isEmpty() ? QString() : given.first(), parser.value(theme),
+          parser.value(separators)};
+}
+
+Separators SeparatorsOf(const QString& given) {
+  const QByteArray bytes = given.toLatin1();
+  if (bytes.size() != 2 || bytes[0] == bytes[1]) return DetectSeparators();
+  return {bytes[0], bytes[1]};
+}
+
+Surroundings SurroundingsOf(const CommandLine& line) {
+  Surroundings surroundings;
+  surroundings.argument = line.argument.toStdString();
+  surroundings.executable_folder = QCoreApplication::applicationDirPath().toStdString();
+  for (const char* name : {"KALVOFLUME_HOME", "XDG_DATA_HOME", "XDG_STATE_HOME", "HOME"}) {
+    surroundings.environment[name] = qEnvironmentVariable(name).toStdString();
+  }
+  return surroundings;
+}
+
+// Where libraries and samples are installed: beside the program, or in its build folder.
+std::filesystem::path InstalledData() {
+  const std::filesystem::path folder =
+      std::filesystem::path(QCoreApplication::applicationDirPath().toStdString()).parent_path();
+  std::error_code error;
+  const auto installed = folder / "share/kalvoflume";
+  return std::filesystem::exists(installed, error) ? installed : folder / "data";
+}
+
+void TellRunningAlready(Prompter& prompter) {
+  prompter.Ask({"Π Ρ Ο Σ Ο Χ Η",
+                {"Το πρόγραμμα < Kalvofume > τρέχει ήδη και δεν μπορείτε να το τρέξετε σε "
+                 "πολλαπλά παράθυρα!"},
+                16});
+}
+
+int RunProgram(const CommandLine& line) {
+  RealDisk disk;
+  const ProgramPlaces places = FindPlaces(disk, SurroundingsOf(line));
+  Program program(places, SeparatorsOf(line.separators));
+  if (!program.Prepare(InstalledData())) return 1;
+  OneInstance instance(QString::fromStdString(places.folder.string()));
+  if (!instance.Take()) {
+    TellRunningAlready(program.desk().bench.prompter);
+    return 1;
+  }
+  instance.Listen([&program] { program.windows().BringToFront(); });
+  program.Start();
+  return QApplication::exec();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
+      Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+  QApplication app(argc, argv);
+  // The toolkit takes over the user's locale; numbers are written by this program's own rules.
+  std::setlocale(LC_NUMERIC, "C");
+  QCoreApplication::setApplicationName(QStringLiteral("kalvoflume"));
+  QCoreApplication::setApplicationVersion(QStringLiteral(KALVO_VERSION));
+  QApplication::setQuitOnLastWindowClosed(false);
+  GreekTexts greek;
+  QCoreApplication::installTranslator(&greek);
+  const CommandLine line = ReadCommandLine(app);
+  ApplyTheme(app, ChooseTheme(QApplication::palette(), line.theme));
+  return RunProgram(line);
+}

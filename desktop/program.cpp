@@ -1,0 +1,53 @@
+#include "desktop/program.h"
+
+#include "form/tell.h"
+#include "shell/data_folder.h"
+#include "shell/options.h"
+
+namespace kalvo {
+namespace {
+
+QString InFolder(const std::filesystem::path& folder, const char* name) {
+  return QString::fromStdString((folder / name).string());
+}
+
+}  // namespace
+
+Program::Program(const ProgramPlaces& places, Separators separators)
+    : places_(places),
+      workspace_(disk_, places.folder, disk_, places.folder, clock_),
+      sound_(InFolder(places.folder, "echo.wav")),
+      prompter_(sound_, separators),
+      bench_(study_, workspace_, pipes_, prompter_),
+      windows_(InFolder(places.state_folder, "windows.ini")),
+      desk_{bench_, windows_, sound_, viewer_, separators} {
+  desk_.program_folder = places.folder;
+  desk_.state_folder = places.state_folder;
+  desk_.screens.study_argument = places.study;
+  desk_.version = "Έκδοση " KALVO_VERSION;
+  windows_.SetDesk(desk_);
+}
+
+Program::~Program() { static_cast<void>(WriteOptions(workspace_, desk_.options)); }
+
+bool Program::Prepare(const std::filesystem::path& installed) {
+  if (!TellIfFailed(bench_, FillProgramFolder(disk_, places_.folder, installed))) return false;
+  desk_.options = ReadOptions(workspace_);
+  auto folder = EnsureDataFolder(workspace_);
+  if (!folder) {
+    TellError(bench_, folder.error());
+    return false;
+  }
+  desk_.data_folder = std::move(*folder);
+  auto pipes = BuildPipeList(workspace_, EmptyLibraries::kDelete);
+  if (!pipes) {
+    prompter_.Ask(UnsuitableLibraryBox(pipes.error()));
+    return false;
+  }
+  pipes_ = std::move(*pipes);
+  return true;
+}
+
+void Program::Start() { windows_.Show(screen::kTitle); }
+
+}  // namespace kalvo

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <memory>
+
+#include "desktop/qt_clock.h"
+#include "desktop/qt_prompter.h"
+#include "desktop/qt_sound.h"
+#include "desktop/qt_viewer.h"
+#include "desktop/windows.h"
+#include "shell/program_folder.h"
+#include "study/real_disk.h"
+
+namespace kalvo {
+
+/// The whole program behind its windows: one study, its folders and its screens.
+class Program {
+ public:
+  Program(const ProgramPlaces& places, Separators separators);
+  ~Program();
+
+  /// Makes the folders and libraries ready. False: the user was told why that cannot be.
+  bool Prepare(const std::filesystem::path& installed);
+  /// Shows the first screen; what follows is the user's.
+  void Start();
+
+  [[nodiscard]] Windows& windows() { return windows_; }
+  [[nodiscard]] Desk& desk() { return desk_; }
+
+ private:
+  ProgramPlaces places_;
+  RealDisk disk_;
+  QtClock clock_;
+  Workspace workspace_;
+  PipeList pipes_;
+  Study study_;
+  QtSound sound_;
+  QtViewer viewer_;
+  QtPrompter prompter_;
+  Workbench bench_;
+  Windows windows_;
+  Desk desk_;
+};
+
+}  // namespace kalvo

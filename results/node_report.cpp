@@ -1,0 +1,51 @@
+#include "results/node_report.h"
+
+#include "engine/flow_report.h"
+#include "engine/trap.h"
+#include "form/tell.h"
+#include "study/tables.h"
+
+namespace kalvo {
+namespace {
+
+constexpr int kWalkLost = 2004;
+
+// Refills the tables that the report is made from. False: a file cannot be read, which was told.
+bool RefreshTables(Workbench& bench) {
+  const auto rows = bench.workspace.Rows().ReadAll();
+  const auto emitters = bench.workspace.Rows(work_file::kEmitters).ReadAll();
+  if (!rows || !emitters) {
+    TellError(bench, !rows ? rows.error() : emitters.error());
+    return false;
+  }
+  RunTrapped(bench, [&] {
+    RefreshSectionTable(bench.study, *rows);
+    RefreshEmitterTable(bench.study, *emitters);
+  });
+  return bench.study.CalcStatus == calc_status::kNothing;
+}
+
+void WriteReport(Workbench& bench) {
+  Study& study = bench.study;
+  study.CalcStatus = calc_status::kNothing;
+  if (RefreshTables(bench)) {
+    RunTrapped(bench, [&] { WriteSectionFlows(bench); });
+    if (study.CalcStatus > 0) bench.Show(kWalkLost);
+  }
+  study.CalcStatus = calc_status::kNothing;
+}
+
+}  // namespace
+
+void ShowNodeReport(Desk& desk, bool test_single_section) {
+  Workbench& bench = desk.bench;
+  bench.workspace.Delete(work_file::kFlowReport);
+  const bool single = test_single_section && bench.study.SingleSection;
+  if (!single && bench.workspace.HasBytes(work_file::kRows)) WriteReport(bench);
+  if (!bench.workspace.Exists(work_file::kFlowReport)) return;
+  desk.navigator.ShowModal(screen::kViewer);
+  if (desk.screens.viewer.empty()) return;
+  TellIfFailed(bench, desk.viewer.Open(bench.workspace.Path(work_file::kFlowReport)));
+}
+
+}  // namespace kalvo

@@ -1,0 +1,226 @@
+#include "shell/frm_main.h"
+
+#include "form/tell.h"
+#include "shell/study_dialogs.h"
+#include "study/study_reset.h"
+
+namespace kalvo {
+namespace {
+
+constexpr std::string_view kProgramTitle =
+    "Πρόγραμμα Υπολογισμού Σωλήνων Ροής Υγρών  < Kalvoflume > / ";
+constexpr std::string_view kUnknown = "—";
+constexpr int kCommonestPosition = 10;  // entry 11 is the commonest steel tube
+constexpr Key kSwitchFolderCommands = Shift(KeyCode::kEscape);
+
+}  // namespace
+
+FrmMain::FrmMain(Desk& shared_desk)
+    : Form(shared_desk),
+      CmdThemaOK(*this, "CmdThemaOK", "&Αποδοχή του Θέματος-Τίτλου της Μελέτης",
+                 [this] { AcceptTitle(); }),
+      Cmd_New(*this, "Cmd_New", "Νέα Μελέτη", [this] { NewStudy(); }, {Ctrl('N')}),
+      Cmd_Open(*this, "Cmd_Open", "Ανάκληση Αρχείου", [this] { AskToOpen(desk); }, {Ctrl('O')}),
+      Cmd_Save(*this, "Cmd_Save", "Δημιουργία Αρχείου", [this] { SaveToFile(); }, {Ctrl('S')}),
+      Cmd_Thema(*this, "Cmd_Thema", "ΘΕΜΑ-ΤΙΤΛΟΣ", [this] { ShowTitleEntry(); },
+                {Plain(KeyCode::kF2)}),
+      Cmd_GenData(*this, "Cmd_GenData", "Γενικά Δεδομένα", [this] { OpenGeneralData(); },
+                  {Ctrl('G')}),
+      Cmd_Calc(*this, "Cmd_Calc", "Υπολογισμοί", [this] { Calculate(false); },
+               {Plain(KeyCode::kF9)}),
+      Cmd_Res(*this, "Cmd_Res", "ΠΑΡΟΥΣΙΑΣΗ ΑΠΟΤΕΛΕΣΜΑΤΩΝ", [this] { ShowResults(); }, {Ctrl('R')}),
+      Cmd_Next(*this, "Cmd_Next", "", [this] { CommandOf(next_).action(); }),
+      CmdLiquid(*this, "CmdLiquid", " Επιλογή Ρέοντος Μέσου (Υγρού) ",
+                [this] { desk.navigator.ShowModal(screen::kLiquid); }, {Ctrl('L')}),
+      Cmd_Nodes(*this, "Cmd_Nodes", " Έλεγχος Κόμβων Τμημάτων ", [this] { ShowNodes(); },
+                {Ctrl('K')}),
+      Cmd_Recent(*this, "Cmd_Recent", "Πρόσφατα Αρχεία ...", [this] { OpenRecent(); },
+                 {Shift(KeyCode::kF2), Alt(KeyCode::kF2)}),
+      Cmd_CurFL(*this, "Cmd_CurFL", "Στοιχεία Αρχείου υπό Επεξεργασία",
+                [this] { desk.navigator.ShowModal(screen::kCurrentStudy); }, {Ctrl('I')}),
+      CmdFF(*this, "CmdFF", " Αλλαγή του Folder Αποθήκευσης Αρχείων ",
+            [this] { desk.navigator.ShowModal(screen::kDataFolder); }),
+      CmdManual(*this, "CmdManual", " Εγχειρίδιο Προγράμματος ", [this] { OpenManual(); },
+                {Plain(KeyCode::kF1)}),
+      Cmd_Exit(*this, "Cmd_Exit", "Εξοδος από το Πρόγραμμα", [this] { Leave(); },
+               {Alt(KeyCode::kF4)}),
+      Mnu_Results(*this, "Mnu_Results", "Παρουσίαση Αποτελεσμάτων",
+                  [this] { ShowResultsFromMenu(); }),
+      Mnu_Method(*this, "Mnu_Method", " ΤΡΟΠΟΣ ΥΠΟΛΟΓΙΣΜΟΥ ΣΩΛΗΝΩΝ ", [this] { Calculate(true); }),
+      CmdThemaCancel(*this, "CmdThemaCancel", "Άκυρο", [this] { EndTitleEntry(); },
+                     {Plain(KeyCode::kEscape)}) {
+  TxtThema.max_bytes = decltype(SectionRow::Thema)::kSize;
+  TxtThema.on_enter = [this] { AcceptTitle(); };
+  CmdThemaCancel.leaves_freely = true;
+  Cbo_PipeKind.on_select = [this] {
+    if (!filling_pipes_) {
+      TellIfFailed(bench, SelectPipeSystem(bench, Cbo_PipeKind.selected));
+    }
+  };
+  ChkSound.on_toggle = [this] { desk.options.SoundOn = ChkSound.on; };
+  ChkDataKind.on_toggle = [this] { desk.options.ChkDataKind = ChkDataKind.on; };
+  MakeMenus();
+}
+
+void FrmMain::MakeMenus() {
+  menus = {{"&Μελέτη",
+            {{"Mnu_Thema", "Θέμα-Τίτλος της Μελέτης", &Cmd_Thema},
+             {"Mnu_New", "Νέα Μελέτη", &Cmd_New},
+             {"Mnu_Open", "Ανάκληση Αρχείου", &Cmd_Open},
+             {"Mnu_RecentFiles", "Πρόσφατα Αρχεία ...", &Cmd_Recent},
+             {"Mnu_Save", "Δημιουργία Αρχείου", &Cmd_Save},
+             {"Mnu_CurFL", "Στοιχεία Αρχείου υπό Επεξεργασία", &Cmd_CurFL},
+             {},
+             {"Mnu_FF", "Αλλαγή του Folder Αποθήκευσης Αρχείων", &CmdFF},
+             {},
+             {"Mnu_Exit", "Εξοδος από το Πρόγραμμα", &Cmd_Exit}}},
+           {"&Δεδομένα",
+            {{"Mnu_DataG", "Γενικά Δεδομένα", &Cmd_GenData},
+             {"Mnu_Liquid", "Επιλογή Ρέοντος Μέσου (Υγρού)", &CmdLiquid}}},
+           {"&Υπολογισμοί",
+            {{"Mnu_Mean", "Υπολογισμοί", &Cmd_Calc},
+             {"Mnu_Method", " ΤΡΟΠΟΣ ΥΠΟΛΟΓΙΣΜΟΥ ΣΩΛΗΝΩΝ ", &Mnu_Method},
+             {"Mnu_Nodes", "Έλεγχος Κόμβων Τμημάτων", &Cmd_Nodes}}},
+           {"&Αποτελέσματα", {{"Mnu_Results", "Παρουσίαση Αποτελεσμάτων", &Mnu_Results}}}};
+  popup = {"",
+           {{"", "Γενικά Δεδομένα", &Cmd_GenData},
+            {"", "Υπολογισμοί", &Cmd_Calc},
+            {"", "Παρουσίαση Αποτελεσμάτων", &Mnu_Results},
+            {},
+            {"", "Ανάκληση Αρχείου", &Cmd_Open},
+            {"", "Δημιουργία Αρχείου", &Cmd_Save}}};
+}
+
+void FrmMain::Load() {
+  const bool recovered = std::exchange(bench.study.recovery, false);
+  if (!recovered) {
+    ResetStudy(bench);
+    bench.study.unsaved_changes = false;
+  }
+  FillPipeList();
+  EndTitleEntry();
+  ChkSound.on = desk.options.SoundOn;
+  ChkDataKind.on = desk.options.ChkDataKind;
+  if (bench.study.fluid_name.empty()) bench.study.fluid_name = kWaterName;
+  desk.navigator.Hide(screen::kKind);
+  if (!desk.screens.study_argument.empty()) {
+    OpenChosen(desk, std::exchange(desk.screens.study_argument, {}), RecentList::kAdd);
+  }
+}
+
+void FrmMain::FillPipeList() {
+  filling_pipes_ = true;
+  Cbo_PipeKind.entries.clear();
+  for (const PipeListEntry& entry : bench.pipes) {
+    Cbo_PipeKind.entries.push_back(entry.Text());
+  }
+  Study& study = bench.study;
+  if (study.pipe_system_number == 0 && static_cast<int>(bench.pipes.size()) > kCommonestPosition) {
+    study.pipe_system_number = kCommonestPosition + 1;
+    TellIfFailed(bench, LoadPipeSystem(bench));
+  }
+  filling_pipes_ = false;
+}
+
+void FrmMain::Activate() {
+  Study& study = bench.study;
+  if (study.CalcStatus == calc_status::kRecalculate) {
+    RerunAfterChange();
+    return;
+  }
+  ScreenState& screens = desk.screens;
+  if (screens.returning_from_files && study.study_path == kEscapePath) {
+    study.study_path = study.last_study_path;
+  }
+  screens.returning_from_files = false;
+  screens.returning_from_data = false;
+  screens.returning_from_results = false;
+  desk.navigator.Hide(screen::kKind);
+}
+
+bool FrmMain::OtherKey(const Key& key) {
+  if (key != kSwitchFolderCommands) return false;
+  desk.options.folder_commands = !desk.options.folder_commands;
+  return true;
+}
+
+void FrmMain::Derive() {
+  const Study& study = bench.study;
+  title = std::string(kProgramTitle) +
+          (study.SystemOpen() ? "ΑΝΟΙΚΤΟ ΣΥΣΤΗΜΑ ΣΩΛΗΝΩΝ" : "ΚΛΕΙΣΤΟ ΣΥΣΤΗΜΑ ΣΩΛΗΝΩΝ");
+  DeriveHead();
+  DeriveFigures();
+  DeriveNext();
+  Cbo_PipeKind.selected = study.pipe_system_number - 1;
+  LblMaterial.text = MaterialLine(study.pipe_material);
+  Cmd_Nodes.visible = study.SystemClosed();
+  Mnu_Method.visible = study.SystemClosed();
+  CmdFF.visible = desk.options.folder_commands;
+  CmdManual.visible = bench.workspace.Exists(kManualFile);
+  LblFolder.text = "Folder: " + desk.data_folder.string();
+}
+
+void FrmMain::DeriveHead() {
+  const Study& study = bench.study;
+  LblThema.text = study.study_title.empty()
+                      ? HasRows() ? "Μελέτη χωρίς θέμα" : "Δεν υπάρχει ακόμη μελέτη"
+                      : study.study_title;
+  LblThema.visible = !TxtThema.visible;
+  LblSystem.text = study.SystemOpen() ? "Ανοικτό" : "Κλειστό";
+  LblLiquid.text = "Υγρό : " + study.fluid_name;
+  LblFile.text = study.study_short_name;
+  LblFile.visible = !study.study_short_name.empty();
+  LblUnsaved.visible = study.unsaved_changes;
+}
+
+void FrmMain::DeriveFigures() {
+  const Study& study = bench.study;
+  const Separators separators = desk.separators;
+  const auto number = [&](float value, std::string_view pattern) {
+    return value == 0 ? std::string(kUnknown) : FormatPattern(value, pattern, separators);
+  };
+  const bool rows = HasRows();
+  LblFlow.text = number(study.TotalFlowM3h, "#,##0.00");
+  LblHead.text = rows && study.PumpHead == 0 ? "ΘΑ ΥΠΟΛ." : number(study.PumpHead, "#,##0.00");
+  LblMeanTemp.text = number(study.MeanTemp, "#,##0.0");
+  LblMeanVel.text = number(study.MeanVel, "#,##0.0##");
+  LblSections.text = rows ? std::to_string(study.SectionCount) : std::string(kUnknown);
+  LblEmittersHead.text = study.SystemOpen() ? "Υποδοχείς" : "Σώματα";
+  LblEmitters.text =
+      study.EmitterCount > 0 ? std::to_string(study.EmitterCount) : std::string(kUnknown);
+}
+
+Command& FrmMain::CommandOf(Step step) {
+  switch (step) {
+    case Step::kTitle:
+      return Cmd_Thema;
+    case Step::kGeneralData:
+      return Cmd_GenData;
+    case Step::kSections:
+    case Step::kEmitters:
+      return Cmd_Open;
+    case Step::kCalculation:
+      return Cmd_Calc;
+    case Step::kResults:
+      break;
+  }
+  return Cmd_Res;
+}
+
+void FrmMain::DeriveNext() {
+  StudyProgress progress = ProgressOf(bench.study, HasRows(), desk.separators);
+  constexpr auto kAt = [](Step step) { return static_cast<std::size_t>(step); };
+  for (const Step step : {Step::kTitle, Step::kGeneralData, Step::kCalculation, Step::kResults}) {
+    progress.stations[kAt(step)].command = &CommandOf(step);
+  }
+  StudyRoad.stations = std::move(progress.stations);
+  LblNext.text = progress.sentence;
+  next_ = progress.next;
+  const Command& next = CommandOf(next_);
+  Cmd_Next.caption = next.caption;
+  Cmd_Next.hint = next.Hint();
+  constexpr std::string_view kIcons[] = {"title", "general", "open", "open", "calc", "results"};
+  Cmd_Next.icon = kIcons[kAt(next_)];
+}
+
+}  // namespace kalvo

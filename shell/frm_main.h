@@ -1,0 +1,101 @@
+#pragma once
+
+#include "engine/calculation_command.h"
+#include "form/form.h"
+#include "form/pictures.h"
+#include "shell/study_road.h"
+
+namespace kalvo {
+
+/// Shown by `CmdManual` when it stands in the program folder.
+constexpr const char* kManualFile = "Kalvo.pdf";
+
+/// The main menu: every command of the program starts here. None is greyed; one that cannot run
+/// says why.
+class FrmMain : public Form {
+ public:
+  explicit FrmMain(Desk& shared_desk);
+
+  void Load() override;
+  void Activate() override;
+  void Derive() override;
+  bool MayClose() override;
+  bool OtherKey(const Key& key) override;
+
+  Label LblThema{*this, "LblThema"};
+  Field TxtThema{*this, "TxtThema"};
+  Command CmdThemaOK;
+  Label LblSystem{*this, "LblSystem"};
+  Label LblLiquid{*this, "LblLiquid"};
+  Label LblFile{*this, "LblFile"};
+  Label LblUnsaved{*this, "LblUnsaved", "Μη αποθηκευμένες αλλαγές"};
+  Command Cmd_New;
+  Command Cmd_Open;
+  Command Cmd_Save;
+
+  Road StudyRoad{*this, "StudyRoad"};
+  Command Cmd_Thema;
+  Command Cmd_GenData;
+  Command Cmd_Calc;
+  Command Cmd_Res;
+  Label LblNext{*this, "LblNext"};
+  Command Cmd_Next;
+
+  Choice Cbo_PipeKind{*this, "Cbo_PipeKind"};
+  Label LblMaterial{*this, "LblMaterial"};
+  Command CmdLiquid;
+  Toggle ChkDataKind{*this, "ChkDataKind", " ΔΕΔΟΜΕΝΑ ΣΕ ΜΟΡΦΗ SpreadSheet "};
+  Label LblFlow{*this, "LblFlow"};
+  Label LblHead{*this, "LblHead"};
+  Label LblMeanTemp{*this, "LblMeanTemp"};
+  Label LblMeanVel{*this, "LblMeanVel"};
+  Label LblSections{*this, "LblSections"};
+  Label LblEmittersHead{*this, "LblEmittersHead"};
+  Label LblEmitters{*this, "LblEmitters"};
+
+  Command Cmd_Nodes;
+  Command Cmd_Recent;
+  Command Cmd_CurFL;
+  Command CmdFF;
+  Command CmdManual;
+  Toggle ChkSound{*this, "ChkSound", " On-Off Ήχων "};
+  Label LblFolder{*this, "LblFolder"};
+  Command Cmd_Exit;
+
+  Command Mnu_Results;
+  Command Mnu_Method;
+  Command CmdThemaCancel;
+
+ private:
+  void MakeMenus();
+  void FillPipeList();
+  void ShowTitleEntry();
+  void EndTitleEntry();
+  void AcceptTitle();
+  void OpenGeneralData();
+  void Calculate(bool choose_method);
+  void EndCalculation(CommandEnd end);
+  void ShowFindings();
+  void ShowResults();
+  void ShowResultsFromMenu();
+  void OpenResults();
+  void RerunAfterChange();
+  void ShowNodes();
+  void OpenRecent();
+  void SaveToFile();
+  void OpenManual();
+  void NewStudy();
+  void Leave();
+  void DeriveHead();
+  void DeriveFigures();
+  void DeriveNext();
+  Command& CommandOf(Step step);
+  [[nodiscard]] bool HasRows() const;
+  /// True when a pipe system is chosen; message 406 otherwise.
+  bool NeedsPipes();
+
+  Step next_ = Step::kTitle;
+  bool filling_pipes_ = false;  ///< the pipe list guard
+};
+
+}  // namespace kalvo

@@ -1,0 +1,218 @@
+// What the commands of the main menu do.
+
+#include "engine/rerun.h"
+#include "form/tell.h"
+#include "results/node_report.h"
+#include "shell/frm_main.h"
+#include "shell/message_table.h"
+#include "shell/study_dialogs.h"
+#include "study/study_reset.h"
+#include "study/study_title.h"
+
+namespace kalvo {
+namespace {
+
+constexpr std::string_view kWait = "... Παρακαλώ, Περιμένετε ...";
+
+}  // namespace
+
+bool FrmMain::HasRows() const { return bench.workspace.HasBytes(work_file::kRows); }
+
+bool FrmMain::NeedsPipes() {
+  if (bench.study.pipe_system_number > 0) return true;
+  bench.Show(406);
+  return false;
+}
+
+void FrmMain::ShowTitleEntry() {
+  TxtThema.Show(bench.study.study_title);
+  TxtThema.visible = true;
+  CmdThemaOK.visible = true;
+  CmdThemaCancel.visible = true;
+  Focus(TxtThema);
+}
+
+void FrmMain::EndTitleEntry() {
+  const bool was_open = std::exchange(TxtThema.visible, false);
+  CmdThemaOK.visible = false;
+  CmdThemaCancel.visible = false;
+  if (was_open) Focus(Cmd_Thema);
+}
+
+void FrmMain::AcceptTitle() {
+  const std::string entered = TxtThema.Trimmed();
+  if (entered.empty()) {
+    Focus(TxtThema);
+    return;
+  }
+  if (entered != bench.study.study_title && !TellIfFailed(bench, StoreTitle(bench, entered))) {
+    return;
+  }
+  EndTitleEntry();
+}
+
+void FrmMain::OpenGeneralData() {
+  desk.Click();
+  if (bench.workspace.Exists(work_file::kRows) && !HasRows()) {
+    bench.workspace.Delete(work_file::kRows);
+  }
+  if (HasRows() && bench.study.study_title.empty()) {
+    bench.Show(1);
+    return;
+  }
+  desk.screens.edit_mode = HasRows();
+  desk.navigator.ShowModal(screen::kGeneralData);
+}
+
+void FrmMain::Calculate(bool choose_method) {
+  desk.Click();
+  const bool ask = choose_method || bench.study.SystemOpen();
+  desk.navigator.ShowWait(kWait);
+  const CommandEnd end = kalvo::Calculate(bench, [&]() -> std::optional<Method> {
+    if (!ask) return Method::kFlowOnly;
+    desk.navigator.ShowModal(screen::kMethod);
+    bench.study.CalcStatus = calc_status::kNothing;
+    if (!desk.screens.method) return std::nullopt;
+    return *desk.screens.method == 1 ? Method::kFlowOnly : Method::kFlowAndPressure;
+  });
+  desk.navigator.HideWait();
+  EndCalculation(end);
+}
+
+void FrmMain::EndCalculation(CommandEnd end) {
+  switch (end) {
+    case CommandEnd::kLost:
+    case CommandEnd::kFindings:
+      ShowFindings();
+      return;
+    case CommandEnd::kFeeders:
+      ShowFindings();
+      bench.Show(11);
+      return;
+    case CommandEnd::kCalculated:
+    case CommandEnd::kShowOld:
+      OpenResults();
+      return;
+    case CommandEnd::kRefused:
+    case CommandEnd::kCapacity:
+    case CommandEnd::kViscosity:
+    case CommandEnd::kBrokenOff:
+    case CommandEnd::kCancelled:
+      return;
+  }
+}
+
+void FrmMain::ShowFindings() {
+  if (bench.workspace.HasBytes(work_file::kErrors)) {
+    desk.navigator.ShowModal(screen::kNameErrors);
+  }
+}
+
+void FrmMain::OpenResults() {
+  desk.screens.ResultsLeft = false;
+  desk.screens.results_view = ResultsView::kSheet;
+  desk.screens.results_begin = true;
+  desk.navigator.Show(screen::kResultsSheet);
+  desk.navigator.Hide(screen::kMain);
+}
+
+void FrmMain::ShowResults() {
+  desk.Click();
+  const Study& study = bench.study;
+  if (study.recalculation_needed) {
+    const bool statistics = bench.workspace.Exists(work_file::kStatistics);
+    bench.Show(statistics && !study.came_by_recovery ? 301 : 305);
+    return;
+  }
+  if (!NeedsPipes()) return;
+  if (!HasRows() || !study.results_valid) {
+    bench.Show(140);
+    return;
+  }
+  OpenResults();
+}
+
+void FrmMain::ShowResultsFromMenu() {
+  if (bench.study.recalculation_needed) {
+    bench.Show(301);
+    return;
+  }
+  ShowResults();
+}
+
+void FrmMain::RerunAfterChange() {
+  Study& study = bench.study;
+  study.diameters_changed = true;
+  study.unsaved_changes = true;
+  study.CalcStatus = calc_status::kNothing;
+  desk.navigator.ShowWait(kWait);
+  Rerun(bench);
+  desk.navigator.HideWait();
+  if (study.CalcStatus != calc_status::kNothing) {
+    study.CalcStatus = calc_status::kNothing;
+    return;
+  }
+  if (desk.options.ChkDataKind) {
+    OpenResults();
+  } else {
+    desk.screens.results_begin = true;
+    desk.navigator.Show(screen::kPump);
+  }
+}
+
+void FrmMain::ShowNodes() {
+  desk.Click();
+  ShowNodeReport(desk, false);
+}
+
+void FrmMain::SaveToFile() {
+  desk.Click();
+  if (NeedsPipes()) SaveStudy(desk);
+}
+
+void FrmMain::OpenRecent() {
+  const auto bytes = bench.workspace.Read(work_file::kRecentFiles);
+  if (bytes && bytes->empty()) bench.workspace.Delete(work_file::kRecentFiles);
+  if (!bytes || bytes->empty()) {
+    bench.Ask({std::string(kAttentionTitle), {"... ΔΕΝ υπάρχουν πρόσφατα Αρχεία ..."}, 64});
+    return;
+  }
+  desk.navigator.ShowModal(screen::kRecent);
+}
+
+void FrmMain::OpenManual() {
+  const Outcome opened = desk.viewer.Open(desk.program_folder / kManualFile);
+  TellIfFailed(bench, opened);
+}
+
+void FrmMain::NewStudy() {
+  desk.Click();
+  if (!AskAboutUnsaved(desk)) return;
+  if (!ThrowAwayStudy(desk)) return;
+  bench.study.unsaved_changes = false;
+  ShowTitleEntry();
+}
+
+void FrmMain::Leave() {
+  desk.Click();
+  if (!AskAboutUnsaved(desk)) return;
+  desk.navigator.ShowWait(kWait);
+  const bool gone = ThrowAwayStudy(desk);
+  desk.navigator.HideWait();
+  if (!gone) return;
+  bench.workspace.Delete(work_file::kFluid);
+  bench.study.unsaved_changes = false;
+  bench.study.recalculation_needed = false;
+  for (const std::string_view name : {screen::kResults, screen::kResultsSheet, screen::kPump}) {
+    desk.navigator.Close(name);
+  }
+  desk.navigator.Close(screen::kMain);
+  desk.navigator.Show(screen::kKind);
+}
+
+bool FrmMain::MayClose() {
+  Leave();
+  return false;
+}
+
+}  // namespace kalvo
