@@ -71,6 +71,12 @@ Windows::Open& Windows::OpenScreen(const Screen& screen, bool modal) {
   open.window = std::make_unique<QWidget>();
   screen.set_up(*open.window);
   open.window->setObjectName(ToQt(screen.name));
+  // A splitter shows its parts before the design has given them their roles.
+  for (const QSplitter* splitter : open.window->findChildren<QSplitter*>()) {
+    for (QWidget* part : splitter->findChildren<QWidget*>()) {
+      StyleAnew(*part);
+    }
+  }
   if (open.window->property("frameless").toBool()) {
     open.window->setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
   }

@@ -20,13 +20,13 @@ namespace {
 constexpr double kPascalPerMillimetre = 9.80665;
 
 std::vector<GridColumn> Columns() {
-  return {{"ΟΝΟΜΑ- ΣΙΑ ΤΜΗΜΑ- ΤΟΣ", 8, false, true},
-          {"ΜΗΚΟΣ ΤΜΗΜΑ- ΤΟΣ [m]", 7, true, true},
-          {"ΟΝΟΜΑΣΤΙΚΗ ΔΙΑΜΕΤΡΟΣ", 12, true, true, true},
-          {"ΠΑΡΟΧΗ [Lit/h]", 10},
-          {"ΤΑΧΥΤΗ- ΤΑ [m/sec]", 8},
-          {"ΠΤΩΣΗ ΠΙΕΣΗΣ mm w.g.]", 9},
-          {"ΔΙΑΘΕΣΙΜΗ ΠΙΕΣΗ [mm w.g.]", 10}};
+  return {{"ΟΝΟΜΑ-\nΣΙΑ\nΤΜΗΜΑ-\nΤΟΣ", 8, false, true},
+          {"ΜΗΚΟΣ\nΤΜΗΜΑ-\nΤΟΣ\n[m]", 7, true, true},
+          {"ΟΝΟΜΑΣΤΙΚΗ\nΔΙΑΜΕΤΡΟΣ", 12, true, true, true},
+          {"ΠΑΡΟΧΗ\n[Lit/h]", 10},
+          {"ΤΑΧΥΤΗ-\nΤΑ\n[m/sec]", 8},
+          {"ΠΤΩΣΗ\nΠΙΕΣΗΣ\nmm w.g.]", 9},
+          {"ΔΙΑΘΕΣΙΜΗ\nΠΙΕΣΗ\n[mm w.g.]", 10}};
 }
 
 // Section numbers of a branch's text: cells of three characters and a "-".

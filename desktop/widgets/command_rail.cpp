@@ -29,7 +29,8 @@ void CommandRail::Dress() {
   for (QLabel* label : findChildren<QLabel*>()) {
     if (label->property("role") == "heading") label->setVisible(!icons_only_);
   }
-  setMinimumWidth(icons_only_ ? kIconsWidth : kWidth);
+  // Captions and key names decide on the width; the layout knows them only when it is asked.
+  setMinimumWidth(icons_only_ ? kIconsWidth : qMax(kWidth, sizeHint().width()));
   setMaximumWidth(icons_only_ ? kIconsWidth : QWIDGETSIZE_MAX);
   if (layout() == nullptr) return;
   const int side = icons_only_ ? kIconsMargin : kMargin;

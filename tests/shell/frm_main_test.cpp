@@ -1,0 +1,246 @@
+#include "shell/frm_main.h"
+
+#include <gtest/gtest.h>
+
+#include "shell/frm_kind.h"
+#include "shell/frm_title.h"
+#include "shell/recovery.h"
+#include "shell/safety_copies.h"
+#include "tests/support/sample_study.h"
+#include "tests/support/test_desk.h"
+
+namespace kalvo {
+namespace {
+
+struct MainMenu : TestDesk, ::testing::Test {
+  MainMenu() {
+    desk.data_folder = "/studies";
+    form.Load();
+    form.Derive();
+  }
+  void PutStudy() {
+    PutSampleStudy(test.bench, "Κτίριο");
+    test.study.study_title = "Κτίριο";
+    test.study.pipe_system_number = 1;
+    form.Derive();
+  }
+  [[nodiscard]] std::vector<RoadMark> Marks() {
+    form.Derive();
+    std::vector<RoadMark> marks;
+    for (const RoadStation& station : form.StudyRoad.stations) {
+      marks.push_back(station.mark);
+    }
+    return marks;
+  }
+  FrmMain form{desk};
+};
+
+TEST_F(MainMenu, BeginsEmptyWithTheTitleAsTheNextStep) {
+  EXPECT_EQ(form.LblThema.text, "Δεν υπάρχει ακόμη μελέτη");
+  EXPECT_EQ(form.Cmd_Next.caption, "ΘΕΜΑ-ΤΙΤΛΟΣ");
+  EXPECT_EQ(form.LblLiquid.text, "Υγρό : Νερό");
+  EXPECT_EQ(Marks()[0], RoadMark::kNext);
+  EXPECT_FALSE(form.TxtThema.visible);
+}
+
+TEST_F(MainMenu, TakesATitleIntoEveryRowAndKeepsTheFocusOnAnEmptyOne) {
+  PutStudy();
+  test.study.unsaved_changes = false;
+  Click(form, form.Cmd_Thema);
+  TypeInto(form, form.TxtThema, "  ");
+  form.Press(Plain(KeyCode::kEnter));
+  EXPECT_TRUE(form.TxtThema.visible);
+  EXPECT_EQ(form.focus(), &form.TxtThema);
+  TypeInto(form, form.TxtThema, " Ξενοδοχείο ");
+  form.Press(Plain(KeyCode::kEnter));
+  EXPECT_FALSE(form.TxtThema.visible);
+  EXPECT_EQ(form.focus(), &form.Cmd_Thema);
+  for (const SectionRow& row : test.Rows()) {
+    EXPECT_EQ(row.Thema.Utf8(), "Ξενοδοχείο");
+  }
+  EXPECT_TRUE(test.study.unsaved_changes);
+  EXPECT_FALSE(PasteInto(form, form.TxtThema, std::string(79, 'x')));
+}
+
+TEST_F(MainMenu, SaysWhyACommandCannotRun) {
+  test.study.pipe_system_number = 1;
+  Click(form, form.Cmd_Calc);
+  Click(form, form.Cmd_Res);
+  test.study.pipe_system_number = 0;
+  Click(form, form.Cmd_Save);
+  Click(form, form.Cmd_Res);
+  EXPECT_EQ(test.prompter.codes(), (std::vector{407, 140, 406, 406}));
+  test.study.recalculation_needed = true;
+  Click(form, form.Cmd_Res);
+  ASSERT_TRUE(test.workspace.Write(work_file::kStatistics, "x").ok());
+  Click(form, form.Cmd_Res);
+  test.study.came_by_recovery = true;
+  Click(form, form.Cmd_Res);
+  form.Run(form.Mnu_Results);
+  const std::vector<int>& codes = test.prompter.codes();
+  EXPECT_EQ((std::vector<int>(codes.end() - 4, codes.end())), (std::vector{305, 301, 305, 301}));
+  EXPECT_TRUE(navigator.log == std::vector<std::string>{"hide FrmKind"});
+}
+
+TEST_F(MainMenu, CalculatesAndOpensTheSheetOfResults) {
+  PutStudy();
+  EXPECT_EQ(form.Cmd_Next.caption, "Υπολογισμοί");
+  test.study.results_valid = false;
+  form.Press(Plain(KeyCode::kF9));
+  ASSERT_TRUE(test.prompter.codes().empty()) << test.prompter.codes().front();
+  EXPECT_EQ(navigator.log.back(), "hide FrmMain");
+  EXPECT_TRUE(desk.screens.results_begin);
+  EXPECT_EQ(navigator.waits.back(), "-");
+}
+
+TEST_F(MainMenu, MarksAStaleStepAndNamesTheCause) {
+  PutStudy();
+  test.study.recalculation_needed = true;
+  EXPECT_EQ(Marks()[4], RoadMark::kStale);
+  EXPECT_EQ(form.Cmd_Next.caption, "Υπολογισμοί");
+  EXPECT_NE(form.LblNext.text.find("νέοι υπολογισμοί"), std::string::npos);
+}
+
+TEST_F(MainMenu, LeavingReturnsToTheChoiceOfKindAndKeepsASafetyCopy) {
+  PutStudy();
+  test.study.unsaved_changes = true;
+  test.prompter.Expect(130, Answer::kCancel);
+  EXPECT_FALSE(form.MayClose());
+  EXPECT_TRUE(test.study.unsaved_changes);
+  test.prompter.Expect(130, Answer::kNo);
+  Click(form, form.Cmd_Exit);
+  EXPECT_EQ(navigator.log.back(), "show FrmKind");
+  EXPECT_FALSE(test.workspace.Exists(work_file::kRows));
+  EXPECT_FALSE(test.workspace.Exists(work_file::kFluid));
+  EXPECT_EQ(test.outer_disk.List("/studies/ASFALEIA").size(), 1U);
+}
+
+TEST_F(MainMenu, ShowsTheFolderCommandsAsTheUserLeftThem) {
+  form.Press(Shift(KeyCode::kEscape));
+  EXPECT_FALSE(desk.options.folder_commands);
+  form.ChkSound.Set(true);
+  Click(form, form.Cmd_Nodes);
+  EXPECT_EQ(sound.played, 1);
+}
+
+struct KindScreen : TestDesk, ::testing::Test {
+  KindScreen() {
+    desk.data_folder = "/studies";
+    test.study.system_kind = SystemKind::kNone;
+    form.Load();
+  }
+  void LeaveRows(SystemKind kind) {
+    PutSampleStudy(test.bench, "Από πριν");
+    auto rows = test.Rows();
+    for (SectionRow& row : rows) {
+      row.KLEIS = kind == SystemKind::kClosed ? -1 : 0;
+      row.ANOIK = kind == SystemKind::kOpen ? -1 : 0;
+    }
+    ASSERT_TRUE(test.workspace.Rows().WriteAll(rows).ok());
+    test.study = Study{};
+  }
+  void Offer(std::optional<bool> answer) {
+    navigator.Expect(screen::kOldStudy, [this, answer] { desk.screens.recover = answer; });
+  }
+  [[nodiscard]] std::size_t SafetyCopies() const {
+    return test.outer_disk.List("/studies/ASFALEIA").size();
+  }
+  FrmKind form{desk};
+};
+
+TEST_F(KindScreen, PreselectsClosedAndSetsTheKindOnlyWhenItGoesOn) {
+  EXPECT_TRUE(form.SSOption1.on);
+  EXPECT_EQ(test.study.system_kind, SystemKind::kNone);
+  form.Press(Plain(KeyCode::kEnter));
+  EXPECT_EQ(test.study.system_kind, SystemKind::kClosed);
+  EXPECT_EQ(navigator.log.back(), "show FrmMain");
+  form.Press(Alt('A'));
+  EXPECT_TRUE(form.SSOption2.on);
+  EXPECT_FALSE(form.SSOption1.on);
+  form.Press(Plain(KeyCode::kEscape));
+  EXPECT_EQ(navigator.log.back(), "end");
+}
+
+TEST_F(KindScreen, OffersBackWhatWasLeftAndWaitsWhenNothingIsAnswered) {
+  LeaveRows(SystemKind::kClosed);
+  Offer(std::nullopt);
+  Click(form, form.Cmd_Go);
+  EXPECT_EQ(navigator.log.back(), "modal FrmOldStudy");
+  EXPECT_TRUE(test.workspace.Exists(work_file::kRows));
+  Offer(true);
+  Click(form, form.Cmd_Go);
+  EXPECT_EQ(navigator.log.back(), "show FrmMain");
+  EXPECT_EQ(test.study.study_title, "Από πριν");
+  EXPECT_TRUE(test.study.unsaved_changes);
+  EXPECT_TRUE(test.study.recovery);
+}
+
+TEST_F(KindScreen, KeepsASafetyCopyOfWhatIsRefusedOrOfTheOtherKind) {
+  LeaveRows(SystemKind::kClosed);
+  Offer(false);
+  Click(form, form.Cmd_Go);
+  EXPECT_FALSE(test.workspace.Exists(work_file::kRows));
+  EXPECT_EQ(SafetyCopies(), 1U);
+  LeaveRows(SystemKind::kOpen);
+  Click(form, form.Cmd_Go);
+  EXPECT_FALSE(test.workspace.Exists(work_file::kRows));
+  EXPECT_EQ(SafetyCopies(), 2U);
+  EXPECT_EQ(navigator.log.back(), "show FrmMain");
+}
+
+TEST_F(KindScreen, TakesTheRowsFromWhicheverFileHoldsThem) {
+  LeaveRows(SystemKind::kClosed);
+  const std::string rows = test.Bytes();
+  for (const char* const name :
+       {work_file::kRowsBeforeChange, work_file::kRebuilt, work_file::kFirstRows}) {
+    test.workspace.DeleteWorkFiles();
+    ASSERT_TRUE(test.workspace.Write(name, rows).ok());
+    test.study = Study{};
+    test.study.system_kind = SystemKind::kClosed;
+    const auto found = FindLeftOver(test.bench, desk.data_folder);
+    ASSERT_TRUE(found.ok());
+    EXPECT_EQ(found->what, LeftOver::kStudy) << name;
+    EXPECT_EQ(test.Bytes(), rows) << name;
+  }
+}
+
+TEST_F(KindScreen, CutsARestThatIsNoRowAndKeepsTheOriginal) {
+  LeaveRows(SystemKind::kClosed);
+  const std::string rows = test.Bytes();
+  ASSERT_TRUE(test.workspace.Write(work_file::kRows, rows + "rest").ok());
+  test.study.system_kind = SystemKind::kClosed;
+  ASSERT_TRUE(FindLeftOver(test.bench, desk.data_folder).ok());
+  EXPECT_EQ(test.Bytes(), rows);
+  EXPECT_EQ(SafetyCopies(), 1U);
+  ASSERT_TRUE(test.workspace.Write(work_file::kRows, "").ok());
+  ASSERT_TRUE(FindLeftOver(test.bench, desk.data_folder).ok());
+  EXPECT_FALSE(test.workspace.Exists(work_file::kRows));
+}
+
+TEST_F(KindScreen, BringsBackWhatIsKnownOfASheetAndNeverLosesIt) {
+  ASSERT_TRUE(test.workspace.Write(work_file::kSheet, "cells").ok());
+  ASSERT_TRUE(test.workspace
+                  .Write(work_file::kSheetIntro,
+                         "\"Σχολείο\"\n\"CLOSED\"\n\"3.2\"\n\"70\"\n\"1.5\"\n\"2\"\n\"1\"\n")
+                  .ok());
+  Offer(true);
+  Click(form, form.Cmd_Go);
+  EXPECT_EQ(test.study.study_title, "Σχολείο");
+  EXPECT_EQ(test.study.MeanVel, 1.5F);
+  EXPECT_EQ(test.study.plant_section, 2);
+  EXPECT_EQ(test.Bytes(work_file::kSheet), "cells");
+  EXPECT_EQ(SafetyCopies(), 1U);
+}
+
+TEST(TitleScreen, GoesOnOnceByKeyOrTime) {
+  TestDesk desk;
+  FrmTitle form(desk.desk);
+  EXPECT_EQ(form.after_seconds, 4);
+  EXPECT_FALSE(form.Press(Key{KeyCode::kCharacter, 0, false, true, false})) << "Shift alone";
+  form.Press(Typed(U'α'));
+  form.Run(*form.runs_by_itself);
+  EXPECT_EQ(desk.navigator.log, (std::vector<std::string>{"show FrmKind", "close FrmTitle"}));
+}
+
+}  // namespace
+}  // namespace kalvo
