@@ -13,6 +13,11 @@ Result<std::string> Disk::ReadHead(const std::filesystem::path& path, std::size_
   return bytes;
 }
 
+bool Disk::CanList(const std::filesystem::path& folder) const {
+  const auto status = Status(folder);
+  return status && status->is_folder;
+}
+
 Outcome ReplaceFile(Disk& disk, const std::filesystem::path& path, std::string bytes) {
   std::filesystem::path beside = path;
   beside += kBesideEnd;

@@ -43,6 +43,9 @@ class Disk {
   /// Names in the folder in byte order; none when it cannot be read.
   [[nodiscard]] virtual std::vector<std::string> List(
       const std::filesystem::path& folder) const = 0;
+  /// True when List() tells all that is in the folder; one that is gone or closed to the user
+  /// looks empty to it.
+  [[nodiscard]] virtual bool CanList(const std::filesystem::path& folder) const;
 
   [[nodiscard]] bool Exists(const std::filesystem::path& path) const {
     return Status(path).has_value();

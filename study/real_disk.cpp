@@ -182,4 +182,10 @@ std::vector<std::string> RealDisk::List(const fs::path& folder) const {
   return names;
 }
 
+bool RealDisk::CanList(const fs::path& folder) const {
+  std::error_code error;
+  const fs::directory_iterator at(folder, error);
+  return !error;
+}
+
 }  // namespace kalvo

@@ -17,6 +17,7 @@ class RealDisk : public Disk {
   Outcome Remove(const std::filesystem::path& path) override;
   Outcome MakeFolder(const std::filesystem::path& path) override;
   [[nodiscard]] std::vector<std::string> List(const std::filesystem::path& folder) const override;
+  [[nodiscard]] bool CanList(const std::filesystem::path& folder) const override;
 };
 
 /// The Greek reason for an error number of the system.

@@ -35,6 +35,9 @@ class ForwardingDisk : public Disk {
   [[nodiscard]] std::vector<std::string> List(const std::filesystem::path& folder) const override {
     return inner_.List(folder);
   }
+  [[nodiscard]] bool CanList(const std::filesystem::path& folder) const override {
+    return inner_.CanList(folder);
+  }
 
  protected:
   Disk& inner_;
