@@ -39,7 +39,6 @@ struct ScreenState {
   std::optional<int> method;             ///< `FrmCalcs`: 1 or 2, nothing when it was closed
   std::optional<bool> recover;           ///< `FrmOldStudy`: nothing when its window was closed
   int offered_rows = 0;                  ///< rows of the study that is offered back
-  std::filesystem::path chosen_file;     ///< what a file dialog chose; empty: Escape
   bool edit_mode = false;
   bool goto_serves_results = false;
   ResultsView results_view = ResultsView::kOne;

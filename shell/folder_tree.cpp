@@ -48,8 +48,7 @@ void FolderTree::Open(std::size_t line) {
   for (const std::string& name : SubfolderNames(*disk_, above)) {
     below.push_back({above / name, lines_[line].depth + 1, false});
   }
-  lines_.insert(lines_.begin() + static_cast<std::ptrdiff_t>(line) + 1, below.begin(),
-                below.end());
+  lines_.insert(lines_.begin() + static_cast<std::ptrdiff_t>(line) + 1, below.begin(), below.end());
 }
 
 const fs::path& FolderTree::folder() const {

@@ -20,7 +20,6 @@ class FrmMain : public Form {
   void Activate() override;
   void Derive() override;
   bool MayClose() override;
-  bool OtherKey(const Key& key) override;
 
   Label LblThema{*this, "LblThema"};
   Field TxtThema{*this, "TxtThema"};
@@ -35,7 +34,6 @@ class FrmMain : public Form {
 
   Road StudyRoad{*this, "StudyRoad"};
   Command Cmd_Thema;
-  Command Cmd_GenData;
   Command Cmd_Calc;
   Command Cmd_Res;
   Label LblNext{*this, "LblNext"};
@@ -54,9 +52,6 @@ class FrmMain : public Form {
   Label LblEmitters{*this, "LblEmitters"};
 
   Command Cmd_Nodes;
-  Command Cmd_Recent;
-  Command Cmd_CurFL;
-  Command CmdFF;
   Command CmdManual;
   Toggle ChkSound{*this, "ChkSound", " On-Off Ήχων "};
   Label LblFolder{*this, "LblFolder"};
@@ -72,7 +67,6 @@ class FrmMain : public Form {
   void ShowTitleEntry();
   void EndTitleEntry();
   void AcceptTitle();
-  void OpenGeneralData();
   void Calculate(bool choose_method);
   void EndCalculation(CommandEnd end);
   void ShowFindings();
@@ -81,7 +75,6 @@ class FrmMain : public Form {
   void OpenResults();
   void RerunAfterChange();
   void ShowNodes();
-  void OpenRecent();
   void SaveToFile();
   void OpenManual();
   void NewStudy();

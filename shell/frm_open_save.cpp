@@ -42,8 +42,7 @@ void FrmOpenSave::ListFolder() {
   desk.navigator.ShowWait("... Παρακαλώ, Περιμένετε ...");
   studies_ = ListStudies(bench.workspace, folders_.folder(), bench.study.system_kind);
   desk.navigator.HideWait();
-  LblCount.text =
-      FormatPattern(static_cast<double>(studies_.size()), "##,###", desk.separators);
+  LblCount.text = FormatPattern(static_cast<double>(studies_.size()), "##,###", desk.separators);
   LblCount.visible = !studies_.empty();
   TxtSearch.Show("");
   Search();

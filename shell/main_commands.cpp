@@ -4,7 +4,6 @@
 #include "form/tell.h"
 #include "results/node_report.h"
 #include "shell/frm_main.h"
-#include "shell/message_table.h"
 #include "shell/study_dialogs.h"
 #include "study/study_reset.h"
 #include "study/study_title.h"
@@ -49,19 +48,6 @@ void FrmMain::AcceptTitle() {
     return;
   }
   EndTitleEntry();
-}
-
-void FrmMain::OpenGeneralData() {
-  desk.Click();
-  if (bench.workspace.Exists(work_file::kRows) && !HasRows()) {
-    bench.workspace.Delete(work_file::kRows);
-  }
-  if (HasRows() && bench.study.study_title.empty()) {
-    bench.Show(1);
-    return;
-  }
-  desk.screens.edit_mode = HasRows();
-  desk.navigator.ShowModal(screen::kGeneralData);
 }
 
 void FrmMain::Calculate(bool choose_method) {
@@ -152,12 +138,7 @@ void FrmMain::RerunAfterChange() {
     study.CalcStatus = calc_status::kNothing;
     return;
   }
-  if (desk.options.ChkDataKind) {
-    OpenResults();
-  } else {
-    desk.screens.results_begin = true;
-    desk.navigator.Show(screen::kPump);
-  }
+  OpenResults();
 }
 
 void FrmMain::ShowNodes() {
@@ -168,16 +149,6 @@ void FrmMain::ShowNodes() {
 void FrmMain::SaveToFile() {
   desk.Click();
   if (NeedsPipes()) SaveStudy(desk);
-}
-
-void FrmMain::OpenRecent() {
-  const auto bytes = bench.workspace.Read(work_file::kRecentFiles);
-  if (bytes && bytes->empty()) bench.workspace.Delete(work_file::kRecentFiles);
-  if (!bytes || bytes->empty()) {
-    bench.Ask({std::string(kAttentionTitle), {"... ΔΕΝ υπάρχουν πρόσφατα Αρχεία ..."}, 64});
-    return;
-  }
-  desk.navigator.ShowModal(screen::kRecent);
 }
 
 void FrmMain::OpenManual() {
@@ -203,9 +174,7 @@ void FrmMain::Leave() {
   bench.workspace.Delete(work_file::kFluid);
   bench.study.unsaved_changes = false;
   bench.study.recalculation_needed = false;
-  for (const std::string_view name : {screen::kResults, screen::kResultsSheet, screen::kPump}) {
-    desk.navigator.Close(name);
-  }
+  desk.navigator.Close(screen::kResultsSheet);
   desk.navigator.Close(screen::kMain);
   desk.navigator.Show(screen::kKind);
 }

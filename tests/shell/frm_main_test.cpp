@@ -83,9 +83,10 @@ TEST_F(MainMenu, SaysWhyACommandCannotRun) {
 }
 
 TEST_F(MainMenu, CalculatesAndOpensTheSheetOfResults) {
-  PutStudy();
+  test.PutNetwork({"ANT/1 5m", "1/2 5m soma 300l/h 500mm", "2/ANT 5m"});
+  test.study.study_title = "Κτίριο";
+  form.Derive();
   EXPECT_EQ(form.Cmd_Next.caption, "Υπολογισμοί");
-  test.study.results_valid = false;
   form.Press(Plain(KeyCode::kF9));
   ASSERT_TRUE(test.prompter.codes().empty()) << test.prompter.codes().front();
   EXPECT_EQ(navigator.log.back(), "hide FrmMain");
@@ -115,9 +116,7 @@ TEST_F(MainMenu, LeavingReturnsToTheChoiceOfKindAndKeepsASafetyCopy) {
   EXPECT_EQ(test.outer_disk.List("/studies/ASFALEIA").size(), 1U);
 }
 
-TEST_F(MainMenu, ShowsTheFolderCommandsAsTheUserLeftThem) {
-  form.Press(Shift(KeyCode::kEscape));
-  EXPECT_FALSE(desk.options.folder_commands);
+TEST_F(MainMenu, PlaysTheSoundOfCommandsWhenItIsOn) {
   form.ChkSound.Set(true);
   Click(form, form.Cmd_Nodes);
   EXPECT_EQ(sound.played, 1);

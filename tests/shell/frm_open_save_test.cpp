@@ -114,8 +114,7 @@ TEST_F(OpenSave, TheClassicDialogTakesItsPlace) {
   form.Load();
   desk.navigator.Expect(screen::kFiles, [this] { desk.desk.screens.chosen_file = "/c.PCK"; });
   Click(form, form.CmdClassic);
-  EXPECT_EQ(desk.navigator.log,
-            (std::vector<std::string>{"close FrmOpenSave", "modal FrmFileOS"}));
+  EXPECT_EQ(desk.navigator.log, (std::vector<std::string>{"close FrmOpenSave", "modal FrmFileOS"}));
   EXPECT_EQ(chosen(), "/c.PCK");
 }
 
