@@ -81,13 +81,15 @@ void Grid::CycleSort(int column) {
 std::string Grid::Copy(std::span<const GridPlace> places) const {
   const std::set<GridPlace> wanted(places.begin(), places.end());
   if (wanted.empty()) return {};
-  const auto [first, last] = std::ranges::minmax(wanted, {}, &GridPlace::column);
+  const auto [first, last] = std::minmax_element(
+      wanted.begin(), wanted.end(),
+      [](const GridPlace& a, const GridPlace& b) { return a.column < b.column; });
   std::string text;
   for (const int row : order_) {
     std::string line;
     bool any = false;
-    for (int column = first.column; column <= last.column; ++column) {
-      line += column == first.column ? "" : "\t";
+    for (int column = first->column; column <= last->column; ++column) {
+      line += column == first->column ? "" : "\t";
       if (wanted.contains({row, column})) {
         any = true;
         line += At(row, column).text;

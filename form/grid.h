@@ -30,7 +30,10 @@ struct GridCell {
 struct GridPlace {
   int row = 0;
   int column = 0;
-  auto operator<=>(const GridPlace&) const = default;
+  bool operator==(const GridPlace&) const = default;
+  bool operator<(const GridPlace& other) const {
+    return row != other.row ? row < other.row : column < other.column;
+  }
 };
 
 /// How the rows are shown; the rows themselves keep their order.
