@@ -6,6 +6,7 @@
 #include <ui_frm_editor.h>
 #include <ui_frm_error.h>
 #include <ui_frm_file_os.h>
+#include <ui_frm_go_to.h>
 #include <ui_frm_kind.h>
 #include <ui_frm_liquid.h>
 #include <ui_frm_main.h>
@@ -13,6 +14,7 @@
 #include <ui_frm_res_sheet.h>
 #include <ui_frm_title.h>
 
+#include "entry/frm_go_to.h"
 #include "entry/frm_liquid.h"
 #include "results/frm_res_sheet.h"
 #include "shell/frm_calcs.h"
@@ -43,6 +45,7 @@ constexpr Screen kScreens[] = {
     {screen::kViewer, &MakeForm<FrmEditor>, &SetUp<Ui::FrmEditor>},
     {screen::kNameErrors, &MakeForm<FrmError>, &SetUp<Ui::FrmError>},
     {screen::kLiquid, &MakeForm<FrmLiquid>, &SetUp<Ui::FrmLiquid>},
+    {screen::kGoTo, &MakeForm<FrmGoTo>, &SetUp<Ui::FrmGoTo>},
     {screen::kOldStudy, &MakeForm<FrmOldStudy>, &SetUp<Ui::FrmOldStudy>},
 };
 
