@@ -8,6 +8,15 @@ namespace {
 
 constexpr int kBlanksPerDepth = 4;
 
+// Blanks that pad a number on the left are shown as wide as the digits they stand for.
+QString WithWideBlanks(QString line) {
+  constexpr QChar kFigureSpace(0x2007);
+  for (qsizetype at = 0; at < line.size() && line[at] == QLatin1Char(' '); ++at) {
+    line[at] = kFigureSpace;
+  }
+  return line;
+}
+
 }  // namespace
 
 int ListModel::rowCount(const QModelIndex& parent) const {
@@ -21,7 +30,7 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
     case Qt::DisplayRole:
       return row < list_.depths().size()
                  ? QString(kBlanksPerDepth * list_.depths()[row], QLatin1Char(' ')) + line
-                 : line;
+                 : WithWideBlanks(line);
     case Qt::AccessibleTextRole:
     case Qt::ToolTipRole:
       return line.trimmed();

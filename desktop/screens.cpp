@@ -6,6 +6,7 @@
 #include <ui_frm_editor.h>
 #include <ui_frm_error.h>
 #include <ui_frm_file_os.h>
+#include <ui_frm_gen_data.h>
 #include <ui_frm_go_to.h>
 #include <ui_frm_kind.h>
 #include <ui_frm_liquid.h>
@@ -14,6 +15,7 @@
 #include <ui_frm_res_sheet.h>
 #include <ui_frm_title.h>
 
+#include "entry/frm_gen_data.h"
 #include "entry/frm_go_to.h"
 #include "entry/frm_liquid.h"
 #include "results/frm_res_sheet.h"
@@ -45,6 +47,7 @@ constexpr Screen kScreens[] = {
     {screen::kViewer, &MakeForm<FrmEditor>, &SetUp<Ui::FrmEditor>},
     {screen::kNameErrors, &MakeForm<FrmError>, &SetUp<Ui::FrmError>},
     {screen::kLiquid, &MakeForm<FrmLiquid>, &SetUp<Ui::FrmLiquid>},
+    {screen::kGeneralData, &MakeForm<FrmGenData>, &SetUp<Ui::FrmGenData>},
     {screen::kGoTo, &MakeForm<FrmGoTo>, &SetUp<Ui::FrmGoTo>},
     {screen::kOldStudy, &MakeForm<FrmOldStudy>, &SetUp<Ui::FrmOldStudy>},
 };

@@ -1,0 +1,59 @@
+#include "desktop/widgets/pair_label.h"
+
+#include <QPainter>
+
+#include "desktop/theme.h"
+
+namespace kalvo {
+namespace {
+
+constexpr int kGap = 16;  // between the widest label and the values
+constexpr int kShortestValue = 64;
+
+struct Pair {
+  QString label;  // with its colon
+  QString value;
+};
+
+Pair Split(const QString& text) {
+  const qsizetype colon = text.indexOf(QLatin1String(" :"));
+  if (colon < 0) return {QString(), text.trimmed()};
+  return {text.left(colon + 2).trimmed(), text.mid(colon + 2).trimmed()};
+}
+
+}  // namespace
+
+int PairLabel::OwnWidth() const { return fontMetrics().horizontalAdvance(Split(text()).label); }
+
+int PairLabel::ValueLeft() const {
+  int widest = OwnWidth();
+  for (const auto* line :
+       parentWidget()->findChildren<PairLabel*>(QString(), Qt::FindDirectChildrenOnly)) {
+    widest = std::max(widest, line->OwnWidth());
+  }
+  return widest + kGap;
+}
+
+QSize PairLabel::sizeHint() const {
+  return {ValueLeft() + fontMetrics().horizontalAdvance(Split(text()).value),
+          fontMetrics().height() + 4};
+}
+
+QSize PairLabel::minimumSizeHint() const {
+  return {ValueLeft() + kShortestValue, fontMetrics().height()};
+}
+
+void PairLabel::paintEvent(QPaintEvent*) {
+  const Pair pair = Split(text());
+  const QRect area = contentsRect();
+  const QRect value_area = area.adjusted(ValueLeft(), 0, 0, 0);
+  constexpr int kFlags = static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter);
+  QPainter painter(this);
+  painter.setPen(ActiveTheme().ink2);
+  painter.drawText(area, kFlags, pair.label);
+  painter.setPen(ActiveTheme().ink);
+  const QString value = fontMetrics().elidedText(pair.value, Qt::ElideRight, value_area.width());
+  painter.drawText(value_area, kFlags, value);
+}
+
+}  // namespace kalvo

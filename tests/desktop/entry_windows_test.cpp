@@ -1,0 +1,69 @@
+#include <gtest/gtest.h>
+
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QTest>
+
+#include "desktop/windows.h"
+#include "tests/desktop/pictures.h"
+#include "tests/support/test_desk.h"
+
+namespace kalvo {
+namespace {
+
+/// Windows over a network of 120 sections with an emitter at the end.
+struct NetworkDesk : TestDesk {
+  NetworkDesk() {
+    windows.SetDesk(shown);
+    std::vector<std::string> lines = {"ANT/1 10m plant"};
+    for (int i = 1; i < 119; ++i) {
+      lines.push_back(std::to_string(i) + "/" + std::to_string(i + 1) + " 3m");
+    }
+    lines.emplace_back("119/ANT 5m soma 1200 l/h 300mm");
+    test.PutNetwork({lines.begin(), lines.end()});
+    test.study.plant_section = 1;
+    test.study.MeanTemp = 12.5F;
+    test.study.MeanVel = 0.75F;
+  }
+  template <typename Widget>
+  Widget& Part(std::string_view screen, const char* name) {
+    return *windows.WindowOf(screen)->findChild<Widget*>(QString::fromLatin1(name));
+  }
+  void Keep(std::string_view screen) {
+    KeepPicture(*windows.WindowOf(screen), QStringLiteral("network-") + ToQt(screen));
+  }
+  Windows windows{QString()};
+  Desk shown{test.bench, windows, sound, viewer, Separators{',', '.'}};
+};
+
+TEST(GeneralDataWindow, OpensTheFieldOfThePlantWithItsOption) {
+  NetworkDesk desk;
+  desk.windows.Show(screen::kGeneralData);
+  desk.Keep(screen::kGeneralData);
+  auto& option = desk.Part<QCheckBox>(screen::kGeneralData, "ChkChiller");
+  auto& plant = desk.Part<QLineEdit>(screen::kGeneralData, "Text8");
+  EXPECT_TRUE(option.isChecked());
+  option.setFocus();
+  QTest::keyClick(&option, Qt::Key_Return);
+  EXPECT_FALSE(option.isChecked());
+  EXPECT_FALSE(plant.isEnabled());
+  QTest::keyClick(&option, Qt::Key_Return);
+  EXPECT_TRUE(plant.hasFocus());
+  QTest::keyClick(&plant, Qt::Key_Escape);
+  EXPECT_EQ(desk.windows.WindowOf(screen::kGeneralData), nullptr);
+  EXPECT_TRUE(desk.shown.screens.returning_from_data);
+}
+
+TEST(GoToWindow, GoesToTheSectionTyped) {
+  NetworkDesk desk;
+  desk.windows.Show(screen::kGoTo);
+  desk.Keep(screen::kGoTo);
+  auto& list = desk.Part<QWidget>(screen::kGoTo, "LstSections");
+  QTest::keyClicks(&list, QStringLiteral("117"));
+  QTest::keyClick(&list, Qt::Key_Return);
+  EXPECT_EQ(desk.test.study.CurrentRow, 117);
+  EXPECT_EQ(desk.windows.WindowOf(screen::kGoTo), nullptr);
+}
+
+}  // namespace
+}  // namespace kalvo
