@@ -3,7 +3,9 @@
 #include <algorithm>
 
 #include <ui_frm_calcs.h>
+#include <ui_frm_cur_fl.h>
 #include <ui_frm_editor.h>
+#include <ui_frm_err.h>
 #include <ui_frm_error.h>
 #include <ui_frm_file_os.h>
 #include <ui_frm_gen_data.h>
@@ -15,6 +17,8 @@
 #include <ui_frm_res_sheet.h>
 #include <ui_frm_title.h>
 
+#include "entry/frm_cur_fl.h"
+#include "entry/frm_err.h"
 #include "entry/frm_gen_data.h"
 #include "entry/frm_go_to.h"
 #include "entry/frm_liquid.h"
@@ -48,6 +52,8 @@ constexpr Screen kScreens[] = {
     {screen::kNameErrors, &MakeForm<FrmError>, &SetUp<Ui::FrmError>},
     {screen::kLiquid, &MakeForm<FrmLiquid>, &SetUp<Ui::FrmLiquid>},
     {screen::kGeneralData, &MakeForm<FrmGenData>, &SetUp<Ui::FrmGenData>},
+    {screen::kCurrentStudy, &MakeForm<FrmCurFL>, &SetUp<Ui::FrmCurFL>},
+    {screen::kMissingValues, &MakeForm<FrmERR>, &SetUp<Ui::FrmERR>},
     {screen::kGoTo, &MakeForm<FrmGoTo>, &SetUp<Ui::FrmGoTo>},
     {screen::kOldStudy, &MakeForm<FrmOldStudy>, &SetUp<Ui::FrmOldStudy>},
 };

@@ -1,6 +1,8 @@
 #include "desktop/widgets/pair_label.h"
 
+#include <QHelpEvent>
 #include <QPainter>
+#include <QToolTip>
 
 #include "desktop/theme.h"
 
@@ -19,6 +21,10 @@ Pair Split(const QString& text) {
   const qsizetype colon = text.indexOf(QLatin1String(" :"));
   if (colon < 0) return {QString(), text.trimmed()};
   return {text.left(colon + 2).trimmed(), text.mid(colon + 2).trimmed()};
+}
+
+QString Elided(const QWidget& widget, const QString& value, int width) {
+  return widget.fontMetrics().elidedText(value, Qt::ElideMiddle, width);
 }
 
 }  // namespace
@@ -43,6 +49,16 @@ QSize PairLabel::minimumSizeHint() const {
   return {ValueLeft() + kShortestValue, fontMetrics().height()};
 }
 
+bool PairLabel::event(QEvent* event) {
+  const QString value = Split(text()).value;
+  if (event->type() == QEvent::ToolTip &&
+      Elided(*this, value, contentsRect().width() - ValueLeft()) != value) {
+    QToolTip::showText(static_cast<const QHelpEvent*>(event)->globalPos(), value, this);
+    return true;
+  }
+  return QLabel::event(event);
+}
+
 void PairLabel::paintEvent(QPaintEvent*) {
   const Pair pair = Split(text());
   const QRect area = contentsRect();
@@ -52,7 +68,7 @@ void PairLabel::paintEvent(QPaintEvent*) {
   painter.setPen(ActiveTheme().ink2);
   painter.drawText(area, kFlags, pair.label);
   painter.setPen(ActiveTheme().ink);
-  const QString value = fontMetrics().elidedText(pair.value, Qt::ElideRight, value_area.width());
+  const QString value = Elided(*this, pair.value, value_area.width());
   painter.drawText(value_area, kFlags, value);
 }
 

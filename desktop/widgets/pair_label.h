@@ -5,7 +5,8 @@
 namespace kalvo {
 
 /// A line "label : value": the label quiet, the values of all such lines of a card under each
-/// other. The text stays whole.
+/// other. The text stays whole; a value too long for its place loses its middle, and the tooltip
+/// shows it.
 class PairLabel : public QLabel {
   Q_OBJECT
 
@@ -16,6 +17,7 @@ class PairLabel : public QLabel {
   [[nodiscard]] QSize minimumSizeHint() const override;
 
  protected:
+  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:

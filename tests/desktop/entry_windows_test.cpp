@@ -2,6 +2,8 @@
 
 #include <QCheckBox>
 #include <QLineEdit>
+#include <QListView>
+#include <QPushButton>
 #include <QTest>
 
 #include "desktop/windows.h"
@@ -63,6 +65,30 @@ TEST(GoToWindow, GoesToTheSectionTyped) {
   QTest::keyClick(&list, Qt::Key_Return);
   EXPECT_EQ(desk.test.study.CurrentRow, 117);
   EXPECT_EQ(desk.windows.WindowOf(screen::kGoTo), nullptr);
+}
+
+TEST(CurrentStudyWindow, TellsOfTheStudyAndChecksItsNames) {
+  NetworkDesk desk;
+  desk.test.study.study_short_name = "Κτίριο Α.PCK";
+  desk.test.study.study_folder =
+      "/home/user/Μελέτες/Υδραυλικά/2024/Συγκρότημα Κατοικιών/Κτίριο Α/Τελική Υποβολή/Κλιματισμός";
+  desk.windows.Show(screen::kCurrentStudy);
+  desk.Keep(screen::kCurrentStudy);
+  desk.Part<QPushButton>(screen::kCurrentStudy, "Cmd_Names").click();
+  EXPECT_EQ(desk.test.prompter.codes(), std::vector{23});
+}
+
+TEST(MissingValuesWindow, ListsWhatIsMissing) {
+  NetworkDesk desk;
+  desk.shown.state_folder = "/state";
+  ASSERT_TRUE(desk.test.workspace
+                  .Write(work_file::kErrors,
+                         "Τμήμα < 2 > : Λείπει το ΜΗΚΟΣ\n"
+                         "Τμήμα < 5 > : Λείπει ο ΤΕΛΙΚΟΣ ΚΟΜΒΟΣ\n")
+                  .ok());
+  desk.windows.Show(screen::kMissingValues);
+  EXPECT_EQ(desk.Part<QListView>(screen::kMissingValues, "LstERR").model()->rowCount(), 2);
+  desk.Keep(screen::kMissingValues);
 }
 
 }  // namespace
