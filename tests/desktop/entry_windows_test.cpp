@@ -31,6 +31,11 @@ struct NetworkDesk : TestDesk {
   Widget& Part(std::string_view screen, const char* name) {
     return *windows.WindowOf(screen)->findChild<Widget*>(QString::fromLatin1(name));
   }
+  // Shown and in front: only then does the focus move.
+  void Open(std::string_view screen) {
+    windows.Show(screen);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(windows.WindowOf(screen)));
+  }
   void Keep(std::string_view screen) {
     KeepPicture(*windows.WindowOf(screen), QStringLiteral("network-") + ToQt(screen));
   }
@@ -40,7 +45,7 @@ struct NetworkDesk : TestDesk {
 
 TEST(GeneralDataWindow, OpensTheFieldOfThePlantWithItsOption) {
   NetworkDesk desk;
-  desk.windows.Show(screen::kGeneralData);
+  desk.Open(screen::kGeneralData);
   desk.Keep(screen::kGeneralData);
   auto& option = desk.Part<QCheckBox>(screen::kGeneralData, "ChkChiller");
   auto& plant = desk.Part<QLineEdit>(screen::kGeneralData, "Text8");
@@ -58,7 +63,7 @@ TEST(GeneralDataWindow, OpensTheFieldOfThePlantWithItsOption) {
 
 TEST(GoToWindow, GoesToTheSectionTyped) {
   NetworkDesk desk;
-  desk.windows.Show(screen::kGoTo);
+  desk.Open(screen::kGoTo);
   desk.Keep(screen::kGoTo);
   auto& list = desk.Part<QWidget>(screen::kGoTo, "LstSections");
   QTest::keyClicks(&list, QStringLiteral("117"));
@@ -72,7 +77,7 @@ TEST(CurrentStudyWindow, TellsOfTheStudyAndChecksItsNames) {
   desk.test.study.study_short_name = "Κτίριο Α.PCK";
   desk.test.study.study_folder =
       "/home/user/Μελέτες/Υδραυλικά/2024/Συγκρότημα Κατοικιών/Κτίριο Α/Τελική Υποβολή/Κλιματισμός";
-  desk.windows.Show(screen::kCurrentStudy);
+  desk.Open(screen::kCurrentStudy);
   desk.Keep(screen::kCurrentStudy);
   desk.Part<QPushButton>(screen::kCurrentStudy, "Cmd_Names").click();
   EXPECT_EQ(desk.test.prompter.codes(), std::vector{23});
@@ -86,7 +91,7 @@ TEST(MissingValuesWindow, ListsWhatIsMissing) {
                          "Τμήμα < 2 > : Λείπει το ΜΗΚΟΣ\n"
                          "Τμήμα < 5 > : Λείπει ο ΤΕΛΙΚΟΣ ΚΟΜΒΟΣ\n")
                   .ok());
-  desk.windows.Show(screen::kMissingValues);
+  desk.Open(screen::kMissingValues);
   EXPECT_EQ(desk.Part<QListView>(screen::kMissingValues, "LstERR").model()->rowCount(), 2);
   desk.Keep(screen::kMissingValues);
 }
