@@ -7,6 +7,7 @@
 #include "cli/text_table.h"
 #include "engine/notes.h"
 #include "engine/open_network.h"
+#include "results/result_notes.h"
 
 namespace kalvo {
 
@@ -209,22 +210,14 @@ class ReportPrinter {
     }
   }
 
-  void PrintNote(const std::string& what, const std::vector<int>& sections) {
-    if (sections.empty()) {
+  void PrintNotes() {
+    if (console_.quiet) {
       return;
     }
-    PrintWrapped(console_, what + " : " + NumberRanges(sections));
-  }
-
-  void PrintNotes() {
-    if (!console_.quiet) {
-      PrintNote("Τμήματα με ταχύτητα πάνω από την ταχύτητα σχεδιασμού",
-                report_.notes.above_design_velocity);
-      PrintNote("Τμήματα με τη μεγαλύτερη διάμετρο του συστήματος", report_.notes.on_largest_pipe);
-      PrintNote("Υποδοχείς που χρειάζονται περισσότερο από όσο δίνει η αντλία",
-                report_.notes.outlets_in_need);
-      PrintNote("Τμήματα πριν από τον τροφοδότη τους, με Διαθέσιμη πίεση που δεν ισχύει",
-                report_.notes.before_feeder);
+    ResultNotes notes = report_.notes;
+    notes.negative_drop.clear();  // told at length beside the sections
+    for (const std::string& line : NoteLines(notes)) {
+      PrintWrapped(console_, line);
     }
   }
 

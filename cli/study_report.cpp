@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "results/critical_sections.h"
 #include "results/quantities.h"
 #include "study/fault.h"
 #include "study/text_lines.h"
@@ -10,42 +11,19 @@ namespace kalvo {
 
 namespace {
 
-// Numbers of the cells of a branch's text, "1  -7  -12 -".
-std::vector<int> SectionsOf(std::string_view branch) {
-  std::vector<int> sections;
-  constexpr Separators kPlain{'.', ','};
-  for (std::size_t at = 0; at < branch.size(); at += 4) {
-    sections.push_back(static_cast<int>(ParseNumber(branch.substr(at, 3), kPlain)));
+std::string Joined(const std::vector<std::string>& nodes) {
+  std::string text;
+  for (const std::string& node : nodes) {
+    text += (text.empty() ? "" : " - ") + node;
   }
-  return sections;
-}
-
-std::string NodeText(std::string_view node) { return FromCodePage(Trim(node)); }
-
-// The nodes that a branch goes by: of an open system the sections' own names behind the feeder of
-// the first.
-std::string NodesAlong(const StudyReport& report) {
-  const bool open = report.kind == SystemKind::kOpen;
-  std::string nodes;
-  for (const int section : report.critical) {
-    const auto index = static_cast<std::size_t>(section - 1);
-    if (index >= report.rows.size()) {
-      continue;
-    }
-    const FixedText<7>& name = report.rows[index].Name;
-    if (nodes.empty()) {
-      nodes = NodeText(open ? RightNode(name) : LeftNode(name));
-    }
-    nodes += " - " + NodeText(open ? LeftNode(name) : RightNode(name));
-  }
-  return nodes;
+  return text;
 }
 
 // What the rows of a calculated study tell.
 void TakeRows(StudyReport& report, std::vector<SectionRow> rows, std::string_view critical) {
   report.rows = std::move(rows);
-  report.critical = SectionsOf(critical);
-  report.critical_nodes = NodesAlong(report);
+  report.critical = CriticalSections(critical, report.rows.size());
+  report.critical_nodes = Joined(NodesAlong(report.kind, report.rows, report.critical));
   if (report.kind == SystemKind::kOpen) {
     report.outlets = SparesOf(report.rows);
   }

@@ -18,6 +18,8 @@ QString ToneName(Tone tone) {
       return QStringLiteral("calculated");
     case Tone::kImposed:
       return QStringLiteral("imposed");
+    case Tone::kCritical:
+      return QStringLiteral("crit");
     case Tone::kPlain:
       break;
   }

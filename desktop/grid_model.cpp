@@ -17,6 +17,7 @@ QVariant BackgroundOf(Tone tone) {
     case Tone::kImposed:
       return ActiveTheme().imposed;
     case Tone::kAlarm:
+    case Tone::kCritical:
     case Tone::kPlain:
       break;
   }

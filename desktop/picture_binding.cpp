@@ -52,7 +52,7 @@ void Show(const Steps& steps, SectionSteps& widget) {
 }
 
 void Show(const Shares& shares, DropShares& widget) {
-  std::array<DropShare, DropShares::kShares> views;
+  std::array<ShareView, DropShares::kShares> views;
   const std::size_t count = std::min(views.size(), shares.parts.size());
   for (std::size_t i = 0; i < count; ++i) {
     const Share& part = shares.parts[i];

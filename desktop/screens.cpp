@@ -14,6 +14,8 @@
 #include <ui_frm_liquid.h>
 #include <ui_frm_main.h>
 #include <ui_frm_old_study.h>
+#include <ui_frm_res.h>
+#include <ui_frm_res_gn.h>
 #include <ui_frm_res_sheet.h>
 #include <ui_frm_title.h>
 
@@ -22,6 +24,8 @@
 #include "entry/frm_gen_data.h"
 #include "entry/frm_go_to.h"
 #include "entry/frm_liquid.h"
+#include "results/frm_res.h"
+#include "results/frm_res_gn.h"
 #include "results/frm_res_sheet.h"
 #include "shell/frm_calcs.h"
 #include "shell/frm_editor.h"
@@ -42,6 +46,8 @@ void SetUp(QWidget& window) {
 }
 
 constexpr Screen kScreens[] = {
+    {screen::kResults, &MakeForm<FrmRes>, &SetUp<Ui::FrmRes>},
+    {screen::kPump, &MakeForm<FrmResGn>, &SetUp<Ui::FrmResGn>},
     {screen::kResultsSheet, &MakeForm<FrmRes_Sheet>, &SetUp<Ui::FrmRes_Sheet>},
     {screen::kTitle, &MakeForm<FrmTitle>, &SetUp<Ui::FrmTitle>},
     {screen::kMain, &MakeForm<FrmMain>, &SetUp<Ui::FrmMain>},

@@ -80,9 +80,10 @@ class Explainer {
  private:
   [[nodiscard]] bool IsOpen() const { return input_.kind == SystemKind::kOpen; }
 
-  void Step(std::string what, std::string formula, double value, const Quantity& quantity) {
-    result_.steps.push_back(
-        {std::move(what), std::move(formula), value, quantity.unit, quantity.decimals});
+  void Step(std::string symbol, std::string what, std::string formula, double value,
+            const Quantity& quantity) {
+    result_.steps.push_back({std::move(symbol), std::move(what), std::move(formula), value,
+                             quantity.unit, quantity.decimals});
   }
 
   void FillFlow() {
@@ -91,17 +92,17 @@ class Explainer {
     row_.Reynolds = ReynoldsOf(diameter_, row_.Velocity, flow.viscosity);
     row_.Lamda = FrictionFactor(flow.roughness, diameter_, row_.Reynolds);
     row_.FrictionRate = FrictionRateOf(row_.Lamda, flow.density, row_.Velocity, diameter_);
-    Step("Παροχή Q",
+    Step("Q", "Παροχή Q",
          IsOpen() ? "από τους Υποδοχείς που εξυπηρετεί" : "από τα Σώματα που εξυπηρετεί",
          row_.WaterFlow, kFlow);
-    Step("Εσωτερική διάμετρος D", "από το Σύστημα Σωλήνων", diameter_, kDiameter);
-    Step("Ταχύτητα v", "4 Q / (3,6 π D²), 2 δεκαδικά", row_.Velocity, kVelocity);
-    Step("Κινηματικό ιξώδες ν", "στη Μέση Θερμοκρασία", flow.viscosity * 1e6, kViscosity);
-    Step("Reynolds Re", "D v / (1000 ν), ακέραιο μέρος", row_.Reynolds, kReynolds);
-    Step("Τραχύτητα k", "από το Σύστημα Σωλήνων", flow.roughness, kRoughness);
-    Step("Συντελεστής τριβής λ", "1/√λ = -2 log(k/(3,71 D) + 2,51/(Re √λ))", row_.Lamda, kLamda);
-    Step("Πυκνότητα ρ", "του Ρέοντος Μέσου", flow.density, kDensity);
-    Step("Τριβή R", "1000 λ ρ v² / (2 D 9,81), 3 δεκαδικά", row_.FrictionRate, kRate);
+    Step("D", "Εσωτερική διάμετρος D", "από το Σύστημα Σωλήνων", diameter_, kDiameter);
+    Step("v", "Ταχύτητα v", "4 Q / (3,6 π D²), 2 δεκαδικά", row_.Velocity, kVelocity);
+    Step("ν", "Κινηματικό ιξώδες ν", "στη Μέση Θερμοκρασία", flow.viscosity * 1e6, kViscosity);
+    Step("Re", "Reynolds Re", "D v / (1000 ν), ακέραιο μέρος", row_.Reynolds, kReynolds);
+    Step("k", "Τραχύτητα k", "από το Σύστημα Σωλήνων", flow.roughness, kRoughness);
+    Step("λ", "Συντελεστής τριβής λ", "1/√λ = -2 log(k/(3,71 D) + 2,51/(Re √λ))", row_.Lamda, kLamda);
+    Step("ρ", "Πυκνότητα ρ", "του Ρέοντος Μέσου", flow.density, kDensity);
+    Step("R", "Τριβή R", "1000 λ ρ v² / (2 D 9,81), 3 δεκαδικά", row_.FrictionRate, kRate);
   }
 
   void FillLengths() {
@@ -116,16 +117,16 @@ class Explainer {
             {kind.what, count, each, LengthOfZeta(count * each, diameter_, row_.Lamda)});
       }
     }
-    Step("Μήκος σωλήνα", "όπως καταχωρήθηκε", row_.Length, kLength);
-    Step("Σύνολο ζ εξαρτημάτων", "Σ πλήθος × ζ", SumOfZeta(row_, input_.material, diameter_),
+    Step("l", "Μήκος σωλήνα", "όπως καταχωρήθηκε", row_.Length, kLength);
+    Step("Σζ", "Σύνολο ζ εξαρτημάτων", "Σ πλήθος × ζ", SumOfZeta(row_, input_.material, diameter_),
          kZeta);
-    Step("L1 σωλήνας και εξαρτήματα", "Μήκος + Σζ D / (1000 λ)", lengths_.pipe_and_fittings,
+    Step("L1", "L1 σωλήνας και εξαρτήματα", "Μήκος + Σζ D / (1000 λ)", lengths_.pipe_and_fittings,
          kLength);
-    Step("L2 άλλη πτώση",
+    Step("L2", "L2 άλλη πτώση",
          input_.stepped_rate ? "Άλλη πτώση / R της προηγούμενης διαμέτρου" : "Άλλη πτώση / R",
          lengths_.other_drop, kLength);
-    Step("L3 άλλο ισοδύναμο μήκος", "όπως καταχωρήθηκε", lengths_.other_length, kLength);
-    Step("L4 " + PlantTerm(),
+    Step("L3", "L3 άλλο ισοδύναμο μήκος", "όπως καταχωρήθηκε", lengths_.other_length, kLength);
+    Step("L4", "L4 " + PlantTerm(),
          input_.stepped_rate ? "-2500 D / (1000 λ), μετά από μείωση διαμέτρου"
                              : "2,5 × δείκτης D / (1000 λ)",
          lengths_.plant, kLength);
@@ -135,15 +136,15 @@ class Explainer {
     const double own = row_.FrictionRate * lengths_.Sum();
     const double margin = own * (kDropMargin - 1.0);
     result_.computed_drop = TotalDropOf(row_.FrictionRate, lengths_, row_.SomaDrop);
-    Step("Πτώση τριβής", "R (L1 + L2 + L3 + L4)", own, kDrop);
-    Step("Προσαύξηση ασφαλείας", "10 %", margin, kDrop);
+    Step("", "Πτώση τριβής", "R (L1 + L2 + L3 + L4)", own, kDrop);
+    Step("", "Προσαύξηση ασφαλείας", "10 %", margin, kDrop);
     // The flow pressure is stored in m w.g. and added as it stands: that is how the method is
     // defined. The pressures take it in mm w.g. besides.
     const std::string outlet = IsOpen() ? "Υποδοχέας" : "Σώμα";
-    Step(IsOpen() ? "Πίεση ροής Υποδοχέα" : "Πτώση Σώματος",
+    Step("", IsOpen() ? "Πίεση ροής Υποδοχέα" : "Πτώση Σώματος",
          IsOpen() ? "τα m w.g. όπως καταχωρήθηκαν, ως mm w.g." : "όπως καταχωρήθηκε", row_.SomaDrop,
          kDrop);
-    Step("Συνολική πτώση", "1,1 R (L1 + L2 + L3 + L4) + " + outlet + ", 2 δεκαδικά",
+    Step("Δp", "Συνολική πτώση", "1,1 R (L1 + L2 + L3 + L4) + " + outlet + ", 2 δεκαδικά",
          result_.computed_drop, kDrop);
     const double rate = row_.FrictionRate;
     const double fittings = lengths_.pipe_and_fittings - row_.Length;

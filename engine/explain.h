@@ -8,9 +8,11 @@
 
 namespace kalvo {
 
-/// One step on the way from a section's flow to its drop: what is found, by which formula, its
-/// value and unit, and the decimals that are fit for it. Texts are Greek.
+/// One step on the way from a section's flow to its drop: its symbol ("Q", "Re", "Δp"; empty where
+/// there is none), what is found, by which formula, its value and unit, and the decimals that are
+/// fit for it. Texts are Greek.
 struct ExplainStep {
+  std::string symbol;
   std::string what;
   std::string formula;
   double value = 0;

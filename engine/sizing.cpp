@@ -155,4 +155,16 @@ void RecalculateRows(Workbench& bench, float temperature, std::string_view rows)
   FillRows(bench, *pass, rows, [&](SectionRow& row) { RecalculateRow(bench.study, *pass, row); });
 }
 
+void RecountQuantities(Workbench& bench) {
+  const std::vector<PipeRow> library =
+      Require(ReadPipeSystem(bench.workspace, bench.study.pipe_system_number));
+  const RowStore store(bench.workspace);
+  StartPipeStats(bench.study, library);
+  for (const SectionRow& row : store.rows()) {
+    const PipeRow& pipe = PipeOfDiameter(library, std::fabs(row.InDiameter));
+    AddToPipeStats(bench.study, pipe, row, AreaM2(pipe));
+  }
+  WriteStatistics(bench);
+}
+
 }  // namespace kalvo

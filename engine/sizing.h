@@ -36,4 +36,7 @@ void RecalculateRows(Workbench& bench);
 /// The same on the rows of another work file, the fluid at `temperature` °C.
 void RecalculateRows(Workbench& bench, float temperature, std::string_view rows);
 
+/// The quantities and `STATIST.TMP` anew from rows as they stand; the rows stay. Faults: kFile.
+void RecountQuantities(Workbench& bench);
+
 }  // namespace kalvo

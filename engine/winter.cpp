@@ -248,9 +248,12 @@ Box WinterPumpBox(const SectionRow& first_row, Separators separators) {
           64};
 }
 
+float WinterFluidTemperature(float mean_temperature) {
+  return ToSingle(Int(static_cast<double>(mean_temperature) + 0.45));
+}
+
 void RecalculateWinterRows(Workbench& winter) {
-  const double temperature = Int(static_cast<double>(winter.study.MeanTemp) + 0.45);
-  RecalculateRows(winter, ToSingle(temperature), work_file::kWinter);
+  RecalculateRows(winter, WinterFluidTemperature(winter.study.MeanTemp), work_file::kWinter);
 }
 
 void CriticalPassWinter(Workbench& winter) { CriticalPassFlowOnly(winter, work_file::kWinter); }

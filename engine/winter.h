@@ -76,6 +76,9 @@ class WinterDuty {
 /// The pump of the winter, from row 1 of the winter rows.
 Box WinterPumpBox(const SectionRow& first_row, Separators separators);
 
+/// The temperature, °C, at which a winter's fluid is looked up: Int(mean temperature + 0.45).
+float WinterFluidTemperature(float mean_temperature);
+
 /// The passes on the winter rows, of a study whose `MeanTemp` and emitters are the winter's:
 /// hydraulics on the diameters there are, then critical branch and pressures. Quantities stay.
 /// Faults: as RecalculateRows() and CriticalPassFlowOnly().

@@ -26,7 +26,7 @@ class Control {
 };
 
 /// What a text or a value is painted as.
-enum class Tone { kPlain, kAlarm, kCalculated, kImposed };
+enum class Tone { kPlain, kAlarm, kCalculated, kImposed, kCritical };
 
 /// A text that the form changes.
 class Label : public Control {

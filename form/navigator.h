@@ -25,6 +25,8 @@ constexpr std::string_view kCurrentStudy = "FrmCurFL";
 constexpr std::string_view kResults = "FrmRes";
 constexpr std::string_view kResultsSheet = "FrmRes_Sheet";
 constexpr std::string_view kPump = "FrmResGn";
+constexpr std::string_view kOneDiameter = "FrmAvaiD";
+constexpr std::string_view kWinter = "FrmWinter";
 }  // namespace screen
 
 /// Shows and closes screens. A form that closes itself lives on until the action under way ends.

@@ -1,84 +1,155 @@
 #include "results/drop_panel.h"
 
 #include <algorithm>
-#include <array>
+#include <cmath>
 
 namespace kalvo {
 namespace {
 
-// A line of the panel: its tile, its words, and the step of the explanation that it shows.
-struct PanelLine {
-  std::string_view symbol;
-  std::string_view what;
-  std::string_view step;
+constexpr const char* kOneDecimal = "#,##0.0";
+constexpr const char* kTwoDecimals = "#,##0.00";
+constexpr double kMmInMetre = 1000.0;
+
+const ExplainStep& StepOf(const DropExplanation& explanation, std::string_view symbol) {
+  return *std::ranges::find(explanation.steps, symbol, &ExplainStep::symbol);
+}
+
+// Writes the steps of one explanation as lines.
+class StepWriter {
+ public:
+  StepWriter(const DropExplanation& explanation, Separators separators)
+      : explanation_(explanation), separators_(separators) {}
+
+  [[nodiscard]] std::vector<StepLine> Lines(const SectionRow& row) const {
+    return {Line("Q", "Παροχή", StepOf(explanation_, "Q").formula),
+            Line("D", "Εσωτερική διάμετρος", row.NomiDiam.Utf8() + " από το Σύστημα Σωλήνων"),
+            Line("v", "Ταχύτητα", "4 Q / (3,6 π D²)"),
+            Line("Re", "Αριθμός Reynolds", "D v / (1000 ν),  ν = " + ValueAndUnit("ν")),
+            Line("λ", "Συντελεστής τριβής", "Colebrook-White,  k = " + ValueAndUnit("k")),
+            Line("R", "Πτώση ανά μέτρο", "1000 λ ρ v² / (2 D g),  ρ = " + ValueAndUnit("ρ")),
+            LengthLine(),
+            DropLine(row)};
+  }
+
+ private:
+  [[nodiscard]] std::string Value(const ExplainStep& step) const {
+    const std::string pattern =
+        step.decimals == 0 ? "#,##0"
+                           : "#,##0." + std::string(static_cast<std::size_t>(step.decimals), '0');
+    return FormatPattern(step.value, pattern, separators_);
+  }
+
+  [[nodiscard]] std::string ValueAndUnit(std::string_view symbol) const {
+    const ExplainStep& step = StepOf(explanation_, symbol);
+    return Value(step) + " " + step.unit;
+  }
+
+  [[nodiscard]] StepLine Line(const char* symbol, const char* what, std::string formula) const {
+    const ExplainStep& step = StepOf(explanation_, symbol);
+    return {symbol, what, std::move(formula), Value(step), step.unit};
+  }
+
+  [[nodiscard]] StepLine LengthLine() const {
+    const double pipe = StepOf(explanation_, "l").value;
+    const double fittings = StepOf(explanation_, "L1").value - pipe;
+    const double others = StepOf(explanation_, "L2").value + StepOf(explanation_, "L3").value +
+                          StepOf(explanation_, "L4").value;
+    const auto text = [this](double metres) {
+      return FormatPattern(metres, kTwoDecimals, separators_);
+    };
+    std::string formula = text(pipe) + " σωλήνας + " + text(fittings) + " για Σζ " +
+                          FormatPattern(StepOf(explanation_, "Σζ").value, kOneDecimal, separators_);
+    if (others != 0) formula += (others < 0 ? " - " : " + ") + text(std::fabs(others)) + " άλλα";
+    return {"L", "Ισοδύναμα μήκη", std::move(formula), text(pipe + fittings + others), "m"};
+  }
+
+  [[nodiscard]] StepLine DropLine(const SectionRow& row) const {
+    std::string formula = "1,1 R L";
+    if (row.HasEmitter()) {
+      formula += " + " + explanation_.shares.back().what + " " +
+                 FormatPattern(row.SomaDrop, kTwoDecimals, separators_);
+    }
+    return {"Δp", "Πτώση πίεσης", std::move(formula),
+            FormatPattern(row.TotalDrop, kTwoDecimals, separators_), "mm w.g."};
+  }
+
+  const DropExplanation& explanation_;
+  Separators separators_;
 };
 
-constexpr std::array kLines = {PanelLine{"Q", "Παροχή", "Παροχή Q"},
-                               PanelLine{"D", "Εσωτερική διάμετρος", "Εσωτερική διάμετρος D"},
-                               PanelLine{"v", "Ταχύτητα", "Ταχύτητα v"},
-                               PanelLine{"Re", "Αριθμός Reynolds", "Reynolds Re"},
-                               PanelLine{"λ", "Συντελεστής τριβής", "Συντελεστής τριβής λ"},
-                               PanelLine{"R", "Πτώση ανά μέτρο", "Τριβή R"}};
-constexpr std::string_view kDropStep = "Συνολική πτώση";
-constexpr std::size_t kOwnParts = 4;  // pipe, fittings, other drops, plant: R times a length
-
-std::string Number(double value, int decimals, Separators separators) {
-  std::string pattern = "#,##0";
-  if (decimals > 0) pattern += "." + std::string(static_cast<std::size_t>(decimals), '0');
-  return FormatPattern(value, pattern, separators);
+// The explanation's six shares as the four that are drawn: what is neither pipe nor margin nor
+// emitter goes with the fittings.
+std::vector<Share> FourShares(const DropExplanation& explanation, Separators separators) {
+  const std::vector<DropShare>& shares = explanation.shares;
+  const double others = shares[2].drop + shares[3].drop;
+  const auto share = [&](std::string what, double drop) {
+    const double whole = explanation.computed_drop;
+    return Share{std::move(what), FormatPattern(drop, kOneDecimal, separators),
+                 whole > 0 ? std::max(drop / whole, 0.0) : 0.0};
+  };
+  return {share(shares[0].what, shares[0].drop),
+          share(others == 0 ? shares[1].what : shares[1].what + " κ.ά.", shares[1].drop + others),
+          share(shares[4].what + " 10%", shares[4].drop), share(shares[5].what, shares[5].drop)};
 }
 
-const ExplainStep* Find(const DropExplanation& explanation, std::string_view what) {
-  const auto found = std::ranges::find(explanation.steps, what, &ExplainStep::what);
-  return found == explanation.steps.end() ? nullptr : &*found;
+std::string OutletLine(const SectionRow& row, double spare, Separators separators) {
+  return "Υποδοχέας : πίεση ροής " + FormatPattern(row.SomaDrop, kTwoDecimals, separators) +
+         " m w.g., ύψος " + FormatPattern(row.HeightDiff, kTwoDecimals, separators) + " m, " +
+         (spare < 0 ? "λείπουν " : "περισσεύουν ") +
+         FormatPattern(std::fabs(spare) / kMmInMetre, kTwoDecimals, separators) + " m w.g.";
 }
 
-StepLine LengthLine(const DropExplanation& explanation, Separators separators) {
-  StepLine line{"L", "Ισοδύναμα μήκη", "", "", "m"};
-  double whole = 0;
-  for (const ExplainStep& step : explanation.steps) {
-    const bool part = step.what.size() > 2 && step.what[0] == 'L' && step.what[2] == ' ';
-    if (!part || step.value == 0) continue;
-    whole += step.value;
-    line.formula += (line.formula.empty() ? "" : " + ") + Number(step.value, 2, separators);
-  }
-  line.value = Number(whole, 2, separators);
-  return line;
+std::string SpacedName(std::string name) {
+  const std::size_t slash = name.find('/');
+  return slash == std::string::npos
+             ? name
+             : std::string(Trim(name.substr(0, slash))) + " / " +
+                   std::string(Trim(name.substr(slash + 1)));
 }
 
 }  // namespace
 
-std::vector<StepLine> PanelSteps(const DropExplanation& explanation, Separators separators) {
-  std::vector<StepLine> lines;
-  for (const PanelLine& wanted : kLines) {
-    if (const ExplainStep* step = Find(explanation, wanted.step)) {
-      lines.push_back({std::string(wanted.symbol), std::string(wanted.what), step->formula,
-                       Number(step->value, step->decimals, separators), step->unit});
-    }
-  }
-  lines.push_back(LengthLine(explanation, separators));
-  if (const ExplainStep* step = Find(explanation, kDropStep)) {
-    lines.push_back({"Δp", "Πτώση πίεσης", step->formula,
-                     Number(explanation.stored_drop, step->decimals, separators), step->unit});
-  }
-  return lines;
+DropPanel::DropPanel(Form& form)
+    : LblSection(form, "LblSection"),
+      LblSectionName(form, "LblSectionName"),
+      StepsDrop(form, "StepsDrop"),
+      SharesDrop(form, "SharesDrop"),
+      LblOutlet(form, "LblOutlet"),
+      LblRemark(form, "LblRemark") {
+  SharesDrop.caption = "Από τι αποτελείται, σε mm w.g.";
+  Clear();
 }
 
-std::vector<Share> PanelShares(const DropExplanation& explanation, Separators separators) {
-  std::vector<Share> parts;
-  for (std::size_t i = 0; i < explanation.shares.size(); ++i) {
-    const DropShare& share = explanation.shares[i];
-    const double fraction = share.fraction.value_or(0);
-    if (i >= 2 && i < kOwnParts) {  // other drops and the plant count with the fittings
-      parts.back().fraction += fraction;
-      continue;
+void DropPanel::Clear() {
+  for (Label* label : {&LblSection, &LblSectionName, &LblOutlet, &LblRemark}) label->text.clear();
+  StepsDrop.lines.clear();
+  SharesDrop.parts.clear();
+  SharesDrop.visible = LblOutlet.visible = LblRemark.visible = false;
+}
+
+void DropPanel::Show(const SectionRow& row, const std::optional<DropExplanation>& explanation,
+                     std::optional<double> outlet_spare, Separators separators) {
+  Clear();
+  LblSection.text = "Τμήμα " + std::to_string(row.RecordNumber);
+  LblSectionName.text = SpacedName(row.Name.Utf8());
+  if (outlet_spare) LblOutlet.text = OutletLine(row, *outlet_spare, separators);
+  if (!explanation) {
+    LblRemark.text = "Οι τιμές του τμήματος δεν οδηγούν σε πτώση πίεσης.";
+  } else {
+    StepsDrop.lines = StepWriter(*explanation, separators).Lines(row);
+    SharesDrop.parts = FourShares(*explanation, separators);
+    if (!explanation->Agrees()) {
+      LblRemark.text = "Από τις τιμές του τμήματος προκύπτει " +
+                       FormatPattern(explanation->computed_drop, kTwoDecimals, separators) +
+                       " mm w.g. : τα δεδομένα άλλαξαν μετά τον υπολογισμό.";
+    } else if (explanation->stepped_down) {
+      LblRemark.text = "Η διάμετρος μειώθηκε από τον 2ο τρόπο, που βάζει στα άλλα μήκη έναν δικό "
+                       "του όρο.";
     }
-    parts.push_back({share.what, "", fraction});
   }
-  for (Share& part : parts) {
-    part.value = Number(part.fraction * explanation.computed_drop, 1, separators);
-  }
-  return parts;
+  SharesDrop.visible = !SharesDrop.parts.empty();
+  LblOutlet.visible = !LblOutlet.text.empty();
+  LblRemark.visible = !LblRemark.text.empty();
 }
 
 }  // namespace kalvo

@@ -1,17 +1,30 @@
 #pragma once
 
-#include <vector>
+#include <optional>
 
 #include "engine/explain.h"
+#include "form/form.h"
 #include "form/pictures.h"
 
 namespace kalvo {
 
-/// The way from flow to drop as the panel beside the results shows it: flow, diameter, velocity,
-/// Reynolds number, friction factor, friction rate, equivalent length, drop.
-std::vector<StepLine> PanelSteps(const DropExplanation& explanation, Separators separators);
+/// Why a section has the drop it has, step by step, beside the results.
+class DropPanel {
+ public:
+  explicit DropPanel(Form& form);
 
-/// What the drop is made of: pipe, fittings with what counts as such, margin, emitter or outlet.
-std::vector<Share> PanelShares(const DropExplanation& explanation, Separators separators);
+  /// `outlet_spare`: how far the pump reaches above the need of the outlet that the row ends in,
+  /// mm w.g.; nothing when it ends in none.
+  void Show(const SectionRow& row, const std::optional<DropExplanation>& explanation,
+            std::optional<double> outlet_spare, Separators separators);
+  void Clear();
+
+  Label LblSection;
+  Label LblSectionName;
+  Steps StepsDrop;
+  Shares SharesDrop;
+  Label LblOutlet;
+  Label LblRemark;
+};
 
 }  // namespace kalvo

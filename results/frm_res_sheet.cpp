@@ -1,241 +1,160 @@
 #include "results/frm_res_sheet.h"
 
 #include <algorithm>
-#include <charconv>
-#include <cmath>
 
-#include "engine/explain.h"
-#include "engine/trap.h"
+#include "engine/winter.h"
 #include "form/tell.h"
-#include "results/drop_panel.h"
+#include "results/critical_sections.h"
 #include "results/node_report.h"
-#include "results/pump_frame.h"
+#include "results/result_notes.h"
 #include "results/results_session.h"
-#include "study/codepage.h"
-#include "study/fault.h"
+#include "results/result_table.h"
 
 namespace kalvo {
 namespace {
 
-constexpr double kPascalPerMillimetre = 9.80665;
-
-std::vector<GridColumn> Columns() {
-  return {{"ΟΝΟΜΑ-\nΣΙΑ\nΤΜΗΜΑ-\nΤΟΣ", 8, false, true},
-          {"ΜΗΚΟΣ\nΤΜΗΜΑ-\nΤΟΣ\n[m]", 7, true, true},
-          {"ΟΝΟΜΑΣΤΙΚΗ\nΔΙΑΜΕΤΡΟΣ", 12, true, true, true},
-          {"ΠΑΡΟΧΗ\n[Lit/h]", 10},
-          {"ΤΑΧΥΤΗ-\nΤΑ\n[m/sec]", 8},
-          {"ΠΤΩΣΗ\nΠΙΕΣΗΣ\nmm w.g.]", 9},
-          {"ΔΙΑΘΕΣΙΜΗ\nΠΙΕΣΗ\n[mm w.g.]", 10}};
-}
-
-// Section numbers of a branch's text: cells of three characters and a "-".
-std::vector<int> NumbersOf(std::string_view branch) {
-  std::vector<int> numbers;
-  while (!branch.empty()) {
-    const std::size_t end = std::min(branch.find('-'), branch.size());
-    const std::string_view cell = Trim(branch.substr(0, end));
-    int number = 0;
-    if (std::from_chars(cell.data(), cell.data() + cell.size(), number).ec == std::errc()) {
-      numbers.push_back(number);
-    }
-    branch.remove_prefix(std::min(end + 1, branch.size()));
-  }
-  return numbers;
-}
-
-std::string FirstNode(const SectionRow& row) {
-  return std::string(Trim(FromCodePage(row.Name.bytes().substr(0, 3))));
-}
-
-std::string LastNode(const SectionRow& row) {
-  return std::string(Trim(FromCodePage(row.Name.bytes().substr(4, 3))));
-}
+constexpr Key kCtrlAltShift = {KeyCode::kCharacter, 0, true, true, true};
 
 }  // namespace
 
 FrmRes_Sheet::FrmRes_Sheet(Desk& shared_desk)
     : Form(shared_desk),
-      CmdDiff(*this, "CmdDiff", "Δυσμεν. Κλαδος", [this] { ShowCriticalBranch(desk); },
-              {Ctrl('D')}),
+      CmdDiff(*this, "CmdDiff", "Δυσμεν. Κλαδος",
+              [this] {
+                desk.Click();
+                ShowCriticalBranch(bench);
+              }),
       Cmd_Nodes(*this, "Cmd_Nodes", " Έλεγχος Κόμβων Τμημάτων ",
-                [this] { ShowNodeReport(desk, true); }, {Ctrl('K')}),
+                [this] {
+                  desk.Click();
+                  ShowNodeReport(desk, true);
+                }),
       Cmd_Headers(*this, "Cmd_Headers", " Επαναφορά Πλάτους Στηλών ",
-                  [this] { fpSpread1.RestoreWidths(); }, {Ctrl('W')}),
-      Cmd_Back(*this, "Cmd_Back", " Επιστροφή στο Βασικό Menu ", [this] { Back(); },
-               {Plain(KeyCode::kEscape)}) {
+                  [this] {
+                    desk.Click();
+                    fpSpread1.RestoreWidths();
+                  }),
+      Cmd_Back(*this, "Cmd_Back", " Επιστροφή στο Βασικό Menu ",
+               [this] {
+                 desk.Click();
+                 GoBack(desk, screen::kResultsSheet, [this] { ShowRows(); });
+               },
+               {Plain(KeyCode::kEscape)}),
+      SSCommand1(*this, "SSCommand1", " ΕΜΦΑΝΙΣΗ ΕΝΟΣ ΤΜΗΜΑΤΟΣ ΣΩΛΗΝΟΣ, ΑΝΑ ΦΟΡΜΑ ",
+                 [this] { ShowOne(); }, {Shift(KeyCode::kF12), kCtrlAltShift}) {
   ChkCritical.on = true;
-  ChkCritical.on_toggle = [this] { MarkBranch(); };
-  fpSpread1.on_move = [this] { Explain(); };
+  ChkCritical.on_toggle = [this] { MarkCritical(); };
+  fpSpread1.on_move = [this] { FollowCurrent(); };
+  ChainCritical.caption = "Δυσμενέστερος κλάδος";
 }
 
 void FrmRes_Sheet::Load() {
-  title = bench.study.SystemOpen()
-              ? "ΣΥΓΚΕΝΤΡΩΤΙΚΑ ΑΠΟΤΕΛΕΣΜΑΤΑ ΥΠΟΛΟΓΙΣΜΩΝ ΣΩΛΗΝΩΝ - < ΑΝΟΙΚΤΟ > ΣΥΣΤΗΜΑ"
-              : "ΣΥΓΚΕΝΤΡΩΤΙΚΑ ΑΠΟΤΕΛΕΣΜΑΤΑ ΥΠΟΛΟΓΙΣΜΩΝ ΣΩΛΗΝΩΝ - < ΚΛΕΙΣΤΟ > ΣΥΣΤΗΜΑ";
+  OpenView(desk);
   desk.screens.results_view = ResultsView::kSheet;
-  if (!TellIfFailed(bench, BeginResults(desk))) return;
-  Fill();
+  desk.navigator.Close(screen::kResults);
+  const bool open = bench.study.SystemOpen();
+  title = std::string("ΣΥΓΚΕΝΤΡΩΤΙΚΑ ΑΠΟΤΕΛΕΣΜΑΤΑ ΥΠΟΛΟΓΙΣΜΩΝ ΣΩΛΗΝΩΝ - < ") +
+          (open ? "ΑΝΟΙΚΤΟ" : "ΚΛΕΙΣΤΟ") + " > ΣΥΣΤΗΜΑ";
+  Cmd_Nodes.visible = !open;
+  ShowRows();
   Focus(fpSpread1);
 }
 
-void FrmRes_Sheet::Fill() {
-  auto rows = bench.workspace.Rows().ReadAll();
+void FrmRes_Sheet::Activate() { CountAsShown(bench); }
+
+void FrmRes_Sheet::ShowRows() {
+  auto rows = ReadResultRows(bench);
   if (!rows) {
+    TakeRows({});
     TellError(bench, rows.error());
     return;
   }
-  rows_ = std::move(*rows);
-  ShowFrame();
-  fpSpread1.Reset(Columns(), static_cast<int>(rows_.size()));
-  for (const SectionRow& row : rows_) {
-    FillRow(row);
-  }
-  conditions_.reset();
-  RunTrapped(bench, [this] { conditions_ = LoadPassConditions(bench); });
-  bench.study.CalcStatus = calc_status::kNothing;
-  ShowBranch();
-  ShowNotes();
-  explained_ = -1;
-  Explain();
+  frame.Show(desk, rows->front());
+  TakeRows(*std::move(rows));
 }
 
-void FrmRes_Sheet::ShowFrame() {
-  const auto frame = ReadPumpFrame(desk);
-  if (!frame) {
-    TellError(bench, frame.error());
-    return;
+void FrmRes_Sheet::TakeRows(std::vector<SectionRow> rows) {
+  rows_ = std::move(rows);
+  const Study& study = bench.study;
+  const auto library = ReadPipeSystem(bench.workspace, study.pipe_system_number);
+  notes_ = NotesOf(study.system_kind, rows_, library ? *library : std::vector<PipeRow>{});
+  spares_ = study.SystemOpen() ? SparesOf(rows_) : std::vector<OutletSpare>{};
+  critical_ = CriticalSections(study.critical_branch, rows_.size());
+  if (!rows_.empty()) {
+    const float temperature = rows_.front().MeanTemp;
+    explainer_ = DropExplainer(
+        bench, desk.screens.WinterPump ? WinterFluidTemperature(temperature) : temperature);
   }
-  LblThema.text = frame->title;
-  LblLiquid.text = frame->liquid;
-  LblFlow.text = frame->flow;
-  LblHead.text = frame->head;
-  LblMeanTemp.text = frame->temperature;
-  LblMeanVel.text = frame->velocity;
-  LblPipes.text = frame->pipes;
   LblCount.text = std::to_string(rows_.size());
+  LblNotes.text = JoinLines(NoteLines(notes_));
+  LblNotes.visible = !LblNotes.text.empty();
+  FillTable();
+  FollowCurrent();
 }
 
-void FrmRes_Sheet::FillRow(const SectionRow& row) {
-  const Separators separators = desk.separators;
-  const int at = row.RecordNumber - 1;
-  int column = 0;
-  const auto text = [&](std::string shown, Tone tone = Tone::kPlain) {
-    fpSpread1.Set(at, column++, {std::move(shown), tone});
-  };
-  const auto number = [&](float value, std::string tip = {}) {
-    fpSpread1.Set(
-        at, column++,
-        {FormatPattern(value, "#,##0.0", separators), Tone::kPlain, value, std::move(tip)});
-  };
-  const auto in_kpa = [&](float drop) {
-    return FormatPattern(drop * kPascalPerMillimetre / 1000, "#,##0.00", separators) + " kPa";
-  };
-  const float available = std::fabs(row.AvaiPres);
-  text(FromCodePage(row.Name.Trimmed()));
-  number(row.Length);
-  text(row.NomiDiam.Utf8(), row.InDiameter < 0 ? Tone::kImposed : Tone::kCalculated);
-  number(row.WaterFlow);
-  number(row.Velocity);
-  number(row.TotalDrop,
-         in_kpa(row.TotalDrop) + ", R = " +
-             FormatPattern(row.FrictionRate * kPascalPerMillimetre, "#,##0.0", separators) +
-             " Pa/m");
-  number(available, in_kpa(available));
+void FrmRes_Sheet::FillTable() {
+  const auto count = static_cast<int>(rows_.size());
+  if (fpSpread1.row_count() != count || fpSpread1.column_count() == 0) {
+    fpSpread1.Reset(ResultColumns(), count);
+  }
+  const auto first = bench.workspace.Rows(work_file::kFirstRows).ReadAll();
+  for (std::size_t i = 0; i < rows_.size(); ++i) {
+    const SectionRow* before = first && i < first->size() ? &(*first)[i] : nullptr;
+    FillResultRow(fpSpread1, static_cast<int>(i), rows_[i], before,
+                  NoteLinesOf(notes_, rows_[i].RecordNumber), desk.separators);
+  }
+  MarkCritical();
+}
+
+void FrmRes_Sheet::MarkCritical() {
+  for (int row = 0; row < fpSpread1.row_count(); ++row) {
+    fpSpread1.Mark(row, false);
+  }
+  if (!ChkCritical.on) return;
+  for (const int section : critical_) {
+    fpSpread1.Mark(section - 1, true);
+  }
 }
 
 void FrmRes_Sheet::ShowBranch() {
-  branch_ = NumbersOf(bench.study.critical_branch);
-  std::erase_if(branch_, [this](int number) {
-    return number < 1 || number > static_cast<int>(rows_.size());
-  });
-  BranchOfCritical.caption = "Δυσμενέστερος κλάδος";
-  BranchOfCritical.nodes.clear();
-  const bool open = bench.study.SystemOpen();
-  for (const int number : branch_) {
-    const SectionRow& row = rows_[static_cast<std::size_t>(number) - 1];
-    if (BranchOfCritical.nodes.empty()) {
-      BranchOfCritical.nodes.push_back(open ? "ANT" : FirstNode(row));
-    }
-    BranchOfCritical.nodes.push_back(open ? FirstNode(row) : LastNode(row));
+  ChainCritical.nodes = NodesAlong(bench.study.system_kind, rows_, critical_);
+  ChainCritical.visible = !critical_.empty();
+  if (!rows_.empty()) {
+    ChainCritical.total = FormatPattern(rows_.front().DP, "#,##0.0", desk.separators) + " mm w.g.";
   }
-  BranchOfCritical.total =
-      rows_.empty() ? std::string()
-                    : FormatPattern(rows_.front().DP, "#,##0.0", desk.separators) + " mm w.g.";
-  MarkBranch();
+  const auto current = std::ranges::find(critical_, bench.study.CurrentRow);
+  ChainCritical.current =
+      current == critical_.end() ? -1 : static_cast<int>(current - critical_.begin());
 }
 
-void FrmRes_Sheet::MarkBranch() {
-  for (int row = 0; row < fpSpread1.row_count(); ++row) {
-    fpSpread1.Mark(row, ChkCritical.on && std::ranges::count(branch_, row + 1) != 0);
-  }
-}
-
-void FrmRes_Sheet::ShowNotes() {
-  LblNotes.text.clear();
-  if (!conditions_) return;
-  const ResultNotes notes = NotesOf(bench.study.system_kind, rows_, conditions_->library);
-  const auto tell = [this](std::string_view what, const std::vector<int>& sections) {
-    if (sections.empty()) return;
-    LblNotes.text +=
-        (LblNotes.text.empty() ? "" : "\n") + std::string(what) + " : " + NumberRanges(sections);
-  };
-  tell("Τμήματα πάνω από την Μέση Ταχύτητα", notes.above_design_velocity);
-  tell("Τμήματα με τη μεγαλύτερη διάμετρο του συστήματος", notes.on_largest_pipe);
-  tell("Τμήματα με αρνητική πτώση (μείωση διαμέτρου)", notes.negative_drop);
-  tell("Υποδοχείς που χρειάζονται περισσότερα από όσα δίνει η αντλία", notes.outlets_in_need);
-  tell("Τμήματα πριν από τον τροφοδότη τους", notes.before_feeder);
-}
-
-const SectionRow* FrmRes_Sheet::CurrentSection() const {
-  const auto row = static_cast<std::size_t>(fpSpread1.current().row);
-  return row < rows_.size() ? &rows_[row] : nullptr;
-}
-
-void FrmRes_Sheet::Explain() {
-  const SectionRow* row = CurrentSection();
-  if (row == nullptr || explained_ == row->RecordNumber) return;
-  explained_ = row->RecordNumber;
-  bench.study.CurrentRow = row->RecordNumber;
-  LblSection.text =
-      "Τμήμα " + std::to_string(row->RecordNumber) + "   " + FromCodePage(row->Name.Trimmed());
-  const auto place = std::ranges::find(branch_, explained_);
-  BranchOfCritical.current =
-      place == branch_.end() ? -1 : static_cast<int>(place - branch_.begin());
-  SectionSteps.lines.clear();
-  DropShares.parts.clear();
-  LblUnexplained.text.clear();
-  if (!conditions_) {
-    LblUnexplained.text = "Δεν βρέθηκε το υγρό ή το σύστημα σωλήνων της μελέτης.";
+void FrmRes_Sheet::FollowCurrent() {
+  if (rows_.empty()) {
+    panel.Clear();
+    ShowBranch();
     return;
   }
-  try {
-    const DropExplanation explanation = ExplainRow(bench.study.system_kind, *row, *conditions_);
-    SectionSteps.lines = PanelSteps(explanation, desk.separators);
-    DropShares.caption = "Από τι αποτελείται, σε mm w.g.";
-    DropShares.parts = PanelShares(explanation, desk.separators);
-    if (!explanation.Agrees()) LblUnexplained.text = "Η πτώση της γραμμής είναι άλλη.";
-  } catch (const Fault&) {
-    LblUnexplained.text = "Το τμήμα δεν έχει υπολογιστεί.";
-  }
-}
-
-void FrmRes_Sheet::Derive() {
-  Cmd_Nodes.visible = bench.study.SystemClosed();
-  LblNotes.visible = !LblNotes.text.empty();
-  LblUnexplained.visible = !LblUnexplained.text.empty();
-}
-
-void FrmRes_Sheet::Back() {
-  LeaveResults(desk, [this] { Fill(); });
-  desk.navigator.Close(screen::kResultsSheet);
-}
-
-bool FrmRes_Sheet::MayClose() {
-  Back();
-  return false;
+  const auto at = static_cast<std::size_t>(fpSpread1.current().row);
+  bench.study.CurrentRow = static_cast<std::int16_t>(at + 1);
+  const SectionRow& row = rows_[at];
+  const auto spare = std::ranges::find(spares_, row.RecordNumber, &OutletSpare::section);
+  panel.Show(row, explainer_.Explain(row),
+             spare == spares_.end() ? std::nullopt : std::optional(spare->spare),
+             desk.separators);
+  ShowBranch();
 }
 
 bool FrmRes_Sheet::OtherKey(const Key& key) { return key == Plain(KeyCode::kF1); }
+
+void FrmRes_Sheet::ShowOne() {
+  desk.Click();
+  if (desk.screens.ChangeFormOpen) return;
+  desk.screens.results_view = ResultsView::kOneFromSheet;
+  desk.navigator.Show(screen::kResults);
+}
+
+bool FrmRes_Sheet::MayClose() {
+  Run(Cmd_Back);
+  return false;
+}
 
 }  // namespace kalvo

@@ -1,62 +1,58 @@
 #pragma once
 
-#include <optional>
 #include <vector>
 
 #include "engine/notes.h"
-#include "engine/sizing.h"
 #include "form/form.h"
 #include "form/pictures.h"
+#include "results/drop_explainer.h"
+#include "results/drop_panel.h"
+#include "results/pump_frame.h"
 
 namespace kalvo {
 
-/// All sections of a calculated study in one table, the critical branch under it, and how the drop
-/// of the current row came about beside it.
+/// Results of all sections in one table, and why the current one has its drop.
 class FrmRes_Sheet : public Form {
  public:
   explicit FrmRes_Sheet(Desk& shared_desk);
 
   void Load() override;
-  void Derive() override;
+  void Activate() override;
   bool MayClose() override;
   bool OtherKey(const Key& key) override;
 
-  Label LblThema{*this, "LblThema"};
-  Label LblLiquid{*this, "LblLiquid"};
-  Label LblFlow{*this, "LblFlow"};
-  Label LblHead{*this, "LblHead"};
-  Label LblMeanTemp{*this, "LblMeanTemp"};
-  Label LblMeanVel{*this, "LblMeanVel"};
-  Label LblPipes{*this, "LblPipes"};
-  Label LblCount{*this, "LblCount"};
+  PumpFrame frame{*this};
+
   Command CmdDiff;
   Command Cmd_Nodes;
+  Toggle ChkCritical{*this, "ChkCritical", "Επισήμανση δυσμ. κλάδου"};
   Command Cmd_Headers;
-  Toggle ChkCritical{*this, "ChkCritical", "Δυσμενέστερος κλάδος στον πίνακα"};
+
+  Label LblCount{*this, "LblCount"};
   Grid fpSpread1{*this, "fpSpread1"};
-  Chain BranchOfCritical{*this, "BranchOfCritical"};
+  Chain ChainCritical{*this, "ChainCritical"};
+  DropPanel panel{*this};
   Label LblNotes{*this, "LblNotes"};
-  Label LblSection{*this, "LblSection"};
-  Steps SectionSteps{*this, "SectionSteps"};
-  Shares DropShares{*this, "DropShares"};
-  Label LblUnexplained{*this, "LblUnexplained"};
+
   Command Cmd_Back;
+  Command SSCommand1;
 
  private:
-  void Fill();
-  void FillRow(const SectionRow& row);
-  void ShowFrame();
+  /// Reads the rows and fills frame and table.
+  void ShowRows();
+  void TakeRows(std::vector<SectionRow> rows);
+  void FillTable();
+  void MarkCritical();
   void ShowBranch();
-  void MarkBranch();
-  void ShowNotes();
-  void Explain();
-  void Back();
-  [[nodiscard]] const SectionRow* CurrentSection() const;
+  /// The current row of the table is the study's, and is explained.
+  void FollowCurrent();
+  void ShowOne();
 
   std::vector<SectionRow> rows_;
-  std::vector<int> branch_;  ///< section numbers of the critical branch
-  std::optional<PassConditions> conditions_;
-  int explained_ = -1;
+  std::vector<int> critical_;
+  ResultNotes notes_;
+  std::vector<OutletSpare> spares_;
+  DropExplainer explainer_;
 };
 
 }  // namespace kalvo

@@ -1,26 +1,42 @@
 #include "results/pump_frame.h"
 
+#include "form/tell.h"
 #include "study/rounding.h"
 
 namespace kalvo {
 
-Result<PumpFrame> ReadPumpFrame(const Desk& desk) {
-  const Workspace& workspace = desk.bench.workspace;
-  const auto row = workspace.Rows().Read(1);
-  if (!row) return row.error();
-  const auto pipes = ReadPipeSystem(workspace, row->FileNumber);
-  if (!pipes) return pipes.error();
+PumpFrame::PumpFrame(Form& form)
+    : LblThema(form, "LblThema"),
+      LblFlow(form, "LblFlow"),
+      LblHead(form, "LblHead"),
+      LblPipes(form, "LblPipes"),
+      LblMeanTemp(form, "LblMeanTemp"),
+      LblMeanVel(form, "LblMeanVel"),
+      LblLiquid(form, "LblLiquid") {}
+
+void PumpFrame::Show(Desk& desk, const SectionRow& first) {
   const Separators separators = desk.separators;
-  PumpFrame frame;
-  frame.title = row->Thema.Utf8();
-  frame.flow = FormatPattern(row->PAR, "#,##0.00", separators);
-  frame.head = FormatPattern(RoundTo(row->DP / 1000.0, 2), "#,##0.00", separators);
-  frame.pipes = pipes->front().title.Utf8();
-  frame.temperature = FormatPattern(row->MeanTemp, "#,##0.0", separators);
-  frame.velocity =
-      desk.screens.WinterPump ? std::string() : FormatPattern(row->MeanVel, "#,##0.0", separators);
-  frame.liquid = "Χρησιμοποιούμενο Υγρό : " + desk.bench.study.fluid_name;
-  return frame;
+  LblThema.text = first.Thema.Utf8();
+  LblFlow.text = FormatPattern(first.PAR, "#,##0.00", separators);
+  LblHead.text = FormatPattern(HeadOf(first.DP), "#,##0.00", separators);
+  LblPipes.text = TakePipeSystem(desk.bench, first);
+  LblMeanTemp.text = FormatPattern(first.MeanTemp, "#,##0.0", separators);
+  LblMeanVel.text =
+      desk.screens.WinterPump ? "" : FormatPattern(first.MeanVel, "#,##0.0", separators);
+  LblLiquid.text = "Χρησιμοποιούμενο Υγρό : " + desk.bench.study.fluid_name;
+}
+
+double HeadOf(float drop) { return RoundTo(static_cast<double>(drop) / 1000.0, 2); }
+
+std::string TakePipeSystem(Workbench& bench, const SectionRow& first) {
+  bench.study.pipe_system_number = first.FileNumber;
+  const auto pipes = ReadPipeSystem(bench.workspace, first.FileNumber);
+  if (!pipes) {
+    TellError(bench, pipes.error());
+    return {};
+  }
+  bench.study.pipe_material = pipes->front().material.Utf8();
+  return pipes->front().title.Utf8();
 }
 
 }  // namespace kalvo

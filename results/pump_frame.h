@@ -1,24 +1,31 @@
 #pragma once
 
-#include <string>
-
-#include "form/desk.h"
+#include "form/form.h"
 
 namespace kalvo {
 
-/// What stands above every view of results: the study and the duty of its pump. Texts are ready to
-/// be shown.
-struct PumpFrame {
-  std::string title;
-  std::string flow;         ///< m³/h
-  std::string head;         ///< m w.g.
-  std::string pipes;        ///< title of the pipe system
-  std::string temperature;  ///< °C
-  std::string velocity;     ///< m/s, empty in a winter session
-  std::string liquid;
+/// What both views tell of pump and network, from row 1.
+class PumpFrame {
+ public:
+  explicit PumpFrame(Form& form);
+
+  /// Fills all. The study's pipe system becomes the row's.
+  void Show(Desk& desk, const SectionRow& first);
+
+  Label LblThema;
+  Label LblFlow;
+  Label LblHead;
+  Label LblPipes;
+  Label LblMeanTemp;
+  Label LblMeanVel;
+  Label LblLiquid;
 };
 
-/// Read from row 1 and the pipe system of its number. Error: one of them cannot be read.
-Result<PumpFrame> ReadPumpFrame(const Desk& desk);
+/// Head of the pump in m w.g., two decimals, from a drop in mm w.g.
+double HeadOf(float drop);
+
+/// Makes the row's pipe system the study's. Its title, trimmed; empty when it cannot be read, which
+/// the user is told.
+std::string TakePipeSystem(Workbench& bench, const SectionRow& first);
 
 }  // namespace kalvo

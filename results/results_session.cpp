@@ -1,85 +1,143 @@
 #include "results/results_session.h"
 
+#include <limits>
 #include <utility>
 
+#include "engine/driver.h"
 #include "engine/rerun.h"
+#include "engine/sizing.h"
+#include "engine/trap.h"
 #include "form/tell.h"
 
 namespace kalvo {
 namespace {
 
-constexpr int kKeepNewDiameters = 307;
-constexpr int kCriticalBranch = 302;
+constexpr const char* kSettledTitle = "!!... ΠΡΟΣΟΧΗ ...!!";
+constexpr int kInformation = 64;
 
-// The rows are counted anew; with one the network is a single section.
-void Recount(Workbench& bench) {
-  const auto count = bench.workspace.Rows().Count();
-  if (!count) return;
-  bench.study.SectionCount = static_cast<std::int16_t>(*count);
-  if (*count == 1) bench.study.SingleSection = true;
+// What the study knows of the rows follows rows that were brought back.
+void FollowRows(Workbench& bench, const SectionRow& first) {
+  Study& study = bench.study;
+  study.TotalFlowM3h = first.PAR;
+  study.PumpHead = static_cast<float>(first.DP / 1000.0);
+  study.CriticalDrop = first.DP;
+  RunTrapped(bench, [&] {
+    RefindCriticalBranch(bench);
+    RecountQuantities(bench);
+  });
+  study.CalcStatus = calc_status::kNothing;
 }
 
-void Inform(Workbench& bench, const char* line) { bench.Ask({"!!... ΠΡΟΣΟΧΗ ...!!", {line}, 64}); }
-
-// The rows with which the session began take the place of those with the new diameters.
-Outcome RestoreFirstRows(Workbench& bench) {
-  if (Outcome moved = bench.workspace.MoveOver(work_file::kFirstRows, work_file::kRows); !moved) {
-    return moved;
-  }
-  const auto row = bench.workspace.Rows().Read(1);
-  if (!row) return row.error();
-  bench.study.TotalFlowM3h = row->PAR;
-  bench.study.PumpHead = row->DP / 1000.0F;
-  return Done{};
-}
-
-void SettleDiameters(Workbench& bench, const std::function<void()>& reread) {
-  const auto differ = DiametersDiffer(bench.workspace, work_file::kFirstRows);
-  if (!differ || !*differ) return;
-  bench.Show(kKeepNewDiameters);
-  if (std::exchange(bench.study.answer, Answer::kNone) == Answer::kYes) {
+void SettleDiameters(Workbench& bench, const std::function<void()>& show_again) {
+  if (AskOnce(bench, 307) == Answer::kYes) {
     bench.workspace.Delete(work_file::kFirstRows);
-    reread();
-    Inform(bench, "ΕΠΙΚΥΡΩΣΗ ΑΛΛΑΓΩΝ ΔΙΑΜΕΤΡΩΝ : Ισχύουν εφεξής οι ΝΕΕΣ ΔΙΑΜΕΤΡΟΙ ΣΩΛΗΝΩΝ");
+    show_again();
+    bench.Ask({kSettledTitle,
+               {"ΕΠΙΚΥΡΩΣΗ ΑΛΛΑΓΩΝ ΔΙΑΜΕΤΡΩΝ : Ισχύουν εφεξής οι ΝΕΕΣ ΔΙΑΜΕΤΡΟΙ ΣΩΛΗΝΩΝ"},
+               kInformation});
     return;
   }
-  if (!TellIfFailed(bench, RestoreFirstRows(bench))) return;
-  reread();
-  Inform(bench, "ΑΚΥΡΩΣΗ ΑΛΛΑΓΩΝ ΔΙΑΜΕΤΡΩΝ : Ισχύουν οι ΠΑΛΑΙΕΣ ΔΙΑΜΕΤΡΟΙ ΣΩΛΗΝΩΝ");
+  if (!BringBackRows(bench, work_file::kFirstRows)) return;
+  show_again();
+  bench.Ask({kSettledTitle,
+             {"ΑΚΥΡΩΣΗ ΑΛΛΑΓΩΝ ΔΙΑΜΕΤΡΩΝ : Ισχύουν οι ΠΑΛΑΙΕΣ ΔΙΑΜΕΤΡΟΙ ΣΩΛΗΝΩΝ"},
+             kInformation});
+}
+
+// The copies of the session go, and what the results were opened from shows.
+void EndSession(Desk& desk) {
+  desk.bench.workspace.Delete(work_file::kFirstRows);
+  desk.bench.workspace.Delete(work_file::kRowsBeforeChange);
+  desk.screens.returning_from_results = true;
+  desk.navigator.Show(desk.screens.WinterPump ? screen::kWinter : screen::kMain);
 }
 
 }  // namespace
 
-Outcome BeginResults(Desk& desk) {
-  Workbench& bench = desk.bench;
-  Study& study = bench.study;
-  study.CurrentRow = 1;
-  Recount(bench);
-  if (!study.results_valid) {
-    study.results_valid = true;
-    study.unsaved_changes = true;
+Result<std::vector<SectionRow>> ReadResultRows(Workbench& bench) {
+  const auto file = bench.workspace.Rows();
+  auto rows = file.ReadAll();
+  if (!rows) return rows;
+  if (rows->empty()) return FileError{file.path(), "Δεν υπάρχουν εγγραφές"};
+  if (rows->size() > std::numeric_limits<std::int16_t>::max()) {
+    return FileError{file.path(), "Οι εγγραφές είναι πάρα πολλές"};
   }
-  if (!std::exchange(desk.screens.results_begin, false)) return Done{};
-  desk.screens.ResultsLeft = false;
-  return bench.workspace.Copy(work_file::kRows, work_file::kFirstRows);
+  bench.study.SectionCount = static_cast<std::int16_t>(rows->size());
+  bench.study.SingleSection = rows->size() == 1;
+  return rows;
 }
 
-void LeaveResults(Desk& desk, const std::function<void()>& reread) {
+void OpenView(Desk& desk) {
   Workbench& bench = desk.bench;
-  Recount(bench);
-  SettleDiameters(bench, reread);
+  desk.navigator.Hide(screen::kMain);
+  bench.study.CurrentRow = 1;
+  const bool begins = std::exchange(desk.screens.results_begin, false);
+  if ((begins || !bench.workspace.HasBytes(work_file::kFirstRows)) &&
+      bench.workspace.HasBytes(work_file::kRows)) {
+    TellIfFailed(bench, bench.workspace.Copy(work_file::kRows, work_file::kFirstRows));
+  }
+}
+
+void CountAsShown(Workbench& bench) {
+  Study& study = bench.study;
+  if (study.results_valid || study.recalculation_needed ||
+      !bench.workspace.HasBytes(work_file::kRows)) {
+    return;
+  }
+  study.results_valid = true;
+  study.unsaved_changes = true;
+}
+
+void ShowCriticalBranch(Workbench& bench) {
+  if (bench.study.SingleSection) bench.study.critical_branch = "1";
+  bench.Show(302);
+}
+
+Answer AskOnce(Workbench& bench, int code) {
+  const Answer answer = bench.Show(code);
+  bench.study.answer = Answer::kNone;
+  return answer;
+}
+
+bool BringBackRows(Workbench& bench, std::string_view kept) {
+  const Outcome moved = bench.workspace.MoveOver(kept, work_file::kRows);
+  if (!TellIfFailed(bench, moved)) return false;
+  const auto rows = ReadResultRows(bench);
+  if (!rows) {
+    TellError(bench, rows.error());
+    return false;
+  }
+  FollowRows(bench, rows->front());
+  return true;
+}
+
+void GoBack(Desk& desk, std::string_view view, const std::function<void()>& show_again) {
+  Workbench& bench = desk.bench;
+  CloseOneDiameter(desk);
+  if (desk.screens.WinterPump) desk.navigator.Close(view);
+  const auto differ = DiametersDiffer(bench.workspace, work_file::kFirstRows);
+  if (!differ) {
+    TellError(bench, differ.error());
+  } else if (*differ) {
+    SettleDiameters(bench, show_again);
+  }
   desk.screens.results_view = ResultsView::kOne;
-  desk.screens.returning_from_results = true;
-  bench.workspace.Delete(work_file::kFirstRows);
-  bench.workspace.Delete(work_file::kRowsBeforeChange);
-  desk.navigator.Show(screen::kMain);
+  desk.navigator.Close(screen::kPump);
+  if (!desk.screens.WinterPump) desk.navigator.Close(view);
+  EndSession(desk);
 }
 
-void ShowCriticalBranch(Desk& desk) {
-  Workbench& bench = desk.bench;
-  Recount(bench);
-  if (bench.study.SectionCount == 1) bench.study.critical_branch = "1";
-  bench.Show(kCriticalBranch);
+void LeaveByWindow(Desk& desk) {
+  CloseOneDiameter(desk);
+  desk.navigator.Close(screen::kPump);
+  desk.screens.results_view = ResultsView::kOne;
+  EndSession(desk);
+}
+
+void CloseOneDiameter(Desk& desk) {
+  if (!desk.screens.ChangeFormOpen) return;
+  desk.navigator.Close(screen::kOneDiameter);
+  desk.screens.ChangeFormOpen = false;
 }
 
 }  // namespace kalvo

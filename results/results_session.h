@@ -1,22 +1,48 @@
 #pragma once
 
 #include <functional>
+#include <string_view>
+#include <vector>
 
 #include "form/desk.h"
 
 namespace kalvo {
 
-/// A view of results opens: row 1 is the current one, and the rows as they stand begin the session
-/// (`FIRSTONE.TMP`) when it was opened from the menu or by a run. Results that are seen for the
-/// first time become the study's.
-Outcome BeginResults(Desk& desk);
+/// A session of results lasts from the opening of a view to Back; `FIRSTONE.TMP` holds the rows with
+/// which it began.
 
-/// The way back from a view: when diameters were imposed since the session began the user keeps
-/// the new ones or gets the old rows back (message 307). The session's files go, and the main menu
-/// shows. `reread` brings the view up to date after old rows came back.
-void LeaveResults(Desk& desk, const std::function<void()>& reread);
+constexpr std::string_view kWaitText = "... Παρακαλώ, Περιμένετε ...";
 
-/// Shows the critical branch (message 302); that of a single section is "1".
-void ShowCriticalBranch(Desk& desk);
+/// All rows; their count and `SingleSection` go into the study. Error: there is none, or the file
+/// cannot be read.
+Result<std::vector<SectionRow>> ReadResultRows(Workbench& bench);
+
+/// First steps of a view: the main menu leaves the screen, row 1 is the current one, and where a
+/// session begins the rows are kept as its first.
+void OpenView(Desk& desk);
+
+/// Results that are looked at become the study's, unless a new calculation is needed.
+void CountAsShown(Workbench& bench);
+
+/// Shows message 302. A single section is its own critical branch.
+void ShowCriticalBranch(Workbench& bench);
+
+/// Asks a numbered question; the answer does not stay in the study.
+Answer AskOnce(Workbench& bench, int code);
+
+/// The rows kept in the work file `kept` stand again, with the study's totals, critical branch and
+/// quantities. False: they could not be brought back, and the user was told why.
+bool BringBackRows(Workbench& bench, std::string_view kept);
+
+/// Back from a view: whether new diameters shall stand is asked, the session ends and the main menu
+/// shows. `show_again` shows the rows anew after an answer.
+void GoBack(Desk& desk, std::string_view view, const std::function<void()>& show_again);
+
+/// A view was closed by its window: the rows stay as they are, the session ends and what it was
+/// opened from shows.
+void LeaveByWindow(Desk& desk);
+
+/// The form for one diameter closes when it is open.
+void CloseOneDiameter(Desk& desk);
 
 }  // namespace kalvo

@@ -174,7 +174,9 @@ void FrmMain::Leave() {
   bench.workspace.Delete(work_file::kFluid);
   bench.study.unsaved_changes = false;
   bench.study.recalculation_needed = false;
-  desk.navigator.Close(screen::kResultsSheet);
+  for (const std::string_view results : {screen::kResultsSheet, screen::kResults, screen::kPump}) {
+    desk.navigator.Close(results);
+  }
   desk.navigator.Close(screen::kMain);
   desk.navigator.Show(screen::kKind);
 }

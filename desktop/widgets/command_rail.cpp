@@ -1,5 +1,6 @@
 #include "desktop/widgets/command_rail.h"
 
+#include <QCheckBox>
 #include <QEvent>
 #include <QLabel>
 #include <QLayout>
@@ -28,6 +29,10 @@ void CommandRail::Dress() {
   for (HintButton* button : findChildren<HintButton*>()) button->SetIconOnly(icons_only_);
   for (QLabel* label : findChildren<QLabel*>()) {
     if (label->property("role") == "heading") label->setVisible(!icons_only_);
+  }
+  for (QCheckBox* box : findChildren<QCheckBox*>()) {
+    if (icons_only_ && !box->text().isEmpty()) box->setToolTip(box->text());
+    box->setText(icons_only_ ? QString() : box->toolTip());
   }
   // Captions and key names decide on the width; the layout knows them only when it is asked.
   setMinimumWidth(icons_only_ ? kIconsWidth : qMax(kWidth, sizeHint().width()));

@@ -47,11 +47,11 @@ DropShares::DropShares(QWidget* parent) : QWidget(parent) {
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 
-void DropShares::SetShares(const QString& caption, const std::array<DropShare, kShares>& shares) {
+void DropShares::SetShares(const QString& caption, const std::array<ShareView, kShares>& shares) {
   caption_ = caption;
   shares_ = shares;
   QStringList spoken;
-  for (const DropShare& share : shares_) spoken << share.name + ' ' + share.figure;
+  for (const ShareView& share : shares_) spoken << share.name + ' ' + share.figure;
   setAccessibleName(caption_);
   setAccessibleDescription(spoken.join("; "));
   update();
@@ -77,7 +77,7 @@ void DropShares::paintEvent(QPaintEvent*) {
 void DropShares::DrawBar(QPainter& painter, const QRectF& bar) const {
   double total = 0;
   double shown = 0;
-  for (const DropShare& share : shares_) {
+  for (const ShareView& share : shares_) {
     total += qMax(share.amount, 0.0);
     if (share.amount > 0) ++shown;
   }
@@ -101,7 +101,10 @@ void DropShares::DrawKey(QPainter& painter, std::size_t i, const QRect& cell) co
   DrawSwatch(painter, i, QRectF(cell.left(), cell.center().y() - kSwatch / 2, kSwatch, kSwatch));
   painter.setPen(theme.ink2);
   const QRect words = cell.adjusted(static_cast<int>(kSwatch) + 6, 0, 0, 0);
-  painter.drawText(words, Qt::AlignLeft | Qt::AlignVCenter, shares_[i].name);
+  const QFontMetrics metrics(painter.font());
+  const int room = words.width() - metrics.horizontalAdvance(shares_[i].figure + ' ');
+  painter.drawText(words, Qt::AlignLeft | Qt::AlignVCenter,
+                   metrics.elidedText(shares_[i].name, Qt::ElideRight, room));
   painter.setPen(theme.ink);
   painter.drawText(words, Qt::AlignRight | Qt::AlignVCenter, shares_[i].figure);
 }

@@ -7,7 +7,7 @@ class QBrush;
 
 namespace kalvo {
 
-struct DropShare {
+struct ShareView {
   QString name;       ///< "Σωλήνας"
   QString figure;     ///< the amount as it is shown
   double amount = 0;  ///< all in one unit; what is below 0 takes no room
@@ -24,7 +24,7 @@ class DropShares : public QWidget {
   explicit DropShares(QWidget* parent = nullptr);
 
   /// `caption` stands above the bar.
-  void SetShares(const QString& caption, const std::array<DropShare, kShares>& shares);
+  void SetShares(const QString& caption, const std::array<ShareView, kShares>& shares);
 
   [[nodiscard]] QSize sizeHint() const override;
 
@@ -36,7 +36,7 @@ class DropShares : public QWidget {
   void DrawKey(QPainter& painter, std::size_t i, const QRect& cell) const;
 
   QString caption_;
-  std::array<DropShare, kShares> shares_;
+  std::array<ShareView, kShares> shares_;
 };
 
 }  // namespace kalvo

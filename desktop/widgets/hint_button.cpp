@@ -77,26 +77,33 @@ QFont HintButton::HintFont() const {
   return font;
 }
 
-int HintButton::ContentWidth() const {
+int HintButton::CaptionWidth() const {
   const int icon = icon_name_.isEmpty() ? 0 : kButtonIconSize;
   if (icon_only_) return icon;
   const int caption = fontMetrics().size(Qt::TextShowMnemonic, text().trimmed()).width();
-  const int hint =
-      hint_.isEmpty() ? 0 : kHintGap + QFontMetrics(HintFont()).horizontalAdvance(hint_);
-  return icon + (icon > 0 && caption > 0 ? kGap : 0) + caption + hint;
+  return icon + (icon > 0 && caption > 0 ? kGap : 0) + caption;
+}
+
+int HintButton::HintWidth() const {
+  if (icon_only_ || hint_.isEmpty()) return 0;
+  return kHintGap + QFontMetrics(HintFont()).horizontalAdvance(hint_);
+}
+
+bool HintButton::HintFits() const {
+  return width() >= CaptionWidth() + HintWidth() + 2 * Padding(RoleOf(*this));
 }
 
 QSize HintButton::sizeHint() const {
   ensurePolished();
   const Role role = RoleOf(*this);
   if (icon_only_) return {kIconOnlyWidth, Height(role)};
-  return {ContentWidth() + 2 * Padding(role), Height(role)};
+  return {CaptionWidth() + HintWidth() + 2 * Padding(role), Height(role)};
 }
 
-QSize HintButton::minimumSizeHint() const { return sizeHint(); }
+QSize HintButton::minimumSizeHint() const { return sizeHint() - QSize(HintWidth(), 0); }
 
 bool HintButton::event(QEvent* event) {
-  if (event->type() == QEvent::ToolTip && icon_only_ && toolTip().isEmpty()) {
+  if (event->type() == QEvent::ToolTip && (icon_only_ || !HintFits()) && toolTip().isEmpty()) {
     QString caption = text().trimmed();
     caption.remove('&');
     const QString tip = hint_.isEmpty() ? caption : QString("%1 (%2)").arg(caption, hint_);
@@ -126,7 +133,10 @@ void HintButton::DrawContents(QPainter& painter) const {
   const Inks inks = InksOf(*this);
   // What has room to spare is centred, but for the rail, whose captions stand under each other.
   int left = Padding(role);
-  if (role != Role::kRail || icon_only_) left = qMax(left, (width() - ContentWidth()) / 2);
+  const int hint_width = HintFits() ? HintWidth() : 0;
+  if (role != Role::kRail || icon_only_) {
+    left = qMax(left, (width() - CaptionWidth() - hint_width) / 2);
+  }
   if (icon_only_) left = (width() - kButtonIconSize) / 2;
   const int right = width() - (role == Role::kRail ? Padding(role) : left);
   if (!icon_name_.isEmpty()) {
@@ -138,6 +148,7 @@ void HintButton::DrawContents(QPainter& painter) const {
   painter.setPen(inks.caption);
   painter.setFont(font());
   painter.drawText(QRect(left, 0, right - left, height()), kTextFlags, text().trimmed());
+  if (hint_width == 0) return;
   painter.setPen(inks.hint);
   painter.setFont(HintFont());
   painter.drawText(QRect(left, 0, right - left, height()), Qt::AlignRight | Qt::AlignVCenter,

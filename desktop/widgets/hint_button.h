@@ -6,7 +6,8 @@ namespace kalvo {
 
 /// A command with its icon at the left of its caption and the name of its key at the right edge.
 /// The property `role` ("primary", "rail", none for secondary) decides how it looks; blanks around
-/// the caption are not painted. With `iconOnly` caption and key move to the tooltip.
+/// the caption are not painted. With `iconOnly` caption and key move to the tooltip; so does a key
+/// that the button has no room for.
 class HintButton : public QPushButton {
   Q_OBJECT
   Q_PROPERTY(QString hint READ Hint WRITE SetHint)
@@ -33,7 +34,9 @@ class HintButton : public QPushButton {
   bool event(QEvent* event) override;
 
  private:
-  [[nodiscard]] int ContentWidth() const;
+  [[nodiscard]] int CaptionWidth() const;
+  [[nodiscard]] int HintWidth() const;
+  [[nodiscard]] bool HintFits() const;
   [[nodiscard]] QFont HintFont() const;
   void DrawContents(QPainter& painter) const;
 

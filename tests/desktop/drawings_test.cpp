@@ -35,9 +35,9 @@ QList<SectionStep> SomeSteps() {
           {"Δp", "Πτώση πίεσης", "R · 1,1 · L + σώμα", "2.830,5", "mm w.g."}};
 }
 
-std::array<DropShare, DropShares::kShares> SomeShares() {
-  return {DropShare{"Σωλήνας", "275,4", 275.4}, DropShare{"Εξαρτήματα", "497,8", 497.8},
-          DropShare{"Προσαύξηση 10%", "77,3", 77.3}, DropShare{"Σώμα", "1.980,0", 1980}};
+std::array<ShareView, DropShares::kShares> SomeShares() {
+  return {ShareView{"Σωλήνας", "275,4", 275.4}, ShareView{"Εξαρτήματα", "497,8", 497.8},
+          ShareView{"Προσαύξηση 10%", "77,3", 77.3}, ShareView{"Σώμα", "1.980,0", 1980}};
 }
 
 BranchView SomeBranch(int nodes) {
@@ -80,7 +80,7 @@ TEST(DropShares, SurviveNothingToShare) {
   DropShares shares;
   shares.resize(300, 90);
   auto amounts = SomeShares();
-  for (DropShare& share : amounts) share.amount = -1;
+  for (ShareView& share : amounts) share.amount = -1;
   shares.SetShares("", amounts);
   EXPECT_GT(CountColor(shares, kLightTheme.header), 1000) << "an empty bar";
 }

@@ -1,0 +1,61 @@
+#include "results/diameter_prompt.h"
+
+#include <utility>
+
+#include "engine/rerun.h"
+#include "results/results_session.h"
+
+namespace kalvo {
+namespace {
+
+PromptEnd Recalculate(Desk& desk, const std::vector<SectionRow>& rows) {
+  Workbench& bench = desk.bench;
+  if (!HasAllDiameters(rows)) {
+    bench.Show(305);
+    return PromptEnd::kNothing;
+  }
+  bench.workspace.Delete(work_file::kRowsBeforeChange);
+  desk.navigator.ShowWait(kWaitText);
+  Rerun(bench);
+  desk.navigator.HideWait();
+  desk.navigator.Close(screen::kResults);
+  desk.screens.ResultsLeft = false;
+  if (std::exchange(bench.study.CalcStatus, calc_status::kNothing) == calc_status::kNothing) {
+    desk.navigator.Show(screen::kPump);
+  } else {
+    LeaveByWindow(desk);
+  }
+  return PromptEnd::kRecalculated;
+}
+
+}  // namespace
+
+WaitingChange FindWaitingChange(const Workbench& bench, const std::vector<SectionRow>& rows) {
+  if (!bench.workspace.Exists(work_file::kRowsBeforeChange)) return WaitingChange::kNone;
+  const auto& calculated = bench.study.CalculatedDiameters;
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    if (i >= calculated.size() || calculated[i] != rows[i].NomiDiam) {
+      return WaitingChange::kChanged;
+    }
+  }
+  return WaitingChange::kUnchanged;
+}
+
+PromptEnd AskAboutChange(Desk& desk, const std::vector<SectionRow>& rows) {
+  switch (AskOnce(desk.bench, 304)) {
+    case Answer::kYes:
+      return Recalculate(desk, rows);
+    case Answer::kNo:
+      if (AskOnce(desk.bench, 306) == Answer::kYes &&
+          BringBackRows(desk.bench, work_file::kRowsBeforeChange)) {
+        return PromptEnd::kBroughtBack;
+      }
+      return PromptEnd::kNothing;
+    case Answer::kCancel:
+    case Answer::kNone:
+      break;
+  }
+  return PromptEnd::kNothing;
+}
+
+}  // namespace kalvo

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <vector>
+
+#include "form/desk.h"
+
+namespace kalvo {
+
+/// How the rows stand to a change of diameters that waits for its calculation.
+enum class WaitingChange {
+  kNone,       ///< no change was opened from the menu: `DATARES.@@@` is missing
+  kUnchanged,  ///< one was, yet every row has its calculated diameter
+  kChanged,    ///< a row has another one than calculated
+};
+
+WaitingChange FindWaitingChange(const Workbench& bench, const std::vector<SectionRow>& rows);
+
+/// What the question about a waiting change led to.
+enum class PromptEnd {
+  kNothing,       ///< all stays
+  kBroughtBack,   ///< the rows from before the change stand again
+  kRecalculated,  ///< the view was closed, the summary of the new results shows
+};
+
+/// Asks whether to calculate on the changed diameters, and does what was answered.
+PromptEnd AskAboutChange(Desk& desk, const std::vector<SectionRow>& rows);
+
+}  // namespace kalvo

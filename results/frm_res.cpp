@@ -1,0 +1,245 @@
+#include "results/frm_res.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "form/tell.h"
+#include "results/critical_sections.h"
+#include "results/diameter_prompt.h"
+#include "results/node_report.h"
+#include "results/result_notes.h"
+#include "results/results_session.h"
+
+namespace kalvo {
+namespace {
+
+constexpr const char* kPattern = "#,##0.0";
+constexpr Key kCtrlAltShift = {KeyCode::kCharacter, 0, true, true, true};
+constexpr std::size_t kRuleWidth = 52;
+constexpr int kInformation = 64;
+
+}  // namespace
+
+FrmRes::FrmRes(Desk& shared_desk)
+    : Form(shared_desk),
+      CmdPump(*this, "CmdPump", "Αντλία", [this] { ShowPump(); }),
+      CmdDiff(*this, "CmdDiff", "Δυσμεν. Κλαδος", [this] { ShowWorstBranch(); }),
+      Cmd_Nodes(*this, "Cmd_Nodes", " Έλεγχος Κόμβων Τμημάτων ",
+                [this] {
+                  desk.Click();
+                  ShowNodeReport(desk, true);
+                }),
+      CmdHelp(*this, "CmdHelp", "Βοήθεια πλήκτρων", [this] { ShowHelp(); },
+              {Plain(KeyCode::kF1)}),
+      CmdFirst(*this, "CmdFirst", "Πρώτο Τμήμα", [this] { GoToRow(1); }, {Ctrl(KeyCode::kHome)}),
+      CmdPrev(*this, "CmdPrev", "Προηγούμενο", [this] { GoToRow(bench.study.CurrentRow - 1); },
+              {Plain(KeyCode::kPageUp)}),
+      CmdNext(*this, "CmdNext", "Επόμενο", [this] { GoToRow(bench.study.CurrentRow + 1); },
+              {Plain(KeyCode::kPageDown)}),
+      CmdLast(*this, "CmdLast", "Τελευταίο", [this] { GoToRow(bench.study.SectionCount); },
+              {Ctrl(KeyCode::kEnd)}),
+      CmdGoTo(*this, "CmdGoTo", "Μετάβαση", [this] { ChooseRow(); }, {Plain(KeyCode::kF5)}),
+      CmdBack(*this, "CmdBack", "Επιστροφή",
+              [this] {
+                desk.Click();
+                GoBack(desk, screen::kResults, [this] { ShowRow(); });
+              },
+              {Plain(KeyCode::kEscape)}),
+      SSCommand1(*this, "SSCommand1", " ΕΜΦΑΝΙΣΗ ΤΩΝ ΣΩΛΗΝΩΝ, ΣΕ ΜΟΡΦΗ SpreadSheet ",
+                 [this] { ShowSheet(); }, {Shift(KeyCode::kF12), kCtrlAltShift}),
+      CmdSound(*this, "CmdSound", "On-Off Ήχων", [this] { ChkSoundR.Set(!ChkSoundR.on); }) {
+  for (Field* field : {&TxtName, &TxtLength, &TxtNomiDiam, &TxtWaterFlow, &TxtVelocity,
+                       &TxtTotalDrop, &TxtAvaiPres}) {
+    field->locked = true;
+  }
+  LblCritical.tone = Tone::kCritical;
+  ChkSoundR.on_toggle = [this] { desk.options.SoundOn = ChkSoundR.on; };
+  BuildMenus();
+}
+
+void FrmRes::BuildMenus() {
+  constexpr const char* kGoToCaption = "Πήγαινε (GoTo) στο Τμήμα με α/α ...";
+  menus = {{"&Αποτελέσματα",
+            {{"mnuResPres_First", CmdFirst.caption, &CmdFirst},
+             {"mnuResPres_Prev", CmdPrev.caption, &CmdPrev},
+             {"mnuResPres_Next", CmdNext.caption, &CmdNext},
+             {"mnuResPres_Last", CmdLast.caption, &CmdLast},
+             {"mnuResPres_GoTo", kGoToCaption, &CmdGoTo},
+             {},
+             {"mnuResPres_Pump", CmdPump.caption, &CmdPump},
+             {"mnuResPresd_Dif", CmdDiff.caption, &CmdDiff},
+             {},
+             {"mnuResPres_Sound", CmdSound.caption, &CmdSound},
+             {},
+             {"mnuResPres_Back", CmdBack.caption, &CmdBack}}}};
+  popup.entries = {{"mnuPUForm_First", CmdFirst.caption, &CmdFirst},
+                   {"mnuPUForm_Prev", CmdPrev.caption, &CmdPrev},
+                   {"mnuPUForm_Next", CmdNext.caption, &CmdNext},
+                   {"mnuPUForm_Last", CmdLast.caption, &CmdLast},
+                   {"mnuPUForm_GoTo", kGoToCaption, &CmdGoTo},
+                   {},
+                   {"mnuPUForm_Pump", CmdPump.caption, &CmdPump},
+                   {"mnuPUForm_Diff", CmdDiff.caption, &CmdDiff}};
+}
+
+void FrmRes::Load() {
+  OpenView(desk);
+  desk.navigator.Close(screen::kResultsSheet);
+  const bool open = bench.study.SystemOpen();
+  title = std::string("ΑΠΟΤΕΛΕΣΜΑΤΑ ΥΠΟΛΟΓΙΣΜΩΝ ΣΩΛΗΝΩΝ - < ") +
+          (open ? "ΑΝΟΙΚΤΟ" : "ΚΛΕΙΣΤΟ") + " > ΣΥΣΤΗΜΑ ΣΩΛΗΝΩΝ";
+  Cmd_Nodes.visible = !open;
+  ClearRow();
+  Focus(CmdNext);
+  const auto rows = ReadResultRows(bench);
+  if (!rows) {
+    TellError(bench, rows.error());
+    return;
+  }
+  frame.Show(desk, rows->front());
+  ShowRow();
+}
+
+void FrmRes::Activate() { CountAsShown(bench); }
+
+void FrmRes::Derive() { ChkSoundR.on = desk.options.SoundOn; }
+
+void FrmRes::ShowRow() {
+  const auto rows = ReadResultRows(bench);
+  if (!rows) {
+    ClearRow();
+    TellError(bench, rows.error());
+    return;
+  }
+  const auto count = static_cast<int>(rows->size());
+  const int number = std::clamp<int>(bench.study.CurrentRow, 1, count);
+  bench.study.CurrentRow = static_cast<std::int16_t>(number);
+  LblNumber.text = std::to_string(number);
+  LblCount.text = std::to_string(count);
+  const SectionRow& row = (*rows)[static_cast<std::size_t>(number - 1)];
+  ShowValues(row);
+  ShowWas(row);
+  ShowNotes(*rows, row);
+}
+
+void FrmRes::ShowValues(const SectionRow& row) {
+  const auto text = [this](float value) {
+    return FormatPattern(value, kPattern, desk.separators);
+  };
+  TxtName.Show(row.Name.Utf8());
+  TxtLength.Show(text(row.Length));
+  TxtNomiDiam.Show(row.NomiDiam.Utf8());
+  TxtNomiDiam.tone = row.InDiameter < 0 ? Tone::kImposed : Tone::kCalculated;
+  TxtWaterFlow.Show(text(row.WaterFlow));
+  TxtVelocity.Show(text(row.Velocity));
+  TxtTotalDrop.Show(text(row.TotalDrop));
+  TxtAvaiPres.Show(text(std::fabs(row.AvaiPres)));
+  const bool open = bench.study.SystemOpen();
+  const std::string left = FromCodePage(Trim(LeftNode(row.Name)));
+  const std::string right = FromCodePage(Trim(RightNode(row.Name)));
+  Pipe.from = open ? right : left;
+  Pipe.to = open ? left : right;
+  Pipe.caption =
+      TxtLength.text + " m  ·  " + TxtNomiDiam.text + "  ·  " + TxtWaterFlow.text + " Lit/h";
+}
+
+void FrmRes::ShowWas(const SectionRow& row) {
+  LblWas.visible = row.InDiameter < 0;
+  if (!LblWas.visible) return;
+  LblWas.text = "✎ αλλαγμένη";
+  const auto first = bench.workspace.Rows(work_file::kFirstRows).Read(bench.study.CurrentRow);
+  if (first && first->NomiDiam.Trimmed() != row.NomiDiam.Trimmed()) {
+    LblWas.text += ", ήταν " + first->NomiDiam.Utf8();
+  }
+}
+
+void FrmRes::ShowNotes(const std::vector<SectionRow>& rows, const SectionRow& row) {
+  const auto critical = CriticalSections(bench.study.critical_branch, rows.size());
+  LblCritical.visible = std::ranges::count(critical, bench.study.CurrentRow) != 0;
+  const auto library = ReadPipeSystem(bench.workspace, bench.study.pipe_system_number);
+  const ResultNotes notes =
+      NotesOf(bench.study.system_kind, rows, library ? *library : std::vector<PipeRow>{});
+  LblNotes.text = JoinLines(NoteLinesOf(notes, row.RecordNumber));
+  LblNotes.visible = !LblNotes.text.empty();
+}
+
+void FrmRes::ClearRow() {
+  for (Field* field : {&TxtName, &TxtLength, &TxtNomiDiam, &TxtWaterFlow, &TxtVelocity,
+                       &TxtTotalDrop, &TxtAvaiPres}) {
+    field->Show("");
+  }
+  TxtNomiDiam.tone = Tone::kCalculated;
+  LblNumber.text.clear();
+  LblCount.text.clear();
+  Pipe.from = Pipe.to = Pipe.caption = "";
+  LblCritical.visible = LblWas.visible = LblNotes.visible = false;
+}
+
+void FrmRes::GoToRow(int number) {
+  desk.Click();
+  Study& study = bench.study;
+  if (number < 1 || number > study.SectionCount || number == study.CurrentRow) return;
+  study.CurrentRow = static_cast<std::int16_t>(number);
+  ShowRow();
+}
+
+void FrmRes::ChooseRow() {
+  desk.Click();
+  desk.screens.goto_serves_results = true;
+  desk.navigator.ShowModal(screen::kGoTo);
+  ShowRow();
+}
+
+bool FrmRes::MayRun(bool goes_on_unchanged) {
+  desk.Click();
+  const auto rows = ReadResultRows(bench);
+  if (!rows) {
+    TellError(bench, rows.error());
+    return false;
+  }
+  const WaitingChange change = FindWaitingChange(bench, *rows);
+  if (change != WaitingChange::kChanged) {
+    return change == WaitingChange::kNone || goes_on_unchanged;
+  }
+  if (AskAboutChange(desk, *rows) == PromptEnd::kBroughtBack) ShowRow();
+  return false;
+}
+
+void FrmRes::ShowWorstBranch() {
+  if (MayRun(true)) ShowCriticalBranch(bench);
+}
+
+void FrmRes::ShowPump() {
+  if (!MayRun(false)) return;
+  desk.screens.ResultsLeft = true;
+  desk.navigator.Close(screen::kPump);  // one that is open tells of the rows before
+  desk.navigator.Show(screen::kPump);
+}
+
+void FrmRes::ShowHelp() {
+  const std::string rule(kRuleWidth, '=');
+  bench.Ask({" ... ΒΟΗΘΕΙΑ ΠΛΗΚΤΡΟΛΟΓΗΣΕΩΝ ...",
+             {rule, "  ... < Ctrl+Home > ---> Πρώτη Καταχώρηση ...",
+              "  ... < PgUp > ----------> Προηγούμενη Καταχώρηση ...",
+              "  ... < PgDn > ----------> Επόμενη Καταχώρηση ...",
+              "  ... < Ctrl+End > ------> Τελευταία Καταχώρηση ...",
+              "  ... < F5 > ---------------> Πήγαινε (GoTo) στο Τμήμα με α/α ...",
+              "  ... < Shift+F12 > ----> Αποτελέσματα σε μορφή Spreadsheet ...", rule},
+             kInformation, kAlarmBeeps});
+}
+
+void FrmRes::ShowSheet() {
+  desk.Click();
+  if (desk.screens.ChangeFormOpen) return;
+  desk.screens.results_view = ResultsView::kSheet;
+  desk.navigator.Show(screen::kResultsSheet);
+}
+
+bool FrmRes::MayClose() {
+  if (desk.screens.results_view == ResultsView::kSheet) return true;
+  desk.screens.ResultsLeft = !desk.screens.WinterPump;
+  LeaveByWindow(desk);
+  return true;
+}
+
+}  // namespace kalvo

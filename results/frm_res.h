@@ -1,0 +1,73 @@
+#pragma once
+
+#include <vector>
+
+#include "engine/notes.h"
+#include "form/form.h"
+#include "form/pictures.h"
+#include "results/pump_frame.h"
+
+namespace kalvo {
+
+/// Results of one section at a time.
+class FrmRes : public Form {
+ public:
+  explicit FrmRes(Desk& shared_desk);
+
+  void Load() override;
+  void Activate() override;
+  void Derive() override;
+  bool MayClose() override;
+
+  PumpFrame frame{*this};
+
+  Command CmdPump;
+  Command CmdDiff;
+  Command Cmd_Nodes;
+  Command CmdHelp;
+  Toggle ChkSoundR{*this, "ChkSoundR", " On-Off Ήχων "};
+
+  Label LblNumber{*this, "LblNumber"};
+  Label LblCount{*this, "LblCount"};
+  Label LblCritical{*this, "LblCritical", "στον δυσμενέστερο κλάδο"};
+  PipeDrawing Pipe{*this, "Pipe"};
+  Field TxtName{*this, "TxtName"};
+  Field TxtLength{*this, "TxtLength"};
+  Label LblWas{*this, "LblWas"};  ///< beside a diameter that the user imposed
+  Field TxtNomiDiam{*this, "TxtNomiDiam"};
+  Field TxtWaterFlow{*this, "TxtWaterFlow"};
+  Field TxtVelocity{*this, "TxtVelocity"};
+  Field TxtTotalDrop{*this, "TxtTotalDrop"};
+  Field TxtAvaiPres{*this, "TxtAvaiPres"};
+  Label LblNotes{*this, "LblNotes"};
+
+  Command CmdFirst;
+  Command CmdPrev;
+  Command CmdNext;
+  Command CmdLast;
+  Command CmdGoTo;
+
+  Command CmdBack;
+  Command SSCommand1;
+  Command CmdSound;
+
+ private:
+  void BuildMenus();
+  /// Shows the current row, read anew.
+  void ShowRow();
+  void ShowValues(const SectionRow& row);
+  void ShowWas(const SectionRow& row);
+  void ShowNotes(const std::vector<SectionRow>& rows, const SectionRow& row);
+  void ClearRow();
+  void GoToRow(int number);
+  void ChooseRow();
+  void ShowWorstBranch();
+  void ShowPump();
+  /// A command that a waiting change of diameters may ask about first. True: it may go on;
+  /// `goes_on_unchanged` says whether it does where the diameters are as calculated.
+  bool MayRun(bool goes_on_unchanged);
+  void ShowHelp();
+  void ShowSheet();
+};
+
+}  // namespace kalvo

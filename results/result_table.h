@@ -1,0 +1,21 @@
+#pragma once
+
+#include <span>
+#include <vector>
+
+#include "engine/notes.h"
+#include "form/grid.h"
+#include "study/section_row.h"
+#include "study/separators.h"
+
+namespace kalvo {
+
+/// Columns of the table of results, in order.
+std::vector<GridColumn> ResultColumns();
+
+/// Fills the row of the table that shows `row`. `first`: the row as it was when the session of
+/// results began, nullptr when that is not known.
+void FillResultRow(Grid& grid, int at, const SectionRow& row, const SectionRow* first,
+                   const std::vector<std::string>& notes, Separators separators);
+
+}  // namespace kalvo

@@ -1,0 +1,121 @@
+// The windows of results over the delivered sample and over the longest study.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QTableView>
+
+#include "desktop/theme.h"
+#include "desktop/windows.h"
+#include "engine/calculation_command.h"
+#include "tests/desktop/pictures.h"
+#include "tests/support/calculated_case.h"
+#include "tests/support/test_desk.h"
+
+namespace kalvo {
+namespace {
+
+constexpr QSize kSheetSize(1352, 904);
+
+// A desk over a study file that is calculated anew.
+struct CalculatedDesk {
+  explicit CalculatedDesk(const std::filesystem::path& file)
+      : study(file, KALVO_LIBRARY_DIR) {
+    EXPECT_EQ(Calculate(study.bench, Method::kFlowOnly), CommandEnd::kCalculated);
+    windows.SetDesk(desk);
+    desk.screens.results_begin = true;
+  }
+
+  CalculatedCase study;
+  CountedSound sound;
+  NotedViewer viewer;
+  Windows windows{QString()};
+  Desk desk{study.bench, windows, sound, viewer, Separators{',', '.'}};
+
+  void Impose(int number) {
+    SectionRow row = study.workspace->Rows().Read(number).value();
+    row.NomiDiam = FixedText<15>::FromUtf8("2");
+    row.InDiameter = -53.1F;
+    EXPECT_TRUE(study.workspace->Rows().Write(number, row).ok());
+  }
+
+  // In its own size, whatever the screen's.
+  QWidget& Open(std::string_view screen, QSize size) {
+    windows.Show(screen);
+    QWidget& window = *windows.WindowOf(screen);
+    window.resize(size);
+    QApplication::processEvents();
+    return window;
+  }
+};
+
+// No label is narrower or lower than its text.
+void ExpectNothingClipped(const QWidget& window) {
+  for (const QLabel* label : window.findChildren<QLabel*>()) {
+    if (!label->isVisible() || label->wordWrap()) continue;
+    EXPECT_GE(label->width(), label->minimumSizeHint().width()) << label->text().toStdString();
+    EXPECT_GE(label->height(), label->minimumSizeHint().height()) << label->text().toStdString();
+  }
+}
+
+TEST(ResultsWindows, ShowTheSampleWholeInBothThemes) {
+  for (const Theme* theme : {&kLightTheme, &kDarkTheme}) {
+    ApplyTheme(*qApp, *theme);
+    const QString suffix = theme == &kLightTheme ? "-light" : "-dark";
+    CalculatedDesk desk(KALVO_SAMPLES_DIR "/hotel.PCK");
+    QWidget& sheet = desk.Open(screen::kResultsSheet, kSheetSize);
+    ExpectNothingClipped(sheet);
+    KeepPicture(sheet, "frm-res-sheet" + suffix);
+    desk.Impose(2);
+    QWidget& one = desk.Open(screen::kResults, {1240, 800});
+    desk.windows.FormOf(screen::kResults)->Press(Plain(KeyCode::kPageDown));
+    desk.windows.PaintAll();
+    QApplication::processEvents();
+    ExpectNothingClipped(one);
+    KeepPicture(one, "frm-res" + suffix);
+    QWidget& again = desk.Open(screen::kResultsSheet, kSheetSize);
+    KeepPicture(again, "frm-res-sheet-imposed" + suffix);
+    again.resize(again.minimumSize());
+    QApplication::processEvents();
+    EXPECT_FALSE(again.findChild<QWidget*>("explained")->isVisible());
+    EXPECT_FALSE(again.findChild<QWidget*>("branch_card")->isVisible());
+    ExpectNothingClipped(again);
+    KeepPicture(again, "frm-res-sheet-small" + suffix);
+    QWidget& pump = desk.Open(screen::kPump, {840, 640});
+    ExpectNothingClipped(pump);
+    KeepPicture(pump, "frm-res-gn" + suffix);
+  }
+  ApplyTheme(*qApp, kLightTheme);
+}
+
+TEST(ResultsWindows, BringBackWhatASmallWindowHadNoRoomFor) {
+  CalculatedDesk desk(KALVO_SAMPLES_DIR "/hotel.PCK");
+  QWidget& one = desk.Open(screen::kResults, {1240, 800});
+  auto* pipe = one.findChild<QWidget*>("pipe_card");
+  for (const int height : {640, 800, 640, 800}) {
+    one.resize(960, height);
+    QApplication::processEvents();
+    EXPECT_EQ(pipe->isVisible(), height == 800);
+  }
+  ExpectNothingClipped(one);
+  KeepPicture(one, "frm-res-narrow");
+}
+
+TEST(ResultsWindows, OpenTheLongestStudyAtOnce) {
+  CalculatedDesk desk(KALVO_SAMPLES_DIR "/hotel.PCK");
+  std::vector<SectionRow> rows(999, desk.study.Rows().front());
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    rows[i].RecordNumber = rows[i].SectionNo = static_cast<std::int16_t>(i + 1);
+  }
+  ASSERT_TRUE(desk.study.workspace->Rows().WriteAll(rows).ok());
+  QElapsedTimer timer;
+  timer.start();
+  QWidget& sheet = desk.Open(screen::kResultsSheet, kSheetSize);
+  RecordProperty("milliseconds", static_cast<int>(timer.elapsed()));
+  EXPECT_LT(timer.elapsed(), 1000) << "far above what it takes on a busy machine";
+  EXPECT_EQ(sheet.findChild<QTableView*>("fpSpread1")->model()->rowCount(), 999);
+}
+
+}  // namespace
+}  // namespace kalvo

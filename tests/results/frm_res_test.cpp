@@ -1,0 +1,248 @@
+#include "results/frm_res.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/results/results_desk.h"
+
+namespace kalvo {
+namespace {
+
+struct OneResult : ResultsDesk, ::testing::Test {
+  OneResult() {
+    form.Load();
+    form.Activate();
+    TakeLog();
+  }
+  [[nodiscard]] std::string Text(float value) const {
+    return FormatPattern(value, "#,##0.0", desk.separators);
+  }
+  FrmRes form{desk};
+};
+
+TEST_F(OneResult, ShowsTheFirstSection) {
+  const SectionRow row = test.Row(1);
+  EXPECT_EQ(form.title, "ΑΠΟΤΕΛΕΣΜΑΤΑ ΥΠΟΛΟΓΙΣΜΩΝ ΣΩΛΗΝΩΝ - < ΚΛΕΙΣΤΟ > ΣΥΣΤΗΜΑ ΣΩΛΗΝΩΝ");
+  EXPECT_EQ(form.LblNumber.text + "/" + form.LblCount.text, "1/6");
+  EXPECT_EQ(form.TxtName.text, "ANT/1");
+  EXPECT_EQ(form.TxtLength.text, "5,0");
+  EXPECT_EQ(form.TxtNomiDiam.text, row.NomiDiam.Utf8());
+  EXPECT_EQ(form.TxtNomiDiam.tone, Tone::kCalculated);
+  EXPECT_EQ(form.TxtWaterFlow.text, "500,0");
+  EXPECT_EQ(form.TxtVelocity.text, Text(row.Velocity));
+  EXPECT_EQ(form.TxtTotalDrop.text, Text(row.TotalDrop));
+  EXPECT_EQ(form.TxtAvaiPres.text, Text(row.AvaiPres));
+  EXPECT_EQ(form.Pipe.from + ">" + form.Pipe.to, "ANT>1");
+  EXPECT_TRUE(form.LblCritical.visible);
+  EXPECT_FALSE(form.LblWas.visible);
+  EXPECT_EQ(form.frame.LblFlow.text, "0,50");
+  EXPECT_TRUE(test.study.results_valid);
+  EXPECT_EQ(test.Bytes(work_file::kFirstRows), test.Bytes());
+}
+
+TEST_F(OneResult, MovesByItsKeysAndStopsAtTheEnds) {
+  const auto press = [this](const Key& key) {
+    EXPECT_TRUE(form.Press(key));
+    return form.LblNumber.text + " " + form.TxtName.text;
+  };
+  EXPECT_EQ(press(Plain(KeyCode::kPageUp)), "1 ANT/1");
+  EXPECT_EQ(press(Plain(KeyCode::kPageDown)), "2 1/2");
+  EXPECT_EQ(press(Ctrl(KeyCode::kEnd)), "6 4/ANT");
+  EXPECT_EQ(press(Plain(KeyCode::kPageDown)), "6 4/ANT");
+  EXPECT_EQ(press(Plain(KeyCode::kPageUp)), "5 3/4");
+  EXPECT_FALSE(form.LblCritical.visible);
+  EXPECT_EQ(press(Ctrl(KeyCode::kHome)), "1 ANT/1");
+}
+
+TEST_F(OneResult, ReadsNothingAnewWhereItStandsAlready) {
+  test.ChangeRow(1, [](SectionRow& row) { row.Length = 7; });
+  Click(form, form.CmdFirst);
+  EXPECT_EQ(form.TxtLength.text, "5,0");
+  Click(form, form.CmdNext);
+  Click(form, form.CmdPrev);
+  EXPECT_EQ(form.TxtLength.text, "7,0");
+}
+
+TEST_F(OneResult, GoesToASectionOfTheList) {
+  navigator.Expect(screen::kGoTo, [this] {
+    EXPECT_TRUE(desk.screens.goto_serves_results);
+    test.study.CurrentRow = 4;
+  });
+  EXPECT_TRUE(form.Press(Plain(KeyCode::kF5)));
+  EXPECT_EQ(form.TxtName.text, "2/4");
+  navigator.Expect(screen::kGoTo, [this] { test.study.CurrentRow = 99; });
+  Click(form, form.CmdGoTo);
+  EXPECT_EQ(form.TxtName.text, "4/ANT") << "no row beyond the last";
+}
+
+TEST_F(OneResult, MarksADiameterThatTheUserImposed) {
+  const std::string before = test.Row(2).NomiDiam.Utf8();
+  Impose(2);
+  Click(form, form.CmdNext);
+  EXPECT_EQ(form.TxtNomiDiam.tone, Tone::kImposed);
+  EXPECT_EQ(form.LblWas.text, "✎ αλλαγμένη, ήταν " + before);
+  test.workspace.Delete(work_file::kFirstRows);
+  Click(form, form.CmdFirst);
+  Click(form, form.CmdNext);
+  EXPECT_EQ(form.LblWas.text, "✎ αλλαγμένη");
+}
+
+TEST_F(OneResult, ShowsTheCriticalBranch) {
+  Click(form, form.CmdDiff);
+  EXPECT_EQ(test.prompter.codes(), std::vector{302});
+}
+
+TEST_F(OneResult, AsksForTheCalculationThatAChangeFromTheMenuWaitsFor) {
+  ImposeFromMenu(2);
+  const float head = test.Row(1).DP;
+  test.prompter.Expect(304, Answer::kYes);
+  Click(form, form.CmdDiff);
+  EXPECT_FALSE(test.workspace.Exists(work_file::kRowsBeforeChange));
+  EXPECT_EQ(test.Row(2).InDiameter, -53.1F) << "the mark stays until the session ends";
+  EXPECT_LT(test.Row(1).DP, head);
+  EXPECT_EQ(test.study.TotalFlowM3h, 0.5F);
+  EXPECT_TRUE(test.study.unsaved_changes);
+  EXPECT_FALSE(desk.screens.ResultsLeft);
+  EXPECT_EQ(TakeLog(), (std::vector<std::string>{"close FrmRes", "show FrmResGn"}));
+  EXPECT_EQ(navigator.waits, (std::vector<std::string>{"... Παρακαλώ, Περιμένετε ...", "-"}));
+  EXPECT_NE(test.Bytes(work_file::kFirstRows), test.Bytes()) << "the baseline is kept";
+}
+
+TEST_F(OneResult, TakesAChangeFromTheMenuBack) {
+  const std::string before = test.Bytes();
+  ImposeFromMenu(2);
+  Click(form, form.CmdNext);
+  test.prompter.Expect(304, Answer::kNo);
+  test.prompter.Expect(306, Answer::kNo);
+  Click(form, form.CmdPump);
+  EXPECT_TRUE(test.workspace.Exists(work_file::kRowsBeforeChange));
+  test.prompter.Expect(304, Answer::kCancel);
+  Click(form, form.CmdPump);
+  EXPECT_EQ(form.TxtNomiDiam.tone, Tone::kImposed);
+  test.prompter.Expect(304, Answer::kNo);
+  test.prompter.Expect(306, Answer::kYes);
+  Click(form, form.CmdPump);
+  EXPECT_EQ(test.Bytes(), before);
+  EXPECT_EQ(form.LblNumber.text, "2");
+  EXPECT_EQ(form.TxtNomiDiam.tone, Tone::kCalculated);
+  EXPECT_TRUE(TakeLog().empty());
+}
+
+TEST_F(OneResult, KeepsThePumpDeadWhileAnUnusedCopyLies) {
+  ASSERT_TRUE(test.workspace.Copy(work_file::kRows, work_file::kRowsBeforeChange).ok());
+  Click(form, form.CmdPump);
+  EXPECT_TRUE(TakeLog().empty());
+  Click(form, form.CmdDiff);
+  EXPECT_EQ(test.prompter.codes(), std::vector{302});
+  test.workspace.Delete(work_file::kRowsBeforeChange);
+  Click(form, form.CmdPump);
+  EXPECT_TRUE(desk.screens.ResultsLeft);
+  EXPECT_EQ(navigator.log.back(), "show FrmResGn");
+}
+
+TEST_F(OneResult, EndsARerunThatBreaksOffAtTheMainMenu) {
+  ImposeFromMenu(2);
+  test.ChangeRow(3, [](SectionRow& row) { row.WaterFlow = 0; });
+  test.prompter.Expect(304, Answer::kYes);
+  Click(form, form.CmdDiff);
+  EXPECT_FALSE(test.prompter.boxes().empty());
+  EXPECT_TRUE(test.study.recalculation_needed);
+  EXPECT_EQ(test.study.CalcStatus, 0);
+  EXPECT_EQ(navigator.log.back(), "show FrmMain");
+}
+
+TEST_F(OneResult, HelpsWithItsKeysAndTogglesTheSound) {
+  EXPECT_TRUE(form.Press(Plain(KeyCode::kF1)));
+  ASSERT_EQ(test.prompter.boxes().size(), 1U);
+  EXPECT_EQ(test.prompter.boxes()[0].title, " ... ΒΟΗΘΕΙΑ ΠΛΗΚΤΡΟΛΟΓΗΣΕΩΝ ...");
+  EXPECT_EQ(test.prompter.boxes()[0].lines.size(), 8U);
+  EXPECT_EQ(test.prompter.boxes()[0].beeps, 2);
+  form.Run(form.CmdSound);
+  EXPECT_TRUE(desk.options.SoundOn);
+  Click(form, form.CmdNext);
+  EXPECT_EQ(sound.played, 1);
+  form.ChkSoundR.Set(false);
+  EXPECT_FALSE(desk.options.SoundOn);
+}
+
+TEST_F(OneResult, GoesToTheSheetUnlessADiameterIsBeingChanged) {
+  desk.screens.ChangeFormOpen = true;
+  form.Press(Shift(KeyCode::kF12));
+  EXPECT_TRUE(TakeLog().empty());
+  desk.screens.ChangeFormOpen = false;
+  form.Press(Shift(KeyCode::kF12));
+  EXPECT_EQ(TakeLog(), std::vector<std::string>{"show FrmRes_Sheet"});
+  EXPECT_EQ(desk.screens.results_view, ResultsView::kSheet);
+}
+
+TEST_F(OneResult, KeepsItsFrameWhenOldDiametersComeBack) {
+  Impose(2);
+  test.ChangeRow(1, [](SectionRow& row) { row.DP = 9000; });
+  FrmRes later(desk);
+  later.Load();
+  EXPECT_EQ(later.frame.LblHead.text, "9,00") << "a switch of view keeps the session's first rows";
+  later.Press(Plain(KeyCode::kPageDown));
+  test.prompter.Expect(307, Answer::kNo);
+  later.Press(Plain(KeyCode::kEscape));
+  EXPECT_EQ(later.TxtNomiDiam.tone, Tone::kCalculated);
+  EXPECT_EQ(later.frame.LblHead.text, "9,00");
+  EXPECT_EQ(desk.screens.results_view, ResultsView::kOne);
+  EXPECT_EQ(navigator.log.back(), "show FrmMain");
+}
+
+TEST_F(OneResult, LeavesTheRowsAsTheyAreWhenItsWindowIsClosed) {
+  Impose(2);
+  desk.screens.ChangeFormOpen = true;
+  EXPECT_TRUE(form.MayClose());
+  EXPECT_EQ(test.Row(2).InDiameter, -53.1F);
+  EXPECT_TRUE(desk.screens.ResultsLeft);
+  EXPECT_FALSE(desk.screens.ChangeFormOpen);
+  EXPECT_FALSE(test.workspace.Exists(work_file::kFirstRows));
+  EXPECT_EQ(TakeLog(),
+            (std::vector<std::string>{"close FrmAvaiD", "close FrmResGn", "show FrmMain"}));
+  desk.screens.results_view = ResultsView::kSheet;
+  EXPECT_TRUE(form.MayClose());
+  EXPECT_TRUE(navigator.log.empty()) << "the sheet has taken its place";
+}
+
+TEST_F(OneResult, TellsWhenItsRowsHaveGone) {
+  test.workspace.Delete(work_file::kRows);
+  Click(form, form.CmdNext);
+  ASSERT_EQ(test.prompter.boxes().size(), 1U);
+  EXPECT_EQ(form.TxtName.text, "");
+  FrmRes empty(desk);
+  empty.Load();
+  for (Command* command : {&empty.CmdLast, &empty.CmdNext, &empty.CmdDiff, &empty.CmdPump}) {
+    Click(empty, *command);
+  }
+  test.workspace.Delete(work_file::kFirstRows);
+  Click(empty, empty.CmdBack);
+  EXPECT_EQ(navigator.log.back(), "show FrmMain");
+}
+
+TEST(OneResultOfALoneSection, IsItsOwnCriticalBranch) {
+  ResultsDesk desk;
+  desk.Calculate({"ANT/ANT 5m soma 300l/h 500mm"});
+  desk.test.study.critical_branch = "?";
+  FrmRes form(desk.desk);
+  form.Load();
+  for (Command* command : {&form.CmdPrev, &form.CmdNext, &form.CmdLast, &form.Cmd_Nodes}) {
+    Click(form, *command);
+  }
+  EXPECT_EQ(form.LblNumber.text, "1");
+  Click(form, form.CmdDiff);
+  EXPECT_EQ(desk.test.study.critical_branch, "1");
+  EXPECT_TRUE(desk.viewer.files.empty());
+}
+
+TEST(OpenOneResult, ShowsFlowFromTheFeeder) {
+  ResultsDesk desk(SystemKind::kOpen);
+  FrmRes form(desk.desk);
+  form.Load();
+  EXPECT_EQ(form.title, "ΑΠΟΤΕΛΕΣΜΑΤΑ ΥΠΟΛΟΓΙΣΜΩΝ ΣΩΛΗΝΩΝ - < ΑΝΟΙΚΤΟ > ΣΥΣΤΗΜΑ ΣΩΛΗΝΩΝ");
+  EXPECT_FALSE(form.Cmd_Nodes.visible);
+  Click(form, form.CmdNext);
+  EXPECT_EQ(form.Pipe.from + ">" + form.Pipe.to, "1>2");
+}
+
+}  // namespace
+}  // namespace kalvo
