@@ -100,7 +100,8 @@ class Explainer {
     Step("ν", "Κινηματικό ιξώδες ν", "στη Μέση Θερμοκρασία", flow.viscosity * 1e6, kViscosity);
     Step("Re", "Reynolds Re", "D v / (1000 ν), ακέραιο μέρος", row_.Reynolds, kReynolds);
     Step("k", "Τραχύτητα k", "από το Σύστημα Σωλήνων", flow.roughness, kRoughness);
-    Step("λ", "Συντελεστής τριβής λ", "1/√λ = -2 log(k/(3,71 D) + 2,51/(Re √λ))", row_.Lamda, kLamda);
+    Step("λ", "Συντελεστής τριβής λ", "1/√λ = -2 log(k/(3,71 D) + 2,51/(Re √λ))", row_.Lamda,
+         kLamda);
     Step("ρ", "Πυκνότητα ρ", "του Ρέοντος Μέσου", flow.density, kDensity);
     Step("R", "Τριβή R", "1000 λ ρ v² / (2 D 9,81), 3 δεκαδικά", row_.FrictionRate, kRate);
   }

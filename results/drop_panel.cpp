@@ -101,10 +101,9 @@ std::string OutletLine(const SectionRow& row, double spare, Separators separator
 
 std::string SpacedName(std::string name) {
   const std::size_t slash = name.find('/');
-  return slash == std::string::npos
-             ? name
-             : std::string(Trim(name.substr(0, slash))) + " / " +
-                   std::string(Trim(name.substr(slash + 1)));
+  return slash == std::string::npos ? name
+                                    : std::string(Trim(name.substr(0, slash))) + " / " +
+                                          std::string(Trim(name.substr(slash + 1)));
 }
 
 }  // namespace
@@ -143,8 +142,9 @@ void DropPanel::Show(const SectionRow& row, const std::optional<DropExplanation>
                        FormatPattern(explanation->computed_drop, kTwoDecimals, separators) +
                        " mm w.g. : τα δεδομένα άλλαξαν μετά τον υπολογισμό.";
     } else if (explanation->stepped_down) {
-      LblRemark.text = "Η διάμετρος μειώθηκε από τον 2ο τρόπο, που βάζει στα άλλα μήκη έναν δικό "
-                       "του όρο.";
+      LblRemark.text =
+          "Η διάμετρος μειώθηκε από τον 2ο τρόπο, που βάζει στα άλλα μήκη έναν δικό "
+          "του όρο.";
     }
   }
   SharesDrop.visible = !SharesDrop.parts.empty();

@@ -29,8 +29,7 @@ FrmRes::FrmRes(Desk& shared_desk)
                   desk.Click();
                   ShowNodeReport(desk, true);
                 }),
-      CmdHelp(*this, "CmdHelp", "Βοήθεια πλήκτρων", [this] { ShowHelp(); },
-              {Plain(KeyCode::kF1)}),
+      CmdHelp(*this, "CmdHelp", "Βοήθεια πλήκτρων", [this] { ShowHelp(); }, {Plain(KeyCode::kF1)}),
       CmdFirst(*this, "CmdFirst", "Πρώτο Τμήμα", [this] { GoToRow(1); }, {Ctrl(KeyCode::kHome)}),
       CmdPrev(*this, "CmdPrev", "Προηγούμενο", [this] { GoToRow(bench.study.CurrentRow - 1); },
               {Plain(KeyCode::kPageUp)}),
@@ -86,8 +85,8 @@ void FrmRes::Load() {
   OpenView(desk);
   desk.navigator.Close(screen::kResultsSheet);
   const bool open = bench.study.SystemOpen();
-  title = std::string("ΑΠΟΤΕΛΕΣΜΑΤΑ ΥΠΟΛΟΓΙΣΜΩΝ ΣΩΛΗΝΩΝ - < ") +
-          (open ? "ΑΝΟΙΚΤΟ" : "ΚΛΕΙΣΤΟ") + " > ΣΥΣΤΗΜΑ ΣΩΛΗΝΩΝ";
+  title = std::string("ΑΠΟΤΕΛΕΣΜΑΤΑ ΥΠΟΛΟΓΙΣΜΩΝ ΣΩΛΗΝΩΝ - < ") + (open ? "ΑΝΟΙΚΤΟ" : "ΚΛΕΙΣΤΟ") +
+          " > ΣΥΣΤΗΜΑ ΣΩΛΗΝΩΝ";
   Cmd_Nodes.visible = !open;
   ClearRow();
   Focus(CmdNext);
@@ -123,9 +122,7 @@ void FrmRes::ShowRow() {
 }
 
 void FrmRes::ShowValues(const SectionRow& row) {
-  const auto text = [this](float value) {
-    return FormatPattern(value, kPattern, desk.separators);
-  };
+  const auto text = [this](float value) { return FormatPattern(value, kPattern, desk.separators); };
   TxtName.Show(row.Name.Utf8());
   TxtLength.Show(text(row.Length));
   TxtNomiDiam.Show(row.NomiDiam.Utf8());
@@ -225,7 +222,8 @@ void FrmRes::ShowHelp() {
               "  ... < Ctrl+End > ------> Τελευταία Καταχώρηση ...",
               "  ... < F5 > ---------------> Πήγαινε (GoTo) στο Τμήμα με α/α ...",
               "  ... < Shift+F12 > ----> Αποτελέσματα σε μορφή Spreadsheet ...", rule},
-             kInformation, kAlarmBeeps});
+             kInformation,
+             kAlarmBeeps});
 }
 
 void FrmRes::ShowSheet() {

@@ -28,8 +28,7 @@ FrmResGn::FrmResGn(Desk& shared_desk)
 
 void FrmResGn::Load() {
   desk.navigator.Hide(screen::kMain);
-  TxtKind.text =
-      bench.study.SystemOpen() ? "ANOIKΤΟ ΣΥΣΤΗΜΑ ΣΩΛΗΝΩΝ" : "ΚΛΕΙΣΤΟ ΣΥΣΤΗΜΑ ΣΩΛΗΝΩΝ";
+  TxtKind.text = bench.study.SystemOpen() ? "ANOIKΤΟ ΣΥΣΤΗΜΑ ΣΩΛΗΝΩΝ" : "ΚΛΕΙΣΤΟ ΣΥΣΤΗΜΑ ΣΩΛΗΝΩΝ";
   TxtThema.text = Trim(bench.study.study_title);
   Cmd_Nodes.visible = bench.study.SystemClosed();
   Focus(SSCommand1);
@@ -54,9 +53,8 @@ void FrmResGn::ShowPump(const SectionRow& first) {
   Text2.text = FormatPattern(first.PAR, kPattern, desk.separators);
   Text4.text = FormatPattern(HeadOf(first.DP), kPattern, desk.separators);
   Text6.Show(FormatPattern(study.MeanTemp, kPattern, desk.separators));
-  Text8.Show(desk.screens.WinterPump
-                 ? ""
-                 : FormatPattern(study.MeanVel, kPattern, desk.separators));
+  Text8.Show(desk.screens.WinterPump ? ""
+                                     : FormatPattern(study.MeanVel, kPattern, desk.separators));
 }
 
 void FrmResGn::Activate() {

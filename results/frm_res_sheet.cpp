@@ -7,8 +7,8 @@
 #include "results/critical_sections.h"
 #include "results/node_report.h"
 #include "results/result_notes.h"
-#include "results/results_session.h"
 #include "results/result_table.h"
+#include "results/results_session.h"
 
 namespace kalvo {
 namespace {
@@ -138,8 +138,7 @@ void FrmRes_Sheet::FollowCurrent() {
   const SectionRow& row = rows_[at];
   const auto spare = std::ranges::find(spares_, row.RecordNumber, &OutletSpare::section);
   panel.Show(row, explainer_.Explain(row),
-             spare == spares_.end() ? std::nullopt : std::optional(spare->spare),
-             desk.separators);
+             spare == spares_.end() ? std::nullopt : std::optional(spare->spare), desk.separators);
   ShowBranch();
 }
 

@@ -44,10 +44,9 @@ void SettleDiameters(Workbench& bench, const std::function<void()>& show_again) 
              kInformation});
 }
 
-// The copies of the session go, and what the results were opened from shows.
+// The session's first rows go, and what the results were opened from shows.
 void EndSession(Desk& desk) {
   desk.bench.workspace.Delete(work_file::kFirstRows);
-  desk.bench.workspace.Delete(work_file::kRowsBeforeChange);
   desk.screens.returning_from_results = true;
   desk.navigator.Show(desk.screens.WinterPump ? screen::kWinter : screen::kMain);
 }
@@ -124,6 +123,7 @@ void GoBack(Desk& desk, std::string_view view, const std::function<void()>& show
   desk.screens.results_view = ResultsView::kOne;
   desk.navigator.Close(screen::kPump);
   if (!desk.screens.WinterPump) desk.navigator.Close(view);
+  bench.workspace.Delete(work_file::kRowsBeforeChange);
   EndSession(desk);
 }
 

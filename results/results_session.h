@@ -8,8 +8,8 @@
 
 namespace kalvo {
 
-/// A session of results lasts from the opening of a view to Back; `FIRSTONE.TMP` holds the rows with
-/// which it began.
+/// A session of results lasts from the opening of a view to Back; `FIRSTONE.TMP` holds the rows
+/// with which it began.
 
 constexpr std::string_view kWaitText = "... Παρακαλώ, Περιμένετε ...";
 
@@ -38,8 +38,8 @@ bool BringBackRows(Workbench& bench, std::string_view kept);
 /// shows. `show_again` shows the rows anew after an answer.
 void GoBack(Desk& desk, std::string_view view, const std::function<void()>& show_again);
 
-/// A view was closed by its window: the rows stay as they are, the session ends and what it was
-/// opened from shows.
+/// A view was closed by its window: the rows stay as they are, a change of diameters goes on
+/// waiting, the session ends and what it was opened from shows.
 void LeaveByWindow(Desk& desk);
 
 /// The form for one diameter closes when it is open.

@@ -11,6 +11,7 @@ constexpr std::string_view kProgramTitle =
     "Πρόγραμμα Υπολογισμού Σωλήνων Ροής Υγρών  < Kalvoflume > / ";
 constexpr std::string_view kUnknown = "—";
 constexpr int kCommonestPosition = 10;  // entry 11 is the commonest steel tube
+constexpr Key kSwitchFolderCommands = Shift(KeyCode::kEscape);
 
 }  // namespace
 
@@ -23,6 +24,8 @@ FrmMain::FrmMain(Desk& shared_desk)
       Cmd_Save(*this, "Cmd_Save", "Δημιουργία Αρχείου", [this] { SaveToFile(); }, {Ctrl('S')}),
       Cmd_Thema(*this, "Cmd_Thema", "ΘΕΜΑ-ΤΙΤΛΟΣ", [this] { ShowTitleEntry(); },
                 {Plain(KeyCode::kF2)}),
+      Cmd_GenData(*this, "Cmd_GenData", "Γενικά Δεδομένα", [this] { OpenGeneralData(); },
+                  {Ctrl('G')}),
       Cmd_Calc(*this, "Cmd_Calc", "Υπολογισμοί", [this] { Calculate(false); },
                {Plain(KeyCode::kF9)}),
       Cmd_Res(*this, "Cmd_Res", "ΠΑΡΟΥΣΙΑΣΗ ΑΠΟΤΕΛΕΣΜΑΤΩΝ", [this] { ShowResults(); }, {Ctrl('R')}),
@@ -31,6 +34,12 @@ FrmMain::FrmMain(Desk& shared_desk)
                 [this] { desk.navigator.ShowModal(screen::kLiquid); }, {Ctrl('L')}),
       Cmd_Nodes(*this, "Cmd_Nodes", " Έλεγχος Κόμβων Τμημάτων ", [this] { ShowNodes(); },
                 {Ctrl('K')}),
+      Cmd_Recent(*this, "Cmd_Recent", "Πρόσφατα Αρχεία ...", [this] { OpenRecent(); },
+                 {Shift(KeyCode::kF2), Alt(KeyCode::kF2)}),
+      Cmd_CurFL(*this, "Cmd_CurFL", "Στοιχεία Αρχείου υπό Επεξεργασία",
+                [this] { desk.navigator.ShowModal(screen::kCurrentStudy); }, {Ctrl('I')}),
+      CmdFF(*this, "CmdFF", " Αλλαγή του Folder Αποθήκευσης Αρχείων ",
+            [this] { desk.navigator.ShowModal(screen::kDataFolder); }),
       CmdManual(*this, "CmdManual", " Εγχειρίδιο Προγράμματος ", [this] { OpenManual(); },
                 {Plain(KeyCode::kF1)}),
       Cmd_Exit(*this, "Cmd_Exit", "Εξοδος από το Πρόγραμμα", [this] { Leave(); },
@@ -58,17 +67,24 @@ void FrmMain::MakeMenus() {
             {{"Mnu_Thema", "Θέμα-Τίτλος της Μελέτης", &Cmd_Thema},
              {"Mnu_New", "Νέα Μελέτη", &Cmd_New},
              {"Mnu_Open", "Ανάκληση Αρχείου", &Cmd_Open},
+             {"Mnu_RecentFiles", "Πρόσφατα Αρχεία ...", &Cmd_Recent},
              {"Mnu_Save", "Δημιουργία Αρχείου", &Cmd_Save},
+             {"Mnu_CurFL", "Στοιχεία Αρχείου υπό Επεξεργασία", &Cmd_CurFL},
+             {},
+             {"Mnu_FF", "Αλλαγή του Folder Αποθήκευσης Αρχείων", &CmdFF},
              {},
              {"Mnu_Exit", "Εξοδος από το Πρόγραμμα", &Cmd_Exit}}},
-           {"&Δεδομένα", {{"Mnu_Liquid", "Επιλογή Ρέοντος Μέσου (Υγρού)", &CmdLiquid}}},
+           {"&Δεδομένα",
+            {{"Mnu_DataG", "Γενικά Δεδομένα", &Cmd_GenData},
+             {"Mnu_Liquid", "Επιλογή Ρέοντος Μέσου (Υγρού)", &CmdLiquid}}},
            {"&Υπολογισμοί",
             {{"Mnu_Mean", "Υπολογισμοί", &Cmd_Calc},
              {"Mnu_Method", " ΤΡΟΠΟΣ ΥΠΟΛΟΓΙΣΜΟΥ ΣΩΛΗΝΩΝ ", &Mnu_Method},
              {"Mnu_Nodes", "Έλεγχος Κόμβων Τμημάτων", &Cmd_Nodes}}},
            {"&Αποτελέσματα", {{"Mnu_Results", "Παρουσίαση Αποτελεσμάτων", &Mnu_Results}}}};
   popup = {"",
-           {{"", "Υπολογισμοί", &Cmd_Calc},
+           {{"", "Γενικά Δεδομένα", &Cmd_GenData},
+            {"", "Υπολογισμοί", &Cmd_Calc},
             {"", "Παρουσίαση Αποτελεσμάτων", &Mnu_Results},
             {},
             {"", "Ανάκληση Αρχείου", &Cmd_Open},
@@ -122,6 +138,12 @@ void FrmMain::Activate() {
   desk.navigator.Hide(screen::kKind);
 }
 
+bool FrmMain::OtherKey(const Key& key) {
+  if (key != kSwitchFolderCommands) return false;
+  desk.options.folder_commands = !desk.options.folder_commands;
+  return true;
+}
+
 void FrmMain::Derive() {
   const Study& study = bench.study;
   title = std::string(kProgramTitle) +
@@ -133,6 +155,7 @@ void FrmMain::Derive() {
   LblMaterial.text = MaterialLine(study.pipe_material);
   Cmd_Nodes.visible = study.SystemClosed();
   Mnu_Method.visible = study.SystemClosed();
+  CmdFF.visible = desk.options.folder_commands;
   CmdManual.visible = bench.workspace.Exists(kManualFile);
   LblFolder.text = "Folder: " + desk.data_folder.string();
 }
@@ -172,6 +195,7 @@ Command& FrmMain::CommandOf(Step step) {
     case Step::kTitle:
       return Cmd_Thema;
     case Step::kGeneralData:
+      return Cmd_GenData;
     case Step::kSections:
     case Step::kEmitters:
       return Cmd_Open;
@@ -186,7 +210,7 @@ Command& FrmMain::CommandOf(Step step) {
 void FrmMain::DeriveNext() {
   StudyProgress progress = ProgressOf(bench.study, HasRows(), desk.separators);
   constexpr auto kAt = [](Step step) { return static_cast<std::size_t>(step); };
-  for (const Step step : {Step::kTitle, Step::kCalculation, Step::kResults}) {
+  for (const Step step : {Step::kTitle, Step::kGeneralData, Step::kCalculation, Step::kResults}) {
     progress.stations[kAt(step)].command = &CommandOf(step);
   }
   StudyRoad.stations = std::move(progress.stations);
@@ -195,7 +219,7 @@ void FrmMain::DeriveNext() {
   const Command& next = CommandOf(next_);
   Cmd_Next.caption = next.caption;
   Cmd_Next.hint = next.Hint();
-  constexpr std::string_view kIcons[] = {"title", "open", "open", "open", "calc", "results"};
+  constexpr std::string_view kIcons[] = {"title", "general", "open", "open", "calc", "results"};
   Cmd_Next.icon = kIcons[kAt(next_)];
 }
 

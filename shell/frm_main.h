@@ -20,6 +20,7 @@ class FrmMain : public Form {
   void Activate() override;
   void Derive() override;
   bool MayClose() override;
+  bool OtherKey(const Key& key) override;
 
   Label LblThema{*this, "LblThema"};
   Field TxtThema{*this, "TxtThema"};
@@ -34,6 +35,7 @@ class FrmMain : public Form {
 
   Road StudyRoad{*this, "StudyRoad"};
   Command Cmd_Thema;
+  Command Cmd_GenData;
   Command Cmd_Calc;
   Command Cmd_Res;
   Label LblNext{*this, "LblNext"};
@@ -52,6 +54,9 @@ class FrmMain : public Form {
   Label LblEmitters{*this, "LblEmitters"};
 
   Command Cmd_Nodes;
+  Command Cmd_Recent;
+  Command Cmd_CurFL;
+  Command CmdFF;
   Command CmdManual;
   Toggle ChkSound{*this, "ChkSound", " On-Off Ήχων "};
   Label LblFolder{*this, "LblFolder"};
@@ -67,6 +72,7 @@ class FrmMain : public Form {
   void ShowTitleEntry();
   void EndTitleEntry();
   void AcceptTitle();
+  void OpenGeneralData();
   void Calculate(bool choose_method);
   void EndCalculation(CommandEnd end);
   void ShowFindings();
@@ -75,6 +81,7 @@ class FrmMain : public Form {
   void OpenResults();
   void RerunAfterChange();
   void ShowNodes();
+  void OpenRecent();
   void SaveToFile();
   void OpenManual();
   void NewStudy();

@@ -4,7 +4,9 @@
 #include "form/tell.h"
 #include "results/node_report.h"
 #include "shell/frm_main.h"
+#include "shell/message_table.h"
 #include "shell/study_dialogs.h"
+#include "study/recent_files.h"
 #include "study/study_reset.h"
 #include "study/study_title.h"
 
@@ -48,6 +50,19 @@ void FrmMain::AcceptTitle() {
     return;
   }
   EndTitleEntry();
+}
+
+void FrmMain::OpenGeneralData() {
+  desk.Click();
+  if (bench.workspace.Exists(work_file::kRows) && !HasRows()) {
+    bench.workspace.Delete(work_file::kRows);
+  }
+  if (HasRows() && bench.study.study_title.empty()) {
+    bench.Show(1);
+    return;
+  }
+  desk.screens.edit_mode = HasRows();
+  desk.navigator.ShowModal(screen::kGeneralData);
 }
 
 void FrmMain::Calculate(bool choose_method) {
@@ -149,6 +164,14 @@ void FrmMain::ShowNodes() {
 void FrmMain::SaveToFile() {
   desk.Click();
   if (NeedsPipes()) SaveStudy(desk);
+}
+
+void FrmMain::OpenRecent() {
+  if (!HasRecentFiles(bench.workspace)) {
+    bench.Ask({std::string(kAttentionTitle), {"... ΔΕΝ υπάρχουν πρόσφατα Αρχεία ..."}, 64});
+    return;
+  }
+  OpenFromDialog(desk, screen::kRecent);
 }
 
 void FrmMain::OpenManual() {

@@ -32,8 +32,9 @@ std::string NextSentence(const Study& study, Step next, bool untouched) {
       return untouched ? "καταχωρήστε το θέμα της μελέτης ή ανακαλέστε ένα αρχείο."
                        : "η μελέτη δεν έχει ακόμη θέμα.";
     case Step::kGeneralData:
+      return "δώστε τη μέση θερμοκρασία και τη μέση ταχύτητα του υγρού.";
     case Step::kSections:
-      return "η μελέτη δεν έχει ακόμη δεδομένα· ανακαλέστε ένα αρχείο μελέτης.";
+      return "η μελέτη δεν έχει ακόμη τμήματα· ανακαλέστε ένα αρχείο μελέτης.";
     case Step::kEmitters:
       return study.SystemOpen() ? "η μελέτη δεν έχει ακόμη υποδοχείς."
                                 : "η μελέτη δεν έχει ακόμη σώματα.";

@@ -20,8 +20,7 @@ constexpr QSize kSheetSize(1352, 904);
 
 // A desk over a study file that is calculated anew.
 struct CalculatedDesk {
-  explicit CalculatedDesk(const std::filesystem::path& file)
-      : study(file, KALVO_LIBRARY_DIR) {
+  explicit CalculatedDesk(const std::filesystem::path& file) : study(file, KALVO_LIBRARY_DIR) {
     EXPECT_EQ(Calculate(study.bench, Method::kFlowOnly), CommandEnd::kCalculated);
     windows.SetDesk(desk);
     desk.screens.results_begin = true;

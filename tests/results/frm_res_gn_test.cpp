@@ -24,8 +24,7 @@ TEST_F(PumpSummary, ShowsTheDutyOfThePump) {
   EXPECT_EQ(form.LblWay.text, "Υπολογισμοί με βάση την Μέση Ταχύτητα");
   EXPECT_EQ(form.TxtPipes.text, "Χαλυβδοσωλήνες");
   EXPECT_EQ(form.Text2.text, "0,50");
-  EXPECT_EQ(form.Text4.text,
-            FormatPattern(test.study.PumpHead, "#,##0.00", desk.separators));
+  EXPECT_EQ(form.Text4.text, FormatPattern(test.study.PumpHead, "#,##0.00", desk.separators));
   EXPECT_EQ(form.Text6.text, "70,00");
   EXPECT_EQ(form.Text8.text, "1,00");
   EXPECT_EQ(test.study.TotalFlowM3h, 0.5F) << "row 1 is taken into the study";
@@ -38,7 +37,10 @@ TEST_F(PumpSummary, TellsTheMethodByTheRowsAndNothingOfAnyOther) {
   Open();
   EXPECT_EQ(form.LblWay.text,
             "Υπολογισμοί με βάση την Μέση Ταχύτητα, αλλά και την Διαθέσιμη Πίεση");
-  test.ChangeRow(1, [](SectionRow& row) { row.INILAMDA = 1.5F; row.PAR = row.DP = 0; });
+  test.ChangeRow(1, [](SectionRow& row) {
+    row.INILAMDA = 1.5F;
+    row.PAR = row.DP = 0;
+  });
   FrmResGn other(desk);
   other.Load();
   EXPECT_EQ(other.LblWay.text, "");

@@ -116,6 +116,44 @@ TEST_F(MainMenu, LeavingReturnsToTheChoiceOfKindAndKeepsASafetyCopy) {
   EXPECT_EQ(test.outer_disk.List("/studies/ASFALEIA").size(), 1U);
 }
 
+TEST_F(MainMenu, OpensGeneralDataWhenAStudyWithRowsHasItsTitle) {
+  PutStudy();
+  test.study.study_title.clear();
+  form.Press(Ctrl('G'));
+  EXPECT_EQ(test.prompter.codes(), (std::vector{1}));
+  test.study.study_title = "Κτίριο";
+  const auto edit_mode = [this](bool expected) {
+    navigator.Expect(screen::kGeneralData,
+                     [this, expected] { EXPECT_EQ(desk.screens.edit_mode, expected); });
+  };
+  edit_mode(true);
+  form.Press(Ctrl('G'));
+  ASSERT_TRUE(test.workspace.Write(work_file::kRows, "").ok());
+  test.study.study_title.clear();
+  edit_mode(false);
+  form.Press(Ctrl('G'));
+  EXPECT_FALSE(test.workspace.Exists(work_file::kRows));
+}
+
+TEST_F(MainMenu, SaysWhenThereAreNoRecentFiles) {
+  ASSERT_TRUE(test.workspace.Write(work_file::kRecentFiles, "").ok());
+  form.Press(Shift(KeyCode::kF2));
+  ASSERT_EQ(test.prompter.boxes().size(), 1U);
+  EXPECT_FALSE(test.workspace.Exists(work_file::kRecentFiles));
+  ASSERT_TRUE(test.workspace.Write(work_file::kRecentFiles, "/a/B.PCK\n").ok());
+  navigator.Expect(screen::kRecent, [] {});
+  form.Press(Alt(KeyCode::kF2));
+  EXPECT_EQ(navigator.log.back(), "modal FrmRecFiles_S");
+}
+
+TEST_F(MainMenu, ShowsTheFolderCommandsAsTheUserLeftThem) {
+  EXPECT_TRUE(form.CmdFF.visible);
+  form.Press(Shift(KeyCode::kEscape));
+  form.Derive();
+  EXPECT_FALSE(form.CmdFF.visible);
+  EXPECT_FALSE(desk.options.folder_commands);
+}
+
 TEST_F(MainMenu, PlaysTheSoundOfCommandsWhenItIsOn) {
   form.ChkSound.Set(true);
   Click(form, form.Cmd_Nodes);
