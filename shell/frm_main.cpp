@@ -58,7 +58,6 @@ FrmMain::FrmMain(Desk& shared_desk)
     }
   };
   ChkSound.on_toggle = [this] { desk.options.SoundOn = ChkSound.on; };
-  ChkDataKind.on_toggle = [this] { desk.options.ChkDataKind = ChkDataKind.on; };
   MakeMenus();
 }
 
@@ -100,7 +99,6 @@ void FrmMain::Load() {
   FillPipeList();
   EndTitleEntry();
   ChkSound.on = desk.options.SoundOn;
-  ChkDataKind.on = desk.options.ChkDataKind;
   if (bench.study.fluid_name.empty()) bench.study.fluid_name = kWaterName;
   desk.navigator.Hide(screen::kKind);
   if (!desk.screens.study_argument.empty()) {

@@ -44,7 +44,6 @@ class FrmMain : public Form {
   Choice Cbo_PipeKind{*this, "Cbo_PipeKind"};
   Label LblMaterial{*this, "LblMaterial"};
   Command CmdLiquid;
-  Toggle ChkDataKind{*this, "ChkDataKind", " ΔΕΔΟΜΕΝΑ ΣΕ ΜΟΡΦΗ SpreadSheet "};
   Label LblFlow{*this, "LblFlow"};
   Label LblHead{*this, "LblHead"};
   Label LblMeanTemp{*this, "LblMeanTemp"};

@@ -153,7 +153,12 @@ void FrmMain::RerunAfterChange() {
     study.CalcStatus = calc_status::kNothing;
     return;
   }
-  OpenResults();
+  if (desk.options.ChkDataKind) {
+    OpenResults();
+    return;
+  }
+  desk.screens.results_begin = true;
+  desk.navigator.Show(screen::kPump);
 }
 
 void FrmMain::ShowNodes() {

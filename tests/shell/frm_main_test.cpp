@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "shell/frm_kind.h"
 #include "shell/frm_title.h"
 #include "shell/recovery.h"
@@ -92,6 +94,20 @@ TEST_F(MainMenu, CalculatesAndOpensTheSheetOfResults) {
   EXPECT_EQ(navigator.log.back(), "hide FrmMain");
   EXPECT_TRUE(desk.screens.results_begin);
   EXPECT_EQ(navigator.waits.back(), "-");
+}
+
+TEST_F(MainMenu, CalculatesAnewAfterAChangeOfDiameters) {
+  test.PutNetwork({"ANT/1 5m", "1/2 5m soma 300l/h 500mm", "2/ANT 5m"});
+  form.Press(Plain(KeyCode::kF9));
+  for (const bool sheet : {true, false}) {
+    desk.options.ChkDataKind = sheet;
+    test.study.CalcStatus = calc_status::kRecalculate;
+    form.Activate();
+    EXPECT_EQ(test.study.CalcStatus, calc_status::kNothing);
+    EXPECT_TRUE(test.study.diameters_changed);
+    EXPECT_NE(std::ranges::find(navigator.log, sheet ? "show FrmRes_Sheet" : "show FrmResGn"),
+              navigator.log.end());
+  }
 }
 
 TEST_F(MainMenu, MarksAStaleStepAndNamesTheCause) {
