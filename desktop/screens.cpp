@@ -14,6 +14,7 @@
 #include <ui_frm_liquid.h>
 #include <ui_frm_main.h>
 #include <ui_frm_old_study.h>
+#include <ui_frm_open_save.h>
 #include <ui_frm_res.h>
 #include <ui_frm_res_gn.h>
 #include <ui_frm_res_sheet.h>
@@ -34,6 +35,7 @@
 #include "shell/frm_kind.h"
 #include "shell/frm_main.h"
 #include "shell/frm_old_study.h"
+#include "shell/frm_open_save.h"
 #include "shell/frm_title.h"
 
 namespace kalvo {
@@ -62,6 +64,7 @@ constexpr Screen kScreens[] = {
     {screen::kMissingValues, &MakeForm<FrmERR>, &SetUp<Ui::FrmERR>},
     {screen::kGoTo, &MakeForm<FrmGoTo>, &SetUp<Ui::FrmGoTo>},
     {screen::kOldStudy, &MakeForm<FrmOldStudy>, &SetUp<Ui::FrmOldStudy>},
+    {screen::kStudies, &MakeForm<FrmOpenSave>, &SetUp<Ui::FrmOpenSave>},
 };
 
 }  // namespace

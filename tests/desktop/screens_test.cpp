@@ -9,33 +9,12 @@
 #include <QScrollArea>
 #include <QTest>
 
-#include "desktop/windows.h"
 #include "entry/frm_liquid.h"
 #include "tests/desktop/pictures.h"
-#include "tests/support/test_desk.h"
+#include "tests/desktop/shown_desk.h"
 
 namespace kalvo {
 namespace {
-
-/// The program's windows over a study in memory.
-struct ShownDesk : TestDesk {
-  ShownDesk() { windows.SetDesk(shown); }
-  Windows windows{QString()};
-  Desk shown{test.bench, windows, sound, viewer, Separators{',', '.'}};
-
-  template <typename Widget>
-  Widget& Part(std::string_view screen, const char* name) {
-    return *windows.WindowOf(screen)->findChild<Widget*>(QString::fromLatin1(name));
-  }
-};
-
-// QTest::keyClick() cannot type Greek letters.
-void TypeText(QWidget& widget, const QString& text) {
-  for (const QChar letter : text) {
-    QKeyEvent press(QEvent::KeyPress, letter.toUpper().unicode(), Qt::NoModifier, QString(letter));
-    QCoreApplication::sendEvent(&widget, &press);
-  }
-}
 
 TEST(AllScreens, EveryNameOfAFormHasItsPartnerInTheWindow) {
   for (const Screen& screen : Screens()) {
