@@ -15,6 +15,7 @@
 #include <ui_frm_main.h>
 #include <ui_frm_old_study.h>
 #include <ui_frm_open_save.h>
+#include <ui_frm_rec_files.h>
 #include <ui_frm_res.h>
 #include <ui_frm_res_gn.h>
 #include <ui_frm_res_sheet.h>
@@ -36,6 +37,7 @@
 #include "shell/frm_main.h"
 #include "shell/frm_old_study.h"
 #include "shell/frm_open_save.h"
+#include "shell/frm_rec_files.h"
 #include "shell/frm_title.h"
 
 namespace kalvo {
@@ -65,6 +67,7 @@ constexpr Screen kScreens[] = {
     {screen::kGoTo, &MakeForm<FrmGoTo>, &SetUp<Ui::FrmGoTo>},
     {screen::kOldStudy, &MakeForm<FrmOldStudy>, &SetUp<Ui::FrmOldStudy>},
     {screen::kStudies, &MakeForm<FrmOpenSave>, &SetUp<Ui::FrmOpenSave>},
+    {screen::kRecent, &MakeForm<FrmRecFiles_S>, &SetUp<Ui::FrmRecFiles_S>},
 };
 
 }  // namespace

@@ -96,16 +96,20 @@ bool AskAboutUnsaved(Desk& desk) {
   return false;
 }
 
-void AskToOpen(Desk& desk) {
+bool AskBeforeOpening(Desk& desk) {
   Workbench& bench = desk.bench;
   if (bench.study.unsaved_changes) {
     bench.Show(130);
     const Answer answer = std::exchange(bench.study.answer, Answer::kNone);
     if (answer == Answer::kCancel) bench.study.unsaved_changes = false;
-    if (answer == Answer::kCancel || answer == Answer::kNone) return;
-    if (answer == Answer::kYes && !SaveStudy(desk)) return;
+    if (answer == Answer::kCancel || answer == Answer::kNone) return false;
+    if (answer == Answer::kYes && !SaveStudy(desk)) return false;
   }
-  if (MayLeaveSaved(desk)) OpenFromDialog(desk, screen::kStudies);
+  return MayLeaveSaved(desk);
+}
+
+void AskToOpen(Desk& desk) {
+  if (AskBeforeOpening(desk)) OpenFromDialog(desk, screen::kStudies);
 }
 
 void OpenFromDialog(Desk& desk, std::string_view dialog) {

@@ -16,15 +16,19 @@ bool SaveStudy(Desk& desk);
 /// save that was asked for and not made counts as "cancel". "No" leaves the flag as it is.
 bool AskAboutUnsaved(Desk& desk);
 
-/// The open command: the questions about the open study, the list of studies, the load. "Cancel" at
-/// message 130 clears the flag of unsaved changes although nothing was saved.
+/// The questions about the open study before another is opened. False: the caller must stop.
+/// "Cancel" at message 130 clears the flag of unsaved changes although nothing was saved.
+bool AskBeforeOpening(Desk& desk);
+
+/// The open command: the questions about the open study, the list of studies, the load.
 void AskToOpen(Desk& desk);
 
 /// Opens a file that was chosen: a safety copy of a study that stands nowhere, then the load.
 /// False: it could not be loaded, which was told; the open study and its flags stay if they can.
 bool OpenChosen(Desk& desk, const std::filesystem::path& path, RecentList recent);
 
-/// Shows a dialog that chooses a study's file and opens what was chosen.
+/// Shows a dialog that chooses a study's file and opens what was chosen. The recent files ask the
+/// questions about the open study themselves, the other dialogs are shown after them.
 void OpenFromDialog(Desk& desk, std::string_view dialog);
 
 /// Empties the program for a new study, a safety copy first. False: that copy could not be made,

@@ -2,6 +2,7 @@
 
 #include <QLineEdit>
 #include <QListView>
+#include <QTableView>
 #include <QTest>
 
 #include "tests/desktop/pictures.h"
@@ -52,6 +53,29 @@ TEST_F(StudyLists, AreSearchedByTypingAndWalkedByTheMouse) {
   }
   EXPECT_EQ(studies.model()->rowCount(), 1);
   KeepPicture(window, "frm-open-save-deep");
+}
+
+TEST_F(StudyLists, ShowRecentFilesInATable) {
+  desk.windows.Show(screen::kRecent);
+  KeepPicture(*desk.windows.WindowOf(screen::kRecent), "frm-rec-files-empty");
+  desk.windows.Close(screen::kRecent);
+  std::string lines;
+  for (const char* path :
+       {"/home/user/Μελέτες/PFILES/Ξενοδοχείο Αίγλη.PCK", "/studies/GRAFEIA.PCK",
+        "C:\\KALVO\\PFILES\\OLD.PCK",
+        "/home/user/Μελέτες/2024/Συγκρότημα Κατοικιών Καισαριανής/Κτίριο Α/PFILES/KAISAR.PCK"}) {
+    lines += path + std::string("\n");
+  }
+  ASSERT_TRUE(desk.test.workspace.Write(work_file::kRecentFiles, lines).ok());
+  desk.windows.Show(screen::kRecent);
+  auto& table = desk.Part<QTableView>(screen::kRecent, "fpSpread1");
+  KeepPicture(*desk.windows.WindowOf(screen::kRecent), "frm-rec-files");
+  QTest::mouseClick(table.viewport(), Qt::LeftButton, {},
+                    table.visualRect(table.model()->index(2, 0)).center());
+  desk.test.prompter.Expect("!!  ΠΡΟΣΟΧΗ  !!", Answer::kYes);
+  QTest::keyClick(&table, Qt::Key_Delete, Qt::ControlModifier);
+  EXPECT_EQ(table.model()->rowCount(), 3);
+  EXPECT_EQ(table.currentIndex().data().toString(), QStringLiteral("KAISAR.PCK"));
 }
 
 }  // namespace
