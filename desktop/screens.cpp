@@ -7,6 +7,7 @@
 #include <ui_frm_editor.h>
 #include <ui_frm_err.h>
 #include <ui_frm_error.h>
+#include <ui_frm_ff.h>
 #include <ui_frm_file_os.h>
 #include <ui_frm_gen_data.h>
 #include <ui_frm_go_to.h>
@@ -32,6 +33,7 @@
 #include "shell/frm_calcs.h"
 #include "shell/frm_editor.h"
 #include "shell/frm_error.h"
+#include "shell/frm_ff.h"
 #include "shell/frm_file_os.h"
 #include "shell/frm_kind.h"
 #include "shell/frm_main.h"
@@ -68,6 +70,7 @@ constexpr Screen kScreens[] = {
     {screen::kOldStudy, &MakeForm<FrmOldStudy>, &SetUp<Ui::FrmOldStudy>},
     {screen::kStudies, &MakeForm<FrmOpenSave>, &SetUp<Ui::FrmOpenSave>},
     {screen::kRecent, &MakeForm<FrmRecFiles_S>, &SetUp<Ui::FrmRecFiles_S>},
+    {screen::kDataFolder, &MakeForm<FrmFF>, &SetUp<Ui::FrmFF>},
 };
 
 }  // namespace

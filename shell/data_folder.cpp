@@ -25,7 +25,9 @@ Result<fs::path> MakeBelow(Disk& disk, const fs::path& above, std::string_view n
 }
 
 Outcome Name(Workspace& workspace, const fs::path& folder) {
-  return workspace.Write(work_file::kDataFolder, folder.string() + "/\n");
+  Outcome written = workspace.Write(work_file::kDataFolder, folder.string() + "/\n");
+  if (written) return written;
+  return FileError{workspace.Path(work_file::kDataFolder), written.error().reason};
 }
 
 }  // namespace
@@ -59,7 +61,7 @@ bool IsFullPath(std::string_view typed) { return Trim(typed).starts_with('/'); }
 
 Result<fs::path> SetDataFolder(Workspace& workspace, std::string_view typed) {
   Disk& disk = workspace.outer_disk();
-  const fs::path chosen = FolderOf(Trim(typed));
+  const fs::path chosen = ShownDataFolder(FolderOf(Trim(typed)));
   if (Outcome made = disk.MakeFolder(chosen); !made) return made.error();
   const auto studies = MakeBelow(disk, chosen, kStudiesFolder);
   if (!studies) return studies.error();

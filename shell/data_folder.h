@@ -27,7 +27,8 @@ std::string ShownDataFolder(const std::filesystem::path& data_folder);
 bool IsFullPath(std::string_view typed);
 
 /// Makes `typed` with `PFILES` and `PFILES/ASCII` below it (found ignoring case) and names it in
-/// `~vamo.wpf`. Gives the folder of the studies. Error: it cannot be made, or not be named.
+/// `~vamo.wpf`. A `PFILES` at its own end is the folder of the studies itself, which is given.
+/// Error: it cannot be made, or not be named (the error's file is `~vamo.wpf` then).
 Result<std::filesystem::path> SetDataFolder(Workspace& workspace, std::string_view typed);
 
 }  // namespace kalvo

@@ -78,5 +78,22 @@ TEST_F(StudyLists, ShowRecentFilesInATable) {
   EXPECT_EQ(table.currentIndex().data().toString(), QStringLiteral("KAISAR.PCK"));
 }
 
+TEST_F(StudyLists, ShowTheFoldersBelowWhichStudiesCanBeKept) {
+  for (const char* folder : {"/studies/PFILES", "/home/user/Μελέτες/2025", "/home/user/Έγγραφα"}) {
+    ASSERT_TRUE(desk.test.outer_disk.MakeFolder(folder).ok());
+  }
+  desk.shown.data_folder = "/home/user/PFILES";
+  desk.windows.Show(screen::kDataFolder);
+  KeepPicture(*desk.windows.WindowOf(screen::kDataFolder), "frm-ff");
+  auto& folders = desk.Part<QListView>(screen::kDataFolder, "DirList");
+  QTest::mouseClick(folders.viewport(), Qt::LeftButton, {},
+                    folders.visualRect(folders.model()->index(4, 0)).center());
+  EXPECT_EQ(desk.Part<QLineEdit>(screen::kDataFolder, "TxtFolder").text(),
+            QStringLiteral("/home/user/Μελέτες"));
+  QTest::keyClick(&folders, Qt::Key_Return);
+  EXPECT_EQ(desk.windows.WindowOf(screen::kDataFolder), nullptr);
+  EXPECT_EQ(desk.shown.data_folder, "/home/user/Μελέτες/PFILES");
+}
+
 }  // namespace
 }  // namespace kalvo
