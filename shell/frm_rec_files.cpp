@@ -13,7 +13,7 @@ namespace kalvo {
 namespace {
 
 constexpr int kNameWidth = 24;    // digits, at least
-constexpr int kFolderWidth = 72;  // digits, at least
+constexpr int kFolderWidth = 79;  // digits, at least
 constexpr std::string_view kNone = "... ΔΕΝ υπάρχουν πρόσφατα Αρχεία ...";
 
 int Wider(int width, const std::string& text) {
