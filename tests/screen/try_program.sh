@@ -1,0 +1,206 @@
+#!/usr/bin/env bash
+# Uses the built program as an engineer does, on a screen of its own: by keys, and looking at which
+# windows show and which files stand.
+# usage: try_program.sh KALVOFLUME SAMPLES_FOLDER [PICTURES_FOLDER]
+set -uo pipefail
+export LC_ALL=C.UTF-8
+program=$1
+samples=$2
+pictures=${3-}
+home=$(mktemp -d)
+export KALVOFLUME_HOME=$home/program XDG_STATE_HOME=$home/state XDG_RUNTIME_DIR=$home/runtime
+export QT_QPA_PLATFORM=xcb
+mkdir -m 700 "$XDG_RUNTIME_DIR"
+unset WAYLAND_DISPLAY
+work=$KALVOFLUME_HOME
+pid=
+
+end() {
+  [ -z "$pid" ] || kill -9 "$pid" 2>/dev/null
+  [ -z "${screen-}" ] || kill "$screen" 2>/dev/null
+  rm -rf "$home"
+}
+trap end EXIT
+stage=
+
+fail() {
+  printf 'FAILED in "%s": %s\n' "$stage" "$*"
+  printf 'windows on the screen:\n'
+  xdotool search --onlyvisible --name . 2>/dev/null |
+    while read -r window; do xdotool getwindowname "$window"; done | sort -u
+  [ -z "$pictures" ] || import -window root "$pictures/failed.png"
+  exit 1
+}
+
+stage() {
+  stage=$1
+  printf -- '-- %s\n' "$stage"
+}
+
+# within SECONDS command...: the command succeeds before that time is over.
+within() {
+  local end=$((SECONDS + $1))
+  shift
+  until "$@" >/dev/null 2>&1; do
+    [ "$SECONDS" -lt "$end" ] || return 1
+    sleep 0.05
+  done
+}
+
+shows() { xdotool search --onlyvisible --name "$1"; }
+shows_not() { ! shows "$1"; }
+see() { within 20 shows "$1" || fail "no window \"$1\""; }
+see_no_more() { within 20 shows_not "$1" || fail "window \"$1\" still shows"; }
+stands() { [ -s "$work/$1" ]; }
+see_file() { within 20 stands "$1" || fail "no file $1"; }
+see_no_file() { [ ! -e "$work/$1" ] || fail "$1 still stands"; }
+
+# in_front NAME: the window of that name takes the keys.
+in_front() {
+  local window
+  window=$(xdotool getwindowfocus 2>/dev/null) || return 1
+  [[ $(xdotool getwindowname "$window") == *"$1"* ]]
+}
+
+# keys WINDOW KEY...: presses them in the window.
+keys() {
+  see "$1"
+  within 20 in_front "$1" || fail "\"$1\" does not take the keys"
+  shift
+  xdotool key --delay 60 "$@"
+}
+
+# One press may come before a window listens: presses until the next window shows.
+press_to() {
+  local from=$1 key=$2 to=$3 tries
+  for tries in 1 2 3 4 5; do
+    keys "$from" "$key"
+    within 4 shows "$to" && return
+  done
+  fail "\"$to\" does not come by $key (tried $tries times)"
+}
+
+picture() { [ -z "$pictures" ] || { sleep 0.4; import -window root "$pictures/$1.png"; }; }
+
+start() {
+  "$program" "$@" >"$home/output" 2>&1 &
+  pid=$!
+  disown
+}
+
+gone() { ! kill -0 "$pid"; }
+
+die_by_kill() {
+  kill -9 "$pid"
+  within 10 gone || fail "the program outlives its end"
+  pid=
+}
+
+readonly title='^Kalvoflume$'
+readonly kind='ΕΠΙΛΟΓΗ ΣΥΣΤΗΜΑΤΟΣ ΣΩΛΗΝΩΝ'
+readonly main='Πρόγραμμα Υπολογισμού Σωλήνων Ροής Υγρών'
+readonly studies='Ανάκληση Αρχείου'
+readonly save='Δημιουργία Αρχείου'
+readonly sheet='ΣΥΓΚΕΝΤΡΩΤΙΚΑ ΑΠΟΤΕΛΕΣΜΑΤΑ'
+readonly one='^ΑΠΟΤΕΛΕΣΜΑΤΑ ΥΠΟΛΟΓΙΣΜΩΝ'
+readonly go_to='Πήγαινε \(GoTo\)'
+readonly left_over='Ημιτελής Παλαιά Μελέτη'
+
+start_to_kind() {
+  start
+  see "$title"
+  press_to Kalvoflume Return "$kind"
+}
+
+open_hotel() {
+  press_to "$main" ctrl+o "$studies"
+  picture studies
+  keys "$studies" slash BackSpace
+  xdotool type --delay 40 'ξενοδ'
+  picture studies-found
+  keys "$studies" Return
+  see_no_more "$studies"
+  see_file DATARES.TMP
+}
+
+stage "a screen"
+exec {number}< <(exec Xvfb -displayfd 1 -screen 0 1400x950x24 -nolisten tcp 2>/dev/null)
+screen=$!
+read -r -t 20 -u "$number" display || fail "no screen"
+export DISPLAY=:$display
+mkdir -p "$work/PFILES"
+cp "$samples"/* "$work/PFILES"
+
+stage "start, kind, menu"
+start_to_kind
+picture kind
+press_to "$kind" Return "$main"
+picture main-empty
+
+stage "killed with nothing open: nothing is offered back"
+die_by_kill
+start_to_kind
+press_to "$kind" Return "$main"
+
+stage "the hotel by its title"
+open_hotel
+picture main
+
+stage "killed with the hotel open: it comes back as it stood"
+cp "$work/DATARES.TMP" "$home/rows"
+die_by_kill
+start_to_kind
+press_to "$kind" Return "$left_over"
+picture left-over
+press_to "$left_over" Return "$main"
+cmp -s "$home/rows" "$work/DATARES.TMP" || fail "the rows changed"
+
+stage "results, section by section, and back"
+press_to "$main" F9 "$sheet"
+see_file FIRSTONE.TMP
+picture sheet
+press_to "$sheet" shift+F12 "$one"
+press_to ΑΠΟΤΕΛΕΣΜΑΤΑ F5 "$go_to"
+picture go-to
+keys GoTo Down Down Return
+see_no_more "$go_to"
+picture one
+press_to ΑΠΟΤΕΛΕΣΜΑΤΑ Escape "$main"
+see_no_more "$one"
+see_no_file FIRSTONE.TMP
+
+stage "saved under a new name"
+press_to "$main" ctrl+s "$save"
+keys "$save" ctrl+a
+xdotool type --delay 40 'NEO'
+picture save
+keys "$save" Return
+see_no_more "$save"
+see_file PFILES/NEO.PCK
+
+stage "killed with results on the screen: they come back"
+press_to "$main" ctrl+r "$sheet"
+see_file FIRSTONE.TMP
+cp "$work/DATARES.TMP" "$home/rows"
+die_by_kill
+start_to_kind
+press_to "$kind" Return "$left_over"
+press_to "$left_over" Return "$main"
+cmp -s "$home/rows" "$work/DATARES.TMP" || fail "the results changed"
+
+stage "killed in the dialog of files, then refused: a safety copy stands"
+press_to "$main" ctrl+s "$save"
+die_by_kill
+start_to_kind
+press_to "$kind" Return "$left_over"
+press_to "$left_over" alt+x "$main"
+see_no_file DATARES.TMP
+ls "$work"/PFILES/ASFALEIA/* >/dev/null 2>&1 || fail "no safety copy"
+
+stage "left: the choice of kind, then the end"
+press_to "$main" alt+F4 "$kind"
+keys "$kind" Escape
+within 10 gone || fail "the program does not end"
+pid=
+[ ! -s "$home/output" ] || fail "the program wrote: $(head -3 "$home/output")"
+printf 'all stages passed\n'
