@@ -31,8 +31,11 @@ void CommandRail::Dress() {
     if (label->property("role") == "heading") label->setVisible(!icons_only_);
   }
   for (QCheckBox* box : findChildren<QCheckBox*>()) {
-    if (icons_only_ && !box->text().isEmpty()) box->setToolTip(box->text());
-    box->setText(icons_only_ ? QString() : box->toolTip());
+    if (icons_only_ != box->text().isEmpty()) {
+      const QString caption = icons_only_ ? box->text() : box->toolTip();
+      box->setToolTip(icons_only_ ? caption : QString());
+      box->setText(icons_only_ ? QString() : caption);
+    }
   }
   // Captions and key names decide on the width; the layout knows them only when it is asked.
   setMinimumWidth(icons_only_ ? kIconsWidth : qMax(kWidth, sizeHint().width()));

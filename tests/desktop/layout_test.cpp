@@ -1,6 +1,7 @@
 // What follows the size of its window: the rail of commands, the columns that stay in sight.
 #include <gtest/gtest.h>
 
+#include <QCheckBox>
 #include <QGridLayout>
 #include <QLabel>
 #include <QScrollBar>
@@ -36,11 +37,13 @@ struct RailWindow : QWidget {
       button->SetIconName(icon);
       column->addWidget(button);
     }
+    column->addWidget(box);
     column->addStretch();
   }
 
   CommandRail* rail = new CommandRail;
   QLabel* heading = new QLabel("Σειρές και κελιά");
+  QCheckBox* box = new QCheckBox("On-Off Ήχων");
   HintButton* button = nullptr;
 };
 
@@ -50,15 +53,19 @@ TEST(CommandRail, LeavesOnlyItsIconsInANarrowWindow) {
   window.show();
   EXPECT_FALSE(window.rail->IconsOnly());
   EXPECT_GE(window.rail->width(), 232);
+  EXPECT_EQ(window.box->text(), "On-Off Ήχων");
   window.resize(1100, 300);
   QApplication::processEvents();
   EXPECT_TRUE(window.button->IconOnly());
   EXPECT_FALSE(window.heading->isVisible());
+  EXPECT_TRUE(window.box->text().isEmpty());
+  EXPECT_EQ(window.box->toolTip(), "On-Off Ήχων");
   EXPECT_EQ(window.rail->width(), 48);
   window.resize(1300, 300);
   QApplication::processEvents();
   EXPECT_FALSE(window.button->IconOnly());
   EXPECT_TRUE(window.heading->isVisible());
+  EXPECT_EQ(window.box->text(), "On-Off Ήχων");
 }
 
 struct WideTable {
