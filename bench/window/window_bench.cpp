@@ -1,0 +1,213 @@
+// What a user waits for in the windows, measured in process: from a key to the picture.
+
+#include <unistd.h>
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QKeyEvent>
+#include <fstream>
+#include <stdexcept>
+
+#include "bench/bench_program.h"
+#include "bench/repeated.h"
+#include "desktop/greek_texts.h"
+#include "desktop/program.h"
+#include "desktop/theme.h"
+#include "engine/calculation_command.h"
+#include "shell/study_dialogs.h"
+
+namespace kalvo {
+namespace {
+
+// From the start of main() to an application with its theme; part of every start.
+double application_ms = 0;
+
+constexpr double kMillisecondsOfPause = 100;
+
+/// A program folder that goes with the object.
+class Home {
+ public:
+  Home() {
+    std::string name = (std::filesystem::temp_directory_path() / "kalvo-window-XXXXXX").string();
+    if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
+    places_ = {std::filesystem::path(name) / "program", std::filesystem::path(name) / "state", {}};
+  }
+  Home(const Home&) = delete;
+  Home& operator=(const Home&) = delete;
+  ~Home() {
+    std::error_code ignored;
+    std::filesystem::remove_all(places_.folder.parent_path(), ignored);
+  }
+
+  [[nodiscard]] const ProgramPlaces& places() const { return places_; }
+
+ private:
+  ProgramPlaces places_;
+};
+
+/// The program with its windows in `home`.
+class Session {
+ public:
+  explicit Session(const Home& home) : program_(home.places(), Separators{',', '.'}) {
+    if (!program_.Prepare(std::filesystem::path(KALVO_LIBRARY_DIR).parent_path())) {
+      throw std::runtime_error("the program folder cannot be made ready");
+    }
+  }
+
+  void StartToMenu() {
+    program_.Start();
+    Press(screen::kTitle, Qt::Key_Return);
+    Press(screen::kKind, Qt::Key_Return);
+    Draw(screen::kMain);
+  }
+
+  void Open(const std::filesystem::path& study) {
+    if (!OpenChosen(program_.desk(), study, RecentList::kAdd)) {
+      throw std::runtime_error("the study does not open");
+    }
+    Draw(screen::kMain);
+  }
+
+  void Calculate() {
+    const auto flow_only = [] { return std::optional(Method::kFlowOnly); };
+    if (kalvo::Calculate(program_.desk().bench, flow_only) != CommandEnd::kCalculated) {
+      throw std::runtime_error("the study is not calculated");
+    }
+  }
+
+  void ShowSheet() {
+    program_.desk().screens.results_begin = true;
+    program_.windows().Show(screen::kResultsSheet);
+    Draw(screen::kResultsSheet);
+  }
+  void CloseSheet() { program_.windows().Close(screen::kResultsSheet); }
+
+  /// Sends a key where the user's keys would go, and draws what it changed.
+  void Press(std::string_view screen, int key, const QString& text = {}) {
+    QWidget& window = Window(screen);
+    QWidget* focus = window.focusWidget() == nullptr ? &window : window.focusWidget();
+    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text);
+    QCoreApplication::sendEvent(focus, &press);
+    QCoreApplication::processEvents();
+  }
+
+  void Draw(std::string_view screen) {
+    QCoreApplication::processEvents();
+    Window(screen).repaint();
+  }
+
+ private:
+  QWidget& Window(std::string_view screen) {
+    QWidget* window = program_.windows().WindowOf(screen);
+    if (window == nullptr) throw std::runtime_error("no window " + std::string(screen));
+    return *window;
+  }
+
+  Program program_;
+};
+
+double ResidentMiB() {
+  std::ifstream statm("/proc/self/statm");
+  long total = 0;
+  long resident = 0;
+  statm >> total >> resident;
+  return static_cast<double>(resident * sysconf(_SC_PAGESIZE)) / (1024.0 * 1024.0);
+}
+
+// The time of the clock, and what is left of it without the pauses that copying files takes.
+void Note(benchmark::State& state, const QElapsedTimer& watch, int pauses) {
+  const double ms = static_cast<double>(watch.nsecsElapsed()) * 1e-6;
+  state.SetIterationTime(ms * 1e-3);
+  state.counters["without_pauses_ms"] = ms - pauses * kMillisecondsOfPause;
+}
+
+void RepeatTen(benchmark::internal::Benchmark* benchmark) {
+  benchmark->Unit(benchmark::kMillisecond)
+      ->UseManualTime()
+      ->Iterations(1)
+      ->Repetitions(10)
+      ->DisplayAggregatesOnly(true);
+}
+
+void StartToMenu(benchmark::State& state) {
+  const Home home;
+  Session first(home);  // copies the libraries, once for all starts
+  QElapsedTimer watch;
+  for (auto _ : state) {
+    watch.start();
+    Session session(home);
+    session.StartToMenu();
+    Note(state, watch, 0);
+  }
+  state.counters["application_ms"] = application_ms;
+}
+BENCHMARK(StartToMenu)->Apply(RepeatTen);
+
+void OpenHotel(benchmark::State& state) {
+  const Home home;
+  Session session(home);
+  session.StartToMenu();
+  QElapsedTimer watch;
+  for (auto _ : state) {
+    watch.start();
+    session.Open(std::filesystem::path(KALVO_SAMPLES_DIR) / "hotel.PCK");
+    Note(state, watch, 2);  // before the copies of the study and of its fluid
+  }
+  session.Calculate();
+  session.ShowSheet();
+  state.counters["resident_MiB"] = ResidentMiB();
+}
+BENCHMARK(OpenHotel)->Apply(RepeatTen);
+
+void OpenSheetOf999(benchmark::State& state) {
+  const StudyFiles study(SystemKind::kClosed, 999);
+  const Home home;
+  Session session(home);
+  session.StartToMenu();
+  session.Open(study.path());
+  session.Calculate();
+  QElapsedTimer watch;
+  for (auto _ : state) {
+    watch.start();
+    session.ShowSheet();
+    Note(state, watch, 1);  // before the copy of the rows with which the session begins
+    session.CloseSheet();
+  }
+}
+BENCHMARK(OpenSheetOf999)->Apply(RepeatTen);
+
+void KeyToPicture(benchmark::State& state) {
+  const Home home;
+  Session session(home);
+  session.StartToMenu();
+  session.Press(screen::kMain, Qt::Key_F2);
+  bool letter = true;
+  for (auto _ : state) {
+    session.Press(screen::kMain, letter ? Qt::Key_A : Qt::Key_Backspace,
+                  letter ? QStringLiteral("α") : QString());
+    session.Draw(screen::kMain);
+    letter = !letter;
+  }
+}
+BENCHMARK(KeyToPicture)->Unit(benchmark::kMillisecond)->Iterations(100);
+
+int RunAll(int argc, char** argv) {
+  QElapsedTimer watch;
+  watch.start();
+  QApplication app(argc, argv);
+  GreekTexts greek;
+  QCoreApplication::installTranslator(&greek);
+  ApplyTheme(app, ChooseTheme(QApplication::palette(), QStringLiteral("light")));
+  application_ms = static_cast<double>(watch.nsecsElapsed()) * 1e-6;
+  benchmark::Initialize(&argc, argv);
+  benchmark::RunSpecifiedBenchmarks();
+  return 0;
+}
+
+}  // namespace
+}  // namespace kalvo
+
+int main(int argc, char** argv) {
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  return kalvo::RunAll(argc, argv);
+}
