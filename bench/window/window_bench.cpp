@@ -82,6 +82,13 @@ class Session {
   }
   void CloseSheet() { program_.windows().Close(screen::kResultsSheet); }
 
+  void ShowStudies(const std::filesystem::path& folder) {
+    program_.desk().data_folder = folder;
+    program_.windows().Show(screen::kStudies);
+    Draw(screen::kStudies);
+  }
+  void CloseStudies() { program_.windows().Close(screen::kStudies); }
+
   /// Sends a key where the user's keys would go, and draws what it changed.
   void Press(std::string_view screen, int key, const QString& text = {}) {
     QWidget& window = Window(screen);
@@ -175,6 +182,26 @@ void OpenSheetOf999(benchmark::State& state) {
   }
 }
 BENCHMARK(OpenSheetOf999)->Apply(RepeatTen);
+
+void ListOf3000Studies(benchmark::State& state) {
+  const Home home;
+  const auto folder = home.places().folder.parent_path() / "studies";
+  std::filesystem::create_directories(folder);
+  for (int number = 1; number <= 3000; ++number) {
+    std::filesystem::copy_file(std::filesystem::path(KALVO_SAMPLES_DIR) / "single.PCK",
+                               folder / (std::to_string(number) + ".PCK"));
+  }
+  Session session(home);
+  session.StartToMenu();
+  QElapsedTimer watch;
+  for (auto _ : state) {
+    watch.start();
+    session.ShowStudies(folder);
+    Note(state, watch, 0);
+    session.CloseStudies();
+  }
+}
+BENCHMARK(ListOf3000Studies)->Apply(RepeatTen);
 
 void KeyToPicture(benchmark::State& state) {
   const Home home;
