@@ -176,7 +176,8 @@ void Windows::FocusChanged(QWidget* now) {
 
 void Windows::EndProgram() {
   // Not quit(): that asks every window first, and one that leaves its own way would keep all open.
-  QMetaObject::invokeMethod(qApp, [] { QCoreApplication::exit(); }, Qt::QueuedConnection);
+  QMetaObject::invokeMethod(
+      qApp, [] { QCoreApplication::exit(); }, Qt::QueuedConnection);
 }
 
 void Windows::Remember(const QWidget& window) {

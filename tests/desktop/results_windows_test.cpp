@@ -1,61 +1,25 @@
 // The windows of results over the delivered sample and over the longest study.
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QElapsedTimer>
-#include <QLabel>
 #include <QTableView>
 
 #include "desktop/theme.h"
-#include "desktop/windows.h"
-#include "engine/calculation_command.h"
+#include "tests/desktop/calculated_desk.h"
 #include "tests/desktop/pictures.h"
-#include "tests/support/calculated_case.h"
-#include "tests/support/test_desk.h"
 
 namespace kalvo {
 namespace {
 
 constexpr QSize kSheetSize(1352, 904);
 
-// A desk over a study file that is calculated anew.
-struct CalculatedDesk {
-  explicit CalculatedDesk(const std::filesystem::path& file) : study(file, KALVO_LIBRARY_DIR) {
-    EXPECT_EQ(Calculate(study.bench, Method::kFlowOnly), CommandEnd::kCalculated);
-    windows.SetDesk(desk);
-    desk.screens.results_begin = true;
-  }
-
-  CalculatedCase study;
-  CountedSound sound;
-  NotedViewer viewer;
-  Windows windows{QString()};
-  Desk desk{study.bench, windows, sound, viewer, Separators{',', '.'}};
-
-  void Impose(int number) {
-    SectionRow row = study.workspace->Rows().Read(number).value();
-    row.NomiDiam = FixedText<15>::FromUtf8("2");
-    row.InDiameter = -53.1F;
-    EXPECT_TRUE(study.workspace->Rows().Write(number, row).ok());
-  }
-
-  // In its own size, whatever the screen's.
-  QWidget& Open(std::string_view screen, QSize size) {
-    windows.Show(screen);
-    QWidget& window = *windows.WindowOf(screen);
-    window.resize(size);
-    QApplication::processEvents();
-    return window;
-  }
-};
-
-// No label is narrower or lower than its text.
-void ExpectNothingClipped(const QWidget& window) {
-  for (const QLabel* label : window.findChildren<QLabel*>()) {
-    if (!label->isVisible() || label->wordWrap()) continue;
-    EXPECT_GE(label->width(), label->minimumSizeHint().width()) << label->text().toStdString();
-    EXPECT_GE(label->height(), label->minimumSizeHint().height()) << label->text().toStdString();
-  }
+// The user imposes the diameter 2 on a section.
+void Impose(CalculatedDesk& desk, int number) {
+  auto file = desk.study.workspace->Rows();
+  SectionRow row = file.Read(number).value();
+  row.NomiDiam = FixedText<15>::FromUtf8("2");
+  row.InDiameter = -53.1F;
+  EXPECT_TRUE(file.Write(number, row).ok());
 }
 
 TEST(ResultsWindows, ShowTheSampleWholeInBothThemes) {
@@ -66,7 +30,7 @@ TEST(ResultsWindows, ShowTheSampleWholeInBothThemes) {
     QWidget& sheet = desk.Open(screen::kResultsSheet, kSheetSize);
     ExpectNothingClipped(sheet);
     KeepPicture(sheet, "frm-res-sheet" + suffix);
-    desk.Impose(2);
+    Impose(desk, 2);
     QWidget& one = desk.Open(screen::kResults, {1240, 800});
     desk.windows.FormOf(screen::kResults)->Press(Plain(KeyCode::kPageDown));
     desk.windows.PaintAll();

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QLabel>
+
+#include "desktop/windows.h"
+#include "engine/calculation_command.h"
+#include "tests/support/calculated_case.h"
+#include "tests/support/test_desk.h"
+
+namespace kalvo {
+
+/// The program's windows over a study file that is calculated anew.
+struct CalculatedDesk {
+  explicit CalculatedDesk(const std::filesystem::path& file) : study(file, KALVO_LIBRARY_DIR) {
+    EXPECT_EQ(Calculate(study.bench, Method::kFlowOnly), CommandEnd::kCalculated);
+    windows.SetDesk(desk);
+    desk.screens.results_begin = true;
+  }
+
+  CalculatedCase study;
+  CountedSound sound;
+  NotedViewer viewer;
+  Windows windows{QString()};
+  Desk desk{study.bench, windows, sound, viewer, Separators{',', '.'}};
+
+  /// In that size, whatever the screen's.
+  QWidget& Open(std::string_view screen, QSize size) {
+    windows.Show(screen);
+    QWidget& window = *windows.WindowOf(screen);
+    window.resize(size);
+    QApplication::processEvents();
+    return window;
+  }
+};
+
+/// No label is narrower or lower than its text.
+inline void ExpectNothingClipped(const QWidget& window) {
+  for (const QLabel* label : window.findChildren<QLabel*>()) {
+    if (!label->isVisible() || label->wordWrap()) continue;
+    EXPECT_GE(label->width(), label->minimumSizeHint().width()) << label->text().toStdString();
+    EXPECT_GE(label->height(), label->minimumSizeHint().height()) << label->text().toStdString();
+  }
+}
+
+}  // namespace kalvo
