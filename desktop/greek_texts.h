@@ -4,7 +4,7 @@
 
 namespace kalvo {
 
-/// Greek for the texts that Qt itself shows: menus of fields, its file dialog, names of keys.
+/// Greek for the texts that Qt itself shows: menus of fields, names of keys.
 class GreekTexts : public QTranslator {
  public:
   using QTranslator::QTranslator;

@@ -5,9 +5,12 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListView>
+#include <QMenu>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QScrollArea>
 #include <QTest>
+#include <memory>
 
 #include "entry/frm_liquid.h"
 #include "tests/desktop/calculated_desk.h"
@@ -64,6 +67,17 @@ TEST(AllScreens, ShowACalculatedStudyWhole) {
     SCOPED_TRACE(screen.name);
     ExpectNothingClipped(window);
     KeepPicture(window, ToQt(screen.name));
+  }
+}
+
+TEST(MenuOfAField, IsGreek) {
+  ShownDesk desk;
+  desk.windows.Show(screen::kFiles);
+  auto& field = desk.Part<QLineEdit>(screen::kFiles, "TxtFileName");
+  const std::unique_ptr<QMenu> menu(field.createStandardContextMenu());
+  for (const QAction* action : menu->actions()) {
+    const QString caption = action->text().section(QLatin1Char('\t'), 0, 0);
+    EXPECT_FALSE(caption.contains(QRegularExpression("[A-Za-z]"))) << caption.toStdString();
   }
 }
 
