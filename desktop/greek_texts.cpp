@@ -34,7 +34,7 @@ constexpr Text kTexts[] = {
     {"Cu&t", "Απο&κοπή"},
     {"Delete", "Διαγραφή"},
     {"Displays help on commandline options.", "Εμφανίζει αυτή τη βοήθεια."},
-    {"Displays help, including generic Qt options.",
+    {"Displays help including Qt specific options.",
      "Εμφανίζει τη βοήθεια και τις γενικές επιλογές."},
     {"Displays version information.", "Εμφανίζει την έκδοση."},
     {"Missing value after '%1'.", "Λείπει η τιμή μετά το «%1»."},
