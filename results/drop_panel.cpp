@@ -99,7 +99,7 @@ std::string OutletLine(const SectionRow& row, double spare, Separators separator
          FormatPattern(std::fabs(spare) / kMmInMetre, kTwoDecimals, separators) + " m w.g.";
 }
 
-std::string SpacedName(std::string name) {
+std::string SpacedName(const std::string& name) {
   const std::size_t slash = name.find('/');
   return slash == std::string::npos ? name
                                     : std::string(Trim(name.substr(0, slash))) + " / " +
