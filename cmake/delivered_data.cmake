@@ -1,5 +1,5 @@
 # The small build-time programs of tools/ and the data they make: pipe and fluid libraries in
-# <build>/data/library, sample studies in <build>/data/samples.
+# <build>/data/library, sample studies in <build>/data/samples, the sound in <build>/data/sound.
 
 # Every tools/*.cpp is a program but tools/sample_*.cpp, which belong to build_samples.
 kalvo_sources(tool_sources "tools/*.cpp")
@@ -41,6 +41,12 @@ if(TARGET build_pipes)
                     COMMAND build_pipes "${PROJECT_SOURCE_DIR}/data/pipes" "${KALVO_LIBRARY_DIR}")
   install(DIRECTORY "${KALVO_LIBRARY_DIR}/" DESTINATION share/kalvoflume/library)
   install(FILES ${pipe_tables} DESTINATION share/kalvoflume/pipes)
+endif()
+if(TARGET build_sound)
+  kalvo_data_folder(kalvo_sound "${CMAKE_BINARY_DIR}/data/sound" echo.wav
+                    DEPENDS build_sound
+                    COMMAND build_sound "${CMAKE_BINARY_DIR}/data/sound/echo.wav")
+  install(FILES "${CMAKE_BINARY_DIR}/data/sound/echo.wav" DESTINATION share/kalvoflume/sound)
 endif()
 if(TARGET build_samples AND TARGET kalvo_pipes)
   kalvo_data_folder(kalvo_samples "${KALVO_SAMPLES_DIR}" hotel.PCK

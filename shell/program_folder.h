@@ -27,9 +27,10 @@ struct ProgramPlaces {
 /// below the user's data home.
 ProgramPlaces FindPlaces(Disk& disk, const Surroundings& surroundings);
 
-/// Makes the program folder ready: pipe libraries and fluids of `installed`/library that it lacks
-/// are copied; none is overwritten. A folder that had no library gets the sample studies, too, into
-/// `PFILES`. What `installed` lacks is passed over. Error: the folder cannot be written.
+/// Makes the program folder ready: pipe libraries and fluids of `installed`/library and the sound
+/// of `installed`/sound that it lacks are copied; none is overwritten. A folder that had no library
+/// gets the sample studies, too, into `PFILES`. What `installed` lacks is passed over. Error: the
+/// folder cannot be written.
 Outcome FillProgramFolder(Disk& disk, const std::filesystem::path& folder,
                           const std::filesystem::path& installed);
 
