@@ -37,6 +37,10 @@ class Binder : public QObject {
 
   bool eventFilter(QObject* watched, QEvent* event) override;
 
+ public:
+  /// True while an action of the form is under way.
+  [[nodiscard]] bool Busy() const { return depth_ > 0; }
+
  private:
   void BindParts();
   void BindMenus();

@@ -75,12 +75,14 @@ int RunProgram(const CommandLine& line) {
   RealDisk disk;
   const ProgramPlaces places = FindPlaces(disk, SurroundingsOf(line));
   Program program(places, SeparatorsOf(line.separators));
-  if (!program.Prepare(InstalledData())) return 1;
+  // Nothing of a folder that another instance works in is touched.
+  static_cast<void>(disk.MakeFolder(places.folder));
   OneInstance instance(QString::fromStdString(places.folder.string()));
   if (!instance.Take()) {
     TellRunningAlready(program.desk().bench.prompter);
     return 1;
   }
+  if (!program.Prepare(InstalledData())) return 1;
   instance.Listen([&program] { program.windows().BringToFront(); });
   program.Start();
   return QApplication::exec();

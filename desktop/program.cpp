@@ -26,13 +26,20 @@ Program::Program(const ProgramPlaces& places, Separators separators)
   desk_.screens.study_argument = places.study;
   desk_.version = "Έκδοση " KALVO_VERSION;
   windows_.SetDesk(desk_);
+  prompter_.OnBox([this](bool shows) {
+    if (shows) windows_.PaintAll();  // what the box tells of stands behind it
+    windows_.HoldWait(shows);
+  });
 }
 
-Program::~Program() { static_cast<void>(WriteOptions(workspace_, desk_.options)); }
+Program::~Program() {
+  if (prepared_) static_cast<void>(WriteOptions(workspace_, desk_.options));
+}
 
 bool Program::Prepare(const std::filesystem::path& installed) {
-  if (!TellIfFailed(bench_, FillProgramFolder(disk_, places_.folder, installed))) return false;
   desk_.options = ReadOptions(workspace_);
+  if (!TellIfFailed(bench_, FillProgramFolder(disk_, places_.folder, installed))) return false;
+  prepared_ = true;
   auto folder = EnsureDataFolder(workspace_);
   if (!folder) {
     TellError(bench_, folder.error());

@@ -27,6 +27,7 @@ class Program {
   [[nodiscard]] Desk& desk() { return desk_; }
 
  private:
+  bool prepared_ = false;
   ProgramPlaces places_;
   RealDisk disk_;
   QtClock clock_;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "form/sound.h"
 #include "study/prompter.h"
 #include "study/separators.h"
@@ -14,9 +16,13 @@ class QtPrompter : public Prompter {
   Answer ShowMessage(int code, const Study& study) override;
   Answer Ask(const Box& box) override;
 
+  /// Called with true before a box shows, with false when it has been answered.
+  void OnBox(std::function<void(bool)> on_box) { on_box_ = std::move(on_box); }
+
  private:
   Sound& sound_;
   Separators separators_;
+  std::function<void(bool)> on_box_;
 };
 
 }  // namespace kalvo

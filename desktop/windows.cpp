@@ -117,8 +117,10 @@ void Windows::ShowModal(std::string_view screen) {
   Open& open = OpenScreen(*known, true);
   QEventLoop loop;
   open.waiting = &loop;
+  HoldWait(true);
   Front(open);
   if (IsOpen(screen)) loop.exec();
+  HoldWait(false);
   if (had_focus) had_focus->window()->activateWindow();
 }
 
@@ -135,14 +137,11 @@ void Windows::Close(std::string_view screen) {
 }
 
 void Windows::Bury() {
-  // A modal screen may have been closed while an action of it is still under way.
-  const bool modal_open =
-      std::ranges::any_of(open_, [](const auto& open) { return open->waiting != nullptr; });
-  if (modal_open) {
-    burial_.start(kWaitDelayMs);
-    return;
-  }
-  closed_.clear();
+  // An action that closed its screen may wait in a box or in another screen.
+  std::erase_if(closed_, [](const auto& closed) {
+    return closed->binder != nullptr && !closed->binder->Busy();
+  });
+  if (!closed_.empty()) burial_.start(kWaitDelayMs);
 }
 
 void Windows::Hide(std::string_view screen) {
@@ -214,10 +213,22 @@ void Windows::ShowWaitNow() {
 void Windows::ShowWait(std::string_view text) {
   wait_text_ = ToQt(text).trimmed();
   if (QApplication::overrideCursor() == nullptr) QApplication::setOverrideCursor(Qt::WaitCursor);
+  waiting_ = true;
   wait_timer_.start();
 }
 
+void Windows::HoldWait(bool hold) {
+  holds_ += hold ? 1 : -1;
+  if (holds_ > 0) {
+    wait_timer_.stop();
+    delete wait_card_;
+  } else if (waiting_) {
+    wait_timer_.start();
+  }
+}
+
 void Windows::HideWait() {
+  waiting_ = false;
   wait_timer_.stop();
   QApplication::restoreOverrideCursor();
   delete wait_card_;

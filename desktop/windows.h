@@ -43,6 +43,8 @@ class Windows : public QObject, public Navigator {
   void BringToFront();
   /// Brings every window up to date.
   void PaintAll();
+  /// The wait indicator stays away while the user is asked something.
+  void HoldWait(bool hold);
 
  private:
   struct Open {
@@ -69,6 +71,8 @@ class Windows : public QObject, public Navigator {
   QTimer burial_;
   QTimer wait_timer_;
   QString wait_text_;
+  bool waiting_ = false;  ///< work is under way
+  int holds_ = 0;         ///< boxes and modal screens that the user is asked in
   QPointer<WaitCard> wait_card_;
 };
 

@@ -169,7 +169,8 @@ std::optional<CommandEnd> ReadNetwork(Workbench& bench, Network& network) {
   study.CalcStatus = calc_status::kNothing;
   study.SingleSection = rows.size() == 1;
   network.lone_section = study.SystemClosed() && IsLoneSection(rows);
-  network.has_results = study.results_valid && HasResults(rows);
+  // Rows that came by recovery may have been edited since they were calculated.
+  network.has_results = study.results_valid && !study.came_by_recovery && HasResults(rows);
   if (network.lone_section) {
     study.TotalFlowM3h = ToSingle(rows.front().WaterFlow / 1000.0);
   }

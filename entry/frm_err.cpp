@@ -11,7 +11,10 @@ FrmERR::FrmERR(Desk& shared_desk)
                [this] { desk.navigator.Close(screen::kMissingValues); },
                {Plain(KeyCode::kEscape), Plain(KeyCode::kEnter)}),
       Cmd_Print(*this, "Cmd_Print", "Εκτύπωση",
-                [this] { TellIfFailed(bench, desk.viewer.Open(CopyPath())); }, {Ctrl('P')}) {
+                [this] {
+                  if (copied_) TellIfFailed(bench, desk.viewer.Open(CopyPath()));
+                },
+                {Ctrl('P')}) {
   title = "ΕΛΛΙΠΕΙΣ ΚΑΤΑΧΩΡΗΣΕΙΣ";
 }
 
@@ -22,7 +25,7 @@ void FrmERR::Load() {
     return;
   }
   LstERR.SetLines(SplitLines(*bytes));
-  TellIfFailed(bench, KeepCopy());
+  copied_ = TellIfFailed(bench, KeepCopy());
   bench.workspace.Delete(work_file::kErrors);
   Focus(LstERR);
 }

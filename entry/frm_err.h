@@ -17,8 +17,10 @@ class FrmERR : public Form {
   Command Cmd_Print;
 
  private:
-  [[nodiscard]] std::filesystem::path CopyPath() const { return desk.state_folder / "vamo_P.txt"; }
+  [[nodiscard]] std::filesystem::path CopyPath() const { return desk.state_folder / "~vamo_P.txt"; }
   Outcome KeepCopy();
+
+  bool copied_ = false;
 };
 
 }  // namespace kalvo

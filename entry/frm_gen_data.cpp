@@ -1,5 +1,7 @@
 #include "entry/frm_gen_data.h"
 
+#include <limits>
+
 #include "entry/general_data.h"
 #include "form/tell.h"
 #include "study/fault.h"
@@ -31,6 +33,12 @@ Result<std::optional<FluidRow>> StudyFluid(Workspace& workspace) {
   const auto fluid = workspace.Rows<FluidRow>(work_file::kFluid).Read(1);
   if (!fluid) return fluid.error();
   return std::optional(*fluid);
+}
+
+// A number that a section can have; halves are rounded.
+bool IsSectionNumber(double number) {
+  constexpr double kHighest = std::numeric_limits<std::int16_t>::max();
+  return number > 0.5 && number <= kHighest;
 }
 
 }  // namespace
@@ -194,7 +202,9 @@ bool FrmGenData::Missing(int message, Field& field) {
 bool FrmGenData::Complete() {
   if (Text4.Trimmed().empty()) return Missing(message::kNoTemperature, Text4);
   if (Text6.Number(desk.separators) == 0) return Missing(message::kNoVelocity, Text6);
-  if (ChkChiller.on && PlantSection() == 0) return Missing(message::kNoPlant, Text8);
+  if (ChkChiller.on && !IsSectionNumber(Text8.Number(desk.separators))) {
+    return Missing(message::kNoPlant, Text8);
+  }
   return true;
 }
 

@@ -25,16 +25,18 @@ void FrmGoTo::Load() {
     TellError(bench, rows.error());
     return;
   }
-  const std::size_t places =
-      desk.screens.goto_serves_results ? kPlacesInResults : std::to_string(rows->size()).size();
+  const bool results = desk.screens.goto_serves_results;
+  const std::size_t places = results ? kPlacesInResults : std::to_string(rows->size()).size();
   std::vector<std::string> lines;
   for (const SectionRow& row : *rows) {
-    const std::string number = std::to_string(lines.size() + 1);
+    const std::string number =
+        results ? std::to_string(row.SectionNo) : std::to_string(lines.size() + 1);
     const std::size_t blanks = number.size() < places ? places - number.size() : 0;
     lines.push_back(std::string(blanks, ' ') + number + ". -> " + row.Name.Utf8());
   }
   LstSections.SetLines(std::move(lines));
-  if (bench.study.CurrentRow >= 1 && bench.study.CurrentRow <= LstSections.count()) {
+  // Results begin at no line, whichever row shows.
+  if (!results && bench.study.CurrentRow >= 1 && bench.study.CurrentRow <= LstSections.count()) {
     LstSections.selected = bench.study.CurrentRow - 1;
   }
   Focus(LstSections);

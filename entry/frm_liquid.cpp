@@ -39,7 +39,9 @@ FrmLiquid::FrmLiquid(Desk& shared_desk)
   };
   TxtMeanT.enter_to = &TxtDensity;
   TxtDensity.enter_to = &Txtnee;
-  Txtnee.on_enter = [this] { Focus(CmdOK); };
+  Txtnee.on_enter = [this] {
+    if (MoveFocus(&CmdOK)) Focus(CmdOK);
+  };
 }
 
 void FrmLiquid::Load() {

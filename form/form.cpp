@@ -42,7 +42,9 @@ bool Form::MayLeaveFocus() {
 bool Form::MoveFocus(Control* part) {
   if (part == focus_) return true;
   const int moves = focus_moves_;
-  if (!MayLeaveFocus()) return false;
+  const auto* command = dynamic_cast<const Command*>(part);
+  const bool freely = command != nullptr && command->leaves_freely;
+  if (!freely && !MayLeaveFocus()) return false;
   if (moves != focus_moves_) return false;  // leaving sent the focus elsewhere
   focus_ = part;
   if (auto* field = dynamic_cast<Field*>(part)) {
@@ -53,10 +55,12 @@ bool Form::MoveFocus(Control* part) {
 
 void Form::Run(Command& command) {
   if (!command.leaves_freely && focus_ != &command && !MayLeaveFocus()) return;
+  desk.Click();
   if (command.action) command.action();
 }
 
 void Form::TellBroken() {
+  desk.navigator.HideWait();
   bench.Ask({" !!... ΠΡΟΣΟΧΗ ...!! ",
              {"... Η εντολή ΔΕΝ ολοκληρώθηκε ...", "... Τα δεδομένα έμειναν ως είχαν ..."},
              16});

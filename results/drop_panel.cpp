@@ -23,7 +23,7 @@ class StepWriter {
   [[nodiscard]] std::vector<StepLine> Lines(const SectionRow& row) const {
     return {Line("Q", "Παροχή", StepOf(explanation_, "Q").formula),
             Line("D", "Εσωτερική διάμετρος", row.NomiDiam.Utf8() + " από το Σύστημα Σωλήνων"),
-            Line("v", "Ταχύτητα", "4 Q / (3,6 π D²)"),
+            Line("v", "Ταχύτητα", "4 Q / (" + OneDecimal(3.6) + " π D²)"),
             Line("Re", "Αριθμός Reynolds", "D v / (1000 ν),  ν = " + ValueAndUnit("ν")),
             Line("λ", "Συντελεστής τριβής", "Colebrook-White,  k = " + ValueAndUnit("k")),
             Line("R", "Πτώση ανά μέτρο", "1000 λ ρ v² / (2 D g),  ρ = " + ValueAndUnit("ρ")),
@@ -63,8 +63,12 @@ class StepWriter {
     return {"L", "Ισοδύναμα μήκη", std::move(formula), text(pipe + fittings + others), "m"};
   }
 
+  [[nodiscard]] std::string OneDecimal(double value) const {
+    return FormatPattern(value, kOneDecimal, separators_);
+  }
+
   [[nodiscard]] StepLine DropLine(const SectionRow& row) const {
-    std::string formula = "1,1 R L";
+    std::string formula = OneDecimal(1.1) + " R L";
     if (row.HasEmitter()) {
       formula += " + " + explanation_.shares.back().what + " " +
                  FormatPattern(row.SomaDrop, kTwoDecimals, separators_);

@@ -25,10 +25,7 @@ FrmRes::FrmRes(Desk& shared_desk)
       CmdPump(*this, "CmdPump", "Αντλία", [this] { ShowPump(); }),
       CmdDiff(*this, "CmdDiff", "Δυσμεν. Κλαδος", [this] { ShowWorstBranch(); }),
       Cmd_Nodes(*this, "Cmd_Nodes", " Έλεγχος Κόμβων Τμημάτων ",
-                [this] {
-                  desk.Click();
-                  ShowNodeReport(desk, true);
-                }),
+                [this] { ShowNodeReport(desk, true); }),
       CmdHelp(*this, "CmdHelp", "Βοήθεια πλήκτρων", [this] { ShowHelp(); }, {Plain(KeyCode::kF1)}),
       CmdFirst(*this, "CmdFirst", "Πρώτο Τμήμα", [this] { GoToRow(1); }, {Ctrl(KeyCode::kHome)}),
       CmdPrev(*this, "CmdPrev", "Προηγούμενο", [this] { GoToRow(bench.study.CurrentRow - 1); },
@@ -39,10 +36,7 @@ FrmRes::FrmRes(Desk& shared_desk)
               {Ctrl(KeyCode::kEnd)}),
       CmdGoTo(*this, "CmdGoTo", "Μετάβαση", [this] { ChooseRow(); }, {Plain(KeyCode::kF5)}),
       CmdBack(*this, "CmdBack", "Επιστροφή",
-              [this] {
-                desk.Click();
-                GoBack(desk, screen::kResults, [this] { ShowRow(); });
-              },
+              [this] { GoBack(desk, screen::kResults, [this] { ShowRow(); }); },
               {Plain(KeyCode::kEscape)}),
       SSCommand1(*this, "SSCommand1", " ΕΜΦΑΝΙΣΗ ΤΩΝ ΣΩΛΗΝΩΝ, ΣΕ ΜΟΡΦΗ SpreadSheet ",
                  [this] { ShowSheet(); }, {Shift(KeyCode::kF12), kCtrlAltShift}),
@@ -173,7 +167,6 @@ void FrmRes::ClearRow() {
 }
 
 void FrmRes::GoToRow(int number) {
-  desk.Click();
   Study& study = bench.study;
   if (number < 1 || number > study.SectionCount || number == study.CurrentRow) return;
   study.CurrentRow = static_cast<std::int16_t>(number);
@@ -181,14 +174,12 @@ void FrmRes::GoToRow(int number) {
 }
 
 void FrmRes::ChooseRow() {
-  desk.Click();
   desk.screens.goto_serves_results = true;
   desk.navigator.ShowModal(screen::kGoTo);
   ShowRow();
 }
 
 bool FrmRes::MayRun(bool goes_on_unchanged) {
-  desk.Click();
   const auto rows = ReadResultRows(bench);
   if (!rows) {
     TellError(bench, rows.error());
@@ -227,7 +218,6 @@ void FrmRes::ShowHelp() {
 }
 
 void FrmRes::ShowSheet() {
-  desk.Click();
   if (desk.screens.ChangeFormOpen) return;
   desk.screens.results_view = ResultsView::kSheet;
   desk.navigator.Show(screen::kResultsSheet);

@@ -15,10 +15,7 @@ constexpr const char* kPattern = "#,##0.00";
 FrmResGn::FrmResGn(Desk& shared_desk)
     : Form(shared_desk),
       Cmd_Nodes(*this, "Cmd_Nodes", " Έλεγχος Κόμβων Τμημάτων ",
-                [this] {
-                  desk.Click();
-                  ShowNodeReport(desk, false);
-                }),
+                [this] { ShowNodeReport(desk, false); }),
       SSCommand1(*this, "SSCommand1", "Αναλυτική Παρουσίαση Τμημάτων Σωλήνων",
                  [this] { ShowSections(); }, {Plain(KeyCode::kEnter)}) {
   title = "ΠΑΡΟΥΣΙΑΣΗ ΤΩΝ  ΑΠΟΤΕΛΕΣΜΑΤΩΝ ΓΙΑ ΤΗΝ ΑΝΤΛΙΑ ΤΟΥ ΔΙΚΤΥΟΥ";
@@ -67,14 +64,14 @@ void FrmResGn::Derive() { ChkSoundRG.on = desk.options.SoundOn; }
 void FrmResGn::ShowSections() {
   SSCommand1.tone = Tone::kAlarm;
   SSCommand1.caption = kWaitText;
-  desk.Click();
   if (desk.screens.ResultsLeft) {
     desk.screens.ResultsLeft = false;
-  } else {
-    desk.screens.results_view = ResultsView::kOne;
-    desk.navigator.Show(screen::kResults);
+    if (MayClose()) desk.navigator.Close(screen::kPump);
+    return;
   }
-  if (MayClose()) desk.navigator.Close(screen::kPump);
+  desk.screens.results_view = ResultsView::kOne;
+  desk.navigator.Show(screen::kResults);
+  desk.navigator.Hide(screen::kPump);
 }
 
 bool FrmResGn::MayClose() {

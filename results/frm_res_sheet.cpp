@@ -19,26 +19,13 @@ constexpr Key kCtrlAltShift = {KeyCode::kCharacter, 0, true, true, true};
 
 FrmRes_Sheet::FrmRes_Sheet(Desk& shared_desk)
     : Form(shared_desk),
-      CmdDiff(*this, "CmdDiff", "Δυσμεν. Κλαδος",
-              [this] {
-                desk.Click();
-                ShowCriticalBranch(bench);
-              }),
+      CmdDiff(*this, "CmdDiff", "Δυσμεν. Κλαδος", [this] { ShowCriticalBranch(bench); }),
       Cmd_Nodes(*this, "Cmd_Nodes", " Έλεγχος Κόμβων Τμημάτων ",
-                [this] {
-                  desk.Click();
-                  ShowNodeReport(desk, true);
-                }),
+                [this] { ShowNodeReport(desk, true); }),
       Cmd_Headers(*this, "Cmd_Headers", " Επαναφορά Πλάτους Στηλών ",
-                  [this] {
-                    desk.Click();
-                    fpSpread1.RestoreWidths();
-                  }),
+                  [this] { fpSpread1.RestoreWidths(); }),
       Cmd_Back(*this, "Cmd_Back", " Επιστροφή στο Βασικό Menu ",
-               [this] {
-                 desk.Click();
-                 GoBack(desk, screen::kResultsSheet, [this] { ShowRows(); });
-               },
+               [this] { GoBack(desk, screen::kResultsSheet, [this] { ShowRows(); }); },
                {Plain(KeyCode::kEscape)}),
       SSCommand1(*this, "SSCommand1", " ΕΜΦΑΝΙΣΗ ΕΝΟΣ ΤΜΗΜΑΤΟΣ ΣΩΛΗΝΟΣ, ΑΝΑ ΦΟΡΜΑ ",
                  [this] { ShowOne(); }, {Shift(KeyCode::kF12), kCtrlAltShift}) {
@@ -145,7 +132,6 @@ void FrmRes_Sheet::FollowCurrent() {
 bool FrmRes_Sheet::OtherKey(const Key& key) { return key == Plain(KeyCode::kF1); }
 
 void FrmRes_Sheet::ShowOne() {
-  desk.Click();
   if (desk.screens.ChangeFormOpen) return;
   desk.screens.results_view = ResultsView::kOneFromSheet;
   desk.navigator.Show(screen::kResults);

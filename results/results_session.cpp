@@ -28,25 +28,26 @@ void FollowRows(Workbench& bench, const SectionRow& first) {
   study.CalcStatus = calc_status::kNothing;
 }
 
-void SettleDiameters(Workbench& bench, const std::function<void()>& show_again) {
+// False: the old rows could not be brought back.
+bool SettleDiameters(Workbench& bench, const std::function<void()>& show_again) {
   if (AskOnce(bench, 307) == Answer::kYes) {
     bench.workspace.Delete(work_file::kFirstRows);
     show_again();
     bench.Ask({kSettledTitle,
                {"ΕΠΙΚΥΡΩΣΗ ΑΛΛΑΓΩΝ ΔΙΑΜΕΤΡΩΝ : Ισχύουν εφεξής οι ΝΕΕΣ ΔΙΑΜΕΤΡΟΙ ΣΩΛΗΝΩΝ"},
                kInformation});
-    return;
+    return true;
   }
-  if (!BringBackRows(bench, work_file::kFirstRows)) return;
+  if (!BringBackRows(bench, work_file::kFirstRows)) return false;
   show_again();
   bench.Ask({kSettledTitle,
              {"ΑΚΥΡΩΣΗ ΑΛΛΑΓΩΝ ΔΙΑΜΕΤΡΩΝ : Ισχύουν οι ΠΑΛΑΙΕΣ ΔΙΑΜΕΤΡΟΙ ΣΩΛΗΝΩΝ"},
              kInformation});
+  return true;
 }
 
-// The session's first rows go, and what the results were opened from shows.
+// What the results were opened from shows.
 void EndSession(Desk& desk) {
-  desk.bench.workspace.Delete(work_file::kFirstRows);
   desk.screens.returning_from_results = true;
   desk.navigator.Show(desk.screens.WinterPump ? screen::kWinter : screen::kMain);
 }
@@ -115,15 +116,20 @@ void GoBack(Desk& desk, std::string_view view, const std::function<void()>& show
   CloseOneDiameter(desk);
   if (desk.screens.WinterPump) desk.navigator.Close(view);
   const auto differ = DiametersDiffer(bench.workspace, work_file::kFirstRows);
+  // Older rows are kept as long as the present ones are not what they should be.
+  bool settled = differ && bench.workspace.HasBytes(work_file::kRows);
   if (!differ) {
     TellError(bench, differ.error());
   } else if (*differ) {
-    SettleDiameters(bench, show_again);
+    settled = SettleDiameters(bench, show_again);
   }
   desk.screens.results_view = ResultsView::kOne;
   desk.navigator.Close(screen::kPump);
   if (!desk.screens.WinterPump) desk.navigator.Close(view);
-  bench.workspace.Delete(work_file::kRowsBeforeChange);
+  if (settled) {
+    bench.workspace.Delete(work_file::kFirstRows);
+    bench.workspace.Delete(work_file::kRowsBeforeChange);
+  }
   EndSession(desk);
 }
 
@@ -131,6 +137,9 @@ void LeaveByWindow(Desk& desk) {
   CloseOneDiameter(desk);
   desk.navigator.Close(screen::kPump);
   desk.screens.results_view = ResultsView::kOne;
+  if (desk.bench.workspace.HasBytes(work_file::kRows)) {
+    desk.bench.workspace.Delete(work_file::kFirstRows);
+  }
   EndSession(desk);
 }
 

@@ -14,7 +14,6 @@ FrmCalcs::FrmCalcs(Desk& shared_desk)
                  {Plain(KeyCode::kEnter)}) {
   SSOption1.on_toggle = [this] { Choose(true); };
   SSOption2.on_toggle = [this] { Choose(false); };
-  SSOption1.on_double_click = SSOption2.on_double_click = [this] { Run(SSCommand1); };
 }
 
 void FrmCalcs::Load() {

@@ -52,7 +52,6 @@ void FrmFF::ShowTyped() {
 }
 
 void FrmFF::Accept() {
-  desk.Click();
   const std::string typed = TxtFolder.Trimmed();
   if (!IsFullPath(typed)) {
     Refuse({"Το Folder πρέπει να δοθεί με ολόκληρη την διαδρομή του, που αρχίζει με < / >"});

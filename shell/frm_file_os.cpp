@@ -111,10 +111,8 @@ void FrmFileOS::Confirm() {
   if (Saving()) {
     ConfirmSave(WithExtension(path, bench.study.system_kind));
   } else {
-    if (path.filename().string().find('.') == std::string::npos) {
-      path += ExtensionsOf(bench.study.system_kind).main;
-    }
-    ConfirmOpen(path);
+    const bool whole = KindOfName(path.filename().string()) != SystemKind::kNone;
+    ConfirmOpen(whole ? path : WithExtension(path, bench.study.system_kind));
   }
 }
 

@@ -1,5 +1,7 @@
 #include "shell/frm_kind.h"
 
+#include <utility>
+
 #include "form/tell.h"
 #include "shell/recovery.h"
 #include "study/study_extensions.h"
@@ -20,11 +22,11 @@ FrmKind::FrmKind(Desk& shared_desk)
   SSOption2.on_toggle = [this] { Choose(SystemKind::kOpen); };
   SSOption1.on_double_click = [this] {
     Choose(SystemKind::kClosed);
-    Go();
+    Run(Cmd_Go);
   };
   SSOption2.on_double_click = [this] {
     Choose(SystemKind::kOpen);
-    Go();
+    Run(Cmd_Go);
   };
 }
 
@@ -64,23 +66,28 @@ bool FrmKind::SettleLeftOvers() {
     case LeftOver::kNothing:
       return true;
     case LeftOver::kOtherKind:
+      // The kind was the argument's, not the user's choice: nothing is thrown away unasked.
+      if (!desk.screens.study_argument.empty()) break;
       return TellIfFailed(bench, DiscardLeftOver(bench, desk.data_folder));
     case LeftOver::kStudy:
     case LeftOver::kSheet:
       break;
   }
+  const SystemKind chosen = std::exchange(bench.study.system_kind, found->kind);
   desk.screens.offered_rows = found->rows;
   desk.screens.recover.reset();
   desk.navigator.ShowModal(screen::kOldStudy);
-  if (!desk.screens.recover) return false;
-  if (!*desk.screens.recover) return TellIfFailed(bench, DiscardLeftOver(bench, desk.data_folder));
+  if (!desk.screens.recover.value_or(false)) {
+    bench.study.system_kind = chosen;
+    return desk.screens.recover && TellIfFailed(bench, DiscardLeftOver(bench, desk.data_folder));
+  }
+  if (found->kind != chosen) desk.screens.study_argument.clear();  // of the other kind
   return TellIfFailed(bench, found->what == LeftOver::kSheet
                                  ? AcceptSheet(bench, desk.data_folder)
                                  : AcceptRecovery(bench, *found, desk.data_folder));
 }
 
 void FrmKind::Go() {
-  desk.Click();
   if (bench.study.system_kind == SystemKind::kNone) {
     bench.study.system_kind = SSOption2.on ? SystemKind::kOpen : SystemKind::kClosed;
   }

@@ -20,7 +20,7 @@ FrmMain::FrmMain(Desk& shared_desk)
       CmdThemaOK(*this, "CmdThemaOK", "&Αποδοχή του Θέματος-Τίτλου της Μελέτης",
                  [this] { AcceptTitle(); }),
       Cmd_New(*this, "Cmd_New", "Νέα Μελέτη", [this] { NewStudy(); }, {Ctrl('N')}),
-      Cmd_Open(*this, "Cmd_Open", "Ανάκληση Αρχείου", [this] { AskToOpen(desk); }, {Ctrl('O')}),
+      Cmd_Open(*this, "Cmd_Open", "Ανάκληση Αρχείου", [this] { OpenStudy(); }, {Ctrl('O')}),
       Cmd_Save(*this, "Cmd_Save", "Δημιουργία Αρχείου", [this] { SaveToFile(); }, {Ctrl('S')}),
       Cmd_Thema(*this, "Cmd_Thema", "ΘΕΜΑ-ΤΙΤΛΟΣ", [this] { ShowTitleEntry(); },
                 {Plain(KeyCode::kF2)}),
@@ -95,14 +95,15 @@ void FrmMain::Load() {
   if (!recovered) {
     ResetStudy(bench);
     bench.study.unsaved_changes = false;
+    bench.study.pipe_system_number = 0;
   }
   FillPipeList();
   EndTitleEntry();
-  ChkSound.on = desk.options.SoundOn;
   if (bench.study.fluid_name.empty()) bench.study.fluid_name = kWaterName;
   desk.navigator.Hide(screen::kKind);
-  if (!desk.screens.study_argument.empty()) {
-    OpenChosen(desk, std::exchange(desk.screens.study_argument, {}), RecentList::kAdd);
+  const std::filesystem::path given = std::exchange(desk.screens.study_argument, {});
+  if (!given.empty() && (!recovered || AskBeforeOpening(desk))) {
+    OpenChosen(desk, given, RecentList::kAdd);
   }
 }
 
@@ -154,7 +155,7 @@ void FrmMain::Derive() {
   Cmd_Nodes.visible = study.SystemClosed();
   Mnu_Method.visible = study.SystemClosed();
   CmdFF.visible = desk.options.folder_commands;
-  CmdManual.visible = bench.workspace.Exists(kManualFile);
+  ChkSound.on = desk.options.SoundOn;
   LblFolder.text = "Folder: " + desk.data_folder.string();
 }
 

@@ -80,6 +80,7 @@ class FrmMain : public Form {
   void OpenResults();
   void RerunAfterChange();
   void ShowNodes();
+  void OpenStudy();
   void OpenRecent();
   void SaveToFile();
   void OpenManual();
@@ -94,7 +95,8 @@ class FrmMain : public Form {
   bool NeedsPipes();
 
   Step next_ = Step::kTitle;
-  bool filling_pipes_ = false;  ///< the pipe list guard
+  Control* before_title_ = nullptr;  ///< where the keyboard was
+  bool filling_pipes_ = false;       ///< the pipe list guard
 };
 
 }  // namespace kalvo

@@ -21,7 +21,6 @@ void FrmOldStudy::Load() {
 }
 
 void FrmOldStudy::Answer(bool recover) {
-  desk.Click();
   desk.screens.recover = recover;
   desk.navigator.Close(screen::kOldStudy);
 }

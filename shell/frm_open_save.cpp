@@ -23,7 +23,8 @@ FrmOpenSave::FrmOpenSave(Desk& shared_desk)
   TxtSearch.on_change = [this] { Search(); };
   LstStudies.on_select = [this] { Pick(LstStudies.selected); };
   FileList.on_select = [this] { Pick(FileList.selected); };
-  LstStudies.on_activate = FileList.on_activate = [this] { Choose(); };
+  LstStudies.on_activate = FileList.on_activate = [this] { Run(CmdOpenSave); };
+  DirList.on_activate = [this] { Focus(LstStudies); };
 }
 
 void FrmOpenSave::Load() {
@@ -109,7 +110,6 @@ void FrmOpenSave::Choose() {
     bench.Ask({" !!... ΠΡΟΣΟΧΗ ...!! ", {"... Επιλέξτε πρώτα μία Μελέτη ..."}, 48});
     return;
   }
-  desk.Click();
   desk.screens.chosen_file = study->path();
   desk.navigator.Close(screen::kStudies);
 }

@@ -73,7 +73,6 @@ const RecentLine* FrmRecFiles_S::Picked() {
 void FrmRecFiles_S::Recall() {
   const RecentLine* line = Picked();
   if (line == nullptr) return;
-  desk.Click();
   const std::filesystem::path path = line->path;
   const Disk& disk = bench.workspace.outer_disk();
   // Lines of other systems are no places here, not even relative ones.

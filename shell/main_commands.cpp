@@ -26,6 +26,7 @@ bool FrmMain::NeedsPipes() {
 }
 
 void FrmMain::ShowTitleEntry() {
+  if (!TxtThema.visible) before_title_ = focus();
   TxtThema.Show(bench.study.study_title);
   TxtThema.visible = true;
   CmdThemaOK.visible = true;
@@ -37,7 +38,7 @@ void FrmMain::EndTitleEntry() {
   const bool was_open = std::exchange(TxtThema.visible, false);
   CmdThemaOK.visible = false;
   CmdThemaCancel.visible = false;
-  if (was_open) Focus(Cmd_Thema);
+  if (was_open) Focus(before_title_ == nullptr ? Cmd_Thema : *before_title_);
 }
 
 void FrmMain::AcceptTitle() {
@@ -53,7 +54,6 @@ void FrmMain::AcceptTitle() {
 }
 
 void FrmMain::OpenGeneralData() {
-  desk.Click();
   if (bench.workspace.Exists(work_file::kRows) && !HasRows()) {
     bench.workspace.Delete(work_file::kRows);
   }
@@ -66,7 +66,6 @@ void FrmMain::OpenGeneralData() {
 }
 
 void FrmMain::Calculate(bool choose_method) {
-  desk.Click();
   const bool ask = choose_method || bench.study.SystemOpen();
   desk.navigator.ShowWait(kWait);
   const CommandEnd end = kalvo::Calculate(bench, [&]() -> std::optional<Method> {
@@ -118,7 +117,6 @@ void FrmMain::OpenResults() {
 }
 
 void FrmMain::ShowResults() {
-  desk.Click();
   const Study& study = bench.study;
   if (study.recalculation_needed) {
     const bool statistics = bench.workspace.Exists(work_file::kStatistics);
@@ -157,21 +155,24 @@ void FrmMain::RerunAfterChange() {
     OpenResults();
     return;
   }
-  desk.screens.results_begin = true;
+  desk.screens.ResultsLeft = false;
+  desk.screens.results_view = ResultsView::kOne;
   desk.navigator.Show(screen::kPump);
 }
 
-void FrmMain::ShowNodes() {
-  desk.Click();
-  ShowNodeReport(desk, false);
-}
+void FrmMain::ShowNodes() { ShowNodeReport(desk, false); }
 
 void FrmMain::SaveToFile() {
-  desk.Click();
   if (NeedsPipes()) SaveStudy(desk);
 }
 
+void FrmMain::OpenStudy() {
+  EndTitleEntry();
+  AskToOpen(desk);
+}
+
 void FrmMain::OpenRecent() {
+  EndTitleEntry();
   if (!HasRecentFiles(bench.workspace)) {
     bench.Ask({std::string(kAttentionTitle), {"... ΔΕΝ υπάρχουν πρόσφατα Αρχεία ..."}, 64});
     return;
@@ -180,12 +181,16 @@ void FrmMain::OpenRecent() {
 }
 
 void FrmMain::OpenManual() {
-  const Outcome opened = desk.viewer.Open(desk.program_folder / kManualFile);
+  const std::filesystem::path manual = desk.program_folder / kManualFile;
+  if (!bench.workspace.Exists(kManualFile)) {
+    TellError(bench, {manual, "Το αρχείο δεν υπάρχει"});
+    return;
+  }
+  const Outcome opened = desk.viewer.Open(manual);
   TellIfFailed(bench, opened);
 }
 
 void FrmMain::NewStudy() {
-  desk.Click();
   if (!AskAboutUnsaved(desk)) return;
   if (!ThrowAwayStudy(desk)) return;
   bench.study.unsaved_changes = false;
@@ -193,7 +198,6 @@ void FrmMain::NewStudy() {
 }
 
 void FrmMain::Leave() {
-  desk.Click();
   if (!AskAboutUnsaved(desk)) return;
   desk.navigator.ShowWait(kWait);
   const bool gone = ThrowAwayStudy(desk);
@@ -206,6 +210,7 @@ void FrmMain::Leave() {
     desk.navigator.Close(results);
   }
   desk.navigator.Close(screen::kMain);
+  bench.study.system_kind = SystemKind::kNone;
   desk.navigator.Show(screen::kKind);
 }
 

@@ -69,7 +69,6 @@ bool SaveStudy(Desk& desk) {
     bench.Show(139);
     return false;
   }
-  desk.Click();
   const bool unsaved = std::exchange(study.unsaved_changes, true);
   const std::filesystem::path target = ChooseTarget(desk);
   study.unsaved_changes = unsaved;

@@ -70,6 +70,28 @@ TEST(AllScreens, ShowACalculatedStudyWhole) {
   }
 }
 
+// A box that serves events, as one on a screen does.
+class ServedBox : public YesToAll {
+ public:
+  Answer Ask(const Box& /*box*/) override {
+    QTest::qWait(200);
+    return Answer::kYes;
+  }
+};
+
+TEST(AllScreens, OneThatClosesItselfOutlivesTheActionThatTells) {
+  CalculatedDesk desk(KALVO_SAMPLES_DIR "/hotel.PCK");
+  ServedBox prompter;
+  Workbench bench{desk.study.study, *desk.study.workspace, desk.study.pipes, prompter};
+  Desk told{bench, desk.windows, desk.sound, desk.viewer, Separators{',', '.'}};
+  desk.windows.SetDesk(told);
+  QWidget& sheet = desk.Open(screen::kResultsSheet, {1352, 904});
+  ASSERT_TRUE(desk.study.workspace->Write(work_file::kRows, "odd").ok());
+  sheet.findChild<QPushButton*>("SSCommand1")->click();
+  EXPECT_FALSE(desk.windows.IsOpen(screen::kResultsSheet));
+  EXPECT_TRUE(desk.windows.IsOpen(screen::kResults));
+}
+
 TEST(MenuOfAField, IsGreek) {
   ShownDesk desk;
   desk.windows.Show(screen::kFiles);

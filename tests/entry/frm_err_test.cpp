@@ -15,9 +15,9 @@ TEST(MissingValuesForm, TakesTheFindingsOverAndShowsTheirCopy) {
   form.Load();
   EXPECT_EQ(form.LstERR.lines(), (std::vector<std::string>{"πρώτο", "δεύτερο"}));
   EXPECT_FALSE(user.test.workspace.Exists(work_file::kErrors));
-  EXPECT_EQ(*user.test.outer_disk.Read("/state/vamo_P.txt"), "πρώτο\nδεύτερο\n");
+  EXPECT_EQ(*user.test.outer_disk.Read("/state/~vamo_P.txt"), "πρώτο\nδεύτερο\n");
   Click(form, form.Cmd_Print);
-  EXPECT_EQ(user.viewer.files, std::vector<std::filesystem::path>{"/state/vamo_P.txt"});
+  EXPECT_EQ(user.viewer.files, std::vector<std::filesystem::path>{"/state/~vamo_P.txt"});
   form.Press(Plain(KeyCode::kEscape));
   EXPECT_EQ(user.navigator.log.back(), "close FrmERR");
 }

@@ -64,7 +64,7 @@ TEST_F(PumpSummary, LeadsToTheSections) {
   EXPECT_EQ(form.SSCommand1.caption, "... Παρακαλώ, Περιμένετε ...");
   EXPECT_EQ(form.SSCommand1.tone, Tone::kAlarm);
   EXPECT_EQ(sound.played, 1);
-  EXPECT_EQ(TakeLog(), (std::vector<std::string>{"show FrmRes", "close FrmResGn"}));
+  EXPECT_EQ(TakeLog(), (std::vector<std::string>{"show FrmRes", "hide FrmResGn"}));
 }
 
 TEST_F(PumpSummary, GoesBackToTheSectionsThatItCameFrom) {

@@ -135,6 +135,16 @@ TEST_F(ResultsSheet, NotesWhatIsWorthKnowing) {
   EXPECT_EQ(Cell(2, 0).tip, "Ταχύτητα πάνω από την ταχύτητα σχεδιασμού");
 }
 
+TEST_F(ResultsSheet, KeepsTheOlderRowsWhenThePresentOnesAreGone) {
+  ASSERT_TRUE(test.workspace.Copy(work_file::kRows, work_file::kRowsBeforeChange).ok());
+  for (const char* now : {"", "odd"}) {
+    ASSERT_TRUE(test.workspace.Write(work_file::kRows, now).ok());
+    Click(form, form.Cmd_Back);
+    EXPECT_TRUE(test.workspace.HasBytes(work_file::kFirstRows)) << now;
+    EXPECT_TRUE(test.workspace.HasBytes(work_file::kRowsBeforeChange)) << now;
+  }
+}
+
 TEST_F(ResultsSheet, AsksAtTheWayBackWhichDiametersHold) {
   const float head = test.Row(1).DP;
   Impose(2);

@@ -132,6 +132,29 @@ TEST_F(MainMenu, LeavingReturnsToTheChoiceOfKindAndKeepsASafetyCopy) {
   EXPECT_EQ(test.outer_disk.List("/studies/ASFALEIA").size(), 1U);
 }
 
+TEST_F(MainMenu, EndsTheTitleEntryBeforeAStudyIsOpened) {
+  Click(form, form.Cmd_Thema);
+  navigator.Expect(screen::kStudies, [this] { EXPECT_FALSE(form.TxtThema.visible); });
+  form.Press(Ctrl('O'));
+}
+
+TEST_F(MainMenu, BeginsWithTheCommonestPipes) {
+  test.pipes = PipeList(12, PipeListEntry{1, "0001.WPT", "Χαλκός", "ΧΑΛΚΟΣ"});
+  test.study.pipe_system_number = 3;
+  form.Load();
+  EXPECT_EQ(test.study.pipe_system_number, 11);
+}
+
+TEST_F(MainMenu, OpensAFileGivenAtStartAfterAskingAboutAStudyBroughtBack) {
+  PutStudy();
+  test.study.recovery = test.study.unsaved_changes = true;
+  desk.screens.study_argument = "/studies/x.PCK";
+  test.prompter.Expect(130, Answer::kCancel);
+  form.Load();
+  EXPECT_TRUE(test.workspace.HasBytes(work_file::kRows));
+  EXPECT_TRUE(desk.screens.study_argument.empty());
+}
+
 TEST_F(MainMenu, OpensGeneralDataWhenAStudyWithRowsHasItsTitle) {
   PutStudy();
   test.study.study_title.clear();
@@ -239,6 +262,17 @@ TEST_F(KindScreen, KeepsASafetyCopyOfWhatIsRefusedOrOfTheOtherKind) {
   EXPECT_FALSE(test.workspace.Exists(work_file::kRows));
   EXPECT_EQ(SafetyCopies(), 2U);
   EXPECT_EQ(navigator.log.back(), "show FrmMain");
+}
+
+TEST_F(KindScreen, OffersWhatWasLeftOfTheOtherKindWhenAFileWasGiven) {
+  LeaveRows(SystemKind::kOpen);
+  desk.screens.study_argument = "/studies/x.PCK";
+  form.Load();
+  Offer(true);
+  Click(form, form.Cmd_Go);
+  EXPECT_TRUE(test.study.SystemOpen());
+  EXPECT_TRUE(desk.screens.study_argument.empty()) << "it is of the other kind";
+  EXPECT_TRUE(test.study.recovery);
 }
 
 TEST_F(KindScreen, TakesTheRowsFromWhicheverFileHoldsThem) {

@@ -154,6 +154,10 @@ TEST_F(FileDialog, AddsTheExtensionAndChecksThatTheFileIsThere) {
   TypeInto(form, form.TxtFileName, "house");
   Click(form, form.CmdOK);
   EXPECT_EQ(desk.screens.chosen_file, kFolder / "house.PCK");
+  Put("Κτίριο Α.1.PCK", "Με τελεία");
+  TypeInto(form, form.TxtFileName, "Κτίριο Α.1");
+  Click(form, form.CmdOK);
+  EXPECT_EQ(desk.screens.chosen_file, kFolder / "Κτίριο Α.1.PCK");
 }
 
 TEST_F(FileDialog, AsksBeforeItReplacesAndMoreSoWhenAnotherHasReplacedTheStudy) {
