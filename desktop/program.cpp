@@ -26,20 +26,22 @@ Program::Program(const ProgramPlaces& places, Separators separators)
   desk_.screens.study_argument = places.study;
   desk_.version = "Έκδοση " KALVO_VERSION;
   windows_.SetDesk(desk_);
+  windows_.AfterAction([this] { RememberOptions(); });
   prompter_.OnBox([this](bool shows) {
     if (shows) windows_.PaintAll();  // what the box tells of stands behind it
     windows_.HoldWait(shows);
   });
 }
 
-Program::~Program() {
-  if (prepared_) static_cast<void>(WriteOptions(workspace_, desk_.options));
+void Program::RememberOptions() {
+  if (desk_.options == remembered_) return;
+  remembered_ = desk_.options;
+  static_cast<void>(WriteOptions(workspace_, desk_.options));
 }
 
 bool Program::Prepare(const std::filesystem::path& installed) {
-  desk_.options = ReadOptions(workspace_);
+  desk_.options = remembered_ = ReadOptions(workspace_);
   if (!TellIfFailed(bench_, FillProgramFolder(disk_, places_.folder, installed))) return false;
-  prepared_ = true;
   auto folder = EnsureDataFolder(workspace_);
   if (!folder) {
     TellError(bench_, folder.error());

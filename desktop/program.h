@@ -16,7 +16,6 @@ namespace kalvo {
 class Program {
  public:
   Program(const ProgramPlaces& places, Separators separators);
-  ~Program();
 
   /// Makes the folders and libraries ready. False: the user was told why that cannot be.
   bool Prepare(const std::filesystem::path& installed);
@@ -27,7 +26,8 @@ class Program {
   [[nodiscard]] Desk& desk() { return desk_; }
 
  private:
-  bool prepared_ = false;
+  void RememberOptions();
+
   ProgramPlaces places_;
   RealDisk disk_;
   QtClock clock_;
@@ -39,6 +39,7 @@ class Program {
   QtPrompter prompter_;
   Workbench bench_;
   Windows windows_;
+  Options remembered_;
   Desk desk_;
 };
 

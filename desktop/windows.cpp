@@ -161,6 +161,7 @@ void Windows::PaintAll() {
   for (std::size_t i = 0; i < open_.size(); ++i) {
     if (open_[i]->binder) open_[i]->binder->Paint();
   }
+  if (after_action_) after_action_();
 }
 
 void Windows::FocusChanged(QWidget* now) {

@@ -3,6 +3,7 @@
 #include <QEventLoop>
 #include <QPointer>
 #include <QTimer>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -43,6 +44,8 @@ class Windows : public QObject, public Navigator {
   void BringToFront();
   /// Brings every window up to date.
   void PaintAll();
+  /// Called after every action, when all windows have been painted.
+  void AfterAction(std::function<void()> done) { after_action_ = std::move(done); }
   /// The wait indicator stays away while the user is asked something.
   void HoldWait(bool hold);
 
@@ -68,6 +71,7 @@ class Windows : public QObject, public Navigator {
   std::unique_ptr<QSettings> settings_;
   std::vector<std::unique_ptr<Open>> open_;
   std::vector<std::unique_ptr<Open>> closed_;  ///< until the action that closed them has ended
+  std::function<void()> after_action_;
   QTimer burial_;
   QTimer wait_timer_;
   QString wait_text_;

@@ -17,6 +17,8 @@ struct Options {
   bool SoundOn = false;
   bool ChkDataKind = true;      ///< sections are entered in the sheet
   bool folder_commands = true;  ///< `CmdFF` and `CmdCopyFiles` are visible
+
+  bool operator==(const Options&) const = default;
 };
 
 /// What a file dialog is opened for.
