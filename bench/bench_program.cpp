@@ -29,30 +29,30 @@ T Need(Result<T> result) {
   return std::move(result).value();
 }
 
-fs::path MakeTemporaryFolder() {
+}  // namespace
+
+TemporaryFolder::TemporaryFolder() {
   std::string name = (fs::temp_directory_path() / "kalvo-bench-XXXXXX").string();
   if (mkdtemp(name.data()) == nullptr) {
     throw std::runtime_error("no temporary folder: " + name);
   }
-  return name;
+  path_ = name;
 }
 
-}  // namespace
+TemporaryFolder::~TemporaryFolder() {
+  std::error_code ignored;
+  fs::remove_all(path_, ignored);
+}
 
-StudyFiles::StudyFiles(SystemKind kind, int sections) : folder_(MakeTemporaryFolder()) {
+StudyFiles::StudyFiles(SystemKind kind, int sections) {
   RealDisk disk;
   const MemoryWorkspace workspace(KALVO_LIBRARY_DIR);
   const StudyExtensions& extensions = ExtensionsOf(kind);
-  path_ = folder_ / ("building" + std::string(extensions.main));
+  path_ = folder_.path() / ("building" + std::string(extensions.main));
   const fs::path fluid_path = path().replace_extension(extensions.fluid);
   Need(RowFile<SectionRow>(disk, path())
            .WriteAll(kind == SystemKind::kOpen ? SupplyStudy(sections) : BuildingStudy(sections)));
   Need(RowFile<FluidRow>(disk, fluid_path).WriteAll(std::array{WaterRow(*workspace)}));
-}
-
-StudyFiles::~StudyFiles() {
-  std::error_code ignored;
-  fs::remove_all(folder_, ignored);
 }
 
 PipeList DeliveredPipes() {

@@ -10,20 +10,32 @@
 
 namespace kalvo {
 
+/// A folder below the system's temporary one, which goes with the object.
+class TemporaryFolder {
+ public:
+  /// Errors: std::runtime_error when it cannot be made.
+  TemporaryFolder();
+  TemporaryFolder(const TemporaryFolder&) = delete;
+  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+  ~TemporaryFolder();
+
+  [[nodiscard]] const std::filesystem::path& path() const { return path_; }
+
+ private:
+  std::filesystem::path path_;
+};
+
 /// A BuildingStudy() or SupplyStudy() with its fluid in a temporary folder that goes with the
 /// object.
 class StudyFiles {
  public:
   /// Errors: std::runtime_error when the files cannot be written.
   StudyFiles(SystemKind kind, int sections);
-  StudyFiles(const StudyFiles&) = delete;
-  StudyFiles& operator=(const StudyFiles&) = delete;
-  ~StudyFiles();
 
   [[nodiscard]] std::filesystem::path path() const { return path_; }
 
  private:
-  std::filesystem::path folder_;
+  TemporaryFolder folder_;
   std::filesystem::path path_;
 };
 

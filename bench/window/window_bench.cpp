@@ -27,22 +27,11 @@ constexpr double kMillisecondsOfPause = 100;
 /// A program folder that goes with the object.
 class Home {
  public:
-  Home() {
-    std::string name = (std::filesystem::temp_directory_path() / "kalvo-window-XXXXXX").string();
-    if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
-    places_ = {std::filesystem::path(name) / "program", std::filesystem::path(name) / "state", {}};
-  }
-  Home(const Home&) = delete;
-  Home& operator=(const Home&) = delete;
-  ~Home() {
-    std::error_code ignored;
-    std::filesystem::remove_all(places_.folder.parent_path(), ignored);
-  }
-
   [[nodiscard]] const ProgramPlaces& places() const { return places_; }
 
  private:
-  ProgramPlaces places_;
+  TemporaryFolder folder_;
+  ProgramPlaces places_{folder_.path() / "program", folder_.path() / "state", {}};
 };
 
 /// The program with its windows in `home`.
