@@ -35,11 +35,10 @@ class Binder : public QObject {
   /// Parts without a widget and operable widgets without a part.
   [[nodiscard]] QStringList missing() const;
 
-  bool eventFilter(QObject* watched, QEvent* event) override;
-
- public:
   /// True while an action of the form is under way.
   [[nodiscard]] bool Busy() const { return depth_ > 0; }
+
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void BindParts();

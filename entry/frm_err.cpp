@@ -10,11 +10,7 @@ FrmERR::FrmERR(Desk& shared_desk)
       Cmd_Exit(*this, "Cmd_Exit", "Επιστροφή",
                [this] { desk.navigator.Close(screen::kMissingValues); },
                {Plain(KeyCode::kEscape), Plain(KeyCode::kEnter)}),
-      Cmd_Print(*this, "Cmd_Print", "Εκτύπωση",
-                [this] {
-                  if (copied_) TellIfFailed(bench, desk.viewer.Open(CopyPath()));
-                },
-                {Ctrl('P')}) {
+      Cmd_Print(*this, "Cmd_Print", "Εκτύπωση", [this] { Print(); }, {Ctrl('P')}) {
   title = "ΕΛΛΙΠΕΙΣ ΚΑΤΑΧΩΡΗΣΕΙΣ";
 }
 
@@ -28,6 +24,14 @@ void FrmERR::Load() {
   copied_ = TellIfFailed(bench, KeepCopy());
   bench.workspace.Delete(work_file::kErrors);
   Focus(LstERR);
+}
+
+void FrmERR::Print() {
+  if (copied_) {
+    TellIfFailed(bench, desk.viewer.Open(CopyPath()));
+  } else {
+    TellError(bench, {CopyPath(), "Το αρχείο δεν γράφτηκε"});
+  }
 }
 
 Outcome FrmERR::KeepCopy() {

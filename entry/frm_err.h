@@ -19,8 +19,9 @@ class FrmERR : public Form {
  private:
   [[nodiscard]] std::filesystem::path CopyPath() const { return desk.state_folder / "~vamo_P.txt"; }
   Outcome KeepCopy();
+  void Print();
 
-  bool copied_ = false;
+  bool copied_ = false;  ///< of the list that shows
 };
 
 }  // namespace kalvo

@@ -66,7 +66,7 @@ void FrmGenData::SetUpFields() {
   Text4.on_leave = [this] { return TemperatureFits(); };
   Text6.on_enter = [this] { EnterInto(Text8.CanEdit() ? static_cast<Control&>(Text8) : Cmd_Back); };
   Text6.on_leave = [this] { return VelocityFits(); };
-  Text8.on_enter = [this] { EnterInto(Cmd_Back); };
+  Text8.enter_to = &Cmd_Back;
   ChkChiller.on_toggle = [this] {
     OpenPlant(ChkChiller.on);
     if (ChkChiller.on) EnterInto(Text8);

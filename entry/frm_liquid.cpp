@@ -39,9 +39,7 @@ FrmLiquid::FrmLiquid(Desk& shared_desk)
   };
   TxtMeanT.enter_to = &TxtDensity;
   TxtDensity.enter_to = &Txtnee;
-  Txtnee.on_enter = [this] {
-    if (MoveFocus(&CmdOK)) Focus(CmdOK);
-  };
+  Txtnee.enter_to = &CmdOK;
 }
 
 void FrmLiquid::Load() {

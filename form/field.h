@@ -26,7 +26,7 @@ class Field : public Control {
   bool whole_selected = false;
   std::size_t max_bytes = 0;  ///< characters of the code page; 0: no limit
   Tone tone = Tone::kPlain;
-  Field* enter_to = nullptr;        ///< the field that Enter moves to
+  Control* enter_to = nullptr;      ///< the part that Enter moves to
   std::function<void()> on_enter;   ///< Enter, instead of moving
   std::function<void()> on_change;  ///< after each edit
   std::function<bool()> on_leave;   ///< false: the focus stays

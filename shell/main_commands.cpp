@@ -215,7 +215,7 @@ void FrmMain::Leave() {
 }
 
 bool FrmMain::MayClose() {
-  Leave();
+  Run(Cmd_Exit);
   return false;
 }
 

@@ -164,6 +164,16 @@ TEST(Command, ANewRunOnResultsTakesTheRowsAsTheyStand) {
   EXPECT_FALSE(bench.workspace.Exists(work_file::kFlowReport));
 }
 
+TEST(Command, ResultsThatCameByRecoveryAreCalculatedFromTheData) {
+  TestBench bench;
+  PutCalculated(bench);
+  bench.study.came_by_recovery = true;
+  bench.ChangeRow(1, [](SectionRow& row) { row.WaterFlow = 9000; });
+  EXPECT_EQ(Calculate(bench), CommandEnd::kCalculated);
+  EXPECT_NE(bench.Row(1).WaterFlow, 9000.0F);
+  EXPECT_TRUE(bench.prompter.codes().empty());
+}
+
 TEST(Command, ALoneSectionNeedsNoNetwork) {
   TestBench bench;
   bench.PutNetwork({"ANT/ANT 20m 1000l/h soma 500mm"});

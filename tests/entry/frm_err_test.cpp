@@ -18,6 +18,12 @@ TEST(MissingValuesForm, TakesTheFindingsOverAndShowsTheirCopy) {
   EXPECT_EQ(*user.test.outer_disk.Read("/state/~vamo_P.txt"), "πρώτο\nδεύτερο\n");
   Click(form, form.Cmd_Print);
   EXPECT_EQ(user.viewer.files, std::vector<std::filesystem::path>{"/state/~vamo_P.txt"});
+  FrmERR without_findings(user.desk);
+  without_findings.Load();
+  const std::size_t told = user.test.prompter.boxes().size();
+  Click(without_findings, without_findings.Cmd_Print);
+  EXPECT_EQ(user.test.prompter.boxes().size(), told + 1) << "an older copy is not shown for it";
+  EXPECT_EQ(user.viewer.files.size(), 1U);
   form.Press(Plain(KeyCode::kEscape));
   EXPECT_EQ(user.navigator.log.back(), "close FrmERR");
 }

@@ -137,7 +137,9 @@ picture kind
 press_to "$kind" Return "$main"
 picture main-empty
 
-stage "killed with nothing open: nothing is offered back"
+stage "killed with nothing open: nothing is offered back, options stand"
+keys "$main" shift+Escape
+within 5 grep -q FolderCommands=0 "$work/Kalvoflume.opt" || fail "the option is not remembered"
 die_by_kill
 start_to_kind
 press_to "$kind" Return "$main"

@@ -197,6 +197,8 @@ TEST_F(MainMenu, PlaysTheSoundOfCommandsWhenItIsOn) {
   form.ChkSound.Set(true);
   Click(form, form.Cmd_Nodes);
   EXPECT_EQ(sound.played, 1);
+  EXPECT_FALSE(form.MayClose());
+  EXPECT_EQ(sound.played, 2) << "the close box leaves as the command does";
 }
 
 struct KindScreen : TestDesk, ::testing::Test {
