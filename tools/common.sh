@@ -4,7 +4,7 @@
 readonly BUILD_PACKAGES="g++ cmake ninja-build ccache libcli11-dev nlohmann-json3-dev \
   libgtest-dev libgmock-dev qt6-base-dev libqt6svg6-dev"
 readonly WINDOW_PACKAGES="fonts-noto-core"
-readonly SCREEN_PACKAGES="xvfb xdotool fonts-noto-core"
+readonly SCREEN_PACKAGES="xvfb xdotool x11-xkb-utils fonts-noto-core"
 readonly LINT_PACKAGES="git clang-format clang-tidy"
 
 say() { printf '== %s\n' "$*" >&2; }

@@ -28,6 +28,8 @@ fail() {
   printf 'windows on the screen:\n'
   xdotool search --onlyvisible --name . 2>/dev/null |
     while read -r window; do xdotool getwindowname "$window"; done | sort -u
+  printf 'the program %s, its output:\n' "$(running)"
+  tail -20 "$home/output" 2>/dev/null
   [ -z "$pictures" ] || import -window root "$pictures/failed.png"
   exit 1
 }
@@ -88,7 +90,8 @@ start() {
   disown
 }
 
-gone() { ! kill -0 "$pid"; }
+gone() { ! kill -0 "$pid" 2>/dev/null; }
+running() { if gone; then echo ended; else echo runs; fi; }
 
 die_by_kill() {
   kill -9 "$pid"
@@ -124,10 +127,13 @@ open_hotel() {
 }
 
 stage "a screen"
-exec {number}< <(exec Xvfb -displayfd 1 -screen 0 1400x950x24 -nolisten tcp 2>/dev/null)
+# Without -noreset the screen throws out every client when its last one ends, also one just come.
+exec {number}< <(exec Xvfb -displayfd 1 -screen 0 1400x950x24 -nolisten tcp -noreset 2>/dev/null)
 screen=$!
 read -r -t 20 -u "$number" display || fail "no screen"
 export DISPLAY=:$display
+# Greek letters that stand on no key would be put on one, and taken off again, while typing.
+setxkbmap -layout us,gr || fail "no Greek keyboard"
 mkdir -p "$work/PFILES"
 cp "$samples"/* "$work/PFILES"
 
