@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QStyle>
 
+#include "desktop/icons.h"
 #include "desktop/widgets/kind_card.h"
 
 namespace kalvo {
@@ -50,6 +51,9 @@ class FieldBinding : public Binding {
  public:
   FieldBinding(Form& form, Field& field, QLineEdit& edit, const Act& act)
       : field_(field), edit_(edit) {
+    if (const QString icon = edit.property("iconName").toString(); !icon.isEmpty()) {
+      edit.addAction(ThemeIcon(icon), QLineEdit::LeadingPosition);
+    }
     connect(&edit, &QLineEdit::textEdited, this, [&form, &field, act](const QString& text) {
       act([&] { form.Type(field, text.toStdString()); });
     });

@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QPixmapCache>
 #include <QSvgRenderer>
+#include <algorithm>
 #include <utility>
 
 #include "desktop/theme.h"
@@ -54,6 +55,12 @@ class ThemeIconEngine : public QIconEngine {
   ThemeIconEngine(QString name, const QColor& line) : name_(std::move(name)), line_(line) {}
 
   QIconEngine* clone() const override { return new ThemeIconEngine(*this); }
+
+  // Square, so that a wider place aligns it.
+  QSize actualSize(const QSize& size, QIcon::Mode, QIcon::State) override {
+    const int side = std::min(size.width(), size.height());
+    return {side, side};
+  }
 
   QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State) override {
     return Render(name_, size, mode == QIcon::Disabled ? ActiveTheme().ink3 : line_);

@@ -1,12 +1,11 @@
 #include "desktop/list_model.h"
 
 #include "desktop/binding.h"
+#include "desktop/widgets/cell_roles.h"
 
 namespace kalvo {
 
 namespace {
-
-constexpr int kBlanksPerDepth = 4;
 
 // Blanks that pad a number on the left are shown as wide as the digits they stand for.
 QString WithWideBlanks(QString line) {
@@ -28,9 +27,9 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
   const QString line = ToQt(list_.lines()[row]);
   switch (role) {
     case Qt::DisplayRole:
-      return row < list_.depths().size()
-                 ? QString(kBlanksPerDepth * list_.depths()[row], QLatin1Char(' ')) + line
-                 : WithWideBlanks(line);
+      return WithWideBlanks(line);
+    case kDepthRole:
+      return row < list_.depths().size() ? list_.depths()[row] : 0;
     case Qt::AccessibleTextRole:
     case Qt::ToolTipRole:
       return line.trimmed();

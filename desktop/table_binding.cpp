@@ -9,6 +9,7 @@
 #include "desktop/grid_model.h"
 #include "desktop/icons.h"
 #include "desktop/list_model.h"
+#include "desktop/widgets/depth_delegate.h"
 #include "desktop/widgets/sheet_delegate.h"
 #include "desktop/widgets/stacked_header.h"
 
@@ -23,6 +24,7 @@ class ListBinding : public Binding {
   ListBinding(List& list, QListView& view, const Act& act)
       : list_(list), view_(view), model_(list, IconOf(view), this) {
     view.setModel(&model_);
+    view.setItemDelegate(&delegate_);
     view.setEditTriggers(QAbstractItemView::NoEditTriggers);
     view.setUniformItemSizes(true);
     connect(view.selectionModel(), &QItemSelectionModel::currentChanged, this,
@@ -61,6 +63,7 @@ class ListBinding : public Binding {
   List& list_;
   QListView& view_;
   ListModel model_;
+  DepthDelegate delegate_;
   int shown_ = -1;
   bool painting_ = false;
 };
@@ -70,6 +73,7 @@ class GridBinding : public Binding {
   GridBinding(Grid& grid, QTableView& view, const Act& act)
       : grid_(grid), view_(view), model_(grid, this) {
     head_ = new StackedHeader(&view);
+    head_->setStretchLastSection(view.horizontalHeader()->stretchLastSection());
     view.setHorizontalHeader(head_);
     view.setVerticalHeader(new RowHeader(&view));
     view.setItemDelegate(&cells_delegate_);

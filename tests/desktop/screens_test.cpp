@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListView>
 #include <QMenu>
@@ -11,8 +12,12 @@
 #include <QScrollArea>
 #include <QTest>
 #include <memory>
+#include <optional>
 
+#include "desktop/theme.h"
 #include "entry/frm_liquid.h"
+#include "study/recent_files.h"
+#include "study/study_reset.h"
 #include "tests/desktop/calculated_desk.h"
 #include "tests/desktop/pictures.h"
 #include "tests/desktop/shown_desk.h"
@@ -49,26 +54,67 @@ TEST(AllScreens, EveryOperableWidgetHasAName) {
   }
 }
 
-TEST(AllScreens, ShowACalculatedStudyWhole) {
+// The program's look while a test runs; the light one stands again at its end.
+struct Look {
+  explicit Look(const Theme& theme) { ApplyTheme(*qApp, theme); }
+  ~Look() { ApplyTheme(*qApp, kLightTheme); }
+  Look(const Look&) = delete;
+  Look& operator=(const Look&) = delete;
+};
+
+class AllScreensIn : public testing::TestWithParam<bool> {
+ protected:
+  void SetUp() override { look_.emplace(GetParam() ? kDarkTheme : kLightTheme); }
+  [[nodiscard]] static QString PictureName(std::string_view screen) {
+    return ToQt(screen) + (GetParam() ? "-dark" : "");
+  }
+
+ private:
+  std::optional<Look> look_;
+};
+
+// What the windows tell of besides the study: older files, a list of faults, rows left over.
+void Surround(CalculatedDesk& desk) {
+  Workspace& workspace = *desk.study.workspace;
+  desk.desk.data_folder = KALVO_SAMPLES_DIR;
+  desk.desk.state_folder = testing::TempDir();
+  desk.desk.version = "Έκδοση 0.1.0";
+  desk.desk.screens.offered_rows = desk.study.study.SectionCount;
+  for (const char* name : {"single.PCK", "fancoil.PCK", "hotel.PCK"}) {
+    ASSERT_TRUE(AddRecentFile(workspace, std::filesystem::path(KALVO_SAMPLES_DIR) / name).ok());
+  }
+  ASSERT_TRUE(workspace
+                  .Write(work_file::kErrors,
+                         ToCodePage("Το Τμήμα 3 έχει ανύπαρκτο Τελικό Κόμβο !!\n"
+                                    "Το Τμήμα 3 και το Τμήμα 9 έχουν το ίδιο όνομα !!\n"))
+                  .ok());
+}
+
+TEST_P(AllScreensIn, ShowACalculatedStudyWhole) {
   for (const Screen& screen : Screens()) {
     CalculatedDesk desk(KALVO_SAMPLES_DIR "/hotel.PCK");
-    desk.desk.data_folder = KALVO_SAMPLES_DIR;
-    desk.desk.state_folder = testing::TempDir();
-    desk.desk.version = "Έκδοση 0.1.0";
-    ASSERT_TRUE(desk.study.workspace
-                    ->Write(work_file::kErrors,
-                            ToCodePage("Το Τμήμα 3 έχει ανύπαρκτο Τελικό Κόμβο !!\n"
-                                       "Το Τμήμα 3 και το Τμήμα 9 έχουν το ίδιο όνομα !!\n"))
-                    .ok());
+    Surround(desk);
     desk.study.study.recovery = true;  // the menu leaves the study as it is
     QWidget design;
     screen.set_up(design);
     QWidget& window = desk.Open(screen.name, design.size());
     SCOPED_TRACE(screen.name);
     ExpectNothingClipped(window);
-    KeepPicture(window, ToQt(screen.name));
+    KeepPicture(window, PictureName(screen.name));
   }
 }
+
+TEST_P(AllScreensIn, ShowTheMenuBeforeThereIsAStudy) {
+  CalculatedDesk desk(KALVO_SAMPLES_DIR "/hotel.PCK");
+  Surround(desk);
+  ResetStudy(desk.study.bench);
+  QWidget& menu = desk.Open(screen::kMain, {1244, 700});
+  ExpectNothingClipped(menu);
+  EXPECT_EQ(menu.findChild<QLabel*>("LblHead")->text().toStdString(), "—");
+  KeepPicture(menu, PictureName("FrmMain-empty"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Looks, AllScreensIn, testing::Bool());
 
 // A box that serves events, as one on a screen does.
 class ServedBox : public YesToAll {

@@ -1,0 +1,28 @@
+#include "desktop/widgets/chip_label.h"
+
+#include <QPainter>
+
+#include "desktop/icons.h"
+
+namespace kalvo {
+namespace {
+
+constexpr int kIcon = 14;
+constexpr int kGap = 6;
+
+}  // namespace
+
+QSize ChipLabel::sizeHint() const { return QLabel::sizeHint() + QSize(kIcon + kGap, 0); }
+
+void ChipLabel::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  drawFrame(&painter);
+  const QRect area = contentsRect();
+  const QColor ink = palette().color(foregroundRole());
+  painter.drawPixmap(area.left(), area.center().y() - kIcon / 2,
+                     IconPixmap(icon_name_, kIcon, devicePixelRatioF(), ink));
+  painter.setPen(ink);
+  painter.drawText(area.adjusted(kIcon + kGap, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, text());
+}
+
+}  // namespace kalvo
