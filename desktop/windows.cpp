@@ -1,20 +1,17 @@
 #include "desktop/windows.h"
 
 #include <QApplication>
+#include <QPointer>
 #include <QScreen>
 #include <QSettings>
 #include <QSplitter>
 #include <algorithm>
 
-#include "desktop/widgets/wait_card.h"
-
 namespace kalvo {
 namespace {
 
-// Work shorter than this shows no wait indicator.
-constexpr int kWaitDelayMs = 150;
-// The wait indicator stands over the bar at the foot of a window.
-constexpr int kAboveBottomBar = 66;
+// How long a screen closed by its own action is kept before the next look at it.
+constexpr int kBusyMs = 150;
 
 QString GeometryKey(const QWidget& window) {
   return window.objectName() + QStringLiteral("/geometry");
@@ -33,9 +30,6 @@ Windows::Windows(const QString& geometry) {
   burial_.setSingleShot(true);
   burial_.setInterval(0);
   connect(&burial_, &QTimer::timeout, this, [this] { Bury(); });
-  wait_timer_.setSingleShot(true);
-  wait_timer_.setInterval(kWaitDelayMs);
-  connect(&wait_timer_, &QTimer::timeout, this, [this] { ShowWaitNow(); });
   connect(qApp, &QApplication::focusChanged, this,
           [this](QWidget* /*old*/, QWidget* now) { FocusChanged(now); });
 }
@@ -117,10 +111,10 @@ void Windows::ShowModal(std::string_view screen) {
   Open& open = OpenScreen(*known, true);
   QEventLoop loop;
   open.waiting = &loop;
-  HoldWait(true);
+  wait_.Hold(true);
   Front(open);
   if (IsOpen(screen)) loop.exec();
-  HoldWait(false);
+  wait_.Hold(false);
   if (had_focus) had_focus->window()->activateWindow();
 }
 
@@ -141,7 +135,7 @@ void Windows::Bury() {
   std::erase_if(closed_, [](const auto& closed) {
     return closed->binder != nullptr && !closed->binder->Busy();
   });
-  if (!closed_.empty()) burial_.start(kWaitDelayMs);
+  if (!closed_.empty()) burial_.start(kBusyMs);
 }
 
 void Windows::Hide(std::string_view screen) {
@@ -199,41 +193,8 @@ void Windows::Restore(QWidget& window) {
   }
 }
 
-void Windows::ShowWaitNow() {
-  QWidget* front = QApplication::activeWindow();
-  if (front == nullptr || wait_card_ != nullptr) return;
-  wait_card_ = new WaitCard(front);
-  wait_card_->Begin(wait_text_);
-  wait_card_->adjustSize();
-  wait_card_->resize(front->width() * 2 / 3, wait_card_->height());
-  wait_card_->move((front->width() - wait_card_->width()) / 2,
-                   front->height() - wait_card_->height() - kAboveBottomBar);
-  wait_card_->show();
-}
+void Windows::ShowWait(std::string_view text) { wait_.Begin(ToQt(text).trimmed()); }
 
-void Windows::ShowWait(std::string_view text) {
-  wait_text_ = ToQt(text).trimmed();
-  if (QApplication::overrideCursor() == nullptr) QApplication::setOverrideCursor(Qt::WaitCursor);
-  waiting_ = true;
-  wait_timer_.start();
-}
-
-void Windows::HoldWait(bool hold) {
-  holds_ += hold ? 1 : -1;
-  if (holds_ > 0) {
-    wait_timer_.stop();
-    delete wait_card_;
-  } else if (waiting_) {
-    wait_timer_.start();
-  }
-}
-
-void Windows::HideWait() {
-  waiting_ = false;
-  wait_timer_.stop();
-  QApplication::restoreOverrideCursor();
-  delete wait_card_;
-  wait_card_ = nullptr;
-}
+void Windows::HideWait() { wait_.End(); }
 
 }  // namespace kalvo

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QEventLoop>
-#include <QPointer>
 #include <QTimer>
 #include <functional>
 #include <memory>
@@ -10,12 +9,11 @@
 
 #include "desktop/binder.h"
 #include "desktop/screens.h"
+#include "desktop/wait_indicator.h"
 
 class QSettings;
 
 namespace kalvo {
-
-class WaitCard;
 
 /// The windows of the program: opens a screen's form and window, joins them, and closes both.
 class Windows : public QObject, public Navigator {
@@ -47,7 +45,7 @@ class Windows : public QObject, public Navigator {
   /// Called after every action, when all windows have been painted.
   void AfterAction(std::function<void()> done) { after_action_ = std::move(done); }
   /// The wait indicator stays away while the user is asked something.
-  void HoldWait(bool hold);
+  void HoldWait(bool hold) { wait_.Hold(hold); }
 
  private:
   struct Open {
@@ -63,7 +61,6 @@ class Windows : public QObject, public Navigator {
   void Front(Open& open);
   void Remember(const QWidget& window);
   void Restore(QWidget& window);
-  void ShowWaitNow();
   void FocusChanged(QWidget* now);
   void Bury();
 
@@ -73,11 +70,7 @@ class Windows : public QObject, public Navigator {
   std::vector<std::unique_ptr<Open>> closed_;  ///< until the action that closed them has ended
   std::function<void()> after_action_;
   QTimer burial_;
-  QTimer wait_timer_;
-  QString wait_text_;
-  bool waiting_ = false;  ///< work is under way
-  int holds_ = 0;         ///< boxes and modal screens that the user is asked in
-  QPointer<WaitCard> wait_card_;
+  WaitIndicator wait_;
 };
 
 }  // namespace kalvo

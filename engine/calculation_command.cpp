@@ -149,14 +149,12 @@ CommandEnd RunAsked(Workbench& bench, const ChooseMethod& choose, bool rebuild) 
   if (const auto end = AskCapacity(bench)) {
     return *end;
   }
-  const std::optional<Method> method = choose();
-  if (!method) {
-    return CommandEnd::kCancelled;
-  }
-  if (rebuild && BrokenOff(bench, [&] { RebuildEmitterData(bench); })) {
-    return Abort(bench.study);
-  }
-  return Run(bench, *method);
+  CommandEnd end = CommandEnd::kCancelled;
+  choose([&](Method method) {
+    const bool broken = rebuild && BrokenOff(bench, [&] { RebuildEmitterData(bench); });
+    end = broken ? Abort(bench.study) : Run(bench, method);
+  });
+  return end;
 }
 
 // Reads the rows and refills the table; the end of the command if they cannot be read.
@@ -205,7 +203,7 @@ CommandEnd Calculate(Workbench& bench, const ChooseMethod& choose) {
 }
 
 CommandEnd Calculate(Workbench& bench, Method method) {
-  return Calculate(bench, [method] { return std::optional(method); });
+  return Calculate(bench, [method](const RunByMethod& run) { run(method); });
 }
 
 }  // namespace kalvo

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <functional>
-#include <optional>
 
 #include "engine/driver.h"
 
@@ -25,8 +24,10 @@ enum class CommandEnd {
 /// `results_valid`.
 bool HasResults(const std::vector<SectionRow>& rows);
 
-/// Asks for the method of a run; nothing when the choice was closed.
-using ChooseMethod = std::function<std::optional<Method>()>;
+/// Makes the run by a method.
+using RunByMethod = std::function<void(Method)>;
+/// Has the method of a run chosen and calls the run with it; no call when the choice was closed.
+using ChooseMethod = std::function<void(const RunByMethod& run)>;
 
 /// The calculation command: the gate, the question about existing results, checks of the network,
 /// capacity, choice of the method, run. A study with results is calculated as its rows stand.

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+#include "engine/driver.h"
 #include "form/navigator.h"
 #include "form/sound.h"
 #include "form/viewer.h"
@@ -38,7 +39,7 @@ struct ScreenState {
   bool asked_to_leave_saved = false;     ///< message 135 was shown in this run
   std::filesystem::path study_argument;  ///< to be opened at start; empty: none
   std::string viewer;                    ///< `FrmEditor`: "NotePad", "WordPad" or nothing
-  std::optional<int> method;             ///< `FrmCalcs`: 1 or 2, nothing when it was closed
+  std::function<void(Method)> run;       ///< what `FrmCalcs` calls with the method chosen
   std::optional<bool> recover;           ///< `FrmOldStudy`: nothing when its window was closed
   int offered_rows = 0;                  ///< rows of the study that is offered back
   bool edit_mode = false;

@@ -5,12 +5,7 @@ namespace kalvo {
 FrmCalcs::FrmCalcs(Desk& shared_desk)
     : Form(shared_desk),
       CmdCancel(*this, "CmdCancel", "Επιστροφή", [this] { GiveUp(); }, {Plain(KeyCode::kEscape)}),
-      SSCommand1(*this, "SSCommand1", "Υπολογισμοί",
-                 [this] {
-                   desk.screens.method = SSOption1.on ? 1 : 2;
-                   LblWait.visible = true;
-                   desk.navigator.Close(screen::kMethod);
-                 },
+      SSCommand1(*this, "SSCommand1", "Υπολογισμοί", [this] { Calculate(); },
                  {Plain(KeyCode::kEnter)}) {
   SSOption1.on_toggle = [this] { Choose(true); };
   SSOption2.on_toggle = [this] { Choose(false); };
@@ -19,8 +14,6 @@ FrmCalcs::FrmCalcs(Desk& shared_desk)
 void FrmCalcs::Load() {
   title = bench.study.SystemOpen() ? "... < ΑΝΟΙΚΤΟ > ΣΥΣΤΗΜΑ ΣΩΛΗΝΩΝ ..."
                                    : "... < ΚΛΕΙΣΤΟ > ΣΥΣΤΗΜΑ ΣΩΛΗΝΩΝ ...";
-  desk.screens.method.reset();
-  LblWait.visible = false;
   Choose(true);
   Focus(SSOption1);
 }
@@ -28,6 +21,13 @@ void FrmCalcs::Load() {
 void FrmCalcs::Choose(bool first) {
   SSOption1.on = first;
   SSOption2.on = !first;
+}
+
+void FrmCalcs::Calculate() {
+  desk.navigator.ShowWait(" ... Παρακαλώ, Περιμένετε ...");
+  desk.screens.run(SSOption1.on ? Method::kFlowOnly : Method::kFlowAndPressure);
+  desk.navigator.HideWait();
+  desk.navigator.Close(screen::kMethod);
 }
 
 void FrmCalcs::GiveUp() {

@@ -4,8 +4,8 @@
 
 namespace kalvo {
 
-/// Choice of the method of a calculation; it runs nothing. The answer is left for the caller: a
-/// method, or none and `CalcStatus` -12 when the window was closed.
+/// Choice of the method of a calculation, which it has made by the caller's run. Closed without a
+/// choice it sets `CalcStatus` to -12.
 class FrmCalcs : public Form {
  public:
   explicit FrmCalcs(Desk& shared_desk);
@@ -19,12 +19,12 @@ class FrmCalcs : public Form {
   Toggle SSOption2{*this, "SSOption2",
                    "2ος Τρόπος : με βάση την Παροχή, αλλά και την Διαθέσιμη Πίεση στην Αρχή του "
                    "Τμήματος"};
-  Label LblWait{*this, "LblWait", " ... Παρακαλώ, Περιμένετε ..."};
   Command CmdCancel;
   Command SSCommand1;
 
  private:
   void Choose(bool first);
+  void Calculate();
   void GiveUp();
 };
 

@@ -68,12 +68,16 @@ void FrmMain::OpenGeneralData() {
 void FrmMain::Calculate(bool choose_method) {
   const bool ask = choose_method || bench.study.SystemOpen();
   desk.navigator.ShowWait(kWait);
-  const CommandEnd end = kalvo::Calculate(bench, [&]() -> std::optional<Method> {
-    if (!ask) return Method::kFlowOnly;
+  const CommandEnd end = kalvo::Calculate(bench, [&](const RunByMethod& run) {
+    if (!ask) {
+      run(Method::kFlowOnly);
+      return;
+    }
+    desk.screens.run = run;
     desk.navigator.ShowModal(screen::kMethod);
-    bench.study.CalcStatus = calc_status::kNothing;
-    if (!desk.screens.method) return std::nullopt;
-    return *desk.screens.method == 1 ? Method::kFlowOnly : Method::kFlowAndPressure;
+    desk.screens.run = nullptr;
+    std::int16_t& status = bench.study.CalcStatus;
+    if (status == calc_status::kNoChoice) status = calc_status::kNothing;
   });
   desk.navigator.HideWait();
   EndCalculation(end);

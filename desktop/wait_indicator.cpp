@@ -1,0 +1,61 @@
+#include "desktop/wait_indicator.h"
+
+#include <QApplication>
+
+#include "desktop/widgets/wait_card.h"
+
+namespace kalvo {
+namespace {
+
+// Work shorter than this shows no card.
+constexpr int kDelayMs = 150;
+// The card stands over the bar at the foot of a window.
+constexpr int kAboveBottomBar = 66;
+
+}  // namespace
+
+WaitIndicator::WaitIndicator() {
+  delay_.setSingleShot(true);
+  delay_.setInterval(kDelayMs);
+  connect(&delay_, &QTimer::timeout, this, [this] { ShowCard(); });
+}
+
+void WaitIndicator::Begin(const QString& text) {
+  waits_.push_back({text, 0});
+  Follow();
+}
+
+void WaitIndicator::End() {
+  if (!waits_.empty()) waits_.pop_back();
+  Follow();
+}
+
+void WaitIndicator::Hold(bool hold) {
+  if (waits_.empty()) return;
+  waits_.back().holds += hold ? 1 : -1;
+  Follow();
+}
+
+void WaitIndicator::Follow() {
+  const bool works = !waits_.empty() && waits_.back().holds <= 0;
+  delay_.stop();
+  delete card_;
+  if (works) delay_.start();
+  if (works && !has_cursor_) QApplication::setOverrideCursor(Qt::WaitCursor);
+  if (!works && has_cursor_) QApplication::restoreOverrideCursor();
+  has_cursor_ = works;
+}
+
+void WaitIndicator::ShowCard() {
+  QWidget* front = QApplication::activeWindow();
+  if (front == nullptr) return;
+  card_ = new WaitCard(front);
+  card_->Begin(waits_.back().text);
+  card_->adjustSize();
+  card_->resize(front->width() * 2 / 3, card_->height());
+  card_->move((front->width() - card_->width()) / 2,
+              front->height() - card_->height() - kAboveBottomBar);
+  card_->show();
+}
+
+}  // namespace kalvo
