@@ -13,6 +13,8 @@ namespace kalvo {
 
 QString ToneName(Tone tone) {
   switch (tone) {
+    case Tone::kQuiet:
+      return QStringLiteral("quiet");
     case Tone::kAlarm:
       return QStringLiteral("alarm");
     case Tone::kCalculated:

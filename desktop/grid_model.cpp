@@ -19,6 +19,7 @@ QVariant BackgroundOf(Tone tone) {
     case Tone::kAlarm:
     case Tone::kCritical:
     case Tone::kPlain:
+    case Tone::kQuiet:
       break;
   }
   return {};

@@ -11,6 +11,7 @@ namespace {
 
 constexpr std::string_view kOneDecimal = "#,##0.0";
 constexpr std::string_view kToBeCalculated = "ΘΑ ΥΠΟΛ.";
+constexpr std::string_view kCalculatedLater = "ΘΑ ΥΠΟΛΟΓΙΣΘΕΙ ΚΑΤΑ ΤΗ ΦΑΣΗ ΤΩΝ ΥΠΟΛΟΓΙΣΜΩΝ";
 constexpr std::string_view kWait = " ... Παρακαλώ ...  ... Περιμένετε ... ";
 
 namespace message {
@@ -94,6 +95,9 @@ void FrmGenData::Load() {
 void FrmGenData::Derive() {
   CboPipes.selected = bench.study.pipe_system_number - 1;
   LblMaterial.text = MaterialLine(bench.study.pipe_material);
+  for (Field* figure : {&Text2, &Text10}) {
+    figure->tone = figure->text == kToBeCalculated ? Tone::kQuiet : Tone::kPlain;
+  }
 }
 
 void FrmGenData::ShowFluid() {
@@ -108,7 +112,7 @@ void FrmGenData::ShowFluid() {
                    FormatNumber(row.viscosity, desk.separators));
     return;
   }
-  const std::string later = "ΘΑ ΥΠΟΛΟΓΙΣΘΕΙ ΚΑΤΑ ΤΗ ΦΑΣΗ ΤΩΝ ΥΠΟΛΟΓΙΣΜΩΝ";
+  const std::string later(kCalculatedLater);
   const float temperature = bench.study.MeanTemp;
   ShowFluidLines(name,
                  temperature == 0 ? "ΘΑ ΚΑΤΑΧΩΡΗΘΕΙ ΚΑΤΩΤΕΡΩ"
@@ -122,6 +126,7 @@ void FrmGenData::ShowFluidLines(const std::string& name, const std::string& temp
   Text12.text = "Μέση Θερμοκρασία (°C) : " + temperature;
   Text13.text = "Πυκνότης Μέσου (Kg/m³) : " + density;
   Text14.text = "Κινηματικό Ιξώδες (cSt) : " + viscosity;
+  Text13.tone = Text14.tone = density == kCalculatedLater ? Tone::kQuiet : Tone::kPlain;
 }
 
 void FrmGenData::ShowFigures() {

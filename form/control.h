@@ -26,7 +26,14 @@ class Control {
 };
 
 /// What a text or a value is painted as.
-enum class Tone { kPlain, kAlarm, kCalculated, kImposed, kCritical };
+enum class Tone {
+  kPlain,
+  kQuiet,  ///< not known yet
+  kAlarm,
+  kCalculated,
+  kImposed,
+  kCritical,
+};
 
 /// A text that the form changes.
 class Label : public Control {

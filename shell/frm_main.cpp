@@ -10,6 +10,7 @@ namespace {
 constexpr std::string_view kProgramTitle =
     "Πρόγραμμα Υπολογισμού Σωλήνων Ροής Υγρών  < Kalvoflume > / ";
 constexpr std::string_view kUnknown = "—";
+constexpr std::string_view kToBeCalculated = "ΘΑ ΥΠΟΛ.";
 constexpr int kCommonestPosition = 10;  // entry 11 is the commonest steel tube
 constexpr Key kSwitchFolderCommands = Shift(KeyCode::kEscape);
 
@@ -180,13 +181,19 @@ void FrmMain::DeriveFigures() {
   };
   const bool rows = HasRows();
   LblFlow.text = number(study.TotalFlowM3h, "#,##0.00");
-  LblHead.text = rows && study.PumpHead == 0 ? "ΘΑ ΥΠΟΛ." : number(study.PumpHead, "#,##0.00");
+  LblHead.text = rows && study.PumpHead == 0 ? std::string(kToBeCalculated)
+                                             : number(study.PumpHead, "#,##0.00");
   LblMeanTemp.text = number(study.MeanTemp, "#,##0.0");
   LblMeanVel.text = number(study.MeanVel, "#,##0.0##");
   LblSections.text = rows ? std::to_string(study.SectionCount) : std::string(kUnknown);
   LblEmittersHead.text = study.SystemOpen() ? "Υποδοχείς" : "Σώματα";
   LblEmitters.text =
       study.EmitterCount > 0 ? std::to_string(study.EmitterCount) : std::string(kUnknown);
+  for (Label* figure :
+       {&LblFlow, &LblHead, &LblMeanTemp, &LblMeanVel, &LblSections, &LblEmitters}) {
+    const bool known = figure->text != kUnknown && figure->text != kToBeCalculated;
+    figure->tone = known ? Tone::kPlain : Tone::kQuiet;
+  }
 }
 
 Command& FrmMain::CommandOf(Step step) {

@@ -67,7 +67,7 @@ void PairLabel::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setPen(ActiveTheme().ink2);
   painter.drawText(area, kFlags, pair.label);
-  painter.setPen(ActiveTheme().ink);
+  painter.setPen(property("tone") == "quiet" ? ActiveTheme().ink2 : ActiveTheme().ink);
   const QString value = Elided(*this, pair.value, value_area.width());
   painter.drawText(value_area, kFlags, value);
 }

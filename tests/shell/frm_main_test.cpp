@@ -42,6 +42,8 @@ TEST_F(MainMenu, BeginsEmptyWithTheTitleAsTheNextStep) {
   EXPECT_EQ(form.Cmd_Next.caption, "ΘΕΜΑ-ΤΙΤΛΟΣ");
   EXPECT_EQ(form.LblLiquid.text, "Υγρό : Νερό");
   EXPECT_EQ(Marks()[0], RoadMark::kNext);
+  EXPECT_EQ(form.LblHead.text, "—");
+  EXPECT_EQ(form.LblHead.tone, Tone::kQuiet);
   EXPECT_FALSE(form.TxtThema.visible);
 }
 
