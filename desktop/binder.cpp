@@ -177,7 +177,10 @@ void Binder::FollowFocus() {
 void Binder::FocusCame(QWidget* widget) {
   if (depth_ > 0) return;
   Control* part = PartOf(widget);
-  if (part == form_.focus()) return;
+  if (part == form_.focus()) {
+    Paint();  // a text to be selected waits for the keys to come
+    return;
+  }
   Do([&] { form_.MoveFocus(part); });
 }
 

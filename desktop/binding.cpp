@@ -89,7 +89,8 @@ class FieldBinding : public Binding {
 
 class LabelBinding : public Binding {
  public:
-  LabelBinding(Label& label, QLabel& widget) : label_(label), widget_(widget) {}
+  LabelBinding(Label& label, QLabel& widget)
+      : label_(label), widget_(widget), designed_tone_(widget.property("tone").toString()) {}
 
   void Paint() override {
     PaintPresence(widget_, label_);
@@ -98,13 +99,15 @@ class LabelBinding : public Binding {
       widget_.setText(text);
       widget_.setAccessibleName(text.trimmed());
     }
-    SetStyleProperty(widget_, "tone", ToneName(label_.tone));
+    const QString tone = ToneName(label_.tone);
+    SetStyleProperty(widget_, "tone", tone.isEmpty() ? designed_tone_ : tone);
   }
   [[nodiscard]] QWidget* widget() const override { return &widget_; }
 
  private:
   Label& label_;
   QLabel& widget_;
+  QString designed_tone_;
 };
 
 class CommandBinding : public Binding {

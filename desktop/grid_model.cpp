@@ -27,6 +27,17 @@ QVariant BackgroundOf(Tone tone) {
 
 }  // namespace
 
+// "Τμήμα 7/27, ΠΤΩΣΗ ΠΙΕΣΗΣ, 2.830,5, δυσμενέστερος κλάδος"
+QString GridModel::SpokenCell(const GridPlace& place) const {
+  const GridColumn& column = grid_.columns()[static_cast<std::size_t>(place.column)];
+  const std::string& first = grid_.At(place.row, 0).text;
+  QStringList words = {ToQt(grid_.row_noun + " " + first).trimmed(), ToQt(column.header),
+                       ToQt(grid_.At(place.row, place.column).text)};
+  if (grid_.IsMarked(place.row)) words << ToQt(grid_.mark_name);
+  words.removeAll(QString());
+  return words.join(QStringLiteral(", "));
+}
+
 int GridModel::rowCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : grid_.row_count();
 }
@@ -61,8 +72,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
     case Qt::ToolTipRole:
       return ToQt(cell.tip);
     case Qt::AccessibleTextRole:
-      return QStringLiteral("%1, %2, %3")
-          .arg(ToQt(grid_.At(place.row, 0).text), ToQt(column.header), ToQt(cell.text));
+      return SpokenCell(place);
     case kCriticalRole:
       return grid_.IsMarked(place.row);
     case kImposedRole:

@@ -26,6 +26,8 @@ class GridModel : public QAbstractTableModel {
   [[nodiscard]] QModelIndex IndexOf(GridPlace place) const;
 
  private:
+  [[nodiscard]] QString SpokenCell(const GridPlace& place) const;
+
   Grid& grid_;
 };
 

@@ -37,7 +37,8 @@ void Show(const Road& road, StudyRoad& widget) {
                 ToQt(station.state),
                 StateOf(station.mark),
                 {},
-                station.command != nullptr};
+                station.command != nullptr,
+                station.command == nullptr ? QString() : ToQt(station.command->Hint())};
   }
   widget.SetStations(views);
 }

@@ -79,6 +79,7 @@ class GridBinding : public Binding {
     view.setItemDelegate(&cells_delegate_);
     view.setModel(&model_);
     view.setEditTriggers(QAbstractItemView::NoEditTriggers);
+    view.setTabKeyNavigation(false);  // Tab leads on to the commands
     connect(view.selectionModel(), &QItemSelectionModel::currentChanged, this,
             [this, act](const QModelIndex& now) {
               if (painting_ || !now.isValid()) return;

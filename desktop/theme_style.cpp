@@ -13,7 +13,7 @@ namespace {
 constexpr int kMarkSize = 16;
 constexpr int kFieldHeight = 32;
 constexpr double kFieldRadius = 5;
-constexpr int kComboPadding = 8;  // before its words, beyond what Fusion leaves
+constexpr int kComboPadding = 8;  // at both sides of its words, beyond what Fusion leaves
 
 bool Has(const QStyleOption& option, QStyle::StateFlag flag) {
   return (option.state & flag) != QStyle::State_None;
@@ -107,11 +107,25 @@ void ThemeStyle::drawComplexControl(ComplexControl control, const QStyleOptionCo
   painter->restore();
 }
 
+void ThemeStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                             const QWidget* widget) const {
+  const auto* combo = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+  if (element != CE_ComboBoxLabel || combo == nullptr) {
+    QProxyStyle::drawControl(element, option, painter, widget);
+    return;
+  }
+  QStyleOptionComboBox shown = *combo;
+  const QRect words = subControlRect(CC_ComboBox, combo, SC_ComboBoxEditField, widget);
+  shown.currentText =
+      combo->fontMetrics.elidedText(combo->currentText, Qt::ElideRight, words.width());
+  QProxyStyle::drawControl(element, &shown, painter, widget);
+}
+
 QRect ThemeStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
                                  SubControl part, const QWidget* widget) const {
   const QRect rect = QProxyStyle::subControlRect(control, option, part, widget);
   const bool words = control == CC_ComboBox && part == SC_ComboBoxEditField;
-  return words ? rect.adjusted(kComboPadding, 0, 0, 0) : rect;
+  return words ? rect.adjusted(kComboPadding, 0, -kComboPadding, 0) : rect;
 }
 
 int ThemeStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,

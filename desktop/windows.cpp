@@ -12,6 +12,8 @@ namespace {
 
 // How long a screen closed by its own action is kept before the next look at it.
 constexpr int kBusyMs = 150;
+// Height that the desktop's title bar may need.
+constexpr int kTitleBar = 40;
 
 QString GeometryKey(const QWidget& window) {
   return window.objectName() + QStringLiteral("/geometry");
@@ -184,7 +186,7 @@ void Windows::Remember(const QWidget& window) {
 
 void Windows::Restore(QWidget& window) {
   const QRect free_area = QApplication::primaryScreen()->availableGeometry();
-  window.resize(window.size().boundedTo(free_area.size()));
+  window.resize(window.size().boundedTo(free_area.size() - QSize(0, kTitleBar)));
   window.move(free_area.center() - window.rect().center());
   if (!settings_) return;
   window.restoreGeometry(settings_->value(GeometryKey(window)).toByteArray());

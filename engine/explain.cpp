@@ -44,9 +44,9 @@ struct Quantity {
   int decimals;
 };
 
-constexpr Quantity kFlow = {"l/h", 1};
+constexpr Quantity kFlow = {"Lit/h", 1};
 constexpr Quantity kDiameter = {"mm", 2};
-constexpr Quantity kVelocity = {"m/s", 2};
+constexpr Quantity kVelocity = {"m/sec", 2};
 constexpr Quantity kViscosity = {"cSt", 4};
 constexpr Quantity kReynolds = {"", 0};
 constexpr Quantity kRoughness = {"mm", 4};

@@ -44,6 +44,8 @@ class Grid : public Control {
  public:
   using Control::Control;
 
+  std::string row_noun;               ///< what a row is, for reading aloud: "Τμήμα"
+  std::string mark_name;              ///< what a marked row is
   std::function<void()> on_move;      ///< the current cell was moved by the user
   std::function<void()> on_activate;  ///< double click or Enter on the current cell
 

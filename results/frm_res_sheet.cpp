@@ -31,6 +31,8 @@ FrmRes_Sheet::FrmRes_Sheet(Desk& shared_desk)
                  [this] { ShowOne(); }, {Shift(KeyCode::kF12), kCtrlAltShift}) {
   ChkCritical.on = true;
   ChkCritical.on_toggle = [this] { MarkCritical(); };
+  fpSpread1.row_noun = "Τμήμα";
+  fpSpread1.mark_name = "δυσμενέστερος κλάδος";
   fpSpread1.on_move = [this] { FollowCurrent(); };
   ChainCritical.caption = "Δυσμενέστερος κλάδος";
 }

@@ -54,6 +54,7 @@ void FrmFileOS::Load() {
   const Study& study = bench.study;
   title = Saving() ? "Δημιουργία Αρχείου" : "Ανάκληση Αρχείου";
   CmdOK.caption = title;
+  CmdOK.icon = Saving() ? "save" : "open";
   LblExtension.text = "Προέκταση Αρχείων : *" + std::string(ExtensionsOf(study.system_kind).main);
   const bool known = Saving() && !study.study_path.empty();
   ShowFolder(known ? study.study_path.parent_path() : desk.data_folder);

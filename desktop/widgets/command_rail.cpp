@@ -36,6 +36,9 @@ void CommandRail::Dress() {
       box->setToolTip(icons_only_ ? caption : QString());
       box->setText(icons_only_ ? QString() : caption);
     }
+    if (layout() != nullptr) {
+      layout()->setAlignment(box, icons_only_ ? Qt::AlignHCenter : Qt::Alignment());
+    }
   }
   // Captions and key names decide on the width; the layout knows them only when it is asked.
   setMinimumWidth(icons_only_ ? kIconsWidth : qMax(kWidth, sizeHint().width()));

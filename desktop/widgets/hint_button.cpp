@@ -50,7 +50,9 @@ Inks InksOf(const QPushButton& button) {
 
 }  // namespace
 
-HintButton::HintButton(QWidget* parent) : QPushButton(parent) {}
+HintButton::HintButton(QWidget* parent) : QPushButton(parent) {
+  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);  // the key name may go
+}
 
 void HintButton::SetHint(const QString& key) {
   hint_ = key;

@@ -12,6 +12,7 @@ namespace {
 constexpr int kBarWidth = 4;
 constexpr int kIconSize = 14;
 constexpr int kRightGap = 8;
+constexpr int kRowHeight = 26;
 
 }  // namespace
 
@@ -19,6 +20,9 @@ RowHeader::RowHeader(QWidget* parent) : QHeaderView(Qt::Vertical, parent) {
   setSectionsClickable(true);
   setHighlightSections(false);
   setSectionResizeMode(QHeaderView::Fixed);
+  const QVariant height = parent == nullptr ? QVariant() : parent->property("rowHeight");
+  setMinimumSectionSize(0);
+  setDefaultSectionSize(height.isValid() ? height.toInt() : kRowHeight);
 }
 
 QSize RowHeader::sectionSizeFromContents(int row) const {

@@ -61,6 +61,9 @@ StationButton::StationButton(int number, QString icon, QWidget* parent)
 void StationButton::SetStation(const StationView& station) {
   setText(station.caption);
   setEnabled(station.enabled);
+  setToolTip(station.key.isEmpty()
+                 ? QString()
+                 : QString("%1 (%2)").arg(station.caption.trimmed(), station.key));
   icon_ = station.icon.isEmpty() ? own_icon_ : station.icon;
   state_ = station.state;
   mark_ = station.mark;

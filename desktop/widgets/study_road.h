@@ -16,6 +16,7 @@ struct StationView {
   StationState mark = StationState::kLater;
   QString icon = {};    ///< empty: the station's own
   bool enabled = true;  ///< a station that is only shown cannot be pressed
+  QString key = {};     ///< for the tooltip
 };
 
 /// One station: a disc with its icon, the caption (its text()) and a line of state below.

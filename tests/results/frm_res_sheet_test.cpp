@@ -99,7 +99,7 @@ TEST_F(ResultsSheet, ExplainsTheCurrentRow) {
   for (const StepLine& line : lines) symbols.push_back(line.symbol);
   EXPECT_EQ(Joined(symbols), "Q|D|v|Re|λ|R|L|Δp");
   EXPECT_EQ(lines.front(),
-            (StepLine{"Q", "Παροχή", "από τα Σώματα που εξυπηρετεί", "300,0", "l/h"}));
+            (StepLine{"Q", "Παροχή", "από τα Σώματα που εξυπηρετεί", "300,0", "Lit/h"}));
   EXPECT_EQ(lines.back().value, Text(test.Row(2).TotalDrop, "#,##0.00"));
   EXPECT_EQ(lines.back().formula, "1,1 R L + Σώμα 500,00");
   EXPECT_EQ(lines[6].formula, "5,00 σωλήνας + 0,00 για Σζ 0,0");
