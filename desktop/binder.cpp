@@ -153,13 +153,17 @@ void Binder::Paint() {
   form_.Derive();
   const QString title = ToQt(form_.title).trimmed();
   if (window_.windowTitle() != title) window_.setWindowTitle(title);
+  const QWidget* had_focus = window_.focusWidget();
+  ++depth_;  // the toolkit moves the focus on when its widget is hidden; that is no user's move
   for (const Bound& bound : bound_) {
     bound.binding->Paint();
   }
   for (const auto& [command, action] : actions_) {
     action->setVisible(command->visible);
   }
+  --depth_;
   FollowFocus();
+  if (window_.focusWidget() != had_focus) FocusCame(window_.focusWidget());
 }
 
 void Binder::FollowFocus() {

@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QComboBox>
+#include <QEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QStyle>
@@ -65,9 +66,11 @@ class FieldBinding : public Binding {
     PaintPresence(edit_, field_);
     const QString text = ToQt(field_.text);
     if (edit_.text() != text) {
-      const int cursor = edit_.cursorPosition();
+      // A character was refused, or taken as another one.
+      const auto longer = static_cast<int>(text.size() - edit_.text().size());
+      const int cursor = edit_.cursorPosition() + longer;
       edit_.setText(text);
-      if (edit_.hasFocus()) edit_.setCursorPosition(cursor - 1);
+      if (edit_.hasFocus()) edit_.setCursorPosition(cursor);
     }
     if (edit_.isReadOnly() != field_.locked) {
       edit_.setReadOnly(field_.locked);
@@ -181,6 +184,14 @@ class ChoiceBinding : public Binding {
   ChoiceBinding(Choice& choice, QComboBox& box, const Act& act) : choice_(choice), box_(box) {
     connect(&box, &QComboBox::activated, this,
             [&choice, act](int position) { act([&] { choice.Select(position); }); });
+    box.installEventFilter(this);
+  }
+
+  // The wheel scrolls what stands around; a choice is made by opening the list or by keys.
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() != QEvent::Wheel) return Binding::eventFilter(watched, event);
+    event->ignore();
+    return true;
   }
 
   void Paint() override {

@@ -76,6 +76,7 @@ void FrmLiquid::LeaveNewMode() {
 }
 
 void FrmLiquid::SetFields(bool open) {
+  LblWater.visible = !open;
   for (Field* field : {&TxtMeanT, &TxtDensity, &Txtnee}) {
     field->Show("");
     field->locked = !open;

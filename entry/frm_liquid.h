@@ -17,6 +17,9 @@ class FrmLiquid : public Form {
   void Load() override;
 
   List LstLiquid{*this, "LstLiquid"};
+  Label LblWater{*this, "LblWater",
+                 "Του νερού η πυκνότητα και το ιξώδες υπολογίζονται από τη θερμοκρασία της "
+                 "μελέτης."};
   Field TxtNewLiquid{*this, "TxtNewLiquid"};
   Field TxtMeanT{*this, "TxtMeanT", KeyFamily::kSignedWhole};
   Field TxtDensity{*this, "TxtDensity", KeyFamily::kUnsignedDecimal};

@@ -1,5 +1,7 @@
 #include "form/field.h"
 
+#include <algorithm>
+
 #include "study/codepage.h"
 
 namespace kalvo {
@@ -9,7 +11,21 @@ constexpr std::size_t kLongestNumber = 15;
 
 bool IsDigit(char32_t character) { return character >= U'0' && character <= U'9'; }
 
+bool IsSeparator(char character) { return character == '.' || character == ','; }
+
+bool IsDecimal(KeyFamily family) {
+  return family == KeyFamily::kSignedDecimal || family == KeyFamily::kUnsignedDecimal;
+}
+
+// How many bytes `left` and `right` share at their beginnings, at most `limit`.
+std::size_t SharedStart(std::string_view left, std::string_view right, std::size_t limit) {
+  std::size_t shared = 0;
+  while (shared < limit && left[shared] == right[shared]) ++shared;
+  return shared;
+}
+
 bool FamilyTakes(KeyFamily family, char32_t character, Separators separators) {
+  if (family == KeyFamily::kPath) return character >= U' ' && character != 0x7F;
   if (family == KeyFamily::kText) {
     return character >= U' ' && character != 0x7F && CodePageByte(character).has_value();
   }
@@ -22,9 +38,7 @@ bool FamilyTakes(KeyFamily family, char32_t character, Separators separators) {
 }  // namespace
 
 Field::Field(Form& form, std::string_view name, KeyFamily key_family)
-    : Control(form, name),
-      family(key_family),
-      max_bytes(key_family == KeyFamily::kText ? 0 : kLongestNumber) {}
+    : Control(form, name), family(key_family), max_bytes(numeric() ? kLongestNumber : 0) {}
 
 std::string Field::Trimmed() const {
   const std::size_t first = text.find_first_not_of(' ');
@@ -37,6 +51,31 @@ bool Field::Takes(std::string_view typed, Separators separators) const {
     if (!FamilyTakes(family, TakeCharacter(typed), separators)) return false;
   }
   return true;
+}
+
+std::string Field::AsTyped(std::string_view piece, Separators separators) const {
+  std::string typed(piece);
+  if (IsDecimal(family) && std::ranges::count_if(typed, IsSeparator) == 1) {
+    std::ranges::replace_if(typed, IsSeparator, separators.decimal);
+  }
+  return typed;
+}
+
+// The edit as the field takes it: of a text whose middle is new, that is taken as typed.
+std::string Field::Edited(std::string_view typed, Separators separators) const {
+  const std::size_t limit = std::min(text.size(), typed.size());
+  const std::size_t start = SharedStart(text, typed, limit);
+  const std::string old_back(text.rbegin(), text.rend());
+  const std::string new_back(typed.rbegin(), typed.rend());
+  const std::size_t end = SharedStart(old_back, new_back, limit - start);
+  const std::string_view middle = typed.substr(start, typed.size() - start - end);
+  std::string edited(typed.substr(0, start));
+  // A pasted number with thousands stays as it is, to be refused.
+  const bool one_key = middle.size() == 1;
+  const bool one_separator = std::ranges::count_if(typed, IsSeparator) == 1;
+  edited += one_key || one_separator ? AsTyped(middle, separators) : std::string(middle);
+  edited += typed.substr(typed.size() - end);
+  return edited;
 }
 
 void Field::Show(std::string_view shown) {
@@ -65,7 +104,8 @@ Field::Leave Field::TryLeave(Separators separators) {
   return !on_leave || on_leave() ? Leave::kYes : Leave::kNo;
 }
 
-bool Field::TypeText(std::string_view typed, Separators separators) {
+bool Field::TypeText(std::string_view given, Separators separators) {
+  const std::string typed = Edited(given, separators);
   if (!CanEdit() || typed == text) return CanEdit();
   // A text that stood there before, such as a number with thousands, may be shortened.
   const bool shortened = text.find(typed) != std::string::npos;

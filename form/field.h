@@ -10,8 +10,9 @@
 
 namespace kalvo {
 
-/// Which characters a field takes; any other key becomes nothing.
-enum class KeyFamily { kText, kSignedDecimal, kUnsignedDecimal, kSignedWhole };
+/// Which characters a field takes; any other key becomes nothing. Texts are of the code page, paths
+/// of any characters.
+enum class KeyFamily { kText, kPath, kSignedDecimal, kUnsignedDecimal, kSignedWhole };
 
 /// A text that the user can type. Its text is UTF-8. What the user does comes in through the
 /// members Type... and Press...; what the form does is plain assignment.
@@ -31,7 +32,9 @@ class Field : public Control {
   std::function<void()> on_change;  ///< after each edit
   std::function<bool()> on_leave;   ///< false: the focus stays
 
-  [[nodiscard]] bool numeric() const { return family != KeyFamily::kText; }
+  [[nodiscard]] bool numeric() const {
+    return family != KeyFamily::kText && family != KeyFamily::kPath;
+  }
   /// True when the user changed the text since the form last showed one.
   [[nodiscard]] bool edited() const { return edited_; }
   [[nodiscard]] bool CanEdit() const { return visible && enabled && !locked; }
@@ -40,6 +43,10 @@ class Field : public Control {
 
   /// True when every character of `typed` may stand in the field.
   [[nodiscard]] bool Takes(std::string_view typed, Separators separators) const;
+
+  /// What the user types, as it comes into the field: in decimal numbers both "." and "," are the
+  /// decimal separator.
+  [[nodiscard]] std::string AsTyped(std::string_view piece, Separators separators) const;
 
   /// The form shows a text; the user has not edited it.
   void Show(std::string_view shown);
@@ -55,13 +62,15 @@ class Field : public Control {
 
   /// The user's edit has made the text this. False, and nothing changes, when a character is not
   /// the field's or the text is too long.
-  bool TypeText(std::string_view typed, Separators separators);
+  bool TypeText(std::string_view given, Separators separators);
 
   /// The focus comes: a numeric field loses its thousands separators, and the whole text is
   /// selected.
   void Enter(Separators separators);
 
  private:
+  [[nodiscard]] std::string Edited(std::string_view typed, Separators separators) const;
+
   bool edited_ = false;
   float value_ = 0;
   bool has_value_ = false;

@@ -95,7 +95,7 @@ bool Form::PressInField(Field& field, const Key& key) {
   if (!key.IsText() || key.character == 0) return false;
   std::string typed;
   AppendUtf8(typed, key.character);
-  return !field.CanEdit() || !field.Takes(typed, desk.separators);
+  return !field.CanEdit() || !field.Takes(field.AsTyped(typed, desk.separators), desk.separators);
 }
 
 bool Form::PressPart(Control* part) {

@@ -12,7 +12,7 @@ class FrmFF : public Form {
 
   void Load() override;
 
-  Field TxtFolder{*this, "TxtFolder"};
+  Field TxtFolder{*this, "TxtFolder", KeyFamily::kPath};
   Command Cmd_NewFolder;
   List DirList{*this, "DirList"};
   Command Cmd_Exit;

@@ -16,6 +16,14 @@ namespace {
 
 namespace fs = std::filesystem;
 
+constexpr std::string_view kNoFolder = "Ο φάκελος δεν υπάρχει";
+
+// "..", "a/.." or "a/" cannot be a file's name.
+bool NamesFolder(const fs::path& path) {
+  const fs::path name = path.filename();
+  return name.empty() || name == "." || name == "..";
+}
+
 // True when `name` is what the mask describes; "*" stands for any run of characters.
 bool FitsMask(std::string_view name, std::string_view mask) {
   const std::size_t star = mask.find('*');
@@ -109,12 +117,27 @@ void FrmFileOS::Confirm() {
   }
   fs::path path = PathFromText(typed);
   if (!path.is_absolute()) path = folder_ / path;
+  if (NamesFolder(path)) {
+    GoTo((path / "").lexically_normal().parent_path());
+    return;
+  }
   if (Saving()) {
     ConfirmSave(WithExtension(path, bench.study.system_kind));
   } else {
     const bool whole = KindOfName(path.filename().string()) != SystemKind::kNone;
     ConfirmOpen(whole ? path : WithExtension(path, bench.study.system_kind));
   }
+}
+
+void FrmFileOS::GoTo(const fs::path& folder) {
+  const auto status = bench.workspace.outer_disk().Status(folder);
+  if (status && status->is_folder) {
+    ShowFolder(folder);
+    TxtFileName.Show("");
+  } else {
+    TellError(bench, {folder, std::string(kNoFolder)});
+  }
+  Focus(TxtFileName);
 }
 
 void FrmFileOS::ConfirmOpen(const fs::path& path) {
@@ -130,6 +153,11 @@ void FrmFileOS::ConfirmOpen(const fs::path& path) {
 void FrmFileOS::ConfirmSave(const fs::path& path) {
   const Disk& disk = bench.workspace.outer_disk();
   const fs::path entry = AsInFolder(disk, path);
+  if (!disk.Exists(entry.parent_path())) {
+    TellError(bench, {entry.parent_path(), std::string(kNoFolder)});
+    Focus(TxtFileName);
+    return;
+  }
   const auto status = disk.Status(entry);
   if (status && status->is_folder) {
     TellError(bench, {entry, "Υπάρχει φάκελος με αυτό το όνομα"});

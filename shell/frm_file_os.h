@@ -30,6 +30,7 @@ class FrmFileOS : public Form {
   void ShowFiles();
   void EnterSelectedFolder();
   void Confirm();
+  void GoTo(const std::filesystem::path& folder);
   void ConfirmOpen(const std::filesystem::path& path);
   void ConfirmSave(const std::filesystem::path& path);
   void Choose(const std::filesystem::path& path);

@@ -102,10 +102,18 @@ void FrmMain::Load() {
   EndTitleEntry();
   if (bench.study.fluid_name.empty()) bench.study.fluid_name = kWaterName;
   desk.navigator.Hide(screen::kKind);
+}
+
+// Once the menu shows, so that what is asked has its place.
+void FrmMain::OpenGiven() {
   const std::filesystem::path given = std::exchange(desk.screens.study_argument, {});
-  if (!given.empty() && (!recovered || AskBeforeOpening(desk))) {
-    OpenChosen(desk, given, RecentList::kAdd);
+  if (given.empty()) return;
+  const Disk& disk = bench.workspace.outer_disk();
+  if (!disk.Exists(AsInFolder(disk, given))) {
+    TellError(bench, {given, "Το αρχείο δεν υπάρχει"});
+    return;
   }
+  if (AskBeforeOpening(desk)) OpenChosen(desk, given, RecentList::kAdd);
 }
 
 void FrmMain::FillPipeList() {
@@ -136,6 +144,7 @@ void FrmMain::Activate() {
   screens.returning_from_data = false;
   screens.returning_from_results = false;
   desk.navigator.Hide(screen::kKind);
+  OpenGiven();
 }
 
 bool FrmMain::OtherKey(const Key& key) {
@@ -181,8 +190,8 @@ void FrmMain::DeriveFigures() {
   };
   const bool rows = HasRows();
   LblFlow.text = number(study.TotalFlowM3h, "#,##0.00");
-  LblHead.text = rows && study.PumpHead == 0 ? std::string(kToBeCalculated)
-                                             : number(study.PumpHead, "#,##0.00");
+  const bool head = study.results_valid && study.PumpHead != 0;
+  LblHead.text = rows && !head ? std::string(kToBeCalculated) : number(study.PumpHead, "#,##0.00");
   LblMeanTemp.text = number(study.MeanTemp, "#,##0.0");
   LblMeanVel.text = number(study.MeanVel, "#,##0.0##");
   LblSections.text = rows ? std::to_string(study.SectionCount) : std::string(kUnknown);

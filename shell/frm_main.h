@@ -69,7 +69,11 @@ class FrmMain : public Form {
   void MakeMenus();
   void FillPipeList();
   void ShowTitleEntry();
+  void OpenGiven();
   void EndTitleEntry();
+  /// A command came while the title is typed: it is accepted, an empty one dropped. False: it
+  /// could not be stored.
+  bool SettleTitle();
   void AcceptTitle();
   void OpenGeneralData();
   void Calculate(bool choose_method);

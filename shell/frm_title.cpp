@@ -23,8 +23,8 @@ FrmTitle::FrmTitle(Desk& shared_desk)
 void FrmTitle::GoOn() {
   if (desk.navigator.IsOpen(screen::kKind)) return;
   RecordProgram(bench.workspace.outer_disk(), desk.state_folder, desk.program_folder);
-  desk.navigator.Show(screen::kKind);
   desk.navigator.Close(screen::kTitle);
+  desk.navigator.Show(screen::kKind);
 }
 
 bool FrmTitle::OtherKey(const Key& key) {

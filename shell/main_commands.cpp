@@ -53,7 +53,18 @@ void FrmMain::AcceptTitle() {
   EndTitleEntry();
 }
 
+bool FrmMain::SettleTitle() {
+  if (!TxtThema.visible) return true;
+  if (TxtThema.Trimmed().empty()) {
+    EndTitleEntry();
+  } else {
+    AcceptTitle();
+  }
+  return !TxtThema.visible;
+}
+
 void FrmMain::OpenGeneralData() {
+  if (!SettleTitle()) return;
   if (bench.workspace.Exists(work_file::kRows) && !HasRows()) {
     bench.workspace.Delete(work_file::kRows);
   }
@@ -66,6 +77,7 @@ void FrmMain::OpenGeneralData() {
 }
 
 void FrmMain::Calculate(bool choose_method) {
+  if (!SettleTitle()) return;
   const bool ask = choose_method || bench.study.SystemOpen();
   desk.navigator.ShowWait(kWait);
   const CommandEnd end = kalvo::Calculate(bench, [&](const RunByMethod& run) {
@@ -167,16 +179,16 @@ void FrmMain::RerunAfterChange() {
 void FrmMain::ShowNodes() { ShowNodeReport(desk, false); }
 
 void FrmMain::SaveToFile() {
-  if (NeedsPipes()) SaveStudy(desk);
+  if (SettleTitle() && NeedsPipes()) SaveStudy(desk);
 }
 
 void FrmMain::OpenStudy() {
-  EndTitleEntry();
+  if (!SettleTitle()) return;
   AskToOpen(desk);
 }
 
 void FrmMain::OpenRecent() {
-  EndTitleEntry();
+  if (!SettleTitle()) return;
   if (!HasRecentFiles(bench.workspace)) {
     bench.Ask({std::string(kAttentionTitle), {"... ΔΕΝ υπάρχουν πρόσφατα Αρχεία ..."}, 64});
     return;
@@ -195,6 +207,7 @@ void FrmMain::OpenManual() {
 }
 
 void FrmMain::NewStudy() {
+  if (!SettleTitle()) return;
   if (!AskAboutUnsaved(desk)) return;
   if (!ThrowAwayStudy(desk)) return;
   bench.study.unsaved_changes = false;
@@ -202,6 +215,7 @@ void FrmMain::NewStudy() {
 }
 
 void FrmMain::Leave() {
+  if (!SettleTitle()) return;
   if (!AskAboutUnsaved(desk)) return;
   desk.navigator.ShowWait(kWait);
   const bool gone = ThrowAwayStudy(desk);

@@ -34,7 +34,13 @@ constexpr std::array<std::pair<int, std::string_view>, 13> kReasons = {{
     {EIO, "Σφάλμα του δίσκου"},
 }};
 
-FileError LastError(const fs::path& path) { return {path, ReasonOf(errno)}; }
+// A file that is written beside another one, to take its place, is told of as that one.
+FileError LastError(const fs::path& path) {
+  const std::string name = path.string();
+  if (!name.ends_with(kBesideEnd)) return {path, ReasonOf(errno)};
+  if (errno == ENOENT) return {path.parent_path(), "Ο φάκελος δεν υπάρχει"};
+  return {name.substr(0, name.size() - std::string_view(kBesideEnd).size()), ReasonOf(errno)};
+}
 
 // An open file, closed at the end of the scope.
 class Descriptor {
@@ -98,7 +104,7 @@ Result<std::string> RealDisk::Read(const fs::path& path) const {
 }
 
 Result<std::string> RealDisk::ReadHead(const fs::path& path, std::size_t length) const {
-  const Descriptor file(path, O_RDONLY);
+  const Descriptor file(path, O_RDONLY | O_NONBLOCK);  // a pipe would wait for its writer
   struct stat found {};
   if (!file.is_open() || fstat(file.number(), &found) != 0) {
     return LastError(path);

@@ -33,6 +33,7 @@ bool ElidedLabel::event(QEvent* event) {
 
 void ElidedLabel::paintEvent(QPaintEvent*) {
   QPainter painter(this);
+  drawFrame(&painter);
   style()->drawItemText(&painter, contentsRect(), static_cast<int>(alignment()), palette(),
                         isEnabled(), Elided(*this), foregroundRole());
 }

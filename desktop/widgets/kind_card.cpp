@@ -1,5 +1,6 @@
 #include "desktop/widgets/kind_card.h"
 
+#include <QButtonGroup>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMouseEvent>
@@ -57,6 +58,16 @@ bool KindCard::eventFilter(QObject* watched, QEvent* event) {
     return true;
   }
   return QFrame::eventFilter(watched, event);
+}
+
+// The options of all cards of a window are one choice: arrows move in it, Tab comes to the chosen.
+bool KindCard::event(QEvent* event) {
+  if (event->type() == QEvent::Polish) {
+    auto* choice = window()->findChild<QButtonGroup*>();
+    if (choice == nullptr) choice = new QButtonGroup(window());
+    choice->addButton(option_);
+  }
+  return QFrame::event(event);
 }
 
 void KindCard::mousePressEvent(QMouseEvent*) {

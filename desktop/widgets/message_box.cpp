@@ -2,7 +2,6 @@
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QKeySequence>
 #include <QLabel>
 #include <QPainter>
 #include <QRegularExpression>
@@ -11,6 +10,7 @@
 #include "desktop/icons.h"
 #include "desktop/theme.h"
 #include "desktop/widgets/hint_button.h"
+#include "form/key.h"
 #include "shell/message_style.h"
 
 namespace kalvo {
@@ -183,8 +183,12 @@ void MessageBox::showEvent(QShowEvent* event) {
 
 void MessageBox::keyPressEvent(QKeyEvent* event) {
   for (QPushButton* button : buttons_) {
-    const QKeySequence mnemonic = QKeySequence::mnemonic(button->text());
-    if (!mnemonic.isEmpty() && mnemonic == QKeySequence(Qt::ALT | Qt::Key(event->key()))) {
+    const QString text = button->text();
+    const qsizetype mark = text.indexOf(QLatin1Char('&'));
+    if (mark < 0 || event->key() >= Qt::Key_Escape) continue;
+    // The key counts, whatever the keyboard's layout.
+    if (LatinOnSameKey(text[mark + 1].unicode()) ==
+        LatinOnSameKey(static_cast<char32_t>(event->key()))) {
       button->click();
       return;
     }

@@ -101,6 +101,7 @@ TEST(MessageBox, UnderlinedLettersAnswerWithAltAndWithout) {
     EXPECT_EQ(AnswerToKey(kThreeCancelDefault, kNu, modifier), Answer::kYes);
     EXPECT_EQ(AnswerToKey(kThreeCancelDefault, kChi, modifier), Answer::kNo);
     EXPECT_EQ(AnswerToKey(kThreeCancelDefault, kKappa, modifier), Answer::kCancel);
+    EXPECT_EQ(AnswerToKey(kThreeCancelDefault, Qt::Key_X, modifier), Answer::kNo) << "us layout";
   }
 }
 

@@ -2,15 +2,18 @@
 
 #include <gtest/gtest.h>
 
+#include <QComboBox>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
 #include <QMenu>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QRegularExpression>
 #include <QScrollArea>
 #include <QTest>
+#include <QWheelEvent>
 #include <memory>
 #include <optional>
 
@@ -136,6 +139,41 @@ TEST(AllScreens, OneThatClosesItselfOutlivesTheActionThatTells) {
   sheet.findChild<QPushButton*>("SSCommand1")->click();
   EXPECT_FALSE(desk.windows.IsOpen(screen::kResultsSheet));
   EXPECT_TRUE(desk.windows.IsOpen(screen::kResults));
+}
+
+TEST(MainWindow, GivesTheKeysBackToWhereTheyWereAfterTheTitle) {
+  CalculatedDesk desk(KALVO_SAMPLES_DIR "/hotel.PCK");
+  desk.study.study.recovery = true;
+  QWidget& menu = desk.Open(screen::kMain, {1244, 700});
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&menu));
+  menu.findChild<QPushButton*>("CmdLiquid")->setFocus();
+  QTest::keyClick(menu.focusWidget(), Qt::Key_F2);
+  EXPECT_EQ(menu.focusWidget()->objectName().toStdString(), "TxtThema");
+  QTest::keyClick(menu.focusWidget(), Qt::Key_Return);
+  EXPECT_EQ(menu.focusWidget()->objectName().toStdString(), "CmdLiquid");
+}
+
+TEST(MainWindow, KeepsItsPipesUnderTheWheel) {
+  CalculatedDesk desk(KALVO_SAMPLES_DIR "/hotel.PCK");
+  desk.study.study.recovery = true;
+  const QWidget& menu = desk.Open(screen::kMain, {1244, 700});
+  auto* pipes = menu.findChild<QComboBox*>("Cbo_PipeKind");
+  const int before = pipes->currentIndex();
+  QWheelEvent notch({5, 5}, pipes->mapToGlobal(QPointF(5, 5)), {}, {0, -120}, {}, {},
+                    Qt::NoScrollPhase, false);
+  QApplication::sendEvent(pipes, &notch);
+  EXPECT_EQ(pipes->currentIndex(), before);
+}
+
+TEST(KindWindow, ChoosesByArrowsAndGoesOnWithWhatIsChosen) {
+  ShownDesk desk;
+  desk.windows.Show(screen::kKind);
+  QWidget* window = desk.windows.WindowOf(screen::kKind);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window));
+  QTest::keyClick(window->focusWidget(), Qt::Key_Right);
+  EXPECT_EQ(window->focusWidget()->objectName().toStdString(), "SSOption2");
+  EXPECT_TRUE(desk.Part<QRadioButton>(screen::kKind, "SSOption2").isChecked());
+  EXPECT_EQ(desk.test.study.system_kind, SystemKind::kOpen);
 }
 
 TEST(MenuOfAField, IsGreek) {

@@ -45,7 +45,7 @@ TEST_F(FluidForm, TakesOnlyTheKeysOfAField) {
   form.LstLiquid.Select(1);
   TypeInto(form, form.TxtMeanT, "-1,5a2");
   EXPECT_EQ(form.TxtMeanT.text, "-152");
-  TypeInto(form, form.TxtDensity, "-1.0,5");
+  TypeInto(form, form.TxtDensity, "-10.5");
   EXPECT_EQ(form.TxtDensity.text, "10,5");
   EXPECT_FALSE(PasteInto(form, form.TxtDensity, "12 kg"));
   EXPECT_EQ(form.TxtDensity.text, "10,5");

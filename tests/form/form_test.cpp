@@ -34,6 +34,20 @@ TEST_F(FormRules, AFieldThatMustNotBeLeftKeepsTheFocusAndStopsCommands) {
   EXPECT_EQ(form.left, 1) << "leaving without accepting is always possible";
 }
 
+TEST_F(FormRules, PointAndCommaBothTypeTheDecimalSeparator) {
+  for (const char* typed : {"60.5", "60,5"}) {
+    TypeInto(form, form.temperature, typed);
+    EXPECT_EQ(form.temperature.text, "60,5");
+    EXPECT_TRUE(PasteInto(form, form.temperature, typed));
+    EXPECT_EQ(form.temperature.text, "60,5");
+  }
+  form.Type(form.temperature, "60,.5");
+  EXPECT_EQ(form.temperature.text, "60,,5") << "told of when the field is left";
+  EXPECT_FALSE(PasteInto(form, form.temperature, "1.234,5"));
+  TypeInto(form, form.title_text, "1.5");
+  EXPECT_EQ(form.title_text.text, "1.5");
+}
+
 TEST_F(FormRules, KeysOfTheGreekLayoutReachTheCommandOnTheSameKey) {
   EXPECT_EQ(LatinOnSameKey(U'ψ'), U'C');
   EXPECT_EQ(LatinOnSameKey(U'Σ'), U'S');

@@ -66,6 +66,20 @@ TEST_F(MainMenu, TakesATitleIntoEveryRowAndKeepsTheFocusOnAnEmptyOne) {
   EXPECT_FALSE(PasteInto(form, form.TxtThema, std::string(79, 'x')));
 }
 
+TEST_F(MainMenu, TakesTheTitleBeingTypedBeforeACommandRuns) {
+  PutStudy();
+  Click(form, form.Cmd_Thema);
+  TypeInto(form, form.TxtThema, "Νέος τίτλος");
+  navigator.Expect(screen::kFiles, [&] { EXPECT_EQ(test.Row(1).Thema.Utf8(), "Νέος τίτλος"); });
+  form.Press(Ctrl('S'));
+  EXPECT_FALSE(form.TxtThema.visible);
+  Click(form, form.Cmd_Thema);
+  TypeInto(form, form.TxtThema, "");
+  navigator.Expect(screen::kGeneralData, [] {});
+  form.Press(Ctrl('G'));
+  EXPECT_EQ(test.study.study_title, "Νέος τίτλος");
+}
+
 TEST_F(MainMenu, SaysWhyACommandCannotRun) {
   test.study.pipe_system_number = 1;
   Click(form, form.Cmd_Calc);
@@ -151,8 +165,10 @@ TEST_F(MainMenu, OpensAFileGivenAtStartAfterAskingAboutAStudyBroughtBack) {
   PutStudy();
   test.study.recovery = test.study.unsaved_changes = true;
   desk.screens.study_argument = "/studies/x.PCK";
-  test.prompter.Expect(130, Answer::kCancel);
+  ASSERT_TRUE(test.outer_disk.Write("/studies/x.PCK", "x").ok());
   form.Load();
+  test.prompter.Expect(130, Answer::kCancel);
+  form.Activate();
   EXPECT_TRUE(test.workspace.HasBytes(work_file::kRows));
   EXPECT_TRUE(desk.screens.study_argument.empty());
 }
@@ -330,7 +346,7 @@ TEST(TitleScreen, GoesOnOnceByKeyOrTime) {
   EXPECT_FALSE(form.Press(Key{KeyCode::kCharacter, 0, false, true, false})) << "Shift alone";
   form.Press(Typed(U'α'));
   form.Run(*form.runs_by_itself);
-  EXPECT_EQ(desk.navigator.log, (std::vector<std::string>{"show FrmKind", "close FrmTitle"}));
+  EXPECT_EQ(desk.navigator.log, (std::vector<std::string>{"close FrmTitle", "show FrmKind"}));
 }
 
 }  // namespace

@@ -160,6 +160,24 @@ TEST_F(FileDialog, AddsTheExtensionAndChecksThatTheFileIsThere) {
   EXPECT_EQ(desk.screens.chosen_file, kFolder / "Κτίριο Α.1.PCK");
 }
 
+TEST_F(FileDialog, GoesToAFolderThatIsNamedAndSavesIntoNoneThatIsMissing) {
+  desk.screens.file_mode = FileDialogMode::kSave;
+  FrmFileOS form(desk);
+  form.Load();
+  TypeInto(form, form.TxtFileName, "2026/");
+  Click(form, form.CmdOK);
+  EXPECT_EQ(form.LblFolder.text, "/studies/2026");
+  TypeInto(form, form.TxtFileName, "..");
+  Click(form, form.CmdOK);
+  EXPECT_EQ(form.LblFolder.text, "/studies");
+  for (const char* name : {"gone/", "gone/new"}) {
+    TypeInto(form, form.TxtFileName, name);
+    Click(form, form.CmdOK);
+    EXPECT_NE(test.prompter.boxes().back().lines[0].find("/studies/gone"), std::string::npos);
+  }
+  EXPECT_TRUE(desk.screens.chosen_file.empty());
+}
+
 TEST_F(FileDialog, AsksBeforeItReplacesAndMoreSoWhenAnotherHasReplacedTheStudy) {
   ASSERT_TRUE(OpenChosen(desk, kFolder / "hotel.PCK", RecentList::kLeave));
   desk.screens.file_mode = FileDialogMode::kSave;

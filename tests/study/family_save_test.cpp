@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -224,6 +225,7 @@ TEST(SaveOnAFullDisk, FailsByNameAndLeavesTheOldStudy) {
       setrlimit(RLIMIT_FSIZE, &limit);
       const Outcome saved = DiskStudy(place).Save("Νέα");
       const bool named = !saved && saved.error().file.parent_path() == place.studies() &&
+                         !saved.error().file.string().ends_with(kBesideEnd) &&
                          saved.error().reason == "Το αρχείο ξεπερνά το επιτρεπτό μέγεθος";
       return named ? 0 : 1;
     });
@@ -232,6 +234,18 @@ TEST(SaveOnAFullDisk, FailsByNameAndLeavesTheOldStudy) {
   }
   ASSERT_TRUE(DiskStudy(place).Save("Νέα").ok());
   EXPECT_EQ(DiskStudy(place).LoadedTitle(), "Νέα");
+}
+
+TEST(OnTheDisk, AMissingFolderIsNamedAndAPipeIsNoFile) {
+  const DiskBench place;
+  RealDisk disk;
+  const Outcome written = ReplaceFile(disk, place.studies() / "gone/a.PCK", "x");
+  ASSERT_FALSE(written.ok());
+  EXPECT_EQ(written.error().file, place.studies() / "gone");
+  EXPECT_EQ(written.error().reason, "Ο φάκελος δεν υπάρχει");
+  const fs::path pipe = place.studies() / "pipe.PCK";
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  EXPECT_EQ(disk.Read(pipe).error().reason, "Δεν είναι κανονικό αρχείο");
 }
 
 }  // namespace
