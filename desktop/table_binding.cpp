@@ -1,9 +1,11 @@
 #include <QClipboard>
+#include <QEvent>
 #include <QFontMetrics>
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QListView>
 #include <QTableView>
+#include <numeric>
 
 #include "desktop/binding.h"
 #include "desktop/grid_model.h"
@@ -89,6 +91,10 @@ class GridBinding : public Binding {
       if (grid_.on_activate) act(grid_.on_activate);
     });
     head_->setSectionsClickable(true);
+    if (view.property("fillsWidth").toBool()) {
+      view.viewport()->installEventFilter(this);
+      connect(head_, &QHeaderView::sectionResized, this, [this] { by_user_ = !sharing_; });
+    }
     connect(head_, &QHeaderView::sectionClicked, this,
             [this, act](int column) { act([&] { grid_.CycleSort(column); }); });
   }
@@ -110,6 +116,11 @@ class GridBinding : public Binding {
     painting_ = false;
   }
   [[nodiscard]] QWidget* widget() const override { return &view_; }
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::Resize && !by_user_) ShareWidths();
+    return Binding::eventFilter(watched, event);
+  }
 
   bool Copy() override {
     std::vector<GridPlace> places;
@@ -152,11 +163,26 @@ class GridBinding : public Binding {
     widths_ = grid_.width_revision();
     columns_ = grid_.column_count();
     DressColumns();
+    by_user_ = false;
+    ShareWidths();
+  }
+
+  // The columns' own widths; where the table is to fill its place, each takes its part of what is
+  // left, until the user sets one.
+  void ShareWidths() {
     const int digit = view_.fontMetrics().horizontalAdvance(QLatin1Char('0'));
-    for (int column = 0; column < columns_; ++column) {
-      view_.setColumnWidth(
-          column, grid_.columns()[static_cast<std::size_t>(column)].width * digit + kCellMargin);
+    std::vector<int> widths;
+    for (const GridColumn& column : grid_.columns()) {
+      widths.push_back(column.width * digit + kCellMargin);
     }
+    const int whole = std::accumulate(widths.begin(), widths.end(), 0);
+    const bool fills = view_.property("fillsWidth").toBool();
+    const int room = fills ? std::max(view_.viewport()->width(), whole) : whole;
+    sharing_ = true;
+    for (std::size_t column = 0; column < widths.size(); ++column) {
+      view_.setColumnWidth(static_cast<int>(column), widths[column] * room / whole);
+    }
+    sharing_ = false;
   }
 
   Grid& grid_;
@@ -165,6 +191,8 @@ class GridBinding : public Binding {
   StackedHeader* head_ = nullptr;
   SheetDelegate cells_delegate_;
   DiameterDelegate chips_delegate_;
+  bool by_user_ = false;  ///< the user has set a column's width
+  bool sharing_ = false;
   int shape_ = -1;
   int cells_ = -1;
   int widths_ = -1;
