@@ -232,6 +232,10 @@ bool Binder::KeyPressed(QObject* watched, const QKeyEvent& event) {
   bool taken = false;
   Do([&] { taken = form_.Press(key); });
   if (taken) return true;
+  if (key == Shift(KeyCode::kF10) && !form_.popup.entries.empty()) {
+    ShowPopup(window_.mapToGlobal(window_.rect().center()));
+    return true;
+  }
   Binding* binding = BindingOf(focus);
   return IsCopy(event) && binding != nullptr && binding->Copy();
 }
