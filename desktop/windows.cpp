@@ -92,6 +92,7 @@ void Windows::Front(Open& open) {
   open.window->show();
   open.window->raise();
   open.window->activateWindow();
+  open.binder->Paint();  // the keys stand where the form wants them before it acts
   open.form->Activate();
   open.binder->Paint();
 }

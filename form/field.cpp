@@ -55,6 +55,10 @@ bool Field::Takes(std::string_view typed, Separators separators) const {
 
 std::string Field::AsTyped(std::string_view piece, Separators separators) const {
   std::string typed(piece);
+  if (numeric() && typed.size() > 1) {  // a number is copied with the blanks around it
+    typed.erase(typed.find_last_not_of(" \t\r\n") + 1);
+    typed.erase(0, typed.find_first_not_of(" \t\r\n"));
+  }
   if (IsDecimal(family) && std::ranges::count_if(typed, IsSeparator) == 1) {
     std::ranges::replace_if(typed, IsSeparator, separators.decimal);
   }
@@ -73,7 +77,8 @@ std::string Field::Edited(std::string_view typed, Separators separators) const {
   // A pasted number with thousands stays as it is, to be refused.
   const bool one_key = middle.size() == 1;
   const bool one_separator = std::ranges::count_if(typed, IsSeparator) == 1;
-  edited += one_key || one_separator ? AsTyped(middle, separators) : std::string(middle);
+  edited += one_key || one_separator || !IsDecimal(family) ? AsTyped(middle, separators)
+                                                           : std::string(middle);
   edited += typed.substr(typed.size() - end);
   return edited;
 }

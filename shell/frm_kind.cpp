@@ -54,6 +54,7 @@ void FrmKind::ShowChoice() {
 void FrmKind::Choose(SystemKind kind) {
   bench.study.system_kind = kind;
   ShowChoice();
+  Focus(SSOption1.on ? SSOption1 : SSOption2);
 }
 
 bool FrmKind::SettleLeftOvers() {

@@ -19,7 +19,7 @@ bool IsSelected(const QStyleOptionViewItem& option) {
   return option.state.testFlag(QStyle::State_Selected);
 }
 
-// The current cell keeps its ring while the keyboard is elsewhere in the window.
+// The current cell keeps a thin frame while the keyboard is elsewhere in the window.
 bool IsCurrent(const QStyleOptionViewItem& option, const QModelIndex& index) {
   const auto* view = qobject_cast<const QAbstractItemView*>(option.widget);
   return view != nullptr && view->currentIndex() == index;
@@ -54,7 +54,8 @@ void SheetDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     painter->drawLine(x, option.rect.top(), x, option.rect.bottom() + 1);
   }
   if (IsCurrent(option, index)) {
-    painter->setPen(QPen(theme.primary, 2));
+    const bool has_keys = option.widget->hasFocus();
+    painter->setPen(has_keys ? QPen(theme.primary, 2) : QPen(theme.border, 1));
     painter->drawRect(QRectF(option.rect).adjusted(1, 1, -1, -1));
   }
   painter->restore();

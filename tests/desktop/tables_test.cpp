@@ -3,6 +3,7 @@
 
 #include <QStandardItemModel>
 #include <QTableView>
+#include <QTest>
 
 #include "desktop/theme.h"
 #include "desktop/widgets/cell_roles.h"
@@ -102,8 +103,13 @@ TEST(Cells, DiameterIsAChipInTheCellsOwnColour) {
   EXPECT_EQ(CellPixel(sheet, 0, 2, {1, 13}), kLightTheme.surface);
 }
 
-TEST(Cells, CurrentCellHasARing) {
+TEST(Cells, CurrentCellHasARingWhileTheTableHasTheKeys) {
   Sheet sheet;
+  EXPECT_NE(CellPixel(sheet, 0, 1, {0, 13}), kLightTheme.primary);
+  sheet.table.window()->show();
+  sheet.table.window()->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(sheet.table.window()));
+  sheet.table.setFocus();
   EXPECT_EQ(CellPixel(sheet, 0, 1, {0, 13}), kLightTheme.primary);
   EXPECT_NE(CellPixel(sheet, 1, 1, {0, 13}), kLightTheme.primary);
 }

@@ -44,6 +44,8 @@ TEST_F(FormRules, PointAndCommaBothTypeTheDecimalSeparator) {
   form.Type(form.temperature, "60,.5");
   EXPECT_EQ(form.temperature.text, "60,,5") << "told of when the field is left";
   EXPECT_FALSE(PasteInto(form, form.temperature, "1.234,5"));
+  EXPECT_TRUE(PasteInto(form, form.temperature, " 12.5\n"));
+  EXPECT_EQ(form.temperature.text, "12,5");
   TypeInto(form, form.title_text, "1.5");
   EXPECT_EQ(form.title_text.text, "1.5");
 }
