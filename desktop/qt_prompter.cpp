@@ -17,11 +17,7 @@ Answer QtPrompter::Ask(const Box& box) {
     sound_.Beep();
   }
   if (on_box_) on_box_(true);
-  // Work that is under way waits for the user: the cursor must not say otherwise.
-  const bool waiting = QApplication::overrideCursor() != nullptr;
-  if (waiting) QApplication::setOverrideCursor(Qt::ArrowCursor);
   const Answer answer = MessageBox::Show(box, QApplication::activeWindow());
-  if (waiting) QApplication::restoreOverrideCursor();
   if (on_box_) on_box_(false);
   return answer;
 }

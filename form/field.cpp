@@ -17,13 +17,6 @@ bool IsDecimal(KeyFamily family) {
   return family == KeyFamily::kSignedDecimal || family == KeyFamily::kUnsignedDecimal;
 }
 
-// How many bytes `left` and `right` share at their beginnings, at most `limit`.
-std::size_t SharedStart(std::string_view left, std::string_view right, std::size_t limit) {
-  std::size_t shared = 0;
-  while (shared < limit && left[shared] == right[shared]) ++shared;
-  return shared;
-}
-
 bool FamilyTakes(KeyFamily family, char32_t character, Separators separators) {
   if (family == KeyFamily::kPath) return character >= U' ' && character != 0x7F;
   if (family == KeyFamily::kText) {
@@ -67,19 +60,18 @@ std::string Field::AsTyped(std::string_view piece, Separators separators) const 
 
 // The edit as the field takes it: of a text whose middle is new, that is taken as typed.
 std::string Field::Edited(std::string_view typed, Separators separators) const {
-  const std::size_t limit = std::min(text.size(), typed.size());
-  const std::size_t start = SharedStart(text, typed, limit);
-  const std::string old_back(text.rbegin(), text.rend());
-  const std::string new_back(typed.rbegin(), typed.rend());
-  const std::size_t end = SharedStart(old_back, new_back, limit - start);
-  const std::string_view middle = typed.substr(start, typed.size() - start - end);
-  std::string edited(typed.substr(0, start));
+  const auto shared = static_cast<std::ptrdiff_t>(std::min(text.size(), typed.size()));
+  const auto start = std::mismatch(typed.begin(), typed.begin() + shared, text.begin()).first;
+  const auto left = shared - (start - typed.begin());
+  const auto end = std::mismatch(typed.rbegin(), typed.rbegin() + left, text.rbegin()).first.base();
+  const std::string_view middle(start, end);
+  std::string edited(typed.begin(), start);
   // A pasted number with thousands stays as it is, to be refused.
   const bool one_key = middle.size() == 1;
   const bool one_separator = std::ranges::count_if(typed, IsSeparator) == 1;
   edited += one_key || one_separator || !IsDecimal(family) ? AsTyped(middle, separators)
                                                            : std::string(middle);
-  edited += typed.substr(typed.size() - end);
+  edited.append(end, typed.end());
   return edited;
 }
 

@@ -14,7 +14,6 @@ namespace kalvo {
 namespace {
 
 constexpr const char* kPattern = "#,##0.0";
-constexpr Key kCtrlAltShift = {KeyCode::kCharacter, 0, true, true, true};
 constexpr std::size_t kRuleWidth = 52;
 constexpr int kInformation = 64;
 
@@ -38,8 +37,9 @@ FrmRes::FrmRes(Desk& shared_desk)
       CmdBack(*this, "CmdBack", "Επιστροφή",
               [this] { GoBack(desk, screen::kResults, [this] { ShowRow(); }); },
               {Plain(KeyCode::kEscape)}),
-      SSCommand1(*this, "SSCommand1", " ΕΜΦΑΝΙΣΗ ΤΩΝ ΣΩΛΗΝΩΝ, ΣΕ ΜΟΡΦΗ SpreadSheet ",
-                 [this] { ShowSheet(); }, {Shift(KeyCode::kF12), kCtrlAltShift}),
+      SSCommand1(
+          *this, "SSCommand1", " ΕΜΦΑΝΙΣΗ ΤΩΝ ΣΩΛΗΝΩΝ, ΣΕ ΜΟΡΦΗ SpreadSheet ",
+          [this] { ShowSheet(); }, OtherViewKeys()),
       CmdSound(*this, "CmdSound", "On-Off Ήχων", [this] { ChkSoundR.Set(!ChkSoundR.on); }) {
   for (Field* field : {&TxtName, &TxtLength, &TxtNomiDiam, &TxtWaterFlow, &TxtVelocity,
                        &TxtTotalDrop, &TxtAvaiPres}) {

@@ -11,12 +11,6 @@
 #include "results/results_session.h"
 
 namespace kalvo {
-namespace {
-
-constexpr Key kCtrlAltShift = {KeyCode::kCharacter, 0, true, true, true};
-
-}  // namespace
-
 FrmRes_Sheet::FrmRes_Sheet(Desk& shared_desk)
     : Form(shared_desk),
       CmdDiff(*this, "CmdDiff", "Δυσμεν. Κλαδος", [this] { ShowCriticalBranch(bench); }),
@@ -27,8 +21,9 @@ FrmRes_Sheet::FrmRes_Sheet(Desk& shared_desk)
       Cmd_Back(*this, "Cmd_Back", " Επιστροφή στο Βασικό Menu ",
                [this] { GoBack(desk, screen::kResultsSheet, [this] { ShowRows(); }); },
                {Plain(KeyCode::kEscape)}),
-      SSCommand1(*this, "SSCommand1", " ΕΜΦΑΝΙΣΗ ΕΝΟΣ ΤΜΗΜΑΤΟΣ ΣΩΛΗΝΟΣ, ΑΝΑ ΦΟΡΜΑ ",
-                 [this] { ShowOne(); }, {Shift(KeyCode::kF12), kCtrlAltShift}) {
+      SSCommand1(
+          *this, "SSCommand1", " ΕΜΦΑΝΙΣΗ ΕΝΟΣ ΤΜΗΜΑΤΟΣ ΣΩΛΗΝΟΣ, ΑΝΑ ΦΟΡΜΑ ", [this] { ShowOne(); },
+          OtherViewKeys()) {
   ChkCritical.on = true;
   ChkCritical.on_toggle = [this] { MarkCritical(); };
   fpSpread1.row_noun = "Τμήμα";

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "form/desk.h"
+#include "form/key.h"
 
 namespace kalvo {
 
@@ -12,6 +13,11 @@ namespace kalvo {
 /// with which it began.
 
 constexpr std::string_view kWaitText = "... Παρακαλώ, Περιμένετε ...";
+
+/// What leads from one view to the other: Shift+F12, or Ctrl, Alt and Shift pressed alone.
+inline std::vector<Key> OtherViewKeys() {
+  return {Shift(KeyCode::kF12), {KeyCode::kCharacter, 0, true, true, true}};
+}
 
 /// All rows; their count and `SingleSection` go into the study. Error: there is none, or the file
 /// cannot be read.
