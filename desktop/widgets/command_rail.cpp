@@ -13,7 +13,7 @@ namespace {
 constexpr int kWidth = 232;  // at least
 constexpr int kIconsWidth = 48;
 constexpr int kMargin = 10;
-constexpr int kIconsMargin = 4;
+constexpr int kIconsMargin = 3;  // and the card's edge
 
 }  // namespace
 

@@ -4,6 +4,8 @@
 
 #include <QApplication>
 #include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
 
 #include "desktop/windows.h"
 #include "engine/calculation_command.h"
@@ -36,12 +38,21 @@ struct CalculatedDesk {
   }
 };
 
-/// No label is narrower or lower than its text.
+/// No label is narrower or lower than its text, no field or button lower than it must be.
 inline void ExpectNothingClipped(const QWidget& window) {
   for (const QLabel* label : window.findChildren<QLabel*>()) {
     if (!label->isVisible() || label->wordWrap()) continue;
     EXPECT_GE(label->width(), label->minimumSizeHint().width()) << label->text().toStdString();
     EXPECT_GE(label->height(), label->minimumSizeHint().height()) << label->text().toStdString();
+  }
+  for (const QWidget* widget : window.findChildren<QWidget*>()) {
+    const bool operable = qobject_cast<const QLineEdit*>(widget) != nullptr ||
+                          qobject_cast<const QPushButton*>(widget) != nullptr;
+    if (!operable || !widget->isVisible()) continue;
+    EXPECT_GE(widget->height(), widget->minimumSizeHint().height())
+        << widget->objectName().toStdString();
+    EXPECT_GE(widget->width(), widget->minimumSizeHint().width())
+        << widget->objectName().toStdString();
   }
 }
 

@@ -104,6 +104,10 @@ TEST_P(AllScreensIn, ShowACalculatedStudyWhole) {
     SCOPED_TRACE(screen.name);
     ExpectNothingClipped(window);
     KeepPicture(window, PictureName(screen.name));
+    window.resize(window.minimumSize());
+    QApplication::processEvents();
+    SCOPED_TRACE("at its least size");
+    ExpectNothingClipped(window);
   }
 }
 
@@ -149,8 +153,12 @@ TEST(MainWindow, GivesTheKeysBackToWhereTheyWereAfterTheTitle) {
   menu.findChild<QPushButton*>("CmdLiquid")->setFocus();
   QTest::keyClick(menu.focusWidget(), Qt::Key_F2);
   EXPECT_EQ(menu.focusWidget()->objectName().toStdString(), "TxtThema");
+  TypeText(*menu.focusWidget(), QStringLiteral("Νέο"));
   QTest::keyClick(menu.focusWidget(), Qt::Key_Return);
   EXPECT_EQ(menu.focusWidget()->objectName().toStdString(), "CmdLiquid");
+  const auto* unsaved = menu.findChild<QLabel*>("LblUnsaved");
+  EXPECT_TRUE(unsaved->isVisible());
+  EXPECT_EQ(unsaved->property("tone").toString().toStdString(), "warn");
 }
 
 TEST(MainWindow, KeepsItsPipesUnderTheWheel) {
@@ -198,10 +206,16 @@ TEST(FluidWindow, IsUsedAsOnAScreen) {
   EXPECT_TRUE(density.isEnabled());
   EXPECT_EQ(density.text(), QStringLiteral("1260"));
 
+  ASSERT_TRUE(QTest::qWaitForWindowActive(density.window()));
   density.setFocus();
   density.selectAll();
   TypeText(density, QStringLiteral("10α5,5"));
   EXPECT_EQ(density.text(), QStringLiteral("105,5")) << "a letter is no key of this field";
+  density.setCursorPosition(0);
+  TypeText(density, QStringLiteral("."));
+  EXPECT_EQ(density.text(), QStringLiteral(",105,5"));
+  EXPECT_EQ(density.cursorPosition(), 1);
+  QTest::keyClick(&density, Qt::Key_Backspace);
   KeepPicture(*desk.windows.WindowOf(screen::kLiquid), "frm-liquid");
 
   // Ctrl+S on a Greek layout arrives as Ctrl+Σ.
