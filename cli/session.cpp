@@ -22,8 +22,8 @@ Box NoStudyBox(std::string why) {
 void LayMemoryReadyFor(const Disk& disk, const std::filesystem::path& path) {
   constexpr std::uint64_t kImages = 10;
   constexpr std::uint64_t kMost = 1U << 24U;
-  if (const auto status = disk.Status(path)) {
-    LayMemoryReady(static_cast<std::size_t>(std::min(kMost, kImages * status->length)));
+  if (const auto status = disk.Status(path); status && *status) {
+    LayMemoryReady(static_cast<std::size_t>(std::min(kMost, kImages * (*status)->length)));
   }
 }
 
@@ -32,8 +32,7 @@ std::string NoStudyText(const Disk& disk, const std::filesystem::path& path) {
   if (path.empty()) {
     return "... Λείπει το όνομα του Αρχείου της Μελέτης ...";
   }
-  const auto status = disk.Status(path);
-  if (status && status->is_folder) {
+  if (disk.IsFolder(path)) {
     return "Είναι φάκελος και όχι μελέτη : " + path.string();
   }
   const std::string name = path.filename().string();

@@ -42,12 +42,9 @@ void Program::RememberOptions() {
 bool Program::Prepare(const std::filesystem::path& installed) {
   desk_.options = remembered_ = ReadOptions(workspace_);
   if (!TellIfFailed(bench_, FillProgramFolder(disk_, places_.folder, installed))) return false;
-  auto folder = EnsureDataFolder(workspace_);
-  if (!folder) {
-    TellError(bench_, folder.error());
-    return false;
-  }
-  desk_.data_folder = std::move(*folder);
+  const auto folder = EnsureDataFolder(workspace_);
+  if (!folder) TellError(bench_, folder.error());
+  desk_.data_folder = folder ? *folder : workspace_.Path(kStudiesFolder);
   auto pipes = BuildPipeList(workspace_, EmptyLibraries::kDelete);
   if (!pipes) {
     prompter_.Ask(UnsuitableLibraryBox(pipes.error()));

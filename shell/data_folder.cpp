@@ -19,7 +19,8 @@ fs::path FolderOf(std::string_view text) {
 // The folder of that name below `above`, made when none is there, whatever its case.
 Result<fs::path> MakeBelow(Disk& disk, const fs::path& above, std::string_view name) {
   const auto there = FindIgnoringCase(disk, above, name);
-  const fs::path path = above / (there ? *there : std::string(name));
+  if (!there) return there.error();
+  const fs::path path = above / there->value_or(std::string(name));
   if (Outcome made = disk.MakeFolder(path); !made) return made.error();
   return path;
 }
@@ -32,16 +33,18 @@ Outcome Name(Workspace& workspace, const fs::path& folder) {
 
 }  // namespace
 
-fs::path ReadDataFolder(const Workspace& workspace) {
-  const auto bytes = workspace.Read(work_file::kDataFolder);
-  if (!bytes) return {};
+Result<fs::path> ReadDataFolder(const Workspace& workspace) {
+  const auto bytes = workspace.ReadIfThere(work_file::kDataFolder);
+  if (!bytes) return bytes.error();
   const std::vector<std::string> lines = SplitLines(*bytes);
   return lines.empty() || Trim(lines.front()).empty() ? fs::path()
                                                       : FolderOf(Unquoted(Trim(lines.front())));
 }
 
 Result<fs::path> EnsureDataFolder(Workspace& workspace) {
-  fs::path folder = ReadDataFolder(workspace);
+  const Result<fs::path> named_folder = ReadDataFolder(workspace);
+  if (!named_folder) return named_folder.error();
+  fs::path folder = *named_folder;
   if (!folder.is_absolute()) {
     folder = workspace.Path(kStudiesFolder);
     if (Outcome named = Name(workspace, folder); !named) return named.error();

@@ -12,12 +12,12 @@ constexpr const char* kStudiesFolder = "PFILES";
 constexpr const char* kExportFolder = "ASCII";
 
 /// The folder that `~vamo.wpf` names, empty when it names none: the first line, trimmed, in UTF-8
-/// or the code page, with "/" or "\" between folders.
-std::filesystem::path ReadDataFolder(const Workspace& workspace);
+/// or the code page, with "/" or "\" between folders. Error: the file cannot be read.
+Result<std::filesystem::path> ReadDataFolder(const Workspace& workspace);
 
 /// The same at the start of the program: without a folder named, or with one of another system,
 /// `PFILES` below the program folder is named. The folder is made if it can be. Error: nothing can
-/// be written in the program folder.
+/// be written in the program folder, or `~vamo.wpf` cannot be read, which is left as it is.
 Result<std::filesystem::path> EnsureDataFolder(Workspace& workspace);
 
 /// The user's choice, without the last `PFILES`, as it is shown.

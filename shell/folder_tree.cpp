@@ -10,10 +10,9 @@ namespace fs = std::filesystem;
 
 std::vector<std::string> SubfolderNames(const Disk& disk, const fs::path& folder) {
   std::vector<std::string> names;
-  for (std::string& name : disk.List(folder)) {
-    if (name.starts_with('.')) continue;
-    const auto status = disk.Status(folder / name);
-    if (status && status->is_folder) names.push_back(std::move(name));
+  auto entries = disk.List(folder);
+  for (std::string& name : entries ? *entries : std::vector<std::string>{}) {
+    if (!name.starts_with('.') && disk.IsFolder(folder / name)) names.push_back(std::move(name));
   }
   std::ranges::sort(names, StandsBefore);
   return names;

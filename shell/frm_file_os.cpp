@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "form/tell.h"
+#include "shell/folder_tree.h"
 #include "shell/message_table.h"
 #include "shell/messages.h"
 #include "shell/search_text.h"
@@ -74,12 +75,7 @@ void FrmFileOS::ShowFolder(fs::path folder) {
   const Disk& disk = bench.workspace.outer_disk();
   folder_ = std::move(folder);
   LblFolder.text = folder_.string();
-  folders_.clear();
-  for (const std::string& name : disk.List(folder_)) {
-    const auto status = disk.Status(folder_ / name);
-    if (status && status->is_folder && !name.starts_with('.')) folders_.push_back(name);
-  }
-  std::ranges::sort(folders_, StandsBefore);
+  folders_ = SubfolderNames(disk, folder_);
   if (folder_.has_relative_path()) folders_.insert(folders_.begin(), "..");
   DirList.selected = -1;
   DirList.SetLines(folders_);
@@ -131,11 +127,11 @@ void FrmFileOS::Confirm() {
 
 void FrmFileOS::GoTo(const fs::path& folder) {
   const auto status = bench.workspace.outer_disk().Status(folder);
-  if (status && status->is_folder) {
+  if (status && *status && (*status)->is_folder) {
     ShowFolder(folder);
     TxtFileName.Show("");
   } else {
-    TellError(bench, {folder, std::string(kNoFolder)});
+    TellError(bench, status ? FileError{folder, std::string(kNoFolder)} : status.error());
   }
   Focus(TxtFileName);
 }
@@ -158,13 +154,13 @@ void FrmFileOS::ConfirmSave(const fs::path& path) {
     Focus(TxtFileName);
     return;
   }
-  const auto status = disk.Status(entry);
-  if (status && status->is_folder) {
+  const bool there = disk.Exists(entry);
+  if (disk.IsFolder(entry)) {
     TellError(bench, {entry, "Υπάρχει φάκελος με αυτό το όνομα"});
     Focus(TxtFileName);
     return;
   }
-  if (status && entry == bench.study.study_path && ChangedOnDisk(bench)) {
+  if (there && entry == bench.study.study_path && ChangedOnDisk(bench)) {
     const Answer answer =
         bench.Ask({std::string(kAttentionTitle),
                    {"!! Το Αρχείο της Μελέτης άλλαξε στον δίσκο, ενώ ήταν ανοικτή εδώ !!",
@@ -174,7 +170,7 @@ void FrmFileOS::ConfirmSave(const fs::path& path) {
     if (answer == Answer::kYes) Choose(entry);
     return;
   }
-  if (status && !ConfirmOverwrite(bench)) {
+  if (there && !ConfirmOverwrite(bench)) {
     bench.study.answer = Answer::kNone;
     bench.study.CalcStatus = calc_status::kNothing;
     Focus(TxtFileName);

@@ -77,9 +77,8 @@ void FrmOpenSave::Search() {
 std::string FrmOpenSave::WhyEmpty() const {
   if (!shown_.empty()) return {};
   if (!studies_.empty()) return "Κανένας τίτλος δεν ταιριάζει με την αναζήτηση.";
-  return bench.workspace.outer_disk().CanList(folders_.folder())
-             ? "Ο φάκελος δεν έχει μελέτες."
-             : "Ο φάκελος δεν υπάρχει ή δεν διαβάζεται.";
+  const auto names = bench.workspace.outer_disk().List(folders_.folder());
+  return names ? "Ο φάκελος δεν έχει μελέτες." : names.error().reason + ".";
 }
 
 void FrmOpenSave::Pick(int line) {

@@ -34,6 +34,9 @@ Options ReadOptions(const Workspace& workspace) {
 }
 
 Outcome WriteOptions(Workspace& workspace, const Options& options) {
+  if (const auto former = workspace.ReadIfThere(work_file::kOptions); !former) {
+    return former.error();
+  }
   std::string text;
   for (const OptionName& option : kNames) {
     text += std::string(option.name) + (options.*option.value ? "=1\n" : "=0\n");

@@ -29,9 +29,10 @@ fs::path UserFolder(const Surroundings& surroundings, const std::string& variabl
 }
 
 bool HoldsLibraries(const Disk& disk, const fs::path& folder) {
-  return std::ranges::any_of(disk.List(folder), [](const std::string& name) {
-    return EqualIgnoringCase(fs::path(name).extension().string(), ".wpt");
-  });
+  const auto names = disk.List(folder);
+  return names && std::ranges::any_of(*names, [](const std::string& name) {
+           return EqualIgnoringCase(fs::path(name).extension().string(), ".wpt");
+         });
 }
 
 bool CanBeWritten(Disk& disk, const fs::path& folder) {
@@ -40,13 +41,8 @@ bool CanBeWritten(Disk& disk, const fs::path& folder) {
   return written && disk.Remove(probe).ok();
 }
 
-bool IsFolder(const Disk& disk, const fs::path& path) {
-  const auto status = disk.Status(path);
-  return status && status->is_folder;
-}
-
 fs::path FindFolder(Disk& disk, const Surroundings& surroundings, const fs::path& argument) {
-  if (!argument.empty() && IsFolder(disk, argument)) return argument;
+  if (!argument.empty() && disk.IsFolder(argument)) return argument;
   if (const std::string home = Variable(surroundings, "KALVOFLUME_HOME"); !home.empty()) {
     return fs::absolute(PathFromText(home));
   }
@@ -57,9 +53,13 @@ fs::path FindFolder(Disk& disk, const Surroundings& surroundings, const fs::path
 
 // Copies the files of `from` that `to` lacks, whatever the case of their names.
 Outcome CopyMissing(Disk& disk, const fs::path& from, const fs::path& to) {
-  for (const std::string& name : disk.List(from)) {
+  const auto delivered = disk.List(from);
+  for (const std::string& name : delivered ? *delivered : std::vector<std::string>{}) {
     const fs::path source = from / name;
-    if (IsFolder(disk, source) || FindIgnoringCase(disk, to, name)) continue;
+    if (disk.IsFolder(source)) continue;
+    const auto there = FindIgnoringCase(disk, to, name);
+    if (!there) return there.error();
+    if (*there) continue;
     auto bytes = disk.Read(source);
     if (!bytes) continue;
     if (Outcome written = ReplaceFile(disk, to / name, std::move(*bytes)); !written) return written;
@@ -78,12 +78,13 @@ ProgramPlaces FindPlaces(Disk& disk, const Surroundings& surroundings) {
   places.folder = FindFolder(disk, surroundings, argument);
   places.state_folder = UserFolder(surroundings, "XDG_STATE_HOME", ".local/state");
   const bool is_study = KindOfName(argument.filename().string()) != SystemKind::kNone;
-  if (is_study && !IsFolder(disk, argument)) places.study = argument;
+  if (is_study && !disk.IsFolder(argument)) places.study = argument;
   return places;
 }
 
 Outcome FillProgramFolder(Disk& disk, const fs::path& folder, const fs::path& installed) {
   if (Outcome made = disk.MakeFolder(folder); !made) return made;
+  if (const auto readable = disk.List(folder); !readable) return readable.error();
   const bool first = !HoldsLibraries(disk, folder);
   if (Outcome copied = CopyMissing(disk, installed / "library", folder); !copied) return copied;
   if (Outcome copied = CopyMissing(disk, installed / "sound", folder); !copied) return copied;

@@ -18,6 +18,7 @@ void RecordProgram(Disk& disk, const std::filesystem::path& state_folder,
   if (!disk.MakeFolder(state_folder)) return;
   const auto path = state_folder / kLogFile;
   const auto read = disk.Read(path);
+  if (!read && !read.error().IsMissing()) return;
   std::string bytes = read ? *read : std::string();
   std::size_t at = 0;
   while (at + kSize <= bytes.size() &&

@@ -52,15 +52,14 @@ fs::path NewFolder(const Workbench& bench, const fs::path& above) {
 
 // Takes away the oldest copies past those that are kept. What cannot be removed stays.
 void RemoveOldCopies(Disk& disk, const fs::path& above) {
-  std::vector<std::string> copies = disk.List(above);
-  std::erase_if(copies, [&](const std::string& name) {
-    const auto status = disk.Status(above / name);
-    return !status || !status->is_folder;
-  });
+  auto entries = disk.List(above);
+  std::vector<std::string> copies = entries ? std::move(*entries) : std::vector<std::string>{};
+  std::erase_if(copies, [&](const std::string& name) { return !disk.IsFolder(above / name); });
   std::ranges::sort(copies);
   for (std::size_t i = 0; i + kSafetyCopies < copies.size(); ++i) {
     const fs::path folder = above / copies[i];
-    for (const std::string& name : disk.List(folder)) {
+    const auto names = disk.List(folder);
+    for (const std::string& name : names ? *names : std::vector<std::string>{}) {
       static_cast<void>(disk.Remove(folder / name).ok());
     }
     static_cast<void>(disk.Remove(folder).ok());
@@ -70,8 +69,9 @@ void RemoveOldCopies(Disk& disk, const fs::path& above) {
 }  // namespace
 
 bool RowsAreSaved(const Workbench& bench) {
-  const auto rows = bench.workspace.Read(work_file::kRows);
-  if (!rows || rows->empty()) return true;
+  const auto rows = bench.workspace.ReadIfThere(work_file::kRows);
+  if (!rows) return false;
+  if (rows->empty()) return true;
   const fs::path& path = bench.study.study_path;
   if (path.empty() || path == kEscapePath) return false;
   const Disk& disk = bench.workspace.outer_disk();

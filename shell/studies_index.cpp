@@ -22,17 +22,18 @@ struct Found {
 Found FindStudies(const Disk& disk, const fs::path& folder, SystemKind kind) {
   Found found;
   for (std::string& name : StudyNames(disk, folder, kind)) {
-    const auto status = disk.Status(folder / name);
-    if (!status || status->is_folder) {
+    const auto looked = disk.Status(folder / name);
+    const FileStatus status = looked ? looked->value_or(FileStatus{}) : FileStatus{};
+    if (status.is_folder || (looked && !*looked)) {
       continue;
     }
     ListedStudy& study = found.studies.emplace_back();
     study.number = static_cast<int>(found.studies.size());
     study.folder = folder;
     study.file_name = std::move(name);
-    study.date = DateText(status->modified);
-    study.time = ClockText(status->modified);
-    found.newest = std::max(found.newest, status->modified);
+    study.date = DateText(status.modified);
+    study.time = ClockText(status.modified);
+    found.newest = std::max(found.newest, status.modified);
   }
   return found;
 }
@@ -41,7 +42,8 @@ std::string TitleOf(const Disk& disk, const ListedStudy& study) {
   constexpr std::size_t kLength = RecordSize<SectionRow>();
   const auto status = disk.Status(study.path());
   const auto head = disk.ReadHead(study.path(), kLength);
-  const bool whole = status && status->length % kLength == 0 && head && head->size() == kLength;
+  const bool whole =
+      status && *status && (*status)->length % kLength == 0 && head && head->size() == kLength;
   const std::string title = whole ? DecodeRecord<SectionRow>(head->data()).Thema.Utf8() : "";
   return title.empty() ? study.file_name : title;
 }
@@ -75,7 +77,8 @@ std::string ListedStudy::Line() const {
 std::vector<std::string> StudyNames(const Disk& disk, const fs::path& folder, SystemKind kind) {
   const SystemKind wanted = kind == SystemKind::kOpen ? kind : SystemKind::kClosed;
   std::vector<std::pair<std::string, std::string>> keyed;
-  for (std::string& name : disk.List(folder)) {
+  auto entries = disk.List(folder);
+  for (std::string& name : entries ? *entries : std::vector<std::string>{}) {
     if (KindOfName(name) == wanted) {
       std::string key = SearchKey(name);
       keyed.emplace_back(std::move(key), std::move(name));
@@ -100,7 +103,9 @@ std::vector<ListedStudy> BuildStudiesIndex(Workspace& workspace, const fs::path&
     study.title = TitleOf(disk, study);
     rows.push_back(RowOf(study));
   }
-  static_cast<void>(workspace.Rows<StudyTitleRow>(work_file::kStudiesIndex).WriteAll(rows));
+  if (workspace.ReadIfThere(work_file::kStudiesIndex)) {
+    static_cast<void>(workspace.Rows<StudyTitleRow>(work_file::kStudiesIndex).WriteAll(rows));
+  }
   return studies;
 }
 
@@ -110,8 +115,8 @@ std::optional<std::vector<ListedStudy>> ReadStudiesIndex(const Workspace& worksp
   const auto rows = workspace.Rows<StudyTitleRow>(work_file::kStudiesIndex).ReadAll();
   Found found = FindStudies(workspace.outer_disk(), folder, kind);
   // A study written in the second in which the index was made bears the same time as one before it.
-  if (!status || !rows || rows->size() != found.studies.size() ||
-      status->modified <= found.newest) {
+  if (!status || !*status || !rows || rows->size() != found.studies.size() ||
+      (*status)->modified <= found.newest) {
     return std::nullopt;
   }
   for (std::size_t i = 0; i < rows->size(); ++i) {

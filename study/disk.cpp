@@ -13,9 +13,14 @@ Result<std::string> Disk::ReadHead(const std::filesystem::path& path, std::size_
   return bytes;
 }
 
-bool Disk::CanList(const std::filesystem::path& folder) const {
-  const auto status = Status(folder);
-  return status && status->is_folder;
+bool Disk::Exists(const std::filesystem::path& path) const {
+  const auto status = Status(path);
+  return !status || status->has_value();
+}
+
+bool Disk::IsFolder(const std::filesystem::path& path) const {
+  const auto status = Status(path);
+  return status && *status && (*status)->is_folder;
 }
 
 Outcome ReplaceFile(Disk& disk, const std::filesystem::path& path, std::string bytes) {
@@ -32,15 +37,20 @@ Outcome ReplaceFile(Disk& disk, const std::filesystem::path& path, std::string b
   return renamed;
 }
 
-std::optional<std::string> FindIgnoringCase(const Disk& disk, const std::filesystem::path& folder,
-                                            std::string_view name) {
+Result<std::optional<std::string>> FindIgnoringCase(const Disk& disk,
+                                                    const std::filesystem::path& folder,
+                                                    std::string_view name) {
+  auto entries = disk.List(folder);
+  if (!entries && !entries.error().IsMissing()) {
+    return entries.error();
+  }
   const std::string wanted = LowerCase(ComposedForm(name));
-  for (std::string& entry : disk.List(folder)) {
+  for (std::string& entry : entries ? *entries : std::vector<std::string>{}) {
     if (LowerCase(ComposedForm(entry)) == wanted) {
-      return std::move(entry);
+      return std::optional(std::move(entry));
     }
   }
-  return std::nullopt;
+  return std::optional<std::string>();
 }
 
 }  // namespace kalvo

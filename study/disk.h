@@ -23,9 +23,10 @@ class Disk {
  public:
   virtual ~Disk() = default;
 
-  [[nodiscard]] virtual std::optional<FileStatus> Status(
+  /// Nothing when the file is surely not there; an error when that cannot be found out.
+  [[nodiscard]] virtual Result<std::optional<FileStatus>> Status(
       const std::filesystem::path& path) const = 0;
-  /// The whole file.
+  /// The whole file. A file that is not there is an error of kind kMissing, here and below.
   [[nodiscard]] virtual Result<std::string> Read(const std::filesystem::path& path) const = 0;
   /// The first `length` bytes, fewer when the file is shorter.
   [[nodiscard]] virtual Result<std::string> ReadHead(const std::filesystem::path& path,
@@ -40,16 +41,15 @@ class Disk {
   virtual Outcome Remove(const std::filesystem::path& path) = 0;
   /// Makes the folder and those above it.
   virtual Outcome MakeFolder(const std::filesystem::path& path) = 0;
-  /// Names in the folder in byte order; none when it cannot be read.
-  [[nodiscard]] virtual std::vector<std::string> List(
+  /// Names of all that is in the folder, in byte order.
+  [[nodiscard]] virtual Result<std::vector<std::string>> List(
       const std::filesystem::path& folder) const = 0;
-  /// True when List() tells all that is in the folder; one that is gone or closed to the user
-  /// looks empty to it.
-  [[nodiscard]] virtual bool CanList(const std::filesystem::path& folder) const;
 
-  [[nodiscard]] bool Exists(const std::filesystem::path& path) const {
-    return Status(path).has_value();
-  }
+  /// False when the path is surely not there. What cannot be looked at counts as there: whoever
+  /// reads it gets the reason, and nobody takes it for missing.
+  [[nodiscard]] bool Exists(const std::filesystem::path& path) const;
+  /// True when a folder is surely there.
+  [[nodiscard]] bool IsFolder(const std::filesystem::path& path) const;
 };
 
 /// End of the name under which a file's new bytes stand beside it until it is replaced.
@@ -60,8 +60,10 @@ constexpr const char* kBesideEnd = ".new~";
 Outcome ReplaceFile(Disk& disk, const std::filesystem::path& path, std::string bytes);
 
 /// The entry of `folder` that is `name` ignoring case (Latin and Greek) and the form in which
-/// accents are written (ComposedForm()), the first in name order.
-std::optional<std::string> FindIgnoringCase(const Disk& disk, const std::filesystem::path& folder,
-                                            std::string_view name);
+/// accents are written (ComposedForm()), the first in name order. A folder that is not there holds
+/// none. Error: the folder cannot be read.
+Result<std::optional<std::string>> FindIgnoringCase(const Disk& disk,
+                                                    const std::filesystem::path& folder,
+                                                    std::string_view name);
 
 }  // namespace kalvo

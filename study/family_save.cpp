@@ -45,8 +45,7 @@ Outcome ProveSavable(const Disk& disk, const std::filesystem::path& folder, cons
     if (!IsOwnFile(file.name, base) || file.name.find('\n') != std::string::npos) {
       return FileError{folder / file.name, "Δεν είναι όνομα αρχείου Μελέτης"};
     }
-    const auto target = disk.Status(folder / file.name);
-    if (target && target->is_folder) {
+    if (disk.IsFolder(folder / file.name)) {
       return FileError{folder / file.name, "Είναι φάκελος και όχι αρχείο"};
     }
   }
@@ -120,7 +119,8 @@ Outcome RenameStaged(Disk& disk, const std::filesystem::path& folder,
 }
 
 void RemoveLeftovers(Disk& disk, const std::filesystem::path& folder, const std::string& base) {
-  for (const std::string& entry : disk.List(folder)) {
+  const auto entries = disk.List(folder);
+  for (const std::string& entry : entries ? *entries : std::vector<std::string>{}) {
     if (!entry.ends_with(kStagedEnd)) {
       continue;
     }

@@ -95,9 +95,10 @@ bool BelongsToAnother(const Workbench& bench, const std::filesystem::path& compa
     return false;
   }
   const auto entries = bench.workspace.outer_disk().List(companion.parent_path());
-  return std::any_of(entries.begin(), entries.end(), [&](const std::string& entry) {
-    return entry != main && BaseOf(entry) == BaseOf(name) && KindOfName(entry) != SystemKind::kNone;
-  });
+  return entries && std::any_of(entries->begin(), entries->end(), [&](const std::string& entry) {
+           return entry != main && BaseOf(entry) == BaseOf(name) &&
+                  KindOfName(entry) != SystemKind::kNone;
+         });
 }
 
 // A companion of the study at `study path`, none when the kind or the folder has none.

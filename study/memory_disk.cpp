@@ -6,19 +6,21 @@ namespace kalvo {
 
 namespace {
 
-FileError Missing(const std::filesystem::path& path) { return {path, "Το αρχείο δεν υπάρχει"}; }
+FileError Missing(const std::filesystem::path& path) {
+  return {path, "Το αρχείο δεν υπάρχει", FileErrorKind::kMissing};
+}
 
 }  // namespace
 
-std::optional<FileStatus> MemoryDisk::Status(const std::filesystem::path& path) const {
+Result<std::optional<FileStatus>> MemoryDisk::Status(const std::filesystem::path& path) const {
   if (folders_.contains(path)) {
-    return FileStatus{0, true, 0};
+    return std::optional(FileStatus{0, true, 0});
   }
   const auto found = files_.find(path);
   if (found == files_.end()) {
-    return std::nullopt;
+    return std::optional<FileStatus>();
   }
-  return FileStatus{found->second.size(), false, 0};
+  return std::optional(FileStatus{found->second.size(), false, 0});
 }
 
 Result<std::string> MemoryDisk::Read(const std::filesystem::path& path) const {
@@ -48,7 +50,7 @@ Outcome MemoryDisk::Rename(const std::filesystem::path& from, const std::filesys
 }
 
 Outcome MemoryDisk::Remove(const std::filesystem::path& path) {
-  if (folders_.contains(path) && !List(path).empty()) {
+  if (folders_.contains(path) && !List(path)->empty()) {
     return FileError{path, "Ο φάκελος δεν είναι άδειος"};
   }
   if (files_.erase(path) == 0 && folders_.erase(path) == 0) {
@@ -68,7 +70,7 @@ Outcome MemoryDisk::MakeFolder(const std::filesystem::path& path) {
   return Done{};
 }
 
-std::vector<std::string> MemoryDisk::List(const std::filesystem::path& folder) const {
+Result<std::vector<std::string>> MemoryDisk::List(const std::filesystem::path& folder) const {
   std::vector<std::string> names;
   for (const auto& [path, bytes] : files_) {
     if (path.parent_path() == folder) {

@@ -11,14 +11,16 @@ namespace kalvo {
 /// Every folder can be written to; those made are listed too.
 class MemoryDisk : public Disk {
  public:
-  [[nodiscard]] std::optional<FileStatus> Status(const std::filesystem::path& path) const override;
+  [[nodiscard]] Result<std::optional<FileStatus>> Status(
+      const std::filesystem::path& path) const override;
   [[nodiscard]] Result<std::string> Read(const std::filesystem::path& path) const override;
   Outcome Write(const std::filesystem::path& path, std::string bytes) override;
   Outcome Flush(const std::filesystem::path& path) override;
   Outcome Rename(const std::filesystem::path& from, const std::filesystem::path& to) override;
   Outcome Remove(const std::filesystem::path& path) override;
   Outcome MakeFolder(const std::filesystem::path& path) override;
-  [[nodiscard]] std::vector<std::string> List(const std::filesystem::path& folder) const override;
+  [[nodiscard]] Result<std::vector<std::string>> List(
+      const std::filesystem::path& folder) const override;
 
  private:
   std::map<std::filesystem::path, std::string> files_;

@@ -19,16 +19,16 @@ RowFile<PipeRow> PipeFile(const Workspace& workspace, const std::string& file_na
   return RowFile<PipeRow>(workspace.outer_disk(), workspace.library_folder() / file_name);
 }
 
-std::vector<std::string> LibraryNames(const Workspace& workspace) {
-  std::vector<std::string> names = workspace.outer_disk().List(workspace.library_folder());
-  std::erase_if(names, [&workspace](const std::string& name) {
-    if (name.size() < 4 || !EqualIgnoringCase(name.substr(name.size() - 4), ".wpt")) {
-      return true;
-    }
-    const auto status = workspace.outer_disk().Status(workspace.library_folder() / name);
-    return status && status->is_folder;
+Result<std::vector<std::string>> LibraryNames(const Workspace& workspace) {
+  auto names = workspace.outer_disk().List(workspace.library_folder());
+  if (!names) {
+    return names.error().IsMissing() ? Result(std::vector<std::string>()) : names;
+  }
+  std::erase_if(*names, [&workspace](const std::string& name) {
+    return name.size() < 4 || !EqualIgnoringCase(name.substr(name.size() - 4), ".wpt") ||
+           workspace.outer_disk().IsFolder(workspace.library_folder() / name);
   });
-  std::sort(names.begin(), names.end(), [](const std::string& a, const std::string& b) {
+  std::sort(names->begin(), names->end(), [](const std::string& a, const std::string& b) {
     const std::string lower_a = LowerCase(a);
     const std::string lower_b = LowerCase(b);
     return lower_a == lower_b ? a < b : lower_a < lower_b;
@@ -54,14 +54,23 @@ Outcome WriteFileNumber(const Workspace& workspace, std::int16_t number) {
 std::string PipeListEntry::Text() const { return " " + FourDigits(number) + ". " + title + " "; }
 
 Result<PipeList> BuildPipeList(const Workspace& workspace, EmptyLibraries empty) {
+  const auto names = LibraryNames(workspace);
+  if (!names) {
+    return names.error();
+  }
   PipeList list;
-  for (const std::string& name : LibraryNames(workspace)) {
+  for (const std::string& name : *names) {
     const RowFile<PipeRow> file = PipeFile(workspace, name);
     const Result<std::vector<PipeRow>> rows = file.ReadAll();
     if (!rows) {
       return rows.error();
     }
     if (rows->empty()) {
+      // A name in the folder that leads nowhere, a link say, is no empty file.
+      const auto bytes = workspace.outer_disk().Read(file.path());
+      if (!bytes) {
+        return bytes.error();
+      }
       if (empty == EmptyLibraries::kDelete) {
         static_cast<void>(workspace.outer_disk().Remove(file.path()));
       }
@@ -86,9 +95,12 @@ Result<std::vector<PipeRow>> ReadPipeSystem(const Workspace& workspace, int numb
   if (!workspace.outer_disk().Exists(file.path())) {
     const auto entry = FindIgnoringCase(workspace.outer_disk(), workspace.library_folder(), wanted);
     if (!entry) {
-      return FileError{file.path(), "Δεν υπάρχει η Βιβλιοθήκη Σωλήνων"};
+      return entry.error();
     }
-    file = PipeFile(workspace, *entry);
+    if (!*entry) {
+      return FileError{file.path(), "Δεν υπάρχει η Βιβλιοθήκη Σωλήνων", FileErrorKind::kMissing};
+    }
+    file = PipeFile(workspace, **entry);
   }
   Result<std::vector<PipeRow>> rows = file.ReadAll();
   if (rows && rows->empty()) {

@@ -34,12 +34,32 @@ constexpr std::array<std::pair<int, std::string_view>, 13> kReasons = {{
     {EIO, "Σφάλμα του δίσκου"},
 }};
 
+FileErrorKind KindOf(int error_number) {
+  switch (error_number) {
+    case ENOENT:
+    case ENOTDIR:
+      return FileErrorKind::kMissing;
+    case ENOSPC:
+    case EDQUOT:
+      return FileErrorKind::kFull;
+    default:
+      return FileErrorKind::kOther;
+  }
+}
+
+FileError ErrorOf(const fs::path& path, int error_number) {
+  return {path, ReasonOf(error_number), KindOf(error_number)};
+}
+
 // A file that is written beside another one, to take its place, is told of as that one.
 FileError LastError(const fs::path& path) {
+  const int error_number = errno;
   const std::string name = path.string();
-  if (!name.ends_with(kBesideEnd)) return {path, ReasonOf(errno)};
-  if (errno == ENOENT) return {path.parent_path(), "Ο φάκελος δεν υπάρχει"};
-  return {name.substr(0, name.size() - std::string_view(kBesideEnd).size()), ReasonOf(errno)};
+  if (!name.ends_with(kBesideEnd)) return ErrorOf(path, error_number);
+  if (error_number == ENOENT) {
+    return {path.parent_path(), "Ο φάκελος δεν υπάρχει", FileErrorKind::kMissing};
+  }
+  return ErrorOf(name.substr(0, name.size() - std::string_view(kBesideEnd).size()), error_number);
 }
 
 // An open file, closed at the end of the scope.
@@ -90,13 +110,15 @@ std::string ReasonOf(int error_number) {
   return "Σφάλμα αρχείου (" + std::to_string(error_number) + ")";
 }
 
-std::optional<FileStatus> RealDisk::Status(const fs::path& path) const {
+Result<std::optional<FileStatus>> RealDisk::Status(const fs::path& path) const {
   struct stat found {};
   if (stat(path.c_str(), &found) != 0) {
-    return std::nullopt;
+    const FileError error = LastError(path);
+    return error.IsMissing() ? Result(std::optional<FileStatus>()) : error;
   }
-  return FileStatus{static_cast<std::uint64_t>(found.st_size), S_ISDIR(found.st_mode) != 0,
-                    static_cast<std::int64_t>(found.st_mtime)};
+  return std::optional(FileStatus{static_cast<std::uint64_t>(found.st_size),
+                                  S_ISDIR(found.st_mode) != 0,
+                                  static_cast<std::int64_t>(found.st_mtime)});
 }
 
 Result<std::string> RealDisk::Read(const fs::path& path) const {
@@ -173,25 +195,25 @@ Outcome RealDisk::MakeFolder(const fs::path& path) {
   std::error_code error;
   fs::create_directories(path, error);
   if (error) {
-    return FileError{path, ReasonOf(error.value())};
+    return ErrorOf(path, error.value());
   }
   return Done{};
 }
 
-std::vector<std::string> RealDisk::List(const fs::path& folder) const {
+Result<std::vector<std::string>> RealDisk::List(const fs::path& folder) const {
   std::vector<std::string> names;
   std::error_code error;
   for (fs::directory_iterator at(folder, error), end; !error && at != end; at.increment(error)) {
     names.push_back(at->path().filename().string());
   }
+  if (error.value() == ENOENT) {
+    return FileError{folder, "Ο φάκελος δεν υπάρχει", FileErrorKind::kMissing};
+  }
+  if (error) {
+    return ErrorOf(folder, error.value());
+  }
   std::sort(names.begin(), names.end());
   return names;
-}
-
-bool RealDisk::CanList(const fs::path& folder) const {
-  std::error_code error;
-  const fs::directory_iterator at(folder, error);
-  return !error;
 }
 
 }  // namespace kalvo

@@ -7,7 +7,8 @@ namespace kalvo {
 /// The machine's own files.
 class RealDisk : public Disk {
  public:
-  [[nodiscard]] std::optional<FileStatus> Status(const std::filesystem::path& path) const override;
+  [[nodiscard]] Result<std::optional<FileStatus>> Status(
+      const std::filesystem::path& path) const override;
   [[nodiscard]] Result<std::string> Read(const std::filesystem::path& path) const override;
   [[nodiscard]] Result<std::string> ReadHead(const std::filesystem::path& path,
                                              std::size_t length) const override;
@@ -16,8 +17,8 @@ class RealDisk : public Disk {
   Outcome Rename(const std::filesystem::path& from, const std::filesystem::path& to) override;
   Outcome Remove(const std::filesystem::path& path) override;
   Outcome MakeFolder(const std::filesystem::path& path) override;
-  [[nodiscard]] std::vector<std::string> List(const std::filesystem::path& folder) const override;
-  [[nodiscard]] bool CanList(const std::filesystem::path& folder) const override;
+  [[nodiscard]] Result<std::vector<std::string>> List(
+      const std::filesystem::path& folder) const override;
 };
 
 /// The Greek reason for an error number of the system.

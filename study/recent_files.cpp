@@ -34,9 +34,9 @@ std::vector<Line> Lines(std::string_view bytes) {
   return lines;
 }
 
-std::vector<Line> ReadLines(const Workspace& workspace) {
-  const auto bytes = workspace.Read(work_file::kRecentFiles);
-  return bytes ? Lines(*bytes) : std::vector<Line>{};
+Result<std::vector<Line>> ReadLines(const Workspace& workspace) {
+  const auto bytes = workspace.ReadIfThere(work_file::kRecentFiles);
+  return bytes ? Result(Lines(*bytes)) : bytes.error();
 }
 
 std::size_t LastSeparator(const std::string& path) { return path.find_last_of("/\\"); }
@@ -55,7 +55,8 @@ std::string RecentLine::folder() const {
 
 std::vector<std::string> ReadRecentFiles(const Workspace& workspace) {
   std::vector<std::string> paths;
-  for (Line& line : ReadLines(workspace)) {
+  auto lines = ReadLines(workspace);
+  for (Line& line : lines ? *lines : std::vector<Line>{}) {
     paths.push_back(std::move(line.path));
   }
   return paths;
@@ -65,7 +66,11 @@ Outcome AddRecentFile(Workspace& workspace, const std::filesystem::path& path) {
   if (!IsUtf8(path.string()) || path.string().find('\n') != std::string::npos) {
     return Done{};
   }
-  std::vector<Line> lines = ReadLines(workspace);
+  auto read = ReadLines(workspace);
+  if (!read) {
+    return read.error();
+  }
+  std::vector<Line> lines = std::move(read).value();
   std::erase_if(lines, [&path](const Line& line) { return line.path == path.string(); });
   lines.resize(std::min(lines.size(), kOlderRecentFiles));
   std::string text = Quoted(path.string()) + "\n";
@@ -111,7 +116,8 @@ Outcome RemoveRecentFile(Workspace& workspace, const RecentLine& line) {
 }
 
 bool HasRecentFiles(Workspace& workspace) {
-  if (ReadLines(workspace).empty()) {
+  const auto lines = ReadLines(workspace);
+  if (lines && lines->empty()) {
     workspace.Delete(work_file::kRecentFiles);
     return false;
   }

@@ -7,10 +7,20 @@
 
 namespace kalvo {
 
+/// What a caller may have to tell apart among errors of files.
+enum class FileErrorKind {
+  kOther,
+  kMissing,  ///< the file is surely not there
+  kFull      ///< the disk, or the user's share of it, has no room
+};
+
 /// Why the world said no: the file concerned and the reason, in Greek, ready to be shown.
 struct FileError {
   std::filesystem::path file;
   std::string reason;
+  FileErrorKind kind = FileErrorKind::kOther;
+
+  [[nodiscard]] bool IsMissing() const { return kind == FileErrorKind::kMissing; }
 
   /// "reason : file", one line; the reason alone when there is no file to name.
   [[nodiscard]] std::string Line() const {
@@ -36,6 +46,7 @@ class [[nodiscard]] Result {
   const T& operator*() const& { return value(); }
   T& operator*() & { return value(); }
   T operator*() && { return std::get<0>(std::move(content_)); }
+  T* operator->() { return &value(); }
   const T* operator->() const { return &value(); }
 
  private:

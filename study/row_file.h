@@ -45,12 +45,13 @@ class RowFile {
   [[nodiscard]] Result<int> Count() const {
     const auto status = disk_->Status(path_);
     if (!status) {
-      return 0;
+      return status.error();
     }
-    if (status->length % RecordSize<Row>() != 0) {
+    const std::uint64_t length = *status ? (*status)->length : 0;
+    if (length % RecordSize<Row>() != 0) {
       return OddLength();
     }
-    return static_cast<int>(status->length / RecordSize<Row>());
+    return static_cast<int>(length / RecordSize<Row>());
   }
 
   [[nodiscard]] Result<std::vector<Row>> ReadAll() const {
@@ -100,10 +101,10 @@ class RowFile {
  private:
   // Whole records; none of a missing file.
   [[nodiscard]] Result<std::string> ReadBytes() const {
-    if (!disk_->Exists(path_)) {
+    Result<std::string> bytes = disk_->Read(path_);
+    if (!bytes && bytes.error().IsMissing()) {
       return std::string();
     }
-    Result<std::string> bytes = disk_->Read(path_);
     if (bytes && bytes->size() % RecordSize<Row>() != 0) {
       return OddLength();
     }

@@ -37,14 +37,21 @@ std::filesystem::path AsInFolder(const Disk& disk, const std::filesystem::path& 
   }
   const std::filesystem::path folder = path.parent_path();
   const std::string name = path.filename().string();
-  for (const std::string& entry : disk.List(folder)) {
+  const auto entries = disk.List(folder);
+  if (!entries) {
+    return path;  // reading it gives the reason
+  }
+  for (const std::string& entry : *entries) {
     if (BaseOf(entry) == BaseOf(name) && EqualIgnoringCase(entry, name)) {
       return folder / entry;
     }
   }
   // Letters of a name that is no UTF-8 are not known: another file's might pass for them.
-  const auto other = IsUtf8(name) ? FindIgnoringCase(disk, folder, name) : std::nullopt;
-  return other ? folder / *other : path;
+  if (!IsUtf8(name)) {
+    return path;
+  }
+  const auto other = FindIgnoringCase(disk, folder, name);
+  return other && *other ? folder / **other : path;
 }
 
 void RebuildNameState(Workbench& bench) {
@@ -54,8 +61,9 @@ void RebuildNameState(Workbench& bench) {
   study.study_base_name = BaseOf(study.study_short_name);
   study.study_folder = study.study_path.parent_path();
   const auto status = bench.workspace.outer_disk().Status(study.study_path);
-  study.study_date = status ? DateText(status->modified) : "";
-  study.study_time = status ? ClockText(status->modified) : "";
+  const bool known = status && *status;
+  study.study_date = known ? DateText((*status)->modified) : "";
+  study.study_time = known ? ClockText((*status)->modified) : "";
 }
 
 void ResetStudy(Workbench& bench) {

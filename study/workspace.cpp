@@ -4,7 +4,12 @@ namespace kalvo {
 
 bool Workspace::HasBytes(std::string_view name) const {
   const auto status = work_disk_->Status(Path(name));
-  return status && status->length > 0;
+  return !status || (*status && (*status)->length > 0);
+}
+
+Result<std::string> Workspace::ReadIfThere(std::string_view name) const {
+  Result<std::string> bytes = Read(name);
+  return !bytes && bytes.error().IsMissing() ? Result(std::string()) : bytes;
 }
 
 Result<std::string> Workspace::Read(std::string_view name) const {

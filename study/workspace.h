@@ -32,14 +32,17 @@ class Workspace {
     return RowFile<Row>(*work_disk_, Path(name));
   }
 
+  /// False when the file is surely not there (Disk::Exists()).
   [[nodiscard]] bool Exists(std::string_view name) const { return work_disk_->Exists(Path(name)); }
-  [[nodiscard]] std::optional<FileStatus> Status(std::string_view name) const {
+  [[nodiscard]] Result<std::optional<FileStatus>> Status(std::string_view name) const {
     return work_disk_->Status(Path(name));
   }
-  /// True when the file is there and not empty.
+  /// False when the file is surely not there or empty.
   [[nodiscard]] bool HasBytes(std::string_view name) const;
   [[nodiscard]] Result<std::string> Read(std::string_view name) const;
   Outcome Write(std::string_view name, std::string bytes);
+  /// The whole file, empty when it is surely not there. Error: it cannot be read.
+  [[nodiscard]] Result<std::string> ReadIfThere(std::string_view name) const;
   /// Deletes the file; that it is missing, or stays, is no error.
   void Delete(std::string_view name);
   /// `to` becomes a copy of `from`, after the pause.

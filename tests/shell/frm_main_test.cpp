@@ -145,7 +145,7 @@ TEST_F(MainMenu, LeavingReturnsToTheChoiceOfKindAndKeepsASafetyCopy) {
   EXPECT_EQ(navigator.log.back(), "show FrmKind");
   EXPECT_FALSE(test.workspace.Exists(work_file::kRows));
   EXPECT_FALSE(test.workspace.Exists(work_file::kFluid));
-  EXPECT_EQ(test.outer_disk.List("/studies/ASFALEIA").size(), 1U);
+  EXPECT_EQ(test.outer_disk.List("/studies/ASFALEIA")->size(), 1U);
 }
 
 TEST_F(MainMenu, EndsTheTitleEntryBeforeAStudyIsOpened) {
@@ -239,7 +239,7 @@ struct KindScreen : TestDesk, ::testing::Test {
     navigator.Expect(screen::kOldStudy, [this, answer] { desk.screens.recover = answer; });
   }
   [[nodiscard]] std::size_t SafetyCopies() const {
-    return test.outer_disk.List("/studies/ASFALEIA").size();
+    return test.outer_disk.List("/studies/ASFALEIA")->size();
   }
   FrmKind form{desk};
 };

@@ -95,7 +95,7 @@ TEST(SaveFamily, RefusesNamesThatItsJournalCouldNotTell) {
   for (const auto& [base, name] :
        {std::pair("a\nb", "a\nb.PCK"), std::pair("a", "b.PCK"), std::pair("a", "a.txt")}) {
     EXPECT_FALSE(SaveFamily(disk, kFolder, base, {{name, "x"}}).ok());
-    EXPECT_TRUE(disk.List(kFolder).empty());
+    EXPECT_TRUE(disk.List(kFolder)->empty());
   }
 }
 
@@ -166,7 +166,7 @@ bool EndedWell(pid_t child) {
 }
 
 void ExpectFourFiles(const DiskBench& place) {
-  EXPECT_EQ(RealDisk().List(place.studies()),
+  EXPECT_EQ(*RealDisk().List(place.studies()),
             (std::vector<std::string>{"b.LQD", "b.PCK", "b.STC", "b.WNT"}));
 }
 

@@ -72,7 +72,7 @@ TEST(RowFile, WritesOneRecordOrAddsOneBehindTheLast) {
     EXPECT_FALSE(file.Read(number).ok()) << number;
   }
   EXPECT_EQ(*file.Count(), 4);
-  EXPECT_EQ(disk.List("/program"), std::vector<std::string>{"ROWS.TMP"});
+  EXPECT_EQ(*disk.List("/program"), std::vector<std::string>{"ROWS.TMP"});
 }
 
 TEST(RowFile, FullDiskLeavesTheOldFileWholeAndNothingBesideIt) {
@@ -85,7 +85,7 @@ TEST(RowFile, FullDiskLeavesTheOldFileWholeAndNothingBesideIt) {
     disk.FailAfterBytes(room);
     ASSERT_FALSE(file.WriteAll(std::vector<FluidRow>(3)).ok());
     ASSERT_EQ(*disk.Read(kPath), before);
-    ASSERT_EQ(disk.List("/program").size(), 1U);
+    ASSERT_EQ(disk.List("/program")->size(), 1U);
   }
 }
 

@@ -18,10 +18,11 @@ class DatedDisk : public ForwardingDisk {
     modified_[path] = moment;
   }
 
-  [[nodiscard]] std::optional<FileStatus> Status(const std::filesystem::path& path) const override {
+  [[nodiscard]] Result<std::optional<FileStatus>> Status(
+      const std::filesystem::path& path) const override {
     auto status = inner_.Status(path);
-    if (const auto found = modified_.find(path); status && found != modified_.end()) {
-      status->modified = found->second;
+    if (const auto found = modified_.find(path); status && *status && found != modified_.end()) {
+      (*status)->modified = found->second;
     }
     return status;
   }

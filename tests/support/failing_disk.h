@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <csignal>
 #include <limits>
+#include <string>
+#include <string_view>
 
 #include "study/disk.h"
 
@@ -13,7 +15,8 @@ class ForwardingDisk : public Disk {
  public:
   explicit ForwardingDisk(Disk& inner) : inner_(inner) {}
 
-  [[nodiscard]] std::optional<FileStatus> Status(const std::filesystem::path& path) const override {
+  [[nodiscard]] Result<std::optional<FileStatus>> Status(
+      const std::filesystem::path& path) const override {
     return inner_.Status(path);
   }
   [[nodiscard]] Result<std::string> Read(const std::filesystem::path& path) const override {
@@ -32,11 +35,9 @@ class ForwardingDisk : public Disk {
   }
   Outcome Remove(const std::filesystem::path& path) override { return inner_.Remove(path); }
   Outcome MakeFolder(const std::filesystem::path& path) override { return inner_.MakeFolder(path); }
-  [[nodiscard]] std::vector<std::string> List(const std::filesystem::path& folder) const override {
+  [[nodiscard]] Result<std::vector<std::string>> List(
+      const std::filesystem::path& folder) const override {
     return inner_.List(folder);
-  }
-  [[nodiscard]] bool CanList(const std::filesystem::path& folder) const override {
-    return inner_.CanList(folder);
   }
 
  protected:
@@ -106,6 +107,41 @@ class FailingDisk : public ForwardingDisk {
   int first_bad_ = kNever;
   int last_bad_ = kNever;
   int operations_ = 0;
+};
+
+/// A disk on which some files cannot be read: each is there, and every look at it or its bytes is
+/// an error, as on a share that has gone or behind a closed folder.
+class UnreadableDisk : public ForwardingDisk {
+ public:
+  using ForwardingDisk::ForwardingDisk;
+
+  /// Files and folders of that name, wherever they are.
+  void Bar(std::string_view name) { barred_ = name; }
+  void Mend() { barred_.clear(); }
+
+  [[nodiscard]] Result<std::optional<FileStatus>> Status(
+      const std::filesystem::path& path) const override {
+    return IsBarred(path) ? Broken(path) : inner_.Status(path);
+  }
+  [[nodiscard]] Result<std::string> Read(const std::filesystem::path& path) const override {
+    return IsBarred(path) ? Broken(path) : inner_.Read(path);
+  }
+  [[nodiscard]] Result<std::string> ReadHead(const std::filesystem::path& path,
+                                             std::size_t length) const override {
+    return IsBarred(path) ? Broken(path) : inner_.ReadHead(path, length);
+  }
+  [[nodiscard]] Result<std::vector<std::string>> List(
+      const std::filesystem::path& folder) const override {
+    return IsBarred(folder) ? Broken(folder) : inner_.List(folder);
+  }
+
+ private:
+  static FileError Broken(const std::filesystem::path& path) { return {path, "Σφάλμα του δίσκου"}; }
+  [[nodiscard]] bool IsBarred(const std::filesystem::path& path) const {
+    return !barred_.empty() && path.filename() == barred_;
+  }
+
+  std::string barred_;
 };
 
 /// A disk that kills its own process with SIGKILL after step `last_step`, counted from 1. A

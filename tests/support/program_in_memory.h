@@ -13,7 +13,7 @@ using FolderImage = std::map<std::string, std::string>;
 
 inline FolderImage ImageOf(const Disk& disk, const std::filesystem::path& folder) {
   FolderImage image;
-  for (const std::string& name : disk.List(folder)) {
+  for (const std::string& name : *disk.List(folder)) {
     const auto bytes = disk.Read(folder / name);
     image[name] = bytes ? *bytes : "(unreadable)";
   }
