@@ -9,6 +9,7 @@
 #include "engine/sizing.h"
 #include "engine/trap.h"
 #include "study/rounding.h"
+#include "study/study_proof.h"
 #include "study/tables.h"
 
 namespace kalvo {
@@ -162,10 +163,26 @@ std::vector<WinterLine> SummerValues(const Workbench& bench) {
   return lines;
 }
 
-WinterDuty::WinterDuty(Workbench& bench) : bench_(bench) {
-  if (bench.workspace.HasBytes(work_file::kSummerRows)) {
-    Require(bench.workspace.MoveOver(work_file::kSummerRows, work_file::kRows));
+namespace {
+
+// Summer's rows that an earlier winter duty was in the way of. Rows that cannot be loaded displace
+// nothing.
+void PutSummerBack(Workbench& bench) {
+  Workspace& workspace = bench.workspace;
+  if (!workspace.HasBytes(work_file::kSummerRows)) {
+    return;
   }
+  const std::string summer = Require(workspace.Read(work_file::kSummerRows));
+  if (ProveLoadable(bench, workspace.Path(work_file::kSummerRows), summer).ok()) {
+    Require(workspace.Flush(work_file::kSummerRows));
+    Require(workspace.MoveOver(work_file::kSummerRows, work_file::kRows));
+  }
+}
+
+}  // namespace
+
+WinterDuty::WinterDuty(Workbench& bench) : bench_(bench) {
+  PutSummerBack(bench);
   if (bench.workspace.Exists(work_file::kWinter)) {
     winter_before_ = Require(bench.workspace.Read(work_file::kWinter));
   }
@@ -219,9 +236,7 @@ WinterOutcome WinterDuty::Calculate(float temperature, const std::vector<WinterL
 
 void WinterDuty::Close(bool changed) {
   Workspace& workspace = bench_.workspace;
-  if (workspace.HasBytes(work_file::kSummerRows)) {
-    Require(workspace.MoveOver(work_file::kSummerRows, work_file::kRows));
-  }
+  PutSummerBack(bench_);
   if (!changed) {
     return;
   }

@@ -28,6 +28,14 @@ enum class FileDialogMode { kOpen, kSave };
 /// Which of the results' views is in use: `ResultsView`.
 enum class ResultsView { kOne = 0, kOneFromSheet = 1, kSheet = 2 };
 
+/// A study that an earlier run left: rows, title, its own file if it has one, last change.
+struct OfferedStudy {
+  int rows = 0;
+  std::string title;
+  std::filesystem::path file;
+  std::string moment;
+};
+
 /// What screens tell each other. One value of each for the whole program.
 struct ScreenState {
   FileDialogMode file_mode = FileDialogMode::kOpen;
@@ -37,11 +45,12 @@ struct ScreenState {
   std::filesystem::path chosen_file;     ///< what a file dialog chose; empty: "Escape"
   bool chosen_recent = false;            ///< it was chosen from the recent files
   bool asked_to_leave_saved = false;     ///< message 135 was shown in this run
-  std::filesystem::path study_argument;  ///< to be opened at start; empty: none
+  std::filesystem::path study_argument;  ///< given from outside, to be opened; empty: none
+  std::filesystem::path study_waiting;   ///< the same, which gave way to a recovery
   std::string viewer;                    ///< `FrmEditor`: "NotePad", "WordPad" or nothing
   std::function<void(Method)> run;       ///< what `FrmCalcs` calls with the method chosen
   std::optional<bool> recover;           ///< `FrmOldStudy`: nothing when its window was closed
-  int offered_rows = 0;                  ///< rows of the study that is offered back
+  OfferedStudy offered;                  ///< what `FrmOldStudy` offers back
   bool edit_mode = false;
   bool goto_serves_results = false;
   ResultsView results_view = ResultsView::kOne;

@@ -19,6 +19,7 @@ constexpr std::string_view kStudies = "FrmOpenSave";
 constexpr std::string_view kFiles = "FrmFileOS";
 constexpr std::string_view kRecent = "FrmRecFiles_S";
 constexpr std::string_view kDataFolder = "FrmFF";
+constexpr std::string_view kSafetyCopies = "FrmSafety";
 constexpr std::string_view kOldStudy = "FrmOldStudy";
 constexpr std::string_view kGoTo = "FrmGoTo";
 constexpr std::string_view kCurrentStudy = "FrmCurFL";

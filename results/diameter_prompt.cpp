@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "engine/rerun.h"
+#include "form/tell.h"
 #include "results/results_session.h"
 
 namespace kalvo {
@@ -14,6 +15,7 @@ PromptEnd Recalculate(Desk& desk, const std::vector<SectionRow>& rows) {
     bench.Show(305);
     return PromptEnd::kNothing;
   }
+  if (!TellIfFailed(bench, bench.workspace.Flush(work_file::kRows))) return PromptEnd::kNothing;
   bench.workspace.Delete(work_file::kRowsBeforeChange);
   desk.navigator.ShowWait(kWaitText);
   Rerun(bench);

@@ -31,6 +31,7 @@ void FollowRows(Workbench& bench, const SectionRow& first) {
 // False: the old rows could not be brought back.
 bool SettleDiameters(Workbench& bench, const std::function<void()>& show_again) {
   if (AskOnce(bench, 307) == Answer::kYes) {
+    if (!TellIfFailed(bench, bench.workspace.Flush(work_file::kRows))) return false;
     bench.workspace.Delete(work_file::kFirstRows);
     show_again();
     bench.Ask({kSettledTitle,
@@ -126,7 +127,7 @@ void GoBack(Desk& desk, std::string_view view, const std::function<void()>& show
   desk.screens.results_view = ResultsView::kOne;
   desk.navigator.Close(screen::kPump);
   if (!desk.screens.WinterPump) desk.navigator.Close(view);
-  if (settled) {
+  if (settled && TellIfFailed(bench, bench.workspace.Flush(work_file::kRows))) {
     bench.workspace.Delete(work_file::kFirstRows);
     bench.workspace.Delete(work_file::kRowsBeforeChange);
   }
@@ -137,8 +138,9 @@ void LeaveByWindow(Desk& desk) {
   CloseOneDiameter(desk);
   desk.navigator.Close(screen::kPump);
   desk.screens.results_view = ResultsView::kOne;
-  if (desk.bench.workspace.HasBytes(work_file::kRows)) {
-    desk.bench.workspace.Delete(work_file::kFirstRows);
+  Workspace& workspace = desk.bench.workspace;
+  if (workspace.Rows().Read(1) && workspace.Flush(work_file::kRows)) {
+    workspace.Delete(work_file::kFirstRows);
   }
   EndSession(desk);
 }

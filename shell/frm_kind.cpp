@@ -42,7 +42,27 @@ void FrmKind::Activate() {
   LblWait.visible = false;
   ShowChoice();
   Focus(SSOption1.on ? SSOption1 : SSOption2);
-  if (!desk.screens.study_argument.empty() && !desk.navigator.IsOpen(screen::kMain)) Go();
+  if (desk.navigator.IsOpen(screen::kMain)) return;
+  OfferWaiting();
+  const auto& argument = desk.screens.study_argument;
+  if (argument.empty()) return;
+  if (const SystemKind kind = KindOfName(argument.filename().string()); kind != SystemKind::kNone) {
+    Choose(kind);
+  }
+  Go();
+}
+
+// A study given at the start that gave way to the recovery of one of the other kind.
+void FrmKind::OfferWaiting() {
+  const std::filesystem::path waiting = std::exchange(desk.screens.study_waiting, {});
+  if (waiting.empty() || !desk.screens.study_argument.empty()) return;
+  const Answer answer =
+      bench.Ask({"Ανάκληση Αρχείου",
+                 {"Η Μελέτη που δόθηκε στην αρχή δεν έχει ανακληθεί ακόμη :", waiting.string(),
+                  "Θέλετε να ανακληθεί τώρα ??"},
+                 36});
+  bench.study.answer = Answer::kNone;
+  if (answer == Answer::kYes) desk.screens.study_argument = waiting;
 }
 
 // Without a choice closed is preselected; the kind itself stays unset.
@@ -58,34 +78,36 @@ void FrmKind::Choose(SystemKind kind) {
 }
 
 bool FrmKind::SettleLeftOvers() {
-  const auto found = FindLeftOver(bench, desk.data_folder);
-  if (!found) {
-    TellError(bench, found.error());
+  const auto settled = SettleWorkFiles(desk);
+  if (!settled) {
+    TellError(bench, settled.error());
     return false;
   }
-  switch (found->what) {
+  if (!*settled) return false;
+  const FoundLeftOver& found = **settled;
+  switch (found.what) {
     case LeftOver::kNothing:
       return true;
     case LeftOver::kOtherKind:
       // The kind was the argument's, not the user's choice: nothing is thrown away unasked.
       if (!desk.screens.study_argument.empty()) break;
-      return TellIfFailed(bench, DiscardLeftOver(bench, desk.data_folder));
+      return DiscardLeftOver(desk);
     case LeftOver::kStudy:
     case LeftOver::kSheet:
       break;
   }
-  const SystemKind chosen = std::exchange(bench.study.system_kind, found->kind);
-  desk.screens.offered_rows = found->rows;
+  const SystemKind chosen = std::exchange(bench.study.system_kind, found.kind);
+  desk.screens.offered = {found.rows, found.title, found.file, found.moment};
   desk.screens.recover.reset();
   desk.navigator.ShowModal(screen::kOldStudy);
   if (!desk.screens.recover.value_or(false)) {
     bench.study.system_kind = chosen;
-    return desk.screens.recover && TellIfFailed(bench, DiscardLeftOver(bench, desk.data_folder));
+    return desk.screens.recover && DiscardLeftOver(desk);
   }
-  if (found->kind != chosen) desk.screens.study_argument.clear();  // of the other kind
-  return TellIfFailed(bench, found->what == LeftOver::kSheet
-                                 ? AcceptSheet(bench, desk.data_folder)
-                                 : AcceptRecovery(bench, *found, desk.data_folder));
+  if (found.kind != chosen) {
+    desk.screens.study_waiting = std::exchange(desk.screens.study_argument, {});
+  }
+  return found.what == LeftOver::kSheet ? AcceptSheet(desk) : AcceptRecovery(desk, found);
 }
 
 void FrmKind::Go() {

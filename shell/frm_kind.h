@@ -26,6 +26,7 @@ class FrmKind : public Form {
   void Choose(SystemKind kind);
   void ShowChoice();
   void Go();
+  void OfferWaiting();
   /// Settles what an earlier run left. False: the user has not decided, the screen stays.
   bool SettleLeftOvers();
 };

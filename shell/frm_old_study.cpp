@@ -14,7 +14,10 @@ FrmOldStudy::FrmOldStudy(Desk& shared_desk)
 
 void FrmOldStudy::Load() {
   desk.screens.recover.reset();
-  const int rows = desk.screens.offered_rows;
+  const auto& [rows, study_title, file, moment] = desk.screens.offered;
+  LblTitle.text = study_title.empty() ? "Χωρίς θέμα-τίτλο" : study_title;
+  LblFile.text = file.empty() ? "Δεν έχει σωθεί σε αρχείο" : file.string();
+  LblMoment.text = moment;
   LblKind.text = bench.study.SystemOpen() ? "ΑΝΟΙΚΤΟ ΣΥΣΤΗΜΑ ΣΩΛΗΝΩΝ" : "ΚΛΕΙΣΤΟ ΣΥΣΤΗΜΑ ΣΩΛΗΝΩΝ";
   LblRows.text = std::to_string(rows) + (rows == 1 ? " τμήμα" : " τμήματα");
   Focus(Command1);

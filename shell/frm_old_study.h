@@ -16,6 +16,9 @@ class FrmOldStudy : public Form {
   Label Label2{*this, "Label2",
                "βρέθηκε μια ημιτελής Παλαιά Μελέτη, του Προγράμματος < Kalvoflume >."};
   Label Label3{*this, "Label3", "Το Πρόγραμμα είναι σε θέση να < αναβιώσει > την Μελέτη αυτή."};
+  Label LblTitle{*this, "LblTitle"};
+  Label LblFile{*this, "LblFile"};
+  Label LblMoment{*this, "LblMoment"};
   Label LblKind{*this, "LblKind"};
   Label LblRows{*this, "LblRows"};
   Label Label4{*this, "Label4", "ΘΕΛΕΤΕ ΝΑ ΚΑΝΕΤΕ ΚΑΤΙ ΤΕΤΟΙΟ ;"};

@@ -5,8 +5,8 @@
 
 namespace kalvo {
 
-void OpenStudyFile(Workbench& bench, RecentList recent) {
-  LoadStudy(bench, recent);
+void OpenStudyFile(Workbench& bench, RecentList recent, const std::function<bool()>& may_replace) {
+  LoadStudy(bench, recent, may_replace);
   Study& study = bench.study;
   if (study.CalcStatus == calc_status::kNothing && study.results_valid) {
     RunTrapped(bench, [&] { RefindCriticalBranch(bench); });

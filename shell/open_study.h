@@ -6,6 +6,7 @@ namespace kalvo {
 
 /// Loads the study at `study path` as every front-end does: LoadStudy(), and for valid results the
 /// `critical branch` found again from them, whatever an old file tells of it.
-void OpenStudyFile(Workbench& bench, RecentList recent);
+void OpenStudyFile(Workbench& bench, RecentList recent,
+                   const std::function<bool()>& may_replace = {});
 
 }  // namespace kalvo

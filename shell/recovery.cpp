@@ -1,8 +1,14 @@
 #include "shell/recovery.h"
 
+#include <vector>
+
+#include "form/tell.h"
 #include "shell/safety_copies.h"
+#include "study/date_text.h"
 #include "study/fault.h"
 #include "study/load_study.h"
+#include "study/study_origin.h"
+#include "study/study_proof.h"
 #include "study/study_reset.h"
 #include "study/text_lines.h"
 
@@ -11,31 +17,66 @@ namespace {
 
 constexpr std::size_t kRowSize = RecordSize<SectionRow>();
 
+// How a step of putting the work files in order ended: done, or the user stays; error: a file.
+using Step = Result<bool>;
+
 bool HoldsRows(const Workspace& workspace, std::string_view name) {
   const auto bytes = workspace.Read(name);
   return bytes && bytes->size() >= kRowSize;
 }
 
-// The rows that were being worked on, from whichever file they stand in.
-Outcome PutRowsInPlace(Workspace& workspace) {
+void TellSetAside(Desk& desk, const std::string& names) {
+  desk.bench.Ask({" !!... ΠΡΟΣΟΧΗ ...!! ",
+                  {"Δεν διαβάζονται σωστά και φυλάχθηκαν στο αντίγραφο ασφαλείας :", names},
+                  48});
+}
+
+// `name` takes the place of the rows when it can be loaded; else it is kept aside.
+Step TakeForRows(Desk& desk, const char* name) {
+  Workspace& workspace = desk.bench.workspace;
+  const auto bytes = workspace.Read(name);
+  if (!bytes) return bytes.error();
+  const auto rows = workspace.ReadIfThere(work_file::kRows);
+  if (!rows) return rows.error();
+  const bool loadable = ProveRows(desk.bench, workspace.Path(name), *bytes).ok();
+  if (!loadable || (!rows->empty() && *rows != *bytes)) {
+    if (!KeepSafetyCopyAnyway(desk)) return false;
+  }
+  if (!loadable) {
+    workspace.Delete(name);
+    TellSetAside(desk, name);
+    return true;
+  }
+  if (Outcome flushed = workspace.Flush(name); !flushed) return flushed.error();
+  Outcome moved = workspace.MoveOver(name, work_file::kRows);
+  return moved ? Step(true) : moved.error();
+}
+
+// The rows that were being worked on, from whichever file holds them.
+Step PutRowsInPlace(Desk& desk) {
+  const Workspace& workspace = desk.bench.workspace;
   for (const char* const name : {work_file::kSummerRows, work_file::kRowsBeforeChange}) {
-    if (!HoldsRows(workspace, name)) continue;
-    if (Outcome moved = workspace.MoveOver(name, work_file::kRows); !moved) return moved;
+    if (!workspace.HasBytes(name)) continue;
+    if (Step taken = TakeForRows(desk, name); !taken || !*taken) return taken;
   }
-  if (HoldsRows(workspace, work_file::kRows)) return Done{};
   for (const char* const name : {work_file::kRebuilt, work_file::kFirstRows}) {
-    if (HoldsRows(workspace, name)) return workspace.MoveOver(name, work_file::kRows);
+    if (workspace.HasBytes(work_file::kRows)) break;
+    if (!HoldsRows(workspace, name)) continue;
+    if (Step taken = TakeForRows(desk, name); !taken || !*taken) return taken;
   }
-  return Done{};
+  return true;
 }
 
 // Cuts a rest that is no whole row; the file as it was is kept in a safety copy.
-Outcome CutToWholeRows(Workbench& bench, const std::filesystem::path& data_folder) {
-  const auto bytes = bench.workspace.Read(work_file::kRows);
-  if (!bytes || bytes->size() % kRowSize == 0) return Done{};
-  if (Outcome kept = KeepSafetyCopyAnyway(bench, data_folder); !kept) return kept;
+Step CutToWholeRows(Desk& desk) {
+  Workspace& workspace = desk.bench.workspace;
+  const auto bytes = workspace.ReadIfThere(work_file::kRows);
+  if (!bytes) return bytes.error();
+  if (bytes->size() % kRowSize == 0) return true;
+  if (!KeepSafetyCopyAnyway(desk)) return false;
   const std::size_t whole = bytes->size() - bytes->size() % kRowSize;
-  return bench.workspace.Write(work_file::kRows, bytes->substr(0, whole));
+  Outcome cut = workspace.Write(work_file::kRows, bytes->substr(0, whole));
+  return cut ? Step(true) : cut.error();
 }
 
 SystemKind KindOf(const SectionRow& row, SystemKind chosen) {
@@ -79,56 +120,89 @@ Outcome TakeSheetIntro(Workbench& bench) {
 
 }  // namespace
 
-Result<FoundLeftOver> FindLeftOver(Workbench& bench, const std::filesystem::path& data_folder) {
-  Workspace& workspace = bench.workspace;
-  if (Outcome placed = PutRowsInPlace(workspace); !placed) return placed.error();
-  if (Outcome cut = CutToWholeRows(bench, data_folder); !cut) return cut.error();
+Result<std::optional<FoundLeftOver>> SettleWorkFiles(Desk& desk) {
+  Workspace& workspace = desk.bench.workspace;
+  for (const auto step : {PutRowsInPlace, CutToWholeRows}) {
+    const Step ended = step(desk);
+    if (!ended) return ended.error();
+    if (!*ended) return std::optional<FoundLeftOver>();
+  }
   FoundLeftOver found;
   const auto rows = workspace.Rows().ReadAll();
   if (!rows) return rows.error();
   found.rows = static_cast<int>(rows->size());
   if (found.rows > 0) {
-    found.kind = KindOf(rows->front(), bench.study.system_kind);
-    found.what = found.kind == bench.study.system_kind ? LeftOver::kStudy : LeftOver::kOtherKind;
-    return found;
+    const SystemKind chosen = desk.bench.study.system_kind;
+    found.kind = KindOf(rows->front(), chosen);
+    found.what = found.kind == chosen ? LeftOver::kStudy : LeftOver::kOtherKind;
+    found.title = HeaderRow(*rows).Thema.Utf8();
+    found.file = ReadOrigin(workspace);
+    if (const auto status = workspace.Status(work_file::kRows); status && *status) {
+      found.moment = DateText((*status)->modified) + ", " + ClockText((*status)->modified);
+    }
+    return std::optional(found);
   }
   workspace.Delete(work_file::kRows);
   if (workspace.HasBytes(work_file::kSheet) && workspace.HasBytes(work_file::kSheetIntro)) {
     found.what = LeftOver::kSheet;
   }
-  return found;
+  return std::optional(found);
 }
 
-Outcome AcceptRecovery(Workbench& bench, const FoundLeftOver& found,
-                       const std::filesystem::path& data_folder) {
+bool AcceptRecovery(Desk& desk, const FoundLeftOver& found) {
+  Workbench& bench = desk.bench;
   Study& study = bench.study;
   study.system_kind = found.kind;
+  const bool fluid_damaged = IsDamaged(bench, work_file::kFluid);
+  if (!SetDamagedAside(desk)) return false;
   study.unsaved_changes = false;
   study.entry_mode = 0;
   study.recovery = true;
   study.study_path.clear();
   LoadStudy(bench, RecentList::kLeave);
-  if (study.CalcStatus != calc_status::kRefused) return Done{};
+  if (study.CalcStatus != calc_status::kRefused) {
+    study.fluid_assumed = study.fluid_assumed || fluid_damaged;
+    return true;
+  }
   study.CalcStatus = calc_status::kNothing;
   study.recovery = false;
-  if (Outcome kept = KeepSafetyCopyAnyway(bench, data_folder); !kept) return kept;
+  if (!KeepSafetyCopyAnyway(desk)) return false;
   ResetStudy(bench);
-  return Done{};
+  return true;
 }
 
-Outcome DiscardLeftOver(Workbench& bench, const std::filesystem::path& data_folder) {
-  if (Outcome kept = KeepSafetyCopy(bench, data_folder); !kept) return kept;
-  bench.workspace.DeleteWorkFiles();
-  bench.study.SectionCount = 0;
-  return Done{};
+bool DiscardLeftOver(Desk& desk) {
+  if (!KeepSafetyCopy(desk)) return false;
+  desk.bench.workspace.DeleteWorkFiles();
+  desk.bench.study.SectionCount = 0;
+  return true;
 }
 
-Outcome AcceptSheet(Workbench& bench, const std::filesystem::path& data_folder) {
-  if (Outcome kept = KeepSafetyCopyAnyway(bench, data_folder); !kept) return kept;
-  if (Outcome taken = TakeSheetIntro(bench); !taken) return taken;
+bool AcceptSheet(Desk& desk) {
+  Workbench& bench = desk.bench;
+  if (!KeepSafetyCopyAnyway(desk)) return false;
+  if (!TellIfFailed(bench, TakeSheetIntro(bench))) return false;
   bench.study.unsaved_changes = true;
   bench.study.recovery = true;
-  return LoadPipeSystem(bench);
+  return TellIfFailed(bench, LoadPipeSystem(bench));
+}
+
+bool SetDamagedAside(Desk& desk) {
+  std::string names;
+  std::vector<std::string_view> damaged;
+  for (const std::string_view name :
+       {work_file::kStatistics, work_file::kEmitters, work_file::kFluid, work_file::kWinter}) {
+    if (!IsDamaged(desk.bench, name)) continue;
+    names += (names.empty() ? "" : ", ") + std::string(name);
+    damaged.push_back(name);
+  }
+  if (damaged.empty()) return true;
+  if (!KeepSafetyCopyAnyway(desk)) return false;
+  for (const std::string_view name : damaged) {
+    desk.bench.workspace.Delete(name);
+  }
+  TellSetAside(desk, names);
+  return true;
 }
 
 }  // namespace kalvo

@@ -1,8 +1,9 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
 
-#include "study/workbench.h"
+#include "form/desk.h"
 
 namespace kalvo {
 
@@ -18,26 +19,35 @@ struct FoundLeftOver {
   LeftOver what = LeftOver::kNothing;
   int rows = 0;
   SystemKind kind = SystemKind::kNone;  ///< of row 1; the chosen one when it tells both or neither
+  std::string title;                    ///< of row 1
+  std::filesystem::path file;           ///< the study's own file; empty: it never had one
+  std::string moment;                   ///< of the last change, "dd/MM/yyyy, HH:mm:ss"
 };
 
 /// Puts the work files in order and tells what they hold. Summer's rows of a winter duty go back
 /// first; `DATARES.@@@` wins over the rows; without rows the first of it, `TEMPODAT.TMP` and
-/// `FIRSTONE.TMP` that holds some takes their place; rows of no length are deleted. Of a file of
-/// odd length the whole records are kept and the original goes into a safety copy below
-/// `data_folder`. Error: that copy, or a file, cannot be written; nothing is lost then.
-Result<FoundLeftOver> FindLeftOver(Workbench& bench, const std::filesystem::path& data_folder);
+/// `FIRSTONE.TMP` takes their place: each only when it can be loaded, and what it displaces goes
+/// into a safety copy. A copy of rows that cannot be loaded goes there too, and a box says so. Rows
+/// of no length are deleted. Of a file of odd length the whole records are kept and the original
+/// goes into a safety copy. Nothing: the user stays at this screen rather than lose what could not
+/// be copied. Error: a file cannot be read or written; nothing is lost then.
+Result<std::optional<FoundLeftOver>> SettleWorkFiles(Desk& desk);
 
 /// Brings the study back as an unsaved one, of the kind of its row 1; `recovery` stays set for the
-/// main menu. When it cannot be loaded the user is told, everything is copied to safety, and the
-/// program starts empty. Error: that copy could not be made; all files stay.
-Outcome AcceptRecovery(Workbench& bench, const FoundLeftOver& found,
-                       const std::filesystem::path& data_folder);
+/// main menu. Damaged files that follow from the rows are kept in a safety copy and left out, and a
+/// box names them. When the study cannot be loaded the user is told, everything is copied to
+/// safety, and the program starts empty. False: the user stays; all files do.
+bool AcceptRecovery(Desk& desk, const FoundLeftOver& found);
 
 /// Brings back what is known of a study whose sheet was never made into rows; `recovery` stays set.
-/// The sheet stays where it is and is copied to safety. Error: as above, or `Intro.ss2` is broken.
-Outcome AcceptSheet(Workbench& bench, const std::filesystem::path& data_folder);
+/// The sheet stays where it is and is copied to safety. False: as above, or `Intro.ss2` is broken.
+bool AcceptSheet(Desk& desk);
 
-/// Throws away what was left, a safety copy first. Error: it could not be made; all files stay.
-Outcome DiscardLeftOver(Workbench& bench, const std::filesystem::path& data_folder);
+/// Throws away what was left, a safety copy first. False: the user stays; all files do.
+bool DiscardLeftOver(Desk& desk);
+
+/// Takes damaged files that follow from the rows, or go with them, out of the work files: they are
+/// kept in a safety copy under their own names, and a box names them. False: the user stays.
+bool SetDamagedAside(Desk& desk);
 
 }  // namespace kalvo

@@ -2,9 +2,14 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
+#include <functional>
+#include <optional>
 
 #include "study/date_text.h"
 #include "study/study_extensions.h"
+#include "study/study_origin.h"
+#include "study/study_proof.h"
 #include "study/study_reset.h"
 
 namespace kalvo {
@@ -24,72 +29,87 @@ constexpr std::array kSavedNames = {SavedName{work_file::kRows, &StudyExtensions
                                     SavedName{work_file::kWinter, &StudyExtensions::winter},
                                     SavedName{work_file::kFluid, &StudyExtensions::fluid}};
 
+template <typename Row>
+bool IsSound(const Workbench& bench, std::string_view work_name) {
+  const auto rows = bench.workspace.Rows<Row>(work_name).ReadAll();
+  return rows && FirstBadNumber(*rows).empty();
+}
+
 SystemKind KindOfRows(const Workbench& bench) {
   const auto first = bench.workspace.Rows().Read(1);
   if (!first || (first->KLEIS != 0) == (first->ANOIK != 0)) return bench.study.system_kind;
   return first->ANOIK != 0 ? SystemKind::kOpen : SystemKind::kClosed;
 }
 
-// The name under which a work file is kept.
+// The name under which a work file is kept. A damaged companion would bar the copy from opening.
 std::string NameInCopy(const Workbench& bench, std::string_view work_name, SystemKind kind) {
   const auto* saved = std::ranges::find(kSavedNames, work_name, &SavedName::work_name);
-  if (saved == kSavedNames.end()) return std::string(work_name);
+  if (saved == kSavedNames.end() || IsDamaged(bench, work_name)) return std::string(work_name);
   const std::string_view extension = ExtensionsOf(kind).*(saved->extension);
   if (extension.empty()) return std::string(work_name);
-  const std::string& base = bench.study.study_base_name;
+  const Study& study = bench.study;
+  const std::string base(study.study_base_name.empty()
+                             ? BaseOf(study.origin_path.filename().string())
+                             : std::string_view(study.study_base_name));
   return (base.empty() ? std::string(kNamelessStudy) : base) + std::string(extension);
 }
 
-// A folder that is not there yet.
-fs::path NewFolder(const Workbench& bench, const fs::path& above) {
-  const std::string stamp = StampText(bench.workspace.Now());
-  fs::path folder = above / stamp;
-  for (int number = 2; bench.workspace.outer_disk().Exists(folder); ++number) {
-    folder = above / (stamp + "-" + std::to_string(number));
+// The moment in a copy's name, and its number among those of one second; nothing for any other
+// name: "2026-11-25_143000", "2026-11-25_143000-2".
+std::optional<std::pair<std::string, int>> StampOf(const std::string& name) {
+  constexpr std::string_view kForm = "0000-00-00_000000";
+  constexpr std::size_t kMostDigits = 6;
+  const auto is_digit = [](char c) { return std::isdigit(static_cast<unsigned char>(c)) != 0; };
+  if (name.size() < kForm.size()) return std::nullopt;
+  for (std::size_t i = 0; i < kForm.size(); ++i) {
+    if (kForm[i] == '0' ? !is_digit(name[i]) : name[i] != kForm[i]) return std::nullopt;
   }
+  const std::string stamp = name.substr(0, kForm.size());
+  if (name.size() == kForm.size()) return std::pair(stamp, 1);
+  const std::string number = name.substr(kForm.size() + 1);
+  const bool fits = name[kForm.size()] == '-' && !number.empty() && number.size() <= kMostDigits &&
+                    std::ranges::all_of(number, is_digit);
+  return fits ? std::optional(std::pair(stamp, std::stoi(number))) : std::nullopt;
+}
+
+// A folder that is not there yet, after all others of its second.
+fs::path NewFolder(const Workbench& bench, const fs::path& above) {
+  const Disk& disk = bench.workspace.outer_disk();
+  const std::string stamp = StampText(bench.workspace.Now());
+  int number = 0;
+  for (const std::string& name : SafetyCopyNames(disk, above)) {
+    if (const auto other = *StampOf(name); other.first == stamp) number = other.second;
+  }
+  fs::path folder;
+  do {
+    ++number;
+    folder = above / (number == 1 ? stamp : stamp + "-" + std::to_string(number));
+  } while (disk.Exists(folder));
   return folder;
 }
 
-// Takes away the oldest copies past those that are kept. What cannot be removed stays.
-void RemoveOldCopies(Disk& disk, const fs::path& above) {
-  auto entries = disk.List(above);
-  std::vector<std::string> copies = entries ? std::move(*entries) : std::vector<std::string>{};
-  std::erase_if(copies, [&](const std::string& name) { return !disk.IsFolder(above / name); });
-  std::ranges::sort(copies);
-  for (std::size_t i = 0; i + kSafetyCopies < copies.size(); ++i) {
-    const fs::path folder = above / copies[i];
-    const auto names = disk.List(folder);
-    for (const std::string& name : names ? *names : std::vector<std::string>{}) {
-      static_cast<void>(disk.Remove(folder / name).ok());
-    }
-    static_cast<void>(disk.Remove(folder).ok());
+// What cannot be removed stays.
+void RemoveCopy(Disk& disk, const fs::path& folder) {
+  const auto names = disk.List(folder);
+  for (const std::string& name : names ? *names : std::vector<std::string>{}) {
+    static_cast<void>(disk.Remove(folder / name).ok());
+  }
+  static_cast<void>(disk.Remove(folder).ok());
+}
+
+// Takes away the oldest copies past those that are kept; the one just made is the newest, whatever
+// the clock said.
+void RemoveOldCopies(Disk& disk, const fs::path& above, const fs::path& just_made) {
+  std::vector<std::string> copies = SafetyCopyNames(disk, above);
+  std::erase(copies, just_made.filename().string());
+  for (std::size_t i = 0; i + kSafetyCopies < copies.size() + 1; ++i) {
+    RemoveCopy(disk, above / copies[i]);
   }
 }
 
-}  // namespace
-
-bool RowsAreSaved(const Workbench& bench) {
-  const auto rows = bench.workspace.ReadIfThere(work_file::kRows);
-  if (!rows) return false;
-  if (rows->empty()) return true;
-  const fs::path& path = bench.study.study_path;
-  if (path.empty() || path == kEscapePath) return false;
-  const Disk& disk = bench.workspace.outer_disk();
-  const auto saved = disk.Read(AsInFolder(disk, path));
-  return saved && *saved == *rows;
-}
-
-Outcome KeepSafetyCopy(Workbench& bench, const fs::path& data_folder) {
-  const bool sheet = bench.workspace.HasBytes(work_file::kSheet);
-  return RowsAreSaved(bench) && !sheet ? Outcome(Done{}) : KeepSafetyCopyAnyway(bench, data_folder);
-}
-
-Outcome KeepSafetyCopyAnyway(Workbench& bench, const fs::path& data_folder) {
+Outcome CopyInto(const Workbench& bench, const fs::path& folder) {
   Disk& disk = bench.workspace.outer_disk();
-  const fs::path above = data_folder / kSafetyFolder;
-  const fs::path folder = NewFolder(bench, above);
   const SystemKind kind = KindOfRows(bench);
-  if (Outcome made = disk.MakeFolder(folder); !made) return made;
   for (const std::string_view name : work_file::kAll) {
     if (!bench.workspace.HasBytes(name)) continue;
     auto bytes = bench.workspace.Read(name);
@@ -98,8 +118,145 @@ Outcome KeepSafetyCopyAnyway(Workbench& bench, const fs::path& data_folder) {
     if (Outcome written = ReplaceFile(disk, copy, std::move(*bytes)); !written) return written;
     if (Outcome flushed = disk.Flush(copy); !flushed) return flushed;
   }
-  RemoveOldCopies(disk, above);
-  return Done{};
+  return disk.Flush(folder);
+}
+
+// The folder of the new copy; after a failure nothing of it is left.
+Result<fs::path> WriteSafetyCopy(const Workbench& bench, const fs::path& where) {
+  if (where.empty()) return FileError{where, "Ο φάκελος δεν υπάρχει"};
+  Disk& disk = bench.workspace.outer_disk();
+  const fs::path above = where / kSafetyFolder;
+  const fs::path folder = NewFolder(bench, above);
+  if (Outcome made = disk.MakeFolder(folder); !made) return made.error();
+  Outcome copied = CopyInto(bench, folder);
+  if (copied) copied = disk.Flush(above);
+  if (!copied) {
+    RemoveCopy(disk, folder);
+    return copied.error();
+  }
+  RemoveOldCopies(disk, above, folder);
+  return folder;
+}
+
+// The copy in that folder; nothing when no study of the kind can be opened from it.
+std::optional<SafetyCopy> LookInto(const Disk& disk, const fs::path& folder, SystemKind kind) {
+  constexpr std::size_t kRowSize = RecordSize<SectionRow>();
+  const auto names = disk.List(folder);
+  for (const std::string& name : names ? *names : std::vector<std::string>{}) {
+    if (KindOfName(name) != kind) continue;
+    const auto status = disk.Status(folder / name);
+    const auto head = disk.ReadHead(folder / name, kRowSize);
+    if (!status || !*status || !head || head->size() < kRowSize) continue;
+    SafetyCopy copy;
+    copy.file = folder / name;
+    copy.title = DecodeRecord<SectionRow>(head->data()).Thema.Utf8();
+    copy.moment = DateText((*status)->modified) + ", " + ClockText((*status)->modified);
+    copy.rows = static_cast<int>((*status)->length / kRowSize);
+    const auto note = disk.Read(folder / work_file::kOrigin);
+    if (note) copy.origin = OriginIn(*note);
+    return copy;
+  }
+  return std::nullopt;
+}
+
+// True when the work file says what the study's companion says, or is not there.
+bool CompanionIsSaved(const Workbench& bench, std::string_view work_name,
+                      std::string_view extension) {
+  const auto bytes = bench.workspace.ReadIfThere(work_name);
+  if (!bytes) return false;
+  if (bytes->empty()) return true;
+  const Disk& disk = bench.workspace.outer_disk();
+  const fs::path& main = bench.study.study_path;
+  const std::string name = std::string(BaseOf(main.filename().string())) + std::string(extension);
+  const auto saved = disk.Read(AsInFolder(disk, main.parent_path() / name));
+  if (saved) return *saved == *bytes;
+  return saved.error().IsMissing() && work_name == work_file::kFluid && bench.study.fluid_assumed;
+}
+
+}  // namespace
+
+bool IsSaved(const Workbench& bench) {
+  if (bench.workspace.HasBytes(work_file::kSheet)) return false;
+  const auto rows = bench.workspace.ReadIfThere(work_file::kRows);
+  if (!rows) return false;
+  if (rows->empty()) return true;
+  const fs::path& path = bench.study.study_path;
+  if (path.empty() || path == kEscapePath) return false;
+  const Disk& disk = bench.workspace.outer_disk();
+  const auto saved = disk.Read(AsInFolder(disk, path));
+  const StudyExtensions& extensions = ExtensionsOf(bench.study.system_kind);
+  return saved && *saved == *rows && CompanionIsSaved(bench, work_file::kFluid, extensions.fluid) &&
+         (extensions.winter.empty() ||
+          CompanionIsSaved(bench, work_file::kWinter, extensions.winter));
+}
+
+bool KeepSafetyCopy(Desk& desk) { return IsSaved(desk.bench) || KeepSafetyCopyAnyway(desk); }
+
+bool KeepSafetyCopyAnyway(Desk& desk) {
+  Workbench& bench = desk.bench;
+  const auto kept = WriteSafetyCopy(bench, desk.data_folder);
+  if (kept) return true;
+  const auto elsewhere = WriteSafetyCopy(bench, desk.state_folder);
+  if (elsewhere) {
+    bench.Ask({" !!... ΠΡΟΣΟΧΗ ...!! ",
+               {"Το αντίγραφο ασφαλείας της Μελέτης ΔΕΝ γράφτηκε στον φάκελο των μελετών",
+                kept.error().Line(), "Γράφτηκε στον φάκελο : " + elsewhere->string()},
+               48});
+    return true;
+  }
+  const Answer answer =
+      bench.Ask({" !!... ΠΡΟΣΟΧΗ ...!! ",
+                 {"ΔΕΝ μπορεί να γραφεί αντίγραφο ασφαλείας της Μελέτης", kept.error().Line(),
+                  "Χωρίς αντίγραφο, όσα δεν έχουν < σωθεί > θα χαθούν ΟΡΙΣΤΙΚΑ",
+                  "Θέλετε να συνεχίσω χωρίς αντίγραφο ??"},
+                 292});
+  bench.study.answer = Answer::kNone;
+  return answer == Answer::kYes;
+}
+
+std::vector<std::string> SafetyCopyNames(const Disk& disk, const fs::path& above) {
+  auto entries = disk.List(above);
+  std::vector<std::string> names = entries ? std::move(*entries) : std::vector<std::string>{};
+  std::erase_if(names, [&](const std::string& name) {
+    return !StampOf(name) || !disk.IsFolder(above / name);
+  });
+  std::ranges::sort(names, {}, [](const std::string& name) { return *StampOf(name); });
+  return names;
+}
+
+std::vector<SafetyCopy> ListSafetyCopies(const Desk& desk, SystemKind kind) {
+  const Disk& disk = desk.bench.workspace.outer_disk();
+  std::vector<std::pair<std::pair<std::string, int>, SafetyCopy>> found;
+  for (const fs::path& where : {desk.data_folder, desk.state_folder}) {
+    const fs::path above = where / kSafetyFolder;
+    for (const std::string& name : SafetyCopyNames(disk, above)) {
+      if (auto copy = LookInto(disk, above / name, kind)) {
+        found.emplace_back(*StampOf(name), std::move(*copy));
+      }
+    }
+  }
+  std::ranges::sort(found, std::ranges::greater(), [](const auto& at) { return at.first; });
+  std::vector<SafetyCopy> copies;
+  for (auto& [stamp, copy] : found) {
+    copies.push_back(std::move(copy));
+  }
+  return copies;
+}
+
+bool IsInSafetyCopy(const fs::path& file) {
+  const fs::path folder = file.parent_path();
+  return StampOf(folder.filename().string()) &&
+         folder.parent_path().filename() == fs::path(kSafetyFolder);
+}
+
+bool IsDamaged(const Workbench& bench, std::string_view work_name) {
+  if (!bench.workspace.Read(work_name)) return false;  // missing, or nobody knows
+  if (work_name == work_file::kStatistics) return !IsSound<StatRow>(bench, work_name);
+  if (work_name == work_file::kFluid) return !IsSound<FluidRow>(bench, work_name);
+  if (work_name == work_file::kEmitters || work_name == work_file::kWinter) {
+    return !IsSound<SectionRow>(bench, work_name);
+  }
+  return false;
 }
 
 }  // namespace kalvo

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
+#include <vector>
 
-#include "study/workbench.h"
+#include "form/desk.h"
 
 namespace kalvo {
 
@@ -10,17 +12,42 @@ namespace kalvo {
 constexpr const char* kSafetyFolder = "ASFALEIA";
 constexpr std::size_t kSafetyCopies = 10;
 
-/// True when the rows in the work files stand, byte by byte, in the file at `study path`; without
-/// rows there is nothing to lose, and it is true too.
-bool RowsAreSaved(const Workbench& bench);
+/// True when what was entered (rows, fluid, winter rows) is, byte by byte, in the files at
+/// `study path`, and no sheet is kept beside the rows. Without rows and sheet there is nothing to
+/// lose, and it is true too.
+bool IsSaved(const Workbench& bench);
 
-/// Copies the study in the work files into a dated folder of `ASFALEIA` below `data_folder` when
-/// its rows are in no saved file, or a sheet stands there that may not be in the rows. The copy
-/// opens as any study does; what no study's file is keeps its name. The newest kSafetyCopies are
-/// kept. Nothing to keep: success. Error: the copy cannot be made.
-Outcome KeepSafetyCopy(Workbench& bench, const std::filesystem::path& data_folder);
+/// Before the study in the work files is thrown away: copies it to safety unless it is saved
+/// (IsSaved()). True: it may go.
+bool KeepSafetyCopy(Desk& desk);
 
-/// The same whatever is saved elsewhere; files are copied byte by byte, whole records or not.
-Outcome KeepSafetyCopyAnyway(Workbench& bench, const std::filesystem::path& data_folder);
+/// The same whatever is saved elsewhere. The work files are copied byte by byte, whole records or
+/// not, into a dated folder of `ASFALEIA` below the studies' folder; where that cannot be, below
+/// the state folder, and a box says so. Where neither can be the user is asked whether to go on
+/// without a copy; "no" is the default, and false. The copy opens as any study does; what is no
+/// study's file, or is damaged, keeps its name. The newest kSafetyCopies are kept.
+bool KeepSafetyCopyAnyway(Desk& desk);
+
+/// Names of the safety copies in a folder, the oldest first: folders named as copies are, no
+/// others.
+std::vector<std::string> SafetyCopyNames(const Disk& disk, const std::filesystem::path& above);
+
+/// A safety copy whose rows can be opened.
+struct SafetyCopy {
+  std::filesystem::path file;    ///< the main file in the copy's folder
+  std::filesystem::path origin;  ///< the study's own file; empty: it had none
+  std::string title;
+  std::string moment;  ///< when it was made, "dd/MM/yyyy, HH:mm:ss"
+  int rows = 0;
+};
+
+/// The safety copies of a kind, of both places, the newest first.
+std::vector<SafetyCopy> ListSafetyCopies(const Desk& desk, SystemKind kind);
+
+/// True for a file in the folder of a safety copy.
+bool IsInSafetyCopy(const std::filesystem::path& file);
+
+/// A work file that is there, can be read, and cannot be what its name says: damaged.
+bool IsDamaged(const Workbench& bench, std::string_view work_name);
 
 }  // namespace kalvo

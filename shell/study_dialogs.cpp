@@ -4,9 +4,11 @@
 
 #include "form/tell.h"
 #include "shell/open_study.h"
+#include "shell/recovery.h"
 #include "shell/safety_copies.h"
 #include "study/digest.h"
 #include "study/recent_files.h"
+#include "study/study_origin.h"
 #include "study/study_reset.h"
 #include "study/write_study.h"
 
@@ -37,6 +39,10 @@ bool WriteTo(Desk& desk, const std::filesystem::path& target) {
   Workbench& bench = desk.bench;
   Study& study = bench.study;
   study.study_path = WithExtension(target, study.system_kind);
+  if (!SetDamagedAside(desk)) {
+    study.study_path = study.last_study_path;
+    return false;
+  }
   desk.navigator.ShowWait(kWait);
   const Outcome written = WriteStudy(bench);
   desk.navigator.HideWait();
@@ -58,6 +64,20 @@ bool MayLeaveSaved(Desk& desk) {
   desk.screens.asked_to_leave_saved = true;
   bench.Show(135);
   return std::exchange(bench.study.answer, Answer::kNone) == Answer::kYes;
+}
+
+// A safety copy is in no saved file: it is saved under the study's own name, never over itself.
+void CountAsBroughtBack(Workbench& bench) {
+  Study& study = bench.study;
+  const Disk& disk = bench.workspace.outer_disk();
+  const auto note = disk.Read(study.study_path.parent_path() / work_file::kOrigin);
+  const std::filesystem::path origin = note ? OriginIn(*note) : std::filesystem::path();
+  study.study_path.clear();
+  RebuildNameState(bench);
+  study.saved_digest.reset();
+  study.origin_path = origin;
+  NoteOrigin(bench.workspace, origin);
+  study.unsaved_changes = true;
 }
 
 }  // namespace
@@ -126,22 +146,26 @@ void OpenFromDialog(Desk& desk, std::string_view dialog) {
 bool OpenChosen(Desk& desk, const std::filesystem::path& path, RecentList recent) {
   Workbench& bench = desk.bench;
   Study& study = bench.study;
-  if (!TellIfFailed(bench, KeepSafetyCopy(bench, desk.data_folder))) return false;
   const bool unsaved = std::exchange(study.unsaved_changes, false);
   study.last_study_path = study.study_path;
   study.study_path = path;
   study.entry_mode = 0;
   desk.navigator.ShowWait(kWait);
-  OpenStudyFile(bench, recent);
+  // A copy is no file to be listed among those used last.
+  OpenStudyFile(bench, IsInSafetyCopy(path) ? RecentList::kLeave : recent,
+                [&desk] { return KeepSafetyCopy(desk); });
   desk.navigator.HideWait();
-  if (std::exchange(study.CalcStatus, calc_status::kNothing) != calc_status::kRefused) return true;
+  if (std::exchange(study.CalcStatus, calc_status::kNothing) != calc_status::kRefused) {
+    if (IsInSafetyCopy(study.study_path)) CountAsBroughtBack(bench);
+    return true;
+  }
   study.unsaved_changes = unsaved && HasRows(bench);
   return false;
 }
 
 bool ThrowAwayStudy(Desk& desk) {
   Workbench& bench = desk.bench;
-  if (!TellIfFailed(bench, KeepSafetyCopy(bench, desk.data_folder))) return false;
+  if (!KeepSafetyCopy(desk)) return false;
   ResetStudy(bench);
   bench.study.unsaved_changes = false;
   return true;

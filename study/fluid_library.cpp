@@ -95,6 +95,7 @@ Outcome LoadStudyFluid(Workbench& bench) {
     if (Outcome written = WriteStudyFluid(bench, WaterRow(bench.workspace)); !written) {
       return written;
     }
+    bench.study.fluid_assumed = true;
   }
   const auto fluid = bench.workspace.Rows<FluidRow>(work_file::kFluid).ReadAll();
   if (!fluid) {

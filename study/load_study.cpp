@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 #include "study/digest.h"
 #include "study/family_save.h"
 #include "study/fluid_library.h"
 #include "study/recent_files.h"
+#include "study/study_origin.h"
 #include "study/study_proof.h"
 #include "study/study_reset.h"
 #include "study/tables.h"
@@ -220,6 +222,7 @@ Outcome TakeOver(Workbench& bench, const FoundStudy& found) {
   study.critical_branch = found.critical_branch;
   study.fluid_assumed = !found.Has(work_file::kFluid);
   RebuildNameState(bench);
+  NoteOrigin(bench.workspace, bench.study.study_path);
   for (const FoundStudy::Copy& copy : found.copies) {
     if (copy.work_name == work_file::kRows) {
       study.saved_digest = Digest(copy.bytes);
@@ -232,24 +235,38 @@ Outcome TakeOver(Workbench& bench, const FoundStudy& found) {
   return TakeStudy(bench, found.rows);
 }
 
-void OpenStudy(Workbench& bench, RecentList recent) {
+// The study at `study path`, whose kind its name tells too.
+Result<FoundStudy> FindGivenStudy(Workbench& bench) {
   Study& study = bench.study;
+  const SystemKind kind = KindOfName(study.study_path.filename().string());
+  if (kind != SystemKind::kNone && (kind == SystemKind::kOpen) != study.SystemOpen()) {
+    return OtherKindError(study.study_path);
+  }
   const auto path = FullStudyPath(study);
   if (!path) {
-    TellFailure(bench, path.error());
-    study.study_path = study.last_study_path;
-    return;
+    return path.error();
   }
   study.study_path = AsInFolder(bench.workspace.outer_disk(), *path);
-  if (recent == RecentList::kAdd) {
-    // A list that cannot be written keeps no study from being opened.
-    static_cast<void>(AddRecentFile(bench.workspace, study.study_path));
-  }
-  const auto found = FindStudy(bench);
+  return FindStudy(bench);
+}
+
+void OpenStudy(Workbench& bench, RecentList recent, const std::function<bool()>& may_replace) {
+  Study& study = bench.study;
+  const auto found = FindGivenStudy(bench);
   if (!found) {
     TellFailure(bench, found.error());
     study.study_path = study.last_study_path;
     return;
+  }
+  const std::filesystem::path path = std::exchange(study.study_path, study.last_study_path);
+  if (may_replace && !may_replace()) {
+    study.CalcStatus = calc_status::kRefused;
+    return;
+  }
+  study.study_path = path;
+  if (recent == RecentList::kAdd) {
+    // A list that cannot be written keeps no study from being opened.
+    static_cast<void>(AddRecentFile(bench.workspace, study.study_path));
   }
   if (Outcome loaded = TakeOver(bench, *found); !loaded) {
     TellFailure(bench, loaded.error());
@@ -257,17 +274,7 @@ void OpenStudy(Workbench& bench, RecentList recent) {
   }
 }
 
-// Summer's rows that a winter duty was in the way of when the program ended.
-void PutSummerBack(Workbench& bench) {
-  const auto summer = bench.workspace.Read(work_file::kSummerRows);
-  if (summer && ProveLoadable(bench, bench.workspace.Path(work_file::kSummerRows), *summer).ok()) {
-    // Where this fails the rows that stand are recovered.
-    static_cast<void>(bench.workspace.MoveOver(work_file::kSummerRows, work_file::kRows).ok());
-  }
-}
-
 void RecoverStudy(Workbench& bench) {
-  PutSummerBack(bench);
   const auto bytes = bench.workspace.Read(work_file::kRows);
   const auto rows = bytes ? ProveLoadable(bench, bench.workspace.Path(work_file::kRows), *bytes)
                           : Result<Rows>(bytes.error());
@@ -276,6 +283,7 @@ void RecoverStudy(Workbench& bench) {
     TellFailure(bench, loaded.error());
     return;
   }
+  bench.study.origin_path = ReadOrigin(bench.workspace);
   bench.study.came_by_recovery = true;
   bench.study.recalculation_needed = true;
   bench.study.unsaved_changes = true;
@@ -283,7 +291,7 @@ void RecoverStudy(Workbench& bench) {
 
 }  // namespace
 
-void LoadStudy(Workbench& bench, RecentList recent) {
+void LoadStudy(Workbench& bench, RecentList recent, const std::function<bool()>& may_replace) {
   Study& study = bench.study;
   if (study.study_path == kEscapePath) {
     study.study_path = study.last_study_path;
@@ -295,7 +303,7 @@ void LoadStudy(Workbench& bench, RecentList recent) {
   if (study.recovery) {
     RecoverStudy(bench);
   } else {
-    OpenStudy(bench, recent);
+    OpenStudy(bench, recent, may_replace);
   }
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "study/workbench.h"
 
 namespace kalvo {
@@ -13,6 +15,10 @@ enum class RecentList { kAdd, kLeave };
 /// before anything is touched: until then the open study stays whole and `study path` goes back to
 /// `last study path`, as after "Escape". A failure past that point resets the study. A recovery
 /// that fails deletes nothing: the caller copies the work files to safety, then resets.
-void LoadStudy(Workbench& bench, RecentList recent = RecentList::kAdd);
+/// `may_replace` is asked once the study is proved, before anything is touched, with `study path`
+/// still that of the open study (`last study path`); with "false" that one stays, `CalcStatus` is
+/// -1 and no box shows.
+void LoadStudy(Workbench& bench, RecentList recent = RecentList::kAdd,
+               const std::function<bool()>& may_replace = {});
 
 }  // namespace kalvo

@@ -82,6 +82,9 @@ Result<std::vector<std::string>> MemoryDisk::List(const std::filesystem::path& f
       names.push_back(path.filename().string());
     }
   }
+  if (names.empty() && !folders_.contains(folder)) {
+    return FileError{folder, "Ο φάκελος δεν υπάρχει", FileErrorKind::kMissing};
+  }
   std::sort(names.begin(), names.end());
   return names;
 }

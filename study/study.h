@@ -93,6 +93,7 @@ struct Study {
 
   std::filesystem::path study_path;
   std::filesystem::path last_study_path;
+  std::filesystem::path origin_path;  ///< file of a study brought back: what a save proposes
   std::string study_base_name;
   std::string study_short_name;
   std::filesystem::path study_folder;

@@ -34,9 +34,22 @@ const SectionRow& HeaderRow(const Rows& rows) {
   return plant == rows.end() ? rows.back() : *plant;
 }
 
+FileError OtherKindError(const std::filesystem::path& file) {
+  return {file, "Η μελέτη είναι άλλου είδους Συστήματος Σωλήνων"};
+}
+
 Result<std::vector<SectionRow>> ProveLoadable(const Workbench& bench,
                                               const std::filesystem::path& file,
                                               std::string_view bytes) {
+  if (bytes.size() >= RecordSize<SectionRow>() &&
+      IsOfOtherKind(DecodeRecord<SectionRow>(bytes.data()), bench.study)) {
+    return OtherKindError(file);
+  }
+  return ProveRows(bench, file, bytes);
+}
+
+Result<std::vector<SectionRow>> ProveRows(const Workbench& bench, const std::filesystem::path& file,
+                                          std::string_view bytes) {
   if (bytes.empty()) {
     return FileError{file, "Το αρχείο είναι κενό"};
   }
@@ -46,9 +59,6 @@ Result<std::vector<SectionRow>> ProveLoadable(const Workbench& bench,
   Rows rows = DecodeRows<SectionRow>(bytes);
   if (rows.size() > static_cast<std::size_t>(INT16_MAX)) {
     return FileError{file, "Το αρχείο έχει πάρα πολλές εγγραφές"};
-  }
-  if (IsOfOtherKind(rows.front(), bench.study)) {
-    return FileError{file, "Η μελέτη είναι άλλου είδους Συστήματος Σωλήνων"};
   }
   if (const std::string bad = FirstBadPlace(rows); !bad.empty()) {
     return FileError{file, bad};

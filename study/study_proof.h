@@ -32,6 +32,13 @@ std::string FirstBadNumber(const std::vector<Row>& rows) {
   return {};
 }
 
+/// Why a study of the other kind is not loaded.
+FileError OtherKindError(const std::filesystem::path& file);
+
+/// Rows of a main file, of either kind, if they can be loaded as ProveLoadable() says.
+Result<std::vector<SectionRow>> ProveRows(const Workbench& bench, const std::filesystem::path& file,
+                                          std::string_view bytes);
+
 /// Rows of a main file if it can be loaded: whole records, at least one, numbered by their places,
 /// finite numbers, of the study's kind (when both or neither kind is marked it counts as that), its
 /// pipe system in the list and on disk. `file` is named in errors.

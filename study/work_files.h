@@ -26,14 +26,20 @@ constexpr const char* kFirstRows = "FIRSTONE.TMP";
 constexpr const char* kFirstRowsOld = "FIRSTONE.TM_";
 constexpr const char* kFluid = "LIQUID.TMP";
 constexpr const char* kFlowReport = "SectionsFlows.txt";
+constexpr const char* kOrigin = "ORIGIN.TMP";
 
 /// All that belongs to a study in work, in the order in which it is deleted.
-inline constexpr std::array kAll = {
-    kRows,        kRowsBeforeInsert, kSummerRows,     kRowsBeforeChange, kPreviousRows,
-    kResults,     kEmitters,         kEmittersInWork, kRebuilt,          kPostponed,
-    kGeneralData, kErrors,           kSequence,       kStatistics,       kWinter,
-    kSheet,       kSheetIntro,       kFirstRows,      kFirstRowsOld,     kFluid,
-    kFlowReport};
+inline constexpr std::array kAll = {kRows,         kRowsBeforeInsert,
+                                    kSummerRows,   kRowsBeforeChange,
+                                    kPreviousRows, kResults,
+                                    kEmitters,     kEmittersInWork,
+                                    kRebuilt,      kPostponed,
+                                    kGeneralData,  kErrors,
+                                    kSequence,     kStatistics,
+                                    kWinter,       kSheet,
+                                    kSheetIntro,   kFirstRows,
+                                    kFirstRowsOld, kFluid,
+                                    kFlowReport,   kOrigin};
 
 /// Files that outlive a study.
 constexpr const char* kRecentFiles = "RecentFiles.txt";

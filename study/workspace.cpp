@@ -36,6 +36,11 @@ Outcome Workspace::MoveOver(std::string_view from, std::string_view to) {
   return work_disk_->Rename(Path(from), Path(to));
 }
 
+Outcome Workspace::Flush(std::string_view name) {
+  Outcome flushed = work_disk_->Flush(Path(name));
+  return flushed ? work_disk_->Flush(folder_) : flushed;
+}
+
 void Workspace::DeleteWorkFiles() {
   for (const char* name : work_file::kAll) {
     Delete(name);

@@ -49,6 +49,8 @@ class Workspace {
   Outcome Copy(std::string_view from, std::string_view to);
   /// `from` takes the place of `to`, after the pause: what reads as delete, pause and rename.
   Outcome MoveOver(std::string_view from, std::string_view to);
+  /// Forces the file and its name onto the medium: whoever drops an older copy calls this first.
+  Outcome Flush(std::string_view name);
   /// Deletes every file of a study in work.
   void DeleteWorkFiles();
   void Pause() const { clock_->Pause(kReplacePause); }

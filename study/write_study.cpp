@@ -3,6 +3,7 @@
 #include "study/digest.h"
 #include "study/family_save.h"
 #include "study/fluid_library.h"
+#include "study/study_origin.h"
 #include "study/study_reset.h"
 #include "study/tables.h"
 #include "study/text_lines.h"
@@ -180,6 +181,8 @@ Outcome WriteStudy(Workbench& bench) {
     study.CalcStatus = calc_status::kNothing;
   }
   RebuildNameState(bench);
+  study.origin_path.clear();
+  NoteOrigin(bench.workspace, bench.study.study_path);
   return outcome;
 }
 

@@ -82,7 +82,8 @@ void Surround(CalculatedDesk& desk) {
   desk.desk.data_folder = KALVO_SAMPLES_DIR;
   desk.desk.state_folder = testing::TempDir();
   desk.desk.version = "Έκδοση 0.1.0";
-  desk.desk.screens.offered_rows = desk.study.study.SectionCount;
+  desk.desk.screens.offered = {desk.study.study.SectionCount, "Ξενοδοχείο", "/studies/hotel.PCK",
+                               "25/11/2026, 10:30:00"};
   for (const char* name : {"single.PCK", "fancoil.PCK", "hotel.PCK"}) {
     ASSERT_TRUE(AddRecentFile(workspace, std::filesystem::path(KALVO_SAMPLES_DIR) / name).ok());
   }

@@ -6,7 +6,6 @@
 
 #include "shell/frm_kind.h"
 #include "shell/frm_title.h"
-#include "shell/recovery.h"
 #include "shell/safety_copies.h"
 #include "tests/support/sample_study.h"
 #include "tests/support/test_desk.h"
@@ -145,7 +144,7 @@ TEST_F(MainMenu, LeavingReturnsToTheChoiceOfKindAndKeepsASafetyCopy) {
   EXPECT_EQ(navigator.log.back(), "show FrmKind");
   EXPECT_FALSE(test.workspace.Exists(work_file::kRows));
   EXPECT_FALSE(test.workspace.Exists(work_file::kFluid));
-  EXPECT_EQ(test.outer_disk.List("/studies/ASFALEIA")->size(), 1U);
+  EXPECT_EQ(NamesIn(test.outer_disk, "/studies/ASFALEIA").size(), 1U);
 }
 
 TEST_F(MainMenu, EndsTheTitleEntryBeforeAStudyIsOpened) {
@@ -239,7 +238,7 @@ struct KindScreen : TestDesk, ::testing::Test {
     navigator.Expect(screen::kOldStudy, [this, answer] { desk.screens.recover = answer; });
   }
   [[nodiscard]] std::size_t SafetyCopies() const {
-    return test.outer_disk.List("/studies/ASFALEIA")->size();
+    return NamesIn(test.outer_disk, "/studies/ASFALEIA").size();
   }
   FrmKind form{desk};
 };
@@ -293,35 +292,6 @@ TEST_F(KindScreen, OffersWhatWasLeftOfTheOtherKindWhenAFileWasGiven) {
   EXPECT_TRUE(test.study.SystemOpen());
   EXPECT_TRUE(desk.screens.study_argument.empty()) << "it is of the other kind";
   EXPECT_TRUE(test.study.recovery);
-}
-
-TEST_F(KindScreen, TakesTheRowsFromWhicheverFileHoldsThem) {
-  LeaveRows(SystemKind::kClosed);
-  const std::string rows = test.Bytes();
-  for (const char* const name :
-       {work_file::kRowsBeforeChange, work_file::kRebuilt, work_file::kFirstRows}) {
-    test.workspace.DeleteWorkFiles();
-    ASSERT_TRUE(test.workspace.Write(name, rows).ok());
-    test.study = Study{};
-    test.study.system_kind = SystemKind::kClosed;
-    const auto found = FindLeftOver(test.bench, desk.data_folder);
-    ASSERT_TRUE(found.ok());
-    EXPECT_EQ(found->what, LeftOver::kStudy) << name;
-    EXPECT_EQ(test.Bytes(), rows) << name;
-  }
-}
-
-TEST_F(KindScreen, CutsARestThatIsNoRowAndKeepsTheOriginal) {
-  LeaveRows(SystemKind::kClosed);
-  const std::string rows = test.Bytes();
-  ASSERT_TRUE(test.workspace.Write(work_file::kRows, rows + "rest").ok());
-  test.study.system_kind = SystemKind::kClosed;
-  ASSERT_TRUE(FindLeftOver(test.bench, desk.data_folder).ok());
-  EXPECT_EQ(test.Bytes(), rows);
-  EXPECT_EQ(SafetyCopies(), 1U);
-  ASSERT_TRUE(test.workspace.Write(work_file::kRows, "").ok());
-  ASSERT_TRUE(FindLeftOver(test.bench, desk.data_folder).ok());
-  EXPECT_FALSE(test.workspace.Exists(work_file::kRows));
 }
 
 TEST_F(KindScreen, BringsBackWhatIsKnownOfASheetAndNeverLosesIt) {

@@ -8,7 +8,7 @@ namespace {
 // The offer of a study of five rows, answered by one key.
 std::optional<bool> AnswerBy(const Key& key) {
   TestDesk desk;
-  desk.desk.screens.offered_rows = 5;
+  desk.desk.screens.offered.rows = 5;
   FrmOldStudy form(desk.desk);
   form.Load();
   EXPECT_TRUE(form.Press(key));
@@ -18,11 +18,14 @@ std::optional<bool> AnswerBy(const Key& key) {
 
 TEST(FrmOldStudy, TellsWhatWasFound) {
   TestDesk desk(SystemKind::kOpen);
-  desk.desk.screens.offered_rows = 1;
+  desk.desk.screens.offered = {1, "Σχολείο", "/studies/school.PCA", "25/11/2026, 10:30:00"};
   FrmOldStudy form(desk.desk);
   form.Load();
   EXPECT_EQ(form.LblKind.text, "ΑΝΟΙΚΤΟ ΣΥΣΤΗΜΑ ΣΩΛΗΝΩΝ");
   EXPECT_EQ(form.LblRows.text, "1 τμήμα");
+  EXPECT_EQ(form.LblTitle.text, "Σχολείο");
+  EXPECT_EQ(form.LblFile.text, "/studies/school.PCA");
+  EXPECT_EQ(form.LblMoment.text, "25/11/2026, 10:30:00");
 }
 
 TEST(FrmOldStudy, OnlyAnAnswerIsAnAnswer) {

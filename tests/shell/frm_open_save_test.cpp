@@ -104,7 +104,7 @@ TEST_F(OpenSave, WalksTheFoldersUnderTheFinger) {
 TEST_F(OpenSave, AFolderThatIsGoneIsTold) {
   desk.desk.data_folder = "/stick/PFILES";
   form.Load();
-  EXPECT_EQ(form.LblEmpty.text, "Ο φάκελος δεν υπάρχει ή δεν διαβάζεται.");
+  EXPECT_EQ(form.LblEmpty.text, "Ο φάκελος δεν υπάρχει.");
   EXPECT_EQ(Joined(form.DirList.lines()), "/|stick|PFILES");
   form.DirList.Select(0);
   EXPECT_EQ(Joined(form.DirList.lines()), "/|studies");

@@ -103,6 +103,7 @@ TEST_F(RecentFiles, AFileThatIsGoneOrOfAnotherSystemLeadsNowhere) {
 }
 
 TEST_F(RecentFiles, RecallingAsksAboutTheOpenStudyAndMovesTheLineToTheTop) {
+  desk.desk.data_folder = "/studies";
   PutSampleStudy(desk.test.bench, "Παλιά");
   desk.test.study.unsaved_changes = true;
   desk.test.prompter.Expect(130, Answer::kCancel);

@@ -35,7 +35,7 @@ struct StudyDialogs : TestDesk, ::testing::Test {
     test.study.study_title = "Παλιά";
   }
   [[nodiscard]] std::vector<std::string> SafetyCopies() const {
-    return *test.outer_disk.List(kFolder / kSafetyFolder);
+    return NamesIn(test.outer_disk, kFolder / kSafetyFolder);
   }
 };
 

@@ -95,7 +95,7 @@ TEST(SaveFamily, RefusesNamesThatItsJournalCouldNotTell) {
   for (const auto& [base, name] :
        {std::pair("a\nb", "a\nb.PCK"), std::pair("a", "b.PCK"), std::pair("a", "a.txt")}) {
     EXPECT_FALSE(SaveFamily(disk, kFolder, base, {{name, "x"}}).ok());
-    EXPECT_TRUE(disk.List(kFolder)->empty());
+    EXPECT_TRUE(NamesIn(disk, kFolder).empty());
   }
 }
 

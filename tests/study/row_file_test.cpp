@@ -5,6 +5,7 @@
 #include "study/fluid_row.h"
 #include "study/memory_disk.h"
 #include "tests/support/failing_disk.h"
+#include "tests/support/program_in_memory.h"
 
 namespace kalvo {
 namespace {
@@ -72,7 +73,7 @@ TEST(RowFile, WritesOneRecordOrAddsOneBehindTheLast) {
     EXPECT_FALSE(file.Read(number).ok()) << number;
   }
   EXPECT_EQ(*file.Count(), 4);
-  EXPECT_EQ(*disk.List("/program"), std::vector<std::string>{"ROWS.TMP"});
+  EXPECT_EQ(NamesIn(disk, "/program"), std::vector<std::string>{"ROWS.TMP"});
 }
 
 TEST(RowFile, FullDiskLeavesTheOldFileWholeAndNothingBesideIt) {
@@ -85,7 +86,7 @@ TEST(RowFile, FullDiskLeavesTheOldFileWholeAndNothingBesideIt) {
     disk.FailAfterBytes(room);
     ASSERT_FALSE(file.WriteAll(std::vector<FluidRow>(3)).ok());
     ASSERT_EQ(*disk.Read(kPath), before);
-    ASSERT_EQ(disk.List("/program")->size(), 1U);
+    ASSERT_EQ(NamesIn(disk, "/program").size(), 1U);
   }
 }
 

@@ -11,9 +11,15 @@ namespace kalvo {
 /// Files of a folder by name.
 using FolderImage = std::map<std::string, std::string>;
 
+/// Names in the folder, none of one that is not there.
+inline std::vector<std::string> NamesIn(const Disk& disk, const std::filesystem::path& folder) {
+  const auto names = disk.List(folder);
+  return names ? *names : std::vector<std::string>{};
+}
+
 inline FolderImage ImageOf(const Disk& disk, const std::filesystem::path& folder) {
   FolderImage image;
-  for (const std::string& name : *disk.List(folder)) {
+  for (const std::string& name : NamesIn(disk, folder)) {
     const auto bytes = disk.Read(folder / name);
     image[name] = bytes ? *bytes : "(unreadable)";
   }
