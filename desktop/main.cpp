@@ -80,10 +80,11 @@ int RunProgram(const CommandLine& line) {
   OneInstance instance(QString::fromStdString(places.folder.string()));
   if (!instance.Take()) {
     TellRunningAlready(program.desk().bench.prompter);
+    instance.Call(QString::fromStdString(places.study.string()));
     return 1;
   }
   if (!program.Prepare(InstalledData())) return 1;
-  instance.Listen([&program] { program.windows().BringToFront(); });
+  instance.Listen([&program](const QString& study) { program.TakeStudy(study.toStdString()); });
   program.Start();
   return QApplication::exec();
 }

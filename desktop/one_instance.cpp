@@ -26,20 +26,34 @@ OneInstance::OneInstance(const QString& program_folder)
 
 bool OneInstance::Take() {
   if (lock_.tryLock(0)) return true;
-  if (lock_.error() != QLockFile::LockFailedError) return true;  // the folder cannot be locked
-  QLocalSocket socket;
-  socket.connectToServer(server_name_);
-  if (socket.waitForConnected(kAnswerMs)) socket.disconnectFromServer();
-  return false;
+  return lock_.error() != QLockFile::LockFailedError;  // true: the folder cannot be locked
 }
 
-void OneInstance::Listen(std::function<void()> come) {
+void OneInstance::Call(const QString& study) {
+  QLocalSocket socket;
+  socket.connectToServer(server_name_);
+  if (!socket.waitForConnected(kAnswerMs)) return;
+  socket.write(study.toUtf8());
+  socket.flush();
+  socket.disconnectFromServer();
+  if (socket.state() != QLocalSocket::UnconnectedState) socket.waitForDisconnected(kAnswerMs);
+}
+
+void OneInstance::Listen(std::function<void(const QString& study)> come) {
   QLocalServer::removeServer(server_name_);
-  QObject::connect(&server_, &QLocalServer::newConnection, &server_,
-                   [this, come = std::move(come)] {
-                     delete server_.nextPendingConnection();
-                     come();
-                   });
+  QObject::connect(&server_, &QLocalServer::newConnection, &server_, [this, come] {
+    QLocalSocket* caller = server_.nextPendingConnection();
+    const auto read = [caller, come] {
+      const QString study = QString::fromUtf8(caller->readAll());
+      caller->deleteLater();
+      come(study);
+    };
+    if (caller->state() == QLocalSocket::UnconnectedState) {
+      read();
+    } else {
+      QObject::connect(caller, &QLocalSocket::disconnected, caller, read);
+    }
+  });
   server_.listen(server_name_);
 }
 

@@ -13,10 +13,12 @@ class OneInstance {
  public:
   explicit OneInstance(const QString& program_folder);
 
-  /// Takes the folder. False: another instance works in it; it has been asked to come to the front.
+  /// Takes the folder. False: another instance works in it.
   bool Take();
-  /// Calls `come` when another start asks for it.
-  void Listen(std::function<void()> come);
+  /// Asks the other instance to come to the front, and hands it a study's path, if it is not empty.
+  void Call(const QString& study);
+  /// Calls `come` with the study that another start hands over, or with an empty path.
+  void Listen(std::function<void(const QString& study)> come);
 
  private:
   QLockFile lock_;

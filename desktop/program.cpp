@@ -26,7 +26,11 @@ Program::Program(const ProgramPlaces& places, Separators separators)
   desk_.screens.study_argument = places.study;
   desk_.version = "Έκδοση " KALVO_VERSION;
   windows_.SetDesk(desk_);
-  windows_.AfterAction([this] { RememberOptions(); });
+  windows_.AfterAction([this] {
+    RememberOptions();
+    OpenTakenWhenFree();
+  });
+  windows_.OnDrop([this](const std::filesystem::path& study) { TakeStudy(study); });
   prompter_.OnBox([this](bool shows) {
     if (shows) windows_.PaintAll();  // what the box tells of stands behind it
     windows_.HoldWait(shows);
@@ -39,8 +43,36 @@ void Program::RememberOptions() {
   static_cast<void>(WriteOptions(workspace_, desk_.options));
 }
 
+void Program::TakeStudy(const std::filesystem::path& study) {
+  windows_.BringToFront();
+  if (study.empty()) return;
+  desk_.screens.study_argument = study;
+  taken_ = true;
+  OpenTakenWhenFree();
+}
+
+// The screen that can open a study does so when it comes to the front.
+void Program::OpenTakenWhenFree() {
+  if (!taken_) return;
+  QMetaObject::invokeMethod(
+      &windows_,
+      [this] {
+        if (!taken_ || windows_.Asking()) return;
+        for (const std::string_view screen : {screen::kMain, screen::kKind}) {
+          if (!windows_.IsVisible(screen)) continue;
+          taken_ = false;
+          windows_.Show(screen);
+          return;
+        }
+      },
+      Qt::QueuedConnection);
+}
+
 bool Program::Prepare(const std::filesystem::path& installed) {
   desk_.options = remembered_ = ReadOptions(workspace_);
+  if (!places_.missing_folder.empty()) {
+    TellError(bench_, {places_.missing_folder, "Ο φάκελος του προγράμματος δεν υπάρχει"});
+  }
   if (!TellIfFailed(bench_, FillProgramFolder(disk_, places_.folder, installed))) return false;
   const auto folder = EnsureDataFolder(workspace_);
   if (!folder) TellError(bench_, folder.error());

@@ -21,12 +21,16 @@ class Program {
   bool Prepare(const std::filesystem::path& installed);
   /// Shows the first screen; what follows is the user's.
   void Start();
+  /// Comes to the front and opens that study as soon as nothing else is asked; an empty path opens
+  /// none.
+  void TakeStudy(const std::filesystem::path& study);
 
   [[nodiscard]] Windows& windows() { return windows_; }
   [[nodiscard]] Desk& desk() { return desk_; }
 
  private:
   void RememberOptions();
+  void OpenTakenWhenFree();
 
   ProgramPlaces places_;
   RealDisk disk_;
@@ -40,6 +44,7 @@ class Program {
   Workbench bench_;
   Windows windows_;
   Options remembered_;
+  bool taken_ = false;  ///< a study came from outside and is to be opened
   Desk desk_;
 };
 

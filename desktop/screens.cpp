@@ -20,6 +20,7 @@
 #include <ui_frm_res.h>
 #include <ui_frm_res_gn.h>
 #include <ui_frm_res_sheet.h>
+#include <ui_frm_safety.h>
 #include <ui_frm_title.h>
 
 #include "entry/frm_cur_fl.h"
@@ -40,6 +41,7 @@
 #include "shell/frm_old_study.h"
 #include "shell/frm_open_save.h"
 #include "shell/frm_rec_files.h"
+#include "shell/frm_safety.h"
 #include "shell/frm_title.h"
 
 namespace kalvo {
@@ -70,6 +72,7 @@ constexpr Screen kScreens[] = {
     {screen::kOldStudy, &MakeForm<FrmOldStudy>, &SetUp<Ui::FrmOldStudy>},
     {screen::kStudies, &MakeForm<FrmOpenSave>, &SetUp<Ui::FrmOpenSave>},
     {screen::kRecent, &MakeForm<FrmRecFiles_S>, &SetUp<Ui::FrmRecFiles_S>},
+    {screen::kSafetyCopies, &MakeForm<FrmSafety>, &SetUp<Ui::FrmSafety>},
     {screen::kDataFolder, &MakeForm<FrmFF>, &SetUp<Ui::FrmFF>},
 };
 

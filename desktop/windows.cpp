@@ -1,10 +1,13 @@
 #include "desktop/windows.h"
 
 #include <QApplication>
+#include <QDropEvent>
+#include <QMimeData>
 #include <QPointer>
 #include <QScreen>
 #include <QSettings>
 #include <QSplitter>
+#include <QUrl>
 #include <algorithm>
 
 namespace kalvo {
@@ -58,6 +61,36 @@ QWidget* Windows::WindowOf(std::string_view screen) const {
   return open == nullptr ? nullptr : open->window.get();
 }
 
+bool Windows::IsVisible(std::string_view screen) const {
+  const Open* open = Find(screen);
+  return open != nullptr && open->window->isVisible();
+}
+
+bool Windows::Asking() const {
+  return QApplication::activeModalWidget() != nullptr ||
+         QApplication::activePopupWidget() != nullptr;
+}
+
+// One file of this machine that is dragged over the main menu may be dropped there.
+bool Windows::eventFilter(QObject* watched, QEvent* event) {
+  const auto dropped = [](const QDropEvent& drop) {
+    const QList<QUrl> urls = drop.mimeData()->urls();
+    return urls.size() == 1 ? urls.first().toLocalFile().toStdString() : std::string();
+  };
+  if (event->type() == QEvent::DragEnter) {
+    auto& enter = static_cast<QDragEnterEvent&>(*event);
+    if (!dropped(enter).empty()) enter.acceptProposedAction();
+    return true;
+  }
+  if (event->type() == QEvent::Drop) {
+    auto& drop = static_cast<QDropEvent&>(*event);
+    drop.acceptProposedAction();
+    if (take_ && !dropped(drop).empty()) take_(dropped(drop));
+    return true;
+  }
+  return QObject::eventFilter(watched, event);
+}
+
 bool Windows::IsOpen(std::string_view screen) const { return Find(screen) != nullptr; }
 
 Windows::Open& Windows::OpenScreen(const Screen& screen, bool modal) {
@@ -77,6 +110,10 @@ Windows::Open& Windows::OpenScreen(const Screen& screen, bool modal) {
     open.window->setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
   }
   if (modal) open.window->setWindowModality(Qt::ApplicationModal);
+  if (screen.name == screen::kMain) {
+    open.window->setAcceptDrops(true);
+    open.window->installEventFilter(this);
+  }
   open_.push_back(std::move(made));
   open.form = screen.make(*desk_);
   open.form->Load();

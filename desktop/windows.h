@@ -2,6 +2,7 @@
 
 #include <QEventLoop>
 #include <QTimer>
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <string>
@@ -40,6 +41,11 @@ class Windows : public QObject, public Navigator {
 
   /// Brings the windows that are visible before those of other programs.
   void BringToFront();
+  [[nodiscard]] bool IsVisible(std::string_view screen) const;
+  /// True while a question or a screen over the others waits for the user.
+  [[nodiscard]] bool Asking() const;
+  /// Called with a file that was dropped on the main menu.
+  void OnDrop(std::function<void(const std::filesystem::path&)> take) { take_ = std::move(take); }
   /// Brings every window up to date.
   void PaintAll();
   /// Called after every action, when all windows have been painted.
@@ -63,12 +69,14 @@ class Windows : public QObject, public Navigator {
   void Restore(QWidget& window);
   void FocusChanged(QWidget* now);
   void Bury();
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
   Desk* desk_ = nullptr;
   std::unique_ptr<QSettings> settings_;
   std::vector<std::unique_ptr<Open>> open_;
   std::vector<std::unique_ptr<Open>> closed_;  ///< until the action that closed them has ended
   std::function<void()> after_action_;
+  std::function<void(const std::filesystem::path&)> take_;
   QTimer burial_;
   WaitIndicator wait_;
 };

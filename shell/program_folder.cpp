@@ -78,7 +78,9 @@ ProgramPlaces FindPlaces(Disk& disk, const Surroundings& surroundings) {
   places.folder = FindFolder(disk, surroundings, argument);
   places.state_folder = UserFolder(surroundings, "XDG_STATE_HOME", ".local/state");
   const bool is_study = KindOfName(argument.filename().string()) != SystemKind::kNone;
-  if (is_study && !disk.IsFolder(argument)) places.study = argument;
+  if (!argument.empty() && !disk.IsFolder(argument)) {
+    (is_study ? places.study : places.missing_folder) = argument;
+  }
   return places;
 }
 

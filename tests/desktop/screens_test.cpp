@@ -19,6 +19,7 @@
 
 #include "desktop/theme.h"
 #include "entry/frm_liquid.h"
+#include "shell/safety_copies.h"
 #include "study/recent_files.h"
 #include "study/study_reset.h"
 #include "tests/desktop/calculated_desk.h"
@@ -79,8 +80,9 @@ class AllScreensIn : public testing::TestWithParam<bool> {
 // What the windows tell of besides the study: older files, a list of faults, rows left over.
 void Surround(CalculatedDesk& desk) {
   Workspace& workspace = *desk.study.workspace;
+  desk.desk.data_folder = desk.desk.state_folder = testing::TempDir();
+  ASSERT_TRUE(KeepSafetyCopyAnyway(desk.desk));
   desk.desk.data_folder = KALVO_SAMPLES_DIR;
-  desk.desk.state_folder = testing::TempDir();
   desk.desk.version = "Έκδοση 0.1.0";
   desk.desk.screens.offered = {desk.study.study.SectionCount, "Ξενοδοχείο", "/studies/hotel.PCK",
                                "25/11/2026, 10:30:00"};

@@ -171,18 +171,6 @@ TEST(LoadStudy, RecoversWhatStandsInTheWorkFilesWithEmittersOfDeletedSections) {
   EXPECT_EQ(odd.Bytes(work_file::kEmitters), "odd");
 }
 
-TEST(LoadStudy, RecoversSummersRowsThatAWinterDutyLeft) {
-  TestBench bench;
-  PutSampleStudy(bench.bench, "Ημιτελής");
-  const std::string summer = bench.Bytes();
-  ASSERT_TRUE(bench.workspace.Write(work_file::kSummerRows, summer).ok());
-  ASSERT_TRUE(bench.workspace.Write(work_file::kRows, summer.substr(0, 355)).ok());
-  bench.study.recovery = true;
-  LoadStudy(bench.bench);
-  EXPECT_EQ(bench.Bytes(), summer);
-  EXPECT_FALSE(bench.workspace.Exists(work_file::kSummerRows));
-}
-
 TEST(LoadStudy, RefusesACompanionWithWhatIsNoNumber) {
   TestBench bench;
   SaveSample(bench, "b.PCK", "Κτίριο");
