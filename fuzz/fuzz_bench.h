@@ -93,14 +93,14 @@ class FuzzBench : public ProgramInMemory<Reader> {
   }
 };
 
-/// Whether no field of a record in `bytes` is a NaN or an infinity.
+/// Whether no field in use of a record in `bytes` is a NaN or an infinity.
 template <typename Row>
 bool AllFinite(std::string_view bytes) {
   bool finite = true;
   for (const Row& row : DecodeRows<Row>(bytes)) {
-    ForEachField(row, [&finite](std::string_view /*name*/, const auto& value) {
+    ForEachField(row, [&finite](std::string_view name, const auto& value) {
       if constexpr (std::is_same_v<std::decay_t<decltype(value)>, float>) {
-        finite = finite && std::isfinite(value);
+        finite = finite && (name.starts_with("reserved") || std::isfinite(value));
       }
     });
   }
@@ -108,7 +108,8 @@ bool AllFinite(std::string_view bytes) {
 }
 
 /// Any bytes as the companion `name` of a good study: whole records of numbers are taken over as
-/// they are, anything else is refused with the open study untouched. True when it was taken.
+/// they are, anything else is refused with the open study untouched. Reserved fields hold anything.
+/// True when it was taken.
 template <typename Row>
 bool LoadCompanion(FuzzBench& bench, const std::string& name, std::string_view work_name,
                    std::string_view bytes) {

@@ -1,5 +1,8 @@
 #!/usr/bin/env python3
-"""Makes the first inputs in fuzz/corpus/<target>/ (the calculation's are sample studies)."""
+"""Makes the first inputs in fuzz/corpus/<target>/.
+
+The calculation's are sample studies; those named found_* once broke the target they belong to.
+"""
 
 import pathlib
 import struct

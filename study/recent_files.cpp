@@ -11,7 +11,7 @@ namespace kalvo {
 
 namespace {
 
-// A line that holds a path: its bytes without the line end, and the path.
+// A line that holds a path: its bytes up to the LF, and the path.
 struct Line {
   std::string bytes;
   std::string path;
@@ -26,9 +26,7 @@ std::vector<Line> Lines(std::string_view bytes) {
     bytes = end == std::string_view::npos ? std::string_view{} : bytes.substr(end + 1);
     const std::vector<std::string> text = SplitLines(line);
     if (const std::string_view path = text.empty() ? "" : Unquoted(text.front()); !path.empty()) {
-      const std::size_t length = line.size() - (line.ends_with('\r') ? 1 : 0);
-      lines.push_back(
-          {std::string(line.substr(0, length)), PathFromText(std::string(path)).string()});
+      lines.push_back({std::string(line), PathFromText(std::string(path)).string()});
     }
   }
   return lines;

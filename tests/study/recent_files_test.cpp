@@ -44,6 +44,20 @@ TEST(RecentFiles, AreReadWithOrWithoutQuotesInEitherEncoding) {
   }
 }
 
+TEST(RecentFiles, OfAnyBytesReadBackInOrderAfterAPathWasAdded) {
+  TestBench bench;
+  // Half a character, carriage returns of their own, one file's end without a line end.
+  const std::string text = "\"/m/\xCA\xF4.PCK\r\r\n/m/a\rb.PCK\r\n\"/m/\xCE.PCK\"\r\n/m/\xCA\r";
+  ASSERT_TRUE(bench.workspace.Write(work_file::kRecentFiles, text).ok());
+  std::vector<std::string> paths = ReadRecentFiles(bench.workspace);
+  ASSERT_EQ(paths.size(), 4U);
+  for (const char* path : {"/m/1.PCK", "/m/2.PCK"}) {
+    ASSERT_TRUE(AddRecentFile(bench.workspace, path).ok());
+    paths.insert(paths.begin(), path);
+    EXPECT_EQ(ReadRecentFiles(bench.workspace), paths);
+  }
+}
+
 // Paths of the lines of a kind, with their places.
 std::string OfKind(const TestBench& bench, SystemKind kind) {
   std::string text;
@@ -66,7 +80,7 @@ TEST(RecentFiles, OfOneKindAreTakenOutByTheirPlaceAndAllOthersKeepTheirBytes) {
   EXPECT_TRUE(lines[0].IsFull());
   EXPECT_FALSE(lines[1].IsFull());
   ASSERT_TRUE(RemoveRecentFile(bench.workspace, lines[1]).ok());
-  const std::string rest = "\"/m/Κτίριο.pck\"\n" + broken + "\n/m/α.txt\n";
+  const std::string rest = "\"/m/Κτίριο.pck\"\r\n" + broken + "\n/m/α.txt\n";
   EXPECT_EQ(bench.Bytes(work_file::kRecentFiles), rest);
   EXPECT_FALSE(bench.workspace.Exists(work_file::kRecentFilesRebuilt));
   // The list changed meanwhile: another line stands at that place now.
