@@ -145,7 +145,7 @@ int CalcCommand::RunOne(const Console& console, const std::string& file) {
   if (!session.ok() || !session.Load(file)) {
     return exit_code::kUnreadable;
   }
-  if (!save_.MaySave(console, session)) {
+  if (!save_.MaySave(console, session, fixed_ ? Diameters::kKept : Diameters::kSizedAnew)) {
     return exit_code::kUnwritable;
   }
   const bool had_results = session.study().results_valid;
@@ -157,12 +157,13 @@ int CalcCommand::RunOne(const Console& console, const std::string& file) {
   session.study().results_valid = true;  // told or saved here, they count as shown
   StudyReport report = MakeReport(session, file);
   report.fixed_diameters = fixed_;
+  const Outcome saved = save_.Save(session);
   Print(console, report);
   TellAssumedFluid(console, session);
   if (had_results && !console.quiet) {
     TellFindings(console, file);
   }
-  return save_.Save(console, session);
+  return save_.Tell(console, saved);
 }
 
 // Rows that have results are calculated as they stand, unchecked.

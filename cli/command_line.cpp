@@ -1,13 +1,17 @@
 #include "cli/command_line.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <memory>
+#include <new>
 
 #include "cli/calc_command.h"
 #include "cli/greek_help.h"
 #include "cli/library_commands.h"
 #include "cli/study_commands.h"
 #include "cli/winter_command.h"
+#include "study/real_disk.h"
+#include "study/result.h"
 
 namespace kalvo {
 
@@ -111,14 +115,23 @@ class Program {
   std::vector<std::pair<CLI::App*, std::unique_ptr<Command>>> commands_;
 };
 
+// What no command foresees, in Greek where the system's own words are English.
+std::string ReasonFor(const std::exception& error) {
+  if (dynamic_cast<const std::bad_alloc*>(&error) != nullptr) {
+    return "Η μνήμη δεν επαρκεί";
+  }
+  const auto* file = dynamic_cast<const std::filesystem::filesystem_error*>(&error);
+  return file == nullptr ? error.what()
+                         : FileError{file->path1(), ReasonOf(file->code().value())}.Line();
+}
+
 }  // namespace
 
 int RunCommandLine(std::vector<std::string> arguments, Console console) {
   try {
     return Program(console, std::move(arguments)).Run();
   } catch (const std::exception& error) {
-    // What no command foresees, such as memory that runs out.
-    console.err << "Απρόβλεπτο σφάλμα : " << error.what() << '\n';
+    console.err << "Απρόβλεπτο σφάλμα : " << ReasonFor(error) << '\n';
     return exit_code::kBrokenOff;
   }
 }

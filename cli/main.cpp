@@ -1,3 +1,4 @@
+#include <poll.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
 
@@ -24,12 +25,20 @@ std::string_view Environment(const char* name) {
 // A terminal for colours and a line of progress; a dumb one would show their escape sequences.
 bool ObeysSequences(int stream) { return isatty(stream) != 0 && Environment("TERM") != "dumb"; }
 
+// Whether the one who read the results has left, as `head` does: it has seen what it wanted.
+bool ReaderHasLeft() {
+  pollfd out{STDOUT_FILENO, POLLOUT, 0};
+  return poll(&out, 1, 0) == 1 && (out.revents & POLLERR) != 0;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
   kalvo::KeepFreedMemory();
   // A full disk or a file size limit is told as an error, not by the end of the process.
   std::signal(SIGXFSZ, SIG_IGN);
+  // Nor does a reader who leaves end what is still to be calculated and saved.
+  std::signal(SIGPIPE, SIG_IGN);
   std::ios::sync_with_stdio(false);
   kalvo::Console console{std::cout, std::cerr, kalvo::DetectSeparators()};
   console.out_is_terminal = ObeysSequences(STDOUT_FILENO);
@@ -38,7 +47,7 @@ int main(int argc, char** argv) {
   console.width = TerminalWidth();
   const int code = kalvo::RunCommandLine({argv + 1, argv + argc}, console);
   std::cout.flush();
-  if (!std::cout.good()) {
+  if (!std::cout.good() && !ReaderHasLeft()) {
     std::cerr << "Το αποτέλεσμα ΔΕΝ γράφτηκε στην έξοδο του προγράμματος\n";
     return kalvo::exit_code::kUnwritable;
   }

@@ -20,33 +20,44 @@ void TellUnsaved(const Console& console, const FileError& error) {
 
 void SaveOptions::AddTo(CLI::App& app, const std::string& help) {
   CLI::Option* save = app.add_option("--save", save_, help)->check(NotEmpty())->type_name("ΑΡΧΕΙΟ");
-  app.add_flag("--overwrite", overwrite_, "Το --save μπορεί να αντικαταστήσει άλλη μελέτη")
+  app.add_flag("--overwrite", overwrite_,
+               "Το --save μπορεί να αντικαταστήσει άλλη μελέτη, ή στην ίδια\n"
+               "τις διαμέτρους που όρισε ο χρήστης")
       ->needs(save);
 }
 
-bool SaveOptions::MaySave(const Console& console, const Session& session) {
+bool SaveOptions::MaySave(const Console& console, const Session& session, Diameters diameters) {
   if (!wanted()) {
     return true;
   }
   const std::filesystem::path& source = session.study().study_path;
-  target_ = SaveTarget(save_, source);
-  const Outcome may =
-      CheckTarget(session, source, target_, overwrite_ ? Existing::kReplace : Existing::kKeep);
+  auto target = AbsolutePath(SaveTarget(save_, source));
+  if (!target) {
+    TellUnsaved(console, target.error());
+    return false;
+  }
+  target_ = std::move(target).value();
+  const Existing existing = overwrite_ ? Existing::kReplace : Existing::kKeep;
+  Outcome may = CheckTarget(session, source, target_, existing);
+  if (may && diameters == Diameters::kSizedAnew) {
+    may = CheckImposed(session, source, target_, existing);
+  }
   if (!may) {
     TellUnsaved(console, may.error());
   }
   return may.ok();
 }
 
-int SaveOptions::Save(const Console& console, Session& session) const {
-  if (!wanted()) {
-    return exit_code::kDone;
-  }
-  if (const Outcome saved = SaveStudy(session, target_); !saved) {
+Outcome SaveOptions::Save(Session& session) const {
+  return wanted() ? SaveStudy(session, target_) : Outcome(Done{});
+}
+
+int SaveOptions::Tell(const Console& console, const Outcome& saved) const {
+  if (!saved) {
     TellUnsaved(console, saved.error());
     return exit_code::kUnwritable;
   }
-  if (!console.quiet) {
+  if (wanted() && !console.quiet) {
     console.out.flush();
     console.err << "Σώθηκε : " << target_.string() << '\n';
   }

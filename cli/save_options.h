@@ -19,12 +19,17 @@ class SaveOptions {
   [[nodiscard]] bool wanted() const { return !save_.empty(); }
   [[nodiscard]] const std::string& place() const { return save_; }
 
-  /// Whether the session's study may be saved, the user being told why not. Asked before the
-  /// calculation: who may not save is not kept waiting for results. True where nothing is saved.
-  [[nodiscard]] bool MaySave(const Console& console, const Session& session);
+  /// Whether the session's study may be saved after a run that does so to its diameters, the user
+  /// being told why not. Asked before the calculation: who may not save is not kept waiting for
+  /// results. True where nothing is saved.
+  [[nodiscard]] bool MaySave(const Console& console, const Session& session, Diameters diameters);
 
-  /// Saves and tells, where wanted. Gives the exit code.
-  int Save(const Console& console, Session& session) const;
+  /// Saves, where wanted: before the results are told, so that a reader who leaves, or an output
+  /// that cannot be written, takes nothing from the save.
+  [[nodiscard]] Outcome Save(Session& session) const;
+
+  /// Tells how the save ended, where wanted, behind the results. Gives the exit code.
+  int Tell(const Console& console, const Outcome& saved) const;
 
  private:
   std::string save_;

@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <optional>
 
@@ -49,7 +50,7 @@ fs::path SaveTarget(const fs::path& save, const fs::path& source) {
   if (fs::is_symlink(path, error)) {
     path = fs::weakly_canonical(path, error);  // the study itself is replaced, not its link
   }
-  return fs::absolute(WithExtension(path, KindOfName(source.string())));
+  return WithExtension(path, KindOfName(source.string()));
 }
 
 Outcome CheckTarget(const Session& session, const fs::path& source, const fs::path& target,
@@ -75,6 +76,25 @@ Outcome CheckTarget(const Session& session, const fs::path& source, const fs::pa
     }
   }
   return Done{};
+}
+
+Outcome CheckImposed(const Session& session, const fs::path& source, const fs::path& target,
+                     Existing existing) {
+  std::error_code error;
+  const fs::path main = AsInFolder(session.workspace().outer_disk(), target);
+  if (existing == Existing::kReplace || !fs::equivalent(main, source, error)) {
+    return Done{};
+  }
+  const std::vector<SectionRow> rows = session.Rows();
+  const auto imposed =
+      std::ranges::count_if(rows, [](const SectionRow& row) { return row.InDiameter < 0; });
+  if (imposed == 0) {
+    return Done{};
+  }
+  return FileError{main, (imposed == 1 ? "Θα χανόταν 1 διάμετρος που όρισε ο χρήστης"
+                                       : "Θα χάνονταν " + std::to_string(imposed) +
+                                             " διάμετροι που όρισε ο χρήστης") +
+                             " (--fixed τις διατηρεί, --overwrite τις αντικαθιστά)"};
 }
 
 Outcome SaveStudy(Session& session, const fs::path& target) {

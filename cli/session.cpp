@@ -14,9 +14,9 @@ namespace {
 constexpr const char* kMainFile =
     "Δώστε το κύριο αρχείο μιας μελέτης, .PCK (κλειστό σύστημα) ή .PCA (ανοικτό)";
 
-Box NoStudyBox(std::string why) {
-  return {" !!... ΠΡΟΣΟΧΗ ...!! ", {std::move(why), kMainFile}, 16};
-}
+constexpr const char* kTitle = " !!... ΠΡΟΣΟΧΗ ...!! ";
+
+Box NoStudyBox(std::string why) { return {kTitle, {std::move(why), kMainFile}, 16}; }
 
 // The memory that a study's calculation takes, in images of its rows.
 void LayMemoryReadyFor(const Disk& disk, const std::filesystem::path& path) {
@@ -77,10 +77,15 @@ bool Session::Load(const std::filesystem::path& path) {
     prompter_.Ask(NoStudyBox(std::move(why)));
     return false;
   }
+  auto from_root = AbsolutePath(path);
+  if (!from_root) {
+    prompter_.Ask({kTitle, {from_root.error().Line()}, 16});
+    return false;
+  }
   LayMemoryReadyFor(outer_disk(), path);
   study_ = Study();
   study_.system_kind = KindAt(outer_disk(), path);
-  study_.study_path = std::filesystem::absolute(path);
+  study_.study_path = std::move(from_root).value();
   Workbench at = bench();
   OpenStudyFile(at, RecentList::kLeave);
   return study_.CalcStatus == calc_status::kNothing;
@@ -89,6 +94,15 @@ bool Session::Load(const std::filesystem::path& path) {
 std::vector<SectionRow> Session::Rows() const {
   auto rows = workspace_->Rows().ReadAll();
   return rows ? std::move(rows).value() : std::vector<SectionRow>{};
+}
+
+Result<std::filesystem::path> AbsolutePath(const std::filesystem::path& path) {
+  std::error_code error;
+  auto absolute = std::filesystem::absolute(path, error);
+  if (error) {
+    return FileError{path, "Ο φάκελος όπου εκτελείται η εντολή δεν υπάρχει πια"};
+  }
+  return absolute;
 }
 
 void TellAssumedFluid(const Console& console, const Session& session) {

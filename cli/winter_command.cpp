@@ -133,11 +133,10 @@ int WinterCommand::RunOn(const Console& console, Session& session) {
   if (const int code = FindValues(console, session, values); code != exit_code::kDone) {
     return code;
   }
-  if (!save_.MaySave(console, session)) {
+  if (!save_.MaySave(console, session, Diameters::kKept)) {
     return exit_code::kUnwritable;
   }
-  const int code = Calculate(console, session, values);
-  return code == exit_code::kDone ? save_.Save(console, session) : code;
+  return Calculate(console, session, values);
 }
 
 int WinterCommand::Calculate(const Console& console, Session& session, const Values& values) const {
@@ -148,6 +147,8 @@ int WinterCommand::Calculate(const Console& console, Session& session, const Val
     return TellEnd(console, session, outcome.end);
   }
   const StudyReport report = MakeWinterReport(session, file(), outcome.critical_branch);
+  winter.Close(false);
+  const Outcome saved = save_.Save(session);
   const Box pump = WinterPumpBox(report.rows.front(), console.separators);
   console.out << console.Heading(pump.title) << '\n';
   for (const std::string& line : pump.lines) {
@@ -156,8 +157,7 @@ int WinterCommand::Calculate(const Console& console, Session& session, const Val
   console.out << '\n';
   PrintReport(console, report, PressureUnits::kWaterGauge);
   TellAssumedFluid(console, session);
-  winter.Close(false);
-  return exit_code::kDone;
+  return save_.Tell(console, saved);
 }
 
 }  // namespace kalvo

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "study/real_disk.h"
 #include "tests/cli/cli_bench.h"
 
 namespace kalvo {
@@ -34,6 +35,45 @@ TEST_F(Program, FullOutputIsToldAsUnwritable) {
   const Told told = RunProgram(Calc("> /dev/full"));
   EXPECT_EQ(told.code, 6);
   EXPECT_THAT(told.out, HasSubstr("Το αποτέλεσμα ΔΕΝ γράφτηκε"));
+}
+
+TEST_F(Program, ReaderWhoLeavesEndsNothing) {
+  const std::string long_study = bench_.Put("long.PCK", Chain(500));  // more than a pipe holds
+  const std::string batch = "kalvo calc '" + long_study + "' '" + study_ + "' --library '" +
+                            bench_.library().string() + "' --format csv --save ";
+  std::filesystem::create_directories(bench_.studies() / "whole");
+  std::filesystem::create_directories(bench_.studies() / "left");
+  ASSERT_EQ(RunProgram(batch + bench_.Path("whole") + " > /dev/null").code, 0);
+  const Told told = RunProgram("{ " + batch + bench_.Path("left") +
+                               "; echo code $? >&2; } | head -c 1 > /dev/null");
+  EXPECT_THAT(told.out, testing::EndsWith("\ncode 0\n"));
+  EXPECT_THAT(told.out, testing::Not(HasSubstr("ΔΕΝ γράφτηκε")));
+  const FolderImage whole = ImageOf(RealDisk(), bench_.studies() / "whole");
+  EXPECT_EQ(whole.size(), 6U);
+  EXPECT_TRUE(ImageOf(RealDisk(), bench_.studies() / "left") == whole);
+}
+
+TEST_F(Program, SavesBeforeItPrints) {
+  // Nobody reads until the study is saved: results that no pipe holds must not be waited for.
+  const std::string saved = bench_.Path("new.PCK");
+  const std::string reader =
+      "timeout 20 sh -c 'until [ -s \"" + saved + "\" ]; do sleep 0.02; done'";
+  const std::string calc = "kalvo calc '" + bench_.Put("long.PCK", Chain(500)) + "' --library '" +
+                           bench_.library().string() + "' --save '" + saved + "'";
+  EXPECT_EQ(RunProgram(calc + " | " + reader).code, 0);
+}
+
+TEST_F(Program, WorkingFolderThatIsGoneIsToldInGreek) {
+  const std::string gone =
+      "cd '" + bench_.studies().string() + "' && mkdir gone && cd gone && " + "rmdir ../gone && ";
+  const std::string told = "Ο φάκελος όπου εκτελείται η εντολή δεν υπάρχει πια : ";
+  const Told loading = RunProgram(gone + "kalvo calc new.PCK");
+  EXPECT_EQ(loading.code, 3);
+  EXPECT_THAT(loading.out, HasSubstr(told + "new.PCK\n"));
+  const Told saving = RunProgram(gone + Calc("--save new.PCK"));
+  EXPECT_EQ(saving.code, 6);
+  EXPECT_EQ(saving.out, "Η μελέτη ΔΕΝ σώθηκε. " + told + "new.PCK\n");
+  EXPECT_EQ(RunProgram(gone + Calc("")).code, 0);
 }
 
 TEST_F(Program, SaveThatFindsNoRoomLeavesEveryFile) {

@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "study/real_disk.h"
 #include "tests/cli/cli_bench.h"
 
@@ -70,6 +72,31 @@ TEST_F(Save, OverwritesOnlyItselfUnasked) {
   EXPECT_THAT(NamesOf(bench_.Studies()),
               ElementsAre("other.LQD", "other.STC", "other.pck", "study.LQD", "study.PCK",
                           "study.STC", "third.LQD"));
+}
+
+TEST_F(Save, OverTheStudyItselfDropsNoImposedDiameterUnasked) {
+  ASSERT_EQ(bench_.Run({"calc", study_, "--save", study_}).code, 0);
+  std::vector<SectionRow> rows = DecodeRows<SectionRow>(bench_.Studies().at("study.PCK"));
+  rows[1].InDiameter = -53.1F;
+  bench_.Put("study.PCK", rows);
+  ExpectKept({"calc", study_, "--save", study_}, 6,
+             "Θα χανόταν 1 διάμετρος που όρισε ο χρήστης (--fixed");
+  rows[4].InDiameter = -53.1F;
+  bench_.Put("study.PCK", rows);
+  const std::string linked = bench_.Path("linked.PCK");
+  std::filesystem::create_symlink(study_, linked);
+  for (const std::string& name : {study_, linked, bench_.studies().string()}) {
+    ExpectKept({"calc", study_, "--method", "2", "--save", name}, 6, "Θα χάνονταν 2 διάμετροι");
+  }
+  const auto imposed = [this](const char* name) {
+    const auto saved = DecodeRows<SectionRow>(bench_.Studies().at(name));
+    return std::ranges::count_if(saved, [](const auto& row) { return row.InDiameter < 0; });
+  };
+  EXPECT_EQ(bench_.Run({"calc", study_, "--save", bench_.Path("other.PCK")}).code, 0);
+  EXPECT_EQ(bench_.Run({"calc", study_, "--fixed", "--save", study_}).code, 0);
+  EXPECT_EQ(imposed("study.PCK"), 2);
+  EXPECT_EQ(bench_.Run({"calc", study_, "--overwrite", "--save", study_}).code, 0);
+  EXPECT_EQ(imposed("study.PCK"), 0);
 }
 
 TEST_F(Save, ManyStudiesGoIntoAFolder) {
