@@ -45,7 +45,7 @@ std::string CalcCommand::Foot() const {
   return "Η μελέτη που διαβάζεται δεν αλλάζει, παρά μόνον αν την ορίζει το --save, και\n"
          "υπολογίζεται πάντα εκ νέου. Το --save γράφει όλα τα αρχεία της: .PCK, .STC, .WNT,\n"
          ".LQD του κλειστού συστήματος, .PCA, .STO, .LQD του ανοικτού. Δεν σώζεται μελέτη\n"
-         "που δεν υπολογίσθηκε (κωδικοί εξόδου 3 έως 5).\n"
+         "που δεν υπολογίσθηκε ή δεν διανύεται (κωδικοί εξόδου 3 έως 5).\n"
          "Το csv έχει τα κελιά με \",\" και τα δεκαδικά με \".\". Με --separators \",.\" έχει τα\n"
          "κελιά με \";\" και τα δεκαδικά με \",\", όπως τα ανοίγουν τα ελληνικά λογιστικά φύλλα.\n"
          "Για πολλές μελέτες το csv έχει πρώτη στήλη τη μελέτη και το json είναι ένας πίνακας.\n" +
@@ -157,9 +157,14 @@ int CalcCommand::RunOne(const Console& console, const std::string& file) {
   session.study().results_valid = true;  // told or saved here, they count as shown
   StudyReport report = MakeReport(session, file);
   report.fixed_diameters = fixed_;
-  const Outcome saved = save_.Save(session);
+  // What does not hold is told and not saved.
+  const Outcome saved = report.lost_walk ? Outcome(Done{}) : save_.Save(session);
   Print(console, report);
   TellAssumedFluid(console, session);
+  if (const int lost = TellLostWalk(console, session); lost != exit_code::kDone) {
+    save_.TellNotSaved(console);
+    return lost;
+  }
   if (had_results && !console.quiet) {
     TellFindings(console, file);
   }

@@ -1,5 +1,6 @@
 #include <CLI/CLI.hpp>
 
+#include "cli/findings.h"
 #include "cli/number_text.h"
 #include "cli/study_commands.h"
 #include "cli/study_report.h"
@@ -120,7 +121,7 @@ int ExplainCommand::RunOn(const Console& console, Session& session) {
     PrintExplanation(console, row, ExplainRow(session.study().system_kind, row, *pass),
                      stored ? Results::kStored : Results::kCalculated);
     TellAssumedFluid(console, session);
-    code = exit_code::kDone;
+    code = TellLostWalk(console, session);
   });
   return code;
 }

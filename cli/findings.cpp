@@ -6,6 +6,7 @@
 #include "cli/text_table.h"
 #include "engine/checks.h"
 #include "engine/flow_report.h"
+#include "engine/lost_walk.h"
 #include "engine/outlet_flows.h"
 #include "engine/trap.h"
 #include "study/text_lines.h"
@@ -68,6 +69,17 @@ std::string FindingsText(Session& session) {
     text += Printable(line) + "\n";
   }
   return text;
+}
+
+int TellLostWalk(const Console& console, const Session& session) {
+  const auto lost = FindLostWalk(session.study());
+  if (!lost) {
+    return exit_code::kDone;
+  }
+  console.out.flush();
+  console.err << console.Alarm("Τα αποτελέσματα ΔΕΝ ισχύουν, το δίκτυο δεν διανύεται") << '\n'
+              << Printable(LostWalkText(session.study(), *lost)) << '\n';
+  return exit_code::kRefused;
 }
 
 }  // namespace kalvo

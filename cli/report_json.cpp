@@ -109,6 +109,13 @@ Json OutletsOf(const StudyReport& report) {
   return outlets;
 }
 
+// Null where all is well; section 0 where not exactly one section ends at the source.
+Json LostWalkOf(const StudyReport& report) {
+  return report.lost_walk ? Json{{"section", report.lost_walk->emitter_section},
+                                 {"node", report.lost_walk->node}}
+                          : Json(nullptr);
+}
+
 Json JsonOf(const StudyReport& report, PressureUnits units) {
   Json json = {{"study", report.file},
                {"title", report.title},
@@ -123,7 +130,8 @@ Json JsonOf(const StudyReport& report, PressureUnits units) {
                {"pump", PumpOf(report, units)},
                {"critical_drop_mm_wg", Plain(report.critical_drop)},
                {"critical_branch", report.critical},
-               {"critical_nodes", report.critical_nodes}};
+               {"critical_nodes", report.critical_nodes},
+               {"lost_walk", LostWalkOf(report)}};
   if (report.kind == SystemKind::kOpen) {
     json["residual_pressure_mm_wg"] = kResidualPressure;
     json["outlets"] = OutletsOf(report);

@@ -52,6 +52,12 @@ Outcome SaveOptions::Save(Session& session) const {
   return wanted() ? SaveStudy(session, target_) : Outcome(Done{});
 }
 
+void SaveOptions::TellNotSaved(const Console& console) const {
+  if (wanted()) {
+    console.err << "Η μελέτη ΔΕΝ σώθηκε\n";
+  }
+}
+
 int SaveOptions::Tell(const Console& console, const Outcome& saved) const {
   if (!saved) {
     TellUnsaved(console, saved.error());

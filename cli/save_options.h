@@ -28,6 +28,9 @@ class SaveOptions {
   /// that cannot be written, takes nothing from the save.
   [[nodiscard]] Outcome Save(Session& session) const;
 
+  /// Tells that nothing was saved, where that was wanted.
+  void TellNotSaved(const Console& console) const;
+
   /// Tells how the save ended, where wanted, behind the results. Gives the exit code.
   int Tell(const Console& console, const Outcome& saved) const;
 

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <array>
 
+#include "cli/findings.h"
 #include "cli/number_text.h"
 #include "cli/report_table.h"
 #include "cli/session.h"
@@ -129,7 +130,7 @@ class ShowPrinter {
 int ShowCommand::RunOn(const Console& console, Session& session) {
   ShowPrinter(console, session, file()).Print();
   TellAssumedFluid(console, session);
-  return exit_code::kDone;
+  return session.study().results_valid ? TellLostWalk(console, session) : exit_code::kDone;
 }
 
 }  // namespace kalvo

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "engine/lost_walk.h"
 #include "results/critical_sections.h"
 #include "results/quantities.h"
 #include "study/fault.h"
@@ -72,6 +73,7 @@ StudyReport MakeReport(Session& session, const std::string& file) {
   if (study.SystemClosed()) {
     report.water_litres = WaterContent(report.pipes);
   }
+  report.lost_walk = FindLostWalk(study);
   TakeRows(report, session.Rows(), study.critical_branch);
   if (const auto library = ReadPipeSystem(session.workspace(), study.pipe_system_number)) {
     report.notes = NotesOf(report.kind, report.rows, *library);

@@ -32,6 +32,7 @@ struct StudyReport {
   std::vector<StatRow> pipes;          ///< sizes in use and not
   std::optional<double> water_litres;  ///< of a closed system
   std::vector<OutletSpare> outlets;    ///< of an open system
+  std::optional<LostWalk> lost_walk;   ///< the network cannot be walked: the results do not hold
   ResultNotes notes;
 
   [[nodiscard]] bool IsCritical(int section) const;

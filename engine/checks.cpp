@@ -1,6 +1,7 @@
 #include "engine/checks.h"
 
 #include "engine/first_row_index.h"
+#include "engine/lost_walk.h"
 #include "engine/outlets.h"
 #include "engine/row_store.h"
 #include "study/rounding.h"
@@ -67,30 +68,12 @@ std::string SameNames(const Table& table, const FirstRowIndex& by_left) {
   return findings;
 }
 
-std::string LostWalkFinding(const LostWalk& lost) {
-  const std::string section = std::to_string(lost.emitter_section);
-  if (lost.emitter_section == 0) {
-    return "Πρέπει ένα - και μόνον ένα - Τμήμα να καταλήγει στον Κόμβο ANT\n";
-  }
-  if (lost.node.empty()) {
-    return "Δεν υπάρχει το Τμήμα " + section + " του Σώματος\n";
-  }
-  return "Ο Κλάδος του Σώματος στο Τμήμα " + section + " χάνεται στον Κόμβο " + lost.node + "\n";
-}
-
-// The same in an open network, where the feeders form a circle.
-std::string CircleFinding(const LostWalk& lost) {
-  return "Ο Κλάδος του Υποδοχέα στο Τμήμα " + std::to_string(lost.emitter_section) +
-         " επιστρέφει στο Τμήμα " + lost.node + " : οι τροφοδότες κάνουν κύκλο !!\n";
-}
-
 }  // namespace
 
 void ListLostWalk(Workbench& bench) {
   const Study& study = bench.study;
   if (study.lost_walk) {
-    const std::string finding =
-        study.SystemOpen() ? CircleFinding(*study.lost_walk) : LostWalkFinding(*study.lost_walk);
+    const std::string finding = LostWalkText(study, *study.lost_walk) + "\n";
     WriteFindings(bench, finding + GreekSourceFindings(study.SectionTable), false);
   }
 }

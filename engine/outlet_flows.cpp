@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "engine/first_row_index.h"
+#include "engine/lost_walk.h"
 #include "engine/outlets.h"
 #include "study/tables.h"
 
@@ -95,22 +96,6 @@ class OutletSummer {
   std::vector<std::size_t> arrival_of_;  // by row, its place in the level that is being made
 };
 
-// The outlet whose way up never ends, and a section on it.
-std::optional<LostWalk> FindCircle(const Study& study, const std::vector<SectionRow>& outlets) {
-  const std::vector<int> feeders = LinkFeeders(study.SectionTable);
-  for (const SectionRow& outlet : outlets) {
-    int row = outlet.RecordNumber;
-    for (std::size_t step = 0; step <= feeders.size() && row != 0; ++step) {
-      row = feeders[static_cast<std::size_t>(row - 1)];
-    }
-    if (row != 0) {
-      const auto& name = study.SectionTable[static_cast<std::size_t>(row - 1)].name;
-      return LostWalk{outlet.RecordNumber, FromCodePage(Trim(LeftNode(name)))};
-    }
-  }
-  return std::nullopt;
-}
-
 }  // namespace
 
 void SumOutletFlows(Workbench& bench) {
@@ -128,7 +113,7 @@ void SumOutletFlows(Workbench& bench) {
     }
   }
   if (!OutletSummer(study.SectionTable).Sum(std::move(level))) {
-    study.lost_walk = FindCircle(study, outlets);
+    study.lost_walk = FindLostWalk(study);
     study.CalcStatus = calc_status::kBranchLost;
     return;
   }

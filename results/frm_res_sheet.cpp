@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "engine/lost_walk.h"
 #include "engine/winter.h"
 #include "form/tell.h"
 #include "results/critical_sections.h"
@@ -70,7 +71,11 @@ void FrmRes_Sheet::TakeRows(std::vector<SectionRow> rows) {
         bench, desk.screens.WinterPump ? WinterFluidTemperature(temperature) : temperature);
   }
   LblCount.text = std::to_string(rows_.size());
-  LblNotes.text = JoinLines(NoteLines(notes_));
+  std::vector<std::string> lines = NoteLines(notes_);
+  if (const auto lost = FindLostWalk(study)) {
+    lines.insert(lines.begin(), LostWalkNote(study, *lost));
+  }
+  LblNotes.text = JoinLines(lines);
   LblNotes.visible = !LblNotes.text.empty();
   FillTable();
   FollowCurrent();

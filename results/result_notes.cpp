@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "engine/lost_walk.h"
+
 namespace kalvo {
 namespace {
 
@@ -46,6 +48,10 @@ std::vector<std::string> NoteLinesOf(const ResultNotes& notes, int section) {
     }
   }
   return lines;
+}
+
+std::string LostWalkNote(const Study& study, const LostWalk& lost) {
+  return "Τα αποτελέσματα ΔΕΝ ισχύουν : " + LostWalkText(study, lost);
 }
 
 std::string JoinLines(const std::vector<std::string>& lines) {

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "engine/driver.h"
+#include "engine/lost_walk.h"
 #include "engine/rerun.h"
 #include "engine/sizing.h"
 #include "engine/trap.h"
@@ -86,6 +87,7 @@ void CountAsShown(Workbench& bench) {
     return;
   }
   study.results_valid = true;
+  study.lost_walk = FindLostWalk(study);
   study.unsaved_changes = true;
 }
 

@@ -1,6 +1,7 @@
 #include "shell/open_study.h"
 
 #include "engine/driver.h"
+#include "engine/lost_walk.h"
 #include "engine/trap.h"
 
 namespace kalvo {
@@ -9,6 +10,7 @@ void OpenStudyFile(Workbench& bench, RecentList recent, const std::function<bool
   LoadStudy(bench, recent, may_replace);
   Study& study = bench.study;
   if (study.CalcStatus == calc_status::kNothing && study.results_valid) {
+    study.lost_walk = FindLostWalk(study);
     RunTrapped(bench, [&] { RefindCriticalBranch(bench); });
     study.CalcStatus =
         calc_status::kNothing;  // a study that cannot be walked is loaded all the same

@@ -24,9 +24,12 @@ std::string EmitterCount(const Study& study) {
 
 constexpr std::string_view kEmitters[] = {"Δεδομένα Σωμάτων", "Δεδομένα Υποδοχέων"};
 
+bool IsLost(const Study& study) { return study.results_valid && study.lost_walk.has_value(); }
+
 std::string NextSentence(const Study& study, Step next, bool untouched) {
   if (study.emitters_unchecked) return "τα σώματα θέλουν έλεγχο πριν από νέους υπολογισμούς.";
   if (study.recalculation_needed) return "τα δεδομένα άλλαξαν, χρειάζονται νέοι υπολογισμοί.";
+  if (IsLost(study)) return "τα αποτελέσματα δεν ισχύουν, κάποιος κλάδος του δικτύου χάνεται.";
   switch (next) {
     case Step::kTitle:
       return untouched ? "καταχωρήστε το θέμα της μελέτης ή ανακαλέστε ένα αρχείο."
@@ -81,6 +84,8 @@ StudyProgress ProgressOf(const Study& study, bool rows, Separators separators) {
   if (study.recalculation_needed) {
     stale(Step::kCalculation, "χρειάζονται νέοι υπολογισμοί");
     progress.next = Step::kCalculation;
+  } else if (IsLost(study)) {
+    stale(Step::kResults, "δεν ισχύουν");
   }
   if (study.emitters_unchecked) stale(Step::kEmitters, "θέλουν έλεγχο");
   progress.sentence = NextSentence(study, progress.next, !rows && study.study_title.empty());

@@ -133,17 +133,6 @@ TEST_F(Open, CheckAndCalcTellWhatIsWrongWithTheFeeders) {
   EXPECT_EQ(bench_.Run({"check", study_}).code, 0);
 }
 
-TEST_F(Open, ResultsOfANetworkThatTheCheckFaultsAreNotLeftUnremarked) {
-  ASSERT_EQ(bench_.Run({"calc", study_, "--save", study_}).code, 0);
-  EXPECT_EQ(bench_.Run({"calc", study_}).err, "");
-  std::string bytes = bench_.Studies().at("study.PCA");
-  bytes[2 * 355 + 251 + 4] = '9';  // what feeds section 3
-  bench_.Put("study.PCA", bytes);
-  const Told told = bench_.Run({"calc", study_});
-  EXPECT_EQ(told.code, 0);
-  EXPECT_THAT(told.err, HasSubstr("δεν ισχύουν : kalvo check " + study_));
-}
-
 TEST_F(Open, CommandsOfOneKindRefuseTheOther) {
   const std::string closed = bench_.Put("closed.PCK", SoundNetwork());
   const std::vector<std::pair<std::string, std::string>> refused = {

@@ -135,6 +135,15 @@ TEST_F(ResultsSheet, NotesWhatIsWorthKnowing) {
   EXPECT_EQ(Cell(2, 0).tip, "Ταχύτητα πάνω από την ταχύτητα σχεδιασμού");
 }
 
+TEST_F(ResultsSheet, SaysAboveAllNotesThatALostNetworksResultsDoNotHold) {
+  test.ChangeRow(5, [](SectionRow& row) { row.Name = FixedText<7>::FromUtf8("  3/9  "); });
+  RefreshSectionTable(test.study, test.Rows());
+  form.Load();
+  EXPECT_EQ(form.LblNotes.text,
+            "Τα αποτελέσματα ΔΕΝ ισχύουν : Ο Κλάδος του Σώματος στο Τμήμα 3 χάνεται στον Κόμβο 9");
+  EXPECT_TRUE(form.LblNotes.visible);
+}
+
 TEST_F(ResultsSheet, KeepsTheOlderRowsWhenThePresentOnesAreGone) {
   ASSERT_TRUE(test.workspace.Copy(work_file::kRows, work_file::kRowsBeforeChange).ok());
   for (const char* now : {"", "odd"}) {

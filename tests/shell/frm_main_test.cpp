@@ -4,8 +4,10 @@
 
 #include <algorithm>
 
+#include "engine/calculation_command.h"
 #include "shell/frm_kind.h"
 #include "shell/frm_title.h"
+#include "shell/open_study.h"
 #include "shell/safety_copies.h"
 #include "tests/support/sample_study.h"
 #include "tests/support/test_desk.h"
@@ -97,6 +99,24 @@ TEST_F(MainMenu, SaysWhyACommandCannotRun) {
   const std::vector<int>& codes = test.prompter.codes();
   EXPECT_EQ((std::vector<int>(codes.end() - 4, codes.end())), (std::vector{305, 301, 305, 301}));
   EXPECT_TRUE(navigator.log == std::vector<std::string>{"hide FrmKind"});
+}
+
+TEST_F(MainMenu, SaysOfResultsOfALostNetworkThatTheyDoNotHold) {
+  test.PutNetwork({"ANT/1 5m", "1/2 5m soma 300l/h 500mm", "2/ANT 5m"});
+  ASSERT_EQ(Calculate(test.bench, Method::kFlowOnly), CommandEnd::kCalculated);
+  std::vector<SectionRow> rows = test.Rows();
+  PutMain(test, "sound.PCK", rows);
+  rows[1].Name = FixedText<7>::FromUtf8("  1/9  ");
+  PutMain(test, "lost.PCK", rows);
+  for (const bool lost : {false, true}) {
+    test.study.study_path = lost ? "/studies/lost.PCK" : "/studies/sound.PCK";
+    OpenStudyFile(test.bench, RecentList::kLeave);
+    EXPECT_TRUE(test.study.results_valid);
+    EXPECT_EQ(Marks().back(), lost ? RoadMark::kStale : RoadMark::kDone);
+    EXPECT_EQ(form.LblNext.text,
+              lost ? "τα αποτελέσματα δεν ισχύουν, κάποιος κλάδος του δικτύου χάνεται."
+                   : "τα αποτελέσματα είναι έτοιμα.");
+  }
 }
 
 TEST_F(MainMenu, CalculatesAndOpensTheSheetOfResults) {
