@@ -68,6 +68,8 @@ class FrmMain : public Form {
  private:
   void MakeMenus();
   void FillPipeList();
+  /// Opens the entry of the title; once it is open, accepts what is typed.
+  void OpenOrAcceptTitle();
   void ShowTitleEntry();
   void OpenGiven();
   void EndTitleEntry();
@@ -84,6 +86,7 @@ class FrmMain : public Form {
   void OpenResults();
   void RerunAfterChange();
   void ShowNodes();
+  void ShowCurrentStudy();
   void OpenStudy();
   void OpenRecent();
   void SaveToFile();

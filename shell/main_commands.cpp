@@ -25,8 +25,16 @@ bool FrmMain::NeedsPipes() {
   return false;
 }
 
+void FrmMain::OpenOrAcceptTitle() {
+  if (TxtThema.visible) {
+    AcceptTitle();
+  } else {
+    ShowTitleEntry();
+  }
+}
+
 void FrmMain::ShowTitleEntry() {
-  if (!TxtThema.visible) before_title_ = focus();
+  before_title_ = focus();
   TxtThema.Show(bench.study.study_title);
   TxtThema.visible = true;
   CmdThemaOK.visible = true;
@@ -133,6 +141,7 @@ void FrmMain::OpenResults() {
 }
 
 void FrmMain::ShowResults() {
+  if (!SettleTitle()) return;
   const Study& study = bench.study;
   if (study.recalculation_needed) {
     const bool statistics = bench.workspace.Exists(work_file::kStatistics);
@@ -148,6 +157,7 @@ void FrmMain::ShowResults() {
 }
 
 void FrmMain::ShowResultsFromMenu() {
+  if (!SettleTitle()) return;
   if (bench.study.recalculation_needed) {
     bench.Show(301);
     return;
@@ -177,6 +187,10 @@ void FrmMain::RerunAfterChange() {
 }
 
 void FrmMain::ShowNodes() { ShowNodeReport(desk, false); }
+
+void FrmMain::ShowCurrentStudy() {
+  if (SettleTitle()) desk.navigator.ShowModal(screen::kCurrentStudy);
+}
 
 void FrmMain::SaveToFile() {
   if (SettleTitle() && NeedsPipes()) SaveStudy(desk);

@@ -81,6 +81,26 @@ TEST_F(MainMenu, TakesTheTitleBeingTypedBeforeACommandRuns) {
   EXPECT_EQ(test.study.study_title, "Νέος τίτλος");
 }
 
+TEST_F(MainMenu, AcceptsTheTitleByItsOwnCommandAndByThePrimary) {
+  for (Command* accept : {&form.Cmd_Thema, &form.Cmd_Next}) {
+    test.study.study_title.clear();
+    form.Derive();
+    Click(form, form.Cmd_Thema);
+    Click(form, *accept);
+    EXPECT_EQ(form.focus(), &form.TxtThema) << "there is nothing to accept yet";
+    TypeInto(form, form.TxtThema, "Ξενοδοχείο");
+    Click(form, *accept);
+    EXPECT_EQ(test.study.study_title, "Ξενοδοχείο");
+    EXPECT_FALSE(form.TxtThema.visible);
+  }
+  PutStudy();
+  Click(form, form.Cmd_Thema);
+  TypeInto(form, form.TxtThema, "Νέος τίτλος");
+  form.Press(Ctrl('R'));
+  EXPECT_EQ(test.Row(1).Thema.Utf8(), "Νέος τίτλος") << "taken before the results are shown";
+  EXPECT_EQ(navigator.log.back(), "hide FrmMain");
+}
+
 TEST_F(MainMenu, SaysWhyACommandCannotRun) {
   test.study.pipe_system_number = 1;
   Click(form, form.Cmd_Calc);
