@@ -190,9 +190,9 @@ void FrmMain::DeriveFigures() {
   };
   const bool rows = HasRows();
   LblFlow.text = number(study.TotalFlowM3h, "#,##0.00");
-  const bool has_head = study.results_valid && study.PumpHead != 0;
-  LblHead.text =
-      rows && !has_head ? std::string(kToBeCalculated) : number(study.PumpHead, "#,##0.00");
+  const bool has_head = rows && ResultsHold(study) && study.PumpHead != 0;
+  LblHead.text = has_head ? number(study.PumpHead, "#,##0.00")
+                          : std::string(rows ? kToBeCalculated : kUnknown);
   LblMeanTemp.text = number(study.MeanTemp, "#,##0.0");
   LblMeanVel.text = number(study.MeanVel, "#,##0.0##");
   LblSections.text = rows ? std::to_string(study.SectionCount) : std::string(kUnknown);

@@ -53,7 +53,7 @@ std::string NextSentence(const Study& study, Step next, bool untouched) {
 
 StudyProgress ProgressOf(const Study& study, bool rows, Separators separators) {
   const bool data = study.MeanTemp != 0 && study.MeanVel != 0;
-  const bool valid = study.results_valid && !study.recalculation_needed;
+  const bool valid = ResultsHold(study);
   const std::array<bool, kStepCount> done = {!study.study_title.empty(), data,  rows,
                                              study.EmitterCount > 0,     valid, valid};
   const int sections = rows ? study.SectionCount : 0;

@@ -19,6 +19,11 @@ struct StudyProgress {
   Step next = Step::kTitle;
 };
 
+/// The results are those of the data as they are now: nothing has changed since the calculation.
+inline bool ResultsHold(const Study& study) {
+  return study.results_valid && !study.recalculation_needed;
+}
+
 /// `rows`: whether the study has rows.
 StudyProgress ProgressOf(const Study& study, bool rows, Separators separators);
 

@@ -167,8 +167,12 @@ TEST_F(MainMenu, CalculatesAnewAfterAChangeOfDiameters) {
 
 TEST_F(MainMenu, MarksAStaleStepAndNamesTheCause) {
   PutStudy();
+  test.study.PumpHead = 5.42F;
+  form.Derive();
+  EXPECT_EQ(form.LblHead.text, "5,42");
   test.study.recalculation_needed = true;
   EXPECT_EQ(Marks()[4], RoadMark::kStale);
+  EXPECT_EQ(form.LblHead.text, "ΘΑ ΥΠΟΛ.");
   EXPECT_EQ(form.Cmd_Next.caption, "Υπολογισμοί");
   EXPECT_NE(form.LblNext.text.find("νέοι υπολογισμοί"), std::string::npos);
 }
