@@ -6,6 +6,9 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QStyle>
+#include <QToolTip>
+#include <algorithm>
+#include <utility>
 
 #include "desktop/icons.h"
 #include "desktop/widgets/kind_card.h"
@@ -57,9 +60,12 @@ class FieldBinding : public Binding {
     if (const QString icon = edit.property("iconName").toString(); !icon.isEmpty()) {
       edit.addAction(ThemeIcon(icon), QLineEdit::LeadingPosition);
     }
-    connect(&edit, &QLineEdit::textEdited, this, [&form, &field, act](const QString& text) {
-      act([&] { form.Type(field, text.toStdString()); });
+    connect(&edit, &QLineEdit::textEdited, this, [this, &form, act](const QString& text) {
+      const TextEdit done = WhatWasDone(text);
+      act([&] { form.Type(field_, {done.before, done.piece, done.after}); });
     });
+    connect(&edit, &QLineEdit::selectionChanged, this, [this] { NotePlace(); });
+    connect(&edit, &QLineEdit::cursorPositionChanged, this, [this] { NotePlace(); });
   }
 
   void Paint() override {
@@ -76,8 +82,9 @@ class FieldBinding : public Binding {
       edit_.setReadOnly(field_.locked);
       StyleAnew(edit_);
     }
-    SetStyleProperty(edit_, "state",
-                     field_.refused ? QStringLiteral("refused") : ToneName(field_.tone));
+    const bool refused = field_.refused || !field_.refusal().empty();
+    SetStyleProperty(edit_, "state", refused ? QStringLiteral("refused") : ToneName(field_.tone));
+    PaintRefusal();
     if (field_.whole_selected && edit_.hasFocus()) {
       edit_.selectAll();
       field_.whole_selected = false;
@@ -86,8 +93,50 @@ class FieldBinding : public Binding {
   [[nodiscard]] QWidget* widget() const override { return &edit_; }
 
  private:
+  struct TextEdit {
+    std::string before;
+    std::string piece;
+    std::string after;
+  };
+
+  void NotePlace() {
+    place_ = edit_.hasSelectedText() ? edit_.selectionStart() : edit_.cursorPosition();
+  }
+
+  // The edit that has made the text this one. What was typed or pasted ends at the cursor and
+  // began where the cursor or the selection was; only what really stayed counts as kept.
+  [[nodiscard]] TextEdit WhatWasDone(const QString& text) const {
+    const QString old = ToQt(field_.text);
+    const auto same_start = std::ranges::mismatch(old, text).in2 - text.begin();
+    auto start =
+        std::min({qsizetype{same_start}, qsizetype{place_}, qsizetype{edit_.cursorPosition()}});
+    if (start > 0 && text[start - 1].isHighSurrogate()) --start;
+    auto end = qsizetype{edit_.cursorPosition()};
+    while (end < text.size() && !old.endsWith(QStringView(text).mid(end))) ++end;
+    if (end < text.size() && text[end].isLowSurrogate()) ++end;
+    return {text.left(start).toStdString(), text.mid(start, end - start).toStdString(),
+            text.mid(end).toStdString()};
+  }
+
+  // Why a key or a paste was refused shows under the field and is read aloud with it.
+  void PaintRefusal() {
+    const QString why = ToQt(field_.refusal());
+    edit_.setAccessibleDescription(why.isEmpty() ? designed_description_ : why);
+    const bool is_new = std::exchange(shown_refusals_, field_.refusals()) != field_.refusals();
+    if (is_new && !why.isEmpty() && edit_.isVisible()) {
+      QToolTip::showText(edit_.mapToGlobal(QPoint(0, edit_.height() / 2)), why, &edit_);
+    } else if (why.isEmpty() && tells_refusal_) {
+      QToolTip::hideText();
+    }
+    tells_refusal_ = !why.isEmpty();
+  }
+
   Field& field_;
   QLineEdit& edit_;
+  QString designed_description_ = edit_.accessibleDescription();
+  int place_ = 0;  ///< where the next edit begins
+  int shown_refusals_ = 0;
+  bool tells_refusal_ = false;
 };
 
 class LabelBinding : public Binding {

@@ -1,6 +1,6 @@
 #include "form/field.h"
 
-#include <algorithm>
+#include <utility>
 
 #include "study/codepage.h"
 
@@ -10,8 +10,6 @@ namespace {
 constexpr std::size_t kLongestNumber = 15;
 
 bool IsDigit(char32_t character) { return character >= U'0' && character <= U'9'; }
-
-bool IsSeparator(char character) { return character == '.' || character == ','; }
 
 bool IsDecimal(KeyFamily family) {
   return family == KeyFamily::kSignedDecimal || family == KeyFamily::kUnsignedDecimal;
@@ -28,6 +26,25 @@ bool FamilyTakes(KeyFamily family, char32_t character, Separators separators) {
          character == static_cast<char32_t>(static_cast<unsigned char>(separators.decimal));
 }
 
+constexpr std::string_view kOnlyNumbers = "Εδώ γράφονται μόνο αριθμοί";
+
+std::string Alien(char32_t character) {
+  std::string text = "Δεν γράφεται εδώ ο χαρακτήρας ";
+  if (character > U' ') {
+    AppendUtf8(text, character);
+    text += ' ';
+  }
+  std::string code;  // tells characters that cannot be seen
+  for (auto rest = static_cast<unsigned>(character); rest != 0 || code.size() < 4; rest >>= 4) {
+    code.insert(0, 1, "0123456789ABCDEF"[rest & 0xF]);
+  }
+  return text + "(U+" + code + ")";
+}
+
+std::string Room(std::size_t characters) {
+  return "χωρούν έως " + std::to_string(characters) + " χαρακτήρες";
+}
+
 }  // namespace
 
 Field::Field(Form& form, std::string_view name, KeyFamily key_family)
@@ -39,40 +56,27 @@ std::string Field::Trimmed() const {
   return text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
-bool Field::Takes(std::string_view typed, Separators separators) const {
+std::optional<char32_t> Field::FirstAlien(std::string_view typed, Separators separators) const {
   while (!typed.empty()) {
-    if (!FamilyTakes(family, TakeCharacter(typed), separators)) return false;
+    const char32_t character = TakeCharacter(typed);
+    if (!FamilyTakes(family, character, separators)) return character;
   }
-  return true;
+  return std::nullopt;
 }
 
-std::string Field::AsTyped(std::string_view piece, Separators separators) const {
-  std::string typed(piece);
-  if (numeric() && typed.size() > 1) {  // a number is copied with the blanks around it
-    typed.erase(typed.find_last_not_of(" \t\r\n") + 1);
-    typed.erase(0, typed.find_first_not_of(" \t\r\n"));
-  }
-  if (IsDecimal(family) && std::ranges::count_if(typed, IsSeparator) == 1) {
-    std::ranges::replace_if(typed, IsSeparator, separators.decimal);
-  }
-  return typed;
+bool Field::Refuse(std::string why) {
+  refusal_ = std::move(why);
+  ++refusals_;
+  return false;
 }
 
-// The edit as the field takes it: of a text whose middle is new, that is taken as typed.
-std::string Field::Edited(std::string_view typed, Separators separators) const {
-  const auto shared = static_cast<std::ptrdiff_t>(std::min(text.size(), typed.size()));
-  const auto start = std::mismatch(typed.begin(), typed.begin() + shared, text.begin()).first;
-  const auto left = shared - (start - typed.begin());
-  const auto end = std::mismatch(typed.rbegin(), typed.rbegin() + left, text.rbegin()).first.base();
-  const std::string_view middle(start, end);
-  std::string edited(typed.begin(), start);
-  // A pasted number with thousands stays as it is, to be refused.
-  const bool one_key = middle.size() == 1;
-  const bool one_separator = std::ranges::count_if(typed, IsSeparator) == 1;
-  edited += one_key || one_separator || !IsDecimal(family) ? AsTyped(middle, separators)
-                                                           : std::string(middle);
-  edited.append(end, typed.end());
-  return edited;
+bool Field::TakesKey(char32_t character, Separators separators) {
+  if (!CanEdit()) return false;
+  std::string piece;
+  AppendUtf8(piece, character);
+  if (numeric()) return !FirstAlien(NumberPiece(piece, IsDecimal(family), separators), separators);
+  const bool taken = FamilyTakes(family, character, separators) || IsMark(character);
+  return taken || Refuse(Alien(character));
 }
 
 void Field::Show(std::string_view shown) {
@@ -80,6 +84,7 @@ void Field::Show(std::string_view shown) {
   edited_ = false;
   has_value_ = false;
   refused = false;
+  refusal_.clear();
 }
 
 void Field::ShowNumber(float value, std::string_view pattern, Separators separators) {
@@ -101,20 +106,36 @@ Field::Leave Field::TryLeave(Separators separators) {
   return !on_leave || on_leave() ? Leave::kYes : Leave::kNo;
 }
 
-bool Field::TypeText(std::string_view given, Separators separators) {
-  const std::string typed = Edited(given, separators);
-  if (!CanEdit() || typed == text) return CanEdit();
-  // A text that stood there before, such as a number with thousands, may be shortened.
-  const bool shortened = text.find(typed) != std::string::npos;
-  if (!shortened && !Takes(typed, separators)) return false;
-  if (max_bytes != 0 && CountCharacters(typed) > max_bytes) return false;
-  text = typed;
+bool Field::Type(const Edit& edit, Separators separators) {
+  if (!CanEdit()) return false;
+  refusal_.clear();
+  std::string before(edit.before);
+  std::string piece =
+      numeric() ? NumberPiece(edit.piece, IsDecimal(family), separators) : OneLine(edit.piece);
+  // Paths keep the form in which their folders are written.
+  if (family == KeyFamily::kText) JoinAccents(before, piece);
+  const std::size_t kept = CountCharacters(before) + CountCharacters(edit.after);
+  const std::size_t room = max_bytes > kept ? max_bytes - kept : 0;
+  const bool too_long = max_bytes != 0 && CountCharacters(piece) > room;
+  // A number that was cut would be another number.
+  if (too_long && !numeric()) piece = FirstCharacters(piece, room);
+  if (const auto alien = FirstAlien(piece, separators)) {
+    return Refuse(numeric() ? std::string(kOnlyNumbers) : Alien(*alien));
+  }
+  if (too_long && (numeric() || piece.empty())) return Refuse("Εδώ " + Room(max_bytes));
+  if (too_long) Refuse("Το κείμενο κόπηκε: " + Room(max_bytes));
+  TakeText(before.append(piece).append(edit.after));
+  return true;
+}
+
+void Field::TakeText(std::string typed) {
+  refused = false;
+  if (typed == text) return;
+  text = std::move(typed);
   edited_ = true;
   has_value_ = false;
-  refused = false;
   whole_selected = false;
   if (on_change) on_change();
-  return true;
 }
 
 void Field::Enter(Separators separators) {

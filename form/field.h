@@ -1,12 +1,12 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "form/control.h"
-#include "form/key.h"
-#include "study/numeric_text.h"
+#include "form/edit.h"
 
 namespace kalvo {
 
@@ -41,12 +41,15 @@ class Field : public Control {
   /// `text` without blanks at its ends.
   [[nodiscard]] std::string Trimmed() const;
 
-  /// True when every character of `typed` may stand in the field.
-  [[nodiscard]] bool Takes(std::string_view typed, Separators separators) const;
+  /// The user presses the key of a character. False: it becomes nothing; a text says why.
+  bool TakesKey(char32_t character, Separators separators);
 
-  /// What the user types, as it comes into the field: in decimal numbers both "." and "," are the
-  /// decimal separator.
-  [[nodiscard]] std::string AsTyped(std::string_view piece, Separators separators) const;
+  /// Why the last edit was not taken, or not whole; empty when it was. It is shown until the next
+  /// edit, or until the field is left.
+  [[nodiscard]] const std::string& refusal() const { return refusal_; }
+  /// Grows with each refusal, of the same kind too.
+  [[nodiscard]] int refusals() const { return refusals_; }
+  void ForgetRefusal() { refusal_.clear(); }
 
   /// The form shows a text; the user has not edited it.
   void Show(std::string_view shown);
@@ -60,20 +63,29 @@ class Field : public Control {
   enum class Leave { kYes, kNo, kTooManySeparators };
   [[nodiscard]] Leave TryLeave(Separators separators);
 
-  /// The user's edit has made the text this. False, and nothing changes, when a character is not
-  /// the field's or the text is too long.
-  bool TypeText(std::string_view given, Separators separators);
+  /// The user types or pastes. In decimal numbers both "." and "," come in as the decimal
+  /// separator. In a text line ends at the ends of the piece go, those inside become blanks,
+  /// accents go into their letters, and what has no room is cut at the right. False, and nothing
+  /// changes, when the piece has a character that is not the field's, or no room at all.
+  bool Type(const Edit& edit, Separators separators);
 
   /// The focus comes: a numeric field loses its thousands separators, and the whole text is
   /// selected.
   void Enter(Separators separators);
 
  private:
-  [[nodiscard]] std::string Edited(std::string_view typed, Separators separators) const;
+  /// The first character that may not stand in the field.
+  [[nodiscard]] std::optional<char32_t> FirstAlien(std::string_view typed,
+                                                   Separators separators) const;
+  /// Always false.
+  bool Refuse(std::string why);
+  void TakeText(std::string typed);
 
   bool edited_ = false;
   float value_ = 0;
   bool has_value_ = false;
+  std::string refusal_;
+  int refusals_ = 0;
 };
 
 }  // namespace kalvo

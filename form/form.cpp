@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "study/codepage.h"
-
 namespace kalvo {
 namespace {
 
@@ -21,12 +19,15 @@ Control* Form::Find(std::string_view name) const {
   return found == controls_.end() ? nullptr : *found;
 }
 
+void Form::TakeFocus(Control* part) {
+  if (auto* left = dynamic_cast<Field*>(focus_)) left->ForgetRefusal();
+  focus_ = part;
+  if (auto* field = dynamic_cast<Field*>(part)) field->Enter(desk.separators);
+}
+
 void Form::Focus(Control& part) {
-  focus_ = &part;
+  TakeFocus(&part);
   ++focus_moves_;
-  if (auto* field = dynamic_cast<Field*>(&part)) {
-    field->Enter(desk.separators);
-  }
 }
 
 bool Form::MayLeaveFocus() {
@@ -46,10 +47,7 @@ bool Form::MoveFocus(Control* part) {
   const bool freely = command != nullptr && command->leaves_freely;
   if (!freely && !MayLeaveFocus()) return false;
   if (moves != focus_moves_) return false;  // leaving sent the focus elsewhere
-  focus_ = part;
-  if (auto* field = dynamic_cast<Field*>(part)) {
-    field->Enter(desk.separators);
-  }
+  TakeFocus(part);
   return true;
 }
 
@@ -66,8 +64,11 @@ void Form::TellBroken() {
              16});
 }
 
-bool Form::Type(Field& field, std::string_view text) {
-  return field.TypeText(text, desk.separators);
+bool Form::Type(Field& field, const Edit& edit) {
+  const int refusals = field.refusals();
+  const bool taken = field.Type(edit, desk.separators);
+  if (field.refusals() != refusals) desk.sound.Beep();
+  return taken;
 }
 
 Command* Form::CommandOf(const Key& key) const {
@@ -93,9 +94,10 @@ bool Form::PressInField(Field& field, const Key& key) {
     return false;
   }
   if (!key.IsText() || key.character == 0) return false;
-  std::string typed;
-  AppendUtf8(typed, key.character);
-  return !field.CanEdit() || !field.Takes(field.AsTyped(typed, desk.separators), desk.separators);
+  const int refusals = field.refusals();
+  const bool taken = field.TakesKey(key.character, desk.separators);
+  if (field.refusals() != refusals) desk.sound.Beep();
+  return !taken;
 }
 
 bool Form::PressPart(Control* part) {

@@ -68,8 +68,8 @@ class Form {
   bool Press(const Key& key);
   /// An action ended in a fault that nobody caught: the user is told.
   void TellBroken();
-  /// The user's edit has made the text of `field` this; false: it stays as it was.
-  bool Type(Field& field, std::string_view text);
+  /// The user types or pastes into a field; false: it stays as it was. A refusal is heard.
+  bool Type(Field& field, const Edit& edit);
 
  protected:
   Desk& desk;
@@ -78,6 +78,7 @@ class Form {
  private:
   friend class Control;
 
+  void TakeFocus(Control* part);
   bool MayLeaveFocus();
   /// Enter on a part that does something when it is meant.
   bool PressPart(Control* part);

@@ -128,9 +128,9 @@ bool FrmOpenSave::OtherKey(const Key& key) {
   }
   Focus(TxtSearch);
   TxtSearch.whole_selected = false;
-  std::string longer = TxtSearch.text;
-  AppendUtf8(longer, key.character);
-  Type(TxtSearch, longer);
+  std::string typed;
+  AppendUtf8(typed, key.character);
+  Type(TxtSearch, {TxtSearch.text, typed, {}});
   return true;
 }
 

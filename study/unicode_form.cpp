@@ -33,6 +33,20 @@ static_assert(std::all_of(kMarks.begin(), kMarks.end(), [](const Mark& mark) {
   return mark.letters.size() == mark.composed.size();
 }));
 
+// What Unicode writes in two ways that are the same: letters of polytonic keyboards, signs.
+constexpr std::u32string_view kTwins =
+    U"\u1F71\u1F73\u1F75\u1F77\u1F79\u1F7B\u1F7D\u1FBB\u1FC9\u1FCB\u1FDB\u1FF9\u1FEB\u1FFB"
+    U"\u1FD3\u1FE3\u037E\u0387\u2126\u0340\u0341";
+constexpr std::u32string_view kUsualForms =
+    U"άέήίόύώΆΈΉΊΌΎΏ"
+    U"\u0390\u03B0;\u00B7\u03A9\u0300\u0301";
+static_assert(kTwins.size() == kUsualForms.size());
+
+char32_t UsualForm(char32_t character) {
+  const std::size_t at = kTwins.find(character);
+  return at == std::u32string_view::npos ? character : kUsualForms[at];
+}
+
 // The letter with the mark in it; 0 when there is none.
 char32_t Compose(char32_t letter, char32_t mark) {
   for (const Mark& row : kMarks) {
@@ -57,7 +71,7 @@ std::string ComposedForm(std::string_view utf8) {
   }
   std::u32string characters;
   while (!utf8.empty()) {
-    const char32_t next = TakeCharacter(utf8);
+    const char32_t next = UsualForm(TakeCharacter(utf8));
     const char32_t composed = characters.empty() ? 0 : Compose(characters.back(), next);
     if (composed != 0) {
       characters.back() = composed;

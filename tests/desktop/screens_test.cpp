@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QClipboard>
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLabel>
@@ -13,6 +14,7 @@
 #include <QRegularExpression>
 #include <QScrollArea>
 #include <QTest>
+#include <QToolTip>
 #include <QWheelEvent>
 #include <memory>
 #include <optional>
@@ -162,6 +164,38 @@ TEST(MainWindow, GivesTheKeysBackToWhereTheyWereAfterTheTitle) {
   const auto* unsaved = menu.findChild<QLabel*>("LblUnsaved");
   EXPECT_TRUE(unsaved->isVisible());
   EXPECT_EQ(unsaved->property("tone").toString().toStdString(), "warn");
+}
+
+TEST(MainWindow, TakesAPastedTitleOnOneLineAndSaysWhyOneIsRefused) {
+  CalculatedDesk desk(KALVO_SAMPLES_DIR "/hotel.PCK");
+  desk.study.study.recovery = true;
+  QWidget& menu = desk.Open(screen::kMain, {1244, 700});
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&menu));
+  QTest::keyClick(menu.focusWidget(), Qt::Key_F2);
+  auto& title = dynamic_cast<QLineEdit&>(*menu.focusWidget());
+  const auto paste = [&title](const QString& text) {
+    QGuiApplication::clipboard()->setText(text);
+    QTest::keyClick(&title, Qt::Key_V, Qt::ControlModifier);
+  };
+  const QString before = title.text();
+  paste("\n" + before + "\nΒ\n");  // over what is selected, which begins alike
+  EXPECT_EQ(title.text(), before + " Β");
+  title.setCursorPosition(1);
+  paste("\nxy\n");
+  EXPECT_EQ(title.text(), before.left(1) + "xy" + before.mid(1) + " Β");
+  EXPECT_EQ(title.cursorPosition(), 3);
+  TypeText(title, QStringLiteral("ι\u0301"));
+  EXPECT_EQ(title.text().mid(3, 1), QStringLiteral("ί"));
+
+  const QString taken = title.text();
+  TypeText(title, QStringLiteral("水"));
+  EXPECT_EQ(title.text(), taken);
+  EXPECT_EQ(title.property("state").toString(), "refused");
+  EXPECT_TRUE(QToolTip::text().contains(QStringLiteral("水"))) << "shown and read aloud";
+  EXPECT_EQ(title.accessibleDescription(), QToolTip::text());
+  KeepPicture(menu, "FrmMain-refused");
+  TypeText(title, QStringLiteral("z"));
+  EXPECT_EQ(title.property("state").toString(), "");
 }
 
 TEST(MainWindow, KeepsItsPipesUnderTheWheel) {

@@ -41,7 +41,7 @@ TEST_F(FormRules, PointAndCommaBothTypeTheDecimalSeparator) {
     EXPECT_TRUE(PasteInto(form, form.temperature, typed));
     EXPECT_EQ(form.temperature.text, "60,5");
   }
-  form.Type(form.temperature, "60,.5");
+  form.Type(form.temperature, {"60,", ".", "5"});
   EXPECT_EQ(form.temperature.text, "60,,5") << "told of when the field is left";
   EXPECT_FALSE(PasteInto(form, form.temperature, "1.234,5"));
   EXPECT_TRUE(PasteInto(form, form.temperature, " 12.5\n"));
@@ -74,15 +74,46 @@ TEST_F(FormRules, ANumberShownRoundedKeepsItsWholeValueUntilItIsEdited) {
   EXPECT_EQ(form.temperature.Number(desk.separators), 0.8);
 }
 
-TEST_F(FormRules, TextsTakeWhatTheCodePageHasAndNoMoreThanFits) {
-  form.title_text.max_bytes = 4;
-  EXPECT_TRUE(PasteInto(form, form.title_text, "Άλφα"));
-  EXPECT_FALSE(PasteInto(form, form.title_text, "Άλφα!"));
-  EXPECT_FALSE(PasteInto(form, form.title_text, "水"));
-  EXPECT_FALSE(PasteInto(form, form.title_text, "a\nb"));
-  EXPECT_EQ(form.title_text.text, "Άλφα");
-  form.title_text.locked = true;
-  EXPECT_FALSE(PasteInto(form, form.title_text, "x"));
+TEST_F(FormRules, APastedTextIsOnOneLineWithItsAccentsJoinedAndCutToItsRoom) {
+  Field& field = form.title_text;
+  field.max_bytes = 12;
+  EXPECT_TRUE(PasteInto(form, field, "\n\r\nΚτι\u0301ριο\r\nΑ\t1\n"));
+  EXPECT_EQ(field.text, "Κτίριο Α 1");
+  EXPECT_TRUE(form.Type(field, {"Κτίριο", "\n-Β\n", " Α 1"}));
+  EXPECT_EQ(field.text, "Κτίριο-Β Α 1") << "line ends at the ends go, wherever it is pasted";
+  EXPECT_EQ(sound.beeps, 0);
+  EXPECT_FALSE(form.Type(field, {"Κτίριο-Β", "γ", " Α 1"}));
+  EXPECT_TRUE(PasteInto(form, field, "Γραφεία ορόφου 2"));
+  EXPECT_EQ(field.text, "Γραφεία ορόφ");
+  EXPECT_EQ(field.refusal(), "Το κείμενο κόπηκε: χωρούν έως 12 χαρακτήρες");
+  EXPECT_EQ(sound.beeps, 2);
+  TypeInto(form, field, "Κτι\u0301ριο");
+  EXPECT_EQ(field.text, "Κτίριο");
+  field.locked = true;
+  EXPECT_FALSE(PasteInto(form, field, "x"));
+}
+
+TEST_F(FormRules, ACharacterThatIsNotTheFieldsIsRefusedSoThatTheUserNotices) {
+  Field& field = form.title_text;
+  TypeInto(form, field, "Α水");
+  EXPECT_EQ(field.text, "Α");
+  EXPECT_EQ(field.refusal(), "Δεν γράφεται εδώ ο χαρακτήρας 水 (U+6C34)");
+  TypeInto(form, field, "Β");
+  EXPECT_EQ(field.refusal(), "") << "until the next edit";
+  EXPECT_FALSE(PasteInto(form, field, "Γ\u200BΔ"));
+  EXPECT_NE(field.refusal().find("U+200B"), std::string::npos);
+  EXPECT_EQ(field.text, "Β");
+  EXPECT_EQ(sound.beeps, 2);
+
+  TypeInto(form, form.temperature, "1a2");
+  EXPECT_EQ(field.refusal(), "") << "or until it is left";
+  EXPECT_EQ(form.temperature.text, "12");
+  EXPECT_EQ(sound.beeps, 2) << "a letter in a number becomes nothing";
+  for (const char* pasted : {"12 kg", "1234567890123456"}) {
+    EXPECT_FALSE(PasteInto(form, form.temperature, pasted));
+    EXPECT_NE(form.temperature.refusal(), "");
+  }
+  EXPECT_EQ(form.temperature.text, "12") << "a number is never cut";
 }
 
 TEST(GridRules, SortingChangesTheViewOnlyAndTheThirdTimeRestoresIt) {

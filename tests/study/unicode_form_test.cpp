@@ -15,6 +15,7 @@ TEST(UnicodeForm, MarksGoIntoTheirLetters) {
   EXPECT_EQ(ComposedForm("Α\u0301 ι\u0308\u0301 υ\u0308 cafe\u0301 n\u0303"), "Ά ΐ ϋ café ñ");
   EXPECT_EQ(ComposedForm("\u0301χ\u0301"), "\u0301χ\u0301") << "no letter that takes the mark";
   EXPECT_EQ(ComposedForm("Κτίριο 1"), "Κτίριο 1");
+  EXPECT_EQ(ComposedForm("Κτ\u1F77ριο \u2126 ι\u0308\u0341"), "Κτίριο Ω ΐ") << "twins of the same";
 }
 
 TEST(UnicodeForm, StudiesAreFoundInEitherFormWithTheirCompanions) {

@@ -45,19 +45,19 @@ bool NotedNavigator::IsOpen(std::string_view screen) const {
 
 void TypeInto(Form& form, Field& field, std::string_view text) {
   form.MoveFocus(&field);
-  form.Type(field, "");
+  form.Type(field, {});
   while (!text.empty()) {
     const char32_t character = TakeCharacter(text);
     if (form.Press(Typed(character))) continue;
-    std::string longer = field.text;
-    AppendUtf8(longer, character);
-    form.Type(field, longer);
+    std::string typed;
+    AppendUtf8(typed, character);
+    form.Type(field, {field.text, typed, {}});
   }
 }
 
 bool PasteInto(Form& form, Field& field, std::string_view text) {
   form.MoveFocus(&field);
-  return form.Type(field, text);
+  return form.Type(field, {{}, text, {}});
 }
 
 void Click(Form& form, Command& command) {

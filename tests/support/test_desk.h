@@ -80,7 +80,7 @@ class TestDesk {
 /// character is a key. Characters that the field refuses are lost, as on a screen.
 void TypeInto(Form& form, Field& field, std::string_view text);
 
-/// The user pastes: the whole text is one edit. False when the field refuses it.
+/// The user pastes over the whole text. False when the field refuses it.
 bool PasteInto(Form& form, Field& field, std::string_view text);
 
 /// The user clicks a command.

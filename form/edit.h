@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "study/numeric_text.h"
+
+namespace kalvo {
+
+/// What the user has done to a text: `piece` is now between what stayed as it was.
+struct Edit {
+  std::string_view before;
+  std::string_view piece;
+  std::string_view after;
+};
+
+/// An accent that goes into the letter before it.
+constexpr bool IsMark(char32_t character) { return character >= 0x300 && character < 0x370; }
+
+/// A piece of several lines as one line: what parts lines, or cells that were copied, goes at the
+/// ends and becomes a blank inside.
+std::string OneLine(std::string_view piece);
+
+/// Puts accents into their letters; one that comes first is for the last letter of `before`, which
+/// then goes over to `piece`.
+void JoinAccents(std::string& before, std::string& piece);
+
+/// A number as it is typed or copied: without the blanks around it, and where `decimal` with its
+/// one separator, "." or ",", as the user's own.
+std::string NumberPiece(std::string_view piece, bool decimal, Separators separators);
+
+/// At most `count` characters of `text`, from its start.
+std::string FirstCharacters(std::string_view text, std::size_t count);
+
+}  // namespace kalvo
