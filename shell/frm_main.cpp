@@ -3,6 +3,7 @@
 #include "form/tell.h"
 #include "shell/study_dialogs.h"
 #include "study/study_reset.h"
+#include "study/unsaved.h"
 
 namespace kalvo {
 namespace {
@@ -179,7 +180,7 @@ void FrmMain::DeriveHead() {
   LblLiquid.text = "Υγρό : " + study.fluid_name;
   LblFile.text = study.study_short_name;
   LblFile.visible = !study.study_short_name.empty();
-  LblUnsaved.visible = study.unsaved_changes;
+  LblUnsaved.visible = HasUnsavedChanges(bench);
 }
 
 void FrmMain::DeriveFigures() {

@@ -10,6 +10,7 @@
 #include "study/recent_files.h"
 #include "study/study_origin.h"
 #include "study/study_reset.h"
+#include "study/unsaved.h"
 #include "study/write_study.h"
 
 namespace kalvo {
@@ -101,7 +102,7 @@ bool SaveStudy(Desk& desk) {
 
 bool AskAboutUnsaved(Desk& desk) {
   Workbench& bench = desk.bench;
-  if (!bench.study.unsaved_changes) return true;
+  if (!HasUnsavedChanges(bench)) return true;
   bench.Show(130);
   switch (std::exchange(bench.study.answer, Answer::kNone)) {
     case Answer::kYes:
@@ -117,7 +118,7 @@ bool AskAboutUnsaved(Desk& desk) {
 
 bool AskBeforeOpening(Desk& desk) {
   Workbench& bench = desk.bench;
-  if (bench.study.unsaved_changes) {
+  if (HasUnsavedChanges(bench)) {
     bench.Show(130);
     const Answer answer = std::exchange(bench.study.answer, Answer::kNone);
     if (answer == Answer::kCancel) bench.study.unsaved_changes = false;

@@ -190,6 +190,26 @@ TEST_F(MainMenu, LeavingReturnsToTheChoiceOfKindAndKeepsASafetyCopy) {
   EXPECT_EQ(NamesIn(test.outer_disk, "/studies/ASFALEIA").size(), 1U);
 }
 
+TEST_F(MainMenu, AsksNothingAndMarksNothingWhereThereIsNothingToSave) {
+  navigator.Expect(screen::kStudies, [] {});
+  for (Command* command : {&form.Cmd_Open, &form.Cmd_New, &form.Cmd_Exit}) {
+    Click(form, form.Cmd_Thema);
+    TypeInto(form, form.TxtThema, "Ξενοδοχείο");
+    test.study.unsaved_changes = true;  // as a choice of pipes or of a fluid leaves it
+    form.Derive();
+    EXPECT_FALSE(form.LblUnsaved.visible);
+    Click(form, *command);
+  }
+  EXPECT_EQ(navigator.log.back(), "show FrmKind");
+
+  ASSERT_TRUE(test.workspace.Write(work_file::kSheet, "cells").ok());
+  test.study.unsaved_changes = true;
+  form.Derive();
+  EXPECT_TRUE(form.LblUnsaved.visible) << "a sheet that was kept is worth a question";
+  test.prompter.Expect(130, Answer::kCancel);
+  Click(form, form.Cmd_New);
+}
+
 TEST_F(MainMenu, EndsTheTitleEntryBeforeAStudyIsOpened) {
   Click(form, form.Cmd_Thema);
   navigator.Expect(screen::kStudies, [this] { EXPECT_FALSE(form.TxtThema.visible); });
