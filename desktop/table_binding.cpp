@@ -33,6 +33,11 @@ class ListBinding : public Binding {
             [this, act](const QModelIndex& now) {
               if (painting_ || !now.isValid()) return;
               act([&] { list_.Select(now.row()); });
+              // Where the form kept its line the view goes on to mark the one pressed.
+              if (list_.selected != now.row()) {
+                QMetaObject::invokeMethod(
+                    this, [this] { Paint(); }, Qt::QueuedConnection);
+              }
             });
     connect(&view, &QListView::doubleClicked, this,
             [this, act](const QModelIndex& index) { act([&] { list_.Activate(index.row()); }); });
@@ -48,7 +53,8 @@ class ListBinding : public Binding {
       view_.doItemsLayout();
     }
     const QModelIndex wanted = model_.index(list_.selected);
-    if (view_.currentIndex().row() != list_.selected) {
+    const bool marked = !wanted.isValid() || view_.selectionModel()->isSelected(wanted);
+    if (view_.currentIndex().row() != list_.selected || !marked) {
       view_.setCurrentIndex(wanted);
       if (wanted.isValid()) view_.scrollTo(wanted);
     }

@@ -1,11 +1,14 @@
 #include "entry/frm_liquid.h"
 
 #include <algorithm>
-#include <cmath>
+#include <array>
+#include <span>
+#include <utility>
 
 #include "form/tell.h"
 #include "study/fault.h"
 #include "study/fluid_library.h"
+#include "study/letter_case.h"
 #include "study/row_file.h"
 
 namespace kalvo {
@@ -13,6 +16,11 @@ namespace {
 
 constexpr std::string_view kNewFluid = "ΝΕΟ ΥΓΡΟ";
 constexpr std::string_view kCancelNewFluid = "Α-Κ-Υ-Ρ-Ω-Σ-Η";
+constexpr std::string_view kOnlyInStudy = "  (μόνο στη μελέτη)";
+constexpr std::string_view kWaterNote =
+    "Του νερού η πυκνότητα και το ιξώδες υπολογίζονται από τη θερμοκρασία της μελέτης.";
+constexpr std::string_view kOnlyInStudyNote =
+    "Το υγρό ήρθε με τη μελέτη και λείπει από τη βιβλιοθήκη. Με < Αποθήκευση Υγρού > προστίθεται.";
 
 bool SameValues(const FluidRow& a, const FluidRow& b) {
   return a.mean_temperature == b.mean_temperature && a.density == b.density &&
@@ -27,12 +35,15 @@ FrmLiquid::FrmLiquid(Desk& shared_desk)
       CmdSave(*this, "CmdSave", "Αποθήκευση Υγρού", [this] { Save(); }, {Ctrl('S')}),
       CmdDelete(*this, "CmdDelete", "Διαγραφή Υγρού", [this] { Delete(); },
                 {Ctrl(KeyCode::kDelete)}),
-      CmdCancel(*this, "CmdCancel", "Επιστροφή", [this] { desk.navigator.Close(screen::kLiquid); },
+      CmdCancel(*this, "CmdCancel", "Επιστροφή",
+                [this] {
+                  if (SettleEdits()) desk.navigator.Close(screen::kLiquid);
+                },
                 {Plain(KeyCode::kEscape)}),
       CmdOK(*this, "CmdOK", "Αποδοχή Υγρού", [this] { Accept(); }, {Ctrl(KeyCode::kEnter)}) {
   title = "Επιλογή Ρέοντος Μέσου (Υγρού)";
   CmdCancel.leaves_freely = true;
-  LstLiquid.on_select = [this] { ShowSelected(); };
+  LstLiquid.on_select = [this] { SelectOther(); };
   TxtNewLiquid.max_bytes = decltype(FluidRow::name)::kSize;
   TxtNewLiquid.on_enter = [this] {
     if (!TxtNewLiquid.Trimmed().empty()) Focus(TxtMeanT);
@@ -47,6 +58,8 @@ void FrmLiquid::Load() {
   Reload(bench.study.fluid_name);
 }
 
+bool FrmLiquid::MayClose() { return SettleEdits(); }
+
 void FrmLiquid::Reload(std::string_view select) {
   auto read = ReadFluids(bench.workspace);
   if (!read) {
@@ -54,14 +67,18 @@ void FrmLiquid::Reload(std::string_view select) {
     return;
   }
   fluids_ = std::move(*read);
-  std::vector<std::string> names;
+  library_fluids_ = static_cast<int>(fluids_.size());
+  const std::optional<FluidRow> own = OldFluid();
+  if (own && Named(own->name.Utf8()) == nullptr) fluids_.push_back(*own);
+  LstLiquid.selected = -1;
+  std::vector<std::string> lines;
   for (const FluidRow& fluid : fluids_) {
-    names.push_back(fluid.name.Utf8());
+    const int position = static_cast<int>(lines.size());
+    const std::string name = fluid.name.Utf8();
+    if (LstLiquid.selected < 0 && name == select) LstLiquid.selected = position;
+    lines.push_back(name + std::string(IsOnlyInStudy(position) ? kOnlyInStudy : ""));
   }
-  const auto wanted = std::ranges::find(names, select);
-  const int position = wanted == names.end() ? -1 : static_cast<int>(wanted - names.begin());
-  LstLiquid.SetLines(std::move(names));
-  LstLiquid.selected = position;
+  LstLiquid.SetLines(std::move(lines));
   LeaveNewMode();
   Focus(LstLiquid);
 }
@@ -76,7 +93,7 @@ void FrmLiquid::LeaveNewMode() {
 }
 
 void FrmLiquid::SetFields(bool open) {
-  LblWater.visible = !open;
+  LblNote.visible = false;
   for (Field* field : {&TxtMeanT, &TxtDensity, &Txtnee}) {
     field->Show("");
     field->locked = !open;
@@ -84,19 +101,31 @@ void FrmLiquid::SetFields(bool open) {
   }
 }
 
+void FrmLiquid::SelectOther() {
+  const int wanted = std::exchange(LstLiquid.selected, shown_);
+  if (!SettleEdits()) return;
+  LstLiquid.selected = wanted;
+  ShowSelected();
+}
+
 void FrmLiquid::ShowSelected() {
-  const bool other_than_water = LstLiquid.selected > 0;
+  shown_ = LstLiquid.selected;
+  const bool other_than_water = shown_ > 0;
   SetFields(other_than_water);
+  LblNote.visible = shown_ == 0 || IsOnlyInStudy(shown_);
+  LblNote.text = other_than_water ? kOnlyInStudyNote : kWaterNote;
   if (!other_than_water) return;
-  const FluidRow& fluid = fluids_[static_cast<std::size_t>(LstLiquid.selected)];
+  const FluidRow& fluid = fluids_[static_cast<std::size_t>(shown_)];
   TxtMeanT.ShowNumber(fluid.mean_temperature, "", desk.separators);
   TxtDensity.ShowNumber(fluid.density, "", desk.separators);
   Txtnee.ShowNumber(fluid.viscosity, "", desk.separators);
 }
 
 void FrmLiquid::ToggleNewMode() {
-  if (new_mode_) {
-    Reload(bench.study.fluid_name);
+  const bool leaves = new_mode_;
+  if (!SettleEdits()) return;
+  if (leaves) {
+    if (new_mode_) Reload(bench.study.fluid_name);  // otherwise it was saved
     return;
   }
   new_mode_ = true;
@@ -112,13 +141,51 @@ bool FrmLiquid::Incomplete() {
   const bool missing = TxtMeanT.Trimmed().empty() || TxtDensity.Number(desk.separators) == 0 ||
                        Txtnee.Number(desk.separators) == 0 ||
                        (new_mode_ && TxtNewLiquid.Trimmed().empty());
-  if (missing) {
-    bench.Ask({"..! Π Ρ Ο Σ Ο Χ Η !...", {"... ΕΛΛΙΠΗ ΣΤΟΙΧΕΙΑ ΡΕΟΝΤΟΣ ΜΕΣΟΥ"}, 16});
-  }
+  if (missing) Tell({"... ΕΛΛΙΠΗ ΣΤΟΙΧΕΙΑ ΡΕΟΝΤΟΣ ΜΕΣΟΥ"});
   return missing;
 }
 
+bool FrmLiquid::NameInUse() {
+  if (!new_mode_) return false;
+  const std::string name = FluidFromFields().name.Utf8();
+  const bool in_use = std::ranges::any_of(fluids_, [&name](const FluidRow& fluid) {
+    return EqualIgnoringCase(fluid.name.Utf8(), name);
+  });
+  if (in_use) {
+    Tell({"... Υπάρχει - ήδη - υγρό με το όνομα < " + name + " > ..."});
+    TxtNewLiquid.refused = true;
+    Focus(TxtNewLiquid);
+  }
+  return in_use;
+}
+
+bool FrmLiquid::HasEdits() const {
+  const std::array fields = {&TxtNewLiquid, &TxtMeanT, &TxtDensity, &Txtnee};
+  const auto typed = [this](const Field* field) {
+    return new_mode_ ? !field->Trimmed().empty() : field->edited();
+  };
+  if (std::ranges::none_of(fields, typed)) return false;
+  return new_mode_ || !SameValues(FluidFromFields(), fluids_[static_cast<std::size_t>(shown_)]);
+}
+
+bool FrmLiquid::SettleEdits() {
+  if (!HasEdits()) return true;
+  const Answer answer =
+      bench.Ask({"  ! !   ΠΡΟΣΟΧΗ   ! ! ",
+                 {"!! Τα στοιχεία του υγρού που γράψατε, ΔΕΝ έχουν αποθηκευθεί !!",
+                  " Θέλετε να αποθηκευθούν στη βιβλιοθήκη ? "},
+                 547});
+  bench.study.answer = Answer::kNone;
+  if (answer == Answer::kYes) return !Incomplete() && !NameInUse() && Store();
+  if (answer == Answer::kNo && !new_mode_) ShowSelected();
+  return answer == Answer::kNo;
+}
+
 bool FrmLiquid::CanChangeSelected() const { return LstLiquid.selected > 0 && fluids_.size() > 1; }
+
+void FrmLiquid::Tell(std::vector<std::string> lines) {
+  bench.Ask({"..! Π Ρ Ο Σ Ο Χ Η !...", std::move(lines), 16});
+}
 
 bool FrmLiquid::Confirm(std::vector<std::string> lines) {
   const bool yes = bench.Ask({"  ! !   ΠΡΟΣΟΧΗ   ! ! ", std::move(lines), 292}) == Answer::kYes;
@@ -127,8 +194,8 @@ bool FrmLiquid::Confirm(std::vector<std::string> lines) {
 }
 
 FluidRow FrmLiquid::FluidFromFields() const {
-  const std::size_t row = new_mode_ ? fluids_.size() : static_cast<std::size_t>(LstLiquid.selected);
-  FluidRow fluid = new_mode_ ? FluidRow{} : fluids_[row];
+  const int row = new_mode_ ? library_fluids_ : shown_;
+  FluidRow fluid = new_mode_ ? FluidRow{} : fluids_[static_cast<std::size_t>(row)];
   fluid.row_number = static_cast<std::int16_t>(row + 1);
   if (new_mode_) {
     fluid.name = FixedText<50>::FromUtf8(TxtNewLiquid.Trimmed());
@@ -145,19 +212,27 @@ void FrmLiquid::Save() {
     Focus(LstLiquid);
     return;
   }
-  if (!Confirm({"...!! Η ΠΑΡΟΥΣΑ ΕΓΓΡΑΦΗ ΘΑ < ΣΩΘΕΙ > ΩΣ ΕΧΕΙ !!...",
-                "... Επιθυμείτε σίγουρα κάτι τέτοιο ??..."})) {
-    return;
-  }
-  const FluidRow fluid = FluidFromFields();
-  if (TellIfFailed(bench, SaveFluid(bench.workspace, fluid))) {
-    Reload(fluid.name.Utf8());
-    LstLiquid.selected = fluid.row_number - 1;
-    ShowSelected();
+  if (NameInUse()) return;
+  if (Confirm({"...!! Η ΠΑΡΟΥΣΑ ΕΓΓΡΑΦΗ ΘΑ < ΣΩΘΕΙ > ΩΣ ΕΧΕΙ !!...",
+               "... Επιθυμείτε σίγουρα κάτι τέτοιο ??..."})) {
+    Store();
   }
 }
 
+bool FrmLiquid::Store() {
+  const FluidRow fluid = FluidFromFields();
+  if (!TellIfFailed(bench, SaveFluid(bench.workspace, fluid))) return false;
+  Reload(fluid.name.Utf8());
+  LstLiquid.selected = fluid.row_number - 1;
+  ShowSelected();
+  return true;
+}
+
 void FrmLiquid::Delete() {
+  if (LstLiquid.visible && LstLiquid.HasSelection() && IsOnlyInStudy(LstLiquid.selected)) {
+    Tell({"... Το υγρό αυτό ΔΕΝ υπάρχει στη βιβλιοθήκη ..."});
+    return;
+  }
   if (!LstLiquid.visible || !CanChangeSelected() ||
       !Confirm({"...!! Η ΠΑΡΟΥΣΑ ΕΓΓΡΑΦΗ ΘΑ ΔΙΑΓΡΑΦΕΙ !!..."})) {
     return;
@@ -170,9 +245,10 @@ void FrmLiquid::Delete() {
 }
 
 const FluidRow* FrmLiquid::Named(std::string_view name) const {
+  const auto library = std::span(fluids_).first(static_cast<std::size_t>(library_fluids_));
   const auto found = std::ranges::find_if(
-      fluids_, [name](const FluidRow& fluid) { return fluid.name.Utf8() == name; });
-  return found == fluids_.end() ? nullptr : &*found;
+      library, [name](const FluidRow& fluid) { return fluid.name.Utf8() == name; });
+  return found == library.end() ? nullptr : &*found;
 }
 
 std::optional<FluidRow> FrmLiquid::OldFluid() {
@@ -184,9 +260,22 @@ std::optional<FluidRow> FrmLiquid::OldFluid() {
 }
 
 void FrmLiquid::Accept() {
-  if (new_mode_ && Incomplete()) return;
-  if (new_mode_ || !LstLiquid.HasSelection()) return;
-  const FluidRow chosen = fluids_[static_cast<std::size_t>(LstLiquid.selected)];
+  if (new_mode_) {
+    if (!Incomplete()) {
+      Tell({"... Το ΝΕΟ ΥΓΡΟ πρέπει - πρώτα - να αποθηκευθεί ...",
+            "... Πατήστε το πλήκτρο < Αποθήκευση Υγρού > ..."});
+    }
+    return;
+  }
+  if (!LstLiquid.HasSelection()) {
+    Tell({"... Πρέπει - πρώτα - να επιλέξετε ένα υγρό ..."});
+    Focus(LstLiquid);
+    return;
+  }
+  if (SettleEdits()) TakeIntoStudy(fluids_[static_cast<std::size_t>(LstLiquid.selected)]);
+}
+
+void FrmLiquid::TakeIntoStudy(const FluidRow& chosen) {
   const std::optional<FluidRow> old = OldFluid();
   const std::string old_name = old ? old->name.Utf8() : bench.study.fluid_name;
   const bool other = chosen.name.Utf8() != old_name;

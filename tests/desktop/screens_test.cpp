@@ -260,6 +260,16 @@ TEST(FluidWindow, IsUsedAsOnAScreen) {
   QKeyEvent save(QEvent::KeyPress, QChar(u'Σ').unicode(), Qt::ControlModifier, QString());
   QCoreApplication::sendEvent(&density, &save);
 
+  // Where the user stays with what was typed, the list goes on to mark that fluid.
+  desk.test.prompter.Expect("  ! !   ΠΡΟΣΟΧΗ   ! ! ", Answer::kCancel);
+  QTest::mouseClick(list.viewport(), Qt::LeftButton, {},
+                    list.visualRect(list.model()->index(0, 0)).center());
+  QApplication::processEvents();
+  EXPECT_EQ(list.currentIndex().row(), 1);
+  ASSERT_EQ(list.selectionModel()->selectedIndexes().size(), 1);
+  EXPECT_EQ(list.selectionModel()->selectedIndexes().front().row(), 1);
+
+  desk.test.prompter.Expect("  ! !   ΠΡΟΣΟΧΗ   ! ! ", Answer::kNo);
   desk.Part<QPushButton>(screen::kLiquid, "CmdCancel").click();
   EXPECT_EQ(desk.windows.WindowOf(screen::kLiquid), nullptr);
 }

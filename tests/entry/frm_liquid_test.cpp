@@ -19,6 +19,22 @@ struct FluidForm : TestDesk, ::testing::Test {
     const auto rows = test.workspace.Rows<FluidRow>(work_file::kFluid).ReadAll();
     return rows && !rows->empty() ? rows->front().name.Utf8() : "(none)";
   }
+  [[nodiscard]] std::string LastLine() const { return test.prompter.boxes().back().lines.back(); }
+  [[nodiscard]] FluidRow InLibrary(int number) const {
+    return (*ReadFluids(test.workspace))[static_cast<std::size_t>(number - 1)];
+  }
+  /// A study that was made with another library.
+  void PutForeignFluid() {
+    FluidRow brine;
+    brine.name = FixedText<50>::FromUtf8("Άλμη");
+    brine.row_number = 7;
+    brine.mean_temperature = -5;
+    brine.density = 1045.5F;
+    brine.viscosity = 3.2F;
+    ASSERT_TRUE(WriteStudyFluid(test.bench, brine).ok());
+    test.study.fluid_name = "Άλμη";
+    form.Load();
+  }
   void TypeNewFluid(std::string_view name) {
     Click(form, form.CmdNewLiquid);
     TypeInto(form, form.TxtNewLiquid, name);
@@ -79,6 +95,7 @@ TEST_F(FluidForm, SavesANewFluidAndAcceptsItIntoTheStudy) {
   TypeNewFluid("Άλμη");
   Click(form, form.CmdOK);
   EXPECT_EQ(StudyFluid(), "Νερό") << "a new fluid must be saved first";
+  EXPECT_NE(LastLine().find("< Αποθήκευση Υγρού >"), std::string::npos);
   test.prompter.Expect(kAttention, Answer::kYes);
   Click(form, form.CmdSave);
   EXPECT_EQ(form.LstLiquid.lines().back(), "Άλμη");
@@ -137,6 +154,75 @@ TEST_F(FluidForm, TellsWhenTheStudysFluidHasChangedInTheLibrary) {
   EXPECT_EQ(test.prompter.boxes().back().title, "...! Π Ρ Ο Σ Ο Χ Η !...");
   EXPECT_FALSE(test.study.results_valid);
   EXPECT_EQ(test.workspace.Rows<FluidRow>(work_file::kFluid).Read(1)->viscosity, 2.0F);
+}
+
+TEST_F(FluidForm, ShowsAFluidThatTheLibraryLacksFromTheStudyAndAddsIt) {
+  PutForeignFluid();
+  test.study.results_valid = true;
+  EXPECT_EQ(Joined(form.LstLiquid.lines()),
+            "Νερό|" + std::string(kGlycol) + "|Άλμη  (μόνο στη μελέτη)");
+  EXPECT_EQ(form.LstLiquid.selected, 2);
+  EXPECT_EQ(form.TxtDensity.text, "1045,5");
+  EXPECT_TRUE(form.LblNote.visible);
+  Click(form, form.CmdDelete);
+  EXPECT_EQ(LastLine(), "... Το υγρό αυτό ΔΕΝ υπάρχει στη βιβλιοθήκη ...");
+  Click(form, form.CmdOK);
+  EXPECT_EQ(StudyFluid(), "Άλμη");
+  EXPECT_TRUE(test.study.results_valid) << "the study keeps what it had";
+
+  form.LstLiquid.Select(1);
+  form.LstLiquid.Select(2);
+  test.prompter.Expect(kAttention, Answer::kYes);
+  Click(form, form.CmdSave);
+  EXPECT_EQ(form.LstLiquid.lines()[2], "Άλμη");
+  EXPECT_EQ(InLibrary(3).row_number, 3);
+  EXPECT_EQ(InLibrary(3).viscosity, 3.2F);
+}
+
+TEST_F(FluidForm, RefusesANameInUse) {
+  PutForeignFluid();
+  for (const char* name : {"νερό", "ΆΛΜΗ"}) {
+    TypeNewFluid(name);
+    Click(form, form.CmdSave);
+    EXPECT_EQ(LastLine(), "... Υπάρχει - ήδη - υγρό με το όνομα < " + std::string(name) + " > ...");
+    EXPECT_EQ(form.focus(), &form.TxtNewLiquid);
+    test.prompter.Expect(kAttention, Answer::kNo);
+    Click(form, form.CmdNewLiquid);
+  }
+  EXPECT_EQ(ReadFluids(test.workspace)->size(), 2U);
+}
+
+TEST_F(FluidForm, AsksAboutValuesThatAreNotStored) {
+  form.LstLiquid.Select(1);
+  TypeInto(form, form.TxtDensity, "1050");
+  for (Command* leaving : {&form.CmdCancel, &form.CmdOK, &form.CmdNewLiquid}) {
+    test.prompter.Expect(kAttention, Answer::kCancel);
+    Click(form, *leaving);
+  }
+  test.prompter.Expect(kAttention, Answer::kCancel);
+  EXPECT_FALSE(form.MayClose());
+  test.prompter.Expect(kAttention, Answer::kCancel);
+  form.LstLiquid.Select(0);
+  EXPECT_EQ(form.LstLiquid.selected, 1);
+  EXPECT_EQ(form.TxtDensity.text, "1050");
+  EXPECT_EQ(StudyFluid(), "Νερό");
+
+  test.prompter.Expect(kAttention, Answer::kYes);
+  form.LstLiquid.Select(0);
+  EXPECT_EQ(form.LstLiquid.selected, 0);
+  EXPECT_EQ(InLibrary(2).density, 1050.0F);
+
+  form.LstLiquid.Select(1);
+  TypeInto(form, form.TxtDensity, "900");
+  test.prompter.Expect(kAttention, Answer::kNo);
+  Click(form, form.CmdCancel);
+  EXPECT_EQ(InLibrary(2).density, 1050.0F);
+  EXPECT_EQ(navigator.log.back(), "close FrmLiquid");
+
+  TypeNewFluid("Άλμη");
+  test.prompter.Expect(kAttention, Answer::kYes);
+  EXPECT_TRUE(form.MayClose());
+  EXPECT_EQ(InLibrary(3).density, 1045.5F);
 }
 
 TEST_F(FluidForm, DeletesAFluidAndSelectsWater) {
