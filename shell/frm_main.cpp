@@ -178,6 +178,9 @@ void FrmMain::DeriveHead() {
   LblThema.visible = !TxtThema.visible;
   LblSystem.text = study.SystemOpen() ? "Ανοικτό" : "Κλειστό";
   LblLiquid.text = "Υγρό : " + study.fluid_name;
+  LblFluidAssumed.text =
+      "Δίπλα στη μελέτη δεν υπάρχει αρχείο υγρού (.LQD) : θεωρείται " + study.fluid_name;
+  LblFluidAssumed.visible = study.fluid_assumed && HasRows();
   LblFile.text = study.study_short_name;
   LblFile.visible = !study.study_short_name.empty();
   LblUnsaved.visible = HasUnsavedChanges(bench);

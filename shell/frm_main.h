@@ -44,6 +44,7 @@ class FrmMain : public Form {
   Choice Cbo_PipeKind{*this, "Cbo_PipeKind"};
   Label LblMaterial{*this, "LblMaterial"};
   Command CmdLiquid;
+  Label LblFluidAssumed{*this, "LblFluidAssumed"};
   Label LblFlow{*this, "LblFlow"};
   Label LblHead{*this, "LblHead"};
   Label LblMeanTemp{*this, "LblMeanTemp"};

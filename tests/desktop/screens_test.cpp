@@ -22,6 +22,7 @@
 #include "desktop/theme.h"
 #include "entry/frm_liquid.h"
 #include "shell/safety_copies.h"
+#include "study/fluid_library.h"
 #include "study/recent_files.h"
 #include "study/study_reset.h"
 #include "tests/desktop/calculated_desk.h"
@@ -79,6 +80,18 @@ class AllScreensIn : public testing::TestWithParam<bool> {
   std::optional<Look> look_;
 };
 
+// A fluid that the library lacks, and that the study came without.
+void PutForeignFluid(Workbench& bench) {
+  FluidRow fluid;
+  fluid.name = FixedText<50>::FromUtf8("Διάλυμα 30% Αιθυλενογλυκόλης σε Νερό");
+  fluid.mean_temperature = -5;
+  fluid.density = 1045.5F;
+  fluid.viscosity = 3.2F;
+  ASSERT_TRUE(WriteStudyFluid(bench, fluid).ok());
+  bench.study.fluid_name = fluid.name.Utf8();
+  bench.study.fluid_assumed = true;
+}
+
 // What the windows tell of besides the study: older files, a list of faults, rows left over.
 void Surround(CalculatedDesk& desk) {
   Workspace& workspace = *desk.study.workspace;
@@ -88,6 +101,7 @@ void Surround(CalculatedDesk& desk) {
   desk.desk.version = "Έκδοση 0.1.0";
   desk.desk.screens.offered = {desk.study.study.SectionCount, "Ξενοδοχείο", "/studies/hotel.PCK",
                                "25/11/2026, 10:30:00"};
+  PutForeignFluid(desk.study.bench);
   for (const char* name : {"single.PCK", "fancoil.PCK", "hotel.PCK"}) {
     ASSERT_TRUE(AddRecentFile(workspace, std::filesystem::path(KALVO_SAMPLES_DIR) / name).ok());
   }

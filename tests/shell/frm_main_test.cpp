@@ -210,6 +210,16 @@ TEST_F(MainMenu, AsksNothingAndMarksNothingWhereThereIsNothingToSave) {
   Click(form, form.Cmd_New);
 }
 
+TEST_F(MainMenu, TellsOfAStudyThatCameWithoutItsFluid) {
+  PutStudy();
+  EXPECT_FALSE(form.LblFluidAssumed.visible);
+  PutMain(test, "alone.PCK", test.Rows());
+  ASSERT_TRUE(Load(test, "alone.PCK"));
+  form.Derive();
+  EXPECT_TRUE(form.LblFluidAssumed.visible);
+  EXPECT_NE(form.LblFluidAssumed.text.find("θεωρείται Νερό"), std::string::npos);
+}
+
 TEST_F(MainMenu, EndsTheTitleEntryBeforeAStudyIsOpened) {
   Click(form, form.Cmd_Thema);
   navigator.Expect(screen::kStudies, [this] { EXPECT_FALSE(form.TxtThema.visible); });
