@@ -186,7 +186,13 @@ void FrmMain::RerunAfterChange() {
   desk.navigator.Show(screen::kPump);
 }
 
-void FrmMain::ShowNodes() { ShowNodeReport(desk, false); }
+void FrmMain::ShowNodes() {
+  if (HasRows()) {
+    ShowNodeReport(desk, false);
+  } else {
+    bench.Show(139);
+  }
+}
 
 void FrmMain::ShowCurrentStudy() {
   if (SettleTitle()) desk.navigator.ShowModal(screen::kCurrentStudy);

@@ -111,12 +111,14 @@ TEST_F(MainMenu, SaysWhyACommandCannotRun) {
   test.study.recalculation_needed = true;
   Click(form, form.Cmd_Res);
   ASSERT_TRUE(test.workspace.Write(work_file::kStatistics, "x").ok());
+  Click(form, form.Cmd_Nodes);
   Click(form, form.Cmd_Res);
   test.study.came_by_recovery = true;
   Click(form, form.Cmd_Res);
   form.Run(form.Mnu_Results);
   const std::vector<int>& codes = test.prompter.codes();
-  EXPECT_EQ((std::vector<int>(codes.end() - 4, codes.end())), (std::vector{305, 301, 305, 301}));
+  EXPECT_EQ((std::vector<int>(codes.end() - 5, codes.end())),
+            (std::vector{305, 139, 301, 305, 301}));
   EXPECT_TRUE(navigator.log == std::vector<std::string>{"hide FrmKind"});
 }
 
