@@ -18,6 +18,11 @@ FrmKind::FrmKind(Desk& shared_desk)
       Mnu_Open(*this, "Mnu_Open", "< Ανοικτό > Σύστημα Σωλήνων",
                [this] { Choose(SystemKind::kOpen); }, {Alt('A')}) {
   title = "Πρόγραμμα < Kalvoflume > - ΕΠΙΛΟΓΗ ΣΥΣΤΗΜΑΤΟΣ ΣΩΛΗΝΩΝ";
+  menus = {{"&Σύστημα Σωλήνων",
+            {{"Mnu_Closed", Mnu_Closed.caption, &Mnu_Closed},
+             {"Mnu_Open", Mnu_Open.caption, &Mnu_Open},
+             {},
+             {"Mnu_Exit", Cmd_Exit.caption, &Cmd_Exit}}}};
   SSOption1.on_toggle = [this] { Choose(SystemKind::kClosed); };
   SSOption2.on_toggle = [this] { Choose(SystemKind::kOpen); };
   SSOption1.on_double_click = [this] {

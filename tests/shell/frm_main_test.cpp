@@ -324,6 +324,13 @@ TEST_F(KindScreen, PreselectsClosedAndSetsTheKindOnlyWhenItGoesOn) {
   form.Press(Plain(KeyCode::kEnter));
   EXPECT_EQ(test.study.system_kind, SystemKind::kClosed);
   EXPECT_EQ(navigator.log.back(), "show FrmMain");
+  ASSERT_EQ(form.menus.size(), 1U);
+  EXPECT_EQ(form.menus[0].entries[0].caption, "< Κλειστό > Σύστημα Σωλήνων");
+  EXPECT_EQ(form.menus[0].entries[3].caption, "Έξοδος από το Πρόγραμμα");
+  form.Run(*form.menus[0].entries[1].command);
+  EXPECT_TRUE(form.SSOption2.on);
+  form.Press(Alt('K'));
+  EXPECT_TRUE(form.SSOption1.on);
   form.Press(Alt('A'));
   EXPECT_TRUE(form.SSOption2.on);
   EXPECT_FALSE(form.SSOption1.on);
