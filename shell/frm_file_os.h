@@ -13,7 +13,7 @@ class FrmFileOS : public Form {
   void Load() override;
 
   Label LblName{*this, "LblName", "Όνομα Αρχείου : "};
-  Field TxtFileName{*this, "TxtFileName"};
+  Field TxtFileName{*this, "TxtFileName", KeyFamily::kPath};
   Label LblExtension{*this, "LblExtension"};
   Label LblFolders{*this, "LblFolders", "< Τρέχων > Κατάλογος Αρχείων :"};
   Label LblFolder{*this, "LblFolder"};

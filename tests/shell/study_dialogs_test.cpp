@@ -158,6 +158,10 @@ TEST_F(FileDialog, AddsTheExtensionAndChecksThatTheFileIsThere) {
   TypeInto(form, form.TxtFileName, "Κτίριο Α.1");
   Click(form, form.CmdOK);
   EXPECT_EQ(desk.screens.chosen_file, kFolder / "Κτίριο Α.1.PCK");
+  Put("水.PCK", "Ξένο όνομα");
+  TypeInto(form, form.TxtFileName, "水");
+  Click(form, form.CmdOK);
+  EXPECT_EQ(desk.screens.chosen_file, kFolder / "水.PCK");
 }
 
 TEST_F(FileDialog, GoesToAFolderThatIsNamedAndSavesIntoNoneThatIsMissing) {
