@@ -82,7 +82,7 @@ void FrmMain::MakeMenus() {
             {{"Mnu_Mean", "Υπολογισμοί", &Cmd_Calc},
              {"Mnu_Method", " ΤΡΟΠΟΣ ΥΠΟΛΟΓΙΣΜΟΥ ΣΩΛΗΝΩΝ ", &Mnu_Method},
              {"Mnu_Nodes", "Έλεγχος Κόμβων Τμημάτων", &Cmd_Nodes}}},
-           {"&Αποτελέσματα", {{"Mnu_Results", "Παρουσίαση Αποτελεσμάτων", &Mnu_Results}}}};
+           {"Α&ποτελέσματα", {{"Mnu_Results", "Παρουσίαση Αποτελεσμάτων", &Mnu_Results}}}};
   popup = {"",
            {{"", "Γενικά Δεδομένα", &Cmd_GenData},
             {"", "Υπολογισμοί", &Cmd_Calc},

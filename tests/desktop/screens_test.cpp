@@ -4,11 +4,13 @@
 
 #include <QClipboard>
 #include <QComboBox>
+#include <QGroupBox>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
 #include <QMenu>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QRegularExpression>
@@ -18,10 +20,12 @@
 #include <QWheelEvent>
 #include <memory>
 #include <optional>
+#include <set>
 
 #include "desktop/theme.h"
 #include "entry/frm_liquid.h"
 #include "shell/safety_copies.h"
+#include "study/codepage.h"
 #include "study/fluid_library.h"
 #include "study/recent_files.h"
 #include "study/study_reset.h"
@@ -41,6 +45,52 @@ TEST(AllScreens, EveryNameOfAFormHasItsPartnerInTheWindow) {
     const Binder binder(*form, window, {[] {}, [] {}});
     EXPECT_EQ(binder.missing().join(QLatin1Char(' ')).toStdString(), "") << screen.name;
   }
+}
+
+// The letters that act with Alt in a window, each as its key.
+std::vector<std::string> LettersWithAlt(const Form& form, const QWidget& window) {
+  QStringList captions;
+  for (const auto* button : window.findChildren<QAbstractButton*>()) captions << button->text();
+  for (const auto* card : window.findChildren<QGroupBox*>()) captions << card->title();
+  for (const auto* label : window.findChildren<QLabel*>()) {
+    if (label->buddy() != nullptr) captions << label->text();
+  }
+  for (const auto* bar : window.findChildren<QMenuBar*>()) {
+    for (const QAction* menu : bar->actions()) captions << menu->text();
+  }
+  std::vector<std::string> letters;
+  const auto add = [&letters](char32_t letter) {
+    AppendUtf8(letters.emplace_back(), LatinOnSameKey(letter));
+  };
+  for (const QString& caption : captions) {
+    const QKeySequence shortcut = QKeySequence::mnemonic(caption);
+    if (!shortcut.isEmpty()) add(static_cast<char32_t>(shortcut[0].key()));
+  }
+  for (const Control* part : form.controls()) {
+    const auto* command = dynamic_cast<const Command*>(part);
+    if (command == nullptr) continue;
+    for (const Key& key : command->keys) {
+      if (key.alt && !key.ctrl && key.code == KeyCode::kCharacter) add(key.character);
+    }
+  }
+  return letters;
+}
+
+TEST(AllScreens, ALetterWithAltMeansOneThingInAWindow) {
+  std::size_t found = 0;
+  for (const Screen& screen : Screens()) {
+    ShownDesk desk;
+    const auto form = screen.make(desk.shown);
+    QWidget window;
+    screen.set_up(window);
+    Binder binder(*form, window, {[] {}, [] {}});
+    binder.Paint();
+    const std::vector<std::string> letters = LettersWithAlt(*form, window);
+    found += letters.size();
+    const std::set<std::string> once(letters.begin(), letters.end());
+    EXPECT_EQ(once.size(), letters.size()) << screen.name << ": " << Joined(letters);
+  }
+  EXPECT_GE(found, 8U);
 }
 
 TEST(AllScreens, EveryOperableWidgetHasAName) {
@@ -240,9 +290,12 @@ TEST(MenuOfAField, IsGreek) {
   desk.windows.Show(screen::kFiles);
   auto& field = desk.Part<QLineEdit>(screen::kFiles, "TxtFileName");
   const std::unique_ptr<QMenu> menu(field.createStandardContextMenu());
+  std::set<QKeySequence> letters;
   for (const QAction* action : menu->actions()) {
     const QString caption = action->text().section(QLatin1Char('\t'), 0, 0);
     EXPECT_FALSE(caption.contains(QRegularExpression("[A-Za-z]"))) << caption.toStdString();
+    const QKeySequence letter = QKeySequence::mnemonic(caption);
+    EXPECT_TRUE(letter.isEmpty() || letters.insert(letter).second) << caption.toStdString();
   }
 }
 
