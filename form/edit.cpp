@@ -15,6 +15,32 @@ bool IsBreak(char32_t character) {
 
 bool IsSeparator(char character) { return character == '.' || character == ','; }
 
+// `whole` without the sign that parts its thousands; as it is when they are no thousands.
+std::string WithoutThousands(std::string_view whole) {
+  std::string digits;
+  std::size_t group = 0;
+  for (std::size_t i = whole.size(); i > 0; --i) {
+    if (!IsSeparator(whole[i - 1])) {
+      digits.insert(0, 1, whole[i - 1]);
+      ++group;
+    } else if (group == 3 && whole[i - 1] == whole[whole.size() - 4]) {
+      group = 0;
+    } else {
+      return std::string(whole);
+    }
+  }
+  return digits;
+}
+
+std::string DecimalPiece(std::string_view number, char decimal) {
+  const auto count = std::ranges::count_if(number, IsSeparator);
+  if (count == 0) return std::string(number);
+  const std::size_t last = number.find_last_of(".,");
+  const std::size_t first = number.find_first_of(".,");
+  if (count > 1 && number[first] == number[last]) return WithoutThousands(number);
+  return WithoutThousands(number.substr(0, last)) + decimal + std::string(number.substr(last + 1));
+}
+
 // Where the last character of a text that is not empty begins.
 std::size_t LastCharacter(std::string_view text) {
   std::size_t at = text.size() - 1;
@@ -58,10 +84,7 @@ std::string NumberPiece(std::string_view piece, bool decimal, Separators separat
     number.erase(number.find_last_not_of(" \t\r\n") + 1);
     number.erase(0, number.find_first_not_of(" \t\r\n"));
   }
-  if (decimal && std::ranges::count_if(number, IsSeparator) == 1) {
-    std::ranges::replace_if(number, IsSeparator, separators.decimal);
-  }
-  return number;
+  return decimal ? DecimalPiece(number, separators.decimal) : number;
 }
 
 std::string FirstCharacters(std::string_view text, std::size_t count) {

@@ -26,8 +26,9 @@ std::string OneLine(std::string_view piece);
 /// then goes over to `piece`.
 void JoinAccents(std::string& before, std::string& piece);
 
-/// A number as it is typed or copied: without the blanks around it, and where `decimal` with its
-/// one separator, "." or ",", as the user's own.
+/// A number as it is typed or copied, without the blanks around it. Where `decimal` it loses its
+/// thousands, and the sign of its decimals becomes the user's own: a sign that is there once, or
+/// the last of two different ones. One that is there several times parts thousands.
 std::string NumberPiece(std::string_view piece, bool decimal, Separators separators);
 
 /// At most `count` characters of `text`, from its start.

@@ -43,7 +43,14 @@ TEST_F(FormRules, PointAndCommaBothTypeTheDecimalSeparator) {
   }
   form.Type(form.temperature, {"60,", ".", "5"});
   EXPECT_EQ(form.temperature.text, "60,,5") << "told of when the field is left";
-  EXPECT_FALSE(PasteInto(form, form.temperature, "1.234,5"));
+  for (const char* pasted : {"1.234,5", "1,234.5"}) {
+    EXPECT_TRUE(PasteInto(form, form.temperature, pasted));
+    EXPECT_EQ(form.temperature.text, "1234,5") << "of two signs the last is the decimal one";
+  }
+  EXPECT_TRUE(PasteInto(form, form.temperature, "-1.234.567"));
+  EXPECT_EQ(form.temperature.text, "-1234567");
+  EXPECT_FALSE(PasteInto(form, form.temperature, "1.2.5"));
+  EXPECT_FALSE(PasteInto(form, form.temperature, "12.34,5"));
   EXPECT_TRUE(PasteInto(form, form.temperature, " 12.5\n"));
   EXPECT_EQ(form.temperature.text, "12,5");
   TypeInto(form, form.title_text, "1.5");
