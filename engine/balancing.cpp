@@ -71,10 +71,23 @@ class Balancer {
   Branch copy_;
 };
 
-void ClearMarks(RowStore& store) {
-  for (SectionRow& row : store.rows()) {
+// The row that bears the plant's mark, 0 without one.
+int PlantRow(const RowStore& store) {
+  for (int number = 1; number <= store.count(); ++number) {
+    const std::int16_t mark = store.At(number).Auxi;
+    if (mark != 0 && mark != kSteppedDown) {
+      return number;
+    }
+  }
+  return 0;
+}
+
+// Takes the marks of the balancing away; the plant section gets its own back.
+void ClearMarks(RowStore& store, int plant) {
+  for (int number = 1; number <= store.count(); ++number) {
+    SectionRow& row = store.At(number);
     if (row.Auxi == kSteppedDown) {
-      row.Auxi = 0;
+      row.Auxi = number == plant ? PlantMark(number) : std::int16_t{0};
     }
   }
 }
@@ -82,6 +95,7 @@ void ClearMarks(RowStore& store) {
 }  // namespace
 
 void BalanceBranches(const BalanceContext& context) {
+  const int plant = PlantRow(context.store);
   try {
     Balancer(context, [&context](Branch chain, int /*fork*/, float available) {
       StepDownBranch(context, std::move(chain), available);
@@ -89,10 +103,10 @@ void BalanceBranches(const BalanceContext& context) {
     SettleOtherRows(context.bench, context.store, context.critical.chain);
   } catch (const Fault&) {
     // A mark that outlived its run would count as a plant in the next one.
-    ClearMarks(context.store);
+    ClearMarks(context.store, plant);
     throw;
   }
-  ClearMarks(context.store);
+  ClearMarks(context.store, plant);
 }
 
 void BalanceOpenBranches(const BalanceContext& context) {

@@ -21,11 +21,6 @@ bool DiffersFromNote(const Workbench& bench, const GeneralData& data) {
   return !noted || *noted != IntroLine(bench.study, data);
 }
 
-std::int16_t PlantMark(const SectionRow& row, std::int16_t plant) {
-  if (row.RecordNumber != plant) return 0;
-  return plant == 1 ? 1 : 2;
-}
-
 Outcome RewriteRows(const Workbench& bench, const GeneralData& data) {
   RowFile<SectionRow> file = bench.workspace.Rows();
   auto rows = file.ReadAll();
@@ -36,7 +31,8 @@ Outcome RewriteRows(const Workbench& bench, const GeneralData& data) {
     row.MeanVel = data.MeanVel;
     row.FileNumber = bench.study.pipe_system_number;
     row.BurChil = data.plant_section;
-    row.Auxi = PlantMark(row, data.plant_section);
+    row.Auxi =
+        row.RecordNumber == data.plant_section ? PlantMark(row.RecordNumber) : std::int16_t{0};
   }
   return file.WriteAll(*rows);
 }

@@ -73,7 +73,7 @@ SectionRow BuildRow(const Study& study, const std::vector<SectionRow>& rows,
     row.HeightDiff = 0;
   }
   if (row.RecordNumber == study.plant_section) {
-    row.Auxi = row.RecordNumber == 1 ? 1 : 2;
+    row.Auxi = PlantMark(row.RecordNumber);
   }
   return row;
 }

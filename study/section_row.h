@@ -93,6 +93,9 @@ struct SectionRow {
 
 static_assert(RecordSize<SectionRow>() == 355);
 
+/// `Auxi` of the plant section when it is row `number`.
+constexpr std::int16_t PlantMark(int number) { return number == 1 ? 1 : 2; }
+
 /// Bytes of a node's name within a section's.
 constexpr std::size_t kNodeWidth = 3;
 

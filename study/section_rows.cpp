@@ -77,7 +77,7 @@ void MovePlant(Rows& rows, std::int16_t plant) {
   for (SectionRow& row : rows) {
     row.BurChil = plant;
     if (row.RecordNumber == plant && (row.Auxi == 1 || row.Auxi == 2)) {
-      row.Auxi = plant == 1 ? 1 : 2;
+      row.Auxi = PlantMark(plant);
     }
   }
 }

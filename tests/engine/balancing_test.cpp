@@ -65,6 +65,17 @@ TEST(Balancing, LeavesNoMarkBehind) {
             (std::vector<std::int16_t>{0, 0, 0, 0, 0, 0, 0, 0, 0, 2, 0}));
 }
 
+TEST(Balancing, GivesThePlantSectionItsMarkBack) {
+  for (const int plant : {2, 3, 5, 8}) {
+    SizedBench bench(kShared);
+    bench.ChangeRow(plant, [&](SectionRow& row) { row.Auxi = PlantMark(plant); });
+    CriticalPassPressure(bench.bench);
+    std::vector<std::int16_t> marks(11);
+    marks[static_cast<std::size_t>(plant - 1)] = PlantMark(plant);
+    EXPECT_EQ(bench.Column(&SectionRow::Auxi), marks) << "plant " << plant;
+  }
+}
+
 TEST(Balancing, NeverReachesTheLastBranch) {
   SizedBench bench({"ANT/1 5m 9000l/h", "1/2 5m soma 6000l/h 9000mm", "1/3 5m soma 3000l/h 100mm",
                     "2/4 5m 6000l/h", "3/4 5m 3000l/h", "4/ANT 5m 9000l/h"});
