@@ -142,8 +142,8 @@ void Binder::Do(const std::function<void()>& action) {
   ++depth_;
   try {
     action();
-  } catch (const std::exception&) {
-    form_.TellBroken();
+  } catch (const std::exception& cause) {
+    form_.TellBroken(cause);
   }
   --depth_;
   hooks_.paint_all();

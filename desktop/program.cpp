@@ -18,7 +18,8 @@ Program::Program(const ProgramPlaces& places, Separators separators)
       workspace_(disk_, places.folder, disk_, places.folder, clock_),
       sound_(InFolder(places.folder, "echo.wav")),
       prompter_(sound_, separators),
-      bench_(study_, workspace_, pipes_, prompter_),
+      fault_file_(disk_, clock_, places.state_folder),
+      bench_(study_, workspace_, pipes_, prompter_, &fault_file_),
       windows_(InFolder(places.state_folder, "windows.ini")),
       desk_{bench_, windows_, sound_, viewer_, separators} {
   desk_.program_folder = places.folder;

@@ -7,6 +7,7 @@
 #include "desktop/qt_sound.h"
 #include "desktop/qt_viewer.h"
 #include "desktop/windows.h"
+#include "shell/fault_file.h"
 #include "shell/program_folder.h"
 #include "study/real_disk.h"
 
@@ -41,6 +42,7 @@ class Program {
   QtSound sound_;
   QtViewer viewer_;
   QtPrompter prompter_;
+  FaultFile fault_file_;
   Workbench bench_;
   Windows windows_;
   Options remembered_;

@@ -76,7 +76,6 @@ bool IsLoneSection(const std::vector<SectionRow>& rows) {
 
 void ResetCalcFields(Workbench& bench) {
   Study& study = bench.study;
-  study.results_valid = false;
   RowStore store(bench.workspace);
   study.SectionCount = ToInt16(store.count());
   // A re-run goes by the row's own word, which may be that of a pipe system chosen before.
@@ -92,6 +91,7 @@ void ResetCalcFields(Workbench& bench) {
     row.NomiDiam = {};
   }
   store.Save();
+  study.results_valid = false;  // where nothing could be written they stand
 }
 
 void CloseSingleSection(Workbench& bench) {

@@ -6,8 +6,8 @@ namespace kalvo {
 
 enum class Method { kFlowOnly = 1, kFlowAndPressure = 2 };
 
-/// First step of every run: the study's values into every row, results cleared. The results are no
-/// longer valid. Faults: kFile.
+/// First step of every run: the study's values into every row, results cleared. Once the rows are
+/// written the results are no longer valid. Faults: kFile; the results then stand.
 void ResetCalcFields(Workbench& bench);
 
 /// The passes of a run in their order, each trapped: sizing, critical branch (with balancing in the

@@ -11,9 +11,20 @@ namespace kalvo {
 template <typename T>
 T Require(Result<T> result) {
   if (!result) {
-    throw Fault(FaultCode::kFile, result.error().Line());
+    throw Fault(result.error());
   }
   return std::move(result).value();
+}
+
+/// Work on row `number`: a fault in it keeps the row.
+template <typename Work>
+void AtRow(int number, Work&& work) {
+  try {
+    work();
+  } catch (Fault& fault) {
+    fault.SetRow(number);
+    throw;
+  }
 }
 
 /// Rows of the study while a pass works on them: read once, written once. Numbers begin at 1.
@@ -38,13 +49,13 @@ class RowStore {
   }
 
   /// Runs `work` and saves. After a fault the rows changed so far are saved all the same: a run cut
-  /// short leaves the rows it has written.
+  /// short leaves the rows it has written. The fault told is that of the work.
   template <typename Work>
   void SaveAfter(Work&& work) {
     try {
       work();
     } catch (const Fault&) {
-      Save();
+      static_cast<void>(rows_.empty() || file_.WriteAll(rows_).ok());
       throw;
     }
     Save();

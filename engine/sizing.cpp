@@ -95,12 +95,10 @@ void FillRows(Workbench& bench, const PassConditions& pass, std::string_view row
   store.SaveAfter([&] {
     for (int number = 1; number <= store.count(); ++number) {
       study.CurrentRow = static_cast<std::int16_t>(number);
-      study.failed_row = study.CurrentRow;  // stands only when the row's fill throws
       SectionRow row = store.At(number);
-      fill(row);
+      AtRow(number, [&] { fill(row); });
       store.At(number) = row;
     }
-    study.failed_row = 0;
   });
 }
 
@@ -119,7 +117,8 @@ std::optional<PassConditions> LoadPassConditions(Workbench& bench, float tempera
     return pass;
   }
   if (!fluid) {
-    throw Fault(FaultCode::kFile, "no fluid file");
+    throw Fault(FileError{bench.workspace.Path(work_file::kFluid),
+                          "Δεν υπάρχει το αρχείο του Ρέοντος Μέσου"});
   }
   if (fluid->mean_temperature != temperature) {
     bench.Ask(TemperatureBox());

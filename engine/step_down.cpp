@@ -87,7 +87,7 @@ class StepDown {
       if (IsLargest()) {
         drop_ += row_.TotalDrop;
         old_name_ = row_.NomiDiam;
-      } else if (MayStep() && !TryStep()) {
+      } else if (MayStep() && !StepRow()) {
         return;
       }
     }
@@ -141,6 +141,12 @@ class StepDown {
       context_.store.At(number_) = row_;
     }
     UpdateStats();
+  }
+
+  bool StepRow() {
+    bool stands = false;
+    AtRow(number_, [&] { stands = TryStep(); });
+    return stands;
   }
 
   // One step of the row in hand. False when the library has nothing smaller: the branch ends there

@@ -33,12 +33,19 @@ Box CalcErrorBox(int code) {
   }
 }
 
-void ReportCalcError(Workbench& bench, int code) {
-  const Answer answer = bench.Ask(CalcErrorBox(code));
-  if (code == static_cast<int>(FaultCode::kResumable) && answer == Answer::kYes) {
+void ReportCalcError(Workbench& bench, const Fault& fault) {
+  const FaultNote note = bench.NoteFault(fault);
+  Box box = CalcErrorBox(note.number);
+  const bool resumable = fault.code() == FaultCode::kResumable;
+  if (!resumable) {
+    box.lines.push_back(KnownLine(note));
+  }
+  const Answer answer = bench.Ask(box);
+  if (resumable && answer == Answer::kYes) {
     return;
   }
   bench.study.CalcStatus = calc_status::kBrokenOff;
+  bench.study.failed_row = ToInt16(note.row);
   bench.study.answer = Answer::kNone;
 }
 

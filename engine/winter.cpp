@@ -221,7 +221,7 @@ WinterOutcome WinterDuty::Calculate(float temperature, const std::vector<WinterL
   Study study = bench_.study;
   study.MeanTemp = temperature;
   study.CalcStatus = calc_status::kNothing;
-  Workbench winter(study, bench_.workspace, bench_.pipes, bench_.prompter);
+  Workbench winter(study, bench_.workspace, bench_.pipes, bench_.prompter, bench_.fault_log);
   RunTrapped(winter, [&] { RunWinterPasses(winter, lines); });
   bench_.study.lost_walk = study.lost_walk;
   bench_.study.failed_row = study.failed_row;

@@ -57,11 +57,10 @@ void Form::Run(Command& command) {
   if (command.action) command.action();
 }
 
-void Form::TellBroken() {
+void Form::TellBroken(const std::exception& cause) {
+  const FaultNote note = bench.NoteFault(cause);
   desk.navigator.HideWait();
-  bench.Ask({" !!... ΠΡΟΣΟΧΗ ...!! ",
-             {"... Η εντολή ΔΕΝ ολοκληρώθηκε ...", "... Τα δεδομένα έμειναν ως είχαν ..."},
-             16});
+  bench.Ask({" !!... ΠΡΟΣΟΧΗ ...!! ", {"... Η εντολή ΔΕΝ ολοκληρώθηκε ...", KnownLine(note)}, 16});
 }
 
 bool Form::Type(Field& field, const Edit& edit) {

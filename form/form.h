@@ -66,8 +66,8 @@ class Form {
   void Run(Command& command);
   /// The user presses a key. True: it is used up; otherwise it edits the text in focus as usual.
   bool Press(const Key& key);
-  /// An action ended in a fault that nobody caught: the user is told.
-  void TellBroken();
+  /// An action ended in an exception that nobody caught: it is written down and the user is told.
+  void TellBroken(const std::exception& cause);
   /// The user types or pastes into a field; false: it stays as it was. A refusal is heard.
   bool Type(Field& field, const Edit& edit);
 

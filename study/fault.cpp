@@ -3,6 +3,8 @@
 #include <cmath>
 #include <limits>
 
+#include "study/result.h"
+
 namespace kalvo {
 
 namespace {
@@ -15,6 +17,11 @@ std::string Blanks(std::size_t width, std::size_t length) {
 }
 
 }  // namespace
+
+Fault::Fault(const FileError& error)
+    : std::runtime_error(error.Line()),
+      code_(FaultCode::kFile),
+      file_error_(std::make_shared<const FileError>(error)) {}
 
 double Divide(double a, double b) {
   if (b == 0.0) {

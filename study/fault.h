@@ -1,11 +1,14 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 
 namespace kalvo {
+
+struct FileError;
 
 /// Numbers of the run-time faults a pass can be broken off by.
 enum class FaultCode : int {
@@ -23,12 +26,21 @@ enum class FaultCode : int {
 class Fault : public std::runtime_error {
  public:
   Fault(FaultCode code, const std::string& what) : std::runtime_error(what), code_(code) {}
+  /// kFile: the world said no.
+  explicit Fault(const FileError& error);
 
   [[nodiscard]] FaultCode code() const { return code_; }
   [[nodiscard]] int number() const { return static_cast<int>(code_); }
+  /// The file and why it said no; nullptr for any other fault.
+  [[nodiscard]] const FileError* file_error() const { return file_error_.get(); }
+  /// The row that the pass worked on, 0 = not known.
+  [[nodiscard]] int row() const { return row_; }
+  void SetRow(int row) { row_ = row; }
 
  private:
   FaultCode code_;
+  int row_ = 0;
+  std::shared_ptr<const FileError> file_error_;  // shared: a copy of an exception must not throw
 };
 
 /// a / b. Faults: 11 for a non-zero value divided by zero, 6 for 0/0 and for any result that is not

@@ -5,6 +5,8 @@
 #include <QListView>
 #include <QPushButton>
 #include <QTest>
+#include <stdexcept>
+#include <utility>
 
 #include "desktop/windows.h"
 #include "tests/desktop/pictures.h"
@@ -94,6 +96,26 @@ TEST(MissingValuesWindow, ListsWhatIsMissing) {
   desk.Open(screen::kMissingValues);
   EXPECT_EQ(desk.Part<QListView>(screen::kMissingValues, "LstERR").model()->rowCount(), 2);
   desk.Keep(screen::kMissingValues);
+}
+
+TEST(AnyWindow, TellsOfAnActionThatThrewAndGoesOn) {
+  struct NotedFaults : FaultLog {
+    void Note(const FaultNote& note) override { texts.push_back(note.text); }
+    std::vector<std::string> texts;
+  } log;
+  NetworkDesk desk;
+  desk.test.bench.fault_log = &log;
+  desk.Open(screen::kCurrentStudy);
+  auto& command = desk.windows.FormOf(screen::kCurrentStudy)->Get<Command>("Cmd_Names");
+  const auto action = std::exchange(command.action, [] { throw std::out_of_range("map::at"); });
+  desk.Part<QPushButton>(screen::kCurrentStudy, "Cmd_Names").click();
+  EXPECT_EQ(log.texts, std::vector<std::string>{"map::at"});
+  ASSERT_EQ(desk.test.prompter.boxes().size(), 1U);
+  EXPECT_EQ(desk.test.prompter.boxes()[0].lines.back(),
+            "... Σφάλμα του προγράμματος < map::at > ...");
+  command.action = action;
+  desk.Part<QPushButton>(screen::kCurrentStudy, "Cmd_Names").click();
+  EXPECT_EQ(desk.test.prompter.codes(), std::vector{23});
 }
 
 }  // namespace

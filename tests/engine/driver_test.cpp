@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include "engine/capacity.h"
+#include "engine/row_store.h"
 #include "engine/trap.h"
+#include "tests/support/failing_disk.h"
 #include "tests/support/same_row.h"
 #include "tests/support/test_bench.h"
 
@@ -85,7 +87,9 @@ TEST(Run, ThatIsBrokenOffLeavesTheRowsBeforeAndNoStatistics) {
   EXPECT_EQ(bench.Bytes(work_file::kStatistics), "(missing)");
   ASSERT_EQ(bench.prompter.boxes().size(), 1U);
   EXPECT_EQ(bench.prompter.boxes()[0].lines,
-            std::vector<std::string>{"... Μάλλον ΔΕΝ έχετε καταχωρήσει όλα τα Σώματα ..."});
+            (std::vector<std::string>{"... Μάλλον ΔΕΝ έχετε καταχωρήσει όλα τα Σώματα ...",
+                                      "... Σφάλμα < 6 >, στο Τμήμα με α/α < 2 > : 1/2 ..."}));
+  EXPECT_EQ(bench.study.failed_row, 2);
 }
 
 TEST(Run, OnAnUnreadableFileIsReportedOnce) {
@@ -96,6 +100,36 @@ TEST(Run, OnAnUnreadableFileIsReportedOnce) {
   EXPECT_EQ(bench.study.CalcStatus, -32);
   EXPECT_EQ(bench.prompter.boxes().size(), 1U);
   EXPECT_EQ(bench.Bytes(), "no whole record");
+}
+
+TEST(Run, OnADiskThatFailsNamesTheFileAndKeepsTheResultsUntilARowWasWritten) {
+  constexpr int kFirstWrite = 2;  // beside the rows, and renamed over them
+  for (int operation = 1;; ++operation) {
+    TestBench bench;
+    bench.PutNetwork(kLoop);
+    bench.ChangeRow(1, [](SectionRow& row) { row.DP = 1000; });
+    bench.study.results_valid = true;
+    const std::string rows = bench.Bytes();
+    FailingDisk disk(bench.work_disk);
+    disk.FailAtOperation(operation, FailingDisk::Lasting::kOnce);
+    Workspace workspace(disk, TestBench::kProgramFolder, bench.outer_disk,
+                        TestBench::kLibraryFolder, bench.clock);
+    Workbench at(bench.study, workspace, bench.pipes, bench.prompter);
+    RunPasses(at, Method::kFlowAndPressure);
+    if (!bench.study.CalcAborted) {
+      EXPECT_GT(operation, kFirstWrite);
+      EXPECT_FALSE(bench.study.results_valid);
+      break;
+    }
+    EXPECT_EQ(bench.study.results_valid, operation <= kFirstWrite) << operation;
+    EXPECT_EQ(bench.Bytes() == rows, operation <= kFirstWrite) << operation;
+    ASSERT_EQ(bench.prompter.boxes().size(), 1U) << operation;
+    const std::vector<std::string>& lines = bench.prompter.boxes()[0].lines;
+    ASSERT_EQ(lines.size(), 2U);
+    EXPECT_EQ(lines[0], "... ΣΟΒΑΡΟ ΣΦΑΛΜΑ : Οι Υπολογισμοί τερματίζονται ...");
+    EXPECT_TRUE(lines[1].starts_with("... Σφάλμα < 57 > : Ο δίσκος είναι γεμάτος : /program/"))
+        << lines[1];
+  }
 }
 
 TEST(Run, OfALoneSectionIsClosedFromItsOwnRow) {
@@ -143,11 +177,11 @@ TEST(Trap, AsksOnCodeOneWhetherToGoOn) {
   constexpr const char* kTitle = "  ! !  ΠΡΟΣΟΧΗ : Προσωρινή Διακοπή των Υπολογισμών ! ! ";
   TestBench bench;
   bench.prompter.Expect(kTitle, Answer::kYes);
-  ReportCalcError(bench.bench, 1);
+  ReportCalcError(bench.bench, Fault(FaultCode::kResumable, "raised"));
   EXPECT_EQ(bench.study.CalcStatus, 0);
   EXPECT_EQ(bench.study.answer, Answer::kYes);
   bench.prompter.Expect(kTitle, Answer::kNo);
-  ReportCalcError(bench.bench, 1);
+  ReportCalcError(bench.bench, Fault(FaultCode::kResumable, "raised"));
   EXPECT_EQ(bench.study.CalcStatus, -32);
   EXPECT_EQ(bench.study.answer, Answer::kNone);
   EXPECT_EQ(bench.prompter.boxes()[0].beeps, 2);
@@ -159,12 +193,39 @@ TEST(Trap, AsksOnCodeOneWhetherToGoOn) {
                 "              ... ΝΑ ΣΥΝΕΧΙΣΘΟΥΝ ΟΙ ΥΠΟΛΟΓΙΣΜΟΙ ?? ...             "}));
 }
 
-TEST(Trap, EndsARunAndClearsTheAnswer) {
+struct NotedFaults : FaultLog {
+  void Note(const FaultNote& note) override { notes.push_back(note); }
+  std::vector<FaultNote> notes;
+};
+
+TEST(Trap, EndsARunClearsTheAnswerAndWritesTheFaultDown) {
   TestBench bench;
+  NotedFaults log;
+  bench.bench.fault_log = &log;
   bench.study.answer = Answer::kYes;
   RunTrapped(bench.bench, [] { throw Fault(FaultCode::kBadIndex, "beyond the table"); });
   EXPECT_EQ(bench.study.CalcStatus, -32);
   EXPECT_EQ(bench.study.answer, Answer::kNone);
+  ASSERT_EQ(log.notes.size(), 1U);
+  EXPECT_EQ(log.notes[0].number, 9);
+  EXPECT_EQ(log.notes[0].text, "beyond the table");
+  EXPECT_EQ(bench.prompter.boxes()[0].lines.back(), "... Σφάλμα < 9 > ...");
+}
+
+TEST(Trap, TellsTheFirstFaultWhenTheRowsDoneCannotBeKeptEither) {
+  TestBench bench;
+  bench.PutNetwork(kLoop);
+  FailingDisk full(bench.work_disk);
+  full.FailAfterBytes(0);
+  Workspace workspace(full, TestBench::kProgramFolder, bench.outer_disk, TestBench::kLibraryFolder,
+                      bench.clock);
+  Workbench at(bench.study, workspace, bench.pipes, bench.prompter);
+  RunTrapped(at, [&] {
+    RowStore store(workspace);
+    store.SaveAfter([] { AtRow(2, [] { Divide(0, 0); }); });
+  });
+  EXPECT_EQ(bench.prompter.boxes()[0].lines.back(),
+            "... Σφάλμα < 6 >, στο Τμήμα με α/α < 2 > : 1/2 ...");
 }
 
 }  // namespace

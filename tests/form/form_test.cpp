@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 #include "tests/support/test_desk.h"
 
 namespace kalvo {
@@ -32,6 +34,29 @@ TEST_F(FormRules, AFieldThatMustNotBeLeftKeepsTheFocusAndStopsCommands) {
   EXPECT_EQ(form.accepted, 0);
   form.Press(Plain(KeyCode::kEscape));
   EXPECT_EQ(form.left, 1) << "leaving without accepting is always possible";
+}
+
+TEST_F(FormRules, AnActionThatBrokeOffIsWrittenDownAndToldAsFarAsItIsKnown) {
+  struct NotedFaults : FaultLog {
+    void Note(const FaultNote& note) override { texts.push_back(note.text); }
+    std::vector<std::string> texts;
+  } log;
+  test.bench.fault_log = &log;
+  test.PutNetwork({"ANT/1 5m", "1/ANT 5m soma 300l/h 100mm"});
+  Fault in_row(FaultCode::kOverflow, "value outside 16 bits");
+  in_row.SetRow(2);
+  form.TellBroken(in_row);
+  form.TellBroken(Fault(FileError{"/program/DATARES.TMP", "Σφάλμα του δίσκου"}));
+  form.TellBroken(std::out_of_range("map::at"));
+  const auto told = [&](std::size_t box) { return test.prompter.boxes().at(box).lines; };
+  using Lines = std::vector<std::string>;
+  const std::string first = "... Η εντολή ΔΕΝ ολοκληρώθηκε ...";
+  EXPECT_EQ(told(0), (Lines{first, "... Σφάλμα < 6 >, στο Τμήμα με α/α < 2 > : 1/ANT ..."}));
+  EXPECT_EQ(told(1),
+            (Lines{first, "... Σφάλμα < 57 > : Σφάλμα του δίσκου : /program/DATARES.TMP ..."}));
+  EXPECT_EQ(told(2), (Lines{first, "... Σφάλμα του προγράμματος < map::at > ..."}));
+  EXPECT_EQ(log.texts, (Lines{"value outside 16 bits", "Σφάλμα του δίσκου : /program/DATARES.TMP",
+                              "map::at"}));
 }
 
 TEST_F(FormRules, PointAndCommaBothTypeTheDecimalSeparator) {

@@ -1,0 +1,57 @@
+#include "study/fault_note.h"
+
+#include <algorithm>
+
+#include "study/study.h"
+
+namespace kalvo {
+
+namespace {
+
+// A file may have put any byte into a name.
+bool IsControl(char character) {
+  const auto byte = static_cast<unsigned char>(character);
+  return byte < 0x20U || (byte >= 0x7FU && byte < 0xA0U);
+}
+
+std::string NameOfRow(const Study& study, int row) {
+  if (row < 1 || row > static_cast<int>(study.SectionTable.size())) {
+    return {};
+  }
+  std::string name(study.SectionTable[static_cast<std::size_t>(row - 1)].name.Trimmed());
+  std::ranges::replace_if(name, IsControl, ' ');
+  return FromCodePage(Trim(name));
+}
+
+}  // namespace
+
+FaultNote NoteOf(const std::exception& cause, const Study& study) {
+  FaultNote note;
+  note.text = cause.what();
+  if (const auto* fault = dynamic_cast<const Fault*>(&cause)) {
+    note.number = fault->number();
+    note.of_file = fault->file_error() != nullptr;
+    note.row = fault->row();
+    note.section = NameOfRow(study, note.row);
+  }
+  return note;
+}
+
+std::string KnownLine(const FaultNote& note) {
+  if (note.number == 0) {
+    return "... Σφάλμα του προγράμματος < " + note.text + " > ...";
+  }
+  std::string line = "... Σφάλμα < " + std::to_string(note.number) + " >";
+  if (note.of_file) {
+    line += " : " + note.text;
+  }
+  if (note.row != 0) {
+    line += ", στο Τμήμα με α/α < " + std::to_string(note.row) + " >";
+  }
+  if (!note.section.empty()) {
+    line += " : " + note.section;
+  }
+  return line + " ...";
+}
+
+}  // namespace kalvo
