@@ -68,6 +68,21 @@ std::optional<Branch> ChainBeforeBalancing(const Workbench& bench, const RowStor
   return announced ? std::optional(critical.chain) : std::nullopt;
 }
 
+// The critical branch of the results in the rows, empty without emitters.
+Branch ChainOfResults(const Workbench& bench, const RowStore& store) {
+  const bool balanced = store.count() > 0 && store.At(1).INILAMDA == kBalancedMethod;
+  if (balanced) {
+    try {
+      if (const std::optional<Branch> before = ChainBeforeBalancing(bench, store)) {
+        return *before;
+      }
+    } catch (const Fault& fault) {
+      bench.NoteFault(fault);  // the stored drops serve
+    }
+  }
+  return ReadCriticalBranch(bench.study, store).chain;
+}
+
 }  // namespace
 
 bool IsLoneSection(const std::vector<SectionRow>& rows) {
@@ -140,16 +155,16 @@ void RunCalculation(Workbench& bench) {
                                                              : Method::kFlowAndPressure);
 }
 
-void RefindCriticalBranch(Workbench& bench) {
-  const RowStore store(bench.workspace);
-  if (IsLoneSection(store.rows())) {
-    bench.study.critical_branch = "1";
-    return;
+bool RefindCriticalBranch(Workbench& bench) {
+  try {
+    const RowStore store(bench.workspace);
+    bench.study.critical_branch =
+        IsLoneSection(store.rows()) ? "1" : BranchText(ChainOfResults(bench, store));
+  } catch (const Fault& fault) {
+    bench.NoteFault(fault);
+    return false;
   }
-  const bool balanced = store.count() > 0 && store.At(1).INILAMDA == kBalancedMethod;
-  const std::optional<Branch> before = balanced ? ChainBeforeBalancing(bench, store) : std::nullopt;
-  bench.study.critical_branch =
-      BranchText(before ? *before : ReadCriticalBranch(bench.study, store).chain);
+  return !bench.study.critical_branch.empty();
 }
 
 }  // namespace kalvo

@@ -29,7 +29,9 @@ bool IsLoneSection(const std::vector<SectionRow>& rows);
 void CloseSingleSection(Workbench& bench);
 
 /// Finds the `critical branch` of results as they stand in the rows, which a study's file does not
-/// tell. Nothing is written. Faults: kFile, and those of ReadCriticalBranch().
-void RefindCriticalBranch(Workbench& bench);
+/// tell: from the stored drops, after a balancing from rows sized anew in memory, as long as these
+/// come to the drop that the rows announce. No row is written and nothing is told. False: there is
+/// no such branch, or a fault kept it from being found and the study's stays as it was.
+bool RefindCriticalBranch(Workbench& bench);
 
 }  // namespace kalvo
