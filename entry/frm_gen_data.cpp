@@ -20,6 +20,7 @@ constexpr int kNoVelocity = 4;
 constexpr int kNoPlant = 5;
 constexpr int kTemperatureLimit = 20;
 constexpr int kVelocityLimit = 21;
+constexpr int kNoSuchSection = 400;
 }  // namespace message
 
 constexpr double kHighestTemperature = 100;
@@ -202,15 +203,18 @@ bool FrmGenData::Missing(int message, Field& field) {
   return false;
 }
 
-// Limits of temperature and velocity act where the fields are left. Messages 203 and 204 belong to
-// ranges that no value can violate, below the one end and above the other at once.
+// Without rows any number of a section may be given. Limits of temperature and velocity act where
+// the fields are left. Messages 203 and 204 belong to ranges that no value can violate, below the
+// one end and above the other at once.
 bool FrmGenData::Complete() {
   if (Text4.Trimmed().empty()) return Missing(message::kNoTemperature, Text4);
   if (Text6.Number(desk.separators) == 0) return Missing(message::kNoVelocity, Text6);
-  if (ChkChiller.on && !IsSectionNumber(Text8.Number(desk.separators))) {
-    return Missing(message::kNoPlant, Text8);
-  }
-  return true;
+  if (!ChkChiller.on) return true;
+  if (!IsSectionNumber(Text8.Number(desk.separators))) return Missing(message::kNoPlant, Text8);
+  // A number that was there before may wait for rows that are still to come.
+  const bool is_new = desk.screens.edit_mode && Text8.edited();
+  return !is_new || PlantSection() <= bench.study.SectionCount ||
+         Missing(message::kNoSuchSection, Text8);
 }
 
 std::int16_t FrmGenData::PlantSection() const {

@@ -178,6 +178,37 @@ TEST_F(GeneralDataForm, TellsWhatIsMissingInItsField) {
   EXPECT_TRUE(navigator.log.empty());
 }
 
+TEST_F(GeneralDataForm, RefusesAPlantPastTheLastSectionUnlessItWasThereBefore) {
+  Open();
+  TypeInto(form, form.Text8, "4");
+  Click(form, form.Cmd_Back);
+  EXPECT_EQ(test.prompter.codes(), std::vector{400});
+  EXPECT_EQ(form.focus(), &form.Text8);
+  EXPECT_EQ(test.study.plant_section, 1);
+  ExpectUntouched();
+  TypeInto(form, form.Text8, "3");
+  Click(form, form.Cmd_Back);
+  EXPECT_EQ(test.Column(&SectionRow::Auxi), Numbers({0, 0, 2}));
+
+  test.study.plant_section = 9;
+  FrmGenData standing(desk);
+  desk.screens.edit_mode = true;
+  standing.Load();
+  TypeInto(standing, standing.Text4, "30");
+  Click(standing, standing.Cmd_Back);
+  EXPECT_EQ(test.study.plant_section, 9);
+
+  test.study.plant_section = 0;
+  FrmGenData without_rows(desk);
+  desk.screens.edit_mode = false;
+  without_rows.Load();
+  without_rows.ChkChiller.Set(true);
+  TypeInto(without_rows, without_rows.Text8, "12");
+  Click(without_rows, without_rows.Cmd_Back);
+  EXPECT_EQ(test.study.plant_section, 12);
+  EXPECT_EQ(test.prompter.codes(), std::vector{400});
+}
+
 TEST_F(GeneralDataForm, EnterLeadsThroughTheFieldsAndTurnsTheOption) {
   Open();
   const Key enter = Plain(KeyCode::kEnter);
