@@ -71,31 +71,30 @@ class Balancer {
   Branch copy_;
 };
 
-// The row that bears the plant's mark, 0 without one.
-int PlantRow(const RowStore& store) {
-  for (int number = 1; number <= store.count(); ++number) {
-    const std::int16_t mark = store.At(number).Auxi;
-    if (mark != 0 && mark != kSteppedDown) {
-      return number;
+// What the rows bear in `Auxi` before the balancing, which uses it for marks of its own and may
+// give one row what another bore: the plant's mark, which must be on the plant section alone.
+class OwnMarks {
+ public:
+  explicit OwnMarks(const RowStore& store) {
+    for (const SectionRow& row : store.rows()) {
+      marks_.push_back(row.Auxi == kSteppedDown ? std::int16_t{0} : row.Auxi);
     }
   }
-  return 0;
-}
 
-// Takes the marks of the balancing away; the plant section gets its own back.
-void ClearMarks(RowStore& store, int plant) {
-  for (int number = 1; number <= store.count(); ++number) {
-    SectionRow& row = store.At(number);
-    if (row.Auxi == kSteppedDown) {
-      row.Auxi = number == plant ? PlantMark(number) : std::int16_t{0};
+  void GiveBack(RowStore& store) const {
+    for (std::size_t i = 0; i < marks_.size(); ++i) {
+      store.rows()[i].Auxi = marks_[i];
     }
   }
-}
+
+ private:
+  std::vector<std::int16_t> marks_;
+};
 
 }  // namespace
 
 void BalanceBranches(const BalanceContext& context) {
-  const int plant = PlantRow(context.store);
+  const OwnMarks marks(context.store);
   try {
     Balancer(context, [&context](Branch chain, int /*fork*/, float available) {
       StepDownBranch(context, std::move(chain), available);
@@ -103,10 +102,10 @@ void BalanceBranches(const BalanceContext& context) {
     SettleOtherRows(context.bench, context.store, context.critical.chain);
   } catch (const Fault&) {
     // A mark that outlived its run would count as a plant in the next one.
-    ClearMarks(context.store, plant);
+    marks.GiveBack(context.store);
     throw;
   }
-  ClearMarks(context.store, plant);
+  marks.GiveBack(context.store);
 }
 
 void BalanceOpenBranches(const BalanceContext& context) {

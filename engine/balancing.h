@@ -5,8 +5,8 @@
 namespace kalvo {
 
 /// Steps down the pipes of every branch but the critical one and the last of the table, in emitter
-/// order, then settles the pressures of the rows off the critical chain and clears the marks; the
-/// plant section gets its own back. Faults: as StepDownBranch().
+/// order, then settles the pressures of the rows off the critical chain. Every row bears in `Auxi`
+/// what it bore before, so that the plant section keeps its mark. Faults: as StepDownBranch().
 void BalanceBranches(const BalanceContext& context);
 
 /// The same for an open network, by StepDownOpenBranch(); instead of the rows off the critical

@@ -182,6 +182,20 @@ TEST(StepDown, EndsAtTheSmallestPipeAndPassesOverAMarkedSection) {
   EXPECT_EQ(After(mark, {1, 2, 3}, 9000), "v=v==");
 }
 
+TEST(StepDown, ThatPutsThePlantsMarkOnAnotherRowDoesNotLeaveItThere) {
+  StepBench step;
+  step.At(1).AvaiPres = 9000;
+  step.At(5).Auxi = PlantMark(5);
+  step.critical.chain = {1, 9, 10};
+  // The second branch ends at section 3, which the first has marked, with section 5's mark in hand.
+  step.critical.branches = {{1, 2, 3, 10}, {1, 3, 5, 10}, {1, 9, 10}, {1, 10}};
+  BalanceBranches(MakeBalanceContext(step.bench, *step.rows, step.pass, step.critical));
+  EXPECT_EQ(step.Name(5), kSmaller);
+  for (int number = 1; number <= 10; ++number) {
+    EXPECT_EQ(step.At(number).Auxi, number == 5 ? PlantMark(5) : 0) << number;
+  }
+}
+
 TEST(StepDown, BeginsOnlyWithinWhatIsAvailableAndCountsTheLargestPipeTwice) {
   const auto put_drops = [](StepBench& step) { step.At(1).TotalDrop = step.At(2).TotalDrop = 300; };
   EXPECT_EQ(After(put_drops, {1, 2}, 599), "=====");
