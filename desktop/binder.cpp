@@ -55,6 +55,15 @@ bool IsCopy(const QKeyEvent& event) {
   return KeyOf(event) == Ctrl('C') || KeyOf(event) == Ctrl(KeyCode::kInsert);
 }
 
+// Set on an entry of a menu that bears its command's caption, which may change.
+constexpr const char* kFollowsCommand = "followsCommand";
+
+// A name from outside has no letter to be pressed with Alt.
+QString MenuCaption(std::string_view caption, bool from_outside) {
+  QString text = ToQt(caption).trimmed();
+  return from_outside ? text.replace(QLatin1Char('&'), QStringLiteral("&&")) : text;
+}
+
 }  // namespace
 
 Binder::Binder(Form& form, QWidget& window, Hooks hooks)
@@ -110,10 +119,12 @@ QMenu* Binder::MakeMenu(const Menu& menu) {
       continue;
     }
     Command* command = entry.command;
-    QString caption = ToQt(entry.caption).trimmed();
+    QString caption = MenuCaption(entry.caption.empty() ? command->caption : entry.caption,
+                                  entry.caption.empty());
     if (!command->keys.empty()) caption += QLatin1Char('\t') + ToQt(KeyText(command->keys.front()));
     QAction* action = made->addAction(caption);
     action->setObjectName(ToQt(entry.name));
+    action->setProperty(kFollowsCommand, entry.caption.empty());
     connect(action, &QAction::triggered, this,
             [this, command] { Do([&] { form_.Run(*command); }); });
     actions_.emplace_back(command, action);
@@ -160,6 +171,9 @@ void Binder::Paint() {
   }
   for (const auto& [command, action] : actions_) {
     action->setVisible(command->visible);
+    if (action->property(kFollowsCommand).toBool()) {
+      action->setText(MenuCaption(command->caption, true));
+    }
   }
   --depth_;
   FollowFocus();

@@ -14,6 +14,7 @@ struct Text {
 
 // A source text has one meaning wherever Qt shows it. In order of the sources.
 constexpr Text kTexts[] = {
+    {"%1: Remote closed", "%1: Η σύνδεση έκλεισε"},
     {"&Cancel", "Ά&κυρο"},
     {"&Copy", "&Αντιγραφή"},
     {"&Delete", "&Διαγραφή"},
@@ -43,6 +44,7 @@ constexpr Text kTexts[] = {
     {"QT_LAYOUT_DIRECTION", "LTR"},
     {"Select All", "Επιλογή όλων"},
     {"Shift", "Shift"},
+    {"The remote host closed the connection", "Η άλλη πλευρά έκλεισε την σύνδεση"},
     {"Unknown option '%1'.", "Άγνωστη επιλογή «%1»."},
     {"Usage: %1", "Χρήση: %1"},
     {"[options]", "[επιλογές]"},

@@ -35,7 +35,8 @@ class Command : public Control {
   }
 };
 
-/// One line of a menu: a command under the menu's own caption; none is a separating line.
+/// One line of a menu: a command under the menu's own caption, or the command's when that is empty;
+/// none is a separating line.
 struct MenuEntry {
   std::string name;
   std::string caption;

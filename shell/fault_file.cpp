@@ -1,7 +1,6 @@
 #include "shell/fault_file.h"
 
 #include <algorithm>
-#include <optional>
 #include <string>
 
 #include "study/date_text.h"
@@ -32,15 +31,6 @@ std::string LineOf(const FaultNote& note, std::int64_t moment) {
   return OneLine(line + " : " + note.text) + '\n';
 }
 
-// The log so far, empty when there is none yet; nothing when it is there and cannot be read.
-std::optional<std::string> LogSoFar(const Disk& disk, const std::filesystem::path& folder) {
-  auto read = disk.Read(folder / kFaultFile);
-  if (read) return std::move(read).value();
-  const auto names = disk.List(folder);
-  const bool missing = disk.CanList(folder) && std::ranges::count(names, kFaultFile) == 0;
-  return missing ? std::optional(std::string()) : std::nullopt;
-}
-
 // Takes whole lines off the front until the rest is short enough.
 void DropOldest(std::string& log) {
   if (log.size() <= FaultFile::kMostBytes) return;
@@ -52,12 +42,13 @@ void DropOldest(std::string& log) {
 
 void FaultFile::Note(const FaultNote& note) {
   if (!disk_.MakeFolder(folder_)) return;
-  auto log = LogSoFar(disk_, folder_);
-  if (!log) return;
-  if (!log->empty() && log->back() != '\n') *log += '\n';
-  *log += LineOf(note, clock_.Now());
-  DropOldest(*log);
-  static_cast<void>(ReplaceFile(disk_, folder_ / kFaultFile, std::move(*log)));
+  auto read = disk_.Read(folder_ / kFaultFile);
+  if (!read && !read.error().IsMissing()) return;
+  std::string log = read ? std::move(read).value() : std::string();
+  if (!log.empty() && log.back() != '\n') log += '\n';
+  log += LineOf(note, clock_.Now());
+  DropOldest(log);
+  static_cast<void>(ReplaceFile(disk_, folder_ / kFaultFile, std::move(log)));
 }
 
 }  // namespace kalvo

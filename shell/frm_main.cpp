@@ -2,6 +2,7 @@
 
 #include "form/tell.h"
 #include "shell/study_dialogs.h"
+#include "study/recent_files.h"
 #include "study/study_reset.h"
 #include "study/unsaved.h"
 
@@ -12,6 +13,7 @@ constexpr std::string_view kProgramTitle =
     "Πρόγραμμα Υπολογισμού Σωλήνων Ροής Υγρών  < Kalvoflume > / ";
 constexpr std::string_view kUnknown = "—";
 constexpr std::string_view kToBeCalculated = "ΘΑ ΥΠΟΛ.";
+constexpr std::size_t kRecentInMenu = 5;
 constexpr int kCommonestPosition = 10;  // entry 11 is the commonest steel tube
 constexpr Key kSwitchFolderCommands = Shift(KeyCode::kEscape);
 
@@ -46,6 +48,7 @@ FrmMain::FrmMain(Desk& shared_desk)
                 {Plain(KeyCode::kF1)}),
       Cmd_Exit(*this, "Cmd_Exit", "Εξοδος από το Πρόγραμμα", [this] { Leave(); },
                {Alt(KeyCode::kF4)}),
+      Cmd_Safety(*this, "Cmd_Safety", "Αντίγραφα Ασφαλείας ...", [this] { OpenSafetyCopy(); }),
       Mnu_Results(*this, "Mnu_Results", "Παρουσίαση Αποτελεσμάτων",
                   [this] { ShowResultsFromMenu(); }),
       Mnu_Method(*this, "Mnu_Method", " ΤΡΟΠΟΣ ΥΠΟΛΟΓΙΣΜΟΥ ΣΩΛΗΝΩΝ ", [this] { Calculate(true); }),
@@ -60,6 +63,10 @@ FrmMain::FrmMain(Desk& shared_desk)
     }
   };
   ChkSound.on_toggle = [this] { desk.options.SoundOn = ChkSound.on; };
+  for (std::size_t i = 0; i < kRecentInMenu; ++i) {
+    Mnu_Recent.emplace_back(*this, "Mnu_Recent" + std::to_string(i + 1), "",
+                            [this, i] { OpenFile(recent_[i]); });
+  }
   MakeMenus();
 }
 
@@ -72,6 +79,7 @@ void FrmMain::MakeMenus() {
              {"Mnu_Save", "Δημιουργία Αρχείου", &Cmd_Save},
              {"Mnu_CurFL", "Στοιχεία Αρχείου υπό Επεξεργασία", &Cmd_CurFL},
              {},
+             {"Mnu_Safety", "Αντίγραφα Ασφαλείας ...", &Cmd_Safety},
              {"Mnu_FF", "Αλλαγή του Folder Αποθήκευσης Αρχείων", &CmdFF},
              {},
              {"Mnu_Exit", "Εξοδος από το Πρόγραμμα", &Cmd_Exit}}},
@@ -83,6 +91,11 @@ void FrmMain::MakeMenus() {
              {"Mnu_Method", " ΤΡΟΠΟΣ ΥΠΟΛΟΓΙΣΜΟΥ ΣΩΛΗΝΩΝ ", &Mnu_Method},
              {"Mnu_Nodes", "Έλεγχος Κόμβων Τμημάτων", &Cmd_Nodes}}},
            {"Α&ποτελέσματα", {{"Mnu_Results", "Παρουσίαση Αποτελεσμάτων", &Mnu_Results}}}};
+  std::vector<MenuEntry>& study = menus.front().entries;
+  for (Command& recent : Mnu_Recent) {
+    study.insert(study.end() - 1, {std::string(recent.name()), "", &recent});
+  }
+  study.insert(study.end() - 1, MenuEntry{});
   popup = {"",
            {{"", "Γενικά Δεδομένα", &Cmd_GenData},
             {"", "Υπολογισμοί", &Cmd_Calc},
@@ -109,12 +122,31 @@ void FrmMain::Load() {
 void FrmMain::OpenGiven() {
   const std::filesystem::path given = std::exchange(desk.screens.study_argument, {});
   if (given.empty()) return;
+  OpenFile(given);
+}
+
+void FrmMain::OpenFile(const std::filesystem::path& file) {
+  if (!SettleTitle()) return;
   const Disk& disk = bench.workspace.outer_disk();
-  if (!disk.Exists(AsInFolder(disk, given))) {
-    TellError(bench, {given, "Το αρχείο δεν υπάρχει"});
+  if (!disk.Exists(AsInFolder(disk, file))) {
+    TellError(bench, {file, "Το αρχείο δεν υπάρχει"});
     return;
   }
-  if (AskBeforeOpening(desk)) OpenChosen(desk, given, RecentList::kAdd);
+  if (AskBeforeOpening(desk)) OpenChosen(desk, file, RecentList::kAdd);
+}
+
+// The list changes when a study is opened or saved, and in its own dialog.
+void FrmMain::ListRecent() {
+  if (recent_listed_with_ == bench.study.study_path) return;
+  recent_listed_with_ = bench.study.study_path;
+  recent_.clear();
+  for (const RecentLine& line : RecentFilesOfKind(bench.workspace, bench.study.system_kind)) {
+    if (line.IsFull() && recent_.size() < kRecentInMenu) recent_.emplace_back(line.path);
+  }
+  for (std::size_t i = 0; i < kRecentInMenu; ++i) {
+    Mnu_Recent[i].visible = i < recent_.size();
+    if (Mnu_Recent[i].visible) Mnu_Recent[i].caption = recent_[i].string();
+  }
 }
 
 void FrmMain::FillPipeList() {
@@ -158,6 +190,7 @@ void FrmMain::Derive() {
   const Study& study = bench.study;
   title = std::string(kProgramTitle) +
           (study.SystemOpen() ? "ΑΝΟΙΚΤΟ ΣΥΣΤΗΜΑ ΣΩΛΗΝΩΝ" : "ΚΛΕΙΣΤΟ ΣΥΣΤΗΜΑ ΣΩΛΗΝΩΝ");
+  ListRecent();
   DeriveHead();
   DeriveFigures();
   DeriveNext();

@@ -1,5 +1,10 @@
 #pragma once
 
+#include <deque>
+#include <filesystem>
+#include <optional>
+#include <vector>
+
 #include "engine/calculation_command.h"
 #include "form/form.h"
 #include "form/pictures.h"
@@ -62,6 +67,8 @@ class FrmMain : public Form {
   Label LblFolder{*this, "LblFolder"};
   Command Cmd_Exit;
 
+  Command Cmd_Safety;
+  std::deque<Command> Mnu_Recent;  ///< the files used last, in the menu
   Command Mnu_Results;
   Command Mnu_Method;
   Command CmdThemaCancel;
@@ -73,6 +80,9 @@ class FrmMain : public Form {
   void OpenOrAcceptTitle();
   void ShowTitleEntry();
   void OpenGiven();
+  /// Opens a file that is not chosen in a dialog, with the questions of any opening.
+  void OpenFile(const std::filesystem::path& file);
+  void ListRecent();
   void EndTitleEntry();
   /// A command came while the title is typed: it is accepted, an empty one dropped. False: it
   /// could not be stored.
@@ -90,6 +100,7 @@ class FrmMain : public Form {
   void ShowCurrentStudy();
   void OpenStudy();
   void OpenRecent();
+  void OpenSafetyCopy();
   void SaveToFile();
   void OpenManual();
   void NewStudy();
@@ -103,8 +114,10 @@ class FrmMain : public Form {
   bool NeedsPipes();
 
   Step next_ = Step::kTitle;
-  Control* before_title_ = nullptr;  ///< where the keyboard was
-  bool filling_pipes_ = false;       ///< the pipe list guard
+  std::vector<std::filesystem::path> recent_;                ///< behind Mnu_Recent
+  std::optional<std::filesystem::path> recent_listed_with_;  ///< `study path` then
+  Control* before_title_ = nullptr;                          ///< where the keyboard was
+  bool filling_pipes_ = false;                               ///< the pipe list guard
 };
 
 }  // namespace kalvo

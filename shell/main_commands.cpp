@@ -214,6 +214,11 @@ void FrmMain::OpenRecent() {
     return;
   }
   OpenFromDialog(desk, screen::kRecent);
+  recent_listed_with_.reset();  // lines may have been taken out
+}
+
+void FrmMain::OpenSafetyCopy() {
+  if (SettleTitle()) OpenFromDialog(desk, screen::kSafetyCopies);
 }
 
 void FrmMain::OpenManual() {

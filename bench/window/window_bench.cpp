@@ -14,6 +14,7 @@
 #include "desktop/program.h"
 #include "desktop/theme.h"
 #include "engine/calculation_command.h"
+#include "shell/safety_copies.h"
 #include "shell/study_dialogs.h"
 
 namespace kalvo {
@@ -77,6 +78,8 @@ class Session {
     Draw(screen::kStudies);
   }
   void CloseStudies() { program_.windows().Close(screen::kStudies); }
+
+  [[nodiscard]] Desk& desk() { return program_.desk(); }
 
   /// Sends a key where the user's keys would go, and draws what it changed.
   void Press(std::string_view screen, int key, const QString& text = {}) {
@@ -206,6 +209,56 @@ void KeyToPicture(benchmark::State& state) {
   }
 }
 BENCHMARK(KeyToPicture)->Unit(benchmark::kMillisecond)->Iterations(100);
+
+// A row written anew among 999, as a move in the entry of sections does.
+void WriteRowOf999(benchmark::State& state) {
+  const StudyFiles study(SystemKind::kClosed, 999);
+  const Home home;
+  Session session(home);
+  session.StartToMenu();
+  session.Open(study.path());
+  RowFile<SectionRow> rows = session.desk().bench.workspace.Rows();
+  const SectionRow row = *rows.Read(500);
+  for (auto _ : state) {
+    if (!rows.Write(500, row)) throw std::runtime_error("the row is not written");
+  }
+}
+BENCHMARK(WriteRowOf999)->Unit(benchmark::kMillisecond)->Iterations(100);
+
+// What is forced onto the medium before an older copy of 999 rows is dropped.
+void FlushRowsOf999(benchmark::State& state) {
+  const StudyFiles study(SystemKind::kClosed, 999);
+  const Home home;
+  Session session(home);
+  session.StartToMenu();
+  session.Open(study.path());
+  Workspace& workspace = session.desk().bench.workspace;
+  RowFile<SectionRow> rows = workspace.Rows();
+  const SectionRow row = *rows.Read(500);
+  QElapsedTimer watch;
+  for (auto _ : state) {
+    if (!rows.Write(500, row)) throw std::runtime_error("the row is not written");
+    watch.start();
+    if (!workspace.Flush(work_file::kRows)) throw std::runtime_error("the rows are not flushed");
+    Note(state, watch, 0);
+  }
+}
+BENCHMARK(FlushRowsOf999)->Apply(RepeatTen);
+
+void SafetyCopyOf999(benchmark::State& state) {
+  const StudyFiles study(SystemKind::kClosed, 999);
+  const Home home;
+  Session session(home);
+  session.StartToMenu();
+  session.Open(study.path());
+  QElapsedTimer watch;
+  for (auto _ : state) {
+    watch.start();
+    if (!KeepSafetyCopyAnyway(session.desk())) throw std::runtime_error("no copy was made");
+    Note(state, watch, 0);
+  }
+}
+BENCHMARK(SafetyCopyOf999)->Apply(RepeatTen);
 
 int RunAll(int argc, char** argv) {
   QElapsedTimer watch;

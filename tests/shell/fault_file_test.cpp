@@ -4,6 +4,7 @@
 
 #include "study/memory_disk.h"
 #include "tests/support/failing_disk.h"
+#include "tests/support/program_in_memory.h"
 
 namespace kalvo {
 namespace {
@@ -63,7 +64,7 @@ TEST(FaultFile, ThatCannotBeReadIsLeftAloneAndThatCannotBeWrittenIsNoError) {
   full.FailAfterBytes(10);
   FaultFile(full, clock, kFolder).Note(Overflow());
   EXPECT_EQ(*disk.Read(kFile), before);
-  EXPECT_EQ(disk.List(kFolder), std::vector<std::string>{kFaultFile});
+  EXPECT_EQ(NamesIn(disk, kFolder), std::vector<std::string>{kFaultFile});
 }
 
 }  // namespace

@@ -9,11 +9,14 @@
 #include "shell/frm_title.h"
 #include "shell/open_study.h"
 #include "shell/safety_copies.h"
+#include "shell/study_dialogs.h"
 #include "tests/support/sample_study.h"
 #include "tests/support/test_desk.h"
 
 namespace kalvo {
 namespace {
+
+namespace fs = std::filesystem;
 
 struct MainMenu : TestDesk, ::testing::Test {
   MainMenu() {
@@ -226,6 +229,25 @@ TEST_F(MainMenu, EndsTheTitleEntryBeforeAStudyIsOpened) {
   Click(form, form.Cmd_Thema);
   navigator.Expect(screen::kStudies, [this] { EXPECT_FALSE(form.TxtThema.visible); });
   form.Press(Ctrl('O'));
+}
+
+TEST_F(MainMenu, OffersTheFilesUsedLastInItsMenu) {
+  for (const char* name : {"1.PCK", "2.PCK", "3.PCK", "4.PCK", "5.PCK", "a&b.PCK"}) {
+    SaveSample(test, name, name);
+    ASSERT_TRUE(OpenChosen(desk, fs::path("/studies") / name, RecentList::kAdd));
+  }
+  form.Derive();
+  EXPECT_EQ(form.Mnu_Recent[0].caption, "/studies/a&b.PCK");
+  EXPECT_EQ(form.Mnu_Recent[4].caption, "/studies/2.PCK");
+  test.prompter.Expect(135, Answer::kYes);
+  Click(form, form.Mnu_Recent[4]);
+  form.Derive();
+  EXPECT_EQ(test.study.study_title, "2.PCK");
+  EXPECT_EQ(form.Mnu_Recent[0].caption, "/studies/2.PCK");
+  ASSERT_TRUE(test.outer_disk.Remove("/studies/5.PCK").ok());
+  Click(form, form.Mnu_Recent[2]);
+  EXPECT_EQ(test.prompter.boxes().back().lines[0], "Το αρχείο δεν υπάρχει : /studies/5.PCK");
+  EXPECT_EQ(test.study.study_title, "2.PCK");
 }
 
 TEST_F(MainMenu, BeginsWithTheCommonestPipes) {
