@@ -7,6 +7,8 @@
 #include <optional>
 
 #include "study/real_disk.h"
+#include "study/save_checks.h"
+#include "study/settled_disk.h"
 #include "study/study_reset.h"
 #include "study/write_study.h"
 
@@ -42,15 +44,35 @@ std::optional<fs::path> FileInTheWay(const Disk& disk, const fs::path& source,
   return std::nullopt;
 }
 
+// What only --overwrite replaces.
+Outcome CheckExisting(const Session& session, const fs::path& source, const fs::path& target) {
+  const Workspace& workspace = session.workspace();
+  const auto settled = SettleStudy(workspace.outer_disk(), target);
+  if (!settled) {
+    return settled.error();
+  }
+  if (const auto file = TwinsCompanion(workspace, target)) {
+    return FileError{*file,
+                     "Το Αρχείο του υγρού ανήκει και σε Μελέτη του άλλου είδους (--overwrite το "
+                     "αντικαθιστά)"};
+  }
+  if (const auto file = FileInTheWay(*settled, source, target)) {
+    return FileError{*file, "Το Αρχείο αυτό, υπάρχει ήδη (--overwrite το αντικαθιστά)"};
+  }
+  if (const auto file = ProtectedTarget(workspace, target)) {
+    return FileError{*file,
+                     "Το Αρχείο είναι προστατευμένο από εγγραφή (--overwrite το αντικαθιστά)"};
+  }
+  return Done{};
+}
+
 }  // namespace
 
 fs::path SaveTarget(const fs::path& save, const fs::path& source) {
   std::error_code error;
   fs::path path = fs::is_directory(save, error) ? save / source.filename() : save;
-  if (fs::is_symlink(path, error)) {
-    path = fs::weakly_canonical(path, error);  // the study itself is replaced, not its link
-  }
-  return WithExtension(path, KindOfName(source.string()));
+  path = WithExtension(path, KindOfName(source.string()));
+  return BehindLink(RealDisk(), path);  // the study itself is replaced, not its link
 }
 
 Outcome CheckTarget(const Session& session, const fs::path& source, const fs::path& target,
@@ -70,12 +92,7 @@ Outcome CheckTarget(const Session& session, const fs::path& source, const fs::pa
   if (KindOfName(base) != SystemKind::kNone) {
     return FileError{target.parent_path() / base, "Η κατάληξη είναι του άλλου είδους συστήματος"};
   }
-  if (existing == Existing::kKeep) {
-    if (const auto file = FileInTheWay(session.workspace().outer_disk(), source, target)) {
-      return FileError{*file, "Το Αρχείο αυτό, υπάρχει ήδη (--overwrite το αντικαθιστά)"};
-    }
-  }
-  return Done{};
+  return existing == Existing::kKeep ? CheckExisting(session, source, target) : Done{};
 }
 
 Outcome CheckImposed(const Session& session, const fs::path& source, const fs::path& target,

@@ -4,6 +4,7 @@
 
 #include "cli/heap.h"
 #include "shell/open_study.h"
+#include "study/settled_disk.h"
 #include "study/study_extensions.h"
 #include "study/study_reset.h"
 
@@ -44,12 +45,12 @@ std::string NoStudyText(const Disk& disk, const std::filesystem::path& path) {
 }
 
 // The kind that the extension tells, or without one that of the study of this name which is there.
-SystemKind KindAt(const Disk& disk, const std::filesystem::path& path) {
+SystemKind KindAt(Disk& disk, const std::filesystem::path& path) {
   if (const SystemKind kind = KindOfName(path.string()); kind != SystemKind::kNone) {
     return kind;
   }
   const auto is_there = [&](SystemKind kind) {
-    return disk.Exists(AsInFolder(disk, WithExtension(path, kind)));
+    return FindStudyFile(disk, WithExtension(path, kind)).ok();
   };
   return !is_there(SystemKind::kClosed) && is_there(SystemKind::kOpen) ? SystemKind::kOpen
                                                                        : SystemKind::kClosed;
@@ -84,7 +85,7 @@ bool Session::Load(const std::filesystem::path& path) {
   }
   LayMemoryReadyFor(outer_disk(), path);
   study_ = Study();
-  study_.system_kind = KindAt(outer_disk(), path);
+  study_.system_kind = KindAt(workspace_->outer_disk(), path);
   study_.study_path = std::move(from_root).value();
   Workbench at = bench();
   OpenStudyFile(at, RecentList::kLeave);

@@ -4,12 +4,11 @@
 
 #include "form/tell.h"
 #include "shell/folder_tree.h"
-#include "shell/message_table.h"
-#include "shell/messages.h"
 #include "shell/search_text.h"
 #include "shell/studies_index.h"
 #include "shell/study_dialogs.h"
 #include "study/path_text.h"
+#include "study/settled_disk.h"
 #include "study/study_reset.h"
 
 namespace kalvo {
@@ -83,8 +82,8 @@ void FrmFileOS::ShowFolder(fs::path folder) {
 }
 
 void FrmFileOS::ShowFiles() {
-  std::vector<std::string> names =
-      StudyNames(bench.workspace.outer_disk(), folder_, bench.study.system_kind);
+  std::vector<std::string> names = StudyNames(SettleFolder(bench.workspace.outer_disk(), folder_),
+                                              folder_, bench.study.system_kind);
   if (!mask_.empty()) {
     std::erase_if(names, [this](const std::string& name) {
       return !FitsMask(SearchKey(name), SearchKey(mask_));
@@ -137,48 +136,33 @@ void FrmFileOS::GoTo(const fs::path& folder) {
 }
 
 void FrmFileOS::ConfirmOpen(const fs::path& path) {
-  const fs::path entry = AsInFolder(bench.workspace.outer_disk(), path);
-  if (!bench.workspace.outer_disk().Exists(entry)) {
-    TellError(bench, {path, "Το αρχείο δεν υπάρχει"});
+  const auto found = FindStudyFile(bench.workspace.outer_disk(), path);
+  if (!found) {
+    TellError(bench, found.error());
     Focus(TxtFileName);
     return;
   }
-  Choose(entry);
+  Choose(*found);
 }
 
 void FrmFileOS::ConfirmSave(const fs::path& path) {
-  const Disk& disk = bench.workspace.outer_disk();
-  const fs::path entry = AsInFolder(disk, path);
-  if (!disk.Exists(entry.parent_path())) {
+  const auto disk = SettleStudy(bench.workspace.outer_disk(), path);
+  if (!disk) {
+    TellError(bench, disk.error());
+    Focus(TxtFileName);
+    return;
+  }
+  const fs::path entry = AsInFolder(*disk, path);
+  if (!disk->Exists(entry.parent_path())) {
     TellError(bench, {entry.parent_path(), std::string(kNoFolder)});
-    Focus(TxtFileName);
-    return;
-  }
-  const bool there = disk.Exists(entry);
-  if (disk.IsFolder(entry)) {
+  } else if (disk->IsFolder(entry)) {
     TellError(bench, {entry, "Υπάρχει φάκελος με αυτό το όνομα"});
-    Focus(TxtFileName);
+  } else if (AskBeforeSaving(desk, entry, Overwriting::kAsked)) {
+    bench.study.CalcStatus = calc_status::kNameAccepted;
+    Choose(entry);
     return;
   }
-  if (there && entry == bench.study.study_path && ChangedOnDisk(bench)) {
-    const Answer answer =
-        bench.Ask({std::string(kAttentionTitle),
-                   {"!! Το Αρχείο της Μελέτης άλλαξε στον δίσκο, ενώ ήταν ανοικτή εδώ !!",
-                    "Θέλετε να αντικατασταθεί με ό,τι είναι ανοικτό εδώ ?"},
-                   276});
-    bench.study.answer = Answer::kNone;
-    if (answer == Answer::kYes) Choose(entry);
-    return;
-  }
-  if (there && !ConfirmOverwrite(bench)) {
-    bench.study.answer = Answer::kNone;
-    bench.study.CalcStatus = calc_status::kNothing;
-    Focus(TxtFileName);
-    return;
-  }
-  bench.study.answer = Answer::kNone;
-  bench.study.CalcStatus = calc_status::kNameAccepted;
-  Choose(entry);
+  Focus(TxtFileName);
 }
 
 void FrmFileOS::Choose(const fs::path& path) {

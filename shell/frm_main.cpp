@@ -3,6 +3,7 @@
 #include "form/tell.h"
 #include "shell/study_dialogs.h"
 #include "study/recent_files.h"
+#include "study/settled_disk.h"
 #include "study/study_reset.h"
 #include "study/unsaved.h"
 
@@ -127,9 +128,8 @@ void FrmMain::OpenGiven() {
 
 void FrmMain::OpenFile(const std::filesystem::path& file) {
   if (!SettleTitle()) return;
-  const Disk& disk = bench.workspace.outer_disk();
-  if (!disk.Exists(AsInFolder(disk, file))) {
-    TellError(bench, {file, "Το αρχείο δεν υπάρχει"});
+  if (const auto found = FindStudyFile(bench.workspace.outer_disk(), file); !found) {
+    TellError(bench, found.error());
     return;
   }
   if (AskBeforeOpening(desk)) OpenChosen(desk, file, RecentList::kAdd);

@@ -6,8 +6,8 @@
 #include "form/tell.h"
 #include "shell/study_dialogs.h"
 #include "study/codepage.h"
+#include "study/settled_disk.h"
 #include "study/study_extensions.h"
-#include "study/study_reset.h"
 
 namespace kalvo {
 namespace {
@@ -74,10 +74,11 @@ void FrmRecFiles_S::Recall() {
   const RecentLine* line = Picked();
   if (line == nullptr) return;
   const std::filesystem::path path = line->path;
-  const Disk& disk = bench.workspace.outer_disk();
   // Lines of other systems are no places here, not even relative ones.
-  if (!line->IsFull() || !disk.Exists(AsInFolder(disk, path))) {
-    TellError(bench, {path, "Το αρχείο δεν υπάρχει"});
+  const auto found = line->IsFull() ? FindStudyFile(bench.workspace.outer_disk(), path)
+                                    : FileError{path, "Το αρχείο δεν υπάρχει"};
+  if (!found) {
+    TellError(bench, found.error());
     return;
   }
   if (!AskBeforeOpening(desk)) {

@@ -5,6 +5,7 @@
 
 #include "shell/search_text.h"
 #include "study/date_text.h"
+#include "study/settled_disk.h"
 #include "study/study_extensions.h"
 
 namespace kalvo {
@@ -95,7 +96,7 @@ std::vector<std::string> StudyNames(const Disk& disk, const fs::path& folder, Sy
 
 std::vector<ListedStudy> BuildStudiesIndex(Workspace& workspace, const fs::path& folder,
                                            SystemKind kind) {
-  const Disk& disk = workspace.outer_disk();
+  const SettledDisk disk = SettleFolder(workspace.outer_disk(), folder);
   std::vector<ListedStudy> studies = FindStudies(disk, folder, kind).studies;
   std::vector<StudyTitleRow> rows;
   rows.reserve(studies.size());
@@ -113,7 +114,7 @@ std::optional<std::vector<ListedStudy>> ReadStudiesIndex(const Workspace& worksp
                                                          const fs::path& folder, SystemKind kind) {
   const auto status = workspace.Status(work_file::kStudiesIndex);
   const auto rows = workspace.Rows<StudyTitleRow>(work_file::kStudiesIndex).ReadAll();
-  Found found = FindStudies(workspace.outer_disk(), folder, kind);
+  Found found = FindStudies(SettleFolder(workspace.outer_disk(), folder), folder, kind);
   // A study written in the second in which the index was made bears the same time as one before it.
   if (!status || !*status || !rows || rows->size() != found.studies.size() ||
       (*status)->modified <= found.newest) {

@@ -48,8 +48,9 @@ struct ListedStudy {
 std::vector<std::string> StudyNames(const Disk& disk, const std::filesystem::path& folder,
                                     SystemKind kind);
 
-/// The studies of `folder` of the kind, read from their files, and `Studies.std` written anew from
-/// them. The index is a cache: that it cannot be written is no error.
+/// The studies of `folder` of the kind, those included whose first save was broken off, read from
+/// their files, and `Studies.std` written anew from them. The index is a cache: that it cannot be
+/// written is no error.
 std::vector<ListedStudy> BuildStudiesIndex(Workspace& workspace,
                                            const std::filesystem::path& folder, SystemKind kind);
 

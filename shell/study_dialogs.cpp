@@ -3,11 +3,14 @@
 #include <utility>
 
 #include "form/tell.h"
+#include "shell/message_table.h"
+#include "shell/messages.h"
 #include "shell/open_study.h"
 #include "shell/recovery.h"
 #include "shell/safety_copies.h"
-#include "study/digest.h"
 #include "study/recent_files.h"
+#include "study/save_checks.h"
+#include "study/settled_disk.h"
 #include "study/study_origin.h"
 #include "study/study_reset.h"
 #include "study/unsaved.h"
@@ -56,6 +59,26 @@ bool WriteTo(Desk& desk, const std::filesystem::path& target) {
   return true;
 }
 
+bool NothingToSave(Workbench& bench) {
+  if (bench.workspace.Exists(work_file::kRows) || bench.study.CurrentRow == 1) return false;
+  bench.Show(139);
+  return true;
+}
+
+bool IsOwn(const Workbench& bench, const std::filesystem::path& target) {
+  const Disk& disk = bench.workspace.outer_disk();
+  const std::filesystem::path& own = bench.study.study_path;
+  return !own.empty() &&
+         BehindLink(disk, AsInFolder(disk, own)) == BehindLink(disk, AsInFolder(disk, target));
+}
+
+bool MayReplace(Workbench& bench, std::string what, const std::filesystem::path& file,
+                std::string question) {
+  return bench.Ask({std::string(kAttentionTitle),
+                    {std::move(what), file.string(), std::move(question)},
+                    276}) == Answer::kYes;
+}
+
 // Message 135, once in a run of the program.
 bool MayLeaveSaved(Desk& desk) {
   Workbench& bench = desk.bench;
@@ -86,10 +109,7 @@ void CountAsBroughtBack(Workbench& bench) {
 bool SaveStudy(Desk& desk) {
   Workbench& bench = desk.bench;
   Study& study = bench.study;
-  if (!bench.workspace.Exists(work_file::kRows) && study.CurrentRow != 1) {
-    bench.Show(139);
-    return false;
-  }
+  if (NothingToSave(bench)) return false;
   const bool unsaved = std::exchange(study.unsaved_changes, true);
   const std::filesystem::path target = ChooseTarget(desk);
   study.unsaved_changes = unsaved;
@@ -98,6 +118,22 @@ bool SaveStudy(Desk& desk) {
     return false;
   }
   return WriteTo(desk, target);
+}
+
+bool SaveToOwnFile(Desk& desk) {
+  Workbench& bench = desk.bench;
+  Study& study = bench.study;
+  if (study.study_path == kEscapePath) study.study_path = study.last_study_path;
+  if (study.study_path.empty()) return SaveStudy(desk);
+  if (NothingToSave(bench)) return false;
+  const auto disk = SettleStudy(bench.workspace.outer_disk(), study.study_path);
+  if (!disk) {
+    TellError(bench, disk.error());
+    return false;
+  }
+  if (!AskBeforeSaving(desk, study.study_path, Overwriting::kUnasked)) return false;
+  study.last_study_path = study.study_path;
+  return WriteTo(desk, study.study_path);
 }
 
 bool AskAboutUnsaved(Desk& desk) {
@@ -172,12 +208,28 @@ bool ThrowAwayStudy(Desk& desk) {
   return true;
 }
 
-bool ChangedOnDisk(const Workbench& bench) {
-  const Study& study = bench.study;
-  if (!study.saved_digest || study.study_path.empty()) return false;
-  const Disk& disk = bench.workspace.outer_disk();
-  const auto bytes = disk.Read(AsInFolder(disk, study.study_path));
-  return bytes && Digest(*bytes) != *study.saved_digest;
+bool AskBeforeSaving(Desk& desk, const std::filesystem::path& target, Overwriting overwriting) {
+  Workbench& bench = desk.bench;
+  const bool changed = IsOwn(bench, target) && ChangedOnDisk(bench);
+  const bool there = bench.workspace.outer_disk().Exists(target);
+  bool may = true;
+  if (changed) {
+    may = MayReplace(bench, "!! Το Αρχείο της Μελέτης άλλαξε στον δίσκο, ενώ ήταν ανοικτή εδώ !!",
+                     target, "Θέλετε να αντικατασταθεί με ό,τι είναι ανοικτό εδώ ?");
+  } else if (there && overwriting == Overwriting::kAsked) {
+    may = ConfirmOverwrite(bench);
+  }
+  if (const auto file = ProtectedTarget(bench.workspace, target); may && file) {
+    may = MayReplace(bench, "!! Το Αρχείο είναι προστατευμένο από εγγραφή !!", *file,
+                     "Θέλετε να το αντικαταστήσω ?");
+  }
+  if (const auto file = TwinsCompanion(bench.workspace, target); may && file) {
+    may = MayReplace(bench, "!! Το Αρχείο του υγρού ανήκει και σε Μελέτη του άλλου είδους !!",
+                     *file, "Θέλετε να αλλάξει και για εκείνη το υγρό ?");
+  }
+  bench.study.answer = Answer::kNone;
+  bench.study.CalcStatus = calc_status::kNothing;
+  return may;
 }
 
 }  // namespace kalvo

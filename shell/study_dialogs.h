@@ -12,6 +12,10 @@ namespace kalvo {
 /// study keeps its path and its flag then.
 bool SaveStudy(Desk& desk);
 
+/// Saves to the file that the study came from, with the questions before a save but without the
+/// dialog; as SaveStudy() when there is no such file.
+bool SaveToOwnFile(Desk& desk);
+
 /// Asks what becomes of changes that are not saved (message 130). False: the caller must stop; a
 /// save that was asked for and not made counts as "cancel". "No" leaves the flag as it is.
 bool AskAboutUnsaved(Desk& desk);
@@ -35,7 +39,12 @@ void OpenFromDialog(Desk& desk, std::string_view dialog);
 /// which was told; the study stays.
 bool ThrowAwayStudy(Desk& desk);
 
-/// Whether the file at `study path` has become another than was loaded or saved last.
-bool ChangedOnDisk(const Workbench& bench);
+/// Whether a file that is there already is asked about for that alone.
+enum class Overwriting { kAsked, kUnasked };
+
+/// The questions before the open study is saved as `target`: over a file that is there (as
+/// `overwriting` tells), over its own files when another has changed them, over one that is
+/// protected, over a companion that is another study's too. False: it is not to be saved there.
+bool AskBeforeSaving(Desk& desk, const std::filesystem::path& target, Overwriting overwriting);
 
 }  // namespace kalvo

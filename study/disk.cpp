@@ -13,6 +13,13 @@ Result<std::string> Disk::ReadHead(const std::filesystem::path& path, std::size_
   return bytes;
 }
 
+std::filesystem::path Disk::Resolve(const std::filesystem::path& path) const { return path; }
+
+Result<std::unique_ptr<DiskLock>> Disk::Lock(const std::filesystem::path& /*path*/,
+                                             std::chrono::milliseconds /*patience*/) {
+  return std::make_unique<DiskLock>();
+}
+
 bool Disk::Exists(const std::filesystem::path& path) const {
   const auto status = Status(path);
   return !status || status->has_value();

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -16,6 +18,16 @@ struct FileStatus {
   std::uint64_t length = 0;
   bool is_folder = false;
   std::int64_t modified = 0;  ///< seconds since 1970, UTC
+  bool writable = true;       ///< false: the user is not meant to change it
+};
+
+/// What nobody else gets while it lives (Disk::Lock()).
+class DiskLock {
+ public:
+  DiskLock() = default;
+  DiskLock(const DiskLock&) = delete;
+  DiskLock& operator=(const DiskLock&) = delete;
+  virtual ~DiskLock() = default;
 };
 
 /// The files of the world. Errors are told in Greek and name the file.
@@ -44,6 +56,13 @@ class Disk {
   /// Names of all that is in the folder, in byte order.
   [[nodiscard]] virtual Result<std::vector<std::string>> List(
       const std::filesystem::path& folder) const = 0;
+  /// Where a link leads, at its end; any other path as it is.
+  [[nodiscard]] virtual std::filesystem::path Resolve(const std::filesystem::path& path) const;
+  /// The lock of that name, which no other program has at the same time and none keeps that has
+  /// ended. The only error is of kind kBusy: another held it for as long as `patience`. Where there
+  /// are no locks it bars nobody.
+  [[nodiscard]] virtual Result<std::unique_ptr<DiskLock>> Lock(const std::filesystem::path& path,
+                                                               std::chrono::milliseconds patience);
 
   /// False when the path is surely not there. What cannot be looked at counts as there: whoever
   /// reads it gets the reason, and nobody takes it for missing.

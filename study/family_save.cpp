@@ -1,6 +1,7 @@
 #include "study/family_save.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "study/study_extensions.h"
 
@@ -9,21 +10,34 @@ namespace kalvo {
 namespace {
 
 constexpr std::string_view kStagedEnd = kBesideEnd;
+constexpr std::string_view kJournalEnd = ".saving~";
+constexpr std::string_view kLockEnd = ".lock~";
 constexpr std::string_view kJournalHead = "KALVOFLUME 1\n";
 constexpr std::string_view kJournalFoot = "TELOS\n";
 
-std::filesystem::path Staged(const std::filesystem::path& folder, const std::string& name) {
-  return folder / (name + std::string(kStagedEnd));
+// Behind the journal's name, so that no other file of the folder can bear it.
+std::filesystem::path LockPath(const std::filesystem::path& folder, const std::string& base) {
+  std::filesystem::path path = JournalPath(folder, base);
+  return path += kLockEnd;
 }
 
-std::filesystem::path JournalPath(const std::filesystem::path& folder, const std::string& base) {
-  return folder / (base + ".saving~");
+FileError Busy(std::filesystem::path file) {
+  return {std::move(file), "Η Μελέτη σώζεται αυτή τη στιγμή από άλλο πρόγραμμα",
+          FileErrorKind::kBusy};
+}
+
+// The journal is what its user finds in the folder; the cause names its own file.
+FileError LeftHalfway(const std::filesystem::path& journal, const FileError& cause) {
+  return {journal,
+          "Η αποθήκευση έμεινε στη μέση και συνεχίζεται όταν ανοίξει ξανά η Μελέτη (" +
+              cause.Line() + ")",
+          cause.kind};
 }
 
 void RemoveStaged(Disk& disk, const std::filesystem::path& folder,
                   const std::vector<FamilyFile>& files) {
   for (const FamilyFile& file : files) {
-    static_cast<void>(disk.Remove(Staged(folder, file.name)));
+    static_cast<void>(disk.Remove(StagedPath(folder / file.name)));
   }
 }
 
@@ -55,7 +69,7 @@ Outcome ProveSavable(const Disk& disk, const std::filesystem::path& folder, cons
 Outcome StageAll(Disk& disk, const std::filesystem::path& folder,
                  const std::vector<FamilyFile>& files) {
   for (const FamilyFile& file : files) {
-    if (Outcome staged = WriteAndFlush(disk, Staged(folder, file.name), file.bytes); !staged) {
+    if (Outcome staged = WriteAndFlush(disk, StagedPath(folder / file.name), file.bytes); !staged) {
       return staged;
     }
   }
@@ -71,7 +85,7 @@ Outcome WriteJournal(Disk& disk, const std::filesystem::path& folder, const std:
   }
   text += kJournalFoot;
   const std::filesystem::path journal = JournalPath(folder, base);
-  const std::filesystem::path beside = Staged(folder, journal.filename().string());
+  const std::filesystem::path beside = StagedPath(journal);
   Outcome outcome = WriteAndFlush(disk, beside, text);
   if (outcome) {
     outcome = disk.Rename(beside, journal);
@@ -107,7 +121,7 @@ std::vector<std::string> NamesIn(std::string_view text) {
 Outcome RenameStaged(Disk& disk, const std::filesystem::path& folder,
                      const std::vector<std::string>& names) {
   for (const std::string& name : names) {
-    const std::filesystem::path staged = Staged(folder, name);
+    const std::filesystem::path staged = StagedPath(folder / name);
     if (!disk.Exists(staged)) {
       continue;
     }
@@ -118,13 +132,15 @@ Outcome RenameStaged(Disk& disk, const std::filesystem::path& folder,
   return disk.Flush(folder);
 }
 
+// The target of a staged file; empty when `entry` is no staged file.
+std::string TargetOf(const std::string& entry) {
+  return entry.ends_with(kStagedEnd) ? entry.substr(0, entry.size() - kStagedEnd.size()) : "";
+}
+
 void RemoveLeftovers(Disk& disk, const std::filesystem::path& folder, const std::string& base) {
   const auto entries = disk.List(folder);
   for (const std::string& entry : entries ? *entries : std::vector<std::string>{}) {
-    if (!entry.ends_with(kStagedEnd)) {
-      continue;
-    }
-    const std::string name = entry.substr(0, entry.size() - kStagedEnd.size());
+    const std::string name = TargetOf(entry);
     if (IsOwnFile(name, base) || name == JournalPath(folder, base).filename()) {
       static_cast<void>(disk.Remove(folder / entry));
     }
@@ -140,59 +156,138 @@ Outcome RemoveJournal(Disk& disk, const std::filesystem::path& folder, const std
   return disk.Flush(folder);
 }
 
-// Does what a journal tells and removes it.
-Outcome EndJournal(Disk& disk, const std::filesystem::path& folder, const std::string& base,
-                   const std::vector<std::string>& names) {
-  Outcome renamed = RenameStaged(disk, folder, names);
-  return renamed ? RemoveJournal(disk, folder, base) : renamed;
+// Names of a whole journal of the study's own; none of any other.
+std::vector<std::string> OwnNamesIn(std::string_view text, const std::string& base) {
+  std::vector<std::string> names = NamesIn(text);
+  const bool own = std::all_of(names.begin(), names.end(),
+                               [&base](const std::string& name) { return IsOwnFile(name, base); });
+  return own ? names : std::vector<std::string>{};
 }
 
-}  // namespace
-
-Outcome SaveFamily(Disk& disk, const std::filesystem::path& folder, const std::string& base,
-                   const std::vector<FamilyFile>& files) {
-  if (Outcome savable = ProveSavable(disk, folder, base, files); !savable) {
-    return savable;
+// Does what the journal tells and removes it. The caller has the study's lock.
+Outcome EndJournal(Disk& disk, const std::filesystem::path& folder, const std::string& base) {
+  const std::filesystem::path journal = JournalPath(folder, base);
+  const Result<std::string> text = disk.Read(journal);
+  if (!text) {
+    return text.error().IsMissing() ? Outcome(Done{}) : LeftHalfway(journal, text.error());
   }
-  if (Outcome finished = FinishSave(disk, folder, base); !finished) {
-    return finished;
+  Outcome ended = Done{};
+  if (const auto names = OwnNamesIn(*text, base); !names.empty()) {
+    ended = RenameStaged(disk, folder, names);
+  } else {
+    RemoveLeftovers(disk, folder, base);
+  }
+  ended = ended ? RemoveJournal(disk, folder, base) : ended;
+  return ended ? ended : LeftHalfway(journal, ended.error());
+}
+
+// Makes the save undone while every old file is still there. False: the journal stays, and with it
+// all that is staged, since half of it would be neither the old study nor the new one.
+bool TakeBack(Disk& disk, const std::filesystem::path& folder, const std::string& base,
+              const std::vector<FamilyFile>& files) {
+  const std::filesystem::path journal = JournalPath(folder, base);
+  if (disk.Exists(journal)) {
+    static_cast<void>(disk.Remove(journal));
+    if (disk.Exists(journal)) {
+      return false;
+    }
+    if (!disk.Flush(folder)) {
+      return true;  // should the journal come back after a power cut, it finds all that it tells of
+    }
+  }
+  RemoveStaged(disk, folder, files);
+  return true;
+}
+
+bool AllStaged(const Disk& disk, const std::filesystem::path& folder,
+               const std::vector<std::string>& names) {
+  return std::all_of(names.begin(), names.end(), [&](const std::string& name) {
+    return disk.Exists(StagedPath(folder / name));
+  });
+}
+
+// From the first byte to the last; the caller has the study's lock.
+Outcome SaveLocked(Disk& disk, const std::filesystem::path& folder, const std::string& base,
+                   const std::vector<FamilyFile>& files) {
+  if (Outcome ended = EndJournal(disk, folder, base); !ended) {
+    return ended;
   }
   RemoveLeftovers(disk, folder, base);
   Outcome outcome = StageAll(disk, folder, files);
   if (outcome) {
     outcome = WriteJournal(disk, folder, base, files);
   }
-  if (!outcome) {
-    // The journal first: while it stands, staged files still there would take their names.
-    static_cast<void>(disk.Remove(JournalPath(folder, base)));
-    RemoveStaged(disk, folder, files);
-    return outcome;
-  }
   std::vector<std::string> names;
   names.reserve(files.size());
   for (const FamilyFile& file : files) {
     names.push_back(file.name);
   }
-  return EndJournal(disk, folder, base, names);
+  const bool journal_stands = outcome.ok();
+  if (journal_stands) {
+    outcome = RenameStaged(disk, folder, names);
+  }
+  if (outcome) {
+    outcome = RemoveJournal(disk, folder, base);
+  } else if ((!journal_stands || AllStaged(disk, folder, names)) &&
+             TakeBack(disk, folder, base, files)) {
+    return outcome;
+  }
+  return outcome ? outcome : LeftHalfway(JournalPath(folder, base), outcome.error());
 }
 
-Outcome FinishSave(Disk& disk, const std::filesystem::path& folder, const std::string& base) {
-  const std::filesystem::path journal = JournalPath(folder, base);
-  if (!disk.Exists(journal)) {
+}  // namespace
+
+std::filesystem::path JournalPath(const std::filesystem::path& folder, const std::string& base) {
+  return folder / (base + std::string(kJournalEnd));
+}
+
+std::optional<std::string> BaseOfJournal(std::string_view file_name) {
+  if (!file_name.ends_with(kJournalEnd)) {
+    return std::nullopt;
+  }
+  return std::string(file_name.substr(0, file_name.size() - kJournalEnd.size()));
+}
+
+std::filesystem::path StagedPath(const std::filesystem::path& target) {
+  std::filesystem::path path = target;
+  return path += kStagedEnd;
+}
+
+Outcome SaveFamily(Disk& disk, const std::filesystem::path& folder, const std::string& base,
+                   const std::vector<FamilyFile>& files) {
+  if (Outcome savable = ProveSavable(disk, folder, base, files); !savable) {
+    return savable;
+  }
+  const auto lock = disk.Lock(LockPath(folder, base), kSavePatience);
+  if (!lock) {
+    return Busy(folder / files.back().name);
+  }
+  return SaveLocked(disk, folder, base, files);
+}
+
+Outcome FinishSave(Disk& disk, const std::filesystem::path& folder, const std::string& base,
+                   std::chrono::milliseconds patience) {
+  if (!disk.Exists(JournalPath(folder, base))) {
     return Done{};
   }
-  const Result<std::string> text = disk.Read(journal);
-  if (!text) {
-    return disk.Exists(journal) ? Outcome(text.error()) : Outcome(Done{});
+  const auto lock = disk.Lock(LockPath(folder, base), patience);
+  return lock ? EndJournal(disk, folder, base) : Busy(JournalPath(folder, base));
+}
+
+std::vector<std::string> PendingNames(const Disk& disk, const std::filesystem::path& folder,
+                                      const std::string& base) {
+  const Result<std::string> text = disk.Read(JournalPath(folder, base));
+  if (text || text.error().IsMissing()) {
+    return text ? OwnNamesIn(*text, base) : std::vector<std::string>{};
   }
-  const std::vector<std::string> names = NamesIn(*text);
-  const bool own = std::all_of(names.begin(), names.end(),
-                               [&base](const std::string& name) { return IsOwnFile(name, base); });
-  if (own && !names.empty()) {
-    return EndJournal(disk, folder, base, names);
+  std::vector<std::string> names;
+  const auto entries = disk.List(folder);
+  for (const std::string& entry : entries ? *entries : std::vector<std::string>{}) {
+    if (std::string name = TargetOf(entry); IsOwnFile(name, base)) {
+      names.push_back(std::move(name));
+    }
   }
-  RemoveLeftovers(disk, folder, base);
-  return RemoveJournal(disk, folder, base);
+  return names;
 }
 
 }  // namespace kalvo

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <chrono>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "study/disk.h"
@@ -13,10 +16,15 @@ struct FamilyFile {
   std::string bytes;
 };
 
+/// How long a save or an opening waits for another program that saves the same study.
+constexpr std::chrono::milliseconds kSavePatience{5000};
+
 /// Saves the files of one study as one unit. All are staged and flushed beside their targets, a
 /// journal is written, then each takes its name, in the order given (the main file last), and the
-/// journal goes. What an earlier save left is finished or discarded first. A failure before the
-/// journal stands leaves every old file as it was.
+/// journal goes. What an earlier save left is finished or discarded first; another save of the
+/// study at the same time is waited for. A failure before the first file has its name leaves every
+/// old file as it was and nothing else; a later one, or a journal that cannot be taken back, names
+/// the journal: the save is finished by whoever opens or saves the study next.
 /// `base`: the study's name without folder and extension.
 Outcome SaveFamily(Disk& disk, const std::filesystem::path& folder, const std::string& base,
                    const std::vector<FamilyFile>& files);
@@ -24,6 +32,24 @@ Outcome SaveFamily(Disk& disk, const std::filesystem::path& folder, const std::s
 /// Does what the journal of a save that was broken off tells of study `base`: finishes the save, or
 /// throws its staged files away when the journal is no whole one. Without a journal nothing is
 /// written: staged files may be those of a save under way, and the next save discards any other.
-Outcome FinishSave(Disk& disk, const std::filesystem::path& folder, const std::string& base);
+/// Error: it cannot be finished (PendingNames() tells how the study is read then), or of kind
+/// kBusy, that save is under way in another program.
+Outcome FinishSave(Disk& disk, const std::filesystem::path& folder, const std::string& base,
+                   std::chrono::milliseconds patience = kSavePatience);
+
+/// The journal of study `base`.
+std::filesystem::path JournalPath(const std::filesystem::path& folder, const std::string& base);
+
+/// The study whose journal bears this name; nothing when it is no journal's.
+std::optional<std::string> BaseOfJournal(std::string_view file_name);
+
+/// Where the new bytes of a study's file are until it takes its name.
+std::filesystem::path StagedPath(const std::filesystem::path& target);
+
+/// Names of the files that the journal of `base` tells of. The new bytes of each are the staged
+/// ones where they are still there, else its own: a journal is written when all are staged. None
+/// when there is no journal or no whole one. Of one that cannot be read: all that is staged.
+std::vector<std::string> PendingNames(const Disk& disk, const std::filesystem::path& folder,
+                                      const std::string& base);
 
 }  // namespace kalvo

@@ -4,10 +4,10 @@
 #include <optional>
 #include <utility>
 
-#include "study/digest.h"
-#include "study/family_save.h"
+#include "study/companions.h"
 #include "study/fluid_library.h"
 #include "study/recent_files.h"
+#include "study/settled_disk.h"
 #include "study/study_origin.h"
 #include "study/study_proof.h"
 #include "study/study_reset.h"
@@ -81,6 +81,7 @@ struct FoundStudy {
   Rows rows;
   std::vector<Copy> copies;
   std::string critical_branch;
+  std::uint64_t digest = 0;
 
   [[nodiscard]] bool Has(std::string_view work_name) const {
     return std::any_of(copies.begin(), copies.end(),
@@ -88,103 +89,116 @@ struct FoundStudy {
   }
 };
 
-// True when a companion's base, spelled as no other file of the study, is that of another study
-// which stands in the folder too, of either kind.
-bool BelongsToAnother(const Workbench& bench, const std::filesystem::path& companion) {
-  const std::string name = companion.filename().string();
-  const std::string main = bench.study.study_path.filename().string();
-  if (BaseOf(name) == BaseOf(main)) {
-    return false;
+// Reads one study, which a save that could not be finished may have left half renamed.
+class StudyReader {
+ public:
+  StudyReader(const Workbench& bench, SettledDisk& disk, std::filesystem::path main)
+      : bench_(bench), disk_(disk), main_(std::move(main)) {}
+
+  // Proved. Error: why it cannot be loaded.
+  Result<FoundStudy> Read() {
+    auto bytes = disk_.Read(main_);
+    if (!bytes) {
+      return bytes.error();
+    }
+    auto rows = ProveLoadable(bench_, main_, *bytes);
+    if (!rows) {
+      return rows.error();
+    }
+    found_.rows = std::move(rows).value();
+    Take(work_file::kRows, main_, std::move(bytes).value());
+    if (Outcome whole = ReadCompanions(); !whole) {
+      return whole.error();
+    }
+    found_.digest = FamilyDigest(disk_, main_, files_);
+    return std::move(found_);
   }
-  const auto entries = bench.workspace.outer_disk().List(companion.parent_path());
-  return entries && std::any_of(entries->begin(), entries->end(), [&](const std::string& entry) {
-           return entry != main && BaseOf(entry) == BaseOf(name) &&
-                  KindOfName(entry) != SystemKind::kNone;
-         });
-}
 
-// A companion of the study at `study path`, none when the kind or the folder has none.
-std::optional<std::filesystem::path> Companion(const Workbench& bench, std::string_view extension) {
-  const std::filesystem::path& main = bench.study.study_path;
-  const Disk& disk = bench.workspace.outer_disk();
-  const std::string name = std::string(BaseOf(main.filename().string())) + std::string(extension);
-  const std::filesystem::path path = AsInFolder(disk, main.parent_path() / name);
-  const bool is_own = !extension.empty() && disk.Exists(path) && !BelongsToAnother(bench, path);
-  return is_own ? std::optional(path) : std::nullopt;
-}
+ private:
+  void Take(std::string_view work_name, const std::filesystem::path& path, std::string bytes) {
+    files_.push_back({path.filename().string(), bytes});
+    found_.copies.push_back({work_name, std::move(bytes)});
+  }
 
-template <typename Row>
-Outcome FindCompanion(const Workbench& bench, std::string_view extension,
-                      std::string_view work_name, FoundStudy& found) {
-  const auto path = Companion(bench, extension);
-  if (!path) {
+  template <typename Row>
+  Outcome ReadCompanion(std::string_view extension, std::string_view work_name) {
+    const auto path = CompanionOf(disk_, main_, extension);
+    if (!path) {
+      return Done{};
+    }
+    const auto rows = RowFile<Row>(disk_, *path).ReadAll();
+    if (!rows) {
+      return rows.error();
+    }
+    if (const std::string bad = FirstBadNumber(*rows); !bad.empty()) {
+      return FileError{*path, bad};
+    }
+    Take(work_name, *path, EncodeRows<Row>(*rows));
     return Done{};
   }
-  const auto rows = RowFile<Row>(bench.workspace.outer_disk(), *path).ReadAll();
-  if (!rows) {
-    return rows.error();
-  }
-  if (const std::string bad = FirstBadNumber(*rows); !bad.empty()) {
-    return FileError{*path, bad};
-  }
-  found.copies.push_back({work_name, EncodeRows<Row>(*rows)});
-  return Done{};
-}
 
-Outcome FindSequence(const Workbench& bench, std::string_view extension, FoundStudy& found) {
-  const auto path = Companion(bench, extension);
-  if (!path) {
+  Outcome ReadSequence(std::string_view extension) {
+    const auto path = CompanionOf(disk_, main_, extension);
+    if (!path) {
+      return Done{};
+    }
+    auto text = disk_.Read(*path);
+    if (!text) {
+      return text.error();
+    }
+    if (const auto lines = SplitLines(*text); !lines.empty()) {
+      found_.critical_branch = Unquoted(lines.front());
+    }
+    files_.push_back({path->filename().string(), std::move(text).value()});
     return Done{};
   }
-  const auto text = bench.workspace.outer_disk().Read(*path);
-  if (!text) {
-    return text.error();
-  }
-  if (const auto lines = SplitLines(*text); !lines.empty()) {
-    found.critical_branch = Unquoted(lines.front());
-  }
-  return Done{};
-}
 
-Outcome FindCompanions(const Workbench& bench, FoundStudy& found) {
-  const StudyExtensions& extensions = ExtensionsOf(bench.study.system_kind);
-  Outcome outcome = FindSequence(bench, extensions.sequence, found);
-  if (outcome) {
-    outcome = FindCompanion<StatRow>(bench, extensions.statistics, work_file::kStatistics, found);
+  Outcome ReadCompanions() {
+    const StudyExtensions& extensions = ExtensionsOf(bench_.study.system_kind);
+    Outcome outcome = ReadSequence(extensions.sequence);
+    if (outcome) {
+      outcome = ReadCompanion<StatRow>(extensions.statistics, work_file::kStatistics);
+    }
+    if (outcome) {
+      outcome = ReadCompanion<SectionRow>(extensions.winter, work_file::kWinter);
+    }
+    if (outcome) {
+      outcome = ReadCompanion<FluidRow>(extensions.fluid, work_file::kFluid);
+    }
+    return outcome;
   }
-  if (outcome) {
-    outcome = FindCompanion<SectionRow>(bench, extensions.winter, work_file::kWinter, found);
-  }
-  if (outcome) {
-    outcome = FindCompanion<FluidRow>(bench, extensions.fluid, work_file::kFluid, found);
-  }
-  return outcome;
-}
 
-// The study at `study path`, proved; what a broken-off save left of it is settled first.
+  const Workbench& bench_;
+  SettledDisk& disk_;
+  std::filesystem::path main_;
+  FoundStudy found_;
+  std::vector<FamilyFile> files_;
+};
+
+// The study at `study path`, once what a broken-off save left of it is settled. What another
+// program saves while it is read is read again. A journal that could not be finished is named when
+// the study cannot be read.
 Result<FoundStudy> FindStudy(Workbench& bench) {
+  constexpr int kTries = 5;
   std::filesystem::path& path = bench.study.study_path;
-  Disk& disk = bench.workspace.outer_disk();
-  const std::string name = path.filename().string();
-  if (Outcome ended = FinishSave(disk, path.parent_path(), std::string(BaseOf(name))); !ended) {
-    return ended.error();
+  for (int tries = 0; tries < kTries; ++tries) {
+    auto disk = SettleStudy(bench.workspace.outer_disk(), path);
+    if (!disk) {
+      return disk.error();
+    }
+    path = AsInFolder(*disk, path);
+    const std::filesystem::path main = BehindLink(*disk, path);
+    auto found = StudyReader(bench, *disk, main).Read();
+    if (!found && !disk->journal().empty()) {
+      return FileError{disk->journal(),
+                       "Μια αποθήκευση της Μελέτης έμεινε στη μέση (" + found.error().Line() + ")"};
+    }
+    if (!found || found->digest == FamilyDigest(*disk, main)) {
+      return found;
+    }
   }
-  path = AsInFolder(disk, path);
-  auto bytes = disk.Read(path);
-  if (!bytes) {
-    return bytes.error();
-  }
-  auto rows = ProveLoadable(bench, path, *bytes);
-  if (!rows) {
-    return rows.error();
-  }
-  FoundStudy found;
-  found.rows = std::move(rows).value();
-  found.copies.push_back({work_file::kRows, std::move(bytes).value()});
-  if (Outcome whole = FindCompanions(bench, found); !whole) {
-    return whole.error();
-  }
-  return found;
+  return FileError{path, "Η Μελέτη αλλάζει αυτή τη στιγμή από άλλο πρόγραμμα",
+                   FileErrorKind::kBusy};
 }
 
 // State, tables and emitter file from the work files.
@@ -221,12 +235,10 @@ Outcome TakeOver(Workbench& bench, const FoundStudy& found) {
   study.study_path = path;
   study.critical_branch = found.critical_branch;
   study.fluid_assumed = !found.Has(work_file::kFluid);
+  study.saved_digest = found.digest;
   RebuildNameState(bench);
   NoteOrigin(bench.workspace, bench.study.study_path);
   for (const FoundStudy::Copy& copy : found.copies) {
-    if (copy.work_name == work_file::kRows) {
-      study.saved_digest = Digest(copy.bytes);
-    }
     bench.workspace.Pause();
     if (Outcome written = bench.workspace.Write(copy.work_name, copy.bytes); !written) {
       return written;
@@ -246,7 +258,7 @@ Result<FoundStudy> FindGivenStudy(Workbench& bench) {
   if (!path) {
     return path.error();
   }
-  study.study_path = AsInFolder(bench.workspace.outer_disk(), *path);
+  study.study_path = *path;
   return FindStudy(bench);
 }
 

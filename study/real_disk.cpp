@@ -1,6 +1,7 @@
 #include "study/real_disk.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -10,6 +11,7 @@
 #include <cstdio>
 #include <limits>
 #include <system_error>
+#include <thread>
 #include <utility>
 
 namespace kalvo {
@@ -67,6 +69,11 @@ class Descriptor {
  public:
   Descriptor(const fs::path& path, int flags)
       : number_(open(path.c_str(), flags | O_CLOEXEC, 0666)) {}
+  Descriptor(Descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
+  Descriptor& operator=(Descriptor&& other) noexcept {
+    std::swap(number_, other.number_);
+    return *this;
+  }
   Descriptor(const Descriptor&) = delete;
   Descriptor& operator=(const Descriptor&) = delete;
   ~Descriptor() {
@@ -84,6 +91,62 @@ class Descriptor {
  private:
   int number_;
 };
+
+// The user's own file is protected by its mode alone, which binds root too; whether another's may
+// be written the system knows.
+bool IsWritable(const fs::path& path, const struct stat& found) {
+  return (found.st_mode & S_IWUSR) != 0 &&
+         (found.st_uid == geteuid() || access(path.c_str(), W_OK) == 0);
+}
+
+// Reasons of a medium that has nothing to force for a folder.
+bool LacksFolderSync(int error_number) {
+  constexpr std::array kLacking = {EINVAL, ENOTSUP, ENOSYS, EROFS, EBADF, EACCES, EPERM};
+  return std::find(kLacking.begin(), kLacking.end(), error_number) != kLacking.end();
+}
+
+// A file that is locked as long as it is open, and removed by who made or took it over.
+class LockFile : public DiskLock {
+ public:
+  LockFile(Descriptor file, fs::path path) : file_(std::move(file)), path_(std::move(path)) {}
+  LockFile(const LockFile&) = delete;
+  LockFile& operator=(const LockFile&) = delete;
+  // Removed while it is still locked: who waits for it sees that it lost its name.
+  ~LockFile() override { unlink(path_.c_str()); }
+
+ private:
+  Descriptor file_;
+  fs::path path_;
+};
+
+bool BearsName(const Descriptor& file, const fs::path& path) {
+  struct stat opened {};
+  struct stat named {};
+  return fstat(file.number(), &opened) == 0 && stat(path.c_str(), &named) == 0 &&
+         opened.st_dev == named.st_dev && opened.st_ino == named.st_ino;
+}
+
+// Nothing when another has it. Where there are no locks, or none can be made, it bars nobody.
+std::unique_ptr<DiskLock> TryLock(const fs::path& path) {
+  Descriptor file(path, O_RDWR | O_CREAT | O_NOFOLLOW);
+  const bool own = file.is_open();
+  if (!own) {  // another user's can be locked all the same
+    file = Descriptor(path, O_RDONLY | O_NOFOLLOW | O_NONBLOCK);
+  }
+  if (!file.is_open()) {
+    return std::make_unique<DiskLock>();
+  }
+  if (flock(file.number(), LOCK_EX | LOCK_NB) == 0) {
+    return BearsName(file, path) ? std::make_unique<LockFile>(std::move(file), path) : nullptr;
+  }
+  if (errno == EWOULDBLOCK || errno == EINTR) {
+    return nullptr;
+  }
+  if (own) {
+    unlink(path.c_str());
+  }
+  return std::make_unique<DiskLock>();
+}
 
 bool WriteAll(int file, std::string_view bytes) {
   while (!bytes.empty()) {
@@ -116,9 +179,9 @@ Result<std::optional<FileStatus>> RealDisk::Status(const fs::path& path) const {
     const FileError error = LastError(path);
     return error.IsMissing() ? Result(std::optional<FileStatus>()) : error;
   }
-  return std::optional(FileStatus{static_cast<std::uint64_t>(found.st_size),
-                                  S_ISDIR(found.st_mode) != 0,
-                                  static_cast<std::int64_t>(found.st_mtime)});
+  return std::optional(
+      FileStatus{static_cast<std::uint64_t>(found.st_size), S_ISDIR(found.st_mode) != 0,
+                 static_cast<std::int64_t>(found.st_mtime), IsWritable(path, found)});
 }
 
 Result<std::string> RealDisk::Read(const fs::path& path) const {
@@ -163,20 +226,21 @@ Outcome RealDisk::Write(const fs::path& path, std::string bytes) {
 
 Outcome RealDisk::Flush(const fs::path& path) {
   const Descriptor file(path, O_RDONLY);
-  // Some file systems have nothing to force for a folder and say so with EINVAL.
-  if (!file.is_open() || (fsync(file.number()) != 0 && errno != EINVAL)) {
-    return LastError(path);
+  if (file.is_open() && fsync(file.number()) == 0) {
+    return Done{};
   }
-  return Done{};
+  const bool lacking = LacksFolderSync(errno);
+  const FileError error = LastError(path);
+  return lacking && IsFolder(path) ? Outcome(Done{}) : error;
 }
 
-// A file that takes the place of another is read and written by whom the other was.
+// A file that takes the place of another is read and written by whom the other was, where the
+// medium and the owner let it.
 Outcome RealDisk::Rename(const fs::path& from, const fs::path& to) {
   struct stat replaced {};
   constexpr mode_t kPermissions = 0777;
-  if (stat(to.c_str(), &replaced) == 0 &&
-      chmod(from.c_str(), replaced.st_mode & kPermissions) != 0) {
-    return LastError(from);
+  if (stat(to.c_str(), &replaced) == 0) {
+    static_cast<void>(chmod(from.c_str(), replaced.st_mode & kPermissions));
   }
   if (rename(from.c_str(), to.c_str()) != 0) {
     return LastError(to);
@@ -214,6 +278,35 @@ Result<std::vector<std::string>> RealDisk::List(const fs::path& folder) const {
   }
   std::sort(names.begin(), names.end());
   return names;
+}
+
+// Step by step, since the end need not be there.
+fs::path RealDisk::Resolve(const fs::path& path) const {
+  constexpr int kMostLinks = 40;
+  std::error_code error;
+  fs::path end = path;
+  for (int links = 0; fs::is_symlink(end, error) && links < kMostLinks; ++links) {
+    end = end.parent_path() / fs::read_symlink(end, error);
+  }
+  if (end != path) {
+    end = fs::weakly_canonical(end, error);
+  }
+  return error ? path : end;
+}
+
+Result<std::unique_ptr<DiskLock>> RealDisk::Lock(const fs::path& path,
+                                                 std::chrono::milliseconds patience) {
+  constexpr std::chrono::milliseconds kPause{10};
+  const auto end = std::chrono::steady_clock::now() + patience;
+  for (;;) {
+    if (auto lock = TryLock(path)) {
+      return lock;
+    }
+    if (std::chrono::steady_clock::now() >= end) {
+      return FileError{path, "Το χρησιμοποιεί άλλο πρόγραμμα", FileErrorKind::kBusy};
+    }
+    std::this_thread::sleep_for(kPause);
+  }
 }
 
 }  // namespace kalvo

@@ -19,6 +19,10 @@ class RealDisk : public Disk {
   Outcome MakeFolder(const std::filesystem::path& path) override;
   [[nodiscard]] Result<std::vector<std::string>> List(
       const std::filesystem::path& folder) const override;
+  [[nodiscard]] std::filesystem::path Resolve(const std::filesystem::path& path) const override;
+  /// A file of that name while the lock lives, which a program that was killed leaves behind.
+  [[nodiscard]] Result<std::unique_ptr<DiskLock>> Lock(const std::filesystem::path& path,
+                                                       std::chrono::milliseconds patience) override;
 };
 
 /// The Greek reason for an error number of the system.

@@ -11,7 +11,8 @@ namespace kalvo {
 enum class FileErrorKind {
   kOther,
   kMissing,  ///< the file is surely not there
-  kFull      ///< the disk, or the user's share of it, has no room
+  kFull,     ///< the disk, or the user's share of it, has no room
+  kBusy      ///< another program is at it
 };
 
 /// Why the world said no: the file concerned and the reason, in Greek, ready to be shown.

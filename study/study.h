@@ -97,7 +97,7 @@ struct Study {
   std::string study_base_name;
   std::string study_short_name;
   std::filesystem::path study_folder;
-  std::optional<std::uint64_t> saved_digest;  ///< of the main file as last loaded or saved
+  std::optional<std::uint64_t> saved_digest;  ///< of its files as last loaded or saved
   std::string study_date;
   std::string study_time;
 

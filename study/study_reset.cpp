@@ -54,6 +54,11 @@ std::filesystem::path AsInFolder(const Disk& disk, const std::filesystem::path& 
   return other && *other ? folder / **other : path;
 }
 
+std::filesystem::path BehindLink(const Disk& disk, const std::filesystem::path& path) {
+  std::filesystem::path end = disk.Resolve(path);
+  return KindOfName(end.string()) == KindOfName(path.string()) ? end : path;
+}
+
 void RebuildNameState(Workbench& bench) {
   Study& study = bench.study;
   study.last_study_path = study.study_path;

@@ -22,6 +22,10 @@ Result<std::filesystem::path> FullStudyPath(const Study& study);
 /// not there keeps the path given.
 std::filesystem::path AsInFolder(const Disk& disk, const std::filesystem::path& path);
 
+/// Where the files of the study at `path` are: for a link to a main file of the same kind where it
+/// leads, else the path itself.
+std::filesystem::path BehindLink(const Disk& disk, const std::filesystem::path& path);
+
 /// Base name, short name, folder, date (dd/MM/yyyy), time (HH:mm:ss) and last path from
 /// `study path`.
 void RebuildNameState(Workbench& bench);

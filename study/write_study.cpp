@@ -1,8 +1,8 @@
 #include "study/write_study.h"
 
-#include "study/digest.h"
-#include "study/family_save.h"
+#include "study/companions.h"
 #include "study/fluid_library.h"
+#include "study/settled_disk.h"
 #include "study/study_origin.h"
 #include "study/study_reset.h"
 #include "study/tables.h"
@@ -65,20 +65,10 @@ Outcome RefreshSequence(Workbench& bench) {
                                                          Quoted(bench.study.branch_mode) + "\n");
 }
 
-// The path that a file of the study bears already, in whatever case its extension is written.
-std::filesystem::path OwnPath(const Workbench& bench, const std::filesystem::path& path) {
-  const auto entry = AsInFolder(bench.workspace.outer_disk(), path);
-  const bool own = BaseOf(entry.filename().string()) == BaseOf(path.filename().string());
-  return own ? entry : path;
-}
-
 class Family {
  public:
   explicit Family(const Workbench& bench)
-      : bench_(bench),
-        folder_(bench.study.study_path.parent_path()),
-        main_name_(bench.study.study_path.filename().string()),
-        base_(BaseOf(main_name_)) {}
+      : bench_(bench), main_(BehindLink(bench.workspace.outer_disk(), bench.study.study_path)) {}
 
   // Adds a copy of the work file under `extension` if it is there and the kind has such a file.
   template <typename Row>
@@ -105,13 +95,20 @@ class Family {
 
   // The main file, which is to be the last, and all is saved.
   Outcome SaveWith(std::string rows) {
-    Add(main_name_, std::move(rows));
-    return SaveFamily(bench_.workspace.outer_disk(), folder_, base_, files_);
+    const std::string name = main_.filename().string();
+    Add(name, std::move(rows));
+    return SaveFamily(bench_.workspace.outer_disk(), main_.parent_path(), std::string(BaseOf(name)),
+                      files_);
+  }
+
+  // Of what is on disk after the save.
+  [[nodiscard]] std::uint64_t Digest() const {
+    return FamilyDigest(bench_.workspace.outer_disk(), main_, files_);
   }
 
  private:
   [[nodiscard]] std::string NameOf(std::string_view extension) const {
-    return OwnPath(bench_, folder_ / (base_ + std::string(extension))).filename().string();
+    return CompanionTarget(bench_.workspace.outer_disk(), main_, extension).filename().string();
   }
 
   void Add(std::string name, std::string bytes) {
@@ -120,9 +117,7 @@ class Family {
   }
 
   const Workbench& bench_;
-  std::filesystem::path folder_;
-  std::string main_name_;
-  std::string base_;
+  std::filesystem::path main_;
   std::vector<FamilyFile> files_;
 };
 
@@ -146,7 +141,13 @@ Outcome SaveFiles(Workbench& bench, std::string rows) {
   if (outcome) {
     outcome = family.AddRows<FluidRow>(work_file::kFluid, extensions.fluid);
   }
-  return outcome ? family.SaveWith(std::move(rows)) : outcome;
+  if (outcome) {
+    outcome = family.SaveWith(std::move(rows));
+  }
+  if (outcome) {
+    bench.study.saved_digest = family.Digest();
+  }
+  return outcome;
 }
 
 }  // namespace
@@ -162,12 +163,15 @@ Outcome WriteStudy(Workbench& bench) {
   if (!path) {
     return path.error();
   }
+  const auto settled = SettleStudy(bench.workspace.outer_disk(), *path);
+  if (!settled) {
+    return settled.error();
+  }
   auto rows = PrepareRows(bench);
   if (!rows) {
     return rows.error();
   }
-  study.study_path = OwnPath(bench, *path);
-  const std::uint64_t digest = Digest(*rows);
+  study.study_path = OwnFile(*settled, *path);
   Outcome outcome = SaveFiles(bench, std::move(rows).value());
   if (outcome && bench.workspace.Exists(work_file::kFluid)) {
     outcome = LoadStudyFluid(bench);
@@ -175,7 +179,6 @@ Outcome WriteStudy(Workbench& bench) {
   if (!outcome) {
     return outcome;
   }
-  study.saved_digest = digest;
   study.unsaved_changes = false;
   if (study.CalcStatus == calc_status::kNameAccepted) {
     study.CalcStatus = calc_status::kNothing;

@@ -125,5 +125,33 @@ TEST_F(Save, PlaceThatCannotBeWrittenIsNamed) {
              "Είναι φάκελος και όχι αρχείο : " + bench_.Path("new.STC"), Results::kTold);
 }
 
+TEST_F(Save, AProtectedFileAndTheOtherKindsFluidAreReplacedOnWishOnly) {
+  std::filesystem::permissions(study_, std::filesystem::perms::owner_read);
+  ExpectKept({"calc", study_, "--save", study_}, 6, "προστατευμένο από εγγραφή (--overwrite");
+  EXPECT_EQ(bench_.Run({"calc", study_, "--save", study_, "--overwrite"}).code, 0);
+  EXPECT_FALSE(*RealDisk().Status(study_)->writable) << "the new file is protected as the old was";
+
+  bench_.Put("twin.PCA", "");
+  bench_.Put("twin.LQD", "another fluid");
+  ExpectKept({"calc", study_, "--save", bench_.Path("twin.PCK")}, 6,
+             "ανήκει και σε Μελέτη του άλλου είδους (--overwrite το αντικαθιστά) : " +
+                 bench_.Path("twin.LQD"));
+  EXPECT_EQ(bench_.Run({"calc", study_, "--save", bench_.Path("twin.PCK"), "--overwrite"}).code, 0);
+}
+
+TEST_F(Save, AStudyBehindALinkOrWithItsFirstSaveBrokenOffIsFound) {
+  const auto link = bench_.studies() / "link.PCK";
+  std::filesystem::create_symlink("study.PCK", link);
+  EXPECT_EQ(bench_.Run({"calc", link, "--save", link}).code, 0) << "it is the study itself";
+  EXPECT_THAT(NamesOf(bench_.Studies()),
+              ElementsAre("link.PCK", "study.LQD", "study.PCK", "study.STC"));
+
+  RealDisk disk;
+  ASSERT_TRUE(disk.Rename(study_, bench_.Path("half.PCK.new~")).ok());
+  ASSERT_TRUE(disk.Write(bench_.Path("half.saving~"), "KALVOFLUME 1\nhalf.PCK\nTELOS\n").ok());
+  EXPECT_EQ(bench_.Run({"show", bench_.Path("half")}).code, 0);
+  EXPECT_TRUE(bench_.Studies().contains("half.PCK"));
+}
+
 }  // namespace
 }  // namespace kalvo

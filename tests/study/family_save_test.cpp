@@ -6,11 +6,14 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <array>
 #include <csignal>
 #include <random>
+#include <set>
 
 #include "study/load_study.h"
 #include "study/real_disk.h"
+#include "study/settled_disk.h"
 #include "study/write_study.h"
 #include "tests/support/failing_disk.h"
 #include "tests/support/sample_study.h"
@@ -90,6 +93,43 @@ TEST(SaveFamily, EndsWellWhileOthersOpenTheStudy) {
   EXPECT_EQ(ImageOf(disk, kFolder), (FolderImage{{"b.LQD", "new"}, {"b.PCK", "new"}}));
 }
 
+// A disk that gives no file the name `to`.
+class RefusingDisk : public ForwardingDisk {
+ public:
+  RefusingDisk(Disk& inner, std::string to) : ForwardingDisk(inner), to_(std::move(to)) {}
+  Outcome Rename(const fs::path& from, const fs::path& to) override {
+    return to.filename() == to_ ? FileError{to, "Σφάλμα του δίσκου"} : inner_.Rename(from, to);
+  }
+
+ private:
+  std::string to_;
+};
+
+TEST(SaveFamily, IsTakenBackUntilTheFirstFileHasItsNameAndFinishedLaterFromThenOn) {
+  const FolderImage old = {{"b.LQD", "old"}, {"b.PCK", "old"}};
+  const std::vector<FamilyFile> files = {{"b.LQD", "new"}, {"b.PCK", "new"}};
+  MemoryDisk disk;
+  for (const auto& [name, bytes] : old) {
+    ASSERT_TRUE(disk.Write(kFolder / name, bytes).ok());
+  }
+  RefusingDisk first(disk, "b.LQD");
+  const Outcome refused = SaveFamily(first, kFolder, "b", files);
+  ASSERT_FALSE(refused.ok());
+  EXPECT_EQ(refused.error().file, kFolder / "b.LQD");
+  EXPECT_EQ(ImageOf(disk, kFolder), old) << "not saved, and nothing left of it";
+
+  RefusingDisk second(disk, "b.PCK");
+  const Outcome halfway = SaveFamily(second, kFolder, "b", files);
+  ASSERT_FALSE(halfway.ok());
+  EXPECT_EQ(halfway.error().file, kFolder / "b.saving~");
+  EXPECT_NE(halfway.error().reason.find("/studies/b.PCK"), std::string::npos);
+  const Outcome again = SaveFamily(second, kFolder, "b", {{"b.PCK", "newest"}});
+  ASSERT_FALSE(again.ok());
+  EXPECT_EQ(again.error().file, kFolder / "b.saving~") << "a later save first finishes it";
+  ASSERT_TRUE(FinishSave(disk, kFolder, "b").ok());
+  EXPECT_EQ(ImageOf(disk, kFolder), (FolderImage{{"b.LQD", "new"}, {"b.PCK", "new"}}));
+}
+
 TEST(SaveFamily, RefusesNamesThatItsJournalCouldNotTell) {
   MemoryDisk disk;
   for (const auto& [base, name] :
@@ -116,6 +156,8 @@ class DiskStudy {
     study_.study_path = path_;
     return WriteStudy(bench_);
   }
+
+  [[nodiscard]] std::string LastBox() const { return prompter_.boxes().back().lines.back(); }
 
   // The title that a load finds in every file of the family, "torn" when they differ.
   std::string LoadedTitle() {
@@ -213,6 +255,111 @@ TEST(SaveKilled, AtAnyMomentLeavesAWholeStudy) {
   }
 }
 
+TEST(SavesAtOneTime, NeverMixThoughOneIsKilledAndAnotherReads) {
+  const DiskBench place;
+  ASSERT_TRUE(DiskStudy(place).Save("Α").ok());
+  const auto save_often = [&](const char* title) {
+    return InChild([&, title] {
+      bool saved = true;
+      for (int i = 0; saved && i < 60; ++i) {
+        saved = DiskStudy(place).Save(title).ok();
+      }
+      return saved ? 0 : 1;
+    });
+  };
+  const std::array savers = {save_often("Α"), save_often("Β"), save_often("Γ")};
+  std::set<std::string> seen;
+  for (int i = 0; i < 40; ++i) {
+    seen.insert(DiskStudy(place).LoadedTitle());
+  }
+  ASSERT_EQ(kill(savers[2], SIGKILL), 0);
+  EXPECT_TRUE(EndedWell(savers[0]) && EndedWell(savers[1])) << "the lock of a killed one is free";
+  static_cast<void>(EndedWell(savers[2]));
+  seen.insert(DiskStudy(place).LoadedTitle());
+  for (const std::string& title : seen) {
+    EXPECT_TRUE(title == "Α" || title == "Β" || title == "Γ") << title;
+  }
+  ASSERT_TRUE(DiskStudy(place).Save("Δ").ok());
+  ExpectFourFiles(place);
+}
+
+TEST(SavesAtOneTime, OneThatWaitedLongEnoughIsRefusedAndSettlesNothing) {
+  const DiskBench place;
+  RealDisk disk;
+  for (const auto& [name, bytes] : {std::pair("b.PCK", "old"), std::pair("b.PCK.new~", "new"),
+                                    std::pair("b.saving~", "KALVOFLUME 1\nb.PCK\nTELOS\n")}) {
+    ASSERT_TRUE(disk.Write(place.studies() / name, bytes).ok());
+  }
+  {
+    const auto held = disk.Lock(place.studies() / "b.saving~.lock~", {});
+    ASSERT_TRUE(held.ok());
+    const FolderImage before = ImageOf(disk, place.studies());
+    const Outcome refused = FinishSave(disk, place.studies(), "b", {});
+    ASSERT_FALSE(refused.ok());
+    EXPECT_EQ(refused.error().kind, FileErrorKind::kBusy);
+    EXPECT_EQ(ImageOf(disk, place.studies()), before);
+  }
+  EXPECT_TRUE(FinishSave(disk, place.studies(), "b", {}).ok());
+  EXPECT_EQ(ImageOf(disk, place.studies()), (FolderImage{{"b.PCK", "new"}}));
+}
+
+// Whatever part of a first or a later save was renamed, on a medium where nothing can be changed.
+TEST(UnfinishedSave, IsReadWholeWhereItCannotBeFinished) {
+  const DiskBench place;
+  ASSERT_TRUE(DiskStudy(place).Save("Νέα").ok());
+  RealDisk real;
+  const FolderImage fresh = ImageOf(real, place.studies());
+  const std::vector<std::string> names = {"b.STC", "b.WNT", "b.LQD", "b.PCK"};
+  std::string journal = "KALVOFLUME 1\n";
+  for (const std::string& name : names) {
+    journal += name + "\n";
+  }
+  ASSERT_TRUE(DiskStudy(place).Save("Παλιά").ok());
+  const FolderImage old = ImageOf(real, place.studies());
+  const auto put = [&](const std::string& name, const std::string& bytes) {
+    ASSERT_TRUE(real.Write(place.studies() / name, bytes).ok());
+  };
+  FailingDisk only_read(real);
+  only_read.FailAtOperation(1, FailingDisk::Lasting::kFromThenOn);
+  UnreadableDisk barred(only_read);
+  for (const bool first_save : {false, true}) {
+    for (std::size_t renamed = 0; renamed <= names.size(); ++renamed) {
+      SCOPED_TRACE(renamed);
+      for (std::size_t i = 0; i < names.size(); ++i) {
+        static_cast<void>(real.Remove(place.studies() / names[i]).ok());
+        static_cast<void>(real.Remove(place.studies() / (names[i] + ".new~")).ok());
+        if (i >= renamed && !first_save) put(names[i], old.at(names[i]));
+        put(names[i] + (i < renamed ? "" : ".new~"), fresh.at(names[i]));
+      }
+      put("b.saving~", journal + "TELOS\n");
+      EXPECT_EQ(DiskStudy(place, barred).LoadedTitle(), "Νέα");
+      barred.Bar("b.saving~");
+      EXPECT_EQ(DiskStudy(place, barred).LoadedTitle(), "Νέα") << "not even the journal is read";
+      barred.Mend();
+      EXPECT_EQ(SettleFolder(only_read, place.studies()).Exists(place.studies() / "b.PCK"), true);
+    }
+  }
+  put("b.PCK.new~", "torn");
+  DiskStudy study(place, only_read);
+  EXPECT_EQ(study.LoadedTitle(), "not loaded");
+  EXPECT_NE(study.LastBox().find("b.saving~"), std::string::npos);
+  EXPECT_FALSE(study.Save("Νεότερη").ok());
+}
+
+TEST(SaveBehindALink, GoesWhereItLeads) {
+  const DiskBench place;
+  const fs::path home = place.folder() / "share";
+  ASSERT_TRUE(RealDisk().MakeFolder(home).ok());
+  fs::create_symlink("../share/real.PCK", place.studies() / "b.PCK");
+  ASSERT_TRUE(DiskStudy(place).Save("Πρώτη").ok()) << "it leads to nothing yet";
+  ASSERT_TRUE(DiskStudy(place).Save("Δεύτερη").ok());
+  EXPECT_EQ(*RealDisk().List(place.studies()), std::vector<std::string>{"b.PCK"});
+  EXPECT_TRUE(fs::is_symlink(place.studies() / "b.PCK"));
+  EXPECT_EQ(*RealDisk().List(home),
+            (std::vector<std::string>{"real.LQD", "real.PCK", "real.STC", "real.WNT"}));
+  EXPECT_EQ(DiskStudy(place).LoadedTitle(), "Δεύτερη");
+}
+
 TEST(SaveOnAFullDisk, FailsByNameAndLeavesTheOldStudy) {
   const DiskBench place;
   ASSERT_TRUE(DiskStudy(place).Save("Παλιά").ok());
@@ -234,6 +381,12 @@ TEST(SaveOnAFullDisk, FailsByNameAndLeavesTheOldStudy) {
   }
   ASSERT_TRUE(DiskStudy(place).Save("Νέα").ok());
   EXPECT_EQ(DiskStudy(place).LoadedTitle(), "Νέα");
+}
+
+TEST(OnTheDisk, AFolderThatCannotBeForcedIsNoErrorAndAFileIs) {
+  EXPECT_TRUE(RealDisk().Flush("/proc").ok());
+  EXPECT_FALSE(RealDisk().Flush("/dev/null").ok());
+  EXPECT_FALSE(RealDisk().Flush("/proc/none").ok());
 }
 
 TEST(OnTheDisk, AMissingFolderIsNamedAndAPipeIsNoFile) {

@@ -6,43 +6,9 @@
 #include <string>
 #include <string_view>
 
-#include "study/disk.h"
+#include "study/forwarding_disk.h"
 
 namespace kalvo {
-
-/// Passes everything on to another disk.
-class ForwardingDisk : public Disk {
- public:
-  explicit ForwardingDisk(Disk& inner) : inner_(inner) {}
-
-  [[nodiscard]] Result<std::optional<FileStatus>> Status(
-      const std::filesystem::path& path) const override {
-    return inner_.Status(path);
-  }
-  [[nodiscard]] Result<std::string> Read(const std::filesystem::path& path) const override {
-    return inner_.Read(path);
-  }
-  [[nodiscard]] Result<std::string> ReadHead(const std::filesystem::path& path,
-                                             std::size_t length) const override {
-    return inner_.ReadHead(path, length);
-  }
-  Outcome Write(const std::filesystem::path& path, std::string bytes) override {
-    return inner_.Write(path, bytes);
-  }
-  Outcome Flush(const std::filesystem::path& path) override { return inner_.Flush(path); }
-  Outcome Rename(const std::filesystem::path& from, const std::filesystem::path& to) override {
-    return inner_.Rename(from, to);
-  }
-  Outcome Remove(const std::filesystem::path& path) override { return inner_.Remove(path); }
-  Outcome MakeFolder(const std::filesystem::path& path) override { return inner_.MakeFolder(path); }
-  [[nodiscard]] Result<std::vector<std::string>> List(
-      const std::filesystem::path& folder) const override {
-    return inner_.List(folder);
-  }
-
- protected:
-  Disk& inner_;
-};
 
 /// A disk that runs full after a count of bytes, or fails at one of its changing operations
 /// (Write, Flush, Rename, Remove, MakeFolder, counted from 1). What a failing write got onto the
@@ -163,6 +129,12 @@ class KillingDisk : public ForwardingDisk {
   Outcome Remove(const std::filesystem::path& path) override { return Step(inner_.Remove(path)); }
   Outcome MakeFolder(const std::filesystem::path& path) override {
     return Step(inner_.MakeFolder(path));
+  }
+  Result<std::unique_ptr<DiskLock>> Lock(const std::filesystem::path& path,
+                                         std::chrono::milliseconds patience) override {
+    auto lock = inner_.Lock(path, patience);
+    static_cast<void>(Step(Done{}));
+    return lock;
   }
 
  private:
