@@ -57,6 +57,9 @@ constexpr Key Ctrl(KeyCode code) { return {code, 0, true, false, false}; }
 constexpr Key Ctrl(char letter) {
   return {KeyCode::kCharacter, static_cast<char32_t>(letter), true, false, false};
 }
+constexpr Key CtrlShift(char letter) {
+  return {KeyCode::kCharacter, static_cast<char32_t>(letter), true, true, false};
+}
 constexpr Key Alt(char letter) {
   return {KeyCode::kCharacter, static_cast<char32_t>(letter), false, false, true};
 }

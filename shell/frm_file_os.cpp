@@ -4,6 +4,7 @@
 
 #include "form/tell.h"
 #include "shell/folder_tree.h"
+#include "shell/proposed_name.h"
 #include "shell/search_text.h"
 #include "shell/studies_index.h"
 #include "shell/study_dialogs.h"
@@ -45,10 +46,12 @@ FrmFileOS::FrmFileOS(Desk& shared_desk)
                  [this] { ShowFolder(folder_.parent_path()); }, {Alt(KeyCode::kUp)}),
       Cmd_DefaultPath(*this, "Cmd_DefaultPath", "Κατάλογος των Μελετών",
                       [this] { ShowFolder(desk.data_folder); }, {Alt(KeyCode::kHome)}),
-      CmdExit(*this, "CmdExit", "Ακύρωση", [this] { desk.navigator.Close(screen::kFiles); },
-              {Plain(KeyCode::kEscape)}),
+      CmdNewFolder(*this, "CmdNewFolder", "Νέος Φάκελος", [this] { NewFolder(); },
+                   {CtrlShift('N')}),
+      CmdExit(*this, "CmdExit", "Ακύρωση", [this] { Leave(); }, {Plain(KeyCode::kEscape)}),
       CmdOK(*this, "CmdOK", "", [this] { Confirm(); }) {
   TxtFileName.on_enter = [this] { Confirm(); };
+  TxtNewFolder.on_enter = [this] { NewFolder(); };
   DirList.on_activate = [this] { EnterSelectedFolder(); };
   FileList.on_select = [this] {
     TxtFileName.Show(FileList.lines()[static_cast<std::size_t>(FileList.selected)]);
@@ -66,8 +69,52 @@ void FrmFileOS::Load() {
   LblExtension.text = "Προέκταση Αρχείων : *" + std::string(ExtensionsOf(study.system_kind).main);
   const bool known = Saving() && !study.study_path.empty();
   ShowFolder(known ? study.study_path.parent_path() : desk.data_folder);
-  TxtFileName.Show(known ? study.study_path.filename().string() : "");
+  fs::path name = known ? study.study_path.filename() : fs::path();
+  if (const std::string proposed = ProposedName(study.study_title);
+      Saving() && !known && !proposed.empty()) {
+    name = WithExtension(proposed, study.system_kind);
+  }
+  TxtFileName.Show(name.string());
+  ShowNewFolder(false);
+  CmdNewFolder.visible = Saving();
   Focus(TxtFileName);
+}
+
+void FrmFileOS::ShowNewFolder(bool visible) {
+  TxtNewFolder.Show("");
+  TxtNewFolder.visible = LblNewFolder.visible = visible;
+  Focus(visible ? TxtNewFolder : TxtFileName);
+}
+
+void FrmFileOS::NewFolder() {
+  const std::string typed = TxtNewFolder.Trimmed();
+  if (!TxtNewFolder.visible || typed.empty()) {
+    ShowNewFolder(!TxtNewFolder.visible);
+    return;
+  }
+  Disk& disk = bench.workspace.outer_disk();
+  const fs::path name = PathFromText(typed);
+  const fs::path made = folder_ / name;
+  Outcome outcome = Done{};
+  if (name != name.filename() || NamesFolder(name)) {
+    outcome = FileError{made, "Δεν μπορεί να είναι όνομα φακέλου"};
+  } else {
+    outcome = disk.Exists(made) ? FileError{made, "Υπάρχει ήδη"} : disk.MakeFolder(made);
+  }
+  if (!TellIfFailed(bench, outcome)) {
+    Focus(TxtNewFolder);
+    return;
+  }
+  ShowFolder(made);
+  ShowNewFolder(false);
+}
+
+void FrmFileOS::Leave() {
+  if (TxtNewFolder.visible) {
+    ShowNewFolder(false);
+  } else {
+    desk.navigator.Close(screen::kFiles);
+  }
 }
 
 void FrmFileOS::ShowFolder(fs::path folder) {

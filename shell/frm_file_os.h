@@ -17,11 +17,14 @@ class FrmFileOS : public Form {
   Label LblExtension{*this, "LblExtension"};
   Label LblFolders{*this, "LblFolders", "< Τρέχων > Κατάλογος Αρχείων :"};
   Label LblFolder{*this, "LblFolder"};
+  Label LblNewFolder{*this, "LblNewFolder", "Όνομα νέου φακέλου : "};
+  Field TxtNewFolder{*this, "TxtNewFolder", KeyFamily::kPath};
   List DirList{*this, "DirList"};
   List FileList{*this, "FileList"};
   Label LblEmpty{*this, "LblEmpty", "Ο φάκελος δεν έχει μελέτες."};
   Command CmdPrePath;
   Command Cmd_DefaultPath;
+  Command CmdNewFolder;
   Command CmdExit;
   Command CmdOK;
 
@@ -29,6 +32,10 @@ class FrmFileOS : public Form {
   void ShowFolder(std::filesystem::path folder);
   void ShowFiles();
   void EnterSelectedFolder();
+  /// Asks for the name of a new folder, or makes the one that was typed and shows it.
+  void NewFolder();
+  void ShowNewFolder(bool visible);
+  void Leave();
   void Confirm();
   void GoTo(const std::filesystem::path& folder);
   void ConfirmOpen(const std::filesystem::path& path);

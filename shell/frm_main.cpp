@@ -26,7 +26,7 @@ FrmMain::FrmMain(Desk& shared_desk)
                  [this] { AcceptTitle(); }),
       Cmd_New(*this, "Cmd_New", "Νέα Μελέτη", [this] { NewStudy(); }, {Ctrl('N')}),
       Cmd_Open(*this, "Cmd_Open", "Ανάκληση Αρχείου", [this] { OpenStudy(); }, {Ctrl('O')}),
-      Cmd_Save(*this, "Cmd_Save", "Δημιουργία Αρχείου", [this] { SaveToFile(); }, {Ctrl('S')}),
+      Cmd_Save(*this, "Cmd_Save", "Δημιουργία Αρχείου", [this] { SaveToFile(); }, {CtrlShift('S')}),
       Cmd_Thema(*this, "Cmd_Thema", "ΘΕΜΑ-ΤΙΤΛΟΣ", [this] { OpenOrAcceptTitle(); },
                 {Plain(KeyCode::kF2)}),
       Cmd_GenData(*this, "Cmd_GenData", "Γενικά Δεδομένα", [this] { OpenGeneralData(); },
@@ -50,6 +50,7 @@ FrmMain::FrmMain(Desk& shared_desk)
       Cmd_Exit(*this, "Cmd_Exit", "Εξοδος από το Πρόγραμμα", [this] { Leave(); },
                {Alt(KeyCode::kF4)}),
       Cmd_Safety(*this, "Cmd_Safety", "Αντίγραφα Ασφαλείας ...", [this] { OpenSafetyCopy(); }),
+      Mnu_SaveOwn(*this, "Mnu_SaveOwn", "Αποθήκευση", [this] { SaveOwn(); }, {Ctrl('S')}),
       Mnu_Results(*this, "Mnu_Results", "Παρουσίαση Αποτελεσμάτων",
                   [this] { ShowResultsFromMenu(); }),
       Mnu_Method(*this, "Mnu_Method", " ΤΡΟΠΟΣ ΥΠΟΛΟΓΙΣΜΟΥ ΣΩΛΗΝΩΝ ", [this] { Calculate(true); }),
@@ -77,6 +78,7 @@ void FrmMain::MakeMenus() {
              {"Mnu_New", "Νέα Μελέτη", &Cmd_New},
              {"Mnu_Open", "Ανάκληση Αρχείου", &Cmd_Open},
              {"Mnu_RecentFiles", "Πρόσφατα Αρχεία ...", &Cmd_Recent},
+             {"Mnu_SaveOwn", "Αποθήκευση", &Mnu_SaveOwn},
              {"Mnu_Save", "Δημιουργία Αρχείου", &Cmd_Save},
              {"Mnu_CurFL", "Στοιχεία Αρχείου υπό Επεξεργασία", &Cmd_CurFL},
              {},
@@ -217,6 +219,8 @@ void FrmMain::DeriveHead() {
   LblFile.text = study.study_short_name;
   LblFile.visible = !study.study_short_name.empty();
   LblUnsaved.visible = HasUnsavedChanges(bench);
+  if (LblUnsaved.visible || study.study_path != saved_path_) saved_path_.clear();
+  LblSaved.visible = !saved_path_.empty();
 }
 
 void FrmMain::DeriveFigures() {

@@ -34,6 +34,7 @@ class FrmMain : public Form {
   Label LblLiquid{*this, "LblLiquid"};
   Label LblFile{*this, "LblFile"};
   Label LblUnsaved{*this, "LblUnsaved", "Μη αποθηκευμένες αλλαγές"};
+  Label LblSaved{*this, "LblSaved"};  ///< when it was saved, until something changes
   Command Cmd_New;
   Command Cmd_Open;
   Command Cmd_Save;
@@ -69,6 +70,7 @@ class FrmMain : public Form {
 
   Command Cmd_Safety;
   std::deque<Command> Mnu_Recent;  ///< the files used last, in the menu
+  Command Mnu_SaveOwn;
   Command Mnu_Results;
   Command Mnu_Method;
   Command CmdThemaCancel;
@@ -102,6 +104,8 @@ class FrmMain : public Form {
   void OpenRecent();
   void OpenSafetyCopy();
   void SaveToFile();
+  void SaveOwn();
+  void NoteSaved();
   void OpenManual();
   void NewStudy();
   void Leave();
@@ -116,6 +120,7 @@ class FrmMain : public Form {
   Step next_ = Step::kTitle;
   std::vector<std::filesystem::path> recent_;                ///< behind Mnu_Recent
   std::optional<std::filesystem::path> recent_listed_with_;  ///< `study path` then
+  std::filesystem::path saved_path_;                         ///< the file that LblSaved tells of
   Control* before_title_ = nullptr;                          ///< where the keyboard was
   bool filling_pipes_ = false;                               ///< the pipe list guard
 };

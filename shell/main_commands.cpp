@@ -6,6 +6,7 @@
 #include "shell/frm_main.h"
 #include "shell/message_table.h"
 #include "shell/study_dialogs.h"
+#include "study/date_text.h"
 #include "study/recent_files.h"
 #include "study/study_reset.h"
 #include "study/study_title.h"
@@ -199,7 +200,16 @@ void FrmMain::ShowCurrentStudy() {
 }
 
 void FrmMain::SaveToFile() {
-  if (SettleTitle() && NeedsPipes()) SaveStudy(desk);
+  if (SettleTitle() && NeedsPipes() && SaveStudy(desk)) NoteSaved();
+}
+
+void FrmMain::SaveOwn() {
+  if (SettleTitle() && NeedsPipes() && SaveToOwnFile(desk)) NoteSaved();
+}
+
+void FrmMain::NoteSaved() {
+  saved_path_ = bench.study.study_path;
+  LblSaved.text = "Αποθηκεύθηκε, ώρα " + ClockText(bench.workspace.Now());
 }
 
 void FrmMain::OpenStudy() {

@@ -178,7 +178,7 @@ see_no_more "$one"
 see_no_file FIRSTONE.TMP
 
 stage "saved under a new name"
-press_to "$main" ctrl+s "$save"
+press_to "$main" ctrl+shift+s "$save"
 keys "$save" ctrl+a
 xdotool type --delay 40 'NEO'
 picture save
@@ -197,7 +197,7 @@ press_to "$left_over" Return "$main"
 cmp -s "$home/rows" "$work/DATARES.TMP" || fail "the results changed"
 
 stage "killed in the dialog of files, then refused: a safety copy stands"
-press_to "$main" ctrl+s "$save"
+press_to "$main" ctrl+shift+s "$save"
 die_by_kill
 start_to_kind
 press_to "$kind" Return "$left_over"

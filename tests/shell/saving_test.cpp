@@ -6,6 +6,7 @@
 #include "shell/frm_main.h"
 #include "shell/frm_open_save.h"
 #include "shell/frm_rec_files.h"
+#include "shell/proposed_name.h"
 #include "shell/study_dialogs.h"
 #include "study/recent_files.h"
 #include "study/write_study.h"
@@ -156,6 +157,54 @@ TEST_F(Saving, AStudyWhoseFirstSaveWasBrokenOffIsSeenByEveryRoadToIt) {
   menu.Activate();
   EXPECT_EQ(test.study.study_title, "Μισή");
   EXPECT_TRUE(test.prompter.boxes().empty());
+}
+
+TEST_F(Saving, CtrlSOnTheMenuSavesAndSaysSoQuietly) {
+  FrmMain form(desk);
+  form.Load();
+  OpenAndChange("hotel.PCK");
+  form.Derive();
+  EXPECT_FALSE(form.LblSaved.visible);
+  form.Press(Ctrl('S'));
+  form.Derive();
+  EXPECT_TRUE(form.LblSaved.visible);
+  EXPECT_TRUE(form.LblSaved.text.starts_with("Αποθηκεύθηκε, ώρα "));
+  EXPECT_EQ(Studies().at("hotel.PCK"), test.Bytes());
+  test.study.unsaved_changes = true;
+  form.Derive();
+  test.study.unsaved_changes = false;
+  form.Derive();
+  EXPECT_FALSE(form.LblSaved.visible) << "something changed since";
+  navigator.Expect(screen::kFiles, [] {});
+  form.Press(CtrlShift('S'));
+  EXPECT_TRUE(test.prompter.boxes().empty());
+}
+
+TEST_F(Saving, TheDialogProposesANameFromTheTitleAndMakesAFolder) {
+  EXPECT_EQ(ProposedName(" Ξενοδοχείο \"Άλφα\": 1/2 .."), "Ξενοδοχείο Άλφα 1 2");
+  EXPECT_EQ(ProposedName("../*?"), "");
+  EXPECT_EQ(ProposedName("x" + std::string(300, 'y')).size(), 200U);
+  EXPECT_EQ(ProposedName("Κτίριο Α.1"), "Κτίριο Α.1");
+
+  test.study.study_title = "Σχολείο";
+  desk.screens.file_mode = FileDialogMode::kSave;
+  FrmFileOS form(desk);
+  form.Load();
+  EXPECT_EQ(form.TxtFileName.text, "Σχολείο.PCK");
+  EXPECT_FALSE(form.TxtNewFolder.visible);
+  form.Press(CtrlShift('N'));
+  for (const char* bad : {"..", "a/b"}) {
+    TypeInto(form, form.TxtNewFolder, bad);
+    form.Press(Plain(KeyCode::kEnter));
+    EXPECT_EQ(test.prompter.boxes().back().lines[0].find("Δεν μπορεί"), 0U);
+  }
+  TypeInto(form, form.TxtNewFolder, "2026");
+  form.Press(Plain(KeyCode::kEnter));
+  EXPECT_TRUE(test.outer_disk.IsFolder(kFolder / "2026"));
+  EXPECT_EQ(form.LblFolder.text, kFolder / "2026");
+  EXPECT_FALSE(form.TxtNewFolder.visible);
+  Click(form, form.CmdOK);
+  EXPECT_EQ(desk.screens.chosen_file, kFolder / "2026" / "Σχολείο.PCK");
 }
 
 }  // namespace
