@@ -2,6 +2,8 @@
 
 #include <CLI/CLI.hpp>
 
+#include "study/path_text.h"
+
 namespace kalvo {
 
 namespace {

@@ -4,6 +4,7 @@
 
 #include "cli/heap.h"
 #include "shell/open_study.h"
+#include "study/path_text.h"
 #include "study/settled_disk.h"
 #include "study/study_extensions.h"
 #include "study/study_reset.h"
@@ -95,15 +96,6 @@ bool Session::Load(const std::filesystem::path& path) {
 std::vector<SectionRow> Session::Rows() const {
   auto rows = workspace_->Rows().ReadAll();
   return rows ? std::move(rows).value() : std::vector<SectionRow>{};
-}
-
-Result<std::filesystem::path> AbsolutePath(const std::filesystem::path& path) {
-  std::error_code error;
-  auto absolute = std::filesystem::absolute(path, error);
-  if (error) {
-    return FileError{path, "Ο φάκελος όπου εκτελείται η εντολή δεν υπάρχει πια"};
-  }
-  return absolute;
 }
 
 void TellAssumedFluid(const Console& console, const Session& session) {

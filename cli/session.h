@@ -43,9 +43,6 @@ class Session {
   bool ok_ = false;
 };
 
-/// `path` from the root on. Error: it begins at the working folder, which is gone.
-Result<std::filesystem::path> AbsolutePath(const std::filesystem::path& path);
-
 /// Tells on `err`, unless the console is quiet, that no file told the study's fluid.
 void TellAssumedFluid(const Console& console, const Session& session);
 

@@ -67,17 +67,21 @@ void FrmFileOS::Load() {
   CmdOK.caption = title;
   CmdOK.icon = Saving() ? "save" : "open";
   LblExtension.text = "Προέκταση Αρχείων : *" + std::string(ExtensionsOf(study.system_kind).main);
-  const bool known = Saving() && !study.study_path.empty();
-  ShowFolder(known ? study.study_path.parent_path() : desk.data_folder);
-  fs::path name = known ? study.study_path.filename() : fs::path();
-  if (const std::string proposed = ProposedName(study.study_title);
-      Saving() && !known && !proposed.empty()) {
-    name = WithExtension(proposed, study.system_kind);
-  }
-  TxtFileName.Show(name.string());
+  const fs::path target = Saving() ? ProposedTarget() : fs::path();
+  ShowFolder(target.empty() ? desk.data_folder : target.parent_path());
+  TxtFileName.Show(target.filename().string());
   ShowNewFolder(false);
   CmdNewFolder.visible = Saving();
   Focus(TxtFileName);
+}
+
+// The study's own file, else that of a study brought back, else one named by the title.
+fs::path FrmFileOS::ProposedTarget() const {
+  const Study& study = bench.study;
+  if (!study.study_path.empty()) return study.study_path;
+  if (!study.origin_path.empty()) return study.origin_path;
+  const std::string name = ProposedName(study.study_title);
+  return name.empty() ? fs::path() : desk.data_folder / WithExtension(name, study.system_kind);
 }
 
 void FrmFileOS::ShowNewFolder(bool visible) {

@@ -42,6 +42,7 @@ class FrmFileOS : public Form {
   void ConfirmSave(const std::filesystem::path& path);
   void Choose(const std::filesystem::path& path);
   [[nodiscard]] bool Saving() const;
+  [[nodiscard]] std::filesystem::path ProposedTarget() const;
 
   std::filesystem::path folder_;
   std::vector<std::string> folders_;

@@ -28,6 +28,13 @@ fs::path UserFolder(const Surroundings& surroundings, const std::string& variabl
   return fs::path(home.empty() ? "/tmp" : home) / below / kOwnFolder;
 }
 
+// Below a working folder that is gone nothing is found, which is told where it is looked for.
+fs::path FromRoot(const std::string& text) {
+  const fs::path path = PathFromText(text);
+  const auto absolute = AbsolutePath(path);
+  return absolute ? *absolute : path;
+}
+
 bool HoldsLibraries(const Disk& disk, const fs::path& folder) {
   const auto names = disk.List(folder);
   return names && std::ranges::any_of(*names, [](const std::string& name) {
@@ -44,7 +51,7 @@ bool CanBeWritten(Disk& disk, const fs::path& folder) {
 fs::path FindFolder(Disk& disk, const Surroundings& surroundings, const fs::path& argument) {
   if (!argument.empty() && disk.IsFolder(argument)) return argument;
   if (const std::string home = Variable(surroundings, "KALVOFLUME_HOME"); !home.empty()) {
-    return fs::absolute(PathFromText(home));
+    return FromRoot(home);
   }
   const fs::path& own = surroundings.executable_folder;
   if (HoldsLibraries(disk, own) && CanBeWritten(disk, own)) return own;
@@ -73,7 +80,7 @@ ProgramPlaces FindPlaces(Disk& disk, const Surroundings& surroundings) {
   ProgramPlaces places;
   fs::path argument;
   if (!surroundings.argument.empty()) {
-    argument = fs::absolute(PathFromText(surroundings.argument.string())).lexically_normal();
+    argument = FromRoot(surroundings.argument.string()).lexically_normal();
   }
   places.folder = FindFolder(disk, surroundings, argument);
   places.state_folder = UserFolder(surroundings, "XDG_STATE_HOME", ".local/state");

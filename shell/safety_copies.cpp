@@ -6,6 +6,7 @@
 #include <functional>
 #include <optional>
 
+#include "study/companions.h"
 #include "study/date_text.h"
 #include "study/study_extensions.h"
 #include "study/study_origin.h"
@@ -166,11 +167,10 @@ bool CompanionIsSaved(const Workbench& bench, std::string_view work_name,
   if (!bytes) return false;
   if (bytes->empty()) return true;
   const Disk& disk = bench.workspace.outer_disk();
-  const fs::path& main = bench.study.study_path;
-  const std::string name = std::string(BaseOf(main.filename().string())) + std::string(extension);
-  const auto saved = disk.Read(AsInFolder(disk, main.parent_path() / name));
-  if (saved) return *saved == *bytes;
-  return saved.error().IsMissing() && work_name == work_file::kFluid && bench.study.fluid_assumed;
+  const auto companion = CompanionOf(disk, bench.study.study_path, extension);
+  if (!companion) return work_name == work_file::kFluid && bench.study.fluid_assumed;
+  const auto saved = disk.Read(*companion);
+  return saved && *saved == *bytes;
 }
 
 }  // namespace

@@ -28,7 +28,7 @@ Result<std::filesystem::path> FullStudyPath(const Study& study) {
   if (BaseOf(path.filename().string()).empty()) {
     return FileError{study.study_path, "Λείπει το όνομα του Αρχείου της Μελέτης"};
   }
-  return std::filesystem::absolute(path);
+  return AbsolutePath(path);
 }
 
 std::filesystem::path AsInFolder(const Disk& disk, const std::filesystem::path& path) {

@@ -129,7 +129,8 @@ TEST_F(Save, AProtectedFileAndTheOtherKindsFluidAreReplacedOnWishOnly) {
   std::filesystem::permissions(study_, std::filesystem::perms::owner_read);
   ExpectKept({"calc", study_, "--save", study_}, 6, "προστατευμένο από εγγραφή (--overwrite");
   EXPECT_EQ(bench_.Run({"calc", study_, "--save", study_, "--overwrite"}).code, 0);
-  EXPECT_FALSE(*RealDisk().Status(study_)->writable) << "the new file is protected as the old was";
+  EXPECT_FALSE(RealDisk().Status(study_).value()->writable)
+      << "the new file is protected as the old was";
 
   bench_.Put("twin.PCA", "");
   bench_.Put("twin.LQD", "another fluid");

@@ -191,6 +191,12 @@ TEST_F(Saving, TheDialogProposesANameFromTheTitleAndMakesAFolder) {
   FrmFileOS form(desk);
   form.Load();
   EXPECT_EQ(form.TxtFileName.text, "Σχολείο.PCK");
+  test.study.origin_path = "/studies/2025/school.PCK";  // brought back after a crash
+  form.Load();
+  EXPECT_EQ(form.TxtFileName.text, "school.PCK");
+  EXPECT_EQ(form.LblFolder.text, "/studies/2025");
+  test.study.origin_path.clear();
+  form.Load();
   EXPECT_FALSE(form.TxtNewFolder.visible);
   form.Press(CtrlShift('N'));
   for (const char* bad : {"..", "a/b"}) {

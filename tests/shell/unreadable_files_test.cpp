@@ -2,6 +2,7 @@
 
 #include <functional>
 
+#include "results/results_session.h"
 #include "shell/data_folder.h"
 #include "shell/options.h"
 #include "shell/program_folder.h"
@@ -34,8 +35,10 @@ struct Unreadable : TestDesk {
     Put(work_file::kRecentFiles, "\"/studies/a.PCK\"\n");
     Put(work_file::kOptions, "SoundOn=1\n");
     Put(work_file::kStudiesIndex, std::string(526, ' '));
-    if (name == work_file::kSheet) Put(name, "cells");
-    if (name == work_file::kSummerRows) Put(name, test.Bytes());
+    if (name == work_file::kSheet || name == work_file::kSheetIntro) Put(name, "cells");
+    if (name == work_file::kSummerRows || name == work_file::kRowsBeforeChange) {
+      Put(name, test.Bytes());
+    }
     there.data_folder = kStudies;
     there.state_folder = kState;
     work.Bar(name);
@@ -92,6 +95,9 @@ const std::vector<Case> kCases = {
      true},
     {work_file::kSheet, [](Unreadable& p) { EXPECT_FALSE(ThrowAwayStudy(p.there)); }, true},
     {work_file::kSummerRows, [](Unreadable& p) { EXPECT_FALSE(SettleWorkFiles(p.there).ok()); }},
+    {work_file::kRowsBeforeChange,
+     [](Unreadable& p) { EXPECT_FALSE(SettleWorkFiles(p.there).ok()); }},
+    {work_file::kSheetIntro, [](Unreadable& p) { EXPECT_FALSE(AcceptSheet(p.there)); }, true},
     {work_file::kDataFolder,
      [](Unreadable& p) { EXPECT_FALSE(EnsureDataFolder(p.workspace).ok()); }},
     {work_file::kRecentFiles,
@@ -137,6 +143,13 @@ TEST(UnreadableFiles, AreNeverTakenForMissingOrEmptyAndStayAsTheyAre) {
     at.action(program);
     EXPECT_EQ(Everywhere(program, at.name), before);
   }
+}
+
+TEST(UnreadableFiles, OlderRowsStayWhileThePresentOnesCannotBeRead) {
+  Unreadable program(work_file::kRows);
+  program.Put(work_file::kFirstRows, "older rows");
+  LeaveByWindow(program.there);
+  EXPECT_EQ(program.test.Bytes(work_file::kFirstRows), "older rows");
 }
 
 TEST(UnreadableFiles, AProgramFolderThatCannotBeReadIsNotFilledAnew) {
