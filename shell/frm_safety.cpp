@@ -23,10 +23,10 @@ void FrmSafety::Load() {
                   ". Το πρόγραμμα κρατά αντίγραφο όταν μία Μελέτη που δεν έχει σωθεί δίνει την "
                   "θέση της σε άλλη.";
   LblEmpty.visible = copies_.empty();
-  fpSpread1.Reset({{.header = "ΘΕΜΑ-ΤΙΤΛΟΣ", .width = 40, .number = false},
+  fpSpread1.Reset({{.header = "ΤΙΤΛΟΣ", .width = 40, .number = false},
                    {.header = "ΕΓΙΝΕ", .width = 20, .number = false},
                    {.header = "ΤΜΗΜΑΤΑ", .width = 9},
-                   {.header = "ΑΡΧΕΙΟ ΤΗΣ ΜΕΛΕΤΗΣ", .width = 50, .number = false}},
+                   {.header = "ΑΡΧΕΙΟ", .width = 24, .number = false}},
                   static_cast<int>(copies_.size()));
   for (int row = 0; row < fpSpread1.row_count(); ++row) {
     const SafetyCopy& copy = copies_[static_cast<std::size_t>(row)];

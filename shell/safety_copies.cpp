@@ -237,6 +237,7 @@ std::vector<SafetyCopy> ListSafetyCopies(const Desk& desk, SystemKind kind) {
   }
   std::ranges::sort(found, std::ranges::greater(), [](const auto& at) { return at.first; });
   std::vector<SafetyCopy> copies;
+  copies.reserve(found.size());
   for (auto& [stamp, copy] : found) {
     copies.push_back(std::move(copy));
   }

@@ -142,18 +142,28 @@ void PutForeignFluid(Workbench& bench) {
   bench.study.fluid_assumed = true;
 }
 
+// The delivered studies in a folder whose name says nothing of this machine: pictures show it.
+std::filesystem::path Samples() {
+  const auto folder = std::filesystem::path(testing::TempDir()) / "PFILES";
+  std::filesystem::create_directories(folder);
+  std::filesystem::copy(
+      KALVO_SAMPLES_DIR, folder,
+      std::filesystem::copy_options::recursive | std::filesystem::copy_options::update_existing);
+  return folder;
+}
+
 // What the windows tell of besides the study: older files, a list of faults, rows left over.
 void Surround(CalculatedDesk& desk) {
   Workspace& workspace = *desk.study.workspace;
   desk.desk.data_folder = desk.desk.state_folder = testing::TempDir();
   ASSERT_TRUE(KeepSafetyCopyAnyway(desk.desk));
-  desk.desk.data_folder = KALVO_SAMPLES_DIR;
+  desk.desk.data_folder = Samples();
   desk.desk.version = "Έκδοση 0.1.0";
   desk.desk.screens.offered = {desk.study.study.SectionCount, "Ξενοδοχείο", "/studies/hotel.PCK",
                                "25/11/2026, 10:30:00"};
   PutForeignFluid(desk.study.bench);
   for (const char* name : {"single.PCK", "fancoil.PCK", "hotel.PCK"}) {
-    ASSERT_TRUE(AddRecentFile(workspace, std::filesystem::path(KALVO_SAMPLES_DIR) / name).ok());
+    ASSERT_TRUE(AddRecentFile(workspace, Samples() / name).ok());
   }
   ASSERT_TRUE(workspace
                   .Write(work_file::kErrors,
@@ -164,7 +174,7 @@ void Surround(CalculatedDesk& desk) {
 
 TEST_P(AllScreensIn, ShowACalculatedStudyWhole) {
   for (const Screen& screen : Screens()) {
-    CalculatedDesk desk(KALVO_SAMPLES_DIR "/hotel.PCK");
+    CalculatedDesk desk(Samples() / "hotel.PCK");
     Surround(desk);
     desk.study.study.recovery = true;  // the menu leaves the study as it is
     QWidget design;
@@ -181,7 +191,7 @@ TEST_P(AllScreensIn, ShowACalculatedStudyWhole) {
 }
 
 TEST_P(AllScreensIn, ShowTheMenuBeforeThereIsAStudy) {
-  CalculatedDesk desk(KALVO_SAMPLES_DIR "/hotel.PCK");
+  CalculatedDesk desk(Samples() / "hotel.PCK");
   Surround(desk);
   ResetStudy(desk.study.bench);
   QWidget& menu = desk.Open(screen::kMain, {1244, 700});
