@@ -115,16 +115,6 @@ class Program {
   std::vector<std::pair<CLI::App*, std::unique_ptr<Command>>> commands_;
 };
 
-// What no command foresees, in Greek where the system's own words are English.
-std::string ReasonFor(const std::exception& error) {
-  if (dynamic_cast<const std::bad_alloc*>(&error) != nullptr) {
-    return "Η μνήμη δεν επαρκεί";
-  }
-  const auto* file = dynamic_cast<const std::filesystem::filesystem_error*>(&error);
-  return file == nullptr ? error.what()
-                         : FileError{file->path1(), ReasonOf(file->code().value())}.Line();
-}
-
 }  // namespace
 
 int RunCommandLine(std::vector<std::string> arguments, Console console) {

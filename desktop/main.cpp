@@ -8,6 +8,7 @@
 #include "desktop/one_instance.h"
 #include "desktop/program.h"
 #include "desktop/theme.h"
+#include "form/tell.h"
 
 namespace {
 
@@ -71,6 +72,20 @@ void TellRunningAlready(Prompter& prompter) {
                 16});
 }
 
+// A crash on another machine, as with a program folder on a stick, must not bar this one.
+bool TakenFromOtherMachine(OneInstance& instance, Prompter& prompter) {
+  const QString machine = instance.OtherMachine();
+  if (machine.isEmpty()) return false;
+  const Answer answer =
+      prompter.Ask({"Π Ρ Ο Σ Ο Χ Η",
+                    {"Ο φάκελος του προγράμματος φαίνεται να είναι σε χρήση στον υπολογιστή < " +
+                         machine.toStdString() + " >",
+                     "Αν το πρόγραμμα τρέχει εκεί, τα δεδομένα των δύο θα μπερδευτούν",
+                     "Είστε σίγουρος ότι ΔΕΝ τρέχει εκεί ??"},
+                    292});
+  return answer == Answer::kYes && instance.TakeOver();
+}
+
 int RunProgram(const CommandLine& line) {
   RealDisk disk;
   const ProgramPlaces places = FindPlaces(disk, SurroundingsOf(line));
@@ -78,9 +93,13 @@ int RunProgram(const CommandLine& line) {
   // Nothing of a folder that another instance works in is touched.
   static_cast<void>(disk.MakeFolder(places.folder));
   OneInstance instance(QString::fromStdString(places.folder.string()));
-  if (!instance.Take()) {
-    TellRunningAlready(program.desk().bench.prompter);
-    instance.Call(QString::fromStdString(places.study.string()));
+  program.TellUnknownArgument();
+  if (!instance.Take() && !TakenFromOtherMachine(instance, program.desk().bench.prompter)) {
+    Workbench& bench = program.desk().bench;
+    TellRunningAlready(bench.prompter);
+    if (!instance.Call(QString::fromStdString(places.study.string())) && !places.study.empty()) {
+      TellError(bench, {places.study, "Το πρόγραμμα που τρέχει ήδη δεν απαντά"});
+    }
     return 1;
   }
   if (!program.Prepare(InstalledData())) return 1;

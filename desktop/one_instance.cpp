@@ -2,12 +2,16 @@
 
 #include <QCryptographicHash>
 #include <QDir>
+#include <QFile>
 #include <QLocalSocket>
+#include <QSysInfo>
+#include <QThread>
 
 namespace kalvo {
 namespace {
 
 constexpr int kAnswerMs = 1000;
+constexpr int kTries = 5;
 
 // A name of its own for each folder, short enough for a socket.
 QString ServerName(const QString& folder) {
@@ -19,7 +23,8 @@ QString ServerName(const QString& folder) {
 }  // namespace
 
 OneInstance::OneInstance(const QString& program_folder)
-    : lock_(program_folder + QStringLiteral("/kalvoflume.lock")),
+    : lock_path_(program_folder + QStringLiteral("/kalvoflume.lock")),
+      lock_(lock_path_),
       server_name_(ServerName(program_folder)) {
   lock_.setStaleLockTime(0);
 }
@@ -29,14 +34,33 @@ bool OneInstance::Take() {
   return lock_.error() != QLockFile::LockFailedError;  // true: the folder cannot be locked
 }
 
-void OneInstance::Call(const QString& study) {
+QString OneInstance::OtherMachine() const {
+  qint64 process = 0;
+  QString machine;
+  QString program;
+  const bool known = lock_.getLockInfo(&process, &machine, &program);
+  return known && machine != QSysInfo::machineHostName() ? machine : QString();
+}
+
+bool OneInstance::TakeOver() {
+  QFile::remove(lock_path_);
+  return Take();
+}
+
+bool OneInstance::Call(const QString& study) {
   QLocalSocket socket;
-  socket.connectToServer(server_name_);
-  if (!socket.waitForConnected(kAnswerMs)) return;
+  // The first one may be at its start still.
+  for (int tries = 0; tries < kTries; ++tries) {
+    socket.connectToServer(server_name_);
+    if (socket.waitForConnected(kAnswerMs)) break;
+    QThread::msleep(kAnswerMs / kTries);
+  }
+  if (socket.state() != QLocalSocket::ConnectedState) return false;
   socket.write(study.toUtf8());
   socket.flush();
   socket.disconnectFromServer();
   if (socket.state() != QLocalSocket::UnconnectedState) socket.waitForDisconnected(kAnswerMs);
+  return true;
 }
 
 void OneInstance::Listen(std::function<void(const QString& study)> come) {

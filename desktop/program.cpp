@@ -58,22 +58,27 @@ void Program::OpenTakenWhenFree() {
   QMetaObject::invokeMethod(
       &windows_,
       [this] {
-        if (!taken_ || windows_.Asking()) return;
+        // The end of the action under way leads here again. A pause within one serves events too.
+        if (!taken_ || windows_.Busy()) return;
         for (const std::string_view screen : {screen::kMain, screen::kKind}) {
           if (!windows_.IsVisible(screen)) continue;
           taken_ = false;
-          windows_.Show(screen);
+          windows_.ComeBack(screen);
           return;
         }
       },
       Qt::QueuedConnection);
 }
 
+void Program::TellUnknownArgument() {
+  if (places_.unknown.empty()) return;
+  const bool there = disk_.Exists(places_.unknown);
+  TellError(bench_, {places_.unknown, there ? "Δεν είναι μελέτη ούτε φάκελος του προγράμματος"
+                                            : "Δεν υπάρχει τέτοιος φάκελος ή μελέτη"});
+}
+
 bool Program::Prepare(const std::filesystem::path& installed) {
   desk_.options = remembered_ = ReadOptions(workspace_);
-  if (!places_.missing_folder.empty()) {
-    TellError(bench_, {places_.missing_folder, "Ο φάκελος του προγράμματος δεν υπάρχει"});
-  }
   if (!TellIfFailed(bench_, FillProgramFolder(disk_, places_.folder, installed))) return false;
   const auto folder = EnsureDataFolder(workspace_);
   if (!folder) TellError(bench_, folder.error());

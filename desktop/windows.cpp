@@ -66,9 +66,17 @@ bool Windows::IsVisible(std::string_view screen) const {
   return open != nullptr && open->window->isVisible();
 }
 
-bool Windows::Asking() const {
+bool Windows::Busy() const {
+  const auto busy = [](const auto& open) {
+    return open->binder != nullptr && open->binder->Busy();
+  };
   return QApplication::activeModalWidget() != nullptr ||
-         QApplication::activePopupWidget() != nullptr;
+         QApplication::activePopupWidget() != nullptr || std::ranges::any_of(open_, busy) ||
+         std::ranges::any_of(closed_, busy);
+}
+
+void Windows::ComeBack(std::string_view screen) {
+  if (Open* open = Find(screen)) open->binder->Do([this, open] { Front(*open); });
 }
 
 // One file of this machine that is dragged over the main menu may be dropped there.

@@ -42,8 +42,10 @@ class Windows : public QObject, public Navigator {
   /// Brings the windows that are visible before those of other programs.
   void BringToFront();
   [[nodiscard]] bool IsVisible(std::string_view screen) const;
-  /// True while a question or a screen over the others waits for the user.
-  [[nodiscard]] bool Asking() const;
+  /// True while an action is under way, or a question waits for the user.
+  [[nodiscard]] bool Busy() const;
+  /// The same as Show(), as an action of its own: what it throws is told to the user.
+  void ComeBack(std::string_view screen);
   /// Called with a file that was dropped on the main menu.
   void OnDrop(std::function<void(const std::filesystem::path&)> take) { take_ = std::move(take); }
   /// Brings every window up to date.

@@ -132,7 +132,8 @@ class StepDown {
   void UpdateStats() { MoveInPipeStats(context_.bench.study, old_name_.bytes(), row_); }
 
   void Finish() {
-    const double surplus = Divide(drop_ - available_, available_);
+    double surplus = 0;
+    AtRow(number_, [&] { surplus = Divide(drop_ - available_, available_); });
     if (number_ == 0) {
       return;
     }

@@ -54,17 +54,30 @@ FrmLiquid::FrmLiquid(Desk& shared_desk)
 }
 
 void FrmLiquid::Load() {
-  if (!TellIfFailed(bench, CreateFluidLibrary(bench.workspace))) return;
-  Reload(bench.study.fluid_name);
+  if (TellIfFailed(bench, CreateFluidLibrary(bench.workspace))) {
+    Reload(bench.study.fluid_name);
+  } else {
+    ShowNothing();
+  }
 }
 
 bool FrmLiquid::MayClose() { return SettleEdits(); }
 
-void FrmLiquid::Reload(std::string_view select) {
+void FrmLiquid::ShowNothing() {
+  fluids_.clear();
+  library_fluids_ = 0;
+  LstLiquid.selected = -1;
+  LstLiquid.SetLines({});
+  LeaveNewMode();
+  Focus(LstLiquid);
+}
+
+bool FrmLiquid::Reload(std::string_view select) {
   auto read = ReadFluids(bench.workspace);
   if (!read) {
     TellError(bench, read.error());
-    return;
+    ShowNothing();
+    return false;
   }
   fluids_ = std::move(*read);
   library_fluids_ = static_cast<int>(fluids_.size());
@@ -81,6 +94,7 @@ void FrmLiquid::Reload(std::string_view select) {
   LstLiquid.SetLines(std::move(lines));
   LeaveNewMode();
   Focus(LstLiquid);
+  return true;
 }
 
 void FrmLiquid::LeaveNewMode() {
@@ -128,6 +142,10 @@ void FrmLiquid::ToggleNewMode() {
     if (new_mode_) Reload(bench.study.fluid_name);  // otherwise it was saved
     return;
   }
+  if (library_fluids_ == 0) {
+    Tell({"... Η βιβλιοθήκη των υγρών είναι κενή ή δεν διαβάζεται ..."});
+    return;
+  }
   new_mode_ = true;
   CmdNewLiquid.caption = kCancelNewFluid;
   LstLiquid.visible = false;
@@ -146,13 +164,15 @@ bool FrmLiquid::Incomplete() {
 }
 
 bool FrmLiquid::NameInUse() {
-  if (!new_mode_) return false;
+  if (!new_mode_ && !IsOnlyInStudy(shown_)) return false;
   const std::string name = FluidFromFields().name.Utf8();
-  const bool in_use = std::ranges::any_of(fluids_, [&name](const FluidRow& fluid) {
+  const auto library = static_cast<std::size_t>(library_fluids_);
+  const auto others = std::span(fluids_).first(new_mode_ ? fluids_.size() : library);
+  const bool in_use = std::ranges::any_of(others, [&name](const FluidRow& fluid) {
     return EqualIgnoringCase(fluid.name.Utf8(), name);
   });
-  if (in_use) {
-    Tell({"... Υπάρχει - ήδη - υγρό με το όνομα < " + name + " > ..."});
+  if (in_use) Tell({"... Υπάρχει - ήδη - υγρό με το όνομα < " + name + " > ..."});
+  if (in_use && new_mode_) {
     TxtNewLiquid.refused = true;
     Focus(TxtNewLiquid);
   }
@@ -160,6 +180,8 @@ bool FrmLiquid::NameInUse() {
 }
 
 bool FrmLiquid::HasEdits() const {
+  if (!new_mode_ && (shown_ < 0 || static_cast<std::size_t>(shown_) >= fluids_.size()))
+    return false;
   const std::array fields = {&TxtNewLiquid, &TxtMeanT, &TxtDensity, &Txtnee};
   const auto typed = [this](const Field* field) {
     return new_mode_ ? !field->Trimmed().empty() : field->edited();
@@ -222,7 +244,7 @@ void FrmLiquid::Save() {
 bool FrmLiquid::Store() {
   const FluidRow fluid = FluidFromFields();
   if (!TellIfFailed(bench, SaveFluid(bench.workspace, fluid))) return false;
-  Reload(fluid.name.Utf8());
+  if (!Reload(fluid.name.Utf8())) return false;
   LstLiquid.selected = fluid.row_number - 1;
   ShowSelected();
   return true;
@@ -237,8 +259,8 @@ void FrmLiquid::Delete() {
       !Confirm({"...!! Η ΠΑΡΟΥΣΑ ΕΓΓΡΑΦΗ ΘΑ ΔΙΑΓΡΑΦΕΙ !!..."})) {
     return;
   }
-  if (TellIfFailed(bench, DeleteFluid(bench.workspace, LstLiquid.selected + 1))) {
-    Reload(kWaterName);
+  if (TellIfFailed(bench, DeleteFluid(bench.workspace, LstLiquid.selected + 1)) &&
+      Reload(kWaterName)) {
     LstLiquid.selected = 0;
     ShowSelected();
   }

@@ -31,7 +31,9 @@ class FrmLiquid : public Form {
   Command CmdOK;
 
  private:
-  void Reload(std::string_view select);
+  bool Reload(std::string_view select);
+  /// Without a library nothing is chosen and nothing can be typed.
+  void ShowNothing();
   void SelectOther();
   void ShowSelected();
   void SetFields(bool open);

@@ -140,6 +140,8 @@ void FrmFileOS::ShowFiles() {
       return !FitsMask(SearchKey(name), SearchKey(mask_));
     });
   }
+  const auto readable = bench.workspace.outer_disk().List(folder_);
+  LblEmpty.text = readable ? "Ο φάκελος δεν έχει μελέτες." : readable.error().reason + ".";
   LblEmpty.visible = names.empty();
   FileList.selected = -1;
   FileList.SetLines(std::move(names));

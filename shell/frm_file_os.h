@@ -21,7 +21,7 @@ class FrmFileOS : public Form {
   Field TxtNewFolder{*this, "TxtNewFolder", KeyFamily::kPath};
   List DirList{*this, "DirList"};
   List FileList{*this, "FileList"};
-  Label LblEmpty{*this, "LblEmpty", "Ο φάκελος δεν έχει μελέτες."};
+  Label LblEmpty{*this, "LblEmpty"};  ///< why there is nothing to be seen
   Command CmdPrePath;
   Command Cmd_DefaultPath;
   Command CmdNewFolder;

@@ -4,6 +4,8 @@
 #include "shell/study_dialogs.h"
 #include "study/recent_files.h"
 #include "study/settled_disk.h"
+#include "study/study_extensions.h"
+#include "study/study_proof.h"
 #include "study/study_reset.h"
 #include "study/unsaved.h"
 
@@ -66,8 +68,10 @@ FrmMain::FrmMain(Desk& shared_desk)
   };
   ChkSound.on_toggle = [this] { desk.options.SoundOn = ChkSound.on; };
   for (std::size_t i = 0; i < kRecentInMenu; ++i) {
-    Mnu_Recent.emplace_back(*this, "Mnu_Recent" + std::to_string(i + 1), "",
-                            [this, i] { OpenFile(recent_[i]); });
+    Mnu_Recent.emplace_back(*this, "Mnu_Recent" + std::to_string(i + 1), "", [this, i] {
+      const std::filesystem::path file = recent_[i];  // the list may change
+      OpenFile(file);
+    });
   }
   MakeMenus();
 }
@@ -130,6 +134,11 @@ void FrmMain::OpenGiven() {
 
 void FrmMain::OpenFile(const std::filesystem::path& file) {
   if (!SettleTitle()) return;
+  const SystemKind kind = KindOfName(file.filename().string());
+  if (kind != SystemKind::kNone && (kind == SystemKind::kOpen) != bench.study.SystemOpen()) {
+    TellError(bench, OtherKindError(file));  // before anything is asked for its sake
+    return;
+  }
   if (const auto found = FindStudyFile(bench.workspace.outer_disk(), file); !found) {
     TellError(bench, found.error());
     return;

@@ -39,6 +39,9 @@ void FrmRecFiles_S::Load() {
   LblEmpty.text = "Δεν υπάρχουν πρόσφατα αρχεία *" +
                   std::string(ExtensionsOf(bench.study.system_kind).main) +
                   ". Ανακαλέστε μία μελέτη από τον φάκελό της.";
+  if (const auto readable = bench.workspace.ReadIfThere(work_file::kRecentFiles); !readable) {
+    LblEmpty.text = readable.error().Line();
+  }
   ListLines();
   Focus(fpSpread1);
 }

@@ -22,6 +22,9 @@ void FrmSafety::Load() {
   LblEmpty.text = "Δεν υπάρχουν αντίγραφα ασφαλείας *" + std::string(ExtensionsOf(kind).main) +
                   ". Το πρόγραμμα κρατά αντίγραφο όταν μία Μελέτη που δεν έχει σωθεί δίνει την "
                   "θέση της σε άλλη.";
+  const auto readable =
+      bench.workspace.outer_disk().List(desk.data_folder / std::string(kSafetyFolder));
+  if (!readable && !readable.error().IsMissing()) LblEmpty.text = readable.error().Line();
   LblEmpty.visible = copies_.empty();
   fpSpread1.Reset({{.header = "ΤΙΤΛΟΣ", .width = 40, .number = false},
                    {.header = "ΕΓΙΝΕ", .width = 20, .number = false},

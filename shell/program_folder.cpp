@@ -86,7 +86,7 @@ ProgramPlaces FindPlaces(Disk& disk, const Surroundings& surroundings) {
   places.state_folder = UserFolder(surroundings, "XDG_STATE_HOME", ".local/state");
   const bool is_study = KindOfName(argument.filename().string()) != SystemKind::kNone;
   if (!argument.empty() && !disk.IsFolder(argument)) {
-    (is_study ? places.study : places.missing_folder) = argument;
+    (is_study ? places.study : places.unknown) = argument;
   }
   return places;
 }

@@ -17,10 +17,10 @@ struct Surroundings {
 
 /// Where the program works. "A study given" is one that is to be opened.
 struct ProgramPlaces {
-  std::filesystem::path folder;          ///< libraries and work files
-  std::filesystem::path state_folder;    ///< the log of programs and scratch notes
-  std::filesystem::path study;           ///< full path of the study given; empty: none
-  std::filesystem::path missing_folder;  ///< the argument when it is no study and no folder
+  std::filesystem::path folder;        ///< libraries and work files
+  std::filesystem::path state_folder;  ///< the log of programs and scratch notes
+  std::filesystem::path study;         ///< full path of the study given; empty: none
+  std::filesystem::path unknown;       ///< the argument when it is no study and no folder
 };
 
 /// The program folder: an argument that is a folder; else KALVOFLUME_HOME; else the executable's

@@ -27,7 +27,7 @@ bool HoldsRows(const Workspace& workspace, std::string_view name) {
 
 void TellSetAside(Desk& desk, const std::string& names) {
   desk.bench.Ask({" !!... ΠΡΟΣΟΧΗ ...!! ",
-                  {"Δεν διαβάζονται σωστά και φυλάχθηκαν στο αντίγραφο ασφαλείας :", names},
+                  {"Δεν διαβάζονται σωστά και η Μελέτη συνεχίζει χωρίς αυτά :", names},
                   48});
 }
 

@@ -57,7 +57,9 @@ std::string NameInCopy(const Workbench& bench, std::string_view work_name, Syste
 
 // The moment in a copy's name, and its number among those of one second; nothing for any other
 // name: "2026-11-25_143000", "2026-11-25_143000-2".
-std::optional<std::pair<std::string, int>> StampOf(const std::string& name) {
+using Stamp = std::pair<std::string, int>;
+
+std::optional<Stamp> StampOf(const std::string& name) {
   constexpr std::string_view kForm = "0000-00-00_000000";
   constexpr std::size_t kMostDigits = 6;
   const auto is_digit = [](char c) { return std::isdigit(static_cast<unsigned char>(c)) != 0; };
@@ -73,18 +75,18 @@ std::optional<std::pair<std::string, int>> StampOf(const std::string& name) {
   return fits ? std::optional(std::pair(stamp, std::stoi(number))) : std::nullopt;
 }
 
-// A folder that is not there yet, after all others of its second.
+// A folder that is not there yet and comes after all others, whatever the clock says.
 fs::path NewFolder(const Workbench& bench, const fs::path& above) {
   const Disk& disk = bench.workspace.outer_disk();
-  const std::string stamp = StampText(bench.workspace.Now());
-  int number = 0;
+  Stamp newest{StampText(bench.workspace.Now()), 0};
   for (const std::string& name : SafetyCopyNames(disk, above)) {
-    if (const auto other = *StampOf(name); other.first == stamp) number = other.second;
+    newest = std::max(newest, *StampOf(name));
   }
   fs::path folder;
   do {
-    ++number;
-    folder = above / (number == 1 ? stamp : stamp + "-" + std::to_string(number));
+    ++newest.second;
+    folder = above / (newest.second == 1 ? newest.first
+                                         : newest.first + "-" + std::to_string(newest.second));
   } while (disk.Exists(folder));
   return folder;
 }
@@ -98,45 +100,73 @@ void RemoveCopy(Disk& disk, const fs::path& folder) {
   static_cast<void>(disk.Remove(folder).ok());
 }
 
-// Takes away the oldest copies past those that are kept; the one just made is the newest, whatever
-// the clock said.
-void RemoveOldCopies(Disk& disk, const fs::path& above, const fs::path& just_made) {
-  std::vector<std::string> copies = SafetyCopyNames(disk, above);
-  std::erase(copies, just_made.filename().string());
-  for (std::size_t i = 0; i + kSafetyCopies < copies.size() + 1; ++i) {
-    RemoveCopy(disk, above / copies[i]);
+// Takes away the oldest copies past those that are kept.
+void RemoveOldCopies(Disk& disk, const fs::path& above, const fs::path& in_use) {
+  const std::vector<std::string> copies = SafetyCopyNames(disk, above);
+  for (std::size_t i = 0; i + kSafetyCopies < copies.size(); ++i) {
+    if (above / copies[i] != in_use) RemoveCopy(disk, above / copies[i]);
   }
 }
 
-Outcome CopyInto(const Workbench& bench, const fs::path& folder) {
+// Files that hold what was entered: a copy without one of them is none.
+bool HoldsEntries(std::string_view work_name) {
+  constexpr std::array kEntered = {work_file::kRows, work_file::kFluid, work_file::kWinter,
+                                   work_file::kSheet, work_file::kSheetIntro};
+  return std::ranges::find(kEntered, work_name) != kEntered.end();
+}
+
+// Names of the files that could not be read and are left out, parted by commas.
+Result<std::string> CopyInto(const Workbench& bench, const fs::path& folder) {
   Disk& disk = bench.workspace.outer_disk();
   const SystemKind kind = KindOfRows(bench);
+  std::string left_out;
   for (const std::string_view name : work_file::kAll) {
     if (!bench.workspace.HasBytes(name)) continue;
     auto bytes = bench.workspace.Read(name);
-    if (!bytes) return bytes.error();
+    if (!bytes && HoldsEntries(name)) return bytes.error();
+    if (!bytes) {
+      left_out += (left_out.empty() ? "" : ", ") + std::string(name);
+      continue;
+    }
     const fs::path copy = folder / NameInCopy(bench, name, kind);
-    if (Outcome written = ReplaceFile(disk, copy, std::move(*bytes)); !written) return written;
-    if (Outcome flushed = disk.Flush(copy); !flushed) return flushed;
+    // The folder is new: nobody sees half a file in it.
+    if (Outcome written = disk.Write(copy, std::move(*bytes)); !written) return written.error();
+    if (Outcome flushed = disk.Flush(copy); !flushed) return flushed.error();
   }
-  return disk.Flush(folder);
+  if (Outcome flushed = disk.Flush(folder); !flushed) return flushed.error();
+  return left_out;
 }
 
-// The folder of the new copy; after a failure nothing of it is left.
-Result<fs::path> WriteSafetyCopy(const Workbench& bench, const fs::path& where) {
-  if (where.empty()) return FileError{where, "Ο φάκελος δεν υπάρχει"};
+struct MadeCopy {
+  fs::path folder;
+  std::string left_out;
+};
+
+// After a failure nothing of it is left.
+Result<MadeCopy> WriteSafetyCopy(const Workbench& bench, const fs::path& where,
+                                 const fs::path& in_use) {
   Disk& disk = bench.workspace.outer_disk();
   const fs::path above = where / kSafetyFolder;
   const fs::path folder = NewFolder(bench, above);
   if (Outcome made = disk.MakeFolder(folder); !made) return made.error();
-  Outcome copied = CopyInto(bench, folder);
-  if (copied) copied = disk.Flush(above);
-  if (!copied) {
+  auto copied = CopyInto(bench, folder);
+  const Outcome flushed = copied ? disk.Flush(above) : Outcome(copied.error());
+  if (!flushed) {
     RemoveCopy(disk, folder);
-    return copied.error();
+    return flushed.error();
   }
-  RemoveOldCopies(disk, above, folder);
-  return folder;
+  RemoveOldCopies(disk, above, in_use);
+  return MadeCopy{folder, std::move(copied).value()};
+}
+
+// In the studies' folder, which is not made anew: below a share that is gone the copy would be
+// hidden by it later.
+Result<MadeCopy> WriteBesideStudies(const Desk& desk, const fs::path& in_use) {
+  const fs::path& where = desk.data_folder;
+  const auto status = desk.bench.workspace.outer_disk().Status(where);
+  if (!status) return status.error();
+  if (!*status) return FileError{where, "Ο φάκελος δεν υπάρχει", FileErrorKind::kMissing};
+  return WriteSafetyCopy(desk.bench, where, in_use);
 }
 
 // The copy in that folder; nothing when no study of the kind can be opened from it.
@@ -190,17 +220,26 @@ bool IsSaved(const Workbench& bench) {
           CompanionIsSaved(bench, work_file::kWinter, extensions.winter));
 }
 
-bool KeepSafetyCopy(Desk& desk) { return IsSaved(desk.bench) || KeepSafetyCopyAnyway(desk); }
+bool KeepSafetyCopy(Desk& desk, const fs::path& in_use) {
+  return IsSaved(desk.bench) || KeepSafetyCopyAnyway(desk, in_use);
+}
 
-bool KeepSafetyCopyAnyway(Desk& desk) {
+bool KeepSafetyCopyAnyway(Desk& desk, const fs::path& in_use) {
   Workbench& bench = desk.bench;
-  const auto kept = WriteSafetyCopy(bench, desk.data_folder);
+  const auto kept = WriteBesideStudies(desk, in_use);
+  const auto elsewhere =
+      kept || desk.state_folder.empty() ? kept : WriteSafetyCopy(bench, desk.state_folder, in_use);
+  if (elsewhere && !elsewhere->left_out.empty()) {
+    bench.Ask({" !!... ΠΡΟΣΟΧΗ ...!! ",
+               {"Δεν διαβάζονται και λείπουν από το αντίγραφο ασφαλείας της Μελέτης :",
+                elsewhere->left_out},
+               48});
+  }
   if (kept) return true;
-  const auto elsewhere = WriteSafetyCopy(bench, desk.state_folder);
   if (elsewhere) {
     bench.Ask({" !!... ΠΡΟΣΟΧΗ ...!! ",
                {"Το αντίγραφο ασφαλείας της Μελέτης ΔΕΝ γράφτηκε στον φάκελο των μελετών",
-                kept.error().Line(), "Γράφτηκε στον φάκελο : " + elsewhere->string()},
+                kept.error().Line(), "Γράφτηκε στον φάκελο : " + elsewhere->folder.string()},
                48});
     return true;
   }
@@ -226,7 +265,7 @@ std::vector<std::string> SafetyCopyNames(const Disk& disk, const fs::path& above
 
 std::vector<SafetyCopy> ListSafetyCopies(const Desk& desk, SystemKind kind) {
   const Disk& disk = desk.bench.workspace.outer_disk();
-  std::vector<std::pair<std::pair<std::string, int>, SafetyCopy>> found;
+  std::vector<std::pair<Stamp, SafetyCopy>> found;
   for (const fs::path& where : {desk.data_folder, desk.state_folder}) {
     const fs::path above = where / kSafetyFolder;
     for (const std::string& name : SafetyCopyNames(disk, above)) {
@@ -245,7 +284,7 @@ std::vector<SafetyCopy> ListSafetyCopies(const Desk& desk, SystemKind kind) {
 }
 
 bool IsInSafetyCopy(const fs::path& file) {
-  const fs::path folder = file.parent_path();
+  const fs::path folder = file.lexically_normal().parent_path();
   return StampOf(folder.filename().string()) &&
          folder.parent_path().filename() == fs::path(kSafetyFolder);
 }

@@ -54,6 +54,7 @@ bool WriteTo(Desk& desk, const std::filesystem::path& target) {
     study.study_path = study.last_study_path;
     return false;
   }
+  if (bench.workspace.Exists(work_file::kFluid)) study.fluid_assumed = false;  // it has a file now
   // A list that cannot be written makes no save undone.
   static_cast<void>(AddRecentFile(bench.workspace, study.study_path));
   return true;
@@ -95,12 +96,10 @@ void CountAsBroughtBack(Workbench& bench) {
   Study& study = bench.study;
   const Disk& disk = bench.workspace.outer_disk();
   const auto note = disk.Read(study.study_path.parent_path() / work_file::kOrigin);
-  const std::filesystem::path origin = note ? OriginIn(*note) : std::filesystem::path();
   study.study_path.clear();
   RebuildNameState(bench);
   study.saved_digest.reset();
-  study.origin_path = origin;
-  NoteOrigin(bench.workspace, origin);
+  study.origin_path = note ? OriginIn(*note) : std::filesystem::path();
   study.unsaved_changes = true;
 }
 
@@ -176,8 +175,9 @@ void OpenFromDialog(Desk& desk, std::string_view dialog) {
   const std::filesystem::path chosen = std::exchange(desk.screens.chosen_file, {});
   if (chosen.empty()) return;
   const bool recent = std::exchange(desk.screens.chosen_recent, false);
-  OpenChosen(desk, chosen, recent ? RecentList::kLeave : RecentList::kAdd);
-  if (recent) static_cast<void>(AddRecentFile(desk.bench.workspace, chosen));  // to the top
+  const bool opened = OpenChosen(desk, chosen, recent ? RecentList::kLeave : RecentList::kAdd);
+  // To the top.
+  if (opened && recent) static_cast<void>(AddRecentFile(desk.bench.workspace, chosen));
 }
 
 bool OpenChosen(Desk& desk, const std::filesystem::path& path, RecentList recent) {
@@ -190,13 +190,15 @@ bool OpenChosen(Desk& desk, const std::filesystem::path& path, RecentList recent
   desk.navigator.ShowWait(kWait);
   // A copy is no file to be listed among those used last.
   OpenStudyFile(bench, IsInSafetyCopy(path) ? RecentList::kLeave : recent,
-                [&desk] { return KeepSafetyCopy(desk); });
+                [&] { return KeepSafetyCopy(desk, path.parent_path()); });
   desk.navigator.HideWait();
   if (std::exchange(study.CalcStatus, calc_status::kNothing) != calc_status::kRefused) {
     if (IsInSafetyCopy(study.study_path)) CountAsBroughtBack(bench);
+    NoteOrigin(bench.workspace, study.study_path.empty() ? study.origin_path : study.study_path);
     return true;
   }
-  study.unsaved_changes = unsaved && HasRows(bench);
+  study.unsaved_changes = unsaved;
+  study.unsaved_changes = HasUnsavedChanges(bench);  // a study that broke in loading leaves none
   return false;
 }
 

@@ -210,7 +210,9 @@ bool AllStaged(const Disk& disk, const std::filesystem::path& folder,
 Outcome SaveLocked(Disk& disk, const std::filesystem::path& folder, const std::string& base,
                    const std::vector<FamilyFile>& files) {
   if (Outcome ended = EndJournal(disk, folder, base); !ended) {
-    return ended;
+    return FileError{JournalPath(folder, base),
+                     "ΔΕΝ αποθηκεύθηκε : μία προηγούμενη αποθήκευση της Μελέτης δεν ολοκληρώνεται",
+                     ended.error().kind};
   }
   RemoveLeftovers(disk, folder, base);
   Outcome outcome = StageAll(disk, folder, files);

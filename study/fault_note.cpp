@@ -1,7 +1,10 @@
 #include "study/fault_note.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <new>
 
+#include "study/real_disk.h"
 #include "study/study.h"
 
 namespace kalvo {
@@ -25,9 +28,18 @@ std::string NameOfRow(const Study& study, int row) {
 
 }  // namespace
 
+std::string ReasonFor(const std::exception& cause) {
+  if (dynamic_cast<const std::bad_alloc*>(&cause) != nullptr) {
+    return "Η μνήμη δεν επαρκεί";
+  }
+  const auto* file = dynamic_cast<const std::filesystem::filesystem_error*>(&cause);
+  return file == nullptr ? cause.what()
+                         : FileError{file->path1(), ReasonOf(file->code().value())}.Line();
+}
+
 FaultNote NoteOf(const std::exception& cause, const Study& study) {
   FaultNote note;
-  note.text = cause.what();
+  note.text = ReasonFor(cause);
   if (const auto* fault = dynamic_cast<const Fault*>(&cause)) {
     note.number = fault->number();
     note.of_file = fault->file_error() != nullptr;

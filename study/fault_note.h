@@ -16,6 +16,9 @@ struct FaultNote {
   std::string section;   ///< the row's name, UTF-8, trimmed
 };
 
+/// What an exception says of itself, in Greek where the system's own words are English.
+std::string ReasonFor(const std::exception& cause);
+
 /// What `cause` tells, with the name that its row has in `SectionTable`.
 FaultNote NoteOf(const std::exception& cause, const Study& study);
 

@@ -53,12 +53,21 @@ bool SameEmitters(const Rows& file, const Rows& rows) {
                     });
 }
 
+// A file that follows from the rows bars no recovery when it cannot be read; it is left as it is.
+bool LeftUnread(const Workbench& bench, std::string_view work_name) {
+  return bench.study.recovery && !bench.workspace.ReadIfThere(work_name);
+}
+
 Outcome TakeEmitters(Workbench& bench, const Rows& rows) {
   const Rows emitters = RowsWithEmitter(rows);
   RefreshEmitterTable(bench.study, emitters);
   RowFile<SectionRow> file = bench.workspace.Rows(work_file::kEmitters);
   // In recovery the file may hold what the rows do not know yet, or emitters of sections that were
   // deleted or moved since: the user looks at them before anything takes them for the truth.
+  if (LeftUnread(bench, work_file::kEmitters)) {
+    bench.study.emitters_unchecked = true;
+    return Done{};
+  }
   if (bench.workspace.HasBytes(work_file::kEmitters)) {
     const auto left = file.ReadAll();
     if (!left) {
@@ -213,10 +222,10 @@ Outcome TakeStudy(Workbench& bench, const Rows& rows) {
     return taken;
   }
   auto stats = bench.workspace.Rows<StatRow>(work_file::kStatistics).ReadAll();
-  if (!stats) {
+  if (!stats && !LeftUnread(bench, work_file::kStatistics)) {
     return stats.error();
   }
-  study.PipeStats = std::move(stats).value();
+  study.PipeStats = stats ? std::move(stats).value() : std::vector<StatRow>{};
   study.CurrentRow = 0;
   study.data_exist = true;
   study.NameErrors = false;
@@ -237,11 +246,15 @@ Outcome TakeOver(Workbench& bench, const FoundStudy& found) {
   study.fluid_assumed = !found.Has(work_file::kFluid);
   study.saved_digest = found.digest;
   RebuildNameState(bench);
-  NoteOrigin(bench.workspace, bench.study.study_path);
-  for (const FoundStudy::Copy& copy : found.copies) {
-    bench.workspace.Pause();
-    if (Outcome written = bench.workspace.Write(copy.work_name, copy.bytes); !written) {
-      return written;
+  // The rows last: without them nothing is offered back, so no study comes back without the files
+  // that go with it.
+  for (const bool rows : {false, true}) {
+    for (const FoundStudy::Copy& copy : found.copies) {
+      if ((copy.work_name == work_file::kRows) != rows) continue;
+      bench.workspace.Pause();
+      if (Outcome written = bench.workspace.Write(copy.work_name, copy.bytes); !written) {
+        return written;
+      }
     }
   }
   return TakeStudy(bench, found.rows);
@@ -295,7 +308,15 @@ void RecoverStudy(Workbench& bench) {
     TellFailure(bench, loaded.error());
     return;
   }
-  bench.study.origin_path = ReadOrigin(bench.workspace);
+  Study& study = bench.study;
+  study.origin_path = ReadOrigin(bench.workspace);
+  // The water of a study that came without a fluid's file was assumed before the crash too.
+  const Disk& disk = bench.workspace.outer_disk();
+  const std::string_view fluid = ExtensionsOf(study.system_kind).fluid;
+  if (!study.origin_path.empty() && study.fluid_name == kWaterName &&
+      disk.Exists(study.origin_path) && !CompanionOf(disk, study.origin_path, fluid)) {
+    study.fluid_assumed = true;
+  }
   bench.study.came_by_recovery = true;
   bench.study.recalculation_needed = true;
   bench.study.unsaved_changes = true;

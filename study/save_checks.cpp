@@ -3,6 +3,8 @@
 #include <array>
 
 #include "study/companions.h"
+#include "study/fluid_library.h"
+#include "study/row_file.h"
 #include "study/study_reset.h"
 
 namespace kalvo {
@@ -63,7 +65,10 @@ std::optional<fs::path> TwinsCompanion(const Workspace& workspace, const fs::pat
   fs::path shared = CompanionTarget(disk, target, others.fluid);
   const auto there = disk.Read(shared);
   const auto here = workspace.Read(work_file::kFluid);
-  const bool same = there ? here && *here == *there : there.error().IsMissing();
+  // Without a file the other study is one of the library's first fluid.
+  const std::string assumed = EncodeRows<FluidRow>(std::array{WaterRow(workspace)});
+  const bool missing = !there && there.error().IsMissing();
+  const bool same = here && (missing ? *here == assumed : there && *there == *here);
   return same ? std::nullopt : std::optional(std::move(shared));
 }
 

@@ -1,5 +1,6 @@
 #include "study/study_origin.h"
 
+#include "study/codepage.h"
 #include "study/path_text.h"
 #include "study/text_lines.h"
 
@@ -7,7 +8,7 @@ namespace kalvo {
 
 void NoteOrigin(Workspace& workspace, const std::filesystem::path& path) {
   const std::string text = path.string();
-  if (text.empty() || text.find('\n') != std::string::npos) {
+  if (text.empty() || !IsUtf8(text) || text.find('\n') != std::string::npos) {
     workspace.Delete(work_file::kOrigin);
   } else {
     static_cast<void>(workspace.Write(work_file::kOrigin, Quoted(text) + "\n"));

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QDropEvent>
+#include <QFile>
 #include <QMimeData>
 #include <QTemporaryDir>
 #include <QTest>
@@ -26,6 +27,19 @@ TEST(OneInstance, ASecondStartHandsItsStudyToTheFirst) {
   }
   ASSERT_TRUE(QTest::qWaitFor([&came] { return came.size() == 2; }));
   EXPECT_EQ(came, QStringList({QStringLiteral("/μελέτες/Κτίριο Α.PCK"), QString()}));
+}
+
+TEST(OneInstance, TheLockOfAnotherMachineIsNamedAndCanBeTakenOver) {
+  const QTemporaryDir folder;
+  QFile lock(folder.filePath(QStringLiteral("kalvoflume.lock")));
+  ASSERT_TRUE(lock.open(QIODevice::WriteOnly));
+  lock.write("1234\nkalvoflume\nγραφείο\n0123456789abcdef\nfedcba9876543210\n");
+  lock.close();
+  OneInstance here(folder.path());
+  ASSERT_FALSE(here.Take());
+  EXPECT_EQ(here.OtherMachine(), QStringLiteral("γραφείο"));
+  EXPECT_TRUE(here.TakeOver());
+  EXPECT_EQ(here.OtherMachine(), QString());
 }
 
 TEST(OneInstance, AStudyDroppedOnTheMainMenuIsHandedOver) {

@@ -57,6 +57,23 @@ TEST_F(FluidForm, ShowsWaterLockedAndOtherFluidsOpen) {
   EXPECT_EQ(test.study.fluid_name, "Νερό") << "looking is not choosing";
 }
 
+TEST_F(FluidForm, WithoutALibraryThatCanBeReadThereIsNothingToTypeOrChoose) {
+  const auto library = std::filesystem::path(TestBench::kLibraryFolder) / work_file::kFluids;
+  for (const std::string& bytes : {std::string(100, 'x'), std::string()}) {
+    ASSERT_TRUE(test.outer_disk.Write(library, bytes).ok());
+    FrmLiquid broken(desk);
+    broken.Load();
+    EXPECT_TRUE(broken.TxtMeanT.locked);
+    TypeInto(broken, broken.TxtMeanT, "5");
+    Click(broken, broken.CmdOK);
+    Click(broken, broken.CmdNewLiquid);
+    EXPECT_NE(LastLine().find("είναι κενή ή δεν διαβάζεται"), std::string::npos);
+    EXPECT_FALSE(broken.TxtNewLiquid.visible);
+    EXPECT_TRUE(broken.MayClose());
+    EXPECT_EQ(*test.outer_disk.Read(library), bytes);
+  }
+}
+
 TEST_F(FluidForm, TakesOnlyTheKeysOfAField) {
   form.LstLiquid.Select(1);
   TypeInto(form, form.TxtMeanT, "-1,5a2");

@@ -21,6 +21,7 @@ namespace fs = std::filesystem;
 struct MainMenu : TestDesk, ::testing::Test {
   MainMenu() {
     desk.data_folder = "/studies";
+    EXPECT_TRUE(test.outer_disk.MakeFolder("/studies").ok());
     form.Load();
     form.Derive();
   }
@@ -318,6 +319,7 @@ TEST_F(MainMenu, PlaysTheSoundOfCommandsWhenItIsOn) {
 struct KindScreen : TestDesk, ::testing::Test {
   KindScreen() {
     desk.data_folder = "/studies";
+    EXPECT_TRUE(test.outer_disk.MakeFolder("/studies").ok());
     test.study.system_kind = SystemKind::kNone;
     form.Load();
   }

@@ -104,6 +104,7 @@ TEST_F(RecentFiles, AFileThatIsGoneOrOfAnotherSystemLeadsNowhere) {
 
 TEST_F(RecentFiles, RecallingAsksAboutTheOpenStudyAndMovesTheLineToTheTop) {
   desk.desk.data_folder = "/studies";
+  ASSERT_TRUE(desk.test.outer_disk.MakeFolder("/studies").ok());
   PutSampleStudy(desk.test.bench, "Παλιά");
   desk.test.study.unsaved_changes = true;
   desk.test.prompter.Expect(130, Answer::kCancel);

@@ -14,6 +14,7 @@ namespace {
 struct SafetyWindow : TestDesk, ::testing::Test {
   SafetyWindow() {
     desk.data_folder = "/studies";
+    EXPECT_TRUE(test.outer_disk.MakeFolder("/studies").ok());
     desk.state_folder = "/state";
   }
   // A copy of a study of that title, made at that moment.

@@ -20,6 +20,7 @@ const fs::path kCopies = kStudies / kSafetyFolder;
 struct Recovery : ::testing::Test {
   Recovery() {
     desk.data_folder = kStudies;
+    EXPECT_TRUE(test.outer_disk.MakeFolder(kStudies).ok());
     desk.state_folder = "/state";
     PutSampleStudy(test.bench, "Από πριν");
     rows = test.Bytes();
@@ -183,10 +184,12 @@ TEST_F(Recovery, KeepsTheNewestTenCopiesAndNothingThatIsNoCopy) {
   EXPECT_EQ(SafetyCopyNames(test.outer_disk, kCopies).back().substr(17), "-12") << "12 is after 9";
   EXPECT_EQ(Copies().size(), kSafetyCopies + 4);
   clock.now = 1'000'000'000;  // a clock that was set back
-  ASSERT_TRUE(KeepSafetyCopyAnyway(desk));
-  const auto oldest = SafetyCopyNames(test.outer_disk, kCopies).front();
-  EXPECT_TRUE(test.outer_disk.Exists(kCopies / oldest / "MELETH.PCK"));
-  EXPECT_LT(oldest, std::string("2002"));
+  const fs::path oldest = kCopies / SafetyCopyNames(test.outer_disk, kCopies).front();
+  ASSERT_TRUE(KeepSafetyCopyAnyway(desk, oldest));
+  ASSERT_TRUE(KeepSafetyCopyAnyway(desk, oldest));
+  EXPECT_EQ(SafetyCopyNames(test.outer_disk, kCopies).back().substr(17), "-14");
+  EXPECT_EQ(SafetyCopyNames(test.outer_disk, kCopies)[9].substr(17), "-13");
+  EXPECT_TRUE(test.outer_disk.Exists(oldest / "MELETH.PCK")) << "it is being opened";
 }
 
 TEST_F(Recovery, FallsBackOnTheStateFolderAndAsksWhenNeitherTakesTheCopy) {
@@ -195,6 +198,11 @@ TEST_F(Recovery, FallsBackOnTheStateFolderAndAsksWhenNeitherTakesTheCopy) {
   const std::string told = test.prompter.boxes().back().lines.back();
   EXPECT_NE(told.find("/state/ASFALEIA/"), std::string::npos) << told;
   EXPECT_TRUE(Copies().empty());
+
+  desk.data_folder = "/share/that/is/gone";
+  ASSERT_TRUE(KeepSafetyCopyAnyway(desk));
+  EXPECT_FALSE(test.outer_disk.Exists("/share/that/is/gone")) << "nothing is put below it";
+  desk.data_folder = kStudies;
 
   outer.FailAtOperation(1, FailingDisk::Lasting::kFromThenOn);
   Leave(work_file::kRows, rows + "rest");

@@ -40,6 +40,7 @@ struct Unreadable : TestDesk {
       Put(name, test.Bytes());
     }
     there.data_folder = kStudies;
+    EXPECT_TRUE(test.outer_disk.MakeFolder(kStudies).ok());
     there.state_folder = kState;
     work.Bar(name);
     outer.Bar(name);
@@ -90,9 +91,9 @@ const std::vector<Case> kCases = {
      [](Unreadable& p) {
        FoundLeftOver found;
        found.kind = SystemKind::kClosed;
-       EXPECT_FALSE(AcceptRecovery(p.there, found));
-     },
-     true},
+       EXPECT_TRUE(AcceptRecovery(p.there, found)) << "it follows from the rows";
+       EXPECT_TRUE(p.test.study.emitters_unchecked);
+     }},
     {work_file::kSheet, [](Unreadable& p) { EXPECT_FALSE(ThrowAwayStudy(p.there)); }, true},
     {work_file::kSummerRows, [](Unreadable& p) { EXPECT_FALSE(SettleWorkFiles(p.there).ok()); }},
     {work_file::kRowsBeforeChange,
