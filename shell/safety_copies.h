@@ -22,11 +22,11 @@ bool IsSaved(const Workbench& bench);
 bool KeepSafetyCopy(Desk& desk, const std::filesystem::path& in_use = {});
 
 /// The same whatever is saved elsewhere. The work files are copied byte by byte, whole records or
-/// not, into a dated folder of `ASFALEIA` below the studies' folder; where that cannot be, below the
-/// state folder, and a box says so. Where neither can be the user is asked whether to go on without
-/// a copy; "no" is the default, and false. Files without entered data that cannot be read are left
-/// out, and a box names them. The copy opens as any study does; what is no study's file, or is
-/// damaged, keeps its name. The newest kSafetyCopies are kept.
+/// not, into a dated folder of `ASFALEIA` below the studies' folder; where that cannot be, below
+/// the state folder, and a box says so. Where neither can be the user is asked whether to go on
+/// without a copy; "no" is the default, and false. Files without entered data that cannot be read
+/// are left out, and a box names them. The copy opens as any study does; what is no study's file,
+/// or is damaged, keeps its name. The newest kSafetyCopies are kept.
 bool KeepSafetyCopyAnyway(Desk& desk, const std::filesystem::path& in_use = {});
 
 /// Names of the safety copies in a folder, the oldest first: folders named as copies are, no

@@ -105,6 +105,17 @@ class Session {
   Program program_;
 };
 
+/// A program with a study of 999 sections open.
+struct StudyOf999 {
+  StudyOf999() {
+    session.StartToMenu();
+    session.Open(study.path());
+  }
+  const StudyFiles study{SystemKind::kClosed, 999};
+  const Home home;
+  Session session{home};
+};
+
 double ResidentMiB() {
   std::ifstream statm("/proc/self/statm");
   long total = 0;
@@ -159,11 +170,8 @@ void OpenHotel(benchmark::State& state) {
 BENCHMARK(OpenHotel)->Apply(RepeatTen);
 
 void OpenSheetOf999(benchmark::State& state) {
-  const StudyFiles study(SystemKind::kClosed, 999);
-  const Home home;
-  Session session(home);
-  session.StartToMenu();
-  session.Open(study.path());
+  StudyOf999 open;
+  Session& session = open.session;
   session.Calculate();
   QElapsedTimer watch;
   for (auto _ : state) {
@@ -212,11 +220,8 @@ BENCHMARK(KeyToPicture)->Unit(benchmark::kMillisecond)->Iterations(100);
 
 // A row written anew among 999, as a move in the entry of sections does.
 void WriteRowOf999(benchmark::State& state) {
-  const StudyFiles study(SystemKind::kClosed, 999);
-  const Home home;
-  Session session(home);
-  session.StartToMenu();
-  session.Open(study.path());
+  StudyOf999 open;
+  Session& session = open.session;
   RowFile<SectionRow> rows = session.desk().bench.workspace.Rows();
   const SectionRow row = *rows.Read(500);
   for (auto _ : state) {
@@ -227,11 +232,8 @@ BENCHMARK(WriteRowOf999)->Unit(benchmark::kMillisecond)->Iterations(100);
 
 // What is forced onto the medium before an older copy of 999 rows is dropped.
 void FlushRowsOf999(benchmark::State& state) {
-  const StudyFiles study(SystemKind::kClosed, 999);
-  const Home home;
-  Session session(home);
-  session.StartToMenu();
-  session.Open(study.path());
+  StudyOf999 open;
+  Session& session = open.session;
   Workspace& workspace = session.desk().bench.workspace;
   RowFile<SectionRow> rows = workspace.Rows();
   const SectionRow row = *rows.Read(500);
@@ -246,11 +248,8 @@ void FlushRowsOf999(benchmark::State& state) {
 BENCHMARK(FlushRowsOf999)->Apply(RepeatTen);
 
 void SafetyCopyOf999(benchmark::State& state) {
-  const StudyFiles study(SystemKind::kClosed, 999);
-  const Home home;
-  Session session(home);
-  session.StartToMenu();
-  session.Open(study.path());
+  StudyOf999 open;
+  Session& session = open.session;
   QElapsedTimer watch;
   for (auto _ : state) {
     watch.start();
