@@ -5,11 +5,11 @@
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 . tools/common.sh
-need_packages $BUILD_PACKAGES libbenchmark-dev
-build_preset bench
 program=kalvo_bench
 if [ "${1-}" = --window ]; then
   program=kalvo_window_bench
   shift
 fi
+need_packages $BUILD_PACKAGES libbenchmark-dev
+build_preset bench "$program"
 exec "build/bench/bin/$program" "$@"

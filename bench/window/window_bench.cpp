@@ -32,7 +32,7 @@ class Home {
 
  private:
   TemporaryFolder folder_;
-  ProgramPlaces places_{folder_.path() / "program", folder_.path() / "state", {}};
+  ProgramPlaces places_{folder_.path() / "program", folder_.path() / "state", {}, {}};
 };
 
 /// The program with its windows in `home`.
@@ -59,8 +59,7 @@ class Session {
   }
 
   void Calculate() {
-    const auto flow_only = [] { return std::optional(Method::kFlowOnly); };
-    if (kalvo::Calculate(program_.desk().bench, flow_only) != CommandEnd::kCalculated) {
+    if (kalvo::Calculate(program_.desk().bench, Method::kFlowOnly) != CommandEnd::kCalculated) {
       throw std::runtime_error("the study is not calculated");
     }
   }
