@@ -17,8 +17,8 @@ CheckResult CheckStudy(Session& session);
 /// What the last check found, a line each.
 std::string FindingsText(Session& session);
 
-/// Of results that were told: whether their network can be walked. When it cannot they do not hold,
-/// which `err` is told in a line that a quiet console keeps. The exit code.
+/// Of results that were shown: whether their network can be walked. When it cannot they do not
+/// hold, which `err` gets in a line that a quiet console keeps. The exit code.
 int TellLostWalk(const Console& console, const Session& session);
 
 }  // namespace kalvo

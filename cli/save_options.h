@@ -24,14 +24,14 @@ class SaveOptions {
   /// results. True where nothing is saved.
   [[nodiscard]] bool MaySave(const Console& console, const Session& session, Diameters diameters);
 
-  /// Saves, where wanted: before the results are told, so that a reader who leaves, or an output
+  /// Saves, where wanted: before the results are shown, so that a reader who leaves, or an output
   /// that cannot be written, takes nothing from the save.
   [[nodiscard]] Outcome Save(Session& session) const;
 
-  /// Tells that nothing was saved, where that was wanted.
+  /// Says that nothing was saved, where that was wanted.
   void TellNotSaved(const Console& console) const;
 
-  /// Tells how the save ended, where wanted, behind the results. Gives the exit code.
+  /// Says how the save ended, where wanted, after the results. Gives the exit code.
   int Tell(const Console& console, const Outcome& saved) const;
 
  private:

@@ -18,7 +18,7 @@ class Program {
  public:
   Program(const ProgramPlaces& places, Separators separators);
 
-  /// Tells of an argument that is no folder and no study.
+  /// Warns of an argument that is no folder and no study.
   void TellUnknownArgument();
   /// Makes the folders and libraries ready. False: the user was told why that cannot be.
   bool Prepare(const std::filesystem::path& installed);

@@ -44,7 +44,7 @@ class Windows : public QObject, public Navigator {
   [[nodiscard]] bool IsVisible(std::string_view screen) const;
   /// True while an action is under way, or a question waits for the user.
   [[nodiscard]] bool Busy() const;
-  /// The same as Show(), as an action of its own: what it throws is told to the user.
+  /// The same as Show(), as an action of its own: what it throws is shown to the user.
   void ComeBack(std::string_view screen);
   /// Called with a file that was dropped on the main menu.
   void OnDrop(std::function<void(const std::filesystem::path&)> take) { take_ = std::move(take); }

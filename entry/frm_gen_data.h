@@ -48,9 +48,9 @@ class FrmGenData : public Form {
   void EnterInto(Control& part);
   bool TemperatureFits();
   bool VelocityFits();
-  /// Tells what is missing or wrong and returns to its field; true when all is there.
+  /// Says what is missing or wrong and returns to its field; true when all is there.
   bool Complete();
-  /// Tells so by its message; false.
+  /// Says so by its message; false.
   bool Missing(int message, Field& field);
   [[nodiscard]] std::int16_t PlantSection() const;
   void Accept();

@@ -43,7 +43,7 @@ class FrmLiquid : public Form {
   void Delete();
   void Accept();
   void TakeIntoStudy(const FluidRow& chosen);
-  /// Writes what is in the fields into the library. False: it could not be written, which was told.
+  /// Writes what is in the fields into the library. False: it could not be, and a box said so.
   bool Store();
   /// What was typed is in no file yet.
   [[nodiscard]] bool HasEdits() const;

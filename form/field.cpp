@@ -34,7 +34,7 @@ std::string Alien(char32_t character) {
     AppendUtf8(text, character);
     text += ' ';
   }
-  std::string code;  // tells characters that cannot be seen
+  std::string code;  // for characters that cannot be seen
   for (auto rest = static_cast<unsigned>(character); rest != 0 || code.size() < 4; rest >>= 4) {
     code.insert(0, 1, "0123456789ABCDEF"[rest & 0xF]);
   }

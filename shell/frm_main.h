@@ -118,9 +118,9 @@ class FrmMain : public Form {
   bool NeedsPipes();
 
   Step next_ = Step::kTitle;
-  std::vector<std::filesystem::path> recent_;                ///< behind Mnu_Recent
+  std::vector<std::filesystem::path> recent_;                ///< of Mnu_Recent
   std::optional<std::filesystem::path> recent_listed_with_;  ///< `study path` then
-  std::filesystem::path saved_path_;                         ///< the file that LblSaved tells of
+  std::filesystem::path saved_path_;                         ///< the file that LblSaved speaks of
   Control* before_title_ = nullptr;                          ///< where the keyboard was
   bool filling_pipes_ = false;                               ///< the pipe list guard
 };

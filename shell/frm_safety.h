@@ -15,7 +15,7 @@ class FrmSafety : public Form {
 
   Label LblEmpty{*this, "LblEmpty"};  ///< why there is nothing to be seen
   Grid fpSpread1{*this, "fpSpread1"};
-  Label LblPlace{*this, "LblPlace"};  ///< the folder of the copy that the user stands on
+  Label LblPlace{*this, "LblPlace"};  ///< the folder of the current copy
   Command CmdBack;
   Command CmdRecall;
 

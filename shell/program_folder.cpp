@@ -28,7 +28,7 @@ fs::path UserFolder(const Surroundings& surroundings, const std::string& variabl
   return fs::path(home.empty() ? "/tmp" : home) / below / kOwnFolder;
 }
 
-// Below a working folder that is gone nothing is found, which is told where it is looked for.
+// Below a working folder that is gone nothing is found, which shows where it is looked for.
 fs::path FromRoot(const std::string& text) {
   const fs::path path = PathFromText(text);
   const auto absolute = AbsolutePath(path);

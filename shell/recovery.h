@@ -35,7 +35,7 @@ Result<std::optional<FoundLeftOver>> SettleWorkFiles(Desk& desk);
 
 /// Brings the study back as an unsaved one, of the kind of its row 1; `recovery` stays set for the
 /// main menu. Damaged files that follow from the rows are kept in a safety copy and left out, and a
-/// box names them. When the study cannot be loaded the user is told, everything is copied to
+/// box names them. When the study cannot be loaded a box says so, everything is copied to
 /// safety, and the program starts empty. False: the user stays; all files do.
 bool AcceptRecovery(Desk& desk, const FoundLeftOver& found);
 

@@ -13,7 +13,7 @@ constexpr const char* kSafetyFolder = "ASFALEIA";
 constexpr std::size_t kSafetyCopies = 10;
 
 /// True when what was entered (rows, fluid, winter rows) is, byte by byte, in the files at
-/// `study path`, and no sheet is kept beside the rows. Without rows and sheet there is nothing to
+/// `study path`, and no sheet is kept besides the rows. Without rows and sheet there is nothing to
 /// lose, and it is true too.
 bool IsSaved(const Workbench& bench);
 

@@ -26,7 +26,7 @@ std::filesystem::path OwnFile(const Disk& disk, const std::filesystem::path& pat
 std::filesystem::path CompanionTarget(const Disk& disk, const std::filesystem::path& main,
                                       std::string_view extension);
 
-/// A number that tells apart what a study's files hold, companions included. The bytes of those in
+/// A number that differs with what a study's files hold, companions included. The bytes of those in
 /// `known` are taken from there; one that cannot be read is like none that can.
 std::uint64_t FamilyDigest(const Disk& disk, const std::filesystem::path& main,
                            const std::vector<FamilyFile>& known = {});

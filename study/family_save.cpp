@@ -15,7 +15,7 @@ constexpr std::string_view kLockEnd = ".lock~";
 constexpr std::string_view kJournalHead = "KALVOFLUME 1\n";
 constexpr std::string_view kJournalFoot = "TELOS\n";
 
-// Behind the journal's name, so that no other file of the folder can bear it.
+// After the journal's name, so that no other file of the folder can bear it.
 std::filesystem::path LockPath(const std::filesystem::path& folder, const std::string& base) {
   std::filesystem::path path = JournalPath(folder, base);
   return path += kLockEnd;
@@ -164,7 +164,7 @@ std::vector<std::string> OwnNamesIn(std::string_view text, const std::string& ba
   return own ? names : std::vector<std::string>{};
 }
 
-// Does what the journal tells and removes it. The caller has the study's lock.
+// Does what the journal says and removes it. The caller has the study's lock.
 Outcome EndJournal(Disk& disk, const std::filesystem::path& folder, const std::string& base) {
   const std::filesystem::path journal = JournalPath(folder, base);
   const Result<std::string> text = disk.Read(journal);
@@ -192,7 +192,7 @@ bool TakeBack(Disk& disk, const std::filesystem::path& folder, const std::string
       return false;
     }
     if (!disk.Flush(folder)) {
-      return true;  // should the journal come back after a power cut, it finds all that it tells of
+      return true;  // should the journal come back after a power cut, it finds all that it names
     }
   }
   RemoveStaged(disk, folder, files);

@@ -32,7 +32,7 @@ Outcome SaveFamily(Disk& disk, const std::filesystem::path& folder, const std::s
 /// Does what the journal of a save that was broken off tells of study `base`: finishes the save, or
 /// throws its staged files away when the journal is no whole one. Without a journal nothing is
 /// written: staged files may be those of a save under way, and the next save discards any other.
-/// Error: it cannot be finished (PendingNames() tells how the study is read then), or of kind
+/// Error: it cannot be finished (PendingNames() says how the study is read then), or of kind
 /// kBusy, that save is under way in another program.
 Outcome FinishSave(Disk& disk, const std::filesystem::path& folder, const std::string& base,
                    std::chrono::milliseconds patience = kSavePatience);
@@ -46,7 +46,7 @@ std::optional<std::string> BaseOfJournal(std::string_view file_name);
 /// Where the new bytes of a study's file are until it takes its name.
 std::filesystem::path StagedPath(const std::filesystem::path& target);
 
-/// Names of the files that the journal of `base` tells of. The new bytes of each are the staged
+/// Names of the files that the journal of `base` names. The new bytes of each are the staged
 /// ones where they are still there, else its own: a journal is written when all are staged. None
 /// when there is no journal or no whole one. Of one that cannot be read: all that is staged.
 std::vector<std::string> PendingNames(const Disk& disk, const std::filesystem::path& folder,

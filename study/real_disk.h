@@ -20,7 +20,7 @@ class RealDisk : public Disk {
   [[nodiscard]] Result<std::vector<std::string>> List(
       const std::filesystem::path& folder) const override;
   [[nodiscard]] std::filesystem::path Resolve(const std::filesystem::path& path) const override;
-  /// A file of that name while the lock lives, which a program that was killed leaves behind.
+  /// A file of that name while the lock lives, which a killed program leaves.
   [[nodiscard]] Result<std::unique_ptr<DiskLock>> Lock(const std::filesystem::path& path,
                                                        std::chrono::milliseconds patience) override;
 };

@@ -124,7 +124,7 @@ TEST_F(Recovery, GoesOnWithoutDamagedFilesAndSaysWhich) {
        {work_file::kStatistics, work_file::kEmitters, work_file::kFluid, work_file::kWinter}) {
     EXPECT_NE(BytesInCopy(name), "(missing)") << name;
   }
-  // The copy opens, though what stood beside its rows was damaged.
+  // The copy opens, though files next to its rows were damaged.
   EXPECT_TRUE(OpenChosen(desk, kCopies / Copies().back() / "MELETH.PCK", RecentList::kLeave));
   EXPECT_EQ(test.study.study_title, "Από πριν");
 }

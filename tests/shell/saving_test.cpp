@@ -62,7 +62,7 @@ class Saving : public TestDesk, public testing::Test {
     EXPECT_FALSE(test.study.unsaved_changes);
     EXPECT_NE(Studies(), before);
   }
-  // What is left when the first save of a study ends behind its journal.
+  // What is left when the first save of a study ends after its journal.
   void BreakOffFirstSave(const std::string& base) {
     TestBench other;
     PutSampleStudy(other.bench, "Μισή");

@@ -103,7 +103,7 @@ TEST(StudyFluid, FallsBackToTheLibrarysFirstRowWhichBecomesItsOwn) {
   ASSERT_TRUE(LoadStudyFluid(bench.bench).ok());
   EXPECT_EQ(bench.study.fluid_name, "Νερό");
   EXPECT_EQ(bench.Bytes(work_file::kFluid), bench.outer_disk.Read(kLibraryFile)->substr(0, 72));
-  EXPECT_TRUE(bench.study.fluid_assumed) << "the user is told";
+  EXPECT_TRUE(bench.study.fluid_assumed) << "the user is warned";
 }
 
 TEST(StudyFluid, IsWaterWithoutAnyLibrary) {

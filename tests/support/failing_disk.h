@@ -76,7 +76,7 @@ class FailingDisk : public ForwardingDisk {
 };
 
 /// A disk on which some files cannot be read: each is there, and every look at it or its bytes is
-/// an error, as on a share that has gone or behind a closed folder.
+/// an error, as on a share that has gone or in a closed folder.
 class UnreadableDisk : public ForwardingDisk {
  public:
   using ForwardingDisk::ForwardingDisk;
