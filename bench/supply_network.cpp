@@ -7,8 +7,8 @@ namespace kalvo {
 
 namespace {
 
-constexpr int kFloors = 12;
-constexpr int kRiserRows = 2 * kFloors + 1;
+constexpr int kSupplyFloors = 12;
+constexpr int kRiserRows = 2 * kSupplyFloors + 1;
 constexpr float kFloorHeight = 3.1F;
 
 class SupplyBuilder {

@@ -36,7 +36,7 @@ class Help : public CLI::Formatter {
   }
 };
 
-struct Fault {
+struct WrongUse {
   std::string_view error;
   std::string (*text)(const std::vector<const CLI::Option*>& options);
 };
@@ -86,7 +86,7 @@ std::string BadCount(const std::vector<const CLI::Option*>& options) {
                                   ", δίνεται μόνο μία φορά";
 }
 
-constexpr std::array<Fault, 6> kFaults = {{
+constexpr std::array<WrongUse, 6> kWrongUses = {{
     {"RequiredError",
      [](const auto& options) { return "Λείπει απαραίτητο όρισμα : " + NamesOf(options); }},
     {"ExcludesError",
@@ -147,9 +147,9 @@ std::string WhatIsWrong(const CLI::ParseError& error, const CLI::App& program) {
     return UnknownArguments(rest);
   }
   const std::vector<const CLI::Option*> options = OptionsIn(error.what(), program);
-  for (const Fault& fault : kFaults) {
-    if (error.get_name() == fault.error && !options.empty()) {
-      return fault.text(options);
+  for (const WrongUse& wrong : kWrongUses) {
+    if (error.get_name() == wrong.error && !options.empty()) {
+      return wrong.text(options);
     }
   }
   return "Λανθασμένη χρήση";

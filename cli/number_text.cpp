@@ -6,20 +6,14 @@
 
 namespace kalvo {
 
-namespace {
-
-std::string PatternOf(int decimals) {
-  return decimals == 0 ? "#,##0" : "#,##0." + std::string(static_cast<std::size_t>(decimals), '0');
-}
-
-}  // namespace
+namespace {}  // namespace
 
 std::string WithDecimals(float value, int decimals, const Separators& separators) {
-  return FormatPattern(value, PatternOf(decimals), separators);
+  return FormatPattern(value, pattern::Decimals(decimals), separators);
 }
 
 std::string WithDecimals(double value, int decimals, const Separators& separators) {
-  return FormatPattern(value, PatternOf(decimals), separators);
+  return FormatPattern(value, pattern::Decimals(decimals), separators);
 }
 
 std::string WithEnoughDecimals(float value, int decimals, const Separators& separators) {

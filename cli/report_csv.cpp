@@ -8,7 +8,7 @@ namespace kalvo {
 
 namespace {
 
-constexpr const char* kByteOrderMark = "\xEF\xBB\xBF";
+constexpr const char* kUtf8Mark = "\xEF\xBB\xBF";
 
 // Fields of the row that make up a line, in this order.
 constexpr std::array<std::string_view, 38> kColumns = {
@@ -100,7 +100,7 @@ CsvReport::CsvReport(const Console& console, PressureUnits units, bool with_file
 
 void CsvReport::PrintHead() const {
   const char end = separators_.decimal == ',' ? ';' : ',';
-  console_.out << kByteOrderMark;
+  console_.out << kUtf8Mark;
   if (with_file_) {
     console_.out << "Study" << end;
   }

@@ -13,8 +13,6 @@ namespace kalvo {
 
 namespace {
 
-constexpr const char* kNothing = "---";
-
 class ReportPrinter {
  public:
   ReportPrinter(const Console& console, const StudyReport& report, PressureUnits units)
@@ -106,8 +104,8 @@ class ReportPrinter {
                                       Text(row.AvaiPres, 2)};
     if (IsOpen()) {
       cells.push_back(row.HasEmitter() || row.HeightDiff != 0.0F ? Text(row.HeightDiff, 2)
-                                                                 : kNothing);
-      cells.push_back(row.HasEmitter() ? Text(row.SomaDrop, 2) : kNothing);
+                                                                 : kNoValue);
+      cells.push_back(row.HasEmitter() ? Text(row.SomaDrop, 2) : kNoValue);
     }
     if (pascal_) {
       cells.push_back(Text(row.FrictionRate * kPascalPerMmWg, 1));
@@ -198,7 +196,7 @@ class ReportPrinter {
       bool used = pipe.Length != 0.0F;
       for (const float count : fittings) {
         used = used || count != 0.0F;
-        cells.push_back(count == 0.0F ? kNothing : FormatNumber(count, console_.separators));
+        cells.push_back(count == 0.0F ? kNoValue : FormatNumber(count, console_.separators));
       }
       if (used) {
         table.Add(std::move(cells));

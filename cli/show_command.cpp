@@ -20,8 +20,6 @@ struct DataColumn {
   int decimals = 0;  ///< always shown; of a count those that it has
 };
 
-constexpr const char* kNothing = "---";
-
 constexpr std::array<DataColumn, 14> kData = {{
     {"Ύψος", "m", [](const SectionRow& row) { return row.HeightDiff; }, 2},
     {"Γωνίες", "", [](const SectionRow& row) { return row.AnglePOP; }},
@@ -107,10 +105,10 @@ class ShowPrinter {
     for (const SectionRow& row : rows) {
       std::vector<std::string> cells = {
           std::to_string(row.RecordNumber), FromCodePage(row.Name.bytes()), Text(row.Length, 2),
-          Text(row.WaterFlow, 1), row.HasEmitter() ? Text(row.SomaDrop, 2) : kNothing};
+          Text(row.WaterFlow, 1), row.HasEmitter() ? Text(row.SomaDrop, 2) : kNoValue};
       for (const DataColumn& data : used) {
         const float value = data.value(row);
-        cells.push_back(value == 0.0F        ? kNothing
+        cells.push_back(value == 0.0F        ? kNoValue
                         : data.decimals == 0 ? Number(value)
                                              : Text(value, data.decimals));
       }

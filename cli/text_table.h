@@ -7,6 +7,9 @@
 
 namespace kalvo {
 
+/// The cell of what has no value.
+inline constexpr const char* kNoValue = "---";
+
 /// A column of a printed table.
 struct TextColumn {
   std::string head;

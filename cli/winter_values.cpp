@@ -22,10 +22,10 @@ struct Column {
   bool required;
 };
 
-constexpr Column kColumns[] = {{"section", "τμημα", nullptr, true},
-                               {"flow", "παροχη", &WinterLine::flow_lh, true},
-                               {"drop", "πτωση", &WinterLine::drop, true},
-                               {"length", "μηκος", &WinterLine::length_m, false}};
+constexpr Column kValueColumns[] = {{"section", "τμημα", nullptr, true},
+                                    {"flow", "παροχη", &WinterLine::flow_lh, true},
+                                    {"drop", "πτωση", &WinterLine::drop, true},
+                                    {"length", "μηκος", &WinterLine::length_m, false}};
 
 constexpr float kMostSections = 32767;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
@@ -121,11 +121,11 @@ class ValuesReader {
     cell_end_ = CellEndOf(line);
     for (const std::string& cell : CellsOf(line, cell_end_)) {
       const std::string heading = WithoutAccents(LowerCase(cell));
-      const auto* const column =
-          std::find_if(std::begin(kColumns), std::end(kColumns), [&heading](const Column& known) {
+      const auto* const column = std::find_if(
+          std::begin(kValueColumns), std::end(kValueColumns), [&heading](const Column& known) {
             return heading == known.name || heading == known.greek_name;
           });
-      if (column == std::end(kColumns)) {
+      if (column == std::end(kValueColumns)) {
         return Wrong("άγνωστη στήλη " + Shown(cell) +
                      ", δεκτές : section flow drop length ή τμήμα παροχή πτώση μήκος");
       }
@@ -134,7 +134,7 @@ class ValuesReader {
       }
       columns_.push_back(column);
     }
-    for (const Column& column : kColumns) {
+    for (const Column& column : kValueColumns) {
       if (column.required &&
           std::find(columns_.begin(), columns_.end(), &column) == columns_.end()) {
         return Wrong("λείπει η στήλη " + std::string(column.name));

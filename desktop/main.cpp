@@ -69,7 +69,7 @@ void TellRunningAlready(Prompter& prompter) {
   prompter.Ask({"Π Ρ Ο Σ Ο Χ Η",
                 {"Το πρόγραμμα < Kalvofume > τρέχει ήδη και δεν μπορείτε να το τρέξετε σε "
                  "πολλαπλά παράθυρα!"},
-                16});
+                box_style::kStop});
 }
 
 // A crash on another machine, as with a program folder on a stick, must not bar this one.
@@ -82,7 +82,7 @@ bool TakenFromOtherMachine(OneInstance& instance, Prompter& prompter) {
                          machine.toStdString() + " >",
                      "Αν το πρόγραμμα τρέχει εκεί, τα δεδομένα των δύο θα μπερδευτούν",
                      "Είστε σίγουρος ότι ΔΕΝ τρέχει εκεί ??"},
-                    292});
+                    box_style::kDefaultNo});
   return answer == Answer::kYes && instance.TakeOver();
 }
 

@@ -6,7 +6,7 @@ namespace {
 
 constexpr const char* kBrokenOffTitle = "  ! !  ΠΡΟΣΟΧΗ : Διακοπή των Υπολογισμών ! ! ";
 
-Box BrokenOff(const char* text) { return {kBrokenOffTitle, {text}, 16, kAlarmBeeps}; }
+Box BrokenOff(const char* text) { return {kBrokenOffTitle, {text}, box_style::kStop, kAlarmBeeps}; }
 
 Box AskToGoOn() {
   return {"  ! !  ΠΡΟΣΟΧΗ : Προσωρινή Διακοπή των Υπολογισμών ! ! ",
@@ -14,7 +14,7 @@ Box AskToGoOn() {
            "ταχύτητας του νερού, στην περιοχή της <Μέσης Ταχύτητας Νερού> που",
            "έχετε επιλέξει στα <Εισαγωγικά Δεδομένα> της Μελέτης.", "   ",
            "              ... ΝΑ ΣΥΝΕΧΙΣΘΟΥΝ ΟΙ ΥΠΟΛΟΓΙΣΜΟΙ ?? ...             "},
-          36,
+          box_style::kYesNo,
           kAlarmBeeps};
 }
 

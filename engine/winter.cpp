@@ -18,7 +18,6 @@ namespace {
 
 constexpr const char* kAttention = "  !!  ΠΡΟΣΟΧΗ  !! ";
 constexpr int kStop = 16;
-constexpr int kYesNo = 36;
 
 std::string SectionLineOf(int section) {
   return "ΠΡΟΣΟΧΗ : Παρατήρηση για το Τμήμα, με α/α < " + std::to_string(section) + " > ...";
@@ -50,7 +49,7 @@ bool AcceptsFlow(Workbench& bench, const WinterLine& line, float summer_flow) {
       bench.Ask({kAttention,
                  {SectionLineOf(line.section), what,
                   "                     ... Είναι < εντάξει > κάτι τέτοιο ?? ...          "},
-                 kYesNo});
+                 box_style::kYesNo});
   bench.study.answer = Answer::kNone;
   return answer == Answer::kYes;
 }
@@ -244,7 +243,7 @@ void WinterDuty::Close(bool changed) {
       {"  ! !   ΠΡΟΣΟΧΗ   ! ! ",
        {"        !! Αν ΔΕΝ σώσετε τα Δεδομένα για τον Χειμώνα, αυτά θα χαθούν !!        ",
         "                          Θέλετε να < σωθούν > τα Δεδομένα ??                 "},
-       kYesNo});
+       box_style::kYesNo});
   bench_.study.answer = Answer::kNone;
   if (answer == Answer::kYes) {
     bench_.study.unsaved_changes = true;
@@ -256,11 +255,13 @@ void WinterDuty::Close(bool changed) {
 }
 
 Box WinterPumpBox(const SectionRow& first_row, Separators separators) {
-  const auto text = [&](float value) { return FormatPattern(value, "#,##0.0", separators); };
+  const auto text = [&](float value) {
+    return FormatPattern(value, pattern::kOneDecimal, separators);
+  };
   return {"... ΧΑΡΑΚΤΗΡΙΣΤΙΚΑ ΑΝΤΛΙΑΣ ΧΕΙΜΩΝΑ ...",
           {"Παροχή Νερού.................." + text(first_row.PAR) + "  [m3/h]",
            "Μανομετρικό Ύψος.........." + text(ToSingle(first_row.DP / 1000.0)) + "  [m w.g.]"},
-          64};
+          box_style::kInformation};
 }
 
 float WinterFluidTemperature(float mean_temperature) {

@@ -4,15 +4,14 @@
 
 #include "entry/general_data.h"
 #include "form/tell.h"
+#include "form/wait.h"
 #include "study/fault.h"
 
 namespace kalvo {
 namespace {
 
-constexpr std::string_view kOneDecimal = "#,##0.0";
 constexpr std::string_view kToBeCalculated = "ΘΑ ΥΠΟΛ.";
 constexpr std::string_view kCalculatedLater = "ΘΑ ΥΠΟΛΟΓΙΣΘΕΙ ΚΑΤΑ ΤΗ ΦΑΣΗ ΤΩΝ ΥΠΟΛΟΓΙΣΜΩΝ";
-constexpr std::string_view kWait = " ... Παρακαλώ ...  ... Περιμένετε ... ";
 
 namespace message {
 constexpr int kNoTemperature = 3;
@@ -116,8 +115,9 @@ void FrmGenData::ShowFluid() {
   const std::string later(kCalculatedLater);
   const float temperature = bench.study.MeanTemp;
   ShowFluidLines(name,
-                 temperature == 0 ? "ΘΑ ΚΑΤΑΧΩΡΗΘΕΙ ΚΑΤΩΤΕΡΩ"
-                                  : FormatPattern(temperature, kOneDecimal, desk.separators),
+                 temperature == 0
+                     ? "ΘΑ ΚΑΤΑΧΩΡΗΘΕΙ ΚΑΤΩΤΕΡΩ"
+                     : FormatPattern(temperature, pattern::kOneDecimal, desk.separators),
                  later, later);
 }
 
@@ -133,8 +133,8 @@ void FrmGenData::ShowFluidLines(const std::string& name, const std::string& temp
 void FrmGenData::ShowFigures() {
   const Study& study = bench.study;
   if (study.MeanTemp != 0 || study.MeanVel != 0) {
-    Text4.ShowNumber(study.MeanTemp, kOneDecimal, desk.separators);
-    Text6.ShowNumber(study.MeanVel, kOneDecimal, desk.separators);
+    Text4.ShowNumber(study.MeanTemp, pattern::kOneDecimal, desk.separators);
+    Text6.ShowNumber(study.MeanVel, pattern::kOneDecimal, desk.separators);
   }
   ShowTotalFlow();
   Text10.Show(study.SectionCount == 0 ? std::string(kToBeCalculated)
@@ -154,7 +154,7 @@ void FrmGenData::ShowTotalFlow() {
   if (flow == 0) {
     Text2.Show(kToBeCalculated);
   } else {
-    Text2.ShowNumber(flow, kOneDecimal, desk.separators);
+    Text2.ShowNumber(flow, pattern::kOneDecimal, desk.separators);
   }
 }
 
@@ -223,11 +223,12 @@ std::int16_t FrmGenData::PlantSection() const {
 
 void FrmGenData::Accept() {
   if (!Complete()) return;
-  desk.navigator.ShowWait(kWait);
   const GeneralData data = {ToSingle(Text4.Number(desk.separators)),
                             ToSingle(Text6.Number(desk.separators)), PlantSection()};
-  const Outcome stored = StoreGeneralData(bench, data, desk.screens.edit_mode);
-  desk.navigator.HideWait();
+  const Outcome stored = [&] {
+    const WaitShown wait(desk.navigator, " ... Παρακαλώ ...  ... Περιμένετε ... ");
+    return StoreGeneralData(bench, data, desk.screens.edit_mode);
+  }();
   if (TellIfFailed(bench, stored)) Close();
 }
 

@@ -196,7 +196,7 @@ bool FrmLiquid::SettleEdits() {
       bench.Ask({"  ! !   ΠΡΟΣΟΧΗ   ! ! ",
                  {"!! Τα στοιχεία του υγρού που γράψατε, ΔΕΝ έχουν αποθηκευθεί !!",
                   " Θέλετε να αποθηκευθούν στη βιβλιοθήκη ? "},
-                 547});
+                 box_style::kDefaultCancel});
   bench.study.answer = Answer::kNone;
   if (answer == Answer::kYes) return !Incomplete() && !NameInUse() && Store();
   if (answer == Answer::kNo && !new_mode_) ShowSelected();
@@ -206,11 +206,12 @@ bool FrmLiquid::SettleEdits() {
 bool FrmLiquid::CanChangeSelected() const { return LstLiquid.selected > 0 && fluids_.size() > 1; }
 
 void FrmLiquid::Tell(std::vector<std::string> lines) {
-  bench.Ask({"..! Π Ρ Ο Σ Ο Χ Η !...", std::move(lines), 16});
+  bench.Ask({"..! Π Ρ Ο Σ Ο Χ Η !...", std::move(lines), box_style::kStop});
 }
 
 bool FrmLiquid::Confirm(std::vector<std::string> lines) {
-  const bool yes = bench.Ask({"  ! !   ΠΡΟΣΟΧΗ   ! ! ", std::move(lines), 292}) == Answer::kYes;
+  const bool yes = bench.Ask({"  ! !   ΠΡΟΣΟΧΗ   ! ! ", std::move(lines), box_style::kDefaultNo}) ==
+                   Answer::kYes;
   bench.study.answer = Answer::kNone;
   return yes;
 }
@@ -312,7 +313,7 @@ void FrmLiquid::TakeIntoStudy(const FluidRow& chosen) {
                {"... Έχουν γίνει ΑΛΛΑΓΕΣ στα Δεδομένα του Υγρού", "από την τελευταία φορά ...",
                 "... ΤΟ ΥΓΡΟ ΘΑ ΕΝΤΑΧΘΕΙ ΣΤΗΝ ΜΕΛΕΤΗ, ΜΕ ΤΑ ΝΕΑ ΔΕΔΟΜΕΝΑ !...",
                 "... Τυχόν ΠΑΛΑΙΟΙ Υπολογισμοί, ΔΕΝ ΙΣΧΥΟΥΝ !..."},
-               48});
+               box_style::kExclamation});
   }
   if (!TellIfFailed(bench, WriteStudyFluid(bench, changed ? *in_library : chosen))) return;
   bench.study.fluid_name = chosen.name.Utf8();

@@ -15,9 +15,6 @@ struct Edit {
   std::string_view after;
 };
 
-/// An accent that goes into the letter before it.
-constexpr bool IsMark(char32_t character) { return character >= 0x300 && character < 0x370; }
-
 /// A piece of several lines as one line: what parts lines, or cells that were copied, goes at the
 /// ends and becomes a blank inside.
 std::string OneLine(std::string_view piece);

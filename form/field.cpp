@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "study/codepage.h"
+#include "study/unicode_form.h"
 
 namespace kalvo {
 namespace {

@@ -59,8 +59,9 @@ void Form::Run(Command& command) {
 
 void Form::TellBroken(const std::exception& cause) {
   const FaultNote note = bench.NoteFault(cause);
-  desk.navigator.HideWait();
-  bench.Ask({" !!... ΠΡΟΣΟΧΗ ...!! ", {"... Η εντολή ΔΕΝ ολοκληρώθηκε ...", KnownLine(note)}, 16});
+  bench.Ask({" !!... ΠΡΟΣΟΧΗ ...!! ",
+             {"... Η εντολή ΔΕΝ ολοκληρώθηκε ...", KnownLine(note)},
+             box_style::kStop});
 }
 
 bool Form::Type(Field& field, const Edit& edit) {

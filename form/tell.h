@@ -6,7 +6,7 @@ namespace kalvo {
 
 /// Shows why the world said no.
 inline void TellError(Workbench& bench, const FileError& error) {
-  bench.Ask({" !!... ΠΡΟΣΟΧΗ ...!! ", {error.Line()}, 16});
+  bench.Ask({" !!... ΠΡΟΣΟΧΗ ...!! ", {error.Line()}, box_style::kStop});
 }
 
 /// Shows the error of an outcome that has one; true when it has none.

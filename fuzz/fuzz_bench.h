@@ -66,19 +66,19 @@ class FuzzBench : public ProgramInMemory<Reader> {
     study.pipe_system_number = 1;
   }
   void PutStudyFile(const std::string& name, std::string_view bytes) {
-    const auto path = std::filesystem::path(kStudiesFolder) / name;
+    const auto path = kStudies / name;
     Require(outer_disk.Write(path, std::string(bytes)).ok(), "study file");
   }
 
   [[nodiscard]] std::string StudyFile(const std::string& name) const {
-    const auto bytes = outer_disk.Read(std::filesystem::path(kStudiesFolder) / name);
+    const auto bytes = outer_disk.Read(kStudies / name);
     return bytes ? *bytes : "(missing)";
   }
 
   /// Loads the study; false when it was refused, which must be told by one box of two lines.
   bool Load(const std::string& name) {
     study.CalcStatus = 0;
-    study.study_path = std::filesystem::path(kStudiesFolder) / name;
+    study.study_path = kStudies / name;
     prompter.boxes.clear();
     LoadStudy(bench, RecentList::kLeave);
     if (study.CalcStatus == 0) {
@@ -87,7 +87,7 @@ class FuzzBench : public ProgramInMemory<Reader> {
     }
     Require(study.CalcStatus == -1, "a study that is refused sets -1");
     Require(prompter.boxes.size() == 1 && prompter.boxes[0].lines.size() == 2, "one box tells why");
-    Require(prompter.boxes[0].lines[1].find(kStudiesFolder) != std::string::npos,
+    Require(prompter.boxes[0].lines[1].find(kStudies.string()) != std::string::npos,
             "the file is named");
     return false;
   }

@@ -11,7 +11,6 @@ namespace {
 
 using namespace kalvo;
 
-const std::filesystem::path kFolder = FuzzBench::kStudiesFolder;
 constexpr std::array kOwn = {"b.LQD", "b.PCK", "b.STC", "b.wnt"};
 constexpr std::array kOthers = {"a.PCK", "b.txt", "bb.PCK"};
 
@@ -44,32 +43,32 @@ class GuardedDisk : public MemoryDisk {
   void Guard(const std::filesystem::path& path) const {
     const std::string name = path.filename().string();
     const bool journal = name == "b.saving~" || name == "b.saving~.new~";
-    Require(!guarded || (path.parent_path() == kFolder && (journal || IsOwn(name))),
+    Require(!guarded || (path.parent_path() == kStudies && (journal || IsOwn(name))),
             "only the study's own files are touched");
   }
 };
 
 void PutLeftovers(GuardedDisk& disk, unsigned staged, std::string_view journal) {
   for (const char* name : kOthers) {
-    Require(disk.Write(kFolder / name, "old").ok(), "other file");
-    Require(disk.Write(kFolder / (std::string(name) + ".new~"), "new").ok(), "other staged file");
+    Require(disk.Write(kStudies / name, "old").ok(), "other file");
+    Require(disk.Write(kStudies / (std::string(name) + ".new~"), "new").ok(), "other staged file");
   }
   for (std::size_t i = 0; i < kOwn.size(); ++i) {
-    Require(disk.Write(kFolder / kOwn[i], "old").ok(), "own file");
+    Require(disk.Write(kStudies / kOwn[i], "old").ok(), "own file");
     if ((staged >> i & 1U) != 0) {
-      Require(disk.Write(kFolder / (std::string(kOwn[i]) + ".new~"), "new").ok(), "staged file");
+      Require(disk.Write(kStudies / (std::string(kOwn[i]) + ".new~"), "new").ok(), "staged file");
     }
   }
-  Require(disk.Write(kFolder / "b.saving~", std::string(journal)).ok(), "journal");
+  Require(disk.Write(kStudies / "b.saving~", std::string(journal)).ok(), "journal");
   disk.guarded = true;
 }
 
 void TryFinish(unsigned staged, std::string_view journal) {
   GuardedDisk disk;
   PutLeftovers(disk, staged, journal);
-  Require(FinishSave(disk, kFolder, "b").ok(), "it can be finished");
+  Require(FinishSave(disk, kStudies, "b").ok(), "it can be finished");
   const bool whole = journal.starts_with("KALVOFLUME 1\n") && journal.ends_with("\nTELOS\n");
-  const auto image = ImageOf(disk, kFolder);
+  const auto image = ImageOf(disk, kStudies);
   Require(!image.contains("b.saving~"), "the journal is gone");
   for (std::size_t i = 0; i < kOwn.size(); ++i) {
     const bool told = journal.find("\n" + std::string(kOwn[i]) + "\n") != std::string_view::npos;
@@ -79,14 +78,16 @@ void TryFinish(unsigned staged, std::string_view journal) {
     const bool left = image.contains(std::string(kOwn[i]) + ".new~");
     Require(!left || (whole && !told), "a staged file is left only when a whole journal lacks it");
   }
-  Require(FinishSave(disk, kFolder, "b").ok() && ImageOf(disk, kFolder) == image, "once is enough");
+  Require(FinishSave(disk, kStudies, "b").ok() && ImageOf(disk, kStudies) == image,
+          "once is enough");
 }
 
 void TrySave(unsigned staged, std::string_view journal) {
   GuardedDisk disk;
   PutLeftovers(disk, staged, journal);
-  Require(SaveFamily(disk, kFolder, "b", {{"b.LQD", "newest"}, {"b.PCK", "newest"}}).ok(), "saved");
-  const auto image = ImageOf(disk, kFolder);
+  Require(SaveFamily(disk, kStudies, "b", {{"b.LQD", "newest"}, {"b.PCK", "newest"}}).ok(),
+          "saved");
+  const auto image = ImageOf(disk, kStudies);
   Require(image.size() == kOwn.size() + 2 * kOthers.size(), "nothing is left over");
   Require(image.at("b.LQD") == "newest" && image.at("b.PCK") == "newest", "the save is whole");
 }

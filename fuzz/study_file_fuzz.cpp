@@ -27,7 +27,7 @@ void RequireWhole(const FuzzBench& bench) {
 }
 
 std::string SaveAgain(FuzzBench& bench, const std::string& name) {
-  bench.study.study_path = std::filesystem::path(FuzzBench::kStudiesFolder) / name;
+  bench.study.study_path = kStudies / name;
   // The rows' own pipe system may be another than the one in the study's header.
   return WriteStudy(bench.bench) ? bench.StudyFile(name) : std::string();
 }

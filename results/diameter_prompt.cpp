@@ -4,6 +4,7 @@
 
 #include "engine/rerun.h"
 #include "form/tell.h"
+#include "form/wait.h"
 #include "results/results_session.h"
 
 namespace kalvo {
@@ -17,9 +18,10 @@ PromptEnd Recalculate(Desk& desk, const std::vector<SectionRow>& rows) {
   }
   if (!TellIfFailed(bench, bench.workspace.Flush(work_file::kRows))) return PromptEnd::kNothing;
   bench.workspace.Delete(work_file::kRowsBeforeChange);
-  desk.navigator.ShowWait(kWaitText);
-  Rerun(bench);
-  desk.navigator.HideWait();
+  {
+    const WaitShown wait(desk.navigator);
+    Rerun(bench);
+  }
   desk.navigator.Close(screen::kResults);
   desk.screens.ResultsLeft = false;
   if (std::exchange(bench.study.CalcStatus, calc_status::kNothing) == calc_status::kNothing) {

@@ -6,8 +6,6 @@
 namespace kalvo {
 namespace {
 
-constexpr const char* kOneDecimal = "#,##0.0";
-constexpr const char* kTwoDecimals = "#,##0.00";
 constexpr double kMmInMetre = 1000.0;
 
 const ExplainStep& StepOf(const DropExplanation& explanation, std::string_view symbol) {
@@ -33,10 +31,7 @@ class StepWriter {
 
  private:
   [[nodiscard]] std::string Value(const ExplainStep& step) const {
-    const std::string pattern =
-        step.decimals == 0 ? "#,##0"
-                           : "#,##0." + std::string(static_cast<std::size_t>(step.decimals), '0');
-    return FormatPattern(step.value, pattern, separators_);
+    return FormatPattern(step.value, pattern::Decimals(step.decimals), separators_);
   }
 
   [[nodiscard]] std::string ValueAndUnit(std::string_view symbol) const {
@@ -55,26 +50,27 @@ class StepWriter {
     const double others = StepOf(explanation_, "L2").value + StepOf(explanation_, "L3").value +
                           StepOf(explanation_, "L4").value;
     const auto text = [this](double metres) {
-      return FormatPattern(metres, kTwoDecimals, separators_);
+      return FormatPattern(metres, pattern::kTwoDecimals, separators_);
     };
-    std::string formula = text(pipe) + " σωλήνας + " + text(fittings) + " για Σζ " +
-                          FormatPattern(StepOf(explanation_, "Σζ").value, kOneDecimal, separators_);
+    std::string formula =
+        text(pipe) + " σωλήνας + " + text(fittings) + " για Σζ " +
+        FormatPattern(StepOf(explanation_, "Σζ").value, pattern::kOneDecimal, separators_);
     if (others != 0) formula += (others < 0 ? " - " : " + ") + text(std::fabs(others)) + " άλλα";
     return {"L", "Ισοδύναμα μήκη", std::move(formula), text(pipe + fittings + others), "m"};
   }
 
   [[nodiscard]] std::string OneDecimal(double value) const {
-    return FormatPattern(value, kOneDecimal, separators_);
+    return FormatPattern(value, pattern::kOneDecimal, separators_);
   }
 
   [[nodiscard]] StepLine DropLine(const SectionRow& row) const {
     std::string formula = OneDecimal(1.1) + " R L";
     if (row.HasEmitter()) {
       formula += " + " + explanation_.shares.back().what + " " +
-                 FormatPattern(row.SomaDrop, kTwoDecimals, separators_);
+                 FormatPattern(row.SomaDrop, pattern::kTwoDecimals, separators_);
     }
     return {"Δp", "Πτώση πίεσης", std::move(formula),
-            FormatPattern(row.TotalDrop, kTwoDecimals, separators_), "mm w.g."};
+            FormatPattern(row.TotalDrop, pattern::kTwoDecimals, separators_), "mm w.g."};
   }
 
   const DropExplanation& explanation_;
@@ -88,7 +84,7 @@ std::vector<Share> FourShares(const DropExplanation& explanation, Separators sep
   const double others = shares[2].drop + shares[3].drop;
   const auto share = [&](std::string what, double drop) {
     const double whole = explanation.computed_drop;
-    return Share{std::move(what), FormatPattern(drop, kOneDecimal, separators),
+    return Share{std::move(what), FormatPattern(drop, pattern::kOneDecimal, separators),
                  whole > 0 ? std::max(drop / whole, 0.0) : 0.0};
   };
   return {share(shares[0].what, shares[0].drop),
@@ -97,10 +93,12 @@ std::vector<Share> FourShares(const DropExplanation& explanation, Separators sep
 }
 
 std::string OutletLine(const SectionRow& row, double spare, Separators separators) {
-  return "Υποδοχέας : πίεση ροής " + FormatPattern(row.SomaDrop, kTwoDecimals, separators) +
-         " m w.g., ύψος " + FormatPattern(row.HeightDiff, kTwoDecimals, separators) + " m, " +
+  return "Υποδοχέας : πίεση ροής " +
+         FormatPattern(row.SomaDrop, pattern::kTwoDecimals, separators) + " m w.g., ύψος " +
+         FormatPattern(row.HeightDiff, pattern::kTwoDecimals, separators) + " m, " +
          (spare < 0 ? "λείπουν " : "περισσεύουν ") +
-         FormatPattern(std::fabs(spare) / kMmInMetre, kTwoDecimals, separators) + " m w.g.";
+         FormatPattern(std::fabs(spare) / kMmInMetre, pattern::kTwoDecimals, separators) +
+         " m w.g.";
 }
 
 std::string SpacedName(const std::string& name) {
@@ -142,9 +140,10 @@ void DropPanel::Show(const SectionRow& row, const std::optional<DropExplanation>
     StepsDrop.lines = StepWriter(*explanation, separators).Lines(row);
     SharesDrop.parts = FourShares(*explanation, separators);
     if (!explanation->Agrees()) {
-      LblRemark.text = "Από τις τιμές του τμήματος προκύπτει " +
-                       FormatPattern(explanation->computed_drop, kTwoDecimals, separators) +
-                       " mm w.g. : τα δεδομένα άλλαξαν μετά τον υπολογισμό.";
+      LblRemark.text =
+          "Από τις τιμές του τμήματος προκύπτει " +
+          FormatPattern(explanation->computed_drop, pattern::kTwoDecimals, separators) +
+          " mm w.g. : τα δεδομένα άλλαξαν μετά τον υπολογισμό.";
     } else if (explanation->stepped_down) {
       LblRemark.text =
           "Η διάμετρος μειώθηκε από τον 2ο τρόπο, που βάζει στα άλλα μήκη έναν δικό "

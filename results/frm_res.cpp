@@ -13,9 +13,7 @@
 namespace kalvo {
 namespace {
 
-constexpr const char* kPattern = "#,##0.0";
 constexpr std::size_t kRuleWidth = 52;
-constexpr int kInformation = 64;
 
 }  // namespace
 
@@ -116,7 +114,9 @@ void FrmRes::ShowRow() {
 }
 
 void FrmRes::ShowValues(const SectionRow& row) {
-  const auto text = [this](float value) { return FormatPattern(value, kPattern, desk.separators); };
+  const auto text = [this](float value) {
+    return FormatPattern(value, pattern::kOneDecimal, desk.separators);
+  };
   TxtName.Show(row.Name.Utf8());
   TxtLength.Show(text(row.Length));
   TxtNomiDiam.Show(row.NomiDiam.Utf8());
@@ -213,7 +213,7 @@ void FrmRes::ShowHelp() {
               "  ... < Ctrl+End > ------> Τελευταία Καταχώρηση ...",
               "  ... < F5 > ---------------> Πήγαινε (GoTo) στο Τμήμα με α/α ...",
               "  ... < Shift+F12 > ----> Αποτελέσματα σε μορφή Spreadsheet ...", rule},
-             kInformation,
+             box_style::kInformation,
              kAlarmBeeps});
 }
 

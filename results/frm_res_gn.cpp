@@ -1,16 +1,13 @@
 #include "results/frm_res_gn.h"
 
 #include "form/tell.h"
+#include "form/wait.h"
 #include "results/node_report.h"
 #include "results/pump_frame.h"
 #include "results/results_session.h"
 
 namespace kalvo {
-namespace {
-
-constexpr const char* kPattern = "#,##0.00";
-
-}  // namespace
+namespace {}  // namespace
 
 FrmResGn::FrmResGn(Desk& shared_desk)
     : Form(shared_desk),
@@ -47,11 +44,12 @@ void FrmResGn::ShowPump(const SectionRow& first) {
   } else if (first.INILAMDA == 2.0F) {
     LblWay.text = "Υπολογισμοί με βάση την Μέση Ταχύτητα, αλλά και την Διαθέσιμη Πίεση";
   }
-  Text2.text = FormatPattern(first.PAR, kPattern, desk.separators);
-  Text4.text = FormatPattern(HeadOf(first.DP), kPattern, desk.separators);
-  Text6.Show(FormatPattern(study.MeanTemp, kPattern, desk.separators));
-  Text8.Show(desk.screens.WinterPump ? ""
-                                     : FormatPattern(study.MeanVel, kPattern, desk.separators));
+  Text2.text = FormatPattern(first.PAR, pattern::kTwoDecimals, desk.separators);
+  Text4.text = FormatPattern(HeadOf(first.DP), pattern::kTwoDecimals, desk.separators);
+  Text6.Show(FormatPattern(study.MeanTemp, pattern::kTwoDecimals, desk.separators));
+  Text8.Show(desk.screens.WinterPump
+                 ? ""
+                 : FormatPattern(study.MeanVel, pattern::kTwoDecimals, desk.separators));
 }
 
 void FrmResGn::Activate() {

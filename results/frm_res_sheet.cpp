@@ -109,7 +109,8 @@ void FrmRes_Sheet::ShowBranch() {
   ChainCritical.nodes = NodesAlong(bench.study.system_kind, rows_, critical_);
   ChainCritical.visible = !critical_.empty();
   if (!rows_.empty()) {
-    ChainCritical.total = FormatPattern(rows_.front().DP, "#,##0.0", desk.separators) + " mm w.g.";
+    ChainCritical.total =
+        FormatPattern(rows_.front().DP, pattern::kOneDecimal, desk.separators) + " mm w.g.";
   }
   const auto current = std::ranges::find(critical_, bench.study.CurrentRow);
   ChainCritical.current =

@@ -17,12 +17,12 @@ PumpFrame::PumpFrame(Form& form)
 void PumpFrame::Show(Desk& desk, const SectionRow& first) {
   const Separators separators = desk.separators;
   LblThema.text = first.Thema.Utf8();
-  LblFlow.text = FormatPattern(first.PAR, "#,##0.00", separators);
-  LblHead.text = FormatPattern(HeadOf(first.DP), "#,##0.00", separators);
+  LblFlow.text = FormatPattern(first.PAR, pattern::kTwoDecimals, separators);
+  LblHead.text = FormatPattern(HeadOf(first.DP), pattern::kTwoDecimals, separators);
   LblPipes.text = TakePipeSystem(desk.bench, first);
-  LblMeanTemp.text = FormatPattern(first.MeanTemp, "#,##0.0", separators);
+  LblMeanTemp.text = FormatPattern(first.MeanTemp, pattern::kOneDecimal, separators);
   LblMeanVel.text =
-      desk.screens.WinterPump ? "" : FormatPattern(first.MeanVel, "#,##0.0", separators);
+      desk.screens.WinterPump ? "" : FormatPattern(first.MeanVel, pattern::kOneDecimal, separators);
   LblLiquid.text = "Χρησιμοποιούμενο Υγρό : " + desk.bench.study.fluid_name;
 }
 

@@ -8,8 +8,6 @@
 namespace kalvo {
 namespace {
 
-constexpr const char* kOneDecimal = "#,##0.0";
-constexpr const char* kTwoDecimals = "#,##0.00";
 /// Pascal in a conventional millimetre of water (ISO 80000-4: 1 mmH2O = 9.80665 Pa).
 constexpr double kPascalInMm = 9.80665;
 constexpr double kPascalInKilo = 1000.0;
@@ -17,12 +15,14 @@ constexpr double kPascalInKilo = 1000.0;
 enum Column { kName, kLength, kDiameter, kFlow, kVelocity, kDrop, kPressure };
 
 std::string Kilopascal(float mm, Separators separators) {
-  return FormatPattern(mm * kPascalInMm / kPascalInKilo, kTwoDecimals, separators) + " kPa";
+  return FormatPattern(mm * kPascalInMm / kPascalInKilo, pattern::kTwoDecimals, separators) +
+         " kPa";
 }
 
 std::string DiameterTip(const SectionRow& row, const SectionRow* first, Separators separators) {
   const float inner = std::fabs(row.InDiameter);
-  std::string tip = "Εσωτερική διάμετρος " + FormatPattern(inner, kTwoDecimals, separators) + " mm";
+  std::string tip =
+      "Εσωτερική διάμετρος " + FormatPattern(inner, pattern::kTwoDecimals, separators) + " mm";
   if (row.InDiameter < 0) {
     tip += ", αλλαγμένη";
     if (first != nullptr && first->NomiDiam.Trimmed() != row.NomiDiam.Trimmed()) {
@@ -48,18 +48,20 @@ void FillResultRow(Grid& grid, int at, const SectionRow& row, const SectionRow* 
                    const std::vector<std::string>& notes, Separators separators) {
   const auto set = [&](Column column, float value, std::string tip) {
     grid.Set(at, column,
-             {FormatPattern(value, kOneDecimal, separators), Tone::kPlain, value, std::move(tip)});
+             {FormatPattern(value, pattern::kOneDecimal, separators), Tone::kPlain, value,
+              std::move(tip)});
   };
   const float pressure = std::fabs(row.AvaiPres);
   const std::string rate =
-      FormatPattern(row.FrictionRate * kPascalInMm, kOneDecimal, separators) + " Pa/m";
+      FormatPattern(row.FrictionRate * kPascalInMm, pattern::kOneDecimal, separators) + " Pa/m";
   grid.Set(at, kName, {row.Name.Utf8(), Tone::kPlain, {}, JoinLines(notes)});
   set(kLength, row.Length, {});
   grid.Set(at, kDiameter,
            {row.NomiDiam.Utf8(), row.InDiameter < 0 ? Tone::kImposed : Tone::kCalculated,
             std::fabs(row.InDiameter), DiameterTip(row, first, separators)});
   set(kFlow, row.WaterFlow, {});
-  set(kVelocity, row.Velocity, FormatPattern(row.Velocity, kTwoDecimals, separators) + " m/sec");
+  set(kVelocity, row.Velocity,
+      FormatPattern(row.Velocity, pattern::kTwoDecimals, separators) + " m/sec");
   set(kDrop, row.TotalDrop, Kilopascal(row.TotalDrop, separators) + ", τριβή " + rate);
   set(kPressure, pressure, Kilopascal(pressure, separators));
 }

@@ -14,7 +14,6 @@ namespace kalvo {
 namespace {
 
 constexpr const char* kSettledTitle = "!!... ΠΡΟΣΟΧΗ ...!!";
-constexpr int kInformation = 64;
 
 // What the study knows of the rows follows rows that were brought back.
 void FollowRows(Workbench& bench, const SectionRow& first) {
@@ -37,14 +36,14 @@ bool SettleDiameters(Workbench& bench, const std::function<void()>& show_again) 
     show_again();
     bench.Ask({kSettledTitle,
                {"ΕΠΙΚΥΡΩΣΗ ΑΛΛΑΓΩΝ ΔΙΑΜΕΤΡΩΝ : Ισχύουν εφεξής οι ΝΕΕΣ ΔΙΑΜΕΤΡΟΙ ΣΩΛΗΝΩΝ"},
-               kInformation});
+               box_style::kInformation});
     return true;
   }
   if (!BringBackRows(bench, work_file::kFirstRows)) return false;
   show_again();
   bench.Ask({kSettledTitle,
              {"ΑΚΥΡΩΣΗ ΑΛΛΑΓΩΝ ΔΙΑΜΕΤΡΩΝ : Ισχύουν οι ΠΑΛΑΙΕΣ ΔΙΑΜΕΤΡΟΙ ΣΩΛΗΝΩΝ"},
-             kInformation});
+             box_style::kInformation});
   return true;
 }
 

@@ -12,8 +12,6 @@ namespace kalvo {
 /// A session of results lasts from the opening of a view to Back; `FIRSTONE.TMP` holds the rows
 /// with which it began.
 
-constexpr std::string_view kWaitText = "... Παρακαλώ, Περιμένετε ...";
-
 /// What leads from one view to the other: Shift+F12, or Ctrl, Alt and Shift pressed alone.
 inline std::vector<Key> OtherViewKeys() {
   return {Shift(KeyCode::kF12), {KeyCode::kCharacter, 0, true, true, true}};

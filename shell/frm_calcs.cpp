@@ -1,4 +1,5 @@
 #include "shell/frm_calcs.h"
+#include "form/wait.h"
 
 namespace kalvo {
 
@@ -24,9 +25,10 @@ void FrmCalcs::Choose(bool first) {
 }
 
 void FrmCalcs::Calculate() {
-  desk.navigator.ShowWait(" ... Παρακαλώ, Περιμένετε ...");
-  desk.screens.run(SSOption1.on ? Method::kFlowOnly : Method::kFlowAndPressure);
-  desk.navigator.HideWait();
+  {
+    const WaitShown wait(desk.navigator, " ... Παρακαλώ, Περιμένετε ...");
+    desk.screens.run(SSOption1.on ? Method::kFlowOnly : Method::kFlowAndPressure);
+  }
   desk.navigator.Close(screen::kMethod);
 }
 

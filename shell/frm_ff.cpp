@@ -72,7 +72,7 @@ void FrmFF::Accept() {
 }
 
 void FrmFF::Refuse(std::vector<std::string> lines) {
-  bench.Ask({"Π Ρ Ο Σ Ο Χ Η", std::move(lines), 48});
+  bench.Ask({"Π Ρ Ο Σ Ο Χ Η", std::move(lines), box_style::kExclamation});
   Focus(TxtFolder);
   TxtFolder.refused = true;
 }

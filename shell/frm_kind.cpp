@@ -65,7 +65,7 @@ void FrmKind::OfferWaiting() {
       bench.Ask({"Ανάκληση Αρχείου",
                  {"Η Μελέτη που δόθηκε στην αρχή δεν έχει ανακληθεί ακόμη :", waiting.string(),
                   "Θέλετε να ανακληθεί τώρα ??"},
-                 36});
+                 box_style::kYesNo});
   bench.study.answer = Answer::kNone;
   if (answer == Answer::kYes) desk.screens.study_argument = waiting;
 }

@@ -239,12 +239,12 @@ void FrmMain::DeriveFigures() {
     return value == 0 ? std::string(kUnknown) : FormatPattern(value, pattern, separators);
   };
   const bool rows = HasRows();
-  LblFlow.text = number(study.TotalFlowM3h, "#,##0.00");
+  LblFlow.text = number(study.TotalFlowM3h, pattern::kTwoDecimals);
   const bool has_head = rows && ResultsHold(study) && study.PumpHead != 0;
-  LblHead.text = has_head ? number(study.PumpHead, "#,##0.00")
+  LblHead.text = has_head ? number(study.PumpHead, pattern::kTwoDecimals)
                           : std::string(rows ? kToBeCalculated : kUnknown);
-  LblMeanTemp.text = number(study.MeanTemp, "#,##0.0");
-  LblMeanVel.text = number(study.MeanVel, "#,##0.0##");
+  LblMeanTemp.text = number(study.MeanTemp, pattern::kOneDecimal);
+  LblMeanVel.text = number(study.MeanVel, pattern::kOneToThreeDecimals);
   LblSections.text = rows ? std::to_string(study.SectionCount) : std::string(kUnknown);
   LblEmittersHead.text = study.SystemOpen() ? "Υποδοχείς" : "Σώματα";
   LblEmitters.text =

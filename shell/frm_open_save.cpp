@@ -1,5 +1,6 @@
 #include "shell/frm_open_save.h"
 
+#include "form/wait.h"
 #include "shell/search_text.h"
 #include "study/codepage.h"
 #include "study/numeric_text.h"
@@ -40,9 +41,10 @@ void FrmOpenSave::ListFolder() {
   DirList.selected = folders_.current();
   shown_.clear();
   LstStudies.selected = -1;
-  desk.navigator.ShowWait("... Παρακαλώ, Περιμένετε ...");
-  studies_ = ListStudies(bench.workspace, folders_.folder(), bench.study.system_kind);
-  desk.navigator.HideWait();
+  {
+    const WaitShown wait(desk.navigator);
+    studies_ = ListStudies(bench.workspace, folders_.folder(), bench.study.system_kind);
+  }
   LblCount.text = FormatPattern(static_cast<double>(studies_.size()), "##,###", desk.separators);
   LblCount.visible = !studies_.empty();
   TxtSearch.Show("");
@@ -106,7 +108,8 @@ void FrmOpenSave::ShowPicked() {
 void FrmOpenSave::Choose() {
   const ListedStudy* study = Picked();
   if (study == nullptr) {
-    bench.Ask({" !!... ΠΡΟΣΟΧΗ ...!! ", {"... Επιλέξτε πρώτα μία Μελέτη ..."}, 48});
+    bench.Ask(
+        {" !!... ΠΡΟΣΟΧΗ ...!! ", {"... Επιλέξτε πρώτα μία Μελέτη ..."}, box_style::kExclamation});
     return;
   }
   desk.screens.chosen_file = study->path();

@@ -69,7 +69,7 @@ void FrmRecFiles_S::ListLines() {
 
 const RecentLine* FrmRecFiles_S::Picked() {
   if (!lines_.empty()) return &lines_[static_cast<std::size_t>(fpSpread1.current().row)];
-  bench.Ask({title, {std::string(kNone)}, 64});
+  bench.Ask({title, {std::string(kNone)}, box_style::kInformation});
   return nullptr;
 }
 
@@ -101,7 +101,7 @@ void FrmRecFiles_S::Remove() {
                  {"                                ΤΟ ΑΡΧΕΙΟ :       " + line->file_name(),
                   "ΘΑ ΔΙΑΓΡΑΦΕΙ ΑΠΟ ΤΗΝ ΛΙΣΤΑ ΠΡΟΣΦΑΤΩΝ ΑΡΧΕΙΩΝ !!... ",
                   "      Θέλετε να συνεχίσω με την Διαγραφή ??        "},
-                 292});
+                 box_style::kDefaultNo});
   bench.study.answer = Answer::kNone;
   if (answer != Answer::kYes) return;
   TellIfFailed(bench, RemoveRecentFile(bench.workspace, *line));
@@ -113,7 +113,7 @@ void FrmRecFiles_S::ShowWhole() {
   if (line == nullptr) return;
   bench.Ask({title,
              {"File's Name : < " + line->file_name() + " >", "Files' Folder < : " + line->folder()},
-             64});
+             box_style::kInformation});
 }
 
 }  // namespace kalvo

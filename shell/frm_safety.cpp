@@ -53,7 +53,7 @@ const SafetyCopy* FrmSafety::Picked() const {
 void FrmSafety::Recall() {
   const SafetyCopy* copy = Picked();
   if (copy == nullptr) {
-    bench.Ask({title, {LblEmpty.text}, 64});
+    bench.Ask({title, {LblEmpty.text}, box_style::kInformation});
     return;
   }
   if (!AskBeforeOpening(desk)) return;

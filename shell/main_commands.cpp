@@ -2,6 +2,7 @@
 
 #include "engine/rerun.h"
 #include "form/tell.h"
+#include "form/wait.h"
 #include "results/node_report.h"
 #include "shell/frm_main.h"
 #include "shell/message_table.h"
@@ -12,11 +13,7 @@
 #include "study/study_title.h"
 
 namespace kalvo {
-namespace {
-
-constexpr std::string_view kWait = "... Παρακαλώ, Περιμένετε ...";
-
-}  // namespace
+namespace {}  // namespace
 
 bool FrmMain::HasRows() const { return bench.workspace.HasBytes(work_file::kRows); }
 
@@ -88,8 +85,7 @@ void FrmMain::OpenGeneralData() {
 void FrmMain::Calculate(bool choose_method) {
   if (!SettleTitle()) return;
   const bool ask = choose_method || bench.study.SystemOpen();
-  desk.navigator.ShowWait(kWait);
-  const CommandEnd end = kalvo::Calculate(bench, [&](const RunByMethod& run) {
+  const auto choose = [&](const RunByMethod& run) {
     if (!ask) {
       run(Method::kFlowOnly);
       return;
@@ -99,8 +95,11 @@ void FrmMain::Calculate(bool choose_method) {
     desk.screens.run = nullptr;
     std::int16_t& status = bench.study.CalcStatus;
     if (status == calc_status::kNoChoice) status = calc_status::kNothing;
-  });
-  desk.navigator.HideWait();
+  };
+  const CommandEnd end = [&] {
+    const WaitShown wait(desk.navigator);
+    return kalvo::Calculate(bench, choose);
+  }();
   EndCalculation(end);
 }
 
@@ -171,9 +170,10 @@ void FrmMain::RerunAfterChange() {
   study.diameters_changed = true;
   study.unsaved_changes = true;
   study.CalcStatus = calc_status::kNothing;
-  desk.navigator.ShowWait(kWait);
-  Rerun(bench);
-  desk.navigator.HideWait();
+  {
+    const WaitShown wait(desk.navigator);
+    Rerun(bench);
+  }
   if (study.CalcStatus != calc_status::kNothing) {
     study.CalcStatus = calc_status::kNothing;
     return;
@@ -220,7 +220,9 @@ void FrmMain::OpenStudy() {
 void FrmMain::OpenRecent() {
   if (!SettleTitle()) return;
   if (!HasRecentFiles(bench.workspace)) {
-    bench.Ask({std::string(kAttentionTitle), {"... ΔΕΝ υπάρχουν πρόσφατα Αρχεία ..."}, 64});
+    bench.Ask({std::string(kAttentionTitle),
+               {"... ΔΕΝ υπάρχουν πρόσφατα Αρχεία ..."},
+               box_style::kInformation});
     return;
   }
   OpenFromDialog(desk, screen::kRecent);
@@ -252,9 +254,10 @@ void FrmMain::NewStudy() {
 void FrmMain::Leave() {
   if (!SettleTitle()) return;
   if (!AskAboutUnsaved(desk)) return;
-  desk.navigator.ShowWait(kWait);
-  const bool gone = ThrowAwayStudy(desk);
-  desk.navigator.HideWait();
+  const bool gone = [&] {
+    const WaitShown wait(desk.navigator);
+    return ThrowAwayStudy(desk);
+  }();
   if (!gone) return;
   bench.workspace.Delete(work_file::kFluid);
   bench.study.unsaved_changes = false;

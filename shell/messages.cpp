@@ -26,7 +26,7 @@ constexpr InsertedValue kInsertedValues[] = {
     {"{critical_branch}", [](const Study& study, Separators) { return study.critical_branch; }},
     {"{WaterFlow}",
      [](const Study& study, Separators separators) {
-       return FormatPattern(study.row.WaterFlow, "#,##0.0", separators);
+       return FormatPattern(study.row.WaterFlow, pattern::kOneDecimal, separators);
      }},
 };
 
@@ -75,7 +75,7 @@ Answer AnswerOf(int code, Answer given) {
 Box ConfirmOverwriteBox() {
   return {std::string(kAttentionTitle),
           {"!! Το Αρχείο αυτό, υπάρχει ήδη !!", "Θέλετε να το αντικαταστήσω ?"},
-          276};
+          box_style::kStopDefaultNo};
 }
 
 bool ConfirmOverwrite(Workbench& bench) {

@@ -18,7 +18,7 @@ namespace {
 constexpr std::size_t kRowSize = RecordSize<SectionRow>();
 
 // How a step of putting the work files in order ended: done, or the user stays; error: a file.
-using Step = Result<bool>;
+using Moved = Result<bool>;
 
 bool HoldsRows(const Workspace& workspace, std::string_view name) {
   const auto bytes = workspace.Read(name);
@@ -32,7 +32,7 @@ void TellSetAside(Desk& desk, const std::string& names) {
 }
 
 // `name` takes the place of the rows when it can be loaded; else it is kept aside.
-Step TakeForRows(Desk& desk, const char* name) {
+Moved TakeForRows(Desk& desk, const char* name) {
   Workspace& workspace = desk.bench.workspace;
   const auto bytes = workspace.Read(name);
   if (!bytes) return bytes.error();
@@ -49,26 +49,26 @@ Step TakeForRows(Desk& desk, const char* name) {
   }
   if (Outcome flushed = workspace.Flush(name); !flushed) return flushed.error();
   Outcome moved = workspace.MoveOver(name, work_file::kRows);
-  return moved ? Step(true) : moved.error();
+  return moved ? Moved(true) : moved.error();
 }
 
 // The rows that were being worked on, from whichever file holds them.
-Step PutRowsInPlace(Desk& desk) {
+Moved PutRowsInPlace(Desk& desk) {
   const Workspace& workspace = desk.bench.workspace;
   for (const char* const name : {work_file::kSummerRows, work_file::kRowsBeforeChange}) {
     if (!workspace.HasBytes(name)) continue;
-    if (Step taken = TakeForRows(desk, name); !taken || !*taken) return taken;
+    if (Moved taken = TakeForRows(desk, name); !taken || !*taken) return taken;
   }
   for (const char* const name : {work_file::kRebuilt, work_file::kFirstRows}) {
     if (workspace.HasBytes(work_file::kRows)) break;
     if (!HoldsRows(workspace, name)) continue;
-    if (Step taken = TakeForRows(desk, name); !taken || !*taken) return taken;
+    if (Moved taken = TakeForRows(desk, name); !taken || !*taken) return taken;
   }
   return true;
 }
 
 // Cuts a rest that is no whole row; the file as it was is kept in a safety copy.
-Step CutToWholeRows(Desk& desk) {
+Moved CutToWholeRows(Desk& desk) {
   Workspace& workspace = desk.bench.workspace;
   const auto bytes = workspace.ReadIfThere(work_file::kRows);
   if (!bytes) return bytes.error();
@@ -76,7 +76,7 @@ Step CutToWholeRows(Desk& desk) {
   if (!KeepSafetyCopyAnyway(desk)) return false;
   const std::size_t whole = bytes->size() - bytes->size() % kRowSize;
   Outcome cut = workspace.Write(work_file::kRows, bytes->substr(0, whole));
-  return cut ? Step(true) : cut.error();
+  return cut ? Moved(true) : cut.error();
 }
 
 SystemKind KindOf(const SectionRow& row, SystemKind chosen) {
@@ -123,7 +123,7 @@ Outcome TakeSheetIntro(Workbench& bench) {
 Result<std::optional<FoundLeftOver>> SettleWorkFiles(Desk& desk) {
   Workspace& workspace = desk.bench.workspace;
   for (const auto step : {PutRowsInPlace, CutToWholeRows}) {
-    const Step ended = step(desk);
+    const Moved ended = step(desk);
     if (!ended) return ended.error();
     if (!*ended) return std::optional<FoundLeftOver>();
   }

@@ -171,18 +171,18 @@ Result<MadeCopy> WriteBesideStudies(const Desk& desk, const fs::path& in_use) {
 
 // The copy in that folder; nothing when no study of the kind can be opened from it.
 std::optional<SafetyCopy> LookInto(const Disk& disk, const fs::path& folder, SystemKind kind) {
-  constexpr std::size_t kRowSize = RecordSize<SectionRow>();
+  constexpr std::size_t kSectionSize = RecordSize<SectionRow>();
   const auto names = disk.List(folder);
   for (const std::string& name : names ? *names : std::vector<std::string>{}) {
     if (KindOfName(name) != kind) continue;
     const auto status = disk.Status(folder / name);
-    const auto head = disk.ReadHead(folder / name, kRowSize);
-    if (!status || !*status || !head || head->size() < kRowSize) continue;
+    const auto head = disk.ReadHead(folder / name, kSectionSize);
+    if (!status || !*status || !head || head->size() < kSectionSize) continue;
     SafetyCopy copy;
     copy.file = folder / name;
     copy.title = DecodeRecord<SectionRow>(head->data()).Thema.Utf8();
     copy.moment = DateText((*status)->modified) + ", " + ClockText((*status)->modified);
-    copy.rows = static_cast<int>((*status)->length / kRowSize);
+    copy.rows = static_cast<int>((*status)->length / kSectionSize);
     const auto note = disk.Read(folder / work_file::kOrigin);
     if (note) copy.origin = OriginIn(*note);
     return copy;
@@ -233,14 +233,14 @@ bool KeepSafetyCopyAnyway(Desk& desk, const fs::path& in_use) {
     bench.Ask({" !!... ΠΡΟΣΟΧΗ ...!! ",
                {"Δεν διαβάζονται και λείπουν από το αντίγραφο ασφαλείας της Μελέτης :",
                 elsewhere->left_out},
-               48});
+               box_style::kExclamation});
   }
   if (kept) return true;
   if (elsewhere) {
     bench.Ask({" !!... ΠΡΟΣΟΧΗ ...!! ",
                {"Το αντίγραφο ασφαλείας της Μελέτης ΔΕΝ γράφτηκε στον φάκελο των μελετών",
                 kept.error().Line(), "Γράφτηκε στον φάκελο : " + elsewhere->folder.string()},
-               48});
+               box_style::kExclamation});
     return true;
   }
   const Answer answer =
@@ -248,7 +248,7 @@ bool KeepSafetyCopyAnyway(Desk& desk, const fs::path& in_use) {
                  {"ΔΕΝ μπορεί να γραφεί αντίγραφο ασφαλείας της Μελέτης", kept.error().Line(),
                   "Χωρίς αντίγραφο, όσα δεν έχουν < σωθεί > θα χαθούν ΟΡΙΣΤΙΚΑ",
                   "Θέλετε να συνεχίσω χωρίς αντίγραφο ??"},
-                 292});
+                 box_style::kDefaultNo});
   bench.study.answer = Answer::kNone;
   return answer == Answer::kYes;
 }

@@ -5,6 +5,7 @@
 
 #include "study/codepage.h"
 #include "study/letter_case.h"
+#include "study/unicode_form.h"
 
 namespace kalvo {
 
@@ -69,8 +70,6 @@ char32_t Plain(char32_t character) {
   }
   return character;
 }
-
-bool IsMark(char32_t character) { return character >= 0x0300 && character <= 0x036F; }
 
 // Whether a byte of a key is part of a word.
 bool InWord(char byte) {

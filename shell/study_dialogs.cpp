@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "form/tell.h"
+#include "form/wait.h"
 #include "shell/message_table.h"
 #include "shell/messages.h"
 #include "shell/open_study.h"
@@ -18,8 +19,6 @@
 
 namespace kalvo {
 namespace {
-
-constexpr std::string_view kWait = "... Παρακαλώ, Περιμένετε ...";
 
 bool HasRows(const Workbench& bench) { return bench.workspace.HasBytes(work_file::kRows); }
 
@@ -47,9 +46,10 @@ bool WriteTo(Desk& desk, const std::filesystem::path& target) {
     study.study_path = study.last_study_path;
     return false;
   }
-  desk.navigator.ShowWait(kWait);
-  const Outcome written = WriteStudy(bench);
-  desk.navigator.HideWait();
+  const Outcome written = [&] {
+    const WaitShown wait(desk.navigator);
+    return WriteStudy(bench);
+  }();
   if (!TellIfFailed(bench, written)) {
     study.study_path = study.last_study_path;
     return false;
@@ -77,7 +77,7 @@ bool MayReplace(Workbench& bench, std::string what, const std::filesystem::path&
                 std::string question) {
   return bench.Ask({std::string(kAttentionTitle),
                     {std::move(what), file.string(), std::move(question)},
-                    276}) == Answer::kYes;
+                    box_style::kStopDefaultNo}) == Answer::kYes;
 }
 
 // Message 135, once in a run of the program.
@@ -187,11 +187,12 @@ bool OpenChosen(Desk& desk, const std::filesystem::path& path, RecentList recent
   study.last_study_path = study.study_path;
   study.study_path = path;
   study.entry_mode = 0;
-  desk.navigator.ShowWait(kWait);
-  // A copy is no file to be listed among those used last.
-  OpenStudyFile(bench, IsInSafetyCopy(path) ? RecentList::kLeave : recent,
-                [&] { return KeepSafetyCopy(desk, path.parent_path()); });
-  desk.navigator.HideWait();
+  {
+    const WaitShown wait(desk.navigator);
+    // A copy is no file to be listed among those used last.
+    OpenStudyFile(bench, IsInSafetyCopy(path) ? RecentList::kLeave : recent,
+                  [&] { return KeepSafetyCopy(desk, path.parent_path()); });
+  }
   if (std::exchange(study.CalcStatus, calc_status::kNothing) != calc_status::kRefused) {
     if (IsInSafetyCopy(study.study_path)) CountAsBroughtBack(bench);
     NoteOrigin(bench.workspace, study.study_path.empty() ? study.origin_path : study.study_path);

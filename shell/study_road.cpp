@@ -12,8 +12,8 @@ std::string Counted(int count, std::string_view one, std::string_view many, std:
 }
 
 std::string DesignValues(const Study& study, Separators separators) {
-  return FormatPattern(study.MeanTemp, "#,##0.0", separators) + " °C · " +
-         FormatPattern(study.MeanVel, "#,##0.0##", separators) + " m/sec";
+  return FormatPattern(study.MeanTemp, pattern::kOneDecimal, separators) + " °C · " +
+         FormatPattern(study.MeanVel, pattern::kOneToThreeDecimals, separators) + " m/sec";
 }
 
 std::string EmitterCount(const Study& study) {

@@ -21,8 +21,9 @@ namespace {
 using Rows = std::vector<SectionRow>;
 
 void TellFailure(Workbench& bench, const FileError& error) {
-  bench.Ask(
-      {" !!... ΠΡΟΣΟΧΗ ...!! ", {"... Ελλιπές Σύνολο Αρχείων Μελέτης ...", error.Line()}, 16});
+  bench.Ask({" !!... ΠΡΟΣΟΧΗ ...!! ",
+             {"... Ελλιπές Σύνολο Αρχείων Μελέτης ...", error.Line()},
+             box_style::kStop});
   bench.study.CalcStatus = calc_status::kRefused;
 }
 

@@ -297,6 +297,11 @@ std::string FormatNumber(double value, Separators separators) {
   return FormatNumber(NumberText(value), separators);
 }
 
+std::string pattern::Decimals(int count) {
+  return count == 0 ? std::string(kWhole)
+                    : "#,##0." + std::string(static_cast<std::size_t>(count), '0');
+}
+
 std::string FormatPattern(float value, std::string_view pattern, Separators separators) {
   return ByPattern(std::isfinite(value) ? ToDecimal(value) : Decimal{}, pattern, separators);
 }

@@ -28,8 +28,18 @@ std::string FormatNumber(std::string_view number_text, Separators separators);
 std::string FormatNumber(float value, Separators separators);
 std::string FormatNumber(double value, Separators separators);
 
-/// `value` by a pattern of "#", "0", "," and "." ("#,##0.0", "#,##0.0##", "#,##0.00", "##,###",
-/// "#,##0"): "," groups thousands, "0" is a digit always shown, "#" one shown when it counts.
+/// The patterns in which the program shows numbers.
+namespace pattern {
+inline constexpr std::string_view kWhole = "#,##0";
+inline constexpr std::string_view kOneDecimal = "#,##0.0";
+inline constexpr std::string_view kTwoDecimals = "#,##0.00";
+inline constexpr std::string_view kOneToThreeDecimals = "#,##0.0##";
+/// `count` decimals, all shown.
+std::string Decimals(int count);
+}  // namespace pattern
+
+/// `value` by a pattern of "#", "0", "," and ".": "," groups thousands, "0" is a digit always
+/// shown, "#" one shown when it counts.
 /// Rounds half away from zero on the default decimal text.
 std::string FormatPattern(float value, std::string_view pattern, Separators separators);
 std::string FormatPattern(double value, std::string_view pattern, Separators separators);

@@ -84,7 +84,7 @@ Result<PipeList> BuildPipeList(const Workspace& workspace, EmptyLibraries empty)
 }
 
 Box UnsuitableLibraryBox(const FileError& error) {
-  return {"! ΠΡΟΣΟΧΗ !", {"Ακατάλληλες Βιβλιοθήκες Σωλήνων", error.Line()}, 16};
+  return {"! ΠΡΟΣΟΧΗ !", {"Ακατάλληλες Βιβλιοθήκες Σωλήνων", error.Line()}, box_style::kStop};
 }
 
 std::string PipeFileName(int number) { return FourDigits(number) + ".WPT"; }

@@ -10,13 +10,27 @@ struct Study;
 /// What the user said to a box. kNone: the box asked nothing.
 enum class Answer { kNone, kYes, kNo, kCancel };
 
-/// A message box: its title, its lines and its style (16 stop, 48 exclamation, 64 information,
-/// 35 Yes/No/Cancel, 36 Yes/No, 276 and 292 Yes/No with No the default, 547 Yes/No/Cancel with
-/// Cancel the default), and how often the program beeps before it shows.
+/// Styles of a message box: a sum of the buttons (0 OK, 3 Yes/No/Cancel, 4 Yes/No), the icon (16
+/// stop, 32 question, 48 exclamation, 64 information) and 256 for each button that the default is
+/// past the first.
+namespace box_style {
+constexpr int kStop = 16;
+constexpr int kExclamation = 48;
+constexpr int kInformation = 64;
+constexpr int kYesNoCancel = 35;
+constexpr int kYesNo = 36;
+constexpr int kWarnYesNo = 52;
+constexpr int kStopDefaultNo = 276;
+constexpr int kDefaultNo = 292;
+constexpr int kDefaultCancel = 547;
+}  // namespace box_style
+
+/// A message box: its title, its lines and its style, and how often the program beeps before it
+/// shows.
 struct Box {
   std::string title;
   std::vector<std::string> lines;
-  int style = 16;
+  int style = box_style::kStop;
   int beeps = 0;
 };
 

@@ -10,13 +10,13 @@ namespace kalvo {
 namespace {
 
 // A mark, and the letters that take it beside what they become.
-struct Mark {
+struct Accent {
   char32_t mark;
   std::u32string_view letters;
   std::u32string_view composed;
 };
 
-constexpr std::array<Mark, 10> kMarks = {{
+constexpr std::array<Accent, 10> kAccents = {{
     {0x0301, U"ΑΕΗΙΟΥΩαεηιουω", U"ΆΈΉΊΌΎΏάέήίόύώ"},
     {0x0301, U"\u03CA\u03CB", U"\u0390\u03B0"},  // ϊ and ϋ
     {0x0308, U"ΙΥιυ", U"ΪΫϊϋ"},
@@ -29,7 +29,7 @@ constexpr std::array<Mark, 10> kMarks = {{
     {0x0327, U"Cc", U"Çç"},
 }};
 
-static_assert(std::all_of(kMarks.begin(), kMarks.end(), [](const Mark& mark) {
+static_assert(std::all_of(kAccents.begin(), kAccents.end(), [](const Accent& mark) {
   return mark.letters.size() == mark.composed.size();
 }));
 
@@ -49,7 +49,7 @@ char32_t UsualForm(char32_t character) {
 
 // The letter with the mark in it; 0 when there is none.
 char32_t Compose(char32_t letter, char32_t mark) {
-  for (const Mark& row : kMarks) {
+  for (const Accent& row : kAccents) {
     const std::size_t at = row.mark == mark ? row.letters.find(letter) : std::u32string_view::npos;
     if (at != std::u32string_view::npos) {
       return row.composed[at];

@@ -47,7 +47,7 @@ void Studio(SupplyTree& building, int feeder, float floor_m) {
   building.Draw(meter, kLast, {150, 10, floor_m + kShower});
 }
 
-constexpr int kFloors = 5;
+constexpr int kSupplyFloors = 5;
 constexpr float kStorey = 3.1F;      // m
 constexpr float kFirstFloor = 2.5F;  // m above the pump in the basement
 
@@ -86,9 +86,9 @@ SampleStudy ApartmentBuilding() {
                        .pipe_system = 1,
                        .material = "COPPER"});
   int riser = building.FromSource({.metres = 9, .elbows = 6, .gate_valves = 2, .check_valves = 1});
-  for (int floor = 1; floor <= kFloors; ++floor) {
+  for (int floor = 1; floor <= kSupplyFloors; ++floor) {
     const float floor_m = kFirstFloor + static_cast<float>(floor - 1) * kStorey;
-    if (floor == kFloors) {
+    if (floor == kSupplyFloors) {
       Storey(building, riser, floor_m);  // the riser ends here
       break;
     }

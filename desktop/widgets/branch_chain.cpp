@@ -14,8 +14,8 @@ constexpr double kSideMargin = 20;
 constexpr int kCaptionHeight = 20;
 constexpr double kChainY = kCaptionHeight + 13;
 constexpr int kNamesTop = kCaptionHeight + 22;
-constexpr int kHeight = kNamesTop + 18;
-constexpr double kNodeRadius = 5;
+constexpr int kBranchHeight = kNamesTop + 18;
+constexpr double kChainNodeRadius = 5;
 
 }  // namespace
 
@@ -35,7 +35,7 @@ void BranchChain::SetBranch(const BranchView& branch) {
   update();
 }
 
-QSize BranchChain::sizeHint() const { return {400, kHeight}; }
+QSize BranchChain::sizeHint() const { return {400, kBranchHeight}; }
 
 double BranchChain::NodeX(qsizetype node) const {
   const auto stretches = static_cast<double>(qMax(branch_.nodes.size() - 1, qsizetype{1}));
@@ -77,7 +77,7 @@ void BranchChain::DrawSections(QPainter& painter) const {
 
 void BranchChain::DrawNodes(QPainter& painter) const {
   const Theme& theme = ActiveTheme();
-  const double radius = qBound(1.5, (NodeX(1) - NodeX(0)) / 4, kNodeRadius);
+  const double radius = qBound(1.5, (NodeX(1) - NodeX(0)) / 4, kChainNodeRadius);
   painter.setPen(QPen(theme.crit, 2));
   painter.setBrush(theme.surface);
   for (qsizetype i = 0; i < branch_.nodes.size(); ++i) {

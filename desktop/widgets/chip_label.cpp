@@ -7,22 +7,23 @@
 namespace kalvo {
 namespace {
 
-constexpr int kIcon = 14;
-constexpr int kGap = 6;
+constexpr int kChipIcon = 14;
+constexpr int kChipGap = 6;
 
 }  // namespace
 
-QSize ChipLabel::sizeHint() const { return QLabel::sizeHint() + QSize(kIcon + kGap, 0); }
+QSize ChipLabel::sizeHint() const { return QLabel::sizeHint() + QSize(kChipIcon + kChipGap, 0); }
 
 void ChipLabel::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   drawFrame(&painter);
   const QRect area = contentsRect();
   const QColor ink = palette().color(foregroundRole());
-  painter.drawPixmap(area.left(), area.center().y() - kIcon / 2,
-                     IconPixmap(icon_name_, kIcon, devicePixelRatioF(), ink));
+  painter.drawPixmap(area.left(), area.center().y() - kChipIcon / 2,
+                     IconPixmap(icon_name_, kChipIcon, devicePixelRatioF(), ink));
   painter.setPen(ink);
-  painter.drawText(area.adjusted(kIcon + kGap, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, text());
+  painter.drawText(area.adjusted(kChipIcon + kChipGap, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter,
+                   text());
 }
 
 }  // namespace kalvo

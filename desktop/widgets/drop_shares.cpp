@@ -7,13 +7,13 @@
 namespace kalvo {
 namespace {
 
-constexpr int kCaptionHeight = 22;
+constexpr int kSharesCaptionHeight = 22;
 constexpr int kBarHeight = 14;
-constexpr int kKeyTop = kCaptionHeight + kBarHeight + 8;
+constexpr int kKeyTop = kSharesCaptionHeight + kBarHeight + 8;
 constexpr int kKeyHeight = 24;
 constexpr int kColumnGap = 20;
-constexpr double kGap = 2;        // between two shares
-constexpr double kNarrowest = 3;  // of a share that is not nothing
+constexpr double kShareGap = 2;        // between two shares
+constexpr double kNarrowestShare = 3;  // of a share that is not nothing
 
 struct ShareLook {
   QColor Theme::*ground;
@@ -63,9 +63,9 @@ void DropShares::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setFont(ThemeFont(kHintPoints));
   painter.setPen(ActiveTheme().ink3);
-  painter.drawText(QRect(0, 0, width(), kCaptionHeight - 4), Qt::AlignLeft | Qt::AlignVCenter,
+  painter.drawText(QRect(0, 0, width(), kSharesCaptionHeight - 4), Qt::AlignLeft | Qt::AlignVCenter,
                    caption_);
-  DrawBar(painter, QRectF(0, kCaptionHeight, width(), kBarHeight));
+  DrawBar(painter, QRectF(0, kSharesCaptionHeight, width(), kBarHeight));
   const int column = (width() - kColumnGap) / 2;
   for (std::size_t i = 0; i < kShares; ++i) {
     const int left = i % 2 == 0 ? 0 : column + kColumnGap;
@@ -85,13 +85,13 @@ void DropShares::DrawBar(QPainter& painter, const QRectF& bar) const {
     painter.fillRect(bar, ActiveTheme().header);
     return;
   }
-  const double free_width = bar.width() - shown * kNarrowest - (shown - 1) * kGap;
+  const double free_width = bar.width() - shown * kNarrowestShare - (shown - 1) * kShareGap;
   double left = bar.left();
   for (std::size_t i = 0; i < kShares; ++i) {
     if (shares_[i].amount <= 0) continue;
-    const double width = kNarrowest + free_width * shares_[i].amount / total;
+    const double width = kNarrowestShare + free_width * shares_[i].amount / total;
     DrawSwatch(painter, i, QRectF(left, bar.top(), width, bar.height()));
-    left += width + kGap;
+    left += width + kShareGap;
   }
 }
 

@@ -12,7 +12,7 @@
 namespace kalvo {
 namespace {
 
-constexpr int kGap = 8;       // icon to caption
+constexpr int kIconGap = 8;   // icon to caption
 constexpr int kHintGap = 14;  // caption to key name
 constexpr int kIconOnlyWidth = 40;
 constexpr int kTextFlags =
@@ -83,7 +83,7 @@ int HintButton::CaptionWidth() const {
   const int icon = icon_name_.isEmpty() ? 0 : kButtonIconSize;
   if (icon_only_) return icon;
   const int caption = fontMetrics().size(Qt::TextShowMnemonic, text().trimmed()).width();
-  return icon + (icon > 0 && caption > 0 ? kGap : 0) + caption;
+  return icon + (icon > 0 && caption > 0 ? kIconGap : 0) + caption;
 }
 
 int HintButton::HintWidth() const {
@@ -144,7 +144,7 @@ void HintButton::DrawContents(QPainter& painter) const {
   if (!icon_name_.isEmpty()) {
     const QPixmap icon = IconPixmap(icon_name_, kButtonIconSize, devicePixelRatioF(), inks.icon);
     painter.drawPixmap(QPoint(left, (height() - kButtonIconSize) / 2), icon);
-    left += kButtonIconSize + kGap;
+    left += kButtonIconSize + kIconGap;
   }
   if (icon_only_) return;
   painter.setPen(inks.caption);

@@ -9,7 +9,7 @@ namespace kalvo {
 namespace {
 
 constexpr int kShortestRun = 4;
-constexpr int kGap = 8;  // between text, leader and value
+constexpr int kLeaderGap = 8;  // between text, leader and value
 constexpr int kShortestLeader = 24;
 
 int TextFlags(const QLabel& label) {
@@ -33,7 +33,7 @@ QString LeaderLabel::PaintedText(const QString& caption) {
 }
 
 QSize LeaderLabel::sizeHint() const {
-  return {TextWidth(*this) + kGap + kShortestLeader + kGap, fontMetrics().height() + 4};
+  return {TextWidth(*this) + kLeaderGap + kShortestLeader + kLeaderGap, fontMetrics().height() + 4};
 }
 
 QSize LeaderLabel::minimumSizeHint() const { return {TextWidth(*this), fontMetrics().height()}; }
@@ -45,8 +45,8 @@ void LeaderLabel::paintEvent(QPaintEvent*) {
                         PaintedText(text()), foregroundRole());
   const QFontMetrics metrics = fontMetrics();
   const double base = area.center().y() - metrics.height() / 2.0 + metrics.ascent() + 0.5;
-  const double from = area.left() + TextWidth(*this) + kGap;
-  const double to = area.right() - kGap;
+  const double from = area.left() + TextWidth(*this) + kLeaderGap;
+  const double to = area.right() - kLeaderGap;
   if (to <= from) return;
   painter.setRenderHint(QPainter::Antialiasing);
   QPen pen(ActiveTheme().border, 1.2);

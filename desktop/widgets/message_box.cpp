@@ -16,7 +16,7 @@
 namespace kalvo {
 namespace {
 
-constexpr int kNarrowest = 520;
+constexpr int kNarrowestBox = 520;
 constexpr int kWidest = 640;
 constexpr int kButtonWidth = 104;
 constexpr int kDisc = 52;
@@ -109,7 +109,7 @@ MessageBox::MessageBox(const Box& box, QWidget* parent)
 QWidget* MessageBox::MakeBody(const Box& box) {
   constexpr int kMargin = 24;
   constexpr int kIconGap = 18;
-  const int narrowest_text = kNarrowest - 2 * kMargin - kDisc - kIconGap;
+  const int narrowest_text = kNarrowestBox - 2 * kMargin - kDisc - kIconGap;
   const int widest_text = kWidest - 2 * kMargin - kDisc - kIconGap;
 
   auto* body = new QWidget;

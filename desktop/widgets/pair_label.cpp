@@ -9,15 +9,15 @@
 namespace kalvo {
 namespace {
 
-constexpr int kGap = 16;  // between the widest label and the values
+constexpr int kPairGap = 16;  // between the widest label and the values
 constexpr int kShortestValue = 64;
 
-struct Pair {
+struct LabelAndValue {
   QString label;  // with its colon
   QString value;
 };
 
-Pair Split(const QString& text) {
+LabelAndValue Split(const QString& text) {
   const qsizetype colon = text.indexOf(QLatin1String(" :"));
   if (colon < 0) return {QString(), text.trimmed()};
   return {text.left(colon + 2).trimmed(), text.mid(colon + 2).trimmed()};
@@ -37,7 +37,7 @@ int PairLabel::ValueLeft() const {
        parentWidget()->findChildren<PairLabel*>(QString(), Qt::FindDirectChildrenOnly)) {
     widest = std::max(widest, line->OwnWidth());
   }
-  return widest + kGap;
+  return widest + kPairGap;
 }
 
 QSize PairLabel::sizeHint() const {
@@ -60,7 +60,7 @@ bool PairLabel::event(QEvent* event) {
 }
 
 void PairLabel::paintEvent(QPaintEvent*) {
-  const Pair pair = Split(text());
+  const LabelAndValue pair = Split(text());
   const QRect area = contentsRect();
   const QRect value_area = area.adjusted(ValueLeft(), 0, 0, 0);
   constexpr int kFlags = static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter);

@@ -10,7 +10,7 @@ namespace {
 
 constexpr double kNodeRadius = 22;
 constexpr double kNodeInset = 44;  // centre of a node from the edge
-constexpr double kPipeHalf = 13;
+constexpr double kCutPipeHalf = 13;
 constexpr double kCentreY = 28;
 constexpr int kPipeHeight = 84;
 constexpr QSize kPumpSize(180, 110);
@@ -41,7 +41,7 @@ void PipePicture::paintEvent(QPaintEvent*) {
   const QPointF from(kNodeInset, kCentreY);
   const QPointF to(width() - kNodeInset, kCentreY);
   const Theme& theme = ActiveTheme();
-  DrawPipe(painter, QRectF(from - QPointF(0, kPipeHalf), to + QPointF(0, kPipeHalf)));
+  DrawPipe(painter, QRectF(from - QPointF(0, kCutPipeHalf), to + QPointF(0, kCutPipeHalf)));
   constexpr double kArrowGap = 20;
   DrawArrow(painter, from + QPointF(NodeHalfWidth(pipe_.from) + kArrowGap, 0),
             to - QPointF(NodeHalfWidth(pipe_.to) + kArrowGap, 0), theme.primary);

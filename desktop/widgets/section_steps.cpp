@@ -8,7 +8,7 @@ namespace kalvo {
 namespace {
 
 constexpr int kTile = 28;
-constexpr int kGap = 11;
+constexpr int kStepGap = 11;
 constexpr int kStepHeight = 52;
 constexpr int kUnitGap = 6;
 constexpr double kResultPoints = 12;
@@ -47,10 +47,10 @@ QSize SectionSteps::minimumSizeHint() const {
   const QFontMetrics values(ThemeFont(kResultPoints, true));
   int width = 0;
   for (const SectionStep& step : steps_) {
-    width = qMax(width,
-                 names.horizontalAdvance(step.name) + kGap + values.horizontalAdvance(step.value));
+    width = qMax(width, names.horizontalAdvance(step.name) + kStepGap +
+                            values.horizontalAdvance(step.value));
   }
-  return {kTile + kGap + width + kUnitGap + UnitWidth(),
+  return {kTile + kStepGap + width + kUnitGap + UnitWidth(),
           kStepHeight * static_cast<int>(steps_.size())};
 }
 
@@ -82,7 +82,7 @@ void SectionSteps::DrawStep(QPainter& painter, const SectionStep& step, const QR
   painter.drawText(tile, Qt::AlignCenter, step.symbol);
 
   const QFontMetrics small(ThemeFont(kHintPoints));
-  const int text_left = kTile + kGap;
+  const int text_left = kTile + kStepGap;
   const int unit_left = row.right() - UnitWidth();
   const QRect first_line(text_left, row.top() + 2, unit_left - kUnitGap - text_left, 20);
   painter.setPen(theme.ink);

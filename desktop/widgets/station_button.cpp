@@ -11,10 +11,10 @@ namespace {
 constexpr double kDiscRadius = 25;
 constexpr double kHaloRadius = 31;
 constexpr double kDiscTop = 10;
-constexpr int kIconSize = 26;
+constexpr int kStationIcon = 26;
 constexpr double kBadgeRadius = 9;
 constexpr int kCaptionTop = 70;
-constexpr int kNarrowest = 110;
+constexpr int kNarrowestStation = 110;
 
 QString SpokenMark(StationState mark) {
   switch (mark) {
@@ -80,7 +80,7 @@ QPointF StationButton::DiscCentre() const { return {width() / 2.0, kDiscTop + kD
 
 QSize StationButton::sizeHint() const {
   const int line = QFontMetrics(ThemeFont(kBodyPoints, true)).lineSpacing();
-  return {kNarrowest, kCaptionTop + 3 * line + 4};
+  return {kNarrowestStation, kCaptionTop + 3 * line + 4};
 }
 
 bool StationButton::hitButton(const QPoint& position) const { return rect().contains(position); }
@@ -114,8 +114,8 @@ void StationButton::DrawDisc(QPainter& painter) const {
   painter.setBrush(isDown() ? theme.soft : look.fill);
   painter.drawEllipse(centre, kDiscRadius, kDiscRadius);
   const QColor icon = isDown() ? theme.softink : look.icon;
-  painter.drawPixmap(centre - QPointF(kIconSize, kIconSize) / 2,
-                     IconPixmap(icon_, kIconSize, devicePixelRatioF(), icon));
+  painter.drawPixmap(centre - QPointF(kStationIcon, kStationIcon) / 2,
+                     IconPixmap(icon_, kStationIcon, devicePixelRatioF(), icon));
   if (!hasFocus()) return;
   painter.setPen(QPen(theme.primary, 2));
   painter.setBrush(Qt::NoBrush);

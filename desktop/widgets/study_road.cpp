@@ -18,8 +18,8 @@ constexpr StationNames kNames[StudyRoad::kStations] = {
     {"Cmd_Somata", "emitters"}, {"Cmd_Calc", "calc"},       {"Cmd_Res", "results"},
 };
 
-constexpr double kPipeHalf = 6;
-constexpr double kWall = 1.6;
+constexpr double kRoadHalf = 6;
+constexpr double kRoadWall = 1.6;
 
 void DrawFlowArrow(QPainter& painter, const QPointF& centre, const QColor& color) {
   painter.setPen(QPen(color, 1.8, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
@@ -70,9 +70,9 @@ void StudyRoad::paintEvent(QPaintEvent*) {
     const StationButton* to_station = stations_[i + 1];
     const QPointF from = from_station->mapToParent(from_station->DiscCentre());
     const QPointF to = to_station->mapToParent(to_station->DiscCentre());
-    const QRectF pipe(from - QPointF(0, kPipeHalf), to + QPointF(0, kPipeHalf));
+    const QRectF pipe(from - QPointF(0, kRoadHalf), to + QPointF(0, kRoadHalf));
     painter.fillRect(pipe, i < filled ? theme.water : theme.surface);
-    painter.setPen(QPen(theme.border, kWall));
+    painter.setPen(QPen(theme.border, kRoadWall));
     painter.drawLine(pipe.topLeft(), pipe.topRight());
     painter.drawLine(pipe.bottomLeft(), pipe.bottomRight());
     if (i < filled) DrawFlowArrow(painter, pipe.center(), theme.softink);

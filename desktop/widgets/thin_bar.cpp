@@ -8,7 +8,7 @@
 namespace kalvo {
 namespace {
 
-constexpr int kHeight = 6;
+constexpr int kThinHeight = 6;
 constexpr int kTickMs = 40;
 constexpr double kTickStep = 0.03;
 constexpr double kRunnerShare = 0.3;
@@ -17,12 +17,12 @@ constexpr double kRunnerShare = 0.3;
 
 ThinBar::ThinBar(QWidget* parent) : QProgressBar(parent) {
   setTextVisible(false);
-  setFixedHeight(kHeight);
+  setFixedHeight(kThinHeight);
 }
 
-QSize ThinBar::sizeHint() const { return {220, kHeight}; }
+QSize ThinBar::sizeHint() const { return {220, kThinHeight}; }
 
-QSize ThinBar::minimumSizeHint() const { return {60, kHeight}; }
+QSize ThinBar::minimumSizeHint() const { return {60, kThinHeight}; }
 
 void ThinBar::showEvent(QShowEvent* event) {
   timer_.start(kTickMs, this);

@@ -31,20 +31,20 @@ Outcomes Nodes(const std::vector<std::string_view>& lines, const char* old_file 
   return Check(CheckNodes, SystemKind::kClosed, lines, old_file);
 }
 
-Outcomes Names(const std::vector<std::string_view>& lines, const char* old_file = nullptr) {
+Outcomes FeederNames(const std::vector<std::string_view>& lines, const char* old_file = nullptr) {
   return Check(CheckFeedersByName, SystemKind::kOpen, lines, old_file);
 }
 
 TEST(NameChecks, WithoutFindingsClearTheFlag) {
   for (const Outcomes& good :
-       {Nodes({"ANT/1", "1/ANT"}), Names({"1/ANT", "2/1", "3/1"}),
+       {Nodes({"ANT/1", "1/ANT"}), FeederNames({"1/ANT", "2/1", "3/1"}),
         Check(CheckFeederNumbers, SystemKind::kOpen, {"1/ANT", "2/1", "3/3"}, "old\n"),
         Check(CheckFeederUse, SystemKind::kOpen, {"1/1", "2/1", "3/1"}, "old\n")}) {
     EXPECT_EQ(good.findings, "(missing)");
     EXPECT_EQ(good.status, 0);
   }
   EXPECT_FALSE(Nodes({"ANT/1", "1/ANT"}).name_errors);
-  EXPECT_FALSE(Names({"1/ANT", "2/1", "3/1"}).name_errors);
+  EXPECT_FALSE(FeederNames({"1/ANT", "2/1", "3/1"}).name_errors);
 }
 
 TEST(NodeCheck, TellsDeadEndsAndThenDeadStarts) {
@@ -84,14 +84,14 @@ TEST(NodeCheck, LeavesOneRowAndTheStatusAlone) {
 }
 
 TEST(FeederNames, ThreeEqualOwnNamesAreThreePairs) {
-  EXPECT_EQ(Names({"1/ANT", "2/1", "2/1", "3/2", "2/1"}, "old\n").findings,
+  EXPECT_EQ(FeederNames({"1/ANT", "2/1", "2/1", "3/2", "2/1"}, "old\n").findings,
             "Το Τμήμα 2 και το Τμήμα 3 έχουν το ίδιο όνομα !!\n"
             "Το Τμήμα 2 και το Τμήμα 5 έχουν το ίδιο όνομα !!\n"
             "Το Τμήμα 3 και το Τμήμα 5 έχουν το ίδιο όνομα !!\n");
 }
 
 TEST(FeederNames, MustBeThoseOfOtherRowsButForRowOne) {
-  const Outcomes outcome = Names({"1/XX", "2/1", "3/9", "4/4", "5/ANT"}, "old\n");
+  const Outcomes outcome = FeederNames({"1/XX", "2/1", "3/9", "4/4", "5/ANT"}, "old\n");
   EXPECT_EQ(outcome.findings,
             "old\n"
             "Το Τμήμα 3 τροφοδοτείται από ανύπαρκτο Τμήμα !!\n"

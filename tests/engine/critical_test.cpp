@@ -2,26 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/engine/stored_drops.h"
 #include "tests/support/faults.h"
 #include "tests/support/test_bench.h"
 
 namespace kalvo {
 namespace {
-
-// A network whose sections have these drops, mm w.g., and pressures of an earlier run.
-void PutDrops(TestBench& bench, const std::vector<std::string_view>& lines,
-              const std::vector<float>& drops) {
-  std::vector<SectionRow> rows = Network(lines);
-  for (std::size_t i = 0; i < rows.size(); ++i) {
-    rows[i].TotalDrop = drops.at(i);
-    rows[i].AvaiPres = 999;
-  }
-  bench.PutRows(rows);
-}
-
-std::vector<float> Pressures(const TestBench& bench) { return bench.Column(&SectionRow::AvaiPres); }
-
-using Floats = std::vector<float>;
 
 TEST(CriticalBranch, OfALoopIsTheLoop) {
   TestBench bench;

@@ -9,7 +9,7 @@ namespace kalvo {
 namespace {
 
 // Two emitters side by side; row 7 is a bypass that no circuit takes.
-const std::vector<std::string_view> kNetwork = {
+const std::vector<std::string_view> kTwoEmitters = {
     "ANT/1 9l/h", "1/2 soma 300l/h 500mm", "1/3 soma 200l/h 400mm", "2/4", "3/4", "4/ANT",
     "1/4 77l/h"};
 
@@ -24,9 +24,9 @@ SectionRow Record(int number, std::string_view left, std::string_view right, flo
   return row;
 }
 
-// kNetwork with a third record in the emitter file.
+// kTwoEmitters with a third record in the emitter file.
 void PutWithTail(TestBench& bench, const SectionRow& tail) {
-  bench.PutNetwork(kNetwork);
+  bench.PutNetwork(kTwoEmitters);
   auto records = bench.Rows(work_file::kEmitters);
   records.push_back(tail);
   ASSERT_TRUE(bench.workspace.Rows(work_file::kEmitters).WriteAll(records).ok());
@@ -36,7 +36,7 @@ const std::vector<float> kSums = {500, 300, 200, 300, 200, 500, 0};
 
 TEST(EmitterRebuild, GivesEverySectionTheSumOfItsEmittersAndTheStudysValues) {
   TestBench bench;
-  bench.PutNetwork(kNetwork);
+  bench.PutNetwork(kTwoEmitters);
   bench.study.pipe_material = "COPPER";
   bench.study.MeanTemp = 45;
   bench.study.MeanVel = 0.8F;
@@ -82,7 +82,7 @@ TEST(EmitterRebuild, AnOldTailOfTheFileCountsAsFarAsTheRowsBearIt) {
 
 TEST(EmitterRebuild, TakesTheEmittersThatTheRowsHave) {
   TestBench bench;
-  bench.PutNetwork(kNetwork);
+  bench.PutNetwork(kTwoEmitters);
   bench.study.EmitterTable.clear();
   bench.study.EmitterCount = 5;
   bench.workspace.Delete(work_file::kEmitters);

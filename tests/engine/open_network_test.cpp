@@ -4,32 +4,23 @@
 
 #include "engine/balancing.h"
 #include "engine/first_row_index.h"
+#include "tests/engine/stored_drops.h"
 #include "tests/support/faults.h"
 #include "tests/support/test_bench.h"
 
 namespace kalvo {
 namespace {
 
-using Floats = std::vector<float>;
-
-// An open network whose sections have these drops, mm w.g., and pressures of an earlier run.
-void PutDrops(TestBench& bench, const std::vector<std::string_view>& lines, const Floats& drops) {
-  NetworkHeader header;
-  header.kind = SystemKind::kOpen;
-  std::vector<SectionRow> rows = Network(lines, header);
-  for (std::size_t i = 0; i < rows.size(); ++i) {
-    rows[i].TotalDrop = drops.at(i);
-    rows[i].AvaiPres = 999;
-  }
-  bench.PutRows(rows);
+// The same for an open network.
+void PutOpenDrops(TestBench& bench, const std::vector<std::string_view>& lines,
+                  const Floats& drops) {
+  PutDrops(bench, lines, drops, SystemKind::kOpen);
 }
-
-Floats Pressures(const TestBench& bench) { return bench.Column(&SectionRow::AvaiPres); }
 
 TEST(OpenNetwork, PumpsToTheCriticalOutletsHeightPressureAndResidue) {
   TestBench bench;
-  PutDrops(bench, {"1/ANT", "2/1 4up outlet 300 l/h 5mwg", "3/1 9up outlet 200 l/h 2mwg"},
-           {100.125F, 250.5F, 80});
+  PutOpenDrops(bench, {"1/ANT", "2/1 4up outlet 300 l/h 5mwg", "3/1 9up outlet 200 l/h 2mwg"},
+               {100.125F, 250.5F, 80});
   OpenPassFlowOnly(bench.bench);
   // Section 2 decides by losses and flow pressure, 100.125 + 250.5 + 5,000 = 5,350.625 against
   // 2,180.125, and its height alone counts: + 4,000 + 500 = 9,850.625. Behind 1: 9,850.625 -
@@ -48,8 +39,8 @@ TEST(OpenNetwork, PumpsToTheCriticalOutletsHeightPressureAndResidue) {
 
 TEST(OpenNetwork, OutletsBelowThePumpAddNoHeight) {
   TestBench bench;
-  PutDrops(bench, {"1/ANT", "2/1 -3up outlet 300 l/h 1mwg", "3/1 -2up outlet 200 l/h 1mwg"},
-           {10, 20, 20});
+  PutOpenDrops(bench, {"1/ANT", "2/1 -3up outlet 300 l/h 1mwg", "3/1 -2up outlet 200 l/h 1mwg"},
+               {10, 20, 20});
   OpenPassFlowOnly(bench.bench);
   EXPECT_EQ(Pressures(bench), (Floats{1520, 4500, 3500}));  // the first of equal branches
   EXPECT_EQ(bench.study.critical_branch, "1  -2  -");
@@ -57,10 +48,10 @@ TEST(OpenNetwork, OutletsBelowThePumpAddNoHeight) {
 
 TEST(OpenNetwork, AFeederLaterInTheFileIsReadAsNothing) {
   TestBench bench;
-  PutDrops(bench,
-           {"1/ANT", "2/4 outlet 300 l/h 1mwg", "3/4 outlet 100 l/h 1mwg", "4/1 1up",
-            "5/ANT outlet 50 l/h 1mwg", "6/77 outlet 50 l/h 1mwg"},
-           {10, 20, 30, 40, 50, 60});
+  PutOpenDrops(bench,
+               {"1/ANT", "2/4 outlet 300 l/h 1mwg", "3/4 outlet 100 l/h 1mwg", "4/1 1up",
+                "5/ANT outlet 50 l/h 1mwg", "6/77 outlet 50 l/h 1mwg"},
+               {10, 20, 30, 40, 50, 60});
   OpenPassFlowOnly(bench.bench);
   // 10 + 40 + 30 + 1,000 on the way to 3, + 1,000 for the height of 4 and 500: 2,580 less 10 are
   // behind 1. Section 4 is still 0 when 2 and 3 are reached; 5 takes row 1 for its feeder, and so
@@ -71,10 +62,10 @@ TEST(OpenNetwork, AFeederLaterInTheFileIsReadAsNothing) {
 
 TEST(OpenNetwork, ABranchBeginsWithRowOneOnce) {
   TestBench bench;
-  PutDrops(bench,
-           {"1/ANT outlet 10 l/h 1mwg", "2/ANT outlet 10 l/h 1mwg", "3/2 outlet 5 l/h 1mwg",
-            "4/5 outlet 1 l/h 1mwg", "5/4 outlet 1 l/h 1mwg"},
-           {1, 1, 1, 1, 1});
+  PutOpenDrops(bench,
+               {"1/ANT outlet 10 l/h 1mwg", "2/ANT outlet 10 l/h 1mwg", "3/2 outlet 5 l/h 1mwg",
+                "4/5 outlet 1 l/h 1mwg", "5/4 outlet 1 l/h 1mwg"},
+               {1, 1, 1, 1, 1});
   const auto branches = BuildOpenBranchStrings(bench.study);
   EXPECT_EQ(branches[0], (Branch{1}));
   EXPECT_EQ(branches[1], (Branch{1, 2}));
@@ -140,10 +131,10 @@ TEST_F(OpenStepping, NothingAvailableIsAFault) {
 
 TEST(OpenBalancing, SettlesTheForkOfEveryBranchButTheLastAnew) {
   TestBench bench;
-  PutDrops(bench,
-           {"1/ANT", "2/3 outlet 300 l/h 1mwg", "3/1 3up", "4/3 outlet 100 l/h 9mwg",
-            "5/1 outlet 100 l/h 1mwg"},
-           {10, 20, 30, 40, 50});
+  PutOpenDrops(bench,
+               {"1/ANT", "2/3 outlet 300 l/h 1mwg", "3/1 3up", "4/3 outlet 100 l/h 9mwg",
+                "5/1 outlet 100 l/h 1mwg"},
+               {10, 20, 30, 40, 50});
   OpenPassPressure(bench.bench);
   // The pass leaves what the file's order makes of it; no pipe changes.
   const float pump = 10 + 30 + 40 + 9000 + 3000 + 500;

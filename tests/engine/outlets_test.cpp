@@ -4,15 +4,15 @@
 
 #include "engine/branches.h"
 #include "engine/outlet_flows.h"
+#include "tests/engine/stored_drops.h"
 #include "tests/support/test_bench.h"
 
 namespace kalvo {
 namespace {
 
 using Numbers = std::vector<int>;
-using Floats = std::vector<float>;
 
-Floats Flows(const TestBench& bench) { return bench.Column(&SectionRow::WaterFlow); }
+Floats WaterFlows(const TestBench& bench) { return bench.Column(&SectionRow::WaterFlow); }
 
 TEST(Outlets, AreTheSectionsThatFeedNoOther) {
   EXPECT_EQ(FindOutlets(Network({"1/ANT"})), Numbers{1});
@@ -29,7 +29,7 @@ TEST(Outlets, FlowsAreSummedLevelByLevelUpToRowOne) {
                     "9/7 outlet 0.25 l/h 5mwg", "10/7 outlet 0.5 l/h 5mwg",
                     "11/8 outlet 1000 l/h 5mwg", "12/8 outlet 2000 l/h 5mwg"});
   SumOutletFlows(bench.bench);
-  EXPECT_EQ(Flows(bench),
+  EXPECT_EQ(WaterFlows(bench),
             (Floats{3124.25F, 100.5F, 23, 20, 3, 3000.75F, 0.75F, 3000, 0.25F, 0.5F, 1000, 2000}));
   EXPECT_EQ(bench.study.EmitterCount, 7);
   EXPECT_EQ(bench.study.SectionTable[5].flow_lh, 3000.75);
@@ -45,7 +45,7 @@ TEST(Outlets, OnlyWhatTheFileHoldsOfRowsThatAreThereCounts) {
   records[1].RecordNumber = 9;
   ASSERT_TRUE(bench.workspace.Rows(work_file::kEmitters).WriteAll(records).ok());
   SumOutletFlows(bench.bench);
-  EXPECT_EQ(Flows(bench), (Floats{80, 80, 0}));
+  EXPECT_EQ(WaterFlows(bench), (Floats{80, 80, 0}));
   EXPECT_EQ(bench.Row(3).SomaDrop, 0.0F);
   EXPECT_EQ(bench.study.EmitterCount, 1);
 }
@@ -54,7 +54,7 @@ TEST(Outlets, ALonelyOutletOfRowOneFlowsThroughIt) {
   TestBench bench(SystemKind::kOpen);
   bench.PutNetwork({"1/ANT outlet 100 l/h 5mwg"});
   SumOutletFlows(bench.bench);
-  EXPECT_EQ(Flows(bench), Floats{100});
+  EXPECT_EQ(WaterFlows(bench), Floats{100});
 }
 
 TEST(Outlets, AreListedWithTheValuesTheyHave) {
@@ -95,7 +95,7 @@ TEST(Outlets, RowOneHangsOnNothingWhateverItsNameSays) {
     bench.PutNetwork({first, "2/1 outlet 100 l/h 5mwg", "3/1", "4/3 outlet 20 l/h 5mwg",
                       "5/3 outlet 3 l/h 5mwg"});
     SumOutletFlows(bench.bench);
-    EXPECT_EQ(Flows(bench), (Floats{123, 100, 23, 20, 3})) << name;
+    EXPECT_EQ(WaterFlows(bench), (Floats{123, 100, 23, 20, 3})) << name;
     EXPECT_EQ(bench.study.CalcStatus, 0);
     EXPECT_EQ(FindOutlets(bench.Rows()), (Numbers{2, 4, 5})) << name;
     EXPECT_EQ(BuildOpenBranchStrings(bench.study).at(1), (Branch{1, 3, 4})) << name;
@@ -128,7 +128,7 @@ TEST(Outlets, TheEndOfTheirEntryPutsThemIntoTheRows) {
   StoreOutlet(bench.bench, 2, {200, 10, 7.5F});  // as it was
   EXPECT_FALSE(bench.study.unsaved_changes);
   EndOutlets(bench.bench);
-  EXPECT_EQ(Flows(bench), (Floats{0, 300.5F, 200}));
+  EXPECT_EQ(WaterFlows(bench), (Floats{0, 300.5F, 200}));
   EXPECT_EQ(bench.Row(1).SomaDrop, 0.0F);
   EXPECT_EQ(bench.Row(1).Outlets, 2);
   EXPECT_EQ(bench.Row(1).ANOIK, 1);

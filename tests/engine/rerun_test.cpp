@@ -9,10 +9,10 @@ namespace kalvo {
 namespace {
 
 // A network calculated by the first method, its rows kept as the previous and the first ones.
-void PutCalculated(TestBench& bench,
-                   const std::vector<std::string_view>& lines = {
-                       "ANT/1 5m", "1/2 5m soma 3000l/h 500mm", "1/3 5m soma 2000l/h 400mm",
-                       "2/4 5m", "3/4 5m", "4/ANT 5m"}) {
+void PutFirstCalculation(TestBench& bench,
+                         const std::vector<std::string_view>& lines = {
+                             "ANT/1 5m", "1/2 5m soma 3000l/h 500mm", "1/3 5m soma 2000l/h 400mm",
+                             "2/4 5m", "3/4 5m", "4/ANT 5m"}) {
   bench.PutNetwork(lines);
   ASSERT_EQ(Calculate(bench.bench, Method::kFlowOnly), CommandEnd::kCalculated);
   for (const char* name : {work_file::kPreviousRows, work_file::kFirstRows}) {
@@ -31,7 +31,7 @@ void Overrule(TestBench& bench, int number, std::string_view name, float diamete
 
 TEST(Rerun, WithNothingChangedGivesTheSameRows) {
   TestBench bench;
-  PutCalculated(bench);
+  PutFirstCalculation(bench);
   const std::string rows = bench.Bytes();
   Rerun(bench.bench);
   EXPECT_EQ(bench.Bytes(), rows);
@@ -40,7 +40,7 @@ TEST(Rerun, WithNothingChangedGivesTheSameRows) {
 
 TEST(Rerun, CalculatesOnTheDiametersThatItFinds) {
   TestBench bench;
-  PutCalculated(bench);
+  PutFirstCalculation(bench);
   const SectionRow before = bench.Row(1);
   const float critical = bench.study.CriticalDrop;
   Overrule(bench, 1, "1 1/2", -41.9F);
@@ -62,7 +62,7 @@ TEST(Rerun, CalculatesOnTheDiametersThatItFinds) {
 
 TEST(Rerun, TakesTheMarkOffRowsThatCameBack) {
   TestBench bench;
-  PutCalculated(bench);
+  PutFirstCalculation(bench);
   const float first = bench.Row(2).InDiameter;
   Overrule(bench, 2, bench.Row(2).NomiDiam.Utf8(), -first);
   Overrule(bench, 3, "2", -53.1F);
@@ -75,7 +75,7 @@ TEST(Rerun, TakesTheMarkOffRowsThatCameBack) {
 TEST(Rerun, ThatEndsEarlyNeedsANewCalculation) {
   for (const bool broken_off : {true, false}) {
     TestBench bench;
-    PutCalculated(bench);
+    PutFirstCalculation(bench);
     const std::string previous = bench.Bytes(work_file::kPreviousRows);
     Overrule(bench, 2, "?", broken_off ? 0.0F : -27.3F);
     bench.study.fluid_name = broken_off ? std::string(kWaterName) : "Άλμη";
@@ -89,7 +89,7 @@ TEST(Rerun, ThatEndsEarlyNeedsANewCalculation) {
 
 TEST(Rerun, ClosesALoneSection) {
   TestBench bench;
-  PutCalculated(bench, {"ANT/ANT 20m 1000l/h soma 500mm"});
+  PutFirstCalculation(bench, {"ANT/ANT 20m 1000l/h soma 500mm"});
   Overrule(bench, 1, "1/2", -16.1F);
   Rerun(bench.bench);
   EXPECT_EQ(bench.Row(1).DP, bench.Row(1).TotalDrop);
@@ -98,7 +98,7 @@ TEST(Rerun, ClosesALoneSection) {
 
 TEST(RerunIfChanged, WaitsForAnotherNominalDiameter) {
   TestBench bench;
-  PutCalculated(bench);
+  PutFirstCalculation(bench);
   const float diameter = bench.Row(2).InDiameter;
   Overrule(bench, 2, bench.Row(2).NomiDiam.Utf8(), -diameter);  // the name is the same
   EXPECT_FALSE(RerunIfChanged(bench.bench).value());

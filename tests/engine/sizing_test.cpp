@@ -39,7 +39,7 @@ std::string Diameters(const TestBench& bench) {
 }
 
 // Lengths of the quantities, line by line.
-std::vector<float> Lengths(const Study& study) {
+std::vector<float> LineLengths(const Study& study) {
   std::vector<float> lengths;
   for (const StatRow& line : study.PipeStats) {
     lengths.push_back(line.Length);
@@ -82,7 +82,7 @@ TEST(Sizing, CountsTheSectionOnTheLineOfThePipesCode) {
   swapped[1].pipe_id = 1;
   PutPipes(bench, PipeFileName(1), swapped);
   SizePipes(bench.bench, 1);
-  EXPECT_EQ(Lengths(bench.study), (std::vector<float>{7, 9, 0}));
+  EXPECT_EQ(LineLengths(bench.study), (std::vector<float>{7, 9, 0}));
   EXPECT_EQ(bench.study.PipeStats[1].RecordNumber, 1);
   EXPECT_EQ(bench.study.PipeStats[1].Corners, 3.0F);
   EXPECT_FLOAT_EQ(bench.study.PipeStats[1].FluidVolume, 0.0036F);
@@ -91,7 +91,7 @@ TEST(Sizing, CountsTheSectionOnTheLineOfThePipesCode) {
   swapped[0].pipe_id = 1;
   PutPipes(bench, PipeFileName(1), swapped);
   SizePipes(bench.bench, 1);
-  EXPECT_EQ(Lengths(bench.study), (std::vector<float>{16, 0, 0}));
+  EXPECT_EQ(LineLengths(bench.study), (std::vector<float>{16, 0, 0}));
   EXPECT_EQ(bench.study.PipeStats[0].NomiDiameter.Utf8(), "M");  // refreshed by the last
 }
 
@@ -177,7 +177,7 @@ TEST(Recalculation, KeepsDiametersAndMethod) {
   EXPECT_EQ(bench.Row(1).INILAMDA, 2.0F);
   EXPECT_EQ(bench.Row(1).Velocity, 0.25F);
   EXPECT_EQ(bench.Row(1).Area, 0.0001F);  // stays that of the sizing
-  EXPECT_EQ(Lengths(bench.study), (std::vector<float>{5, 7, 6}));
+  EXPECT_EQ(LineLengths(bench.study), (std::vector<float>{5, 7, 6}));
 }
 
 TEST(Recalculation, OfCopperTakesItsFittings) {

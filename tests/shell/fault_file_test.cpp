@@ -10,19 +10,11 @@ namespace kalvo {
 namespace {
 
 const std::filesystem::path kFolder = "/state";
-const std::filesystem::path kFile = kFolder / kFaultFile;
+const std::filesystem::path kLogPath = kFolder / kFaultFile;
 
 FaultNote Overflow(std::string text = "value outside 32 bits") {
   return {6, std::move(text), false, 12, "11/12"};
 }
-
-// A disk on which the log is there and cannot be read.
-struct UnreadableDisk : ForwardingDisk {
-  using ForwardingDisk::ForwardingDisk;
-  [[nodiscard]] Result<std::string> Read(const std::filesystem::path& path) const override {
-    return FileError{path, "Σφάλμα του δίσκου"};
-  }
-};
 
 TEST(FaultFile, HasALineForEveryFault) {
   MemoryDisk disk;
@@ -30,7 +22,7 @@ TEST(FaultFile, HasALineForEveryFault) {
   FaultFile log(disk, clock, kFolder);
   log.Note(Overflow());
   log.Note({0, "std::bad_alloc\nsecond line", false, 0, {}});
-  const std::string text = *disk.Read(kFile);
+  const std::string text = *disk.Read(kLogPath);
   const std::size_t second = text.find('\n') + 1;
   EXPECT_NE(text.find("  fault 6, row 12 (11/12) : value outside 32 bits\n"), std::string::npos);
   EXPECT_TRUE(text.substr(second).ends_with("  fault 0 : std::bad_alloc second line\n")) << text;
@@ -44,7 +36,7 @@ TEST(FaultFile, KeepsItsNewestLinesAndNeverGrowsPastItsRoom) {
     log.Note(Overflow(std::to_string(i) + std::string(1000, 'x')));
   }
   log.Note(Overflow(std::string(1'000'000, 'y')));
-  const std::string text = *disk.Read(kFile);
+  const std::string text = *disk.Read(kLogPath);
   EXPECT_LE(text.size(), FaultFile::kMostBytes);
   EXPECT_GT(text.size(), FaultFile::kMostBytes / 2);
   EXPECT_EQ(text.find("fault 6"), text.find("fault")) << "whole lines go";
@@ -57,13 +49,14 @@ TEST(FaultFile, ThatCannotBeReadIsLeftAloneAndThatCannotBeWrittenIsNoError) {
   MemoryDisk disk;
   NoWait clock;
   FaultFile(disk, clock, kFolder).Note(Overflow());
-  const std::string before = *disk.Read(kFile);
+  const std::string before = *disk.Read(kLogPath);
   UnreadableDisk unreadable(disk);
+  unreadable.Bar(kFaultFile);
   FaultFile(unreadable, clock, kFolder).Note(Overflow());
   FailingDisk full(disk);
   full.FailAfterBytes(10);
   FaultFile(full, clock, kFolder).Note(Overflow());
-  EXPECT_EQ(*disk.Read(kFile), before);
+  EXPECT_EQ(*disk.Read(kLogPath), before);
   EXPECT_EQ(NamesIn(disk, kFolder), std::vector<std::string>{kFaultFile});
 }
 

@@ -13,7 +13,6 @@ namespace kalvo {
 namespace {
 
 namespace fs = std::filesystem;
-const fs::path kStudies = "/studies";
 const fs::path kCopies = kStudies / kSafetyFolder;
 
 // Work files that an earlier run left, on a disk some of whose files cannot be read.

@@ -18,7 +18,6 @@ namespace kalvo {
 namespace {
 
 namespace fs = std::filesystem;
-const fs::path kFolder = TestBench::kStudiesFolder;
 const std::string kAttention = "  ! !   ΠΡΟΣΟΧΗ   ! ! ";
 
 // A disk on which one file is protected from being written.
@@ -37,8 +36,8 @@ class ProtectingDisk : public ForwardingDisk {
 class Saving : public TestDesk, public testing::Test {
  protected:
   Saving() {
-    desk.data_folder = kFolder;
-    EXPECT_TRUE(test.outer_disk.MakeFolder(kFolder).ok());
+    desk.data_folder = kStudies;
+    EXPECT_TRUE(test.outer_disk.MakeFolder(kStudies).ok());
   }
   // The sample study, loaded from its files and changed since.
   void OpenAndChange(const std::string& name) {
@@ -47,14 +46,14 @@ class Saving : public TestDesk, public testing::Test {
     PutSampleStudy(test.bench, "Νέα");
     test.study.unsaved_changes = true;
   }
-  [[nodiscard]] FolderImage Studies() const { return ImageOf(test.outer_disk, kFolder); }
+  [[nodiscard]] FolderImage Studies() const { return ImageOf(test.outer_disk, kStudies); }
   // A save to the study's own file that asks once, about `file`, keeps everything on "no" and is
   // made on "yes".
   void ExpectAsked(Desk& at, const std::string& file) {
     const FolderImage before = Studies();
     test.prompter.Expect(kAttention, Answer::kNo);
     EXPECT_FALSE(SaveToOwnFile(at));
-    EXPECT_EQ(test.prompter.boxes().back().lines[1], kFolder / file);
+    EXPECT_EQ(test.prompter.boxes().back().lines[1], kStudies / file);
     EXPECT_EQ(Studies(), before);
     EXPECT_TRUE(test.study.unsaved_changes);
     test.prompter.Expect(kAttention, Answer::kYes);
@@ -67,10 +66,11 @@ class Saving : public TestDesk, public testing::Test {
     TestBench other;
     PutSampleStudy(other.bench, "Μισή");
     ASSERT_TRUE(
-        test.outer_disk.Write(kFolder / (base + ".PCK.new~"), other.Bytes(work_file::kRows)).ok());
-    ASSERT_TRUE(test.outer_disk
-                    .Write(kFolder / (base + ".saving~"), "KALVOFLUME 1\n" + base + ".PCK\nTELOS\n")
-                    .ok());
+        test.outer_disk.Write(kStudies / (base + ".PCK.new~"), other.Bytes(work_file::kRows)).ok());
+    ASSERT_TRUE(
+        test.outer_disk
+            .Write(kStudies / (base + ".saving~"), "KALVOFLUME 1\n" + base + ".PCK\nTELOS\n")
+            .ok());
   }
 };
 
@@ -83,7 +83,7 @@ TEST_F(Saving, ToItsOwnFileAsksNothingWhereNothingIsInTheWay) {
   EXPECT_TRUE(SaveToOwnFile(desk)) << "what it has saved itself is no change by another";
   EXPECT_TRUE(test.prompter.boxes().empty());
   test.study.study_path.clear();
-  navigator.Expect(screen::kFiles, [this] { desk.screens.chosen_file = kFolder / "new.PCK"; });
+  navigator.Expect(screen::kFiles, [this] { desk.screens.chosen_file = kStudies / "new.PCK"; });
   EXPECT_TRUE(SaveToOwnFile(desk));
   EXPECT_TRUE(Studies().contains("new.PCK"));
 }
@@ -96,7 +96,7 @@ TEST_F(Saving, AsksWhenAnotherHasChangedTheStudyOrACompanion) {
     ExpectAsked(desk, "hotel.PCK");
   }
   OpenAndChange("hotel.PCK");
-  ASSERT_TRUE(test.outer_disk.Remove(kFolder / "hotel.WNT").ok());
+  ASSERT_TRUE(test.outer_disk.Remove(kStudies / "hotel.WNT").ok());
   ExpectAsked(desk, "hotel.PCK");
 }
 
@@ -123,7 +123,7 @@ TEST_F(Saving, AsksBeforeItChangesTheFluidOfTheOtherKindsStudy) {
 TEST_F(Saving, AStudyWhoseFirstSaveWasBrokenOffIsSeenByEveryRoadToIt) {
   const auto broken_off = [this] {
     for (const auto& [name, bytes] : Studies()) {
-      ASSERT_TRUE(test.outer_disk.Remove(kFolder / name).ok());
+      ASSERT_TRUE(test.outer_disk.Remove(kStudies / name).ok());
     }
     BreakOffFirstSave("half");
   };
@@ -141,19 +141,19 @@ TEST_F(Saving, AStudyWhoseFirstSaveWasBrokenOffIsSeenByEveryRoadToIt) {
   broken_off();
   TypeInto(classic, classic.TxtFileName, "HALF");
   Click(classic, classic.CmdOK);
-  EXPECT_EQ(std::exchange(desk.screens.chosen_file, {}), kFolder / "half.PCK");
+  EXPECT_EQ(std::exchange(desk.screens.chosen_file, {}), kStudies / "half.PCK");
 
   broken_off();
-  ASSERT_TRUE(AddRecentFile(test.workspace, kFolder / "half.PCK").ok());
+  ASSERT_TRUE(AddRecentFile(test.workspace, kStudies / "half.PCK").ok());
   FrmRecFiles_S recent(desk);
   recent.Load();
   Click(recent, recent.CmdRecall);
-  EXPECT_EQ(std::exchange(desk.screens.chosen_file, {}), kFolder / "half.PCK");
+  EXPECT_EQ(std::exchange(desk.screens.chosen_file, {}), kStudies / "half.PCK");
 
   broken_off();
   FrmMain menu(desk);
   menu.Load();
-  desk.screens.study_argument = kFolder / "half.PCK";
+  desk.screens.study_argument = kStudies / "half.PCK";
   menu.Activate();
   EXPECT_EQ(test.study.study_title, "Μισή");
   EXPECT_TRUE(test.prompter.boxes().empty());
@@ -206,11 +206,11 @@ TEST_F(Saving, TheDialogProposesANameFromTheTitleAndMakesAFolder) {
   }
   TypeInto(form, form.TxtNewFolder, "2026");
   form.Press(Plain(KeyCode::kEnter));
-  EXPECT_TRUE(test.outer_disk.IsFolder(kFolder / "2026"));
-  EXPECT_EQ(form.LblFolder.text, kFolder / "2026");
+  EXPECT_TRUE(test.outer_disk.IsFolder(kStudies / "2026"));
+  EXPECT_EQ(form.LblFolder.text, kStudies / "2026");
   EXPECT_FALSE(form.TxtNewFolder.visible);
   Click(form, form.CmdOK);
-  EXPECT_EQ(desk.screens.chosen_file, kFolder / "2026" / "Σχολείο.PCK");
+  EXPECT_EQ(desk.screens.chosen_file, kStudies / "2026" / "Σχολείο.PCK");
 }
 
 }  // namespace

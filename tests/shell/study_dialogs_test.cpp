@@ -13,19 +13,18 @@ namespace kalvo {
 namespace {
 
 namespace fs = std::filesystem;
-const fs::path kFolder = "/studies";
 
 struct StudyDialogs : TestDesk, ::testing::Test {
   StudyDialogs() {
-    desk.data_folder = kFolder;
-    EXPECT_TRUE(test.outer_disk.MakeFolder(kFolder).ok());
+    desk.data_folder = kStudies;
+    EXPECT_TRUE(test.outer_disk.MakeFolder(kStudies).ok());
   }
   /// A study of its own in the folder; the open one is left as it was.
   void Put(const std::string& name, std::string_view title) {
     TestBench other;
     PutSampleStudy(other.bench, title);
     const auto bytes = other.workspace.Read(work_file::kRows);
-    ASSERT_TRUE(test.outer_disk.Write(kFolder / name, *bytes).ok());
+    ASSERT_TRUE(test.outer_disk.Write(kStudies / name, *bytes).ok());
   }
   void ChooseIn(std::string_view dialog, const fs::path& path) {
     navigator.Expect(dialog, [this, path] { desk.screens.chosen_file = path; });
@@ -35,20 +34,20 @@ struct StudyDialogs : TestDesk, ::testing::Test {
     test.study.study_title = "Παλιά";
   }
   [[nodiscard]] std::vector<std::string> SafetyCopies() const {
-    return NamesIn(test.outer_disk, kFolder / kSafetyFolder);
+    return NamesIn(test.outer_disk, kStudies / kSafetyFolder);
   }
 };
 
 TEST_F(StudyDialogs, OpeningAsksOnceAboutAStudyThatIsSaved) {
   Put("a.PCK", "Πρώτη");
   Put("b.PCK", "Δεύτερη");
-  ChooseIn(screen::kStudies, kFolder / "a.PCK");
+  ChooseIn(screen::kStudies, kStudies / "a.PCK");
   AskToOpen(desk);
   EXPECT_EQ(test.study.study_title, "Πρώτη");
   test.prompter.Expect(135, Answer::kNo);
   AskToOpen(desk);
   EXPECT_EQ(test.study.study_title, "Πρώτη");
-  ChooseIn(screen::kStudies, kFolder / "b.PCK");
+  ChooseIn(screen::kStudies, kStudies / "b.PCK");
   AskToOpen(desk);
   EXPECT_EQ(test.study.study_title, "Δεύτερη") << "asked once in a run";
   EXPECT_TRUE(SafetyCopies().empty()) << "nothing was thrown away that stands in no file";
@@ -66,11 +65,11 @@ TEST_F(StudyDialogs, CancelLosesNothingButTheFlag) {
   // The study then goes on as if it were saved; opening another must not lose it.
   Put("b.PCK", "Δεύτερη");
   test.prompter.Expect(135, Answer::kYes);
-  ChooseIn(screen::kStudies, kFolder / "b.PCK");
+  ChooseIn(screen::kStudies, kStudies / "b.PCK");
   AskToOpen(desk);
   EXPECT_EQ(test.study.study_title, "Δεύτερη");
   ASSERT_EQ(SafetyCopies().size(), 1U);
-  const auto kept = kFolder / kSafetyFolder / SafetyCopies()[0] / "MELETH.PCK";
+  const auto kept = kStudies / kSafetyFolder / SafetyCopies()[0] / "MELETH.PCK";
   EXPECT_TRUE(OpenChosen(desk, kept, RecentList::kLeave));
   EXPECT_EQ(test.study.study_title, "Παλιά");
 }
@@ -84,9 +83,9 @@ TEST_F(StudyDialogs, EscapeAndAFileThatCannotBeReadLeaveTheOpenStudyWhole) {
   AskToOpen(desk);
   EXPECT_TRUE(test.study.unsaved_changes) << "the save that was asked for was not made";
 
-  ASSERT_TRUE(test.outer_disk.Write(kFolder / "x.PCK", "short").ok());
+  ASSERT_TRUE(test.outer_disk.Write(kStudies / "x.PCK", "short").ok());
   test.prompter.Expect(130, Answer::kNo);
-  ChooseIn(screen::kStudies, kFolder / "x.PCK");
+  ChooseIn(screen::kStudies, kStudies / "x.PCK");
   AskToOpen(desk);
   EXPECT_EQ(test.prompter.boxes().back().title, " !!... ΠΡΟΣΟΧΗ ...!! ");
   EXPECT_EQ(test.Bytes(), rows);
@@ -96,7 +95,7 @@ TEST_F(StudyDialogs, EscapeAndAFileThatCannotBeReadLeaveTheOpenStudyWhole) {
 
 TEST_F(StudyDialogs, AFailedSaveKeepsPathAndFlag) {
   OpenSample();
-  test.study.study_path = kFolder / "mine.PCK";
+  test.study.study_path = kStudies / "mine.PCK";
   test.study.unsaved_changes = true;
   FailingDisk full(test.outer_disk);
   full.FailAfterBytes(100);
@@ -104,17 +103,17 @@ TEST_F(StudyDialogs, AFailedSaveKeepsPathAndFlag) {
                       test.clock);
   Workbench bench(test.study, workspace, test.pipes, test.prompter);
   Desk on_full_disk{bench, navigator, sound, viewer, desk.separators};
-  navigator.Expect(screen::kFiles, [&] { on_full_disk.screens.chosen_file = kFolder / "n.PCK"; });
+  navigator.Expect(screen::kFiles, [&] { on_full_disk.screens.chosen_file = kStudies / "n.PCK"; });
   EXPECT_FALSE(SaveStudy(on_full_disk));
-  EXPECT_FALSE(test.outer_disk.Exists(kFolder / "n.PCK"));
+  EXPECT_FALSE(test.outer_disk.Exists(kStudies / "n.PCK"));
   EXPECT_TRUE(test.study.unsaved_changes);
-  EXPECT_EQ(test.study.study_path, kFolder / "mine.PCK");
+  EXPECT_EQ(test.study.study_path, kStudies / "mine.PCK");
   EXPECT_EQ(test.prompter.boxes().size(), 1U);
 
-  ChooseIn(screen::kFiles, kFolder / "mine.pck");
+  ChooseIn(screen::kFiles, kStudies / "mine.pck");
   EXPECT_TRUE(SaveStudy(desk));
   EXPECT_FALSE(test.study.unsaved_changes);
-  EXPECT_EQ(test.study.study_path, kFolder / "mine.pck") << "an extension that fits stays";
+  EXPECT_EQ(test.study.study_path, kStudies / "mine.pck") << "an extension that fits stays";
 }
 
 struct FileDialog : StudyDialogs {
@@ -122,7 +121,7 @@ struct FileDialog : StudyDialogs {
     Put("hotel.PCK", "Ξενοδοχείο");
     Put("house.PCK", "Σπίτι");
     Put("office.PCA", "Γραφείο");
-    EXPECT_TRUE(test.outer_disk.MakeFolder(kFolder / "2026").ok());
+    EXPECT_TRUE(test.outer_disk.MakeFolder(kStudies / "2026").ok());
   }
 };
 
@@ -141,7 +140,7 @@ TEST_F(FileDialog, ListsFoldersAndStudiesOfTheKindAndRefilters) {
   Click(form, form.CmdPrePath);
   EXPECT_EQ(form.LblFolder.text, "/studies");
   form.FileList.Activate(0);
-  EXPECT_EQ(desk.screens.chosen_file, kFolder / "hotel.PCK");
+  EXPECT_EQ(desk.screens.chosen_file, kStudies / "hotel.PCK");
 }
 
 TEST_F(FileDialog, AddsTheExtensionAndChecksThatTheFileIsThere) {
@@ -153,15 +152,15 @@ TEST_F(FileDialog, AddsTheExtensionAndChecksThatTheFileIsThere) {
   EXPECT_TRUE(desk.screens.chosen_file.empty());
   TypeInto(form, form.TxtFileName, "house");
   Click(form, form.CmdOK);
-  EXPECT_EQ(desk.screens.chosen_file, kFolder / "house.PCK");
+  EXPECT_EQ(desk.screens.chosen_file, kStudies / "house.PCK");
   Put("Κτίριο Α.1.PCK", "Με τελεία");
   TypeInto(form, form.TxtFileName, "Κτίριο Α.1");
   Click(form, form.CmdOK);
-  EXPECT_EQ(desk.screens.chosen_file, kFolder / "Κτίριο Α.1.PCK");
+  EXPECT_EQ(desk.screens.chosen_file, kStudies / "Κτίριο Α.1.PCK");
   Put("水.PCK", "Ξένο όνομα");
   TypeInto(form, form.TxtFileName, "水");
   Click(form, form.CmdOK);
-  EXPECT_EQ(desk.screens.chosen_file, kFolder / "水.PCK");
+  EXPECT_EQ(desk.screens.chosen_file, kStudies / "水.PCK");
 }
 
 TEST_F(FileDialog, GoesToAFolderThatIsNamedAndSavesIntoNoneThatIsMissing) {
@@ -183,7 +182,7 @@ TEST_F(FileDialog, GoesToAFolderThatIsNamedAndSavesIntoNoneThatIsMissing) {
 }
 
 TEST_F(FileDialog, AsksBeforeItReplacesAndMoreSoWhenAnotherHasReplacedTheStudy) {
-  ASSERT_TRUE(OpenChosen(desk, kFolder / "hotel.PCK", RecentList::kLeave));
+  ASSERT_TRUE(OpenChosen(desk, kStudies / "hotel.PCK", RecentList::kLeave));
   desk.screens.file_mode = FileDialogMode::kSave;
   FrmFileOS form(desk);
   form.Load();
@@ -197,7 +196,7 @@ TEST_F(FileDialog, AsksBeforeItReplacesAndMoreSoWhenAnotherHasReplacedTheStudy) 
   test.prompter.Expect("  ! !   ΠΡΟΣΟΧΗ   ! ! ", Answer::kYes);
   Click(form, form.CmdOK);
   EXPECT_NE(test.prompter.boxes().back().lines[0].find("άλλαξε στον δίσκο"), std::string::npos);
-  EXPECT_EQ(desk.screens.chosen_file, kFolder / "hotel.PCK");
+  EXPECT_EQ(desk.screens.chosen_file, kStudies / "hotel.PCK");
 }
 
 }  // namespace

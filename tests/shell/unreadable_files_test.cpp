@@ -21,7 +21,6 @@ namespace kalvo {
 namespace {
 
 namespace fs = std::filesystem;
-const fs::path kStudies = "/studies";
 const fs::path kState = "/state";
 
 // A program in the midst of a study, on disks on which one file cannot be read.

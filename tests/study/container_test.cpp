@@ -14,8 +14,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const fs::path kStudies = TestBench::kStudiesFolder;
-
 TEST(LoadStudy, TakesAStudyThatIsItsMainFileAlone) {
   TestBench bench;
   auto rows = SampleRows(SystemKind::kClosed, "Κτίριο");

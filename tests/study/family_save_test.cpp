@@ -23,28 +23,26 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const fs::path kFolder = "/studies";
-
 // A folder with a journal and staged files as a save that was broken off leaves them.
 MemoryDisk BrokenOff(const std::string& journal) {
   MemoryDisk disk;
   for (const char* name : {"b.PCK", "b.LQD", "other.PCK", "b.txt", "b2.PCK"}) {
-    EXPECT_TRUE(disk.Write(kFolder / name, "old").ok());
-    EXPECT_TRUE(disk.Write(kFolder / (std::string(name) + ".new~"), "new").ok());
+    EXPECT_TRUE(disk.Write(kStudies / name, "old").ok());
+    EXPECT_TRUE(disk.Write(kStudies / (std::string(name) + ".new~"), "new").ok());
   }
-  EXPECT_TRUE(disk.Write(kFolder / "b.saving~", journal).ok());
+  EXPECT_TRUE(disk.Write(kStudies / "b.saving~", journal).ok());
   return disk;
 }
 
 TEST(FinishSave, EndsWhatAWholeJournalTells) {
   MemoryDisk disk = BrokenOff("KALVOFLUME 1\nb.LQD\nb.PCK\nTELOS\n");
-  ASSERT_TRUE(FinishSave(disk, kFolder, "b").ok());
-  FolderImage wanted = ImageOf(BrokenOff(""), kFolder);
+  ASSERT_TRUE(FinishSave(disk, kStudies, "b").ok());
+  FolderImage wanted = ImageOf(BrokenOff(""), kStudies);
   wanted["b.PCK"] = wanted["b.LQD"] = "new";
   for (const char* name : {"b.saving~", "b.PCK.new~", "b.LQD.new~"}) {
     wanted.erase(name);
   }
-  EXPECT_EQ(ImageOf(disk, kFolder), wanted);
+  EXPECT_EQ(ImageOf(disk, kStudies), wanted);
 }
 
 TEST(FinishSave, DiscardsWhatABrokenOrForeignJournalTells) {
@@ -54,26 +52,26 @@ TEST(FinishSave, DiscardsWhatABrokenOrForeignJournalTells) {
         "KALVOFLUME 1\nb.txt\nb.PCK\nTELOS\n", "KALVOFLUME 1\n../studies/b.PCK\nTELOS\n"}) {
     SCOPED_TRACE(journal);
     MemoryDisk disk = BrokenOff(journal);
-    ASSERT_TRUE(FinishSave(disk, kFolder, "b").ok());
-    FolderImage wanted = ImageOf(BrokenOff(""), kFolder);
+    ASSERT_TRUE(FinishSave(disk, kStudies, "b").ok());
+    FolderImage wanted = ImageOf(BrokenOff(""), kStudies);
     for (const char* name : {"b.saving~", "b.PCK.new~", "b.LQD.new~"}) {
       wanted.erase(name);
     }
-    EXPECT_EQ(ImageOf(disk, kFolder), wanted);
+    EXPECT_EQ(ImageOf(disk, kStudies), wanted);
   }
 }
 
 TEST(FinishSave, WithoutAJournalLeavesStagedFilesToTheNextSave) {
   MemoryDisk disk = BrokenOff("");
-  ASSERT_TRUE(disk.Remove(kFolder / "b.saving~").ok());
+  ASSERT_TRUE(disk.Remove(kStudies / "b.saving~").ok());
   FailingDisk counting(disk);
   counting.FailAtOperation(1, FailingDisk::Lasting::kFromThenOn);
-  EXPECT_TRUE(FinishSave(counting, kFolder, "b").ok()) << "a disk that cannot be written will do";
+  EXPECT_TRUE(FinishSave(counting, kStudies, "b").ok()) << "a disk that cannot be written will do";
   EXPECT_EQ(counting.operations(), 0);
-  ASSERT_TRUE(SaveFamily(disk, kFolder, "b", {{"b.PCK", "newest"}}).ok());
-  EXPECT_EQ(*disk.Read(kFolder / "b.PCK"), "newest");
-  EXPECT_EQ(*disk.Read(kFolder / "b.LQD"), "old");
-  EXPECT_FALSE(disk.Exists(kFolder / "b.LQD.new~"));
+  ASSERT_TRUE(SaveFamily(disk, kStudies, "b", {{"b.PCK", "newest"}}).ok());
+  EXPECT_EQ(*disk.Read(kStudies / "b.PCK"), "newest");
+  EXPECT_EQ(*disk.Read(kStudies / "b.LQD"), "old");
+  EXPECT_FALSE(disk.Exists(kStudies / "b.LQD.new~"));
 }
 
 // Another process opens the study at each step of a save.
@@ -81,7 +79,7 @@ class ReadMeanwhile : public ForwardingDisk {
  public:
   using ForwardingDisk::ForwardingDisk;
   Outcome Flush(const fs::path& path) override {
-    EXPECT_TRUE(FinishSave(inner_, kFolder, "b").ok());
+    EXPECT_TRUE(FinishSave(inner_, kStudies, "b").ok());
     return inner_.Flush(path);
   }
 };
@@ -89,8 +87,8 @@ class ReadMeanwhile : public ForwardingDisk {
 TEST(SaveFamily, EndsWellWhileOthersOpenTheStudy) {
   MemoryDisk disk;
   ReadMeanwhile watched(disk);
-  ASSERT_TRUE(SaveFamily(watched, kFolder, "b", {{"b.LQD", "new"}, {"b.PCK", "new"}}).ok());
-  EXPECT_EQ(ImageOf(disk, kFolder), (FolderImage{{"b.LQD", "new"}, {"b.PCK", "new"}}));
+  ASSERT_TRUE(SaveFamily(watched, kStudies, "b", {{"b.LQD", "new"}, {"b.PCK", "new"}}).ok());
+  EXPECT_EQ(ImageOf(disk, kStudies), (FolderImage{{"b.LQD", "new"}, {"b.PCK", "new"}}));
 }
 
 // A disk that gives no file the name `to`.
@@ -110,32 +108,32 @@ TEST(SaveFamily, IsTakenBackUntilTheFirstFileHasItsNameAndFinishedLaterFromThenO
   const std::vector<FamilyFile> files = {{"b.LQD", "new"}, {"b.PCK", "new"}};
   MemoryDisk disk;
   for (const auto& [name, bytes] : old) {
-    ASSERT_TRUE(disk.Write(kFolder / name, bytes).ok());
+    ASSERT_TRUE(disk.Write(kStudies / name, bytes).ok());
   }
   RefusingDisk first(disk, "b.LQD");
-  const Outcome refused = SaveFamily(first, kFolder, "b", files);
+  const Outcome refused = SaveFamily(first, kStudies, "b", files);
   ASSERT_FALSE(refused.ok());
-  EXPECT_EQ(refused.error().file, kFolder / "b.LQD");
-  EXPECT_EQ(ImageOf(disk, kFolder), old) << "not saved, and nothing left of it";
+  EXPECT_EQ(refused.error().file, kStudies / "b.LQD");
+  EXPECT_EQ(ImageOf(disk, kStudies), old) << "not saved, and nothing left of it";
 
   RefusingDisk second(disk, "b.PCK");
-  const Outcome halfway = SaveFamily(second, kFolder, "b", files);
+  const Outcome halfway = SaveFamily(second, kStudies, "b", files);
   ASSERT_FALSE(halfway.ok());
-  EXPECT_EQ(halfway.error().file, kFolder / "b.saving~");
+  EXPECT_EQ(halfway.error().file, kStudies / "b.saving~");
   EXPECT_NE(halfway.error().reason.find("/studies/b.PCK"), std::string::npos);
-  const Outcome again = SaveFamily(second, kFolder, "b", {{"b.PCK", "newest"}});
+  const Outcome again = SaveFamily(second, kStudies, "b", {{"b.PCK", "newest"}});
   ASSERT_FALSE(again.ok());
-  EXPECT_EQ(again.error().file, kFolder / "b.saving~") << "a later save first finishes it";
-  ASSERT_TRUE(FinishSave(disk, kFolder, "b").ok());
-  EXPECT_EQ(ImageOf(disk, kFolder), (FolderImage{{"b.LQD", "new"}, {"b.PCK", "new"}}));
+  EXPECT_EQ(again.error().file, kStudies / "b.saving~") << "a later save first finishes it";
+  ASSERT_TRUE(FinishSave(disk, kStudies, "b").ok());
+  EXPECT_EQ(ImageOf(disk, kStudies), (FolderImage{{"b.LQD", "new"}, {"b.PCK", "new"}}));
 }
 
 TEST(SaveFamily, RefusesNamesThatItsJournalCouldNotTell) {
   MemoryDisk disk;
   for (const auto& [base, name] :
        {std::pair("a\nb", "a\nb.PCK"), std::pair("a", "b.PCK"), std::pair("a", "a.txt")}) {
-    EXPECT_FALSE(SaveFamily(disk, kFolder, base, {{name, "x"}}).ok());
-    EXPECT_TRUE(NamesIn(disk, kFolder).empty());
+    EXPECT_FALSE(SaveFamily(disk, kStudies, base, {{name, "x"}}).ok());
+    EXPECT_TRUE(NamesIn(disk, kStudies).empty());
   }
 }
 

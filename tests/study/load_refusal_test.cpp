@@ -12,7 +12,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const fs::path kStudies = TestBench::kStudiesFolder;
 const fs::path kProgram = TestBench::kProgramFolder;
 
 // The study is refused by a box that tells `what`; the open one and all files stay as they were.

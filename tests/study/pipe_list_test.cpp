@@ -9,7 +9,7 @@ namespace {
 
 const std::filesystem::path kLibrary = TestBench::kLibraryFolder;
 
-std::vector<std::string> Texts(const Result<PipeList>& list) {
+std::vector<std::string> LinesOf(const Result<PipeList>& list) {
   std::vector<std::string> texts;
   for (const PipeListEntry& entry : list ? *list : PipeList{}) {
     texts.push_back(entry.Text());
@@ -24,7 +24,7 @@ void Put(TestBench& bench, const std::string& name, std::size_t length) {
 TEST(PipeList, EntriesStandWithTheirNumberTitleAndBlanks) {
   const TestBench bench;
   const auto list = BuildPipeList(bench.workspace, EmptyLibraries::kSkip);
-  EXPECT_EQ(Texts(list),
+  EXPECT_EQ(LinesOf(list),
             (std::vector<std::string>{" 0001. Χαλυβδοσωλήνες ", " 0002. Χαλκοσωλήνες "}));
   EXPECT_EQ(list->back().material, "COPPER");
   EXPECT_EQ(list->front().sizes, 10);
@@ -47,7 +47,7 @@ TEST(PipeList, EmptyFileTakesNoPlaceAndLaterOnesMoveUp) {
     TestBench bench;
     Put(bench, "0001.WPT", 0);
     const auto list = BuildPipeList(bench.workspace, empty);
-    EXPECT_EQ(Texts(list), std::vector<std::string>{" 0001. Χαλκοσωλήνες "});
+    EXPECT_EQ(LinesOf(list), std::vector<std::string>{" 0001. Χαλκοσωλήνες "});
     EXPECT_EQ(list->front().file_name, "0002.WPT");
     EXPECT_EQ(bench.outer_disk.Exists(kLibrary / "0001.WPT"), empty == EmptyLibraries::kSkip);
   }
@@ -58,7 +58,7 @@ TEST(PipeList, FilesAreFoundInNameOrderWhateverTheirCase) {
   ASSERT_TRUE(bench.outer_disk.Rename(kLibrary / "0001.WPT", kLibrary / "0003.wpt").ok());
   Put(bench, "0004.WPT.old", 10);
   const auto list = BuildPipeList(bench.workspace, EmptyLibraries::kSkip);
-  EXPECT_EQ(Texts(list),
+  EXPECT_EQ(LinesOf(list),
             (std::vector<std::string>{" 0001. Χαλκοσωλήνες ", " 0002. Χαλυβδοσωλήνες "}));
   EXPECT_EQ(ReadPipeSystem(bench.workspace, 3)->size(), 10U);
 }

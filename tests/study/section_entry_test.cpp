@@ -9,7 +9,7 @@
 namespace kalvo {
 namespace {
 
-constexpr Separators kGreek{',', '.'};
+constexpr Separators kUserSeparators{',', '.'};
 
 // An entry on the second row of a chain, with every number different.
 SectionEntry SampleEntry() {
@@ -26,7 +26,7 @@ SectionRow SampleRow(const NetworkHeader& header = {}) {
 
 void Store(TestBench& bench, int number, const SectionEntry& entry) {
   bench.study.CurrentRow = static_cast<std::int16_t>(number);
-  ASSERT_TRUE(StoreSectionRow(bench.bench, entry, kGreek).ok());
+  ASSERT_TRUE(StoreSectionRow(bench.bench, entry, kUserSeparators).ok());
 }
 
 // A closed study of two calculated rows, the second with an emitter and a height of its own.
@@ -80,7 +80,7 @@ TEST_F(StoredRow, UntouchedKeepsItsResultsUnlessSomethingElseIsUnsaved) {
   bench.study.EmitterCount = 7;  // a header value
   for (const bool unsaved : {false, true}) {
     bench.study.unsaved_changes = unsaved;
-    Store(bench, 1, EntryOf(bench.Row(1), kGreek));
+    Store(bench, 1, EntryOf(bench.Row(1), kUserSeparators));
     EXPECT_EQ(bench.study.unsaved_changes, unsaved);
     EXPECT_EQ(bench.study.results_valid, !unsaved);
     EXPECT_EQ(bench.Row(1).DP, unsaved ? 0.0F : 700.0F);
@@ -101,7 +101,7 @@ TEST_F(StoredRow, NewTakesTheHeaderOfTheFirstAndNoEmitter) {
   EXPECT_EQ(bench.study.SectionTable.back().name.bytes(), "  1/2  ");
   EXPECT_TRUE(bench.study.unsaved_changes);
   bench.study.CurrentRow = 5;
-  EXPECT_FALSE(StoreSectionRow(bench.bench, SampleEntry(), kGreek).ok());
+  EXPECT_FALSE(StoreSectionRow(bench.bench, SampleEntry(), kUserSeparators).ok());
 }
 
 TEST_F(StoredRow, PlantSectionIsMarkedByItsPlaceAndOthersKeepTheirMark) {
@@ -110,7 +110,7 @@ TEST_F(StoredRow, PlantSectionIsMarkedByItsPlaceAndOthersKeepTheirMark) {
   EXPECT_EQ(bench.Row(2).Auxi, 2);
   EXPECT_EQ(bench.Row(2).BurChil, 2);
   bench.study.plant_section = 1;
-  Store(bench, 1, EntryOf(bench.Row(1), kGreek));
+  Store(bench, 1, EntryOf(bench.Row(1), kUserSeparators));
   Store(bench, 2, SampleEntry());
   EXPECT_EQ(bench.Row(1).Auxi, 1);
   EXPECT_EQ(bench.Row(2).Auxi, 2);
@@ -133,7 +133,7 @@ TEST_F(StoredRow, OverflowIsAFaultAndNothingIsChanged) {
   const auto fault_of = [this](std::string SectionEntry::*field, const std::string& text) {
     SectionEntry entry = SampleEntry();
     entry.*field = text;
-    return FaultOf([&] { return StoreSectionRow(bench.bench, entry, kGreek); });
+    return FaultOf([&] { return StoreSectionRow(bench.bench, entry, kUserSeparators); });
   };
   const std::string before = bench.Bytes();
   EXPECT_EQ(fault_of(&SectionEntry::CheckValve, "40000"), 6);
@@ -148,12 +148,12 @@ TEST_F(StoredRow, OverflowIsAFaultAndNothingIsChanged) {
 TEST(StoreOpenRow, KeepsItsHeightAndSaysItIsOpen) {
   TestBench bench(SystemKind::kOpen);
   bench.PutNetwork({"1/ANT 5m", "2/1 4m 2.5up outlet 300l/h 10mwg"});
-  Store(bench, 2, EntryOf(bench.Row(2), kGreek));
+  Store(bench, 2, EntryOf(bench.Row(2), kUserSeparators));
   EXPECT_EQ(bench.Row(2).HeightDiff, 2.5F);
   EXPECT_EQ(bench.Row(2).ANOIK, -1);
   EXPECT_EQ(bench.Row(2).KLEIS, 0);
   EXPECT_FALSE(bench.study.NameErrors);
-  SectionEntry other = EntryOf(bench.Row(2), kGreek);
+  SectionEntry other = EntryOf(bench.Row(2), kUserSeparators);
   other.right = "7";
   Store(bench, 2, other);
   EXPECT_TRUE(bench.study.NameErrors);  // another feeder: which sections are outlets may change
@@ -164,15 +164,15 @@ TEST(SectionEntry, WithoutAChosenKindCountsAsClosed) {
   TakeHeader(row, Study{});
   EXPECT_EQ(row.KLEIS, -1);
   EXPECT_EQ(row.ANOIK, 0);
-  EXPECT_EQ(EntryForNewRow(1, SystemKind::kNone, nullptr, kGreek).left, "ANT");
+  EXPECT_EQ(EntryForNewRow(1, SystemKind::kNone, nullptr, kUserSeparators).left, "ANT");
 }
 
 TEST(SectionEntry, ShowsARowAndStoresItBackUnchanged) {
   SectionEntry entry = SampleEntry();
   SectionRow row;
-  TakeEntry(row, entry, kGreek);
+  TakeEntry(row, entry, kUserSeparators);
   entry.Length = "1012,5";
-  EXPECT_EQ(EntryOf(row, kGreek), entry);
+  EXPECT_EQ(EntryOf(row, kUserSeparators), entry);
 }
 
 TEST(SectionEntry, GreekNodeNamesFitAndTheTypedSourceBecomesLatin) {
@@ -180,9 +180,9 @@ TEST(SectionEntry, GreekNodeNamesFitAndTheTypedSourceBecomesLatin) {
   SectionEntry entry = SampleEntry();
   entry.left = "Ώρα";
   entry.right = " ΑΝΤ ";
-  TakeEntry(row, entry, kGreek);
+  TakeEntry(row, entry, kUserSeparators);
   EXPECT_EQ(row.Name.bytes(), "\xBF\xF1\xE1/ANT");
-  EXPECT_EQ(EntryOf(row, kGreek).left, "Ώρα");
+  EXPECT_EQ(EntryOf(row, kUserSeparators).left, "Ώρα");
 }
 
 TEST(SectionEntry, WhatIsNotEditedKeepsItsWholeValue) {
@@ -190,9 +190,9 @@ TEST(SectionEntry, WhatIsNotEditedKeepsItsWholeValue) {
   row.Name = FixedText<7>::FromUtf8("  1/ΑΝΤ");
   row.Length = 10.0F / 3;
   const SectionRow before = row;
-  SectionEntry entry = EntryOf(row, kGreek);
+  SectionEntry entry = EntryOf(row, kUserSeparators);
   entry.GateValve = "2";
-  TakeEntry(row, entry, kGreek);
+  TakeEntry(row, entry, kUserSeparators);
   EXPECT_EQ(row.Length, before.Length);
   EXPECT_EQ(row.Name, before.Name);
   EXPECT_EQ(row.GateValve, 2);
@@ -200,20 +200,20 @@ TEST(SectionEntry, WhatIsNotEditedKeepsItsWholeValue) {
 
 TEST(NewEntry, GoesOnFromTheRowBeforeOrBeginsAtTheSource) {
   SectionRow previous;
-  TakeEntry(previous, SampleEntry(), kGreek);
-  EXPECT_EQ(EntryForNewRow(3, SystemKind::kClosed, &previous, kGreek),
+  TakeEntry(previous, SampleEntry(), kUserSeparators);
+  EXPECT_EQ(EntryForNewRow(3, SystemKind::kClosed, &previous, kUserSeparators),
             (SectionEntry{"2", "3", "1012,5", "1,5", "2", "3", "4", "5", "0", "0", "0", "0", "0",
                           "0", "0"}));
-  EXPECT_EQ(EntryForNewRow(1, SystemKind::kClosed, nullptr, kGreek),
+  EXPECT_EQ(EntryForNewRow(1, SystemKind::kClosed, nullptr, kUserSeparators),
             (SectionEntry{"ANT", "1", "", "", "", "", "", "", "0", "0", "0", "0", "0", "0", "0"}));
-  const SectionEntry open = EntryForNewRow(3, SystemKind::kOpen, &previous, kGreek);
+  const SectionEntry open = EntryForNewRow(3, SystemKind::kOpen, &previous, kUserSeparators);
   EXPECT_EQ(open.left + "/" + open.right, "3/2");
-  EXPECT_EQ(EntryForNewRow(1, SystemKind::kOpen, nullptr, kGreek).right, "ANT");
+  EXPECT_EQ(EntryForNewRow(1, SystemKind::kOpen, nullptr, kUserSeparators).right, "ANT");
 }
 
 TEST(FirstRow, IsStoredIntoAnEmptyStudy) {
   TestBench bench;
-  Store(bench, 1, EntryForNewRow(1, SystemKind::kClosed, nullptr, kGreek));
+  Store(bench, 1, EntryForNewRow(1, SystemKind::kClosed, nullptr, kUserSeparators));
   EXPECT_EQ(bench.Names(), std::vector<std::string>{"ANT/1  "});
   EXPECT_EQ(bench.Row(1).Units, FixedText<8>{});
   EXPECT_EQ(bench.Row(1).TOT, 1);

@@ -13,8 +13,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const fs::path kStudies = TestBench::kStudiesFolder;
-
 FolderImage Studies(const TestBench& bench) { return ImageOf(bench.outer_disk, kStudies); }
 
 void Save(TestBench& bench, const std::string& name) {

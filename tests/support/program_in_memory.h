@@ -26,7 +26,10 @@ inline FolderImage ImageOf(const Disk& disk, const std::filesystem::path& folder
   return image;
 }
 
-/// A program without a window whose folders lie in memory, empty, with the user given.
+/// Where the studies of a program in memory are kept.
+inline const std::filesystem::path kStudies = "/studies";
+
+/// A program without a window whose folders are in memory, empty, with the user given.
 template <typename User>
 class ProgramInMemory {
  public:
@@ -36,7 +39,6 @@ class ProgramInMemory {
 
   static constexpr const char* kProgramFolder = "/program";
   static constexpr const char* kLibraryFolder = "/library";
-  static constexpr const char* kStudiesFolder = "/studies";
 
   MemoryDisk work_disk;
   MemoryDisk outer_disk;

@@ -79,7 +79,7 @@ void PutSampleStudy(Workbench& bench, std::string_view title) {
 }
 
 void PutMain(TestBench& bench, const std::string& name, std::string bytes) {
-  const fs::path path = bench.kStudiesFolder / fs::path(name);
+  const fs::path path = kStudies / name;
   EXPECT_TRUE(bench.outer_disk.Write(path, std::move(bytes)).ok());
 }
 
@@ -90,16 +90,16 @@ void PutMain(TestBench& bench, const std::string& name, std::span<const SectionR
 void SaveSample(TestBench& bench, const std::string& name, std::string_view title) {
   TestBench other(bench.study.system_kind);
   PutSampleStudy(other.bench, title);
-  other.study.study_path = other.kStudiesFolder / fs::path(name);
+  other.study.study_path = kStudies / name;
   EXPECT_TRUE(WriteStudy(other.bench).ok());
-  for (const auto& [file, bytes] : ImageOf(other.outer_disk, other.kStudiesFolder)) {
+  for (const auto& [file, bytes] : ImageOf(other.outer_disk, kStudies)) {
     PutMain(bench, file, bytes);
   }
 }
 
 bool Load(TestBench& bench, const std::string& name) {
   bench.study.CalcStatus = 0;
-  bench.study.study_path = bench.kStudiesFolder / fs::path(name);
+  bench.study.study_path = kStudies / name;
   LoadStudy(bench.bench, RecentList::kLeave);
   return bench.study.CalcStatus == 0;
 }
