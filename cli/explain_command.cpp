@@ -112,7 +112,7 @@ int ExplainCommand::RunOn(const Console& console, Session& session) {
   Workbench bench = session.bench();
   int code = exit_code::kBrokenOff;
   RunTrapped(bench, [&] {
-    const auto pass = LoadPassConditions(bench);
+    const auto pass = TakePassConditions(bench);
     if (!pass) {
       code = exit_code::kRefused;
       return;

@@ -15,8 +15,6 @@ namespace kalvo {
 
 namespace {
 
-using Check = void (*)(Workbench&);
-
 // Each line once, where it came last: so what explains other findings stands behind them.
 std::vector<std::string> EachOnce(const std::vector<std::string>& lines) {
   std::set<std::string_view> seen;
@@ -30,36 +28,45 @@ std::vector<std::string> EachOnce(const std::vector<std::string>& lines) {
   return kept;
 }
 
-CheckResult RunChecks(Session& session, std::initializer_list<Check> checks) {
+// Runs a check on a list begun anew and adds what it finds. `check` gives whether all is well.
+template <typename Check>
+void AddFindings(Session& session, CheckResult& result, Check&& check) {
   Workbench bench = session.bench();
-  CheckResult result;
-  for (const Check check : checks) {
-    session.workspace().Delete(work_file::kErrors);
-    session.study().lost_walk.reset();
-    session.study().CalcStatus = calc_status::kNothing;
-    RunTrapped(bench, [&] {
-      check(bench);
-      ListLostWalk(bench);
-    });
-    const std::int16_t status = session.study().CalcStatus;
-    if (status != calc_status::kNothing) {
-      result.code = std::max(result.code, status == calc_status::kBrokenOff ? exit_code::kBrokenOff
-                                                                            : exit_code::kRefused);
-    }
-    for (const std::string& line : SplitLines(FindingsText(session))) {
-      result.findings.push_back(line);
-    }
+  session.workspace().Delete(work_file::kErrors);
+  session.study().lost_walk.reset();
+  bool well = true;
+  const auto fault = RunTrapped(bench, [&] {
+    well = check(bench);
+    ListLostWalk(bench);
+  });
+  if (fault || !well) {
+    result.code = std::max(result.code, fault ? exit_code::kBrokenOff : exit_code::kRefused);
   }
-  result.findings = EachOnce(result.findings);
-  return result;
+  for (const std::string& line : SplitLines(FindingsText(session))) {
+    result.findings.push_back(line);
+  }
+}
+
+void AddNameFindings(Session& session, CheckResult& result, CheckEnd (*check)(Workbench&)) {
+  AddFindings(session, result,
+              [check](Workbench& bench) { return check(bench) == CheckEnd::kNothing; });
 }
 
 }  // namespace
 
 CheckResult CheckStudy(Session& session) {
-  return session.study().SystemOpen() ? RunChecks(session, {CheckFeedersByName, SumOutletFlows,
-                                                            CheckFeederNumbers, CheckFeederUse})
-                                      : RunChecks(session, {WriteSectionFlows, CheckNodes});
+  CheckResult result;
+  if (session.study().SystemOpen()) {
+    AddNameFindings(session, result, CheckFeedersByName);
+    AddFindings(session, result, SumOutletFlows);
+    AddNameFindings(session, result, CheckFeederNumbers);
+    AddNameFindings(session, result, CheckFeederUse);
+  } else {
+    AddFindings(session, result, WriteSectionFlows);
+    AddNameFindings(session, result, CheckNodes);
+  }
+  result.findings = EachOnce(result.findings);
+  return result;
 }
 
 std::string FindingsText(Session& session) {

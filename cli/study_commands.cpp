@@ -26,16 +26,6 @@ void StudyCommand::AddArguments(CLI::App& app) {
   AddLibraryOption(app);
 }
 
-namespace {
-
-// Flow report under the trap: false when it was broken off.
-bool WriteFlows(Workbench& bench) {
-  RunTrapped(bench, [&] { WriteSectionFlows(bench); });
-  return bench.study.CalcStatus != calc_status::kBrokenOff;
-}
-
-}  // namespace
-
 int CheckCommand::RunOn(const Console& console, Session& session) {
   const CheckResult result = CheckStudy(session);
   for (const std::string& finding : result.findings) {
@@ -52,17 +42,18 @@ int FlowsCommand::RunOn(const Console& console, Session& session) {
   if (session.study().SystemOpen()) {
     return RefuseKind(console, session, file());
   }
-  const bool written = WriteFlows(bench);
+  bool summed = false;
+  const auto fault = RunTrapped(bench, [&] { summed = WriteSectionFlows(bench); });
   if (const auto report = session.workspace().Read(work_file::kFlowReport)) {
     for (const std::string& line : SplitLines(*report)) {
       PrintWrapped(console, line);
     }
   }
-  if (!written) {
+  if (fault) {
     return exit_code::kBrokenOff;
   }
-  if (session.study().CalcStatus > 0) {
-    bench.Show(2004);
+  if (!summed) {
+    ShowLostWalk(bench);
     ListLostWalk(bench);
     console.err << FindingsText(session);
     return exit_code::kRefused;

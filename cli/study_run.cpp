@@ -79,15 +79,15 @@ int CalculateOnFixedDiameters(const Console& console, Session& session) {
     bench.Show(140);
     return exit_code::kRefused;
   }
-  Rerun(bench);
-  switch (session.study().CalcStatus) {
-    case calc_status::kBrokenOff:
+  switch (Rerun(bench)) {
+    case RunEnd::kBrokenOff:
       return TellBrokenOff(console, session, session.Rows());
-    case calc_status::kViscosity:
+    case RunEnd::kViscosity:
       return TellViscosity(console, session);
-    default:
-      return exit_code::kDone;
+    case RunEnd::kCalculated:
+      break;
   }
+  return exit_code::kDone;
 }
 
 }  // namespace kalvo

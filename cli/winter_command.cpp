@@ -126,8 +126,7 @@ int WinterCommand::RunOn(const Console& console, Session& session) {
   session.prompter().agrees = yes_;
   Workbench bench = session.bench();
   Values values;
-  RunTrapped(bench, [&] { values.lines = SummerValues(bench); });
-  if (session.study().CalcStatus != calc_status::kNothing) {
+  if (RunTrapped(bench, [&] { values.lines = SummerValues(bench); })) {
     return exit_code::kBrokenOff;
   }
   if (const int code = FindValues(console, session, values); code != exit_code::kDone) {

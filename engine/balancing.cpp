@@ -2,6 +2,7 @@
 
 #include "engine/first_row_index.h"
 #include "engine/open_network.h"
+#include "engine/row_store.h"
 
 namespace kalvo {
 
@@ -28,7 +29,7 @@ class Balancer {
  private:
   void Balance(Branch branch) {
     const bool has_fork = CutHead(branch);
-    const float at_fork = fork_ == 0 ? 0.0F : context_.store.At(fork_).AvaiPres;
+    const float at_fork = fork_ == 0 ? 0.0F : context_.rows.At(fork_).AvaiPres;
     CopyWithoutCommonEnd(branch);
     const float available = ToSingle(at_fork - CutTail(branch));
     step_down_(std::move(branch), has_fork ? fork_ : 0, available);
@@ -59,7 +60,7 @@ class Balancer {
   double CutTail(Branch& branch) const {
     double sum = 0;
     while (!branch.empty() && (copy_.empty() || branch.back() != copy_.back())) {
-      sum += context_.store.At(branch.back()).TotalDrop;
+      sum += context_.rows.At(branch.back()).TotalDrop;
       branch.pop_back();
     }
     return sum;
@@ -75,15 +76,15 @@ class Balancer {
 // give one row what another bore: the plant's mark, which must be on the plant section alone.
 class OwnMarks {
  public:
-  explicit OwnMarks(const RowStore& store) {
-    for (const SectionRow& row : store.rows()) {
+  explicit OwnMarks(const RowTable& table) {
+    for (const SectionRow& row : table.rows()) {
       marks_.push_back(row.Auxi == kSteppedDown ? std::int16_t{0} : row.Auxi);
     }
   }
 
-  void GiveBack(RowStore& store) const {
+  void GiveBack(RowTable& table) const {
     for (std::size_t i = 0; i < marks_.size(); ++i) {
-      store.rows()[i].Auxi = marks_[i];
+      table.rows()[i].Auxi = marks_[i];
     }
   }
 
@@ -93,54 +94,55 @@ class OwnMarks {
 
 }  // namespace
 
-void BalanceBranches(const BalanceContext& context) {
-  const OwnMarks marks(context.store);
+void BalanceBranches(const BalanceContext& context, const NotePostponed& note) {
+  const OwnMarks marks(context.rows);
   try {
     Balancer(context, [&context](Branch chain, int /*fork*/, float available) {
       StepDownBranch(context, std::move(chain), available);
     }).Run();
-    SettleOtherRows(context.bench, context.store, context.critical.chain);
+    SettleOtherRows(context.rows, context.critical.chain, note);
   } catch (const Fault&) {
     // A mark that outlived its run would count as a plant in the next one.
-    marks.GiveBack(context.store);
+    marks.GiveBack(context.rows);
     throw;
   }
-  marks.GiveBack(context.store);
+  marks.GiveBack(context.rows);
 }
 
 void BalanceOpenBranches(const BalanceContext& context) {
-  const std::vector<int> feeders = LinkFeeders(context.bench.study.SectionTable);
+  const std::vector<int> feeders = LinkFeeders(context.study.SectionTable);
   Balancer(context, [&](Branch chain, int fork, float available) {
     const int last = StepDownOpenBranch(context, std::move(chain), fork, available);
     if (last != 0) {
-      SettleFedRow(context.store, feeders, last, context.critical.drop);
+      SettleFedRow(context.rows, feeders, last, context.critical.drop);
     }
   }).Run();
 }
 
-namespace {
-
-template <typename Find, typename Balance>
-void RunPressurePass(Workbench& bench, Find&& find, Balance&& balance) {
-  const auto pass = LoadPassConditions(bench);
-  if (!pass) {
-    return;
-  }
-  RowStore store(bench.workspace);
-  store.SaveAfter([&] {
-    const CriticalBranch critical = find(bench.study, store);
-    balance(MakeBalanceContext(bench, store, *pass, critical));
-  });
+void CriticalPassPressure(Study& study, RowTable& table, const PassConditions& pass,
+                          const NotePostponed& note) {
+  const CriticalBranch critical = FindCriticalBranch(study, table);
+  BalanceBranches(MakeBalanceContext(study, table, pass, critical), note);
 }
 
-}  // namespace
+void OpenPassPressure(Study& study, RowTable& table, const PassConditions& pass) {
+  const CriticalBranch critical = FindOpenCriticalBranch(study, table);
+  BalanceOpenBranches(MakeBalanceContext(study, table, pass, critical));
+}
 
 void CriticalPassPressure(Workbench& bench) {
-  RunPressurePass(bench, FindCriticalBranch, BalanceBranches);
+  if (const auto pass = TakePassConditions(bench)) {
+    PostponedFile postponed(bench.workspace);
+    RowStore store(bench.workspace);
+    store.SaveAfter([&] { CriticalPassPressure(bench.study, store, *pass, postponed.Note()); });
+  }
 }
 
 void OpenPassPressure(Workbench& bench) {
-  RunPressurePass(bench, FindOpenCriticalBranch, BalanceOpenBranches);
+  if (const auto pass = TakePassConditions(bench)) {
+    RowStore store(bench.workspace);
+    store.SaveAfter([&] { OpenPassPressure(bench.study, store, *pass); });
+  }
 }
 
 }  // namespace kalvo

@@ -1,5 +1,6 @@
 #include "engine/calculation_command.h"
 
+#include <optional>
 #include <utility>
 
 #include "engine/capacity.h"
@@ -15,45 +16,37 @@ namespace kalvo {
 
 namespace {
 
-// Runs a step that may be broken off; true when it was.
-template <typename Step>
-bool BrokenOff(Workbench& bench, Step&& step) {
-  RunTrapped(bench, step);
-  return bench.study.CalcStatus == calc_status::kBrokenOff;
-}
-
 CommandEnd Abort(Study& study) {
   study.CalcAborted = true;
-  study.CalcStatus = calc_status::kNothing;
   return CommandEnd::kBrokenOff;
 }
 
 // Asks the capacity question; the end of the command if the answer, or a fault, ends it.
 std::optional<CommandEnd> AskCapacity(Workbench& bench) {
   bool go_on = true;
-  if (BrokenOff(bench, [&] { go_on = CheckPipeCapacity(bench); })) {
+  if (RunTrapped(bench, [&] { go_on = CheckPipeCapacity(bench); })) {
     return Abort(bench.study);
   }
-  bench.study.CalcStatus = calc_status::kNothing;
-  bench.study.answer = Answer::kNone;
   return go_on ? std::nullopt : std::optional(CommandEnd::kCapacity);
 }
 
 CommandEnd Run(Workbench& bench, Method method) {
-  Study& study = bench.study;
-  RunPasses(bench, method);
-  const std::int16_t status = study.CalcStatus;
-  study.CalcStatus = calc_status::kNothing;
-  if (status == calc_status::kBrokenOff) {
-    return CommandEnd::kBrokenOff;
+  switch (RunPasses(bench, method)) {
+    case RunEnd::kViscosity:
+      return CommandEnd::kViscosity;
+    case RunEnd::kBrokenOff:
+      return CommandEnd::kBrokenOff;
+    case RunEnd::kCalculated:
+      break;
   }
-  return status == calc_status::kViscosity ? CommandEnd::kViscosity : CommandEnd::kCalculated;
+  return CommandEnd::kCalculated;
 }
 
 // What decides on the road that the command takes.
 struct Network {
-  bool lone_section = false;  // of a closed system
-  bool has_results = false;   // that stand: an edit since makes them void
+  bool lone_section = false;              // of a closed system
+  bool has_results = false;               // that stand: an edit since makes them void
+  std::optional<SummedFlows> flows = {};  // of a closed system, its nodes in order
 };
 
 // The message that keeps the command from starting, 0 when nothing does.
@@ -69,68 +62,66 @@ int GateMessage(const Workbench& bench) {
   return study.NameErrors && !study.SystemOpen() ? 10 : 0;
 }
 
-// Open names that were changed since they were checked: the feeders' numbers are looked at first.
-CommandEnd RefuseOpenNames(Workbench& bench) {
-  if (BrokenOff(bench, [&] { CheckFeederNumbers(bench); })) {
+// A check of the names; the end of the command if it found something or was broken off.
+std::optional<CommandEnd> Checked(Workbench& bench, CheckEnd (*check)(Workbench&)) {
+  CheckEnd end = CheckEnd::kNothing;
+  if (RunTrapped(bench, [&] { end = check(bench); })) {
     return Abort(bench.study);
   }
-  if (std::exchange(bench.study.CalcStatus, calc_status::kNothing) != calc_status::kNothing) {
-    return CommandEnd::kFeeders;
+  return end == CheckEnd::kFindings ? std::optional(CommandEnd::kFindings) : std::nullopt;
+}
+
+// The same for a summing of flows, which may lose its way.
+std::optional<CommandEnd> Summed(Workbench& bench, bool (*sum)(Workbench&)) {
+  bool summed = false;
+  if (RunTrapped(bench, [&] { summed = sum(bench); })) {
+    return Abort(bench.study);
+  }
+  if (summed) {
+    return std::nullopt;
+  }
+  ShowLostWalk(bench);
+  return RunTrapped(bench, [&] { ListLostWalk(bench); }) ? Abort(bench.study) : CommandEnd::kLost;
+}
+
+// Open names that were changed since they were checked: the feeders' numbers are looked at first.
+CommandEnd RefuseOpenNames(Workbench& bench) {
+  if (const auto end = Checked(bench, CheckFeederNumbers)) {
+    return *end == CommandEnd::kFindings ? CommandEnd::kFeeders : *end;
   }
   bench.Show(12);
   return CommandEnd::kRefused;
 }
 
-// What a check left in the status: the end of the command if it found something.
-std::optional<CommandEnd> AfterCheck(Workbench& bench) {
-  const std::int16_t status = std::exchange(bench.study.CalcStatus, calc_status::kNothing);
-  if (status == calc_status::kNothing) {
-    return std::nullopt;
-  }
-  return status == calc_status::kBrokenOff ? Abort(bench.study) : CommandEnd::kFindings;
-}
-
-// The same for a summing of flows, which may lose its way.
-std::optional<CommandEnd> AfterSum(Workbench& bench) {
-  if (bench.study.CalcStatus > 0) {
-    bench.Show(2004);
-    bench.study.CalcStatus = calc_status::kNothing;
-    if (BrokenOff(bench, [&] { ListLostWalk(bench); })) {
-      return Abort(bench.study);
-    }
-    return CommandEnd::kLost;
-  }
-  return AfterCheck(bench);
-}
-
-std::optional<CommandEnd> CheckClosedNetwork(Workbench& bench) {
+std::optional<CommandEnd> CheckClosedNetwork(Workbench& bench, Network& network) {
+  const Study& study = bench.study;
   bench.workspace.Delete(work_file::kErrors);
-  RunTrapped(bench, [&] { WriteSectionFlows(bench); });
-  if (const auto end = AfterSum(bench)) {
+  SummedFlows flows{study.SectionTable, study.EmitterTable, {}};
+  if (const auto end = Summed(bench, WriteSectionFlows)) {
     return end;
   }
-  RunTrapped(bench, [&] { CheckNodes(bench); });
-  return AfterCheck(bench);
+  if (const auto end = Checked(bench, CheckNodes)) {
+    return end;
+  }
+  flows.after = study.SectionTable;
+  network.flows = std::move(flows);
+  return std::nullopt;
 }
 
 std::optional<CommandEnd> CheckOpenNetwork(Workbench& bench) {
   bench.workspace.Delete(work_file::kErrors);
-  RunTrapped(bench, [&] { CheckFeedersByName(bench); });
-  if (const auto end = AfterCheck(bench)) {
+  if (const auto end = Checked(bench, CheckFeedersByName)) {
     return end;
   }
-  RunTrapped(bench, [&] { SumOutletFlows(bench); });
-  if (const auto end = AfterSum(bench)) {
+  if (const auto end = Summed(bench, SumOutletFlows)) {
     return end;
   }
-  RunTrapped(bench, [&] { CheckFeederUse(bench); });
-  return AfterCheck(bench);
+  return Checked(bench, CheckFeederUse);
 }
 
 // The question about existing results: an end, or nothing when a new run is wanted.
 std::optional<CommandEnd> AskForNewRun(Workbench& bench) {
-  bench.Show(190);
-  const Answer answer = std::exchange(bench.study.answer, Answer::kNone);
+  const Answer answer = bench.Show(190);
   if (answer == Answer::kYes) {
     return std::nullopt;
   }
@@ -138,20 +129,23 @@ std::optional<CommandEnd> AskForNewRun(Workbench& bench) {
 }
 
 // What comes before the capacity question. A closed network of one section is taken as it stands.
-std::optional<CommandEnd> CheckNetwork(Workbench& bench, const Network& network) {
+std::optional<CommandEnd> CheckNetwork(Workbench& bench, Network& network) {
   if (bench.study.SystemOpen()) {
     return CheckOpenNetwork(bench);
   }
-  return network.lone_section ? std::nullopt : CheckClosedNetwork(bench);
+  return network.lone_section ? std::nullopt : CheckClosedNetwork(bench, network);
 }
 
-CommandEnd RunAsked(Workbench& bench, const ChooseMethod& choose, bool rebuild) {
+CommandEnd RunAsked(Workbench& bench, const ChooseMethod& choose, const Network& network) {
   if (const auto end = AskCapacity(bench)) {
     return *end;
   }
+  const bool rebuild = bench.study.SystemClosed() && !network.lone_section && !network.has_results;
   CommandEnd end = CommandEnd::kCancelled;
   choose([&](Method method) {
-    const bool broken = rebuild && BrokenOff(bench, [&] { RebuildEmitterData(bench); });
+    const SummedFlows* flows = network.flows ? &*network.flows : nullptr;
+    const bool broken =
+        rebuild && RunTrapped(bench, [&] { RebuildEmitterData(bench, flows); }).has_value();
     end = broken ? Abort(bench.study) : Run(bench, method);
   });
   return end;
@@ -161,10 +155,9 @@ CommandEnd RunAsked(Workbench& bench, const ChooseMethod& choose, bool rebuild) 
 std::optional<CommandEnd> ReadNetwork(Workbench& bench, Network& network) {
   Study& study = bench.study;
   std::vector<SectionRow> rows;
-  if (BrokenOff(bench, [&] { rows = RowStore(bench.workspace).rows(); })) {
+  if (RunTrapped(bench, [&] { rows = Require(bench.workspace.Rows().ReadAll()); })) {
     return Abort(study);
   }
-  study.CalcStatus = calc_status::kNothing;
   study.SingleSection = rows.size() == 1;
   network.lone_section = study.SystemClosed() && IsLoneSection(rows);
   // Rows that came by recovery may have been edited since they were calculated.
@@ -198,8 +191,7 @@ CommandEnd Calculate(Workbench& bench, const ChooseMethod& choose) {
   if (const auto end = network.has_results ? AskForNewRun(bench) : CheckNetwork(bench, network)) {
     return *end;
   }
-  const bool rebuild = study.SystemClosed() && !network.lone_section && !network.has_results;
-  return RunAsked(bench, choose, rebuild);
+  return RunAsked(bench, choose, network);
 }
 
 CommandEnd Calculate(Workbench& bench, Method method) {

@@ -12,7 +12,7 @@ constexpr double kVelocityReserve = 1.03;
 }  // namespace
 
 bool CheckPipeCapacity(Workbench& bench) {
-  Study& study = bench.study;
+  const Study& study = bench.study;
   const SectionRow first = Require(bench.workspace.Rows().Read(1));
   const auto library = Require(ReadPipeSystem(bench.workspace, study.pipe_system_number));
   const double flow = study.TotalFlowM3h != 0.0F ? study.TotalFlowM3h : first.WaterFlow;
@@ -21,9 +21,7 @@ bool CheckPipeCapacity(Workbench& bench) {
   if (!(kVelocityReserve * study.MeanVel < velocity)) {
     return true;
   }
-  const Answer answer = bench.Show(-300);
-  study.CalcStatus = calc_status::kRefused;
-  return answer != Answer::kNo;
+  return bench.Show(-300) != Answer::kNo;
 }
 
 }  // namespace kalvo

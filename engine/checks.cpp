@@ -35,24 +35,23 @@ void WriteFindings(Workbench& bench, const std::string& findings, bool append) {
 }
 
 // What a pair of lists comes to: nothing, or the first list anew and the second behind it.
-void Conclude(Workbench& bench, const std::string& first, const std::string& second) {
+CheckEnd Conclude(Workbench& bench, const std::string& first, const std::string& second) {
   if (first.empty() && second.empty()) {
     bench.study.NameErrors = false;
-    bench.study.CalcStatus = calc_status::kNothing;
-    return;
+    return CheckEnd::kNothing;
   }
   WriteFindings(bench, first + second, first.empty());
-  bench.study.CalcStatus = calc_status::kRefused;
+  return CheckEnd::kFindings;
 }
 
 // What a list that was begun anew comes to.
-void ConcludeOpen(Workbench& bench, const std::string& findings) {
+CheckEnd ConcludeOpen(Workbench& bench, const std::string& findings) {
   bench.workspace.Delete(work_file::kErrors);
-  bench.study.CalcStatus = calc_status::kNothing;
-  if (!findings.empty()) {
-    WriteFindings(bench, findings, false);
-    bench.study.CalcStatus = calc_status::kNamesWrong;
+  if (findings.empty()) {
+    return CheckEnd::kNothing;
   }
+  WriteFindings(bench, findings, false);
+  return CheckEnd::kFindings;
 }
 
 std::string SameNames(const Table& table, const FirstRowIndex& by_left) {
@@ -78,6 +77,12 @@ void ListLostWalk(Workbench& bench) {
   }
 }
 
+void ShowLostWalk(Workbench& bench) {
+  bench.study.CalcStatus = calc_status::kBranchLost;  // the message inserts it
+  bench.Show(2004);
+  bench.study.CalcStatus = calc_status::kNothing;
+}
+
 std::string GreekSourceFindings(const std::vector<SectionLine>& table) {
   const std::uint32_t key = NodeKey(ToCodePage(kGreekSource));
   std::string findings;
@@ -89,10 +94,10 @@ std::string GreekSourceFindings(const std::vector<SectionLine>& table) {
   return findings;
 }
 
-void CheckNodes(Workbench& bench) {
+CheckEnd CheckNodes(Workbench& bench) {
   const Table& table = bench.study.SectionTable;
   if (table.size() == 1) {
-    return;
+    return CheckEnd::kNothing;
   }
   const FirstRowIndex by_left = IndexByLeftNode(table);
   const FirstRowIndex by_right = IndexByRightNode(table);
@@ -111,10 +116,10 @@ void CheckNodes(Workbench& bench) {
   if (!dead_ends.empty() || !dead_starts.empty()) {
     dead_starts += GreekSourceFindings(table);
   }
-  Conclude(bench, dead_ends, dead_starts);
+  return Conclude(bench, dead_ends, dead_starts);
 }
 
-void CheckFeedersByName(Workbench& bench) {
+CheckEnd CheckFeedersByName(Workbench& bench) {
   const Table& table = bench.study.SectionTable;
   const FirstRowIndex by_left = IndexByLeftNode(table);
   std::string missing;
@@ -127,10 +132,10 @@ void CheckFeedersByName(Workbench& bench) {
   if (!missing.empty()) {
     missing += GreekSourceFindings(table);
   }
-  Conclude(bench, SameNames(table, by_left), missing);
+  return Conclude(bench, SameNames(table, by_left), missing);
 }
 
-void CheckFeederNumbers(Workbench& bench) {
+CheckEnd CheckFeederNumbers(Workbench& bench) {
   const Table& table = bench.study.SectionTable;
   std::string findings;
   for (std::size_t i = 0; i < table.size(); ++i) {
@@ -139,10 +144,10 @@ void CheckFeederNumbers(Workbench& bench) {
                   FromCodePage(Trim(RightNode(table[i].name))) + " )\n";
     }
   }
-  ConcludeOpen(bench, findings);
+  return ConcludeOpen(bench, findings);
 }
 
-void CheckFeederUse(Workbench& bench) {
+CheckEnd CheckFeederUse(Workbench& bench) {
   const Table& table = bench.study.SectionTable;
   std::vector<int> count(table.size() + 1);
   std::vector<int> first(table.size() + 1);
@@ -163,7 +168,7 @@ void CheckFeederUse(Workbench& bench) {
                   " έχουν, ΧΩΡΙΣ ΛΟΓΟ, διαφορετικό όνομα...\n";
     }
   }
-  ConcludeOpen(bench, findings);
+  return ConcludeOpen(bench, findings);
 }
 
 }  // namespace kalvo

@@ -1,10 +1,10 @@
 #include "engine/critical.h"
 
 #include <algorithm>
-
 #include <numeric>
 
 #include "engine/first_row_index.h"
+#include "engine/row_store.h"
 #include "study/rounding.h"
 
 namespace kalvo {
@@ -12,10 +12,10 @@ namespace kalvo {
 namespace {
 
 // What a branch loses, mm w.g.; in an open network with what its outlets need.
-float DropOf(const Branch& branch, const RowStore& store, bool with_outlets) {
+float DropOf(const Branch& branch, const RowTable& table, bool with_outlets) {
   const double sum = std::accumulate(
-      branch.begin(), branch.end(), 0.0, [&store, with_outlets](double drop, int number) {
-        const SectionRow& row = store.At(number);
+      branch.begin(), branch.end(), 0.0, [&table, with_outlets](double drop, int number) {
+        const SectionRow& row = table.At(number);
         return drop + (with_outlets ? row.TotalDrop + row.SomaDrop * 1000.0 : row.TotalDrop);
       });
   return ToSingle(sum);
@@ -29,12 +29,12 @@ float TotalFlow(const Study& study) {
   return ToSingle(sum / 1000.0);
 }
 
-void FollowChain(RowStore& store, const CriticalBranch& critical) {
-  SectionRow& first = store.At(1);
+void FollowChain(RowTable& table, const CriticalBranch& critical) {
+  SectionRow& first = table.At(1);
   first.AvaiPres = ToSingle(RoundTo(static_cast<double>(critical.drop) - first.TotalDrop, 2));
   for (std::size_t i = 1; i < critical.chain.size(); ++i) {
-    const double before = store.At(critical.chain[i - 1]).AvaiPres;
-    SectionRow& row = store.At(critical.chain[i]);
+    const double before = table.At(critical.chain[i - 1]).AvaiPres;
+    SectionRow& row = table.At(critical.chain[i]);
     row.AvaiPres = ToSingle(RoundTo(before - row.TotalDrop, 2));
   }
 }
@@ -69,33 +69,33 @@ class NeighbourSearch {
   int last_ = 1;
 };
 
-void SettleRow(RowStore& store, int row, double before) {
-  SectionRow& of = store.At(row);
+void SettleRow(RowTable& table, int row, double before) {
+  SectionRow& of = table.At(row);
   of.AvaiPres = ToSingle(RoundTo(before - of.TotalDrop, 2));
 }
 
 // Settles the rows whose neighbour's pressure is known; gives back the others, in order.
-std::vector<int> SettleKnown(RowStore& store, NeighbourSearch& search,
+std::vector<int> SettleKnown(RowTable& table, NeighbourSearch& search,
                              const std::vector<int>& rows) {
   std::vector<int> postponed;
   for (const int row : rows) {
-    const float before = store.At(search.For(row)).AvaiPres;
+    const float before = table.At(search.For(row)).AvaiPres;
     if (before == 0.0F) {
       postponed.push_back(row);
     } else {
-      SettleRow(store, row, before);
+      SettleRow(table, row, before);
     }
   }
   return postponed;
 }
 
-std::vector<int> RowsOffChain(const RowStore& store, const Branch& chain) {
-  std::vector<bool> on_chain(static_cast<std::size_t>(store.count()) + 1);
+std::vector<int> RowsOffChain(const RowTable& table, const Branch& chain) {
+  std::vector<bool> on_chain(static_cast<std::size_t>(table.count()) + 1);
   for (std::size_t i = 1; i < chain.size(); ++i) {
     on_chain[static_cast<std::size_t>(chain[i])] = true;
   }
   std::vector<int> rows;
-  for (int row = 2; row <= store.count(); ++row) {
+  for (int row = 2; row <= table.count(); ++row) {
     if (!on_chain[static_cast<std::size_t>(row)]) {
       rows.push_back(row);
     }
@@ -103,23 +103,14 @@ std::vector<int> RowsOffChain(const RowStore& store, const Branch& chain) {
   return rows;
 }
 
-void WritePostponed(Workbench& bench, const std::vector<int>& rows) {
-  std::vector<PostponedRow> records;
-  for (const int row : rows) {
-    const std::string number = PadBehind(std::to_string(row), 3);
-    records.push_back({FixedText<5>::FromBytes(number)});
-  }
-  Require(bench.workspace.Rows<PostponedRow>(work_file::kPostponed).WriteAll(records));
-}
-
 }  // namespace
 
-CriticalBranch ReadCriticalBranch(const Study& study, const RowStore& store) {
+CriticalBranch ReadCriticalBranch(const Study& study, const RowTable& table) {
   CriticalBranch critical;
   critical.branches =
       study.SystemOpen() ? BuildOpenBranchStrings(study) : BuildBranchStrings(study);
   for (const Branch& branch : critical.branches) {
-    const float drop = DropOf(branch, store, study.SystemOpen());
+    const float drop = DropOf(branch, table, study.SystemOpen());
     if (critical.drop < drop) {
       critical.drop = drop;
       critical.chain = branch;
@@ -128,45 +119,58 @@ CriticalBranch ReadCriticalBranch(const Study& study, const RowStore& store) {
   return critical;
 }
 
-void AnnounceCritical(Study& study, RowStore& store, const CriticalBranch& critical) {
+void AnnounceCritical(Study& study, RowTable& table, const CriticalBranch& critical) {
   study.TotalFlowM3h = TotalFlow(study);
   study.CriticalDrop = critical.drop;
   study.PumpHead = ToSingle(critical.drop / 1000.0);
   study.critical_branch = BranchText(critical.chain);
-  for (SectionRow& row : store.rows()) {
+  for (SectionRow& row : table.rows()) {
     row.PAR = study.TotalFlowM3h;
     row.DP = critical.drop;
     row.AvaiPres = 0;
   }
 }
 
-CriticalBranch FindCriticalBranch(Study& study, RowStore& store) {
-  CriticalBranch critical = ReadCriticalBranch(study, store);
+CriticalBranch FindCriticalBranch(Study& study, RowTable& table) {
+  CriticalBranch critical = ReadCriticalBranch(study, table);
   critical.drop = ToSingle(RoundTo(critical.drop, 4));
-  AnnounceCritical(study, store, critical);
-  FollowChain(store, critical);
+  AnnounceCritical(study, table, critical);
+  FollowChain(table, critical);
   return critical;
 }
 
-void SettleOtherRows(Workbench& bench, RowStore& store, const Branch& chain) {
-  bench.workspace.Delete(work_file::kPostponed);
-  NeighbourSearch search(store.rows());
-  const std::vector<int> postponed = SettleKnown(store, search, RowsOffChain(store, chain));
+void SettleOtherRows(RowTable& table, const Branch& chain, const NotePostponed& note) {
+  NeighbourSearch search(table.rows());
+  const std::vector<int> postponed = SettleKnown(table, search, RowsOffChain(table, chain));
   if (!postponed.empty()) {
-    WritePostponed(bench, postponed);
+    note(postponed);
   }
-  for (const int row : SettleKnown(store, search, postponed)) {
-    SettleRow(store, row, store.At(search.For(row)).AvaiPres);
+  for (const int row : SettleKnown(table, search, postponed)) {
+    SettleRow(table, row, table.At(search.For(row)).AvaiPres);
   }
-  bench.workspace.Delete(work_file::kPostponed);
 }
 
-void CriticalPassFlowOnly(Workbench& bench, std::string_view rows) {
-  RowStore store(bench.workspace, rows);
-  store.SaveAfter([&] {
-    const CriticalBranch critical = FindCriticalBranch(bench.study, store);
-    SettleOtherRows(bench, store, critical.chain);
-  });
+PostponedFile::~PostponedFile() { workspace_.Delete(work_file::kPostponed); }
+
+NotePostponed PostponedFile::Note() {
+  return [this](const std::vector<int>& rows) {
+    std::vector<PostponedRow> records;
+    for (const int row : rows) {
+      records.push_back({FixedText<5>::FromBytes(PadBehind(std::to_string(row), 3))});
+    }
+    Require(workspace_.Rows<PostponedRow>(work_file::kPostponed).WriteAll(records));
+  };
+}
+
+void CriticalPassFlowOnly(Study& study, RowTable& table, const NotePostponed& note) {
+  const CriticalBranch critical = FindCriticalBranch(study, table);
+  SettleOtherRows(table, critical.chain, note);
+}
+
+void CriticalPassFlowOnly(Workbench& bench) {
+  PostponedFile postponed(bench.workspace);
+  RowStore store(bench.workspace);
+  store.SaveAfter([&] { CriticalPassFlowOnly(bench.study, store, postponed.Note()); });
 }
 
 }  // namespace kalvo

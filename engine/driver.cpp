@@ -4,9 +4,9 @@
 #include "engine/critical.h"
 #include "engine/open_network.h"
 #include "engine/pipe_stats.h"
+#include "engine/row_store.h"
 #include "engine/sizing.h"
 #include "engine/trap.h"
-#include "study/memory_disk.h"
 #include "study/rounding.h"
 #include "study/tables.h"
 
@@ -14,73 +14,78 @@ namespace kalvo {
 
 namespace {
 
-bool Ended(const Study& study) {
-  return study.CalcStatus == calc_status::kBrokenOff || study.CalcStatus == calc_status::kViscosity;
-}
-
-// Runs a pass unless the run has ended already.
-template <typename Pass>
-void RunNext(Workbench& bench, Pass&& pass) {
-  if (!Ended(bench.study)) {
-    RunTrapped(bench, pass);
-  }
-}
-
-// The pass behind the sizing.
-void FindPressures(Workbench& bench, Method method) {
+// The pass after the sizing.
+void FindPressures(Study& study, RowTable& rows, const PassConditions& pass, Method method,
+                   const NotePostponed& note) {
   const bool balances = method == Method::kFlowAndPressure;
-  if (bench.study.SystemOpen()) {
-    balances ? OpenPassPressure(bench) : OpenPassFlowOnly(bench);
-  } else if (bench.study.SingleSection) {
-    CloseSingleSection(bench);
+  if (study.SystemOpen()) {
+    balances ? OpenPassPressure(study, rows, pass) : OpenPassFlowOnly(study, rows);
+  } else if (study.SingleSection) {
+    CloseSingleSection(study, rows);
   } else {
-    balances ? CriticalPassPressure(bench) : CriticalPassFlowOnly(bench);
+    balances ? CriticalPassPressure(study, rows, pass, note)
+             : CriticalPassFlowOnly(study, rows, note);
   }
 }
 
 constexpr float kBalancedMethod = 2.0F;  // in INILAMDA
 
-class NobodyThere : public Prompter {
- public:
-  Answer ShowMessage(int /*code*/, const Study& /*study*/) override { return Answer::kNone; }
-  Answer Ask(const Box& /*box*/) override { return Answer::kNone; }
-};
-
 // The critical branch that a balancing set out from. Its pipes may have been taken down with those
 // of other branches, so it is found by sizing a copy of the rows once more; nothing when that does
 // not lead to the drop that the rows announce.
-std::optional<Branch> ChainBeforeBalancing(const Workbench& bench, const RowStore& store) {
-  MemoryDisk memory;
-  NoWait clock;
-  NobodyThere nobody;
-  Workspace copy(memory, "/", bench.workspace.outer_disk(), bench.workspace.library_folder(),
-                 clock);
-  Require(copy.Rows().WriteAll(store.rows()));
-  const auto fluid = bench.workspace.Read(work_file::kFluid);
-  if (!fluid || !copy.Write(work_file::kFluid, *fluid)) return std::nullopt;
+std::optional<Branch> ChainBeforeBalancing(const Workbench& bench, const RowTable& rows) {
+  const SectionRow& first = rows.At(1);
   Study study = bench.study;
-  study.MeanVel = store.At(1).MeanVel;
-  Workbench sized(study, copy, bench.pipes, nobody);
-  SizePipes(sized, static_cast<int>(kBalancedMethod));
-  const CriticalBranch critical = ReadCriticalBranch(study, RowStore(copy));
+  study.MeanVel = first.MeanVel;
+  const auto pass = HoldPassConditions(bench.workspace, study, study.MeanTemp);
+  if (!pass) return std::nullopt;
+  RowTable sized = rows;
+  SizePipes(study, sized, *pass, static_cast<int>(kBalancedMethod));
+  const CriticalBranch critical = ReadCriticalBranch(study, sized);
   const bool announced =
-      ToSingle(RoundTo(critical.drop, 4)) == store.At(1).DP || critical.drop == store.At(1).DP;
+      ToSingle(RoundTo(critical.drop, 4)) == first.DP || critical.drop == first.DP;
   return announced ? std::optional(critical.chain) : std::nullopt;
 }
 
 // The critical branch of the results in the rows, empty without emitters.
-Branch ChainOfResults(const Workbench& bench, const RowStore& store) {
-  const bool balanced = store.count() > 0 && store.At(1).INILAMDA == kBalancedMethod;
+Branch ChainOfResults(const Workbench& bench, const RowTable& rows) {
+  const bool balanced = rows.count() > 0 && rows.At(1).INILAMDA == kBalancedMethod;
   if (balanced) {
     try {
-      if (const std::optional<Branch> before = ChainBeforeBalancing(bench, store)) {
+      if (const std::optional<Branch> before = ChainBeforeBalancing(bench, rows)) {
         return *before;
       }
     } catch (const Fault& fault) {
       bench.NoteFault(fault);  // the stored drops serve
     }
   }
-  return ReadCriticalBranch(bench.study, store).chain;
+  return ReadCriticalBranch(bench.study, rows).chain;
+}
+
+RunEnd RunOnRows(Workbench& bench, Method method) {
+  Study& study = bench.study;
+  PostponedFile postponed(bench.workspace);
+  std::optional<PassConditions> pass;
+  const bool calculates = study.system_kind != SystemKind::kNone;
+  const auto run = [&](RowTable& rows) {
+    ResetCalcFields(study, rows);
+    if (!calculates) return;
+    pass = HoldPassConditions(bench.workspace, study, study.MeanTemp);
+    if (!pass) return;
+    SizePipes(study, rows, *pass, static_cast<int>(method));
+    FindPressures(study, rows, *pass, method, postponed.Note());
+    KeepCalculatedDiameters(study, rows.rows());
+  };
+  ChangeRows(bench, run, [&study] { study.results_valid = false; });
+  if (!calculates) {
+    return RunEnd::kCalculated;
+  }
+  if (!pass) {
+    TellFluidMisfit(bench);
+    return RunEnd::kViscosity;
+  }
+  WriteStatistics(bench);
+  return RunEnd::kCalculated;
 }
 
 }  // namespace
@@ -89,13 +94,11 @@ bool IsLoneSection(const std::vector<SectionRow>& rows) {
   return rows.size() == 1 && rows.front().Name.bytes() == "ANT/ANT";
 }
 
-void ResetCalcFields(Workbench& bench) {
-  Study& study = bench.study;
-  RowStore store(bench.workspace);
-  study.SectionCount = ToInt16(store.count());
+void ResetCalcFields(Study& study, RowTable& rows) {
+  study.SectionCount = ToInt16(rows.count());
   // A re-run goes by the row's own word, which may be that of a pipe system chosen before.
   const auto material = FixedText<78>::FromUtf8(study.pipe_material);
-  for (SectionRow& row : store.rows()) {
+  for (SectionRow& row : rows.rows()) {
     row.Material = material;
     row.MeanTemp = study.MeanTemp;
     row.FileNumber = study.pipe_system_number;
@@ -105,54 +108,66 @@ void ResetCalcFields(Workbench& bench) {
     row.AvaiPres = 0;
     row.NomiDiam = {};
   }
-  store.Save();
-  study.results_valid = false;  // where nothing could be written they stand
 }
 
-void CloseSingleSection(Workbench& bench) {
-  RowStore store(bench.workspace);
-  if (!IsLoneSection(store.rows())) {
+void CloseSingleSection(Study& study, RowTable& rows) {
+  if (!IsLoneSection(rows.rows())) {
     return;
   }
-  SectionRow& row = store.At(1);
+  SectionRow& row = rows.At(1);
   row.PAR = ToSingle(row.WaterFlow / 1000.0);
   row.DP = row.TotalDrop;
   row.AvaiPres = 0;
-  Study& study = bench.study;
   study.TotalFlowM3h = row.PAR;
   study.CriticalDrop = row.TotalDrop;
   study.PumpHead = ToSingle(row.TotalDrop / 1000.0);
   study.critical_branch = "1";
-  store.Save();
 }
 
-void RunPasses(Workbench& bench, Method method) {
+void ChangeRows(Workbench& bench, const std::function<void(RowTable& rows)>& work,
+                const std::function<void()>& written) {
+  const Study before = bench.study;
+  bool saved = false;
+  try {
+    RowStore store(bench.workspace);
+    store.SaveAfter([&] { work(store); },
+                    [&] {
+                      saved = true;
+                      written();
+                    });
+  } catch (const Fault&) {
+    if (!saved) {
+      bench.study = before;
+    }
+    throw;
+  }
+}
+
+RunEnd RunPasses(Workbench& bench, Method method) {
   Study& study = bench.study;
   study.CalcAborted = false;
   study.MeanVelMode = method == Method::kFlowOnly;
   const std::int16_t row_before = study.CurrentRow;
   // Row 1 has it too; sizing may raise the study's own value for the run.
   const float design_velocity = study.MeanVel;
-  RunNext(bench, [&] { ResetCalcFields(bench); });
-  if (study.system_kind != SystemKind::kNone) {
-    RunNext(bench, [&] { SizePipes(bench, static_cast<int>(method)); });
-    RunNext(bench, [&] { FindPressures(bench, method); });
-    RunNext(bench, [&] { WriteStatistics(bench); });
-    RunNext(bench, [&] { KeepCalculatedDiameters(study, RowStore(bench.workspace).rows()); });
+  RunEnd end = RunEnd::kCalculated;
+  if (RunTrapped(bench, [&] { end = RunOnRows(bench, method); })) {
+    end = RunEnd::kBrokenOff;
   }
   study.MeanVel = design_velocity;
-  study.CalcAborted = study.CalcStatus == calc_status::kBrokenOff;
+  study.CalcAborted = end == RunEnd::kBrokenOff;
   study.CurrentRow = row_before;
-  if (study.system_kind != SystemKind::kNone && !Ended(study)) {
+  if (study.system_kind != SystemKind::kNone && end == RunEnd::kCalculated) {
     study.recalculation_needed = false;
     study.came_by_recovery = false;
   }
+  return end;
 }
 
-void RunCalculation(Workbench& bench) {
+RunEnd RunCalculation(Workbench& bench) {
   const Study& study = bench.study;
-  RunPasses(bench, study.SystemClosed() || study.MeanVelMode ? Method::kFlowOnly
-                                                             : Method::kFlowAndPressure);
+  return RunPasses(bench, study.SystemClosed() || study.MeanVelMode ? Method::kFlowOnly
+                                                                    : Method::kFlowAndPressure);
 }
 
 bool RefindCriticalBranch(Workbench& bench) {

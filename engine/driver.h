@@ -1,32 +1,47 @@
 #pragma once
 
+#include <functional>
+
+#include "engine/row_table.h"
 #include "study/workbench.h"
 
 namespace kalvo {
 
 enum class Method { kFlowOnly = 1, kFlowAndPressure = 2 };
 
-/// First step of every run: the study's values into every row, results cleared. Once the rows are
-/// written the results are no longer valid. Faults: kFile; the results then stand.
-void ResetCalcFields(Workbench& bench);
+/// How a run ended.
+enum class RunEnd {
+  kCalculated,
+  kViscosity,  ///< the fluid does not fit, nothing was calculated
+  kBrokenOff,  ///< by a run-time fault
+};
 
-/// The passes of a run in their order, each trapped: sizing, critical branch (with balancing in the
-/// second method; in a closed system not for a single section, which is closed instead),
-/// statistics.
-/// `CalcStatus` -13: the fluid does not fit, nothing was calculated; -32: broken off, and
-/// `CalcAborted` is set. The design velocity is read again from row 1 at the end.
-void RunPasses(Workbench& bench, Method method);
+/// First step of every run: the study's values into every row, results cleared.
+void ResetCalcFields(Study& study, RowTable& rows);
+
+/// The passes of a run in their order on the rows of the study, read once and written once: reset,
+/// sizing, critical branch (with balancing in the second method; in a closed system not for a
+/// single section, which is closed instead), then statistics. Once the rows are written the results
+/// are no longer valid; where they cannot be written the study's values stay, too. Broken off:
+/// `CalcAborted` is set and the rows are written as far as they came. The design velocity stays.
+RunEnd RunPasses(Workbench& bench, Method method);
 
 /// The automatic run. A closed system always takes the first method, an open one the method that
-/// `MeanVelMode` tells.
-void RunCalculation(Workbench& bench);
+/// `MeanVelMode` says.
+RunEnd RunCalculation(Workbench& bench);
 
 /// True when the rows are one section named "ANT/ANT".
 bool IsLoneSection(const std::vector<SectionRow>& rows);
 
 /// For a lone section: total flow, drop and pump head from the row itself, critical branch "1".
-/// Any other network stays as it is. Faults: kFile.
-void CloseSingleSection(Workbench& bench);
+/// Any other network stays as it is.
+void CloseSingleSection(Study& study, RowTable& rows);
+
+/// Runs `work` on the rows of the study, which are written once afterwards, after a fault as well;
+/// then `written`. Where they cannot be written the study's values are what they were. Faults:
+/// those of `work`, kFile.
+void ChangeRows(Workbench& bench, const std::function<void(RowTable& rows)>& work,
+                const std::function<void()>& written);
 
 /// Finds the `critical branch` of results as they stand in the rows, which a study's file does not
 /// tell: from the stored drops, after a balancing from rows sized anew in memory, as long as these

@@ -28,7 +28,7 @@ Rows MergeEmitters(const Rows& rows, const Rows& old_file) {
 }
 
 // Copies each emitter's values into its section where the names agree; gives the total flow, l/h.
-float CopyIntoSections(const Rows& emitters, RowStore& store) {
+float CopyIntoSections(const Rows& emitters, RowTable& store) {
   float total = 0;
   for (const SectionRow& emitter : emitters) {
     SectionRow& row = store.At(emitter.RecordNumber);
@@ -43,7 +43,7 @@ float CopyIntoSections(const Rows& emitters, RowStore& store) {
 }
 
 // Every section gets what the emitter table says of it, nothing where it says nothing.
-void CopyFromTable(const std::vector<EmitterLine>& table, RowStore& store) {
+void CopyFromTable(const std::vector<EmitterLine>& table, RowTable& store) {
   std::map<int, const EmitterLine*> by_section;
   for (const EmitterLine& line : table) {
     by_section.emplace(line.section, &line);
@@ -57,14 +57,12 @@ void CopyFromTable(const std::vector<EmitterLine>& table, RowStore& store) {
 }
 
 void SumFlows(Workbench& bench) {
-  WriteSectionFlows(bench);
-  if (bench.study.CalcStatus > 0) {
-    bench.Show(2004);
-    bench.study.CalcStatus = calc_status::kNothing;
+  if (!WriteSectionFlows(bench)) {
+    ShowLostWalk(bench);
   }
 }
 
-void CopyFlows(const std::vector<SectionLine>& table, RowStore& store) {
+void CopyFlows(const std::vector<SectionLine>& table, RowTable& store) {
   for (std::size_t i = 0; i < table.size(); ++i) {
     SectionRow& row = store.rows()[i];
     if (row.RecordNumber == table[i].number && row.Name.Trimmed() == Trim(table[i].name.bytes())) {
@@ -73,7 +71,7 @@ void CopyFlows(const std::vector<SectionLine>& table, RowStore& store) {
   }
 }
 
-void WriteGeneralValues(const Study& study, RowStore& store) {
+void WriteGeneralValues(const Study& study, RowTable& store) {
   const auto material = FixedText<78>::FromUtf8(study.pipe_material);
   for (SectionRow& row : store.rows()) {
     row.Material = material;
@@ -89,15 +87,14 @@ void WriteGeneralValues(const Study& study, RowStore& store) {
 
 void CheckRebuilt(Workbench& bench) {
   bench.workspace.Delete(work_file::kErrors);
-  CheckNodes(bench);
-  if (bench.study.CalcStatus == calc_status::kRefused) {
+  if (CheckNodes(bench) == CheckEnd::kFindings) {
     bench.study.NameErrors = true;
   }
 }
 
 }  // namespace
 
-void RebuildEmitterData(Workbench& bench) {
+void RebuildEmitterData(Workbench& bench, const SummedFlows* known) {
   Study& study = bench.study;
   RowStore store(bench.workspace);
   RowFile<SectionRow> file = bench.workspace.Rows(work_file::kEmitters);
@@ -114,13 +111,17 @@ void RebuildEmitterData(Workbench& bench) {
   CopyFromTable(study.EmitterTable, store);
   RefreshSectionTable(study, store.rows());
   study.SingleSection = store.count() == 1;
-  if (!study.SingleSection) {
+  const bool same = known != nullptr && study.SectionTable == known->before &&
+                    study.EmitterTable == known->emitters;
+  if (same) {
+    study.SectionTable = known->after;
+  } else if (!study.SingleSection) {
     SumFlows(bench);
   }
   CopyFlows(study.SectionTable, store);
   WriteGeneralValues(study, store);
   store.Save();
-  if (!study.SingleSection) {
+  if (!same && !study.SingleSection) {
     CheckRebuilt(bench);
   }
   study.emitters_unchecked = false;

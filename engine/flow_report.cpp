@@ -140,40 +140,36 @@ class FlowSummer {
   FlowTrace* trace_;
 };
 
-// Begins the summing; false, with `CalcStatus` 1, unless one section ends at the source.
-bool BeginSum(Study& study) {
-  study.lost_walk.reset();
-  if (HasOneEnd(study.SectionTable)) {
-    return true;
-  }
-  study.lost_walk = LostWalk{0, std::string(kSource)};
-  study.CalcStatus = calc_status::kBranchLost;
-  return false;
+bool Sum(Study& study, const std::vector<EmitterLine>& emitters, FlowTrace* trace) {
+  study.lost_walk = FlowSummer(study.SectionTable, trace).Add(emitters);
+  return !study.lost_walk;
 }
 
-void Sum(Study& study, const std::vector<EmitterLine>& emitters, FlowTrace* trace) {
-  study.lost_walk = FlowSummer(study.SectionTable, trace).Add(emitters);
-  if (study.lost_walk) {
-    study.CalcStatus = calc_status::kBranchLost;
+// Begins the summing; false unless one section ends at the source.
+bool BeginSum(Study& study) {
+  study.lost_walk.reset();
+  if (!HasOneEnd(study.SectionTable)) {
+    study.lost_walk = LostWalk{0, std::string(kSource)};
   }
+  return !study.lost_walk;
 }
 
 }  // namespace
 
-void WriteSectionFlows(Workbench& bench) {
+bool WriteSectionFlows(Workbench& bench) {
   Study& study = bench.study;
   bench.workspace.Delete(work_file::kFlowReport);
-  if (BeginSum(study)) {
-    FlowTrace trace(study.SectionTable);
-    Sum(study, study.EmitterTable, &trace);
-    Require(bench.workspace.Write(work_file::kFlowReport, trace.TakeText()));
+  if (!BeginSum(study)) {
+    return false;
   }
+  FlowTrace trace(study.SectionTable);
+  const bool summed = Sum(study, study.EmitterTable, &trace);
+  Require(bench.workspace.Write(work_file::kFlowReport, trace.TakeText()));
+  return summed;
 }
 
-void SumWinterFlows(Study& study) {
-  if (BeginSum(study)) {
-    Sum(study, study.WinterEmitterTable, nullptr);
-  }
+bool SumWinterFlows(Study& study) {
+  return BeginSum(study) && Sum(study, study.WinterEmitterTable, nullptr);
 }
 
 }  // namespace kalvo

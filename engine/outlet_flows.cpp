@@ -98,7 +98,7 @@ class OutletSummer {
 
 }  // namespace
 
-void SumOutletFlows(Workbench& bench) {
+bool SumOutletFlows(Workbench& bench) {
   Study& study = bench.study;
   study.lost_walk.reset();
   RowStore store(bench.workspace);
@@ -114,14 +114,14 @@ void SumOutletFlows(Workbench& bench) {
   }
   if (!OutletSummer(study.SectionTable).Sum(std::move(level))) {
     study.lost_walk = FindLostWalk(study);
-    study.CalcStatus = calc_status::kBranchLost;
-    return;
+    return false;
   }
   for (const SectionLine& line : study.SectionTable) {
     store.rows()[static_cast<std::size_t>(&line - study.SectionTable.data())].WaterFlow =
         ToSingle(line.flow_lh.value_or(0.0));
   }
   store.Save();
+  return true;
 }
 
 }  // namespace kalvo

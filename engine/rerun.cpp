@@ -4,9 +4,9 @@
 #include <cmath>
 
 #include "engine/critical.h"
-#include "engine/driver.h"
 #include "engine/open_network.h"
 #include "engine/pipe_stats.h"
+#include "engine/row_store.h"
 #include "engine/sizing.h"
 #include "engine/trap.h"
 
@@ -15,38 +15,47 @@ namespace kalvo {
 namespace {
 
 // Takes the mark off every row whose diameter is that of the session's first rows again.
-void MergeFirstMarks(Workbench& bench) {
-  if (!bench.workspace.HasBytes(work_file::kFirstRows)) {
+void MergeFirstMarks(const Workspace& workspace, RowTable& rows) {
+  if (!workspace.HasBytes(work_file::kFirstRows)) {
     return;
   }
-  const RowStore first(bench.workspace, work_file::kFirstRows);
-  RowStore store(bench.workspace);
-  const int count = std::min(first.count(), store.count());
+  const RowStore first(workspace, work_file::kFirstRows);
+  const int count = std::min(first.count(), rows.count());
   for (int number = 1; number <= count; ++number) {
-    SectionRow& row = store.At(number);
+    SectionRow& row = rows.At(number);
     if (std::fabs(row.InDiameter) == first.At(number).InDiameter) {
       row.InDiameter = first.At(number).InDiameter;
     }
   }
-  store.Save();
 }
 
-void RunFixed(Workbench& bench) {
-  bench.study.SingleSection = RowStore(bench.workspace).count() == 1;
-  RecalculateRows(bench);
-  if (bench.study.CalcStatus == calc_status::kViscosity) {
-    return;
-  }
-  if (bench.study.SystemOpen()) {
-    OpenPassFlowOnly(bench);
-  } else if (bench.study.SingleSection) {
-    CloseSingleSection(bench);
+void FindPressures(Study& study, RowTable& rows, const NotePostponed& note) {
+  if (study.SystemOpen()) {
+    OpenPassFlowOnly(study, rows);
+  } else if (study.SingleSection) {
+    CloseSingleSection(study, rows);
   } else {
-    CriticalPassFlowOnly(bench);
+    CriticalPassFlowOnly(study, rows, note);
   }
+}
+
+RunEnd RunFixed(Workbench& bench) {
+  Study& study = bench.study;
+  const auto pass = TakePassConditions(bench);
+  if (!pass) {
+    return RunEnd::kViscosity;
+  }
+  PostponedFile postponed(bench.workspace);
+  const auto run = [&](RowTable& rows) {
+    study.SingleSection = rows.count() == 1;
+    RecalculateRows(study, rows, *pass);
+    FindPressures(study, rows, postponed.Note());
+    MergeFirstMarks(bench.workspace, rows);
+  };
+  ChangeRows(bench, run, [] {});
   WriteStatistics(bench);
-  MergeFirstMarks(bench);
   Require(bench.workspace.Copy(work_file::kRows, work_file::kPreviousRows));
+  return RunEnd::kCalculated;
 }
 
 }  // namespace
@@ -70,19 +79,20 @@ Result<bool> DiametersDiffer(const Workspace& workspace, std::string_view older)
                      });
 }
 
-void Rerun(Workbench& bench) {
+RunEnd Rerun(Workbench& bench) {
   Study& study = bench.study;
-  study.CalcStatus = calc_status::kNothing;
   study.CalcAborted = false;
   study.unsaved_changes = true;
-  study.diameters_changed = true;
   const std::int16_t row_before = study.CurrentRow;
-  RunTrapped(bench, [&] { RunFixed(bench); });
+  RunEnd end = RunEnd::kCalculated;
+  if (RunTrapped(bench, [&] { end = RunFixed(bench); })) {
+    end = RunEnd::kBrokenOff;
+  }
   study.CurrentRow = row_before;
-  study.CalcAborted = study.CalcStatus == calc_status::kBrokenOff;
-  study.recalculation_needed =
-      study.CalcStatus == calc_status::kBrokenOff || study.CalcStatus == calc_status::kViscosity;
+  study.CalcAborted = end == RunEnd::kBrokenOff;
+  study.recalculation_needed = end != RunEnd::kCalculated;
   study.came_by_recovery = study.came_by_recovery && study.recalculation_needed;
+  return end;
 }
 
 Result<bool> RerunIfChanged(Workbench& bench) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "study/workbench.h"
+#include "engine/driver.h"
 
 namespace kalvo {
 
@@ -11,9 +11,9 @@ Result<bool> DiametersDiffer(const Workspace& workspace, std::string_view older)
 
 /// The run on the diameters that the rows have, overruled ones (negative) included: no pipe choice,
 /// no balancing, the method recorded stays. Quantities anew; marks of rows that came back to the
-/// diameter of `FIRSTONE.TMP` are cleared; the rows become `DATARES.PRV`. `CalcStatus` -13 or -32:
-/// ended early, `DATARES.PRV` stays and a new calculation is needed.
-void Rerun(Workbench& bench);
+/// diameter of `FIRSTONE.TMP` are cleared; the rows become `DATARES.PRV`. Unless it ends in
+/// kCalculated `DATARES.PRV` stays and a new calculation is needed.
+RunEnd Rerun(Workbench& bench);
 
 /// Rerun() if a diameter changed since `DATARES.PRV` was written, marking the study changed.
 /// Gives whether it ran. Error: a file cannot be read.

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <vector>
+#include <utility>
 
-#include "study/fault.h"
+#include "engine/row_table.h"
 #include "study/workbench.h"
 
 namespace kalvo {
@@ -27,50 +27,44 @@ void AtRow(int number, Work&& work) {
   }
 }
 
-/// Rows of the study while a pass works on them: read once, written once. Numbers begin at 1.
-class RowStore {
+/// The rows of a work file while a pass works on them: read once, written once.
+class RowStore : public RowTable {
  public:
   /// Faults: kFile when the rows cannot be read.
   explicit RowStore(const Workspace& workspace, std::string_view name = work_file::kRows)
-      : file_(workspace.Rows(name)), rows_(Require(file_.ReadAll())) {}
-
-  [[nodiscard]] int count() const { return static_cast<int>(rows_.size()); }
-  [[nodiscard]] std::vector<SectionRow>& rows() { return rows_; }
-  [[nodiscard]] const std::vector<SectionRow>& rows() const { return rows_; }
-
-  /// Faults: kBadRecordNumber when there is no such row.
-  [[nodiscard]] SectionRow& At(int number) { return rows_[Index(number)]; }
-  [[nodiscard]] const SectionRow& At(int number) const { return rows_[Index(number)]; }
+      : RowStore(workspace.Rows(name)) {}
 
   void Save() {
-    if (!rows_.empty()) {
-      Require(file_.WriteAll(rows_));
+    if (count() > 0) {
+      Require(file_.WriteAll(rows()));
     }
   }
 
-  /// Runs `work` and saves. After a fault the rows changed so far are saved all the same: a run cut
-  /// short leaves the rows it has written. The fault told is that of the work.
-  template <typename Work>
-  void SaveAfter(Work&& work) {
+  /// Runs `work` and saves, then `saved`. After a fault the rows changed so far are saved all the
+  /// same: a run cut short leaves the rows it has written. The fault told is that of the work.
+  template <typename Work, typename Saved>
+  void SaveAfter(Work&& work, Saved&& saved) {
     try {
       work();
     } catch (const Fault&) {
-      static_cast<void>(rows_.empty() || file_.WriteAll(rows_).ok());
+      if (count() == 0 || file_.WriteAll(rows()).ok()) {
+        saved();
+      }
       throw;
     }
     Save();
+    saved();
+  }
+  template <typename Work>
+  void SaveAfter(Work&& work) {
+    SaveAfter(std::forward<Work>(work), [] {});
   }
 
  private:
-  [[nodiscard]] std::size_t Index(int number) const {
-    if (number < 1 || number > count()) {
-      throw Fault(FaultCode::kBadRecordNumber, "no row " + std::to_string(number));
-    }
-    return static_cast<std::size_t>(number - 1);
-  }
+  explicit RowStore(RowFile<SectionRow> file)
+      : RowTable(Require(file.ReadAll())), file_(std::move(file)) {}
 
   RowFile<SectionRow> file_;
-  std::vector<SectionRow> rows_;
 };
 
 }  // namespace kalvo

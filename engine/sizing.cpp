@@ -17,23 +17,24 @@ Box TemperatureBox() {
            "... είναι υπό Μέση θερμοκρασία Ρέοντος Μέσου ...",
            "... που ΔΕΝ ταυτίζεται με την επιλεγείσα Μέση Θερμοκρασία για τούς Υπολογισμούς !...",
            " ", "                                 ...!! ΔΙΟΡΘΩΣΤΕ ΑΝΑΛΟΓΩΣ !!..."},
-          16};
+          box_style::kStop};
 }
 
 // The study's own fluid; nothing only when the file is missing.
-std::optional<FluidRow> StudyFluid(const Workbench& bench) {
-  if (!bench.workspace.Exists(work_file::kFluid)) {
+std::optional<FluidRow> StudyFluid(const Workspace& workspace) {
+  if (!workspace.Exists(work_file::kFluid)) {
     return std::nullopt;
   }
-  return Require(bench.workspace.Rows<FluidRow>(work_file::kFluid).Read(1));
+  return Require(workspace.Rows<FluidRow>(work_file::kFluid).Read(1));
 }
 
 constexpr float kWaterDensity = 1000.0F;
 
-void HoldDensity(Study& study, const std::optional<FluidRow>& fluid) {
-  if (study.Density == 0.0F) {
-    study.Density = fluid ? fluid->density : kWaterDensity;
+float DensityOf(const Study& study, const std::optional<FluidRow>& fluid) {
+  if (study.Density != 0.0F) {
+    return study.Density;
   }
+  return fluid ? fluid->density : kWaterDensity;
 }
 
 // The first pipe whose area reaches the needed one; the largest when none does.
@@ -85,73 +86,80 @@ void RecalculateRow(Study& study, const PassConditions& pass, SectionRow& row) {
   FillHydraulics(row, pass.flow, ClassOf(row.Material.Trimmed()), diameter);
 }
 
-// One pass over all rows: quantities anew, then `fill` for each, written only when it is whole.
+// One pass over all rows: quantities anew, then `fill` for each, which is whole or as it was.
 template <typename Fill>
-void FillRows(Workbench& bench, const PassConditions& pass, std::string_view rows, Fill&& fill) {
-  Study& study = bench.study;
-  RowStore store(bench.workspace, rows);
-  study.SectionCount = ToInt16(store.count());
+void FillRows(Study& study, RowTable& table, const PassConditions& pass, Fill&& fill) {
+  study.SectionCount = ToInt16(table.count());
   StartPipeStats(study, pass.library);
-  store.SaveAfter([&] {
-    for (int number = 1; number <= store.count(); ++number) {
-      study.CurrentRow = static_cast<std::int16_t>(number);
-      SectionRow row = store.At(number);
-      AtRow(number, [&] { fill(row); });
-      store.At(number) = row;
-    }
-  });
+  for (int number = 1; number <= table.count(); ++number) {
+    study.CurrentRow = static_cast<std::int16_t>(number);
+    SectionRow row = table.At(number);
+    AtRow(number, [&] { fill(row); });
+    table.At(number) = row;
+  }
 }
 
 }  // namespace
 
-std::optional<PassConditions> LoadPassConditions(Workbench& bench, float temperature) {
-  Study& study = bench.study;
+PassConditions ReadPassConditions(const Workspace& workspace, const Study& study,
+                                  float temperature) {
   PassConditions pass;
-  pass.library = Require(ReadPipeSystem(bench.workspace, study.pipe_system_number));
+  pass.library = Require(ReadPipeSystem(workspace, study.pipe_system_number));
   pass.flow.roughness = pass.library.front().roughness;
-  const std::optional<FluidRow> fluid = StudyFluid(bench);
-  HoldDensity(study, fluid);
-  pass.flow.density = study.Density;
+  const std::optional<FluidRow> fluid = StudyFluid(workspace);
+  pass.flow.density = DensityOf(study, fluid);
   if (Trim(study.fluid_name) == kWaterName) {
     pass.flow.viscosity = WaterViscosity(temperature);
     return pass;
   }
   if (!fluid) {
-    throw Fault(FileError{bench.workspace.Path(work_file::kFluid),
-                          "Δεν υπάρχει το αρχείο του Ρέοντος Μέσου"});
+    throw Fault(
+        FileError{workspace.Path(work_file::kFluid), "Δεν υπάρχει το αρχείο του Ρέοντος Μέσου"});
   }
-  if (fluid->mean_temperature != temperature) {
-    bench.Ask(TemperatureBox());
-    study.CalcStatus = calc_status::kViscosity;
-    return std::nullopt;
+  pass.fluid_fits = fluid->mean_temperature == temperature;
+  if (pass.fluid_fits) {
+    pass.flow.viscosity = ToSingle(static_cast<double>(fluid->viscosity) / 1'000'000.0);
   }
-  pass.flow.viscosity = ToSingle(static_cast<double>(fluid->viscosity) / 1'000'000.0);
   return pass;
 }
 
-std::optional<PassConditions> LoadPassConditions(Workbench& bench) {
-  return LoadPassConditions(bench, bench.study.MeanTemp);
+std::optional<PassConditions> HoldPassConditions(const Workspace& workspace, Study& study,
+                                                 float temperature) {
+  PassConditions pass = ReadPassConditions(workspace, study, temperature);
+  study.Density = pass.flow.density;
+  return pass.fluid_fits ? std::optional(std::move(pass)) : std::nullopt;
+}
+
+void TellFluidMisfit(Workbench& bench) { bench.Ask(TemperatureBox()); }
+
+std::optional<PassConditions> TakePassConditions(Workbench& bench) {
+  auto pass = HoldPassConditions(bench.workspace, bench.study, bench.study.MeanTemp);
+  if (!pass) {
+    TellFluidMisfit(bench);
+  }
+  return pass;
+}
+
+void SizePipes(Study& study, RowTable& table, const PassConditions& pass, int method) {
+  FillRows(study, table, pass, [&](SectionRow& row) { SizeRow(study, pass, method, row); });
+}
+
+void RecalculateRows(Study& study, RowTable& table, const PassConditions& pass) {
+  FillRows(study, table, pass, [&](SectionRow& row) { RecalculateRow(study, pass, row); });
 }
 
 void SizePipes(Workbench& bench, int method) {
-  const auto pass = LoadPassConditions(bench);
-  if (!pass) {
-    return;
+  if (const auto pass = TakePassConditions(bench)) {
+    RowStore store(bench.workspace);
+    store.SaveAfter([&] { SizePipes(bench.study, store, *pass, method); });
   }
-  FillRows(bench, *pass, work_file::kRows,
-           [&](SectionRow& row) { SizeRow(bench.study, *pass, method, row); });
 }
 
 void RecalculateRows(Workbench& bench) {
-  RecalculateRows(bench, bench.study.MeanTemp, work_file::kRows);
-}
-
-void RecalculateRows(Workbench& bench, float temperature, std::string_view rows) {
-  const auto pass = LoadPassConditions(bench, temperature);
-  if (!pass) {
-    return;
+  if (const auto pass = TakePassConditions(bench)) {
+    RowStore store(bench.workspace);
+    store.SaveAfter([&] { RecalculateRows(bench.study, store, *pass); });
   }
-  FillRows(bench, *pass, rows, [&](SectionRow& row) { RecalculateRow(bench.study, *pass, row); });
 }
 
 void RecountQuantities(Workbench& bench) {

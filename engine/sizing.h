@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "engine/hydraulics.h"
+#include "engine/row_table.h"
 #include "study/pipe_row.h"
 #include "study/workbench.h"
 
@@ -13,28 +14,40 @@ namespace kalvo {
 struct PassConditions {
   FlowConditions flow;
   std::vector<PipeRow> library;
+  bool fluid_fits = true;  ///< false: its viscosity is for another temperature, and is not filled
 };
 
-/// Library and fluid of the study. Nothing when the fluid's stated temperature is not the study's:
-/// the user has then been told and `CalcStatus` is -13. The density stays held in the study.
-/// Faults: kFile when library or fluid cannot be read.
-std::optional<PassConditions> LoadPassConditions(Workbench& bench);
-std::optional<PassConditions> LoadPassConditions(Workbench& bench, float temperature);
+/// Library and fluid of the study at `temperature` °C. Nothing is shown and nothing changes; the
+/// density is the one that the study holds from an earlier run, else the fluid's. Faults: kFile
+/// when library or fluid cannot be read.
+PassConditions ReadPassConditions(const Workspace& workspace, const Study& study,
+                                  float temperature);
+
+/// The same for a pass: from then on the study holds the density. Nothing when the fluid does not
+/// fit the temperature, which TellFluidMisfit() tells the user.
+std::optional<PassConditions> HoldPassConditions(const Workspace& workspace, Study& study,
+                                                 float temperature);
+void TellFluidMisfit(Workbench& bench);
+
+/// Both at the study's temperature.
+std::optional<PassConditions> TakePassConditions(Workbench& bench);
 
 /// Area of a pipe size in m².
 inline double AreaM2(const PipeRow& pipe) { return static_cast<double>(pipe.area) / 1'000'000.0; }
 
 /// Picks a pipe for every row from flow and design velocity and fills its results; rebuilds the
 /// quantities. `method` (1 or 2) is what `INILAMDA` records. A flow beyond the largest pipe raises
-/// `MeanVel` for the rows behind it. Faults: those of the hydraulics; rows before the failing one
-/// are written.
-void SizePipes(Workbench& bench, int method);
+/// `MeanVel` for the rows after it. Faults: those of the hydraulics; rows before the failing one
+/// are filled.
+void SizePipes(Study& study, RowTable& rows, const PassConditions& pass, int method);
 
 /// The same on the diameters that the rows have; their method and diameter stay as they are.
-void RecalculateRows(Workbench& bench);
+void RecalculateRows(Study& study, RowTable& rows, const PassConditions& pass);
 
-/// The same on the rows of another work file, the fluid at `temperature` °C.
-void RecalculateRows(Workbench& bench, float temperature, std::string_view rows);
+/// Both on the rows of the study, read and written; the user is told when the fluid does not fit.
+/// Faults: kFile, too.
+void SizePipes(Workbench& bench, int method);
+void RecalculateRows(Workbench& bench);
 
 /// The quantities and `STATIST.TMP` anew from rows as they stand; the rows stay. Faults: kFile.
 void RecountQuantities(Workbench& bench);

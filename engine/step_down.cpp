@@ -98,7 +98,7 @@ class StepDown {
  protected:
   void TakeInHand(int number) {
     number_ = number;
-    row_ = context_.store.At(number);
+    row_ = context_.rows.At(number);
   }
 
   // The row in hand has just been taken from the chain.
@@ -129,7 +129,7 @@ class StepDown {
            std::fabs(row_.InDiameter) == largest_.inner_diameter;
   }
 
-  void UpdateStats() { MoveInPipeStats(context_.bench.study, old_name_.bytes(), row_); }
+  void UpdateStats() { MoveInPipeStats(context_.study, old_name_.bytes(), row_); }
 
   void Finish() {
     double surplus = 0;
@@ -139,7 +139,7 @@ class StepDown {
     }
     if (surplus <= 0.15 && drop_ <= available_) {
       Unmark();
-      context_.store.At(number_) = row_;
+      context_.rows.At(number_) = row_;
     }
     UpdateStats();
   }
@@ -170,7 +170,7 @@ class StepDown {
       return true;
     }
     drop_ = new_drop;
-    context_.store.At(number_) = row_;
+    context_.rows.At(number_) = row_;
     UpdateStats();
     old_name_ = {};
     return true;
@@ -205,7 +205,7 @@ class ClosedStepDown : public StepDown {
   ClosedStepDown(const BalanceContext& context, Branch chain, float branch_avail)
       : StepDown(context, std::move(chain), branch_avail) {
     for (const int number : chain_) {
-      drop_ += context_.store.At(number).TotalDrop;
+      drop_ += context_.rows.At(number).TotalDrop;
     }
   }
 
@@ -234,7 +234,7 @@ class ClosedStepDown : public StepDown {
     for (const Branch* branch : context_.branches_through[static_cast<std::size_t>(number_)]) {
       double sum = 0;
       for (const int cell : *branch) {
-        sum += cell == kSectionInHand ? row_.TotalDrop : context_.store.At(cell).TotalDrop;
+        sum += cell == kSectionInHand ? row_.TotalDrop : context_.rows.At(cell).TotalDrop;
         if (ToSingle(sum) > context_.critical.drop) {
           return true;
         }
@@ -260,7 +260,7 @@ class OpenStepDown : public StepDown {
  private:
   void Visit() override {
     const int next = context_.first_fed[static_cast<std::size_t>(number_)];
-    const double next_height = next == 0 ? 0.0 : context_.store.At(next).HeightDiff * 1000.0;
+    const double next_height = next == 0 ? 0.0 : context_.rows.At(next).HeightDiff * 1000.0;
     drop_ += row_.TotalDrop + row_.HeightDiff * 1000.0 - next_height;
   }
 
@@ -279,10 +279,10 @@ std::vector<int> FirstFed(const std::vector<int>& feeders) {
 
 }  // namespace
 
-BalanceContext MakeBalanceContext(Workbench& bench, RowStore& store, const PassConditions& pass,
+BalanceContext MakeBalanceContext(Study& study, RowTable& rows, const PassConditions& pass,
                                   const CriticalBranch& critical) {
-  BalanceContext context{bench, store, pass, critical, {}, {}};
-  context.branches_through.resize(static_cast<std::size_t>(store.count()) + 1);
+  BalanceContext context{study, rows, pass, critical, {}, {}};
+  context.branches_through.resize(static_cast<std::size_t>(rows.count()) + 1);
   for (const Branch& branch : critical.branches) {
     for (const int cell : branch) {
       auto& through = context.branches_through[static_cast<std::size_t>(cell)];
@@ -291,8 +291,8 @@ BalanceContext MakeBalanceContext(Workbench& bench, RowStore& store, const PassC
       }
     }
   }
-  if (bench.study.SystemOpen()) {
-    context.first_fed = FirstFed(LinkFeeders(bench.study.SectionTable));
+  if (study.SystemOpen()) {
+    context.first_fed = FirstFed(LinkFeeders(study.SectionTable));
   }
   return context;
 }

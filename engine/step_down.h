@@ -9,8 +9,8 @@ namespace kalvo {
 
 /// What the balancing of one branch works on.
 struct BalanceContext {
-  Workbench& bench;
-  RowStore& store;
+  Study& study;
+  RowTable& rows;
   const PassConditions& pass;
   const CriticalBranch& critical;
   /// For every section number the branches that hold it, in order.
@@ -19,8 +19,8 @@ struct BalanceContext {
   std::vector<int> first_fed;
 };
 
-/// Context of a balancing of the branches in `critical`, whose cells are rows of `store`.
-BalanceContext MakeBalanceContext(Workbench& bench, RowStore& store, const PassConditions& pass,
+/// Context of a balancing of the branches in `critical`, whose cells are numbers of `rows`.
+BalanceContext MakeBalanceContext(Study& study, RowTable& rows, const PassConditions& pass,
                                   const CriticalBranch& critical);
 
 /// `Auxi` of a row that was stepped down already.
@@ -29,7 +29,7 @@ constexpr std::int16_t kSteppedDown = -1000;
 /// Spends the pressure `branch_avail` (mm w.g.) that the sections of `chain` may use: from the last
 /// section back each is taken to the next smaller pipe of the library while the friction rate stays
 /// within the target, no branch rises above the critical drop and the chain's drop stays within
-/// what is available. Quantities move along. Rows that change are marked in the store.
+/// what is available. Quantities move along. Rows that change are changed in memory.
 /// Faults: 6 and 11 for nothing available, those of the hydraulics, 63 for a library without the
 /// row before.
 void StepDownBranch(const BalanceContext& context, Branch chain, float branch_avail);

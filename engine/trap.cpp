@@ -33,7 +33,7 @@ Box CalcErrorBox(int code) {
   }
 }
 
-void ReportCalcError(Workbench& bench, const Fault& fault) {
+std::optional<FaultNote> ReportCalcError(Workbench& bench, const Fault& fault) {
   const FaultNote note = bench.NoteFault(fault);
   Box box = CalcErrorBox(note.number);
   const bool resumable = fault.code() == FaultCode::kResumable;
@@ -42,11 +42,10 @@ void ReportCalcError(Workbench& bench, const Fault& fault) {
   }
   const Answer answer = bench.Ask(box);
   if (resumable && answer == Answer::kYes) {
-    return;
+    return std::nullopt;
   }
-  bench.study.CalcStatus = calc_status::kBrokenOff;
   bench.study.failed_row = ToInt16(note.row);
-  bench.study.answer = Answer::kNone;
+  return note;
 }
 
 }  // namespace kalvo

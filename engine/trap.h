@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include "study/fault.h"
 #include "study/workbench.h"
 
@@ -8,18 +10,18 @@ namespace kalvo {
 /// The box that tells the user of a run-time fault; code 1 asks whether to go on.
 Box CalcErrorBox(int code);
 
-/// Writes a run-time fault of a pass down, tells the user with what is known of it, and ends the
-/// run: `CalcStatus` becomes -32, the answer is cleared and `failed_row` names the fault's row.
-/// Code 1 asks first; on yes nothing else happens.
-void ReportCalcError(Workbench& bench, const Fault& fault);
+/// Writes a run-time fault of a pass down and tells the user with what is known of it. Gives the
+/// fault that ends the run; `failed_row` then names its row. Code 1 asks first: nothing on yes.
+std::optional<FaultNote> ReportCalcError(Workbench& bench, const Fault& fault);
 
-/// Runs a pass so that a fault in it is reported and ends the run.
+/// Runs a pass so that a fault in it is reported, and gives the one that ends the run.
 template <typename Pass>
-void RunTrapped(Workbench& bench, Pass&& pass) {
+std::optional<FaultNote> RunTrapped(Workbench& bench, Pass&& pass) {
   try {
     pass();
+    return std::nullopt;
   } catch (const Fault& fault) {
-    ReportCalcError(bench, fault);
+    return ReportCalcError(bench, fault);
   }
 }
 

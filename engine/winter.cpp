@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "engine/calculation_command.h"
+#include "engine/checks.h"
 #include "engine/critical.h"
 #include "engine/flow_report.h"
 #include "engine/row_store.h"
@@ -17,7 +18,6 @@ namespace kalvo {
 namespace {
 
 constexpr const char* kAttention = "  !!  ΠΡΟΣΟΧΗ  !! ";
-constexpr int kStop = 16;
 
 std::string SectionLineOf(int section) {
   return "ΠΡΟΣΟΧΗ : Παρατήρηση για το Τμήμα, με α/α < " + std::to_string(section) + " > ...";
@@ -50,7 +50,6 @@ bool AcceptsFlow(Workbench& bench, const WinterLine& line, float summer_flow) {
                  {SectionLineOf(line.section), what,
                   "                     ... Είναι < εντάξει > κάτι τέτοιο ?? ...          "},
                  box_style::kYesNo});
-  bench.study.answer = Answer::kNone;
   return answer == Answer::kYes;
 }
 
@@ -61,7 +60,7 @@ std::optional<WinterOutcome> CheckLines(Workbench& bench, const std::vector<Wint
     const WinterLine& line = lines[i];
     for (const ZeroTest& test : kZeroTests) {
       if (line.*test.field == 0.0F) {
-        bench.Ask({kAttention, {SectionLineOf(line.section), test.text}, kStop});
+        bench.Ask({kAttention, {SectionLineOf(line.section), test.text}, box_style::kStop});
         return WinterOutcome{WinterEnd::kBadValue, i, test.value};
       }
     }
@@ -79,7 +78,7 @@ std::optional<WinterOutcome> CheckLines(Workbench& bench, const std::vector<Wint
 }
 
 // Emitters' values into the winter rows and table.
-void TakeLines(Study& winter, RowStore& store, const std::vector<WinterLine>& lines) {
+void TakeLines(Study& winter, RowTable& store, const std::vector<WinterLine>& lines) {
   for (SectionRow& row : store.rows()) {
     row.WaterFlow = 0;
   }
@@ -98,7 +97,7 @@ void TakeLines(Study& winter, RowStore& store, const std::vector<WinterLine>& li
   winter.EmitterTable = winter.WinterEmitterTable;
 }
 
-void WriteWinterValues(const Study& winter, RowStore& store) {
+void WriteWinterValues(const Study& winter, RowTable& store) {
   const auto material = FixedText<78>::FromUtf8(winter.pipe_material);
   for (int number = 1; number <= store.count(); ++number) {
     SectionRow& row = store.At(number);
@@ -116,36 +115,33 @@ void WriteWinterValues(const Study& winter, RowStore& store) {
 }
 
 // All passes; ends early when the flows cannot be summed or the fluid does not fit.
-void RunWinterPasses(Workbench& winter, const std::vector<WinterLine>& lines) {
-  Require(winter.workspace.Copy(work_file::kRows, work_file::kWinter));
-  Require(winter.workspace.Copy(work_file::kRows, work_file::kSummerRows));
-  RowStore store(winter.workspace, work_file::kWinter);
-  RefreshSectionTable(winter.study, store.rows());
-  TakeLines(winter.study, store, lines);
-  store.Save();
-  SumWinterFlows(winter.study);
-  if (winter.study.CalcStatus != calc_status::kNothing) {
-    return;
+WinterEnd RunWinterPasses(Study& study, RowTable& rows, const Workspace& workspace,
+                          const std::vector<WinterLine>& lines, const NotePostponed& note) {
+  RefreshSectionTable(study, rows.rows());
+  TakeLines(study, rows, lines);
+  if (!SumWinterFlows(study)) {
+    return WinterEnd::kLost;
   }
-  WriteWinterValues(winter.study, store);
-  store.Save();
-  RecalculateWinterRows(winter);
-  if (winter.study.CalcStatus == calc_status::kNothing) {
-    CriticalPassWinter(winter);
+  WriteWinterValues(study, rows);
+  const auto pass = HoldPassConditions(workspace, study, WinterFluidTemperature(study.MeanTemp));
+  if (!pass) {
+    return WinterEnd::kViscosity;
   }
+  RecalculateRows(study, rows, *pass);
+  CriticalPassFlowOnly(study, rows, note);
+  return WinterEnd::kCalculated;
 }
 
-WinterEnd EndOf(std::int16_t status) {
-  switch (status) {
-    case calc_status::kNothing:
-      return WinterEnd::kCalculated;
-    case calc_status::kViscosity:
-      return WinterEnd::kViscosity;
-    case calc_status::kBrokenOff:
-      return WinterEnd::kBrokenOff;
-    default:
-      return WinterEnd::kLost;
-  }
+// The same on the winter rows, a copy of the study's.
+WinterEnd RunOnWinterRows(Study& study, Workspace& workspace,
+                          const std::vector<WinterLine>& lines) {
+  Require(workspace.Copy(work_file::kRows, work_file::kWinter));
+  Require(workspace.Copy(work_file::kRows, work_file::kSummerRows));
+  PostponedFile postponed(workspace);
+  RowStore store(workspace, work_file::kWinter);
+  WinterEnd end = WinterEnd::kBrokenOff;
+  store.SaveAfter([&] { end = RunWinterPasses(study, store, workspace, lines, postponed.Note()); });
+  return end;
 }
 
 }  // namespace
@@ -191,7 +187,6 @@ WinterOutcome WinterDuty::Run(float temperature, const std::vector<WinterLine>& 
   WinterOutcome outcome{WinterEnd::kBrokenOff};
   RunTrapped(bench_, [&] { outcome = CheckAndRun(temperature, lines); });
   bench_.study.CalcAborted = outcome.end == WinterEnd::kBrokenOff;
-  bench_.study.CalcStatus = calc_status::kNothing;
   return outcome;
 }
 
@@ -219,14 +214,17 @@ WinterOutcome WinterDuty::Calculate(float temperature, const std::vector<WinterL
   // The passes work on a study of their own: the open one stays that of the summer.
   Study study = bench_.study;
   study.MeanTemp = temperature;
-  study.CalcStatus = calc_status::kNothing;
   Workbench winter(study, bench_.workspace, bench_.pipes, bench_.prompter, bench_.fault_log);
-  RunTrapped(winter, [&] { RunWinterPasses(winter, lines); });
+  WinterEnd end = WinterEnd::kBrokenOff;
+  if (RunTrapped(winter, [&] { end = RunOnWinterRows(study, bench_.workspace, lines); })) {
+    end = WinterEnd::kBrokenOff;
+  }
   bench_.study.lost_walk = study.lost_walk;
   bench_.study.failed_row = study.failed_row;
-  const WinterEnd end = EndOf(study.CalcStatus);
   if (end == WinterEnd::kLost) {
-    winter.Show(2004);
+    ShowLostWalk(winter);
+  } else if (end == WinterEnd::kViscosity) {
+    TellFluidMisfit(winter);
   }
   WinterOutcome outcome{end};
   outcome.critical_branch = study.critical_branch;
@@ -244,7 +242,6 @@ void WinterDuty::Close(bool changed) {
        {"        !! Αν ΔΕΝ σώσετε τα Δεδομένα για τον Χειμώνα, αυτά θα χαθούν !!        ",
         "                          Θέλετε να < σωθούν > τα Δεδομένα ??                 "},
        box_style::kYesNo});
-  bench_.study.answer = Answer::kNone;
   if (answer == Answer::kYes) {
     bench_.study.unsaved_changes = true;
   } else if (winter_before_) {
@@ -267,11 +264,5 @@ Box WinterPumpBox(const SectionRow& first_row, Separators separators) {
 float WinterFluidTemperature(float mean_temperature) {
   return ToSingle(Int(static_cast<double>(mean_temperature) + 0.45));
 }
-
-void RecalculateWinterRows(Workbench& winter) {
-  RecalculateRows(winter, WinterFluidTemperature(winter.study.MeanTemp), work_file::kWinter);
-}
-
-void CriticalPassWinter(Workbench& winter) { CriticalPassFlowOnly(winter, work_file::kWinter); }
 
 }  // namespace kalvo

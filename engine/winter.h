@@ -79,10 +79,4 @@ Box WinterPumpBox(const SectionRow& first_row, Separators separators);
 /// The temperature, °C, at which a winter's fluid is looked up: Int(mean temperature + 0.45).
 float WinterFluidTemperature(float mean_temperature);
 
-/// The passes on the winter rows, of a study whose `MeanTemp` and emitters are the winter's:
-/// hydraulics on the diameters there are, then critical branch and pressures. Quantities stay.
-/// Faults: as RecalculateRows() and CriticalPassFlowOnly().
-void RecalculateWinterRows(Workbench& winter);
-void CriticalPassWinter(Workbench& winter);
-
 }  // namespace kalvo

@@ -1,6 +1,6 @@
 #include "entry/frm_cur_fl.h"
 
-#include <utility>
+#include <optional>
 
 #include "engine/checks.h"
 #include "engine/trap.h"
@@ -15,7 +15,7 @@ constexpr int kNamesAreFine = 23;
 
 std::string OrDash(const std::string& text) { return text.empty() ? "—" : text; }
 
-using Check = void (*)(Workbench&);
+using Check = CheckEnd (*)(Workbench&);
 
 // The checks of the system's kind, in the order in which a calculation runs them.
 std::vector<Check> ChecksOf(const Study& study) {
@@ -23,14 +23,14 @@ std::vector<Check> ChecksOf(const Study& study) {
   return {&CheckFeedersByName, &CheckFeederNumbers, &CheckFeederUse};
 }
 
-// What the first check with findings leaves in the status; nothing when none has any.
-std::int16_t RunChecks(Workbench& bench) {
-  bench.study.CalcStatus = calc_status::kNothing;
+// Runs them up to the first one with findings; nothing when one was broken off.
+std::optional<CheckEnd> RunChecks(Workbench& bench) {
+  CheckEnd end = CheckEnd::kNothing;
   for (const Check check : ChecksOf(bench.study)) {
-    RunTrapped(bench, [&] { check(bench); });
-    if (bench.study.CalcStatus != calc_status::kNothing) break;
+    if (RunTrapped(bench, [&] { end = check(bench); })) return std::nullopt;
+    if (end == CheckEnd::kFindings) break;
   }
-  return std::exchange(bench.study.CalcStatus, calc_status::kNothing);
+  return end;
 }
 
 }  // namespace
@@ -70,9 +70,9 @@ void FrmCurFL::CheckNames() {
   RefreshSectionTable(bench.study, *rows);
   // The checks add to a list that is there.
   bench.workspace.Delete(work_file::kErrors);
-  const std::int16_t status = RunChecks(bench);
-  if (status == calc_status::kBrokenOff) return;
-  bench.study.NameErrors = status != calc_status::kNothing;
+  const std::optional<CheckEnd> end = RunChecks(bench);
+  if (!end) return;
+  bench.study.NameErrors = end == CheckEnd::kFindings;
   if (bench.study.NameErrors) {
     desk.navigator.ShowModal(screen::kNameErrors);
   } else {

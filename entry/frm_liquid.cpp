@@ -197,7 +197,6 @@ bool FrmLiquid::SettleEdits() {
                  {"!! Τα στοιχεία του υγρού που γράψατε, ΔΕΝ έχουν αποθηκευθεί !!",
                   " Θέλετε να αποθηκευθούν στη βιβλιοθήκη ? "},
                  box_style::kDefaultCancel});
-  bench.study.answer = Answer::kNone;
   if (answer == Answer::kYes) return !Incomplete() && !NameInUse() && Store();
   if (answer == Answer::kNo && !new_mode_) ShowSelected();
   return answer == Answer::kNo;
@@ -212,7 +211,6 @@ void FrmLiquid::Tell(std::vector<std::string> lines) {
 bool FrmLiquid::Confirm(std::vector<std::string> lines) {
   const bool yes = bench.Ask({"  ! !   ΠΡΟΣΟΧΗ   ! ! ", std::move(lines), box_style::kDefaultNo}) ==
                    Answer::kYes;
-  bench.study.answer = Answer::kNone;
   return yes;
 }
 

@@ -18,13 +18,13 @@ PromptEnd Recalculate(Desk& desk, const std::vector<SectionRow>& rows) {
   }
   if (!TellIfFailed(bench, bench.workspace.Flush(work_file::kRows))) return PromptEnd::kNothing;
   bench.workspace.Delete(work_file::kRowsBeforeChange);
-  {
+  const RunEnd end = [&] {
     const WaitShown wait(desk.navigator);
-    Rerun(bench);
-  }
+    return Rerun(bench);
+  }();
   desk.navigator.Close(screen::kResults);
   desk.screens.ResultsLeft = false;
-  if (std::exchange(bench.study.CalcStatus, calc_status::kNothing) == calc_status::kNothing) {
+  if (end == RunEnd::kCalculated) {
     desk.navigator.Show(screen::kPump);
   } else {
     LeaveByWindow(desk);
@@ -46,11 +46,11 @@ WaitingChange FindWaitingChange(const Workbench& bench, const std::vector<Sectio
 }
 
 PromptEnd AskAboutChange(Desk& desk, const std::vector<SectionRow>& rows) {
-  switch (AskOnce(desk.bench, 304)) {
+  switch (desk.bench.Show(304)) {
     case Answer::kYes:
       return Recalculate(desk, rows);
     case Answer::kNo:
-      if (AskOnce(desk.bench, 306) == Answer::kYes &&
+      if (desk.bench.Show(306) == Answer::kYes &&
           BringBackRows(desk.bench, work_file::kRowsBeforeChange)) {
         return PromptEnd::kBroughtBack;
       }

@@ -5,12 +5,6 @@
 namespace kalvo {
 namespace {
 
-class NobodyAsked : public Prompter {
- public:
-  Answer ShowMessage(int /*code*/, const Study& /*study*/) override { return Answer::kNone; }
-  Answer Ask(const Box& /*box*/) override { return Answer::kNone; }
-};
-
 // An explanation is no pass: a fault in it breaks nothing off, there is just nothing to explain.
 template <typename Work>
 auto UnlessFaulty(Work&& work) -> decltype(work()) {
@@ -25,10 +19,10 @@ auto UnlessFaulty(Work&& work) -> decltype(work()) {
 
 DropExplainer::DropExplainer(const Workbench& bench, float temperature)
     : kind_(bench.study.system_kind) {
-  Study aside = bench.study;  // loading the conditions notes status and density in it
-  NobodyAsked nobody;
-  Workbench quiet(aside, bench.workspace, bench.pipes, nobody);
-  pass_ = UnlessFaulty([&] { return LoadPassConditions(quiet, temperature); });
+  pass_ = UnlessFaulty([&]() -> std::optional<PassConditions> {
+    PassConditions pass = ReadPassConditions(bench.workspace, bench.study, temperature);
+    return pass.fluid_fits ? std::optional(std::move(pass)) : std::nullopt;
+  });
 }
 
 std::optional<DropExplanation> DropExplainer::Explain(const SectionRow& row) const {

@@ -1,5 +1,6 @@
 #include "results/node_report.h"
 
+#include "engine/checks.h"
 #include "engine/flow_report.h"
 #include "engine/trap.h"
 #include "form/tell.h"
@@ -7,8 +8,6 @@
 
 namespace kalvo {
 namespace {
-
-constexpr int kWalkLost = 2004;
 
 // Refills the tables that the report is made from. False: a file cannot be read, which was told.
 bool RefreshTables(Workbench& bench) {
@@ -18,21 +17,18 @@ bool RefreshTables(Workbench& bench) {
     TellError(bench, !rows ? rows.error() : emitters.error());
     return false;
   }
-  RunTrapped(bench, [&] {
+  const auto fault = RunTrapped(bench, [&] {
     RefreshSectionTable(bench.study, *rows);
     RefreshEmitterTable(bench.study, *emitters);
   });
-  return bench.study.CalcStatus == calc_status::kNothing;
+  return !fault;
 }
 
 void WriteReport(Workbench& bench) {
-  Study& study = bench.study;
-  study.CalcStatus = calc_status::kNothing;
-  if (RefreshTables(bench)) {
-    RunTrapped(bench, [&] { WriteSectionFlows(bench); });
-    if (study.CalcStatus > 0) bench.Show(kWalkLost);
-  }
-  study.CalcStatus = calc_status::kNothing;
+  if (!RefreshTables(bench)) return;
+  bool summed = true;
+  RunTrapped(bench, [&] { summed = WriteSectionFlows(bench); });
+  if (!summed) ShowLostWalk(bench);
 }
 
 }  // namespace

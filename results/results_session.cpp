@@ -25,12 +25,11 @@ void FollowRows(Workbench& bench, const SectionRow& first) {
     RefindCriticalBranch(bench);
     RecountQuantities(bench);
   });
-  study.CalcStatus = calc_status::kNothing;
 }
 
 // False: the old rows could not be brought back.
 bool SettleDiameters(Workbench& bench, const std::function<void()>& show_again) {
-  if (AskOnce(bench, 307) == Answer::kYes) {
+  if (bench.Show(307) == Answer::kYes) {
     if (!TellIfFailed(bench, bench.workspace.Flush(work_file::kRows))) return false;
     bench.workspace.Delete(work_file::kFirstRows);
     show_again();
@@ -93,12 +92,6 @@ void CountAsShown(Workbench& bench) {
 void ShowCriticalBranch(Workbench& bench) {
   if (bench.study.SingleSection) bench.study.critical_branch = "1";
   bench.Show(302);
-}
-
-Answer AskOnce(Workbench& bench, int code) {
-  const Answer answer = bench.Show(code);
-  bench.study.answer = Answer::kNone;
-  return answer;
 }
 
 bool BringBackRows(Workbench& bench, std::string_view kept) {

@@ -31,9 +31,6 @@ void CountAsShown(Workbench& bench);
 /// Shows message 302. A single section is its own critical branch.
 void ShowCriticalBranch(Workbench& bench);
 
-/// Asks a numbered question; the answer does not stay in the study.
-Answer AskOnce(Workbench& bench, int code);
-
 /// The rows kept in the work file `kept` stand again, with the study's totals, critical branch and
 /// quantities. False: they could not be brought back, and the user was told why.
 bool BringBackRows(Workbench& bench, std::string_view kept);

@@ -1,11 +1,13 @@
 #include "shell/frm_calcs.h"
+
 #include "form/wait.h"
 
 namespace kalvo {
 
 FrmCalcs::FrmCalcs(Desk& shared_desk)
     : Form(shared_desk),
-      CmdCancel(*this, "CmdCancel", "Επιστροφή", [this] { GiveUp(); }, {Plain(KeyCode::kEscape)}),
+      CmdCancel(*this, "CmdCancel", "Επιστροφή", [this] { desk.navigator.Close(screen::kMethod); },
+                {Plain(KeyCode::kEscape)}),
       SSCommand1(*this, "SSCommand1", "Υπολογισμοί", [this] { Calculate(); },
                  {Plain(KeyCode::kEnter)}) {
   SSOption1.on_toggle = [this] { Choose(true); };
@@ -30,16 +32,6 @@ void FrmCalcs::Calculate() {
     desk.screens.run(SSOption1.on ? Method::kFlowOnly : Method::kFlowAndPressure);
   }
   desk.navigator.Close(screen::kMethod);
-}
-
-void FrmCalcs::GiveUp() {
-  bench.study.CalcStatus = calc_status::kNoChoice;
-  desk.navigator.Close(screen::kMethod);
-}
-
-bool FrmCalcs::MayClose() {
-  bench.study.CalcStatus = calc_status::kNoChoice;
-  return true;
 }
 
 }  // namespace kalvo

@@ -4,14 +4,13 @@
 
 namespace kalvo {
 
-/// Choice of the method of a calculation, which it has made by the caller's run. Closed without a
-/// choice it sets `CalcStatus` to -12.
+/// Choice of the method of a calculation, which it has made by the caller's run; closed without a
+/// choice it has none made.
 class FrmCalcs : public Form {
  public:
   explicit FrmCalcs(Desk& shared_desk);
 
   void Load() override;
-  bool MayClose() override;
 
   Label LblHeading{*this, "LblHeading", " ΤΡΟΠΟΣ ΥΠΟΛΟΓΙΣΜΟΥ ΣΩΛΗΝΩΝ "};
   Toggle SSOption1{*this, "SSOption1",
@@ -25,7 +24,6 @@ class FrmCalcs : public Form {
  private:
   void Choose(bool first);
   void Calculate();
-  void GiveUp();
 };
 
 }  // namespace kalvo

@@ -211,7 +211,6 @@ void FrmFileOS::ConfirmSave(const fs::path& path) {
   } else if (disk->IsFolder(entry)) {
     TellError(bench, {entry, "Υπάρχει φάκελος με αυτό το όνομα"});
   } else if (AskBeforeSaving(desk, entry, Overwriting::kAsked)) {
-    bench.study.CalcStatus = calc_status::kNameAccepted;
     Choose(entry);
     return;
   }

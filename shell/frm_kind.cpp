@@ -66,7 +66,6 @@ void FrmKind::OfferWaiting() {
                  {"Η Μελέτη που δόθηκε στην αρχή δεν έχει ανακληθεί ακόμη :", waiting.string(),
                   "Θέλετε να ανακληθεί τώρα ??"},
                  box_style::kYesNo});
-  bench.study.answer = Answer::kNone;
   if (answer == Answer::kYes) desk.screens.study_argument = waiting;
 }
 

@@ -102,7 +102,6 @@ void FrmRecFiles_S::Remove() {
                   "ΘΑ ΔΙΑΓΡΑΦΕΙ ΑΠΟ ΤΗΝ ΛΙΣΤΑ ΠΡΟΣΦΑΤΩΝ ΑΡΧΕΙΩΝ !!... ",
                   "      Θέλετε να συνεχίσω με την Διαγραφή ??        "},
                  box_style::kDefaultNo});
-  bench.study.answer = Answer::kNone;
   if (answer != Answer::kYes) return;
   TellIfFailed(bench, RemoveRecentFile(bench.workspace, *line));
   ListLines();

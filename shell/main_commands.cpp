@@ -93,8 +93,6 @@ void FrmMain::Calculate(bool choose_method) {
     desk.screens.run = run;
     desk.navigator.ShowModal(screen::kMethod);
     desk.screens.run = nullptr;
-    std::int16_t& status = bench.study.CalcStatus;
-    if (status == calc_status::kNoChoice) status = calc_status::kNothing;
   };
   const CommandEnd end = [&] {
     const WaitShown wait(desk.navigator);
@@ -166,18 +164,12 @@ void FrmMain::ShowResultsFromMenu() {
 }
 
 void FrmMain::RerunAfterChange() {
-  Study& study = bench.study;
-  study.diameters_changed = true;
-  study.unsaved_changes = true;
-  study.CalcStatus = calc_status::kNothing;
-  {
+  bench.study.CalcStatus = calc_status::kNothing;
+  const RunEnd end = [&] {
     const WaitShown wait(desk.navigator);
-    Rerun(bench);
-  }
-  if (study.CalcStatus != calc_status::kNothing) {
-    study.CalcStatus = calc_status::kNothing;
-    return;
-  }
+    return Rerun(bench);
+  }();
+  if (end != RunEnd::kCalculated) return;
   if (desk.options.ChkDataKind) {
     OpenResults();
     return;

@@ -78,11 +78,7 @@ Box ConfirmOverwriteBox() {
           box_style::kStopDefaultNo};
 }
 
-bool ConfirmOverwrite(Workbench& bench) {
-  const bool replace = bench.Ask(ConfirmOverwriteBox()) == Answer::kYes;
-  bench.study.CalcStatus = replace ? calc_status::kNameAccepted : calc_status::kRefused;
-  return replace;
-}
+bool ConfirmOverwrite(Workbench& bench) { return bench.Ask(ConfirmOverwriteBox()) == Answer::kYes; }
 
 std::string BoxText(const Box& box) {
   std::string text = "\n";

@@ -17,8 +17,7 @@ std::optional<Box> MessageFor(int code, const Study& study, Separators separator
 /// unknown codes.
 Answer AnswerOf(int code, Answer given);
 
-/// Asks whether a file that is there already may be replaced. `CalcStatus` becomes 10 on yes, -1
-/// otherwise; the file stays until the save replaces it.
+/// Asks whether a file that is there already may be replaced; it stays until the save replaces it.
 Box ConfirmOverwriteBox();
 bool ConfirmOverwrite(Workbench& bench);
 

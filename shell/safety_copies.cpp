@@ -249,7 +249,6 @@ bool KeepSafetyCopyAnyway(Desk& desk, const fs::path& in_use) {
                   "Χωρίς αντίγραφο, όσα δεν έχουν < σωθεί > θα χαθούν ΟΡΙΣΤΙΚΑ",
                   "Θέλετε να συνεχίσω χωρίς αντίγραφο ??"},
                  box_style::kDefaultNo});
-  bench.study.answer = Answer::kNone;
   return answer == Answer::kYes;
 }
 

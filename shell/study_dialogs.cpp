@@ -34,7 +34,6 @@ std::filesystem::path ChooseTarget(Desk& desk) {
   desk.screens.chosen_file.clear();
   desk.navigator.ShowModal(screen::kFiles);
   desk.screens.file_mode = FileDialogMode::kOpen;
-  study.CalcStatus = calc_status::kNothing;
   return std::exchange(desk.screens.chosen_file, {});
 }
 
@@ -87,8 +86,7 @@ bool MayLeaveSaved(Desk& desk) {
     return true;
   }
   desk.screens.asked_to_leave_saved = true;
-  bench.Show(135);
-  return std::exchange(bench.study.answer, Answer::kNone) == Answer::kYes;
+  return bench.Show(135) == Answer::kYes;
 }
 
 // A safety copy is in no saved file: it is saved under the study's own name, never over itself.
@@ -138,8 +136,7 @@ bool SaveToOwnFile(Desk& desk) {
 bool AskAboutUnsaved(Desk& desk) {
   Workbench& bench = desk.bench;
   if (!HasUnsavedChanges(bench)) return true;
-  bench.Show(130);
-  switch (std::exchange(bench.study.answer, Answer::kNone)) {
+  switch (bench.Show(130)) {
     case Answer::kYes:
       return SaveStudy(desk);
     case Answer::kNo:
@@ -154,8 +151,7 @@ bool AskAboutUnsaved(Desk& desk) {
 bool AskBeforeOpening(Desk& desk) {
   Workbench& bench = desk.bench;
   if (HasUnsavedChanges(bench)) {
-    bench.Show(130);
-    const Answer answer = std::exchange(bench.study.answer, Answer::kNone);
+    const Answer answer = bench.Show(130);
     if (answer == Answer::kCancel) bench.study.unsaved_changes = false;
     if (answer == Answer::kCancel || answer == Answer::kNone) return false;
     if (answer == Answer::kYes && !SaveStudy(desk)) return false;
@@ -230,8 +226,6 @@ bool AskBeforeSaving(Desk& desk, const std::filesystem::path& target, Overwritin
     may = MayReplace(bench, "!! Το Αρχείο του υγρού ανήκει και σε Μελέτη του άλλου είδους !!",
                      *file, "Θέλετε να αλλάξει και για εκείνη το υγρό ?");
   }
-  bench.study.answer = Answer::kNone;
-  bench.study.CalcStatus = calc_status::kNothing;
   return may;
 }
 

@@ -228,7 +228,6 @@ Outcome TakeStudy(Workbench& bench, const Rows& rows) {
   }
   study.PipeStats = stats ? std::move(stats).value() : std::vector<StatRow>{};
   study.CurrentRow = 0;
-  study.data_exist = true;
   study.NameErrors = false;
   taken = LoadStudyFluid(bench);
   if (taken && rows.front().Outlets != study.EmitterCount) {

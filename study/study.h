@@ -18,16 +18,12 @@ namespace kalvo {
 /// (Study::SystemClosed()).
 enum class SystemKind { kNone, kClosed, kOpen };
 
-/// Values of `CalcStatus`, through which routines report to their callers.
+/// Values of `CalcStatus`, for messages and screens that read it. Routines return what came of
+/// them.
 namespace calc_status {
 constexpr std::int16_t kNothing = 0;
 constexpr std::int16_t kBranchLost = 1;
-constexpr std::int16_t kNameAccepted = 10;
-constexpr std::int16_t kRefused = -1;         ///< checks found errors, or the pipes do not suffice
-constexpr std::int16_t kNamesWrong = -11;     ///< open system: section names are wrong
-constexpr std::int16_t kNoChoice = -12;       ///< the choice of method was closed
-constexpr std::int16_t kViscosity = -13;      ///< fluid's temperature differs from the study's
-constexpr std::int16_t kBrokenOff = -32;      ///< a run-time fault ended the run
+constexpr std::int16_t kRefused = -1;         ///< a study could not be loaded
 constexpr std::int16_t kRecalculate = -3000;  ///< diameters changed, recalculate
 }  // namespace calc_status
 
@@ -37,6 +33,8 @@ struct SectionLine {
   int number = 0;
   FixedText<7> name;
   std::optional<double> flow_lh;
+
+  bool operator==(const SectionLine&) const = default;
 };
 
 /// A line of `EmitterTable`; numbers as they read back from at most 7 digits of text.
@@ -44,6 +42,8 @@ struct EmitterLine {
   int section = 0;
   double flow_lh = 0;
   double drop = 0;
+
+  bool operator==(const EmitterLine&) const = default;
 };
 
 /// Where a walk along the network was lost: the emitter it served and the node it stood at.
@@ -69,7 +69,6 @@ struct Study {
   float MeanVel = 0;
   float CriticalDrop = 0;  ///< mm w.g.
   float Density = 0;       ///< kg/m³, held from an earlier run; 0 = none held
-  Answer answer = Answer::kNone;
 
   std::string study_title;  ///< UTF-8, as are all texts below
   std::int16_t pipe_system_number = 0;
@@ -78,18 +77,15 @@ struct Study {
   std::string fluid_name{kWaterName};
   bool fluid_assumed = false;  ///< loaded without a fluid's file: it is the library's first
   std::string critical_branch;
-  std::string branch_mode;
 
   int entry_mode = 0;
   bool unsaved_changes = false;
   bool results_valid = false;
   bool recalculation_needed = false;
-  bool diameters_changed = false;
   bool recovery = false;          ///< the next load is of what stands in the work files
   bool came_by_recovery = false;  ///< until a good run, a reset or another load
   bool NameErrors = false;
   bool emitters_unchecked = false;
-  bool data_exist = false;
 
   std::filesystem::path study_path;
   std::filesystem::path last_study_path;

@@ -22,10 +22,10 @@ class Workbench {
   Prompter& prompter;
   FaultLog* fault_log;
 
-  /// Shows a numbered message; what was answered to a question stays in the study.
-  Answer Show(int code) { return Keep(prompter.ShowMessage(code, study)); }
+  /// Shows a numbered message; what was answered if it asks.
+  Answer Show(int code) { return prompter.ShowMessage(code, study); }
   /// The same for a box with its own text.
-  Answer Ask(const Box& box) { return Keep(prompter.Ask(box)); }
+  Answer Ask(const Box& box) { return prompter.Ask(box); }
 
   /// Writes down what is known of a fault, and gives it.
   FaultNote NoteFault(const std::exception& cause) const {
@@ -34,14 +34,6 @@ class Workbench {
       fault_log->Note(note);
     }
     return note;
-  }
-
- private:
-  Answer Keep(Answer answer) {
-    if (answer != Answer::kNone) {
-      study.answer = answer;
-    }
-    return answer;
   }
 };
 

@@ -60,9 +60,9 @@ Outcome RefreshSequence(Workbench& bench) {
   if (!first) {
     return first.error();
   }
-  bench.study.branch_mode = first->INILAMDA == 1.0F ? "Simple" : "";
-  return bench.workspace.Write(work_file::kSequence, Quoted(bench.study.critical_branch) + "\n" +
-                                                         Quoted(bench.study.branch_mode) + "\n");
+  const std::string mode = first->INILAMDA == 1.0F ? "Simple" : "";
+  return bench.workspace.Write(work_file::kSequence,
+                               Quoted(bench.study.critical_branch) + "\n" + Quoted(mode) + "\n");
 }
 
 class Family {
@@ -180,9 +180,6 @@ Outcome WriteStudy(Workbench& bench) {
     return outcome;
   }
   study.unsaved_changes = false;
-  if (study.CalcStatus == calc_status::kNameAccepted) {
-    study.CalcStatus = calc_status::kNothing;
-  }
   RebuildNameState(bench);
   study.origin_path.clear();
   NoteOrigin(bench.workspace, bench.study.study_path);

@@ -37,7 +37,7 @@ TEST_P(Cases, AreExplainedRowByRow) {
   for (const Method method : {Method::kFlowOnly, Method::kFlowAndPressure}) {
     CalculatedCase calculated(StudyFile(GetParam()), kCases / "library");
     ASSERT_EQ(Calculate(calculated.bench, method), CommandEnd::kCalculated);
-    const auto pass = LoadPassConditions(calculated.bench);
+    const auto pass = TakePassConditions(calculated.bench);
     ASSERT_TRUE(pass.has_value());
     for (const SectionRow& row : calculated.Rows()) {
       EXPECT_TRUE(ExplainRow(calculated.study.system_kind, row, *pass).Agrees())
@@ -52,8 +52,7 @@ TEST_P(Cases, ComeOutOnFixedDiameters) {
     return;
   }
   CalculatedCase calculated(StudyFile(name), kCases / "library");
-  Rerun(calculated.bench);
-  ASSERT_EQ(calculated.study.CalcStatus, calc_status::kNothing);
+  ASSERT_EQ(Rerun(calculated.bench), RunEnd::kCalculated);
   ExpectResults(calculated, kCases / (name + ".csv"));
 }
 

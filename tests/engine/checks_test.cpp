@@ -9,22 +9,21 @@ namespace {
 
 struct Outcomes {
   std::string findings;  // "(missing)" without a file
-  int status = 0;
+  CheckEnd end = CheckEnd::kNothing;
   bool name_errors = false;
 };
 
-// The check on a network of that kind that starts with the name flag set and status 7.
-Outcomes Check(void (*check)(Workbench&), SystemKind kind,
+// The check on a network of that kind that starts with the name flag set.
+Outcomes Check(CheckEnd (*check)(Workbench&), SystemKind kind,
                const std::vector<std::string_view>& lines, const char* old_file = nullptr) {
   TestBench bench(kind);
   bench.PutNetwork(lines);
   bench.study.NameErrors = true;
-  bench.study.CalcStatus = 7;
   if (old_file != nullptr) {
     EXPECT_TRUE(bench.workspace.Write(work_file::kErrors, old_file).ok());
   }
-  check(bench.bench);
-  return {bench.Bytes(work_file::kErrors), bench.study.CalcStatus, bench.study.NameErrors};
+  const CheckEnd end = check(bench.bench);
+  return {bench.Bytes(work_file::kErrors), end, bench.study.NameErrors};
 }
 
 Outcomes Nodes(const std::vector<std::string_view>& lines, const char* old_file = nullptr) {
@@ -41,7 +40,7 @@ TEST(NameChecks, WithoutFindingsClearTheFlag) {
         Check(CheckFeederNumbers, SystemKind::kOpen, {"1/ANT", "2/1", "3/3"}, "old\n"),
         Check(CheckFeederUse, SystemKind::kOpen, {"1/1", "2/1", "3/1"}, "old\n")}) {
     EXPECT_EQ(good.findings, "(missing)");
-    EXPECT_EQ(good.status, 0);
+    EXPECT_EQ(good.end, CheckEnd::kNothing);
   }
   EXPECT_FALSE(Nodes({"ANT/1", "1/ANT"}).name_errors);
   EXPECT_FALSE(FeederNames({"1/ANT", "2/1", "3/1"}).name_errors);
@@ -53,7 +52,7 @@ TEST(NodeCheck, TellsDeadEndsAndThenDeadStarts) {
             "Το Τμήμα 3 έχει ανύπαρκτο Τελικό Κόμβο !!\n"
             "Το Τμήμα 2 έχει ανύπαρκτο Αρχικό Κόμβο !!\n"
             "Το Τμήμα 4 έχει ανύπαρκτο Αρχικό Κόμβο !!\n");
-  EXPECT_EQ(outcome.status, -1);
+  EXPECT_EQ(outcome.end, CheckEnd::kFindings);
   EXPECT_TRUE(outcome.name_errors);
 }
 
@@ -76,10 +75,10 @@ TEST(NodeCheck, TellsASourceInGreekLetters) {
             "Το Τμήμα 1 γράφει το ANT με Ελληνικά γράμματα !!\n");
 }
 
-TEST(NodeCheck, LeavesOneRowAndTheStatusAlone) {
+TEST(NodeCheck, LeavesOneRowAlone) {
   const Outcomes outcome = Nodes({"5/6"}, "old\n");
   EXPECT_EQ(outcome.findings, "old\n");
-  EXPECT_EQ(outcome.status, 7);
+  EXPECT_EQ(outcome.end, CheckEnd::kNothing);
   EXPECT_TRUE(outcome.name_errors);
 }
 
@@ -97,7 +96,7 @@ TEST(FeederNames, MustBeThoseOfOtherRowsButForRowOne) {
             "Το Τμήμα 3 τροφοδοτείται από ανύπαρκτο Τμήμα !!\n"
             "Το Τμήμα 4 τροφοδοτείται από ανύπαρκτο Τμήμα !!\n"
             "Το Τμήμα 5 τροφοδοτείται από ανύπαρκτο Τμήμα !!\n");
-  EXPECT_EQ(outcome.status, -1);
+  EXPECT_EQ(outcome.end, CheckEnd::kFindings);
 }
 
 TEST(FeederNumbers, AreAtMostTheCountOfRows) {
@@ -106,7 +105,7 @@ TEST(FeederNumbers, AreAtMostTheCountOfRows) {
   EXPECT_EQ(bad.findings,
             "Το Τμήμα 2 τροφοδοτείται από ανύπαρκτο Τμήμα (Νο 4 )\n"
             "Το Τμήμα 3 τροφοδοτείται από ανύπαρκτο Τμήμα (Νο 12 )\n");
-  EXPECT_EQ(bad.status, -11);
+  EXPECT_EQ(bad.end, CheckEnd::kFindings);
 }
 
 TEST(FeederUse, OfOneSectionOnlyIsTold) {
@@ -116,7 +115,7 @@ TEST(FeederUse, OfOneSectionOnlyIsTold) {
   EXPECT_EQ(outcome.findings,
             "Τα Τμήματα 1 και 2 έχουν, ΧΩΡΙΣ ΛΟΓΟ, διαφορετικό όνομα...\n"
             "Τα Τμήματα 4 και 5 έχουν, ΧΩΡΙΣ ΛΟΓΟ, διαφορετικό όνομα...\n");
-  EXPECT_EQ(outcome.status, -11);
+  EXPECT_EQ(outcome.end, CheckEnd::kFindings);
 }
 
 }  // namespace

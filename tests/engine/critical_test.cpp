@@ -91,7 +91,7 @@ TEST(CriticalBranch, IsReadFromStoredDropsWithoutWriting) {
   TestBench bench;
   PutEqualBranches(bench);
   const std::string before = bench.Bytes();
-  const CriticalBranch critical = ReadCriticalBranch(bench.study, RowStore(bench.workspace));
+  const CriticalBranch critical = ReadCriticalBranch(bench.study, RowTable(bench.Rows()));
   EXPECT_EQ(critical.chain, (Branch{1, 2, 4, 6}));
   EXPECT_EQ(critical.drop, 200.0F);
   EXPECT_EQ(bench.Bytes(), before);

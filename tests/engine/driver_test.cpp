@@ -33,7 +33,6 @@ TEST(Capacity, OfRowOneIsInLitresAndOfTheTotalAThousandTimesEasier) {
       bench.prompter.Expect(-300, Answer::kYes);
     }
     EXPECT_TRUE(CheckPipeCapacity(bench.bench)) << total << " " << row_one;
-    EXPECT_EQ(bench.study.CalcStatus, asks ? -1 : 0) << total << " " << row_one;
   }
 }
 
@@ -46,14 +45,13 @@ TEST(Run, BeginsByClearingWhatNoPassFills) {
     row.PAR = row.DP = row.AvaiPres = 5;
     row.Velocity = 3;
   });
-  bench.study.results_valid = true;
   bench.study.MeanTemp = expected.MeanTemp = 45;
   bench.study.MeanVel = expected.MeanVel = 0.7F;
   bench.study.pipe_system_number = expected.FileNumber = 2;
-  ResetCalcFields(bench.bench);
+  RowTable rows(bench.Rows());
+  ResetCalcFields(bench.study, rows);
   expected.Velocity = 3;  // not touched
-  ExpectSameRow(bench.Row(2), expected);
-  EXPECT_FALSE(bench.study.results_valid);
+  ExpectSameRow(rows.At(2), expected);
 }
 
 TEST(Run, ThatEndsWellSettlesTheStudy) {
@@ -62,13 +60,12 @@ TEST(Run, ThatEndsWellSettlesTheStudy) {
   bench.study.recalculation_needed = bench.study.came_by_recovery = bench.study.CalcAborted = true;
   bench.study.MeanVelMode = false;
   bench.study.CurrentRow = 2;
-  RunCalculation(bench.bench);
+  EXPECT_EQ(RunCalculation(bench.bench), RunEnd::kCalculated);
   EXPECT_FALSE(bench.study.recalculation_needed);
   EXPECT_FALSE(bench.study.came_by_recovery);
   EXPECT_FALSE(bench.study.CalcAborted);
   EXPECT_TRUE(bench.study.MeanVelMode);
   EXPECT_EQ(bench.study.CurrentRow, 2);
-  EXPECT_EQ(bench.study.CalcStatus, 0);
   EXPECT_EQ(bench.Row(3).INILAMDA, 1.0F);
   EXPECT_EQ(bench.Rows().front().DP, bench.study.CriticalDrop);
   EXPECT_EQ(bench.Bytes(work_file::kStatistics).size(), 10U * 265U);
@@ -78,8 +75,7 @@ TEST(Run, ThatIsBrokenOffLeavesTheRowsBeforeAndNoStatistics) {
   TestBench bench;
   bench.PutNetwork({"ANT/1 5m 300l/h", "1/2 5m soma 800mm", "2/ANT 5m 300l/h"});
   bench.study.recalculation_needed = true;
-  RunCalculation(bench.bench);
-  EXPECT_EQ(bench.study.CalcStatus, -32);
+  EXPECT_EQ(RunCalculation(bench.bench), RunEnd::kBrokenOff);
   EXPECT_TRUE(bench.study.CalcAborted);
   EXPECT_TRUE(bench.study.recalculation_needed);
   EXPECT_EQ(bench.Row(1).NomiDiam.Utf8(), "3/8");
@@ -96,8 +92,7 @@ TEST(Run, OnAnUnreadableFileIsReportedOnce) {
   TestBench bench;
   bench.PutNetwork(kLoop);
   ASSERT_TRUE(bench.workspace.Write(work_file::kRows, "no whole record").ok());
-  RunCalculation(bench.bench);
-  EXPECT_EQ(bench.study.CalcStatus, -32);
+  EXPECT_EQ(RunCalculation(bench.bench), RunEnd::kBrokenOff);
   EXPECT_EQ(bench.prompter.boxes().size(), 1U);
   EXPECT_EQ(bench.Bytes(), "no whole record");
 }
@@ -109,6 +104,7 @@ TEST(Run, OnADiskThatFailsNamesTheFileAndKeepsTheResultsUntilARowWasWritten) {
     bench.PutNetwork(kLoop);
     bench.ChangeRow(1, [](SectionRow& row) { row.DP = 1000; });
     bench.study.results_valid = true;
+    bench.study.PumpHead = 1;
     const std::string rows = bench.Bytes();
     FailingDisk disk(bench.work_disk);
     disk.FailAtOperation(operation, FailingDisk::Lasting::kOnce);
@@ -123,6 +119,7 @@ TEST(Run, OnADiskThatFailsNamesTheFileAndKeepsTheResultsUntilARowWasWritten) {
     }
     EXPECT_EQ(bench.study.results_valid, operation <= kFirstWrite) << operation;
     EXPECT_EQ(bench.Bytes() == rows, operation <= kFirstWrite) << operation;
+    EXPECT_EQ(bench.study.PumpHead == 1, operation <= kFirstWrite) << operation;
     ASSERT_EQ(bench.prompter.boxes().size(), 1U) << operation;
     const std::vector<std::string>& lines = bench.prompter.boxes()[0].lines;
     ASSERT_EQ(lines.size(), 2U);
@@ -152,10 +149,9 @@ TEST(Run, OfALoneSectionIsClosedFromItsOwnRow) {
 
 TEST(Run, ClosesNothingButTheLoneSection) {
   TestBench bench;
-  bench.PutNetwork({"ANT/1 20m 1000l/h soma 500mm"});
-  const std::string before = bench.Bytes();
-  CloseSingleSection(bench.bench);
-  EXPECT_EQ(bench.Bytes(), before);
+  RowTable rows(Network({"ANT/1 20m 1000l/h soma 500mm"}));
+  CloseSingleSection(bench.study, rows);
+  ExpectSameRow(rows.At(1), Network({"ANT/1 20m 1000l/h soma 500mm"}).front());
 }
 
 TEST(Trap, TellsEveryFaultByItsNumber) {
@@ -177,13 +173,9 @@ TEST(Trap, AsksOnCodeOneWhetherToGoOn) {
   constexpr const char* kTitle = "  ! !  ΠΡΟΣΟΧΗ : Προσωρινή Διακοπή των Υπολογισμών ! ! ";
   TestBench bench;
   bench.prompter.Expect(kTitle, Answer::kYes);
-  ReportCalcError(bench.bench, Fault(FaultCode::kResumable, "raised"));
-  EXPECT_EQ(bench.study.CalcStatus, 0);
-  EXPECT_EQ(bench.study.answer, Answer::kYes);
+  EXPECT_FALSE(ReportCalcError(bench.bench, Fault(FaultCode::kResumable, "raised")));
   bench.prompter.Expect(kTitle, Answer::kNo);
-  ReportCalcError(bench.bench, Fault(FaultCode::kResumable, "raised"));
-  EXPECT_EQ(bench.study.CalcStatus, -32);
-  EXPECT_EQ(bench.study.answer, Answer::kNone);
+  EXPECT_TRUE(ReportCalcError(bench.bench, Fault(FaultCode::kResumable, "raised")));
   EXPECT_EQ(bench.prompter.boxes()[0].beeps, 2);
   EXPECT_EQ(bench.prompter.boxes()[0].lines,
             (std::vector<std::string>{
@@ -198,14 +190,15 @@ struct NotedFaults : FaultLog {
   std::vector<FaultNote> notes;
 };
 
-TEST(Trap, EndsARunClearsTheAnswerAndWritesTheFaultDown) {
+TEST(Trap, GivesTheFaultThatEndsARunAndWritesItDown) {
   TestBench bench;
   NotedFaults log;
   bench.bench.fault_log = &log;
-  bench.study.answer = Answer::kYes;
-  RunTrapped(bench.bench, [] { throw Fault(FaultCode::kBadIndex, "beyond the table"); });
-  EXPECT_EQ(bench.study.CalcStatus, -32);
-  EXPECT_EQ(bench.study.answer, Answer::kNone);
+  EXPECT_FALSE(RunTrapped(bench.bench, [] {}));
+  const auto fault =
+      RunTrapped(bench.bench, [] { throw Fault(FaultCode::kBadIndex, "beyond the table"); });
+  ASSERT_TRUE(fault);
+  EXPECT_EQ(fault->number, 9);
   ASSERT_EQ(log.notes.size(), 1U);
   EXPECT_EQ(log.notes[0].number, 9);
   EXPECT_EQ(log.notes[0].text, "beyond the table");

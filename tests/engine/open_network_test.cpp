@@ -84,7 +84,7 @@ class OpenStepping : public testing::Test {
                         header);
     bench.PutRows(rows);
     SizePipes(bench.bench, 2);
-    store.emplace(bench.workspace);
+    store.emplace(bench.Rows());
     for (SectionRow& row : store->rows()) {
       row.AvaiPres = 50000;
     }
@@ -92,16 +92,16 @@ class OpenStepping : public testing::Test {
 
   // Row in hand after a stepping down of `chain` with `available` mm w.g.
   int Step(Branch chain, int fork, float available) {
-    const auto pass = LoadPassConditions(bench.bench);
+    const auto pass = TakePassConditions(bench.bench);
     const CriticalBranch critical = ReadCriticalBranch(bench.study, *store);
-    const auto context = MakeBalanceContext(bench.bench, *store, *pass, critical);
+    const auto context = MakeBalanceContext(bench.study, *store, *pass, critical);
     return StepDownOpenBranch(context, std::move(chain), fork, available);
   }
 
   std::string Diameter(int number) { return store->At(number).NomiDiam.Utf8(); }
 
   TestBench bench;
-  std::optional<RowStore> store;
+  std::optional<RowTable> store;
 };
 
 TEST_F(OpenStepping, TakesEverySectionDownAndMarksNone) {

@@ -94,9 +94,8 @@ TEST(Outlets, RowOneHangsOnNothingWhateverItsNameSays) {
     const std::string first = std::string(name) + " 5m";
     bench.PutNetwork({first, "2/1 outlet 100 l/h 5mwg", "3/1", "4/3 outlet 20 l/h 5mwg",
                       "5/3 outlet 3 l/h 5mwg"});
-    SumOutletFlows(bench.bench);
+    EXPECT_TRUE(SumOutletFlows(bench.bench));
     EXPECT_EQ(WaterFlows(bench), (Floats{123, 100, 23, 20, 3})) << name;
-    EXPECT_EQ(bench.study.CalcStatus, 0);
     EXPECT_EQ(FindOutlets(bench.Rows()), (Numbers{2, 4, 5})) << name;
     EXPECT_EQ(BuildOpenBranchStrings(bench.study).at(1), (Branch{1, 3, 4})) << name;
   }

@@ -45,8 +45,7 @@ TEST(Rerun, CalculatesOnTheDiametersThatItFinds) {
   const float critical = bench.study.CriticalDrop;
   Overrule(bench, 1, "1 1/2", -41.9F);
   bench.study.CurrentRow = 5;
-  bench.study.CalcStatus = calc_status::kRecalculate;
-  Rerun(bench.bench);
+  EXPECT_EQ(Rerun(bench.bench), RunEnd::kCalculated);
   const SectionRow after = bench.Row(1);
   EXPECT_EQ(after.InDiameter, -41.9F);
   EXPECT_EQ(after.INILAMDA, 2.0F);
@@ -54,7 +53,6 @@ TEST(Rerun, CalculatesOnTheDiametersThatItFinds) {
   EXPECT_GT(after.TotalDrop, before.TotalDrop);
   // Row 1 is on every branch.
   EXPECT_NEAR(bench.study.CriticalDrop, critical + after.TotalDrop - before.TotalDrop, 0.01);
-  EXPECT_EQ(bench.study.CalcStatus, 0);
   EXPECT_EQ(bench.study.CurrentRow, 5);
   EXPECT_EQ(bench.Bytes(work_file::kPreviousRows), bench.Bytes());
   EXPECT_EQ(bench.study.PipeStats[5].Length, 5.0F);
@@ -79,8 +77,7 @@ TEST(Rerun, ThatEndsEarlyNeedsANewCalculation) {
     const std::string previous = bench.Bytes(work_file::kPreviousRows);
     Overrule(bench, 2, "?", broken_off ? 0.0F : -27.3F);
     bench.study.fluid_name = broken_off ? std::string(kWaterName) : "Άλμη";
-    Rerun(bench.bench);
-    EXPECT_EQ(bench.study.CalcStatus, broken_off ? -32 : -13);
+    EXPECT_EQ(Rerun(bench.bench), broken_off ? RunEnd::kBrokenOff : RunEnd::kViscosity);
     EXPECT_EQ(bench.study.CalcAborted, broken_off);
     EXPECT_TRUE(bench.study.recalculation_needed);
     EXPECT_EQ(bench.Bytes(work_file::kPreviousRows), previous);

@@ -121,7 +121,6 @@ TEST_F(ResultsSheet, SaysWhenARowDoesNotLeadToItsDrop) {
   EXPECT_TRUE(form.panel.StepsDrop.lines.empty());
   EXPECT_TRUE(form.panel.LblRemark.visible);
   EXPECT_TRUE(test.prompter.boxes().empty());
-  EXPECT_EQ(test.study.CalcStatus, 0);
 }
 
 TEST_F(ResultsSheet, NotesWhatIsWorthKnowing) {

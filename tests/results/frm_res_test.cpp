@@ -146,7 +146,6 @@ TEST_F(OneResult, EndsARerunThatBreaksOffAtTheMainMenu) {
   Click(form, form.CmdDiff);
   EXPECT_FALSE(test.prompter.boxes().empty());
   EXPECT_TRUE(test.study.recalculation_needed);
-  EXPECT_EQ(test.study.CalcStatus, 0);
   EXPECT_EQ(navigator.log.back(), "show FrmMain");
 }
 

@@ -164,7 +164,7 @@ TEST_F(MainMenu, CalculatesAnewAfterAChangeOfDiameters) {
     test.study.CalcStatus = calc_status::kRecalculate;
     form.Activate();
     EXPECT_EQ(test.study.CalcStatus, calc_status::kNothing);
-    EXPECT_TRUE(test.study.diameters_changed);
+    EXPECT_TRUE(test.study.unsaved_changes);
     EXPECT_NE(std::ranges::find(navigator.log, sheet ? "show FrmRes_Sheet" : "show FrmResGn"),
               navigator.log.end());
   }

@@ -32,13 +32,11 @@ std::vector<std::string> NamesOf(const FolderImage& image) {
 TEST(WriteStudy, SavesTheFamilyOfEachKind) {
   TestBench closed;
   PutSampleStudy(closed.bench, "Κτίριο");
-  closed.study.CalcStatus = 10;
   Save(closed, "Κτίριο Α.1");
   const std::string base = "Κτίριο Α.1";
   EXPECT_EQ(NamesOf(Studies(closed)),
             (std::vector<std::string>{base + ".LQD", base + ".PCK", base + ".STC", base + ".WNT"}));
   EXPECT_EQ(closed.study.study_base_name, base);
-  EXPECT_EQ(closed.study.CalcStatus, 0);
   EXPECT_FALSE(closed.study.unsaved_changes);
 
   TestBench open(SystemKind::kOpen);
@@ -106,7 +104,6 @@ TEST(WriteStudy, WritesASequenceOnlyWhereOneStands) {
   ASSERT_TRUE(bench.workspace.Write(work_file::kSequence, "").ok());
   Save(bench, "b.PCK");
   EXPECT_EQ(Studies(bench).at("b.DPC"), "\"1-3\"\n\"Simple\"\n");
-  EXPECT_EQ(bench.study.branch_mode, "Simple");
 }
 
 TEST(WriteStudy, RewritesTheMaterialOfEveryRow) {

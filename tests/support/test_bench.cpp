@@ -89,7 +89,6 @@ void TestBench::PutRows(std::span<const SectionRow> rows) {
   study.plant_section = header.BurChil;
   study.results_valid = header.PAR != 0.0F && header.DP != 0.0F;
   study.unsaved_changes = false;
-  study.data_exist = true;
   study.CurrentRow = 1;
   study.row = header;
   RefreshSectionTable(study, rows);
