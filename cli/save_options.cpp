@@ -28,7 +28,7 @@ void SaveOptions::AddTo(CLI::App& app, const std::string& help) {
       ->needs(save);
 }
 
-bool SaveOptions::MaySave(const Console& console, const Session& session, Diameters diameters) {
+bool SaveOptions::MaySave(const Console& console, Session& session, Diameters diameters) {
   if (!wanted()) {
     return true;
   }

@@ -22,7 +22,7 @@ class SaveOptions {
   /// Whether the session's study may be saved after a run that does so to its diameters, the user
   /// being told why not. Asked before the calculation: who may not save is not kept waiting for
   /// results. True where nothing is saved.
-  [[nodiscard]] bool MaySave(const Console& console, const Session& session, Diameters diameters);
+  [[nodiscard]] bool MaySave(const Console& console, Session& session, Diameters diameters);
 
   /// Saves, where wanted: before the results are shown, so that a reader who leaves, or an output
   /// that cannot be written, takes nothing from the save.

@@ -45,8 +45,8 @@ std::optional<fs::path> FileInTheWay(const Disk& disk, const fs::path& source,
 }
 
 // What only --overwrite replaces.
-Outcome CheckExisting(const Session& session, const fs::path& source, const fs::path& target) {
-  const Workspace& workspace = session.workspace();
+Outcome CheckExisting(Session& session, const fs::path& source, const fs::path& target) {
+  Workspace& workspace = session.workspace();
   const auto settled = SettleStudy(workspace.outer_disk(), target);
   if (!settled) {
     return settled.error();
@@ -75,7 +75,7 @@ fs::path SaveTarget(const fs::path& save, const fs::path& source) {
   return BehindLink(RealDisk(), path);  // the study itself is replaced, not its link
 }
 
-Outcome CheckTarget(const Session& session, const fs::path& source, const fs::path& target,
+Outcome CheckTarget(Session& session, const fs::path& source, const fs::path& target,
                     Existing existing) {
   const fs::path folder = target.parent_path();
   std::error_code error;

@@ -18,7 +18,7 @@ std::filesystem::path SaveTarget(const std::filesystem::path& save,
 /// Whether the study read from `source` may be saved as `target`: over itself always; over a file
 /// of any other study, be it a companion only, where that may be replaced. Error: the folder is
 /// missing, or a file is there that must be kept.
-Outcome CheckTarget(const Session& session, const std::filesystem::path& source,
+Outcome CheckTarget(Session& session, const std::filesystem::path& source,
                     const std::filesystem::path& target, Existing existing);
 
 /// Whether a run that sizes the sections anew may be saved: over the study itself it would drop the

@@ -172,7 +172,7 @@ RunEnd RunCalculation(Workbench& bench) {
 
 bool RefindCriticalBranch(Workbench& bench) {
   try {
-    const RowStore store(bench.workspace);
+    const RowTable store = ReadRows(bench.workspace);
     bench.study.critical_branch =
         IsLoneSection(store.rows()) ? "1" : BranchText(ChainOfResults(bench, store));
   } catch (const Fault& fault) {

@@ -62,7 +62,7 @@ std::vector<int> FindOutlets(const Rows& rows) {
 }
 
 Rows ListOutlets(Workbench& bench) {
-  const RowStore store(bench.workspace);
+  const RowTable store = ReadRows(bench.workspace);
   const Rows before = ReadOutlets(bench.workspace);
   Rows records;
   for (const int number : FindOutlets(store.rows())) {

@@ -19,7 +19,7 @@ void MergeFirstMarks(const Workspace& workspace, RowTable& rows) {
   if (!workspace.HasBytes(work_file::kFirstRows)) {
     return;
   }
-  const RowStore first(workspace, work_file::kFirstRows);
+  const RowTable first = ReadRows(workspace, work_file::kFirstRows);
   const int count = std::min(first.count(), rows.count());
   for (int number = 1; number <= count; ++number) {
     SectionRow& row = rows.At(number);

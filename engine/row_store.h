@@ -27,11 +27,16 @@ void AtRow(int number, Work&& work) {
   }
 }
 
+/// The rows of a work file to be read. Faults: kFile when they cannot be.
+inline RowTable ReadRows(const Workspace& workspace, std::string_view name = work_file::kRows) {
+  return RowTable(Require(workspace.Rows(name).ReadAll()));
+}
+
 /// The rows of a work file while a pass works on them: read once, written once.
 class RowStore : public RowTable {
  public:
   /// Faults: kFile when the rows cannot be read.
-  explicit RowStore(const Workspace& workspace, std::string_view name = work_file::kRows)
+  explicit RowStore(Workspace& workspace, std::string_view name = work_file::kRows)
       : RowStore(workspace.Rows(name)) {}
 
   void Save() {

@@ -165,7 +165,7 @@ void RecalculateRows(Workbench& bench) {
 void RecountQuantities(Workbench& bench) {
   const std::vector<PipeRow> library =
       Require(ReadPipeSystem(bench.workspace, bench.study.pipe_system_number));
-  const RowStore store(bench.workspace);
+  const RowTable store = ReadRows(bench.workspace);
   StartPipeStats(bench.study, library);
   for (const SectionRow& row : store.rows()) {
     const PipeRow& pipe = PipeOfDiameter(library, std::fabs(row.InDiameter));

@@ -147,9 +147,9 @@ WinterEnd RunOnWinterRows(Study& study, Workspace& workspace,
 }  // namespace
 
 std::vector<WinterLine> SummerValues(const Workbench& bench) {
-  const RowStore store(bench.workspace);
+  const RowTable store = ReadRows(bench.workspace);
   // A row's own flow is that of all emitters whose circuit runs through it.
-  const RowStore emitters(bench.workspace, work_file::kEmitters);
+  const RowTable emitters = ReadRows(bench.workspace, work_file::kEmitters);
   std::vector<WinterLine> lines;
   for (const SectionRow& emitter : emitters.rows()) {
     const SectionRow& row = store.At(emitter.RecordNumber);
@@ -191,7 +191,7 @@ WinterOutcome WinterDuty::Run(float temperature, const std::vector<WinterLine>& 
 }
 
 WinterOutcome WinterDuty::CheckAndRun(float temperature, const std::vector<WinterLine>& lines) {
-  const RowStore summer(bench_.workspace);
+  const RowTable summer = ReadRows(bench_.workspace);
   if (summer.count() == 0) {
     return {WinterEnd::kRefused};
   }

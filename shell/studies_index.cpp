@@ -110,7 +110,7 @@ std::vector<ListedStudy> BuildStudiesIndex(Workspace& workspace, const fs::path&
   return studies;
 }
 
-std::optional<std::vector<ListedStudy>> ReadStudiesIndex(const Workspace& workspace,
+std::optional<std::vector<ListedStudy>> ReadStudiesIndex(Workspace& workspace,
                                                          const fs::path& folder, SystemKind kind) {
   const auto status = workspace.Status(work_file::kStudiesIndex);
   const auto rows = workspace.Rows<StudyTitleRow>(work_file::kStudiesIndex).ReadAll();

@@ -56,7 +56,7 @@ std::vector<ListedStudy> BuildStudiesIndex(Workspace& workspace,
 
 /// The same list from `Studies.std`, no study opened. None when the index is missing or broken, or
 /// tells of other studies, dates or times than the folder does, or may be older than one of them.
-std::optional<std::vector<ListedStudy>> ReadStudiesIndex(const Workspace& workspace,
+std::optional<std::vector<ListedStudy>> ReadStudiesIndex(Workspace& workspace,
                                                          const std::filesystem::path& folder,
                                                          SystemKind kind);
 

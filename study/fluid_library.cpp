@@ -8,8 +8,16 @@ namespace {
 
 constexpr int kWaterNumber = 1;
 
-RowFile<FluidRow> Library(const Workspace& workspace) {
-  return {workspace.outer_disk(), workspace.library_folder() / work_file::kFluids};
+std::filesystem::path LibraryPath(const Workspace& workspace) {
+  return workspace.library_folder() / work_file::kFluids;
+}
+
+RowFile<FluidRow> Library(Workspace& workspace) {
+  return {workspace.outer_disk(), LibraryPath(workspace)};
+}
+
+RowReader<FluidRow> Library(const Workspace& workspace) {
+  return {workspace.outer_disk(), LibraryPath(workspace)};
 }
 
 FluidRow MakeFluid(int number, std::string_view name, float temperature, float viscosity,
@@ -29,7 +37,7 @@ FluidRow BuiltInWater() {
 
 }  // namespace
 
-Outcome CreateFluidLibrary(const Workspace& workspace) {
+Outcome CreateFluidLibrary(Workspace& workspace) {
   RowFile<FluidRow> library = Library(workspace);
   if (workspace.outer_disk().Exists(library.path())) {
     return Done{};
@@ -49,14 +57,14 @@ FluidRow WaterRow(const Workspace& workspace) {
   return fluids && !fluids->empty() ? fluids->front() : BuiltInWater();
 }
 
-Outcome SaveFluid(const Workspace& workspace, const FluidRow& fluid) {
+Outcome SaveFluid(Workspace& workspace, const FluidRow& fluid) {
   if (fluid.row_number == kWaterNumber) {
     return Done{};
   }
   return Library(workspace).Write(fluid.row_number, fluid);
 }
 
-Outcome DeleteFluid(const Workspace& workspace, int number) {
+Outcome DeleteFluid(Workspace& workspace, int number) {
   const auto fluids = ReadFluids(workspace);
   if (!fluids) {
     return fluids.error();
@@ -80,7 +88,7 @@ Outcome DeleteFluid(const Workspace& workspace, int number) {
     return written;
   }
   workspace.Pause();
-  return workspace.outer_disk().Rename(beside, Library(workspace).path());
+  return workspace.outer_disk().Rename(beside, LibraryPath(workspace));
 }
 
 Outcome WriteStudyFluid(Workbench& bench, const FluidRow& fluid) {

@@ -8,7 +8,7 @@
 namespace kalvo {
 
 /// Creates `Liquids.dat` with water and the glycol solution when it is missing.
-Outcome CreateFluidLibrary(const Workspace& workspace);
+Outcome CreateFluidLibrary(Workspace& workspace);
 
 /// Rows of `Liquids.dat`; none when it is missing.
 Result<std::vector<FluidRow>> ReadFluids(const Workspace& workspace);
@@ -18,11 +18,11 @@ FluidRow WaterRow(const Workspace& workspace);
 
 /// Writes `fluid` at its own row number, at most one past the last. Water (row 1) cannot be
 /// changed: nothing is written.
-Outcome SaveFluid(const Workspace& workspace, const FluidRow& fluid);
+Outcome SaveFluid(Workspace& workspace, const FluidRow& fluid);
 
 /// Deletes row `number` and renumbers those behind it, by way of `Liquids.@@@`. Water (row 1) and
 /// the only row stay.
-Outcome DeleteFluid(const Workspace& workspace, int number);
+Outcome DeleteFluid(Workspace& workspace, int number);
 
 /// Makes `fluid` the study's own. The density held from an earlier run is forgotten.
 Outcome WriteStudyFluid(Workbench& bench, const FluidRow& fluid);

@@ -15,8 +15,8 @@ std::string FourDigits(int number) {
   return std::string(text.size() < 4 ? 4 - text.size() : 0, '0') + text;
 }
 
-RowFile<PipeRow> PipeFile(const Workspace& workspace, const std::string& file_name) {
-  return RowFile<PipeRow>(workspace.outer_disk(), workspace.library_folder() / file_name);
+RowReader<PipeRow> PipeFile(const Workspace& workspace, const std::string& file_name) {
+  return RowReader<PipeRow>(workspace.outer_disk(), workspace.library_folder() / file_name);
 }
 
 Result<std::vector<std::string>> LibraryNames(const Workspace& workspace) {
@@ -37,7 +37,7 @@ Result<std::vector<std::string>> LibraryNames(const Workspace& workspace) {
 }
 
 // The pipe system's number into every row of the study, if there are any.
-Outcome WriteFileNumber(const Workspace& workspace, std::int16_t number) {
+Outcome WriteFileNumber(Workspace& workspace, std::int16_t number) {
   RowFile<SectionRow> file = workspace.Rows();
   auto rows = file.ReadAll();
   if (!rows) {
@@ -53,14 +53,14 @@ Outcome WriteFileNumber(const Workspace& workspace, std::int16_t number) {
 
 std::string PipeListEntry::Text() const { return " " + FourDigits(number) + ". " + title + " "; }
 
-Result<PipeList> BuildPipeList(const Workspace& workspace, EmptyLibraries empty) {
+Result<PipeList> BuildPipeList(Workspace& workspace, EmptyLibraries empty) {
   const auto names = LibraryNames(workspace);
   if (!names) {
     return names.error();
   }
   PipeList list;
   for (const std::string& name : *names) {
-    const RowFile<PipeRow> file = PipeFile(workspace, name);
+    const RowReader<PipeRow> file = PipeFile(workspace, name);
     const Result<std::vector<PipeRow>> rows = file.ReadAll();
     if (!rows) {
       return rows.error();
@@ -91,7 +91,7 @@ std::string PipeFileName(int number) { return FourDigits(number) + ".WPT"; }
 
 Result<std::vector<PipeRow>> ReadPipeSystem(const Workspace& workspace, int number) {
   const std::string wanted = PipeFileName(number);
-  RowFile<PipeRow> file = PipeFile(workspace, wanted);
+  RowReader<PipeRow> file = PipeFile(workspace, wanted);
   if (!workspace.outer_disk().Exists(file.path())) {
     const auto entry = FindIgnoringCase(workspace.outer_disk(), workspace.library_folder(), wanted);
     if (!entry) {

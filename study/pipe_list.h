@@ -32,7 +32,7 @@ enum class EmptyLibraries { kDelete, kSkip };
 
 /// The pipe systems of the library folder, in the listing's name order. Error: a file whose length
 /// is no whole number of records (the program ends on it) or that cannot be read.
-Result<PipeList> BuildPipeList(const Workspace& workspace, EmptyLibraries empty);
+Result<PipeList> BuildPipeList(Workspace& workspace, EmptyLibraries empty);
 
 /// The box that tells of an unsuitable library before the program ends.
 struct Box UnsuitableLibraryBox(const FileError& error);

@@ -32,13 +32,12 @@ std::vector<Row> DecodeRows(std::string_view bytes) {
   return rows;
 }
 
-/// A file of fixed records, the only way to one. Record numbers begin at 1. A length that is no
-/// whole number of records is an error and the file is left as it is; a missing file holds no row.
-/// Writing is never visible half-done.
+/// A file of fixed records to be read. Record numbers begin at 1. A length that is no whole number
+/// of records is an error and the file is left as it is; a missing file holds no row.
 template <typename Row>
-class RowFile {
+class RowReader {
  public:
-  RowFile(Disk& disk, std::filesystem::path path) : disk_(&disk), path_(std::move(path)) {}
+  RowReader(const Disk& disk, std::filesystem::path path) : disk_(&disk), path_(std::move(path)) {}
 
   [[nodiscard]] const std::filesystem::path& path() const { return path_; }
 
@@ -76,28 +75,6 @@ class RowFile {
     return row;
   }
 
-  Outcome WriteAll(std::span<const Row> rows) {
-    return ReplaceFile(*disk_, path_, EncodeRows(rows));
-  }
-
-  /// Writes one record; `number` is at most one past the last.
-  Outcome Write(int number, const Row& row) {
-    Result<std::vector<Row>> rows = ReadAll();
-    if (!rows) {
-      return rows.error();
-    }
-    const auto at = static_cast<std::size_t>(number - 1);
-    if (number < 1 || at > rows->size()) {
-      return FileError{path_, "Δεν υπάρχει η εγγραφή " + std::to_string(number)};
-    }
-    if (at == rows->size()) {
-      rows.value().push_back(row);
-    } else {
-      rows.value()[at] = row;
-    }
-    return WriteAll(*rows);
-  }
-
  private:
   // Whole records; none of a missing file.
   [[nodiscard]] Result<std::string> ReadBytes() const {
@@ -115,8 +92,41 @@ class RowFile {
     return {path_, "Το μήκος του αρχείου δεν είναι ακέραιο πλήθος εγγραφών"};
   }
 
-  Disk* disk_;
+  const Disk* disk_;
   std::filesystem::path path_;
+};
+
+/// The same to be written as well, the only way to one. Writing is never visible half-done.
+template <typename Row>
+class RowFile : public RowReader<Row> {
+ public:
+  RowFile(Disk& disk, std::filesystem::path path)
+      : RowReader<Row>(disk, std::move(path)), disk_(&disk) {}
+
+  Outcome WriteAll(std::span<const Row> rows) {
+    return ReplaceFile(*disk_, this->path(), EncodeRows(rows));
+  }
+
+  /// Writes one record; `number` is at most one past the last.
+  Outcome Write(int number, const Row& row) {
+    Result<std::vector<Row>> rows = this->ReadAll();
+    if (!rows) {
+      return rows.error();
+    }
+    const auto at = static_cast<std::size_t>(number - 1);
+    if (number < 1 || at > rows->size()) {
+      return FileError{this->path(), "Δεν υπάρχει η εγγραφή " + std::to_string(number)};
+    }
+    if (at == rows->size()) {
+      rows.value().push_back(row);
+    } else {
+      rows.value()[at] = row;
+    }
+    return WriteAll(*rows);
+  }
+
+ private:
+  Disk* disk_;
 };
 
 }  // namespace kalvo

@@ -23,13 +23,18 @@ class Workspace {
         clock_(&clock) {}
 
   [[nodiscard]] std::filesystem::path Path(std::string_view name) const { return folder_ / name; }
-  [[nodiscard]] Disk& outer_disk() const { return *outer_disk_; }
+  [[nodiscard]] Disk& outer_disk() { return *outer_disk_; }
+  [[nodiscard]] const Disk& outer_disk() const { return *outer_disk_; }
   [[nodiscard]] const std::filesystem::path& library_folder() const { return library_folder_; }
 
   /// The work file of that name as records.
   template <typename Row = SectionRow>
-  [[nodiscard]] RowFile<Row> Rows(std::string_view name = work_file::kRows) const {
+  [[nodiscard]] RowFile<Row> Rows(std::string_view name = work_file::kRows) {
     return RowFile<Row>(*work_disk_, Path(name));
+  }
+  template <typename Row = SectionRow>
+  [[nodiscard]] RowReader<Row> Rows(std::string_view name = work_file::kRows) const {
+    return RowReader<Row>(*work_disk_, Path(name));
   }
 
   /// False when the file is surely not there (Disk::Exists()).

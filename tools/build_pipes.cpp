@@ -197,7 +197,8 @@ void BuildLibrary(const Path& tables, const Path& library) {
   }
   MemoryDisk memory;
   NoWait clock;
-  Require(CreateFluidLibrary(Workspace(memory, "/", disk, library, clock)));
+  Workspace workspace(memory, "/", disk, library, clock);
+  Require(CreateFluidLibrary(workspace));
 }
 
 }  // namespace

@@ -22,7 +22,7 @@ void Put(TestBench& bench, const std::string& name, std::size_t length) {
 }
 
 TEST(PipeList, EntriesStandWithTheirNumberTitleAndBlanks) {
-  const TestBench bench;
+  TestBench bench;
   const auto list = BuildPipeList(bench.workspace, EmptyLibraries::kSkip);
   EXPECT_EQ(LinesOf(list),
             (std::vector<std::string>{" 0001. Χαλυβδοσωλήνες ", " 0002. Χαλκοσωλήνες "}));
