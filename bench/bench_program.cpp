@@ -80,8 +80,7 @@ BenchProgram::BenchProgram(const PipeList& pipes)
 void BenchProgram::Load(const fs::path& path) {
   study_.study_path = path;
   study_.system_kind = KindOfName(path.string());
-  LoadStudy(bench_, RecentList::kLeave);
-  if (study_.CalcStatus != calc_status::kNothing) {
+  if (!LoadStudy(bench_, RecentList::kLeave)) {
     throw std::runtime_error("not loaded: " + path.string());
   }
 }

@@ -89,8 +89,7 @@ bool Session::Load(const std::filesystem::path& path) {
   study_.system_kind = KindAt(workspace_->outer_disk(), path);
   study_.study_path = std::move(from_root).value();
   Workbench at = bench();
-  OpenStudyFile(at, RecentList::kLeave);
-  return study_.CalcStatus == calc_status::kNothing;
+  return OpenStudyFile(at, RecentList::kLeave) != OpenEnd::kNotOpened;
 }
 
 std::vector<SectionRow> Session::Rows() const {

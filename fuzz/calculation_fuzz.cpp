@@ -67,8 +67,7 @@ void Calculate(SystemKind kind, std::string_view bytes, Run&& run) {
   study.study_path = file;
   YesToAll prompter;
   Workbench bench(study, workspace, pipes, prompter);
-  LoadStudy(bench);
-  if (study.CalcStatus != calc_status::kNothing) {
+  if (!LoadStudy(bench)) {
     return;
   }
   study.unsaved_changes = false;

@@ -75,21 +75,15 @@ class FuzzBench : public ProgramInMemory<Reader> {
     return bytes ? *bytes : "(missing)";
   }
 
-  /// Loads the study; false when it was refused, which must be told by one box of two lines.
+  /// Loads the study; false when it was refused, with an error that names its file.
   bool Load(const std::string& name) {
-    study.CalcStatus = 0;
     study.study_path = kStudies / name;
     prompter.boxes.clear();
-    LoadStudy(bench, RecentList::kLeave);
-    if (study.CalcStatus == 0) {
-      Require(prompter.boxes.empty(), "a study that loads shows nothing");
-      return true;
-    }
-    Require(study.CalcStatus == -1, "a study that is refused sets -1");
-    Require(prompter.boxes.size() == 1 && prompter.boxes[0].lines.size() == 2, "one box tells why");
-    Require(prompter.boxes[0].lines[1].find(kStudies.string()) != std::string::npos,
+    const Result<bool> loaded = LoadStudy(bench, RecentList::kLeave);
+    Require(prompter.boxes.empty(), "a load shows nothing");
+    Require(loaded || loaded.error().Line().find(kStudies.string()) != std::string::npos,
             "the file is named");
-    return false;
+    return loaded.ok();
   }
 };
 

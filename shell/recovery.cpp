@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "form/tell.h"
+#include "shell/open_study.h"
 #include "shell/safety_copies.h"
 #include "study/date_text.h"
 #include "study/fault.h"
@@ -159,12 +160,12 @@ bool AcceptRecovery(Desk& desk, const FoundLeftOver& found) {
   study.entry_mode = 0;
   study.recovery = true;
   study.study_path.clear();
-  LoadStudy(bench, RecentList::kLeave);
-  if (study.CalcStatus != calc_status::kRefused) {
+  const Result<bool> loaded = LoadStudy(bench, RecentList::kLeave);
+  if (loaded) {
     study.fluid_assumed = study.fluid_assumed || fluid_damaged;
     return true;
   }
-  study.CalcStatus = calc_status::kNothing;
+  TellLoadFailure(bench, loaded.error());
   study.recovery = false;
   if (!KeepSafetyCopyAnyway(desk)) return false;
   ResetStudy(bench);

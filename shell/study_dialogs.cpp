@@ -183,13 +183,13 @@ bool OpenChosen(Desk& desk, const std::filesystem::path& path, RecentList recent
   study.last_study_path = study.study_path;
   study.study_path = path;
   study.entry_mode = 0;
-  {
+  const OpenEnd end = [&] {
     const WaitShown wait(desk.navigator);
     // A copy is no file to be listed among those used last.
-    OpenStudyFile(bench, IsInSafetyCopy(path) ? RecentList::kLeave : recent,
-                  [&] { return KeepSafetyCopy(desk, path.parent_path()); });
-  }
-  if (std::exchange(study.CalcStatus, calc_status::kNothing) != calc_status::kRefused) {
+    return OpenStudyFile(bench, IsInSafetyCopy(path) ? RecentList::kLeave : recent,
+                         [&] { return KeepSafetyCopy(desk, path.parent_path()); });
+  }();
+  if (end != OpenEnd::kNotOpened) {
     if (IsInSafetyCopy(study.study_path)) CountAsBroughtBack(bench);
     NoteOrigin(bench.workspace, study.study_path.empty() ? study.origin_path : study.study_path);
     return true;

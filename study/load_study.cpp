@@ -20,13 +20,6 @@ namespace {
 
 using Rows = std::vector<SectionRow>;
 
-void TellFailure(Workbench& bench, const FileError& error) {
-  bench.Ask({" !!... ΠΡΟΣΟΧΗ ...!! ",
-             {"... Ελλιπές Σύνολο Αρχείων Μελέτης ...", error.Line()},
-             box_style::kStop});
-  bench.study.CalcStatus = calc_status::kRefused;
-}
-
 // The state that the rows tell.
 void TakeRows(Study& study, const Rows& rows) {
   const SectionRow& header = HeaderRow(rows);
@@ -275,18 +268,17 @@ Result<FoundStudy> FindGivenStudy(Workbench& bench) {
   return FindStudy(bench);
 }
 
-void OpenStudy(Workbench& bench, RecentList recent, const std::function<bool()>& may_replace) {
+Result<bool> OpenStudy(Workbench& bench, RecentList recent,
+                       const std::function<bool()>& may_replace) {
   Study& study = bench.study;
   const auto found = FindGivenStudy(bench);
   if (!found) {
-    TellFailure(bench, found.error());
     study.study_path = study.last_study_path;
-    return;
+    return found.error();
   }
   const std::filesystem::path path = std::exchange(study.study_path, study.last_study_path);
   if (may_replace && !may_replace()) {
-    study.CalcStatus = calc_status::kRefused;
-    return;
+    return false;
   }
   study.study_path = path;
   if (recent == RecentList::kAdd) {
@@ -294,19 +286,19 @@ void OpenStudy(Workbench& bench, RecentList recent, const std::function<bool()>&
     static_cast<void>(AddRecentFile(bench.workspace, study.study_path));
   }
   if (Outcome loaded = TakeOver(bench, *found); !loaded) {
-    TellFailure(bench, loaded.error());
     ResetStudy(bench);
+    return loaded.error();
   }
+  return true;
 }
 
-void RecoverStudy(Workbench& bench) {
+Result<bool> RecoverStudy(Workbench& bench) {
   const auto bytes = bench.workspace.Read(work_file::kRows);
   const auto rows = bytes ? ProveLoadable(bench, bench.workspace.Path(work_file::kRows), *bytes)
                           : Result<Rows>(bytes.error());
   const Outcome loaded = rows ? TakeStudy(bench, *rows) : Outcome(rows.error());
   if (!loaded) {
-    TellFailure(bench, loaded.error());
-    return;
+    return loaded.error();
   }
   Study& study = bench.study;
   study.origin_path = ReadOrigin(bench.workspace);
@@ -320,24 +312,22 @@ void RecoverStudy(Workbench& bench) {
   bench.study.came_by_recovery = true;
   bench.study.recalculation_needed = true;
   bench.study.unsaved_changes = true;
+  return true;
 }
 
 }  // namespace
 
-void LoadStudy(Workbench& bench, RecentList recent, const std::function<bool()>& may_replace) {
+Result<bool> LoadStudy(Workbench& bench, RecentList recent,
+                       const std::function<bool()>& may_replace) {
   Study& study = bench.study;
   if (study.study_path == kEscapePath) {
     study.study_path = study.last_study_path;
-    return;
+    return false;
   }
   if (study.entry_mode == 2 || study.unsaved_changes) {
-    return;
+    return false;
   }
-  if (study.recovery) {
-    RecoverStudy(bench);
-  } else {
-    OpenStudy(bench, recent, may_replace);
-  }
+  return study.recovery ? RecoverStudy(bench) : OpenStudy(bench, recent, may_replace);
 }
 
 }  // namespace kalvo

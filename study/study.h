@@ -23,7 +23,6 @@ enum class SystemKind { kNone, kClosed, kOpen };
 namespace calc_status {
 constexpr std::int16_t kNothing = 0;
 constexpr std::int16_t kBranchLost = 1;
-constexpr std::int16_t kRefused = -1;         ///< a study could not be loaded
 constexpr std::int16_t kRecalculate = -3000;  ///< diameters changed, recalculate
 }  // namespace calc_status
 

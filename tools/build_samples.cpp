@@ -38,7 +38,7 @@ void SaveSample(const SampleStudy& sample, const std::filesystem::path& library,
 void SaveWinter(const SampleStudy& sample, const std::filesystem::path& library,
                 const std::filesystem::path& folder) {
   SampleBench saved(library, folder / sample.file_name());
-  LoadStudy(saved.bench, RecentList::kLeave);
+  Expect(LoadStudy(saved.bench, RecentList::kLeave));
   std::vector<WinterLine> lines;
   std::string table = "section,flow,drop\n";
   if (Calculate(saved.bench, Method::kFlowOnly) == CommandEnd::kCalculated) {

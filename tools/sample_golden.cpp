@@ -69,7 +69,7 @@ std::string TableOf(const Study& study, const std::vector<SectionRow>& rows) {
 std::string CalculatedTable(const std::filesystem::path& library,
                             const std::filesystem::path& study, int method) {
   SampleBench sample(library, study);
-  LoadStudy(sample.bench, RecentList::kLeave);
+  Expect(LoadStudy(sample.bench, RecentList::kLeave));
   if (Calculate(sample.bench, static_cast<Method>(method)) != CommandEnd::kCalculated) {
     throw std::runtime_error(study.string() + " does not come to its end");
   }

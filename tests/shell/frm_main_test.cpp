@@ -135,7 +135,7 @@ TEST_F(MainMenu, SaysOfResultsOfALostNetworkThatTheyDoNotHold) {
   PutMain(test, "lost.PCK", rows);
   for (const bool lost : {false, true}) {
     test.study.study_path = lost ? "/studies/lost.PCK" : "/studies/sound.PCK";
-    OpenStudyFile(test.bench, RecentList::kLeave);
+    ASSERT_NE(OpenStudyFile(test.bench, RecentList::kLeave), OpenEnd::kNotOpened);
     EXPECT_TRUE(test.study.results_valid);
     EXPECT_EQ(Marks().back(), lost ? RoadMark::kStale : RoadMark::kDone);
     EXPECT_EQ(form.LblNext.text,

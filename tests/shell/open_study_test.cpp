@@ -47,8 +47,7 @@ void Run(TestBench& bench, Method method) {
 void SaveAndOpen(TestBench& bench) {
   bench.study.study_path = kFile;
   ASSERT_TRUE(WriteStudy(bench.bench).ok());
-  EXPECT_TRUE(OpenStudyFile(bench.bench, RecentList::kLeave));
-  EXPECT_EQ(bench.study.CalcStatus, calc_status::kNothing);
+  EXPECT_EQ(OpenStudyFile(bench.bench, RecentList::kLeave), OpenEnd::kOpened);
   EXPECT_TRUE(bench.study.results_valid);
 }
 
@@ -105,7 +104,7 @@ TEST(OpenedAgain, AFloorWithItsPlantOnABranchKeepsItsPump) {
     if (run == std::string_view("first")) continue;
     floor.study.study_path = disk.studies() / "floor.PCK";
     ASSERT_TRUE(WriteStudy(floor.bench).ok());
-    EXPECT_TRUE(OpenStudyFile(floor.bench, RecentList::kLeave));
+    EXPECT_EQ(OpenStudyFile(floor.bench, RecentList::kLeave), OpenEnd::kOpened);
     EXPECT_EQ(floor.study.plant_section, 31);
     EXPECT_NEAR(floor.study.PumpHead, 5.42, 0.005) << run << ", opened";
   }
@@ -136,10 +135,22 @@ TEST(OpenedAgain, AStudyWithoutABranchIsLoadedAllTheSame) {
     bench.ChangeRow(number, [](SectionRow& row) { row.TotalDrop = 3e38F, row.INILAMDA = 1; });
   }
   ASSERT_TRUE(WriteStudy(bench.bench).ok());
-  EXPECT_FALSE(OpenStudyFile(bench.bench, RecentList::kLeave));
-  EXPECT_EQ(bench.study.CalcStatus, calc_status::kNothing);
+  EXPECT_EQ(OpenStudyFile(bench.bench, RecentList::kLeave), OpenEnd::kWithoutBranch);
   EXPECT_TRUE(bench.study.results_valid);
   EXPECT_TRUE(bench.prompter.boxes().empty());
+}
+
+TEST(OpenedAgain, AStudyThatCannotBeLoadedIsToldByOneBox) {
+  TestBench bench;
+  bench.study.study_path = kFile;
+  EXPECT_EQ(OpenStudyFile(bench.bench, RecentList::kLeave), OpenEnd::kNotOpened);
+  ASSERT_EQ(bench.prompter.boxes().size(), 1U);
+  const Box& box = bench.prompter.boxes()[0];
+  EXPECT_EQ(box.title, " !!... ΠΡΟΣΟΧΗ ...!! ");
+  EXPECT_EQ(box.style, box_style::kStop);
+  ASSERT_EQ(box.lines.size(), 2U);
+  EXPECT_EQ(box.lines[0], "... Ελλιπές Σύνολο Αρχείων Μελέτης ...");
+  EXPECT_NE(box.lines[1].find(kFile.string()), std::string::npos) << box.lines[1];
 }
 
 }  // namespace

@@ -146,8 +146,7 @@ TEST(LoadStudy, RecoversWhatStandsInTheWorkFilesWithEmittersOfDeletedSections) {
     emitters.resize(left);
     ASSERT_TRUE(bench.workspace.Rows(work_file::kEmitters).WriteAll(emitters).ok());
     bench.study.recovery = true;
-    LoadStudy(bench.bench);
-    EXPECT_EQ(bench.study.CalcStatus, 0);
+    EXPECT_TRUE(LoadStudy(bench.bench));
     EXPECT_TRUE(bench.study.unsaved_changes);
     EXPECT_TRUE(bench.study.recalculation_needed);
     EXPECT_TRUE(bench.study.came_by_recovery);
@@ -164,8 +163,7 @@ TEST(LoadStudy, RecoversWhatStandsInTheWorkFilesWithEmittersOfDeletedSections) {
   PutSampleStudy(odd.bench, "Ημιτελής");
   ASSERT_TRUE(odd.workspace.Write(work_file::kEmitters, "odd").ok());
   odd.study.recovery = true;
-  LoadStudy(odd.bench);
-  EXPECT_EQ(odd.study.CalcStatus, -1);
+  EXPECT_FALSE(LoadStudy(odd.bench));
   EXPECT_EQ(odd.Bytes(work_file::kEmitters), "odd");
 }
 
@@ -175,8 +173,9 @@ TEST(LoadStudy, RefusesACompanionWithWhatIsNoNumber) {
   std::vector<SectionRow> rows = SampleRows(SystemKind::kClosed, "Κτίριο");
   rows.back().WaterFlow = std::numeric_limits<float>::quiet_NaN();
   PutMain(bench, "b.WNT", EncodeRows<SectionRow>(rows));
-  EXPECT_FALSE(Load(bench, "b.PCK"));
-  EXPECT_NE(bench.prompter.boxes().back().lines.back().find("b.WNT"), std::string::npos);
+  const Result<bool> loaded = Load(bench, "b.PCK");
+  ASSERT_FALSE(loaded);
+  EXPECT_NE(loaded.error().Line().find("b.WNT"), std::string::npos);
 }
 
 TEST(LoadStudy, LeavesTheCompanionsOfAnotherStudyAlone) {
@@ -250,7 +249,7 @@ TEST(LoadStudy, PutsTheFolderSpellingOnTheRecentListUnlessOpenedFromThere) {
   ASSERT_TRUE(Load(bench, "b"));
   EXPECT_TRUE(ReadRecentFiles(bench.workspace).empty());
   bench.study.study_path = R"(\studies\b.pck)";
-  LoadStudy(bench.bench);
+  EXPECT_TRUE(LoadStudy(bench.bench));
   EXPECT_EQ(ReadRecentFiles(bench.workspace), std::vector<std::string>{"/studies/b.PCK"});
 }
 

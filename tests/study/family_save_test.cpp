@@ -155,16 +155,21 @@ class DiskStudy {
     return WriteStudy(bench_);
   }
 
-  [[nodiscard]] std::string LastBox() const { return prompter_.boxes().back().lines.back(); }
+  // Why the last load failed.
+  [[nodiscard]] const std::string& refusal() const { return refusal_; }
 
   // The title that a load finds in every file of the family, "torn" when they differ.
   std::string LoadedTitle() {
     study_ = {};
     study_.system_kind = SystemKind::kClosed;
     study_.study_path = path_;
-    LoadStudy(bench_, RecentList::kLeave);
-    if (study_.CalcStatus != 0 || study_.PipeStats.size() != 2) {
+    const Result<bool> loaded = LoadStudy(bench_, RecentList::kLeave);
+    if (!loaded) {
+      refusal_ = loaded.error().Line();
       return "not loaded";
+    }
+    if (study_.PipeStats.size() != 2) {
+      return "without quantities";
     }
     const auto winter = workspace_.Rows(work_file::kWinter).ReadAll();
     bool whole = winter && winter->size() == 3 && study_.fluid_name == study_.study_title;
@@ -182,6 +187,7 @@ class DiskStudy {
   Study study_;
   ScriptedPrompter prompter_;
   Workbench bench_;
+  std::string refusal_;
 };
 
 template <typename Act>
@@ -340,7 +346,7 @@ TEST(UnfinishedSave, IsReadWholeWhereItCannotBeFinished) {
   put("b.PCK.new~", "torn");
   DiskStudy study(place, only_read);
   EXPECT_EQ(study.LoadedTitle(), "not loaded");
-  EXPECT_NE(study.LastBox().find("b.saving~"), std::string::npos);
+  EXPECT_NE(study.refusal().find("b.saving~"), std::string::npos);
   EXPECT_FALSE(study.Save("Νεότερη").ok());
 }
 

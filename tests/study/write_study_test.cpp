@@ -169,8 +169,7 @@ TEST(WriteStudy, RefusesAPathWithoutAName) {
     EXPECT_EQ(WriteStudy(bench.bench).error().reason, "Λείπει το όνομα του Αρχείου της Μελέτης");
     bench.study = {};
     bench.study.study_path = path;
-    LoadStudy(bench.bench);
-    EXPECT_EQ(bench.study.CalcStatus, -1);
+    EXPECT_FALSE(LoadStudy(bench.bench));
     EXPECT_FALSE(bench.workspace.Exists(work_file::kRecentFiles));
     EXPECT_TRUE(Studies(bench).empty());
   }

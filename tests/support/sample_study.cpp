@@ -97,11 +97,9 @@ void SaveSample(TestBench& bench, const std::string& name, std::string_view titl
   }
 }
 
-bool Load(TestBench& bench, const std::string& name) {
-  bench.study.CalcStatus = 0;
+Result<bool> Load(TestBench& bench, const std::string& name) {
   bench.study.study_path = kStudies / name;
-  LoadStudy(bench.bench, RecentList::kLeave);
-  return bench.study.CalcStatus == 0;
+  return LoadStudy(bench.bench, RecentList::kLeave);
 }
 
 DiskBench::DiskBench() {

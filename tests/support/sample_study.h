@@ -21,8 +21,8 @@ void PutMain(TestBench& bench, const std::string& name, std::span<const SectionR
 /// Puts the sample study's whole family there, saved as `name`.
 void SaveSample(TestBench& bench, const std::string& name, std::string_view title);
 
-/// Loads a study of that folder; false when it was refused.
-bool Load(TestBench& bench, const std::string& name);
+/// Loads a study of that folder.
+Result<bool> Load(TestBench& bench, const std::string& name);
 
 /// A study on the machine's own disk: libraries and studies in a temporary folder that goes with
 /// the object, work files in memory.
