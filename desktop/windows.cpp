@@ -9,6 +9,8 @@
 #include <QSplitter>
 #include <QUrl>
 #include <algorithm>
+#include <cassert>
+#include <stdexcept>
 
 namespace kalvo {
 namespace {
@@ -142,10 +144,20 @@ void Windows::Front(Open& open) {
   open.binder->Paint();
 }
 
+// A name that no screen has is a slip in the program: nothing opens, and the log says why.
+const Screen* Windows::Known(std::string_view screen) const {
+  const Screen* known = FindScreen(screen);
+  if (known == nullptr) {
+    desk_->bench.NoteFault(std::logic_error("no screen " + std::string(screen)));
+    assert(false);
+  }
+  return known;
+}
+
 void Windows::Show(std::string_view screen) {
   Open* open = Find(screen);
   if (open == nullptr) {
-    const Screen* known = FindScreen(screen);
+    const Screen* known = Known(screen);
     if (known == nullptr) return;
     open = &OpenScreen(*known, false);
   }
@@ -153,7 +165,7 @@ void Windows::Show(std::string_view screen) {
 }
 
 void Windows::ShowModal(std::string_view screen) {
-  const Screen* known = FindScreen(screen);
+  const Screen* known = Known(screen);
   if (known == nullptr || IsOpen(screen)) return;
   const QPointer<QWidget> had_focus = QApplication::focusWidget();
   Open& open = OpenScreen(*known, true);

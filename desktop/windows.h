@@ -65,6 +65,7 @@ class Windows : public QObject, public Navigator {
   };
 
   Open* Find(std::string_view screen) const;
+  const Screen* Known(std::string_view screen) const;
   Open& OpenScreen(const Screen& screen, bool modal);
   void Front(Open& open);
   void Remember(const QWidget& window);

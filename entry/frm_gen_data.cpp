@@ -79,6 +79,7 @@ void FrmGenData::EnterInto(Control& part) {
 }
 
 void FrmGenData::Load() {
+  edit_mode_ = bench.workspace.HasBytes(work_file::kRows);
   pipes_at_opening_ = bench.study.pipe_system_number;
   material_at_opening_ = bench.study.pipe_material;
   ShowFluid();
@@ -212,7 +213,7 @@ bool FrmGenData::Complete() {
   if (!ChkChiller.on) return true;
   if (!IsSectionNumber(Text8.Number(desk.separators))) return Missing(message::kNoPlant, Text8);
   // A number that was there before may wait for rows that are still to come.
-  const bool is_new = desk.screens.edit_mode && Text8.edited();
+  const bool is_new = edit_mode_ && Text8.edited();
   return !is_new || PlantSection() <= bench.study.SectionCount ||
          Missing(message::kNoSuchSection, Text8);
 }
@@ -227,7 +228,7 @@ void FrmGenData::Accept() {
                             ToSingle(Text6.Number(desk.separators)), PlantSection()};
   const Outcome stored = [&] {
     const WaitShown wait(desk.navigator, " ... Παρακαλώ ...  ... Περιμένετε ... ");
-    return StoreGeneralData(bench, data, desk.screens.edit_mode);
+    return StoreGeneralData(bench, data, edit_mode_);
   }();
   if (TellIfFailed(bench, stored)) Close();
 }
@@ -239,19 +240,10 @@ void FrmGenData::PutPipesBack() {
 
 bool FrmGenData::MayClose() {
   PutPipesBack();
-  NoteReturn();
   return true;
 }
 
-void FrmGenData::NoteReturn() {
-  desk.screens.returning_from_data = true;
-  desk.screens.edit_mode = false;
-}
-
-void FrmGenData::Close() {
-  NoteReturn();
-  desk.navigator.Close(screen::kGeneralData);
-}
+void FrmGenData::Close() { desk.navigator.Close(screen::kGeneralData); }
 
 bool FrmGenData::OtherKey(const Key& key) {
   if (focus() != &ChkChiller) return false;

@@ -55,11 +55,11 @@ class FrmGenData : public Form {
   [[nodiscard]] std::int16_t PlantSection() const;
   void Accept();
   void PutPipesBack();
-  void NoteReturn();
   void Close();
 
   std::int16_t pipes_at_opening_ = 0;
   std::string material_at_opening_;
+  bool edit_mode_ = false;  ///< the study has rows
 };
 
 }  // namespace kalvo

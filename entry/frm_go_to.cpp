@@ -25,7 +25,7 @@ void FrmGoTo::Load() {
     TellError(bench, rows.error());
     return;
   }
-  const bool results = desk.screens.goto_serves_results;
+  const bool results = desk.questions.section_of_results;
   const std::size_t places = results ? kPlacesInResults : std::to_string(rows->size()).size();
   std::vector<std::string> lines;
   for (const SectionRow& row : *rows) {

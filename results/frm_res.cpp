@@ -174,8 +174,7 @@ void FrmRes::GoToRow(int number) {
 }
 
 void FrmRes::ChooseRow() {
-  desk.screens.goto_serves_results = true;
-  desk.navigator.ShowModal(screen::kGoTo);
+  ChooseResultRow(desk);
   ShowRow();
 }
 

@@ -39,8 +39,7 @@ void ShowNodeReport(Desk& desk, bool test_single_section) {
   const bool single = test_single_section && bench.study.SingleSection;
   if (!single && bench.workspace.HasBytes(work_file::kRows)) WriteReport(bench);
   if (!bench.workspace.Exists(work_file::kFlowReport)) return;
-  desk.navigator.ShowModal(screen::kViewer);
-  if (desk.screens.viewer.empty()) return;
+  if (ChooseViewer(desk).empty()) return;
   TellIfFailed(bench, desk.viewer.Open(bench.workspace.Path(work_file::kFlowReport)));
 }
 

@@ -48,7 +48,6 @@ bool SettleDiameters(Workbench& bench, const std::function<void()>& show_again) 
 
 // What the results were opened from shows.
 void EndSession(Desk& desk) {
-  desk.screens.returning_from_results = true;
   desk.navigator.Show(desk.screens.WinterPump ? screen::kWinter : screen::kMain);
 }
 

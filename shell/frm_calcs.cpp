@@ -29,7 +29,7 @@ void FrmCalcs::Choose(bool first) {
 void FrmCalcs::Calculate() {
   {
     const WaitShown wait(desk.navigator, " ... Παρακαλώ, Περιμένετε ...");
-    desk.screens.run(SSOption1.on ? Method::kFlowOnly : Method::kFlowAndPressure);
+    desk.questions.run(SSOption1.on ? Method::kFlowOnly : Method::kFlowAndPressure);
   }
   desk.navigator.Close(screen::kMethod);
 }

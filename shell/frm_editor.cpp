@@ -10,13 +10,10 @@ FrmEditor::FrmEditor(Desk& shared_desk)
   title = "Επιλογή Προγράμματος Παρουσίασης";
 }
 
-void FrmEditor::Load() {
-  desk.screens.viewer.clear();
-  Focus(CmdNotePad);
-}
+void FrmEditor::Load() { Focus(CmdNotePad); }
 
 void FrmEditor::Choose(std::string_view viewer) {
-  desk.screens.viewer = viewer;
+  desk.questions.viewer = viewer;
   desk.navigator.Close(screen::kViewer);
 }
 

@@ -59,7 +59,7 @@ FrmFileOS::FrmFileOS(Desk& shared_desk)
   FileList.on_activate = [this] { Confirm(); };
 }
 
-bool FrmFileOS::Saving() const { return desk.screens.file_mode == FileDialogMode::kSave; }
+bool FrmFileOS::Saving() const { return desk.questions.file_mode == FileDialogMode::kSave; }
 
 void FrmFileOS::Load() {
   const Study& study = bench.study;
@@ -218,8 +218,7 @@ void FrmFileOS::ConfirmSave(const fs::path& path) {
 }
 
 void FrmFileOS::Choose(const fs::path& path) {
-  desk.screens.chosen_file = path;
-  desk.screens.returning_from_files = true;
+  desk.questions.file = ChosenFile{path};
   desk.navigator.Close(screen::kFiles);
 }
 

@@ -101,12 +101,11 @@ bool FrmKind::SettleLeftOvers() {
       break;
   }
   const SystemKind chosen = std::exchange(bench.study.system_kind, found.kind);
-  desk.screens.offered = {found.rows, found.title, found.file, found.moment};
-  desk.screens.recover.reset();
-  desk.navigator.ShowModal(screen::kOldStudy);
-  if (!desk.screens.recover.value_or(false)) {
+  const std::optional<bool> recover =
+      AskToRecover(desk, {found.rows, found.title, found.file, found.moment});
+  if (!recover.value_or(false)) {
     bench.study.system_kind = chosen;
-    return desk.screens.recover && DiscardLeftOver(desk);
+    return recover && DiscardLeftOver(desk);
   }
   if (found.kind != chosen) {
     desk.screens.study_waiting = std::exchange(desk.screens.study_argument, {});

@@ -180,13 +180,7 @@ void FrmMain::Activate() {
     RerunAfterChange();
     return;
   }
-  ScreenState& screens = desk.screens;
-  if (screens.returning_from_files && study.study_path == kEscapePath) {
-    study.study_path = study.last_study_path;
-  }
-  screens.returning_from_files = false;
-  screens.returning_from_data = false;
-  screens.returning_from_results = false;
+  if (study.study_path == kEscapePath) study.study_path = study.last_study_path;
   desk.navigator.Hide(screen::kKind);
   OpenGiven();
 }

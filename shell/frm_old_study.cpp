@@ -13,8 +13,7 @@ FrmOldStudy::FrmOldStudy(Desk& shared_desk)
 }
 
 void FrmOldStudy::Load() {
-  desk.screens.recover.reset();
-  const auto& [rows, study_title, file, moment] = desk.screens.offered;
+  const auto& [rows, study_title, file, moment] = desk.questions.offered;
   LblTitle.text = study_title.empty() ? "Χωρίς θέμα-τίτλο" : study_title;
   LblFile.text = file.empty() ? "Δεν έχει σωθεί σε αρχείο" : file.string();
   LblMoment.text = moment;
@@ -24,7 +23,7 @@ void FrmOldStudy::Load() {
 }
 
 void FrmOldStudy::Answer(bool recover) {
-  desk.screens.recover = recover;
+  desk.questions.recover = recover;
   desk.navigator.Close(screen::kOldStudy);
 }
 

@@ -29,7 +29,6 @@ FrmOpenSave::FrmOpenSave(Desk& shared_desk)
 }
 
 void FrmOpenSave::Load() {
-  desk.screens.chosen_file.clear();
   LblPattern.text = "*" + std::string(ExtensionsOf(bench.study.system_kind).main);
   folders_.ShowAt(desk.data_folder);
   ListFolder();
@@ -112,7 +111,7 @@ void FrmOpenSave::Choose() {
         {" !!... ΠΡΟΣΟΧΗ ...!! ", {"... Επιλέξτε πρώτα μία Μελέτη ..."}, box_style::kExclamation});
     return;
   }
-  desk.screens.chosen_file = study->path();
+  desk.questions.file = ChosenFile{study->path()};
   desk.navigator.Close(screen::kStudies);
 }
 

@@ -35,7 +35,6 @@ FrmRecFiles_S::FrmRecFiles_S(Desk& shared_desk)
 }
 
 void FrmRecFiles_S::Load() {
-  desk.screens.chosen_file.clear();
   LblEmpty.text = "Δεν υπάρχουν πρόσφατα αρχεία *" +
                   std::string(ExtensionsOf(bench.study.system_kind).main) +
                   ". Ανακαλέστε μία μελέτη από τον φάκελό της.";
@@ -88,8 +87,7 @@ void FrmRecFiles_S::Recall() {
     ListLines();  // a save that was made stands on top now
     return;
   }
-  desk.screens.chosen_file = path;
-  desk.screens.chosen_recent = true;
+  desk.questions.file = ChosenFile{path, true};
   desk.navigator.Close(screen::kRecent);
 }
 

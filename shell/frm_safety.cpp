@@ -17,7 +17,6 @@ FrmSafety::FrmSafety(Desk& shared_desk)
 
 void FrmSafety::Load() {
   const SystemKind kind = bench.study.SystemOpen() ? SystemKind::kOpen : SystemKind::kClosed;
-  desk.screens.chosen_file.clear();
   copies_ = ListSafetyCopies(desk, kind);
   LblEmpty.text = "Δεν υπάρχουν αντίγραφα ασφαλείας *" + std::string(ExtensionsOf(kind).main) +
                   ". Το πρόγραμμα κρατά αντίγραφο όταν μία Μελέτη που δεν έχει σωθεί δίνει την "
@@ -57,7 +56,7 @@ void FrmSafety::Recall() {
     return;
   }
   if (!AskBeforeOpening(desk)) return;
-  desk.screens.chosen_file = copy->file;
+  desk.questions.file = ChosenFile{copy->file};
   desk.navigator.Close(screen::kSafetyCopies);
 }
 

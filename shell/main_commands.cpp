@@ -78,7 +78,6 @@ void FrmMain::OpenGeneralData() {
     bench.Show(1);
     return;
   }
-  desk.screens.edit_mode = HasRows();
   desk.navigator.ShowModal(screen::kGeneralData);
 }
 
@@ -90,9 +89,7 @@ void FrmMain::Calculate(bool choose_method) {
       run(Method::kFlowOnly);
       return;
     }
-    desk.screens.run = run;
-    desk.navigator.ShowModal(screen::kMethod);
-    desk.screens.run = nullptr;
+    RunByChosenMethod(desk, run);
   };
   const CommandEnd end = [&] {
     const WaitShown wait(desk.navigator);

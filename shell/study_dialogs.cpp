@@ -22,19 +22,15 @@ namespace {
 
 bool HasRows(const Workbench& bench) { return bench.workspace.HasBytes(work_file::kRows); }
 
-// The file dialog in save mode. Empty: "Escape".
-std::filesystem::path ChooseTarget(Desk& desk) {
+// The file to save to; nothing: "Escape".
+std::optional<ChosenFile> ChooseTarget(Desk& desk) {
   Study& study = desk.bench.study;
   if (study.study_path == kEscapePath) {
     study.study_path = study.last_study_path;
   } else {
     study.last_study_path = study.study_path;
   }
-  desk.screens.file_mode = FileDialogMode::kSave;
-  desk.screens.chosen_file.clear();
-  desk.navigator.ShowModal(screen::kFiles);
-  desk.screens.file_mode = FileDialogMode::kOpen;
-  return std::exchange(desk.screens.chosen_file, {});
+  return ChooseFile(desk, screen::kFiles, FileDialogMode::kSave);
 }
 
 bool WriteTo(Desk& desk, const std::filesystem::path& target) {
@@ -108,13 +104,13 @@ bool SaveStudy(Desk& desk) {
   Study& study = bench.study;
   if (NothingToSave(bench)) return false;
   const bool unsaved = std::exchange(study.unsaved_changes, true);
-  const std::filesystem::path target = ChooseTarget(desk);
+  const std::optional<ChosenFile> target = ChooseTarget(desk);
   study.unsaved_changes = unsaved;
-  if (target.empty()) {
+  if (!target) {
     study.study_path = study.last_study_path;
     return false;
   }
-  return WriteTo(desk, target);
+  return WriteTo(desk, target->path);
 }
 
 bool SaveToOwnFile(Desk& desk) {
@@ -164,16 +160,12 @@ void AskToOpen(Desk& desk) {
 }
 
 void OpenFromDialog(Desk& desk, std::string_view dialog) {
-  desk.screens.file_mode = FileDialogMode::kOpen;
-  desk.screens.chosen_file.clear();
-  desk.screens.chosen_recent = false;
-  desk.navigator.ShowModal(dialog);
-  const std::filesystem::path chosen = std::exchange(desk.screens.chosen_file, {});
-  if (chosen.empty()) return;
-  const bool recent = std::exchange(desk.screens.chosen_recent, false);
-  const bool opened = OpenChosen(desk, chosen, recent ? RecentList::kLeave : RecentList::kAdd);
+  const std::optional<ChosenFile> chosen = ChooseFile(desk, dialog, FileDialogMode::kOpen);
+  if (!chosen) return;
+  const auto& [path, recent] = *chosen;
+  const bool opened = OpenChosen(desk, path, recent ? RecentList::kLeave : RecentList::kAdd);
   // To the top.
-  if (opened && recent) static_cast<void>(AddRecentFile(desk.bench.workspace, chosen));
+  if (opened && recent) static_cast<void>(AddRecentFile(desk.bench.workspace, path));
 }
 
 bool OpenChosen(Desk& desk, const std::filesystem::path& path, RecentList recent) {

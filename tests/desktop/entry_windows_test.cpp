@@ -60,7 +60,6 @@ TEST(GeneralDataWindow, OpensTheFieldOfThePlantWithItsOption) {
   EXPECT_TRUE(plant.hasFocus());
   QTest::keyClick(&plant, Qt::Key_Escape);
   EXPECT_EQ(desk.windows.WindowOf(screen::kGeneralData), nullptr);
-  EXPECT_TRUE(desk.shown.screens.returning_from_data);
 }
 
 TEST(GoToWindow, GoesToTheSectionTyped) {

@@ -159,8 +159,8 @@ void Surround(CalculatedDesk& desk) {
   ASSERT_TRUE(KeepSafetyCopyAnyway(desk.desk));
   desk.desk.data_folder = Samples();
   desk.desk.version = "Έκδοση 0.1.0";
-  desk.desk.screens.offered = {desk.study.study.SectionCount, "Ξενοδοχείο", "/studies/hotel.PCK",
-                               "25/11/2026, 10:30:00"};
+  desk.desk.questions.offered = {desk.study.study.SectionCount, "Ξενοδοχείο", "/studies/hotel.PCK",
+                                 "25/11/2026, 10:30:00"};
   PutForeignFluid(desk.study.bench);
   for (const char* name : {"single.PCK", "fancoil.PCK", "hotel.PCK"}) {
     ASSERT_TRUE(AddRecentFile(workspace, Samples() / name).ok());

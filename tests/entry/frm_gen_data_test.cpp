@@ -23,7 +23,6 @@ struct GeneralDataForm : TestDesk, ::testing::Test {
     }
   }
   void Open() {
-    desk.screens.edit_mode = test.workspace.HasBytes(work_file::kRows);
     form.Load();
     form.Derive();
   }
@@ -95,8 +94,6 @@ TEST_F(GeneralDataForm, AcceptedUntouchedItChangesNothing) {
   EXPECT_EQ(test.Bytes(), rows);
   ExpectUntouched();
   EXPECT_EQ(navigator.log.back(), "close FrmGenData");
-  EXPECT_TRUE(desk.screens.returning_from_data);
-  EXPECT_FALSE(desk.screens.edit_mode);
 }
 
 TEST_F(GeneralDataForm, CarriesAChangeIntoEveryRow) {
@@ -138,8 +135,6 @@ TEST_F(GeneralDataForm, LeavingStoresNothing) {
     EXPECT_EQ(test.study.pipe_material, "STEEL");
     EXPECT_EQ(test.study.MeanVel, 0.75F);
     ExpectUntouched();
-    EXPECT_TRUE(desk.screens.returning_from_data);
-    EXPECT_FALSE(desk.screens.edit_mode);
   }
 }
 
@@ -192,15 +187,14 @@ TEST_F(GeneralDataForm, RefusesAPlantPastTheLastSectionUnlessItWasThereBefore) {
 
   test.study.plant_section = 9;
   FrmGenData standing(desk);
-  desk.screens.edit_mode = true;
   standing.Load();
   TypeInto(standing, standing.Text4, "30");
   Click(standing, standing.Cmd_Back);
   EXPECT_EQ(test.study.plant_section, 9);
 
   test.study.plant_section = 0;
+  test.workspace.Delete(work_file::kRows);
   FrmGenData without_rows(desk);
-  desk.screens.edit_mode = false;
   without_rows.Load();
   without_rows.ChkChiller.Set(true);
   TypeInto(without_rows, without_rows.Text8, "12");

@@ -30,7 +30,7 @@ TEST_F(GoToForm, AlignsTheNumbersForItsCaller) {
   EXPECT_EQ(form.LstSections.lines().front(), "  1. -> ANT/1");
   EXPECT_EQ(form.LstSections.lines().back(), "120. -> 119/120");
   EXPECT_EQ(form.focus(), &form.LstSections);
-  desk.screens.goto_serves_results = true;
+  desk.questions.section_of_results = true;
   form.Load();
   EXPECT_EQ(form.LstSections.lines()[9], "  10. -> 9/10");
 }
@@ -65,12 +65,12 @@ TEST_F(GoToForm, SelectsByTheNumberTyped) {
 
 TEST_F(GoToForm, EscapeLeavesAllAsItWas) {
   PutSections(3);
-  desk.screens.goto_serves_results = true;
+  desk.questions.section_of_results = true;
   form.Load();
   form.LstSections.Select(2);
   form.Press(Plain(KeyCode::kEscape));
   EXPECT_EQ(test.study.CurrentRow, 1);
-  EXPECT_TRUE(desk.screens.goto_serves_results);
+  EXPECT_TRUE(desk.questions.section_of_results);
   EXPECT_EQ(navigator.log.back(), "close FrmGoTo");
 }
 

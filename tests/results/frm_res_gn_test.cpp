@@ -87,7 +87,7 @@ TEST_F(PumpSummary, AsTheLastWindowOfResultsEndsTheirSession) {
 TEST_F(PumpSummary, ChecksTheNodesOfALoneSectionToo) {
   Calculate({"ANT/ANT 5m soma 300l/h 500mm"});
   Open();
-  navigator.Expect(screen::kViewer, [this] { desk.screens.viewer = "WordPad"; });
+  navigator.Expect(screen::kViewer, [this] { desk.questions.viewer = "WordPad"; });
   Click(form, form.Cmd_Nodes);
   EXPECT_EQ(viewer.files.size(), 1U);
 }

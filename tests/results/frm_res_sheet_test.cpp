@@ -217,11 +217,11 @@ TEST_F(ResultsSheet, TellsOfRowsThatCannotBeRead) {
 }
 
 TEST_F(ResultsSheet, ShowsTheNodeReportWithTheViewerThatIsPicked) {
-  navigator.Expect(screen::kViewer, [this] { desk.screens.viewer = "NotePad"; });
+  navigator.Expect(screen::kViewer, [this] { desk.questions.viewer = "NotePad"; });
   Click(form, form.Cmd_Nodes);
   ASSERT_EQ(viewer.files.size(), 1U);
   EXPECT_EQ(viewer.files[0].filename(), work_file::kFlowReport);
-  navigator.Expect(screen::kViewer, [this] { desk.screens.viewer.clear(); });
+  navigator.Expect(screen::kViewer, [this] { desk.questions.viewer.clear(); });
   Click(form, form.Cmd_Nodes);
   EXPECT_EQ(viewer.files.size(), 1U);
 }

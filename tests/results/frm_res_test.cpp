@@ -64,7 +64,7 @@ TEST_F(OneResult, ReadsNothingAnewWhereItStandsAlready) {
 
 TEST_F(OneResult, GoesToASectionOfTheList) {
   navigator.Expect(screen::kGoTo, [this] {
-    EXPECT_TRUE(desk.screens.goto_serves_results);
+    EXPECT_TRUE(desk.questions.section_of_results);
     test.study.CurrentRow = 4;
   });
   EXPECT_TRUE(form.Press(Plain(KeyCode::kF5)));

@@ -8,17 +8,17 @@ namespace {
 // The offer of a study of five rows, answered by one key.
 std::optional<bool> AnswerBy(const Key& key) {
   TestDesk desk;
-  desk.desk.screens.offered.rows = 5;
+  desk.desk.questions.offered.rows = 5;
   FrmOldStudy form(desk.desk);
   form.Load();
   EXPECT_TRUE(form.Press(key));
   EXPECT_EQ(desk.navigator.log, std::vector<std::string>{"close FrmOldStudy"});
-  return desk.desk.screens.recover;
+  return desk.desk.questions.recover;
 }
 
 TEST(FrmOldStudy, TellsWhatWasFound) {
   TestDesk desk(SystemKind::kOpen);
-  desk.desk.screens.offered = {1, "Σχολείο", "/studies/school.PCA", "25/11/2026, 10:30:00"};
+  desk.desk.questions.offered = {1, "Σχολείο", "/studies/school.PCA", "25/11/2026, 10:30:00"};
   FrmOldStudy form(desk.desk);
   form.Load();
   EXPECT_EQ(form.LblKind.text, "ΑΝΟΙΚΤΟ ΣΥΣΤΗΜΑ ΣΩΛΗΝΩΝ");
@@ -37,11 +37,9 @@ TEST(FrmOldStudy, OnlyAnAnswerIsAnAnswer) {
 
 TEST(FrmOldStudy, ForgetsTheAnswerOfAnEarlierOffer) {
   TestDesk desk;
-  desk.desk.screens.recover = false;
-  FrmOldStudy form(desk.desk);
-  form.Load();
-  EXPECT_TRUE(form.MayClose());
-  EXPECT_EQ(desk.desk.screens.recover, std::nullopt);
+  desk.desk.questions.recover = false;
+  desk.navigator.Expect(screen::kOldStudy, [] {});
+  EXPECT_EQ(AskToRecover(desk.desk, {1, "Σχολείο", {}, {}}), std::nullopt);
 }
 
 }  // namespace

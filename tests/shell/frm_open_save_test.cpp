@@ -24,8 +24,8 @@ class OpenSave : public testing::Test {
   void MakeFolder(const std::filesystem::path& folder) {
     ASSERT_TRUE(desk.test.outer_disk.MakeFolder(folder).ok());
   }
-  [[nodiscard]] const std::filesystem::path& chosen() const {
-    return desk.desk.screens.chosen_file;
+  [[nodiscard]] std::filesystem::path chosen() const {
+    return desk.desk.questions.file.value_or(ChosenFile{}).path;
   }
 
   TestDesk desk;
@@ -33,9 +33,7 @@ class OpenSave : public testing::Test {
 };
 
 TEST_F(OpenSave, ListsTheDataFolderAndChoosesALine) {
-  desk.desk.screens.chosen_file = "/old.PCK";
   form.Load();
-  EXPECT_TRUE(chosen().empty());
   EXPECT_EQ(Joined(form.LstStudies.lines()), "(001.) Πισίνα άλσους|(002.) Ωδείο, ψύξη");
   EXPECT_EQ(Joined(form.FileList.lines()), "alsos.PCK|odeio.PCK");
   EXPECT_EQ(form.LblCount.text, "2");
@@ -112,7 +110,8 @@ TEST_F(OpenSave, AFolderThatIsGoneIsTold) {
 
 TEST_F(OpenSave, TheClassicDialogTakesItsPlace) {
   form.Load();
-  desk.navigator.Expect(screen::kFiles, [this] { desk.desk.screens.chosen_file = "/c.PCK"; });
+  desk.navigator.Expect(screen::kFiles,
+                        [this] { desk.desk.questions.file = ChosenFile{"/c.PCK"}; });
   Click(form, form.CmdClassic);
   EXPECT_EQ(desk.navigator.log, (std::vector<std::string>{"close FrmOpenSave", "modal FrmFileOS"}));
   EXPECT_EQ(chosen(), "/c.PCK");

@@ -31,8 +31,8 @@ class RecentFiles : public testing::Test {
     return Joined(texts);
   }
   [[nodiscard]] const Box& LastBox() const { return desk.test.prompter.boxes().back(); }
-  [[nodiscard]] const std::filesystem::path& chosen() const {
-    return desk.desk.screens.chosen_file;
+  [[nodiscard]] std::filesystem::path chosen() const {
+    return desk.desk.questions.file.value_or(ChosenFile{}).path;
   }
 
   TestDesk desk;
@@ -85,7 +85,7 @@ TEST_F(RecentFiles, TheRowPickedCountsHoweverTheTableIsSorted) {
   form.fpSpread1.MoveTo({2, 0});
   form.fpSpread1.on_activate();
   EXPECT_EQ(chosen(), "/studies/odeio.PCK");
-  EXPECT_TRUE(desk.desk.screens.chosen_recent);
+  EXPECT_TRUE(desk.desk.questions.file.value().recent);
 }
 
 TEST_F(RecentFiles, AFileThatIsGoneOrOfAnotherSystemLeadsNowhere) {
@@ -127,7 +127,7 @@ TEST_F(RecentFiles, ASaveMadeOnTheWayStandsInTheListWhenTheRecallIsStopped) {
   desk.test.study.unsaved_changes = true;
   desk.test.prompter.Expect(130, Answer::kYes);
   desk.navigator.Expect(screen::kFiles,
-                        [this] { desk.desk.screens.chosen_file = "/studies/new.PCK"; });
+                        [this] { desk.desk.questions.file = ChosenFile{"/studies/new.PCK"}; });
   desk.test.prompter.Expect(135, Answer::kNo);
   Click(form, form.CmdRecall);
   EXPECT_TRUE(chosen().empty());

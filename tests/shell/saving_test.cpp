@@ -83,7 +83,8 @@ TEST_F(Saving, ToItsOwnFileAsksNothingWhereNothingIsInTheWay) {
   EXPECT_TRUE(SaveToOwnFile(desk)) << "what it has saved itself is no change by another";
   EXPECT_TRUE(test.prompter.boxes().empty());
   test.study.study_path.clear();
-  navigator.Expect(screen::kFiles, [this] { desk.screens.chosen_file = kStudies / "new.PCK"; });
+  navigator.Expect(screen::kFiles,
+                   [this] { desk.questions.file = ChosenFile{kStudies / "new.PCK"}; });
   EXPECT_TRUE(SaveToOwnFile(desk));
   EXPECT_TRUE(Studies().contains("new.PCK"));
 }
@@ -141,14 +142,14 @@ TEST_F(Saving, AStudyWhoseFirstSaveWasBrokenOffIsSeenByEveryRoadToIt) {
   broken_off();
   TypeInto(classic, classic.TxtFileName, "HALF");
   Click(classic, classic.CmdOK);
-  EXPECT_EQ(std::exchange(desk.screens.chosen_file, {}), kStudies / "half.PCK");
+  EXPECT_EQ(std::exchange(desk.questions.file, {}).value().path, kStudies / "half.PCK");
 
   broken_off();
   ASSERT_TRUE(AddRecentFile(test.workspace, kStudies / "half.PCK").ok());
   FrmRecFiles_S recent(desk);
   recent.Load();
   Click(recent, recent.CmdRecall);
-  EXPECT_EQ(std::exchange(desk.screens.chosen_file, {}), kStudies / "half.PCK");
+  EXPECT_EQ(std::exchange(desk.questions.file, {}).value().path, kStudies / "half.PCK");
 
   broken_off();
   FrmMain menu(desk);
@@ -187,7 +188,7 @@ TEST_F(Saving, TheDialogProposesANameFromTheTitleAndMakesAFolder) {
   EXPECT_EQ(ProposedName("Κτίριο Α.1"), "Κτίριο Α.1");
 
   test.study.study_title = "Σχολείο";
-  desk.screens.file_mode = FileDialogMode::kSave;
+  desk.questions.file_mode = FileDialogMode::kSave;
   FrmFileOS form(desk);
   form.Load();
   EXPECT_EQ(form.TxtFileName.text, "Σχολείο.PCK");
@@ -210,7 +211,7 @@ TEST_F(Saving, TheDialogProposesANameFromTheTitleAndMakesAFolder) {
   EXPECT_EQ(form.LblFolder.text, kStudies / "2026");
   EXPECT_FALSE(form.TxtNewFolder.visible);
   Click(form, form.CmdOK);
-  EXPECT_EQ(desk.screens.chosen_file, kStudies / "2026" / "Σχολείο.PCK");
+  EXPECT_EQ(desk.questions.file.value().path, kStudies / "2026" / "Σχολείο.PCK");
 }
 
 }  // namespace

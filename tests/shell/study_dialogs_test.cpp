@@ -27,7 +27,7 @@ struct StudyDialogs : TestDesk, ::testing::Test {
     ASSERT_TRUE(test.outer_disk.Write(kStudies / name, *bytes).ok());
   }
   void ChooseIn(std::string_view dialog, const fs::path& path) {
-    navigator.Expect(dialog, [this, path] { desk.screens.chosen_file = path; });
+    navigator.Expect(dialog, [this, path] { desk.questions.file = ChosenFile{path}; });
   }
   void OpenSample() {
     PutSampleStudy(test.bench, "Παλιά");
@@ -103,7 +103,8 @@ TEST_F(StudyDialogs, AFailedSaveKeepsPathAndFlag) {
                       test.clock);
   Workbench bench(test.study, workspace, test.pipes, test.prompter);
   Desk on_full_disk{bench, navigator, sound, viewer, desk.separators};
-  navigator.Expect(screen::kFiles, [&] { on_full_disk.screens.chosen_file = kStudies / "n.PCK"; });
+  navigator.Expect(screen::kFiles,
+                   [&] { on_full_disk.questions.file = ChosenFile{kStudies / "n.PCK"}; });
   EXPECT_FALSE(SaveStudy(on_full_disk));
   EXPECT_FALSE(test.outer_disk.Exists(kStudies / "n.PCK"));
   EXPECT_TRUE(test.study.unsaved_changes);
@@ -134,13 +135,13 @@ TEST_F(FileDialog, ListsFoldersAndStudiesOfTheKindAndRefilters) {
   TypeInto(form, form.TxtFileName, "HOT*");
   form.Press(Plain(KeyCode::kEnter));
   EXPECT_EQ(Joined(form.FileList.lines()), "hotel.PCK");
-  EXPECT_TRUE(desk.screens.chosen_file.empty());
+  EXPECT_FALSE(desk.questions.file);
   form.DirList.Activate(1);
   EXPECT_TRUE(form.LblEmpty.visible);
   Click(form, form.CmdPrePath);
   EXPECT_EQ(form.LblFolder.text, "/studies");
   form.FileList.Activate(0);
-  EXPECT_EQ(desk.screens.chosen_file, kStudies / "hotel.PCK");
+  EXPECT_EQ(desk.questions.file.value().path, kStudies / "hotel.PCK");
 }
 
 TEST_F(FileDialog, AddsTheExtensionAndChecksThatTheFileIsThere) {
@@ -149,22 +150,22 @@ TEST_F(FileDialog, AddsTheExtensionAndChecksThatTheFileIsThere) {
   TypeInto(form, form.TxtFileName, "nowhere");
   Click(form, form.CmdOK);
   EXPECT_EQ(test.prompter.boxes().size(), 1U);
-  EXPECT_TRUE(desk.screens.chosen_file.empty());
+  EXPECT_FALSE(desk.questions.file);
   TypeInto(form, form.TxtFileName, "house");
   Click(form, form.CmdOK);
-  EXPECT_EQ(desk.screens.chosen_file, kStudies / "house.PCK");
+  EXPECT_EQ(desk.questions.file.value().path, kStudies / "house.PCK");
   Put("Κτίριο Α.1.PCK", "Με τελεία");
   TypeInto(form, form.TxtFileName, "Κτίριο Α.1");
   Click(form, form.CmdOK);
-  EXPECT_EQ(desk.screens.chosen_file, kStudies / "Κτίριο Α.1.PCK");
+  EXPECT_EQ(desk.questions.file.value().path, kStudies / "Κτίριο Α.1.PCK");
   Put("水.PCK", "Ξένο όνομα");
   TypeInto(form, form.TxtFileName, "水");
   Click(form, form.CmdOK);
-  EXPECT_EQ(desk.screens.chosen_file, kStudies / "水.PCK");
+  EXPECT_EQ(desk.questions.file.value().path, kStudies / "水.PCK");
 }
 
 TEST_F(FileDialog, GoesToAFolderThatIsNamedAndSavesIntoNoneThatIsMissing) {
-  desk.screens.file_mode = FileDialogMode::kSave;
+  desk.questions.file_mode = FileDialogMode::kSave;
   FrmFileOS form(desk);
   form.Load();
   TypeInto(form, form.TxtFileName, "2026/");
@@ -178,25 +179,25 @@ TEST_F(FileDialog, GoesToAFolderThatIsNamedAndSavesIntoNoneThatIsMissing) {
     Click(form, form.CmdOK);
     EXPECT_NE(test.prompter.boxes().back().lines[0].find("/studies/gone"), std::string::npos);
   }
-  EXPECT_TRUE(desk.screens.chosen_file.empty());
+  EXPECT_FALSE(desk.questions.file);
 }
 
 TEST_F(FileDialog, AsksBeforeItReplacesAndMoreSoWhenAnotherHasReplacedTheStudy) {
   ASSERT_TRUE(OpenChosen(desk, kStudies / "hotel.PCK", RecentList::kLeave));
-  desk.screens.file_mode = FileDialogMode::kSave;
+  desk.questions.file_mode = FileDialogMode::kSave;
   FrmFileOS form(desk);
   form.Load();
   EXPECT_EQ(form.TxtFileName.text, "hotel.PCK");
   test.prompter.Expect("  ! !   ΠΡΟΣΟΧΗ   ! ! ", Answer::kNo);
   Click(form, form.CmdOK);
   EXPECT_EQ(test.prompter.boxes().back().lines[0], "!! Το Αρχείο αυτό, υπάρχει ήδη !!");
-  EXPECT_TRUE(desk.screens.chosen_file.empty());
+  EXPECT_FALSE(desk.questions.file);
 
   Put("hotel.PCK", "Κάποιου άλλου");
   test.prompter.Expect("  ! !   ΠΡΟΣΟΧΗ   ! ! ", Answer::kYes);
   Click(form, form.CmdOK);
   EXPECT_NE(test.prompter.boxes().back().lines[0].find("άλλαξε στον δίσκο"), std::string::npos);
-  EXPECT_EQ(desk.screens.chosen_file, kStudies / "hotel.PCK");
+  EXPECT_EQ(desk.questions.file.value().path, kStudies / "hotel.PCK");
 }
 
 }  // namespace

@@ -1,0 +1,43 @@
+#include "form/questions.h"
+
+#include <utility>
+
+#include "form/desk.h"
+
+namespace kalvo {
+
+std::optional<ChosenFile> ChooseFile(Desk& desk, std::string_view dialog, FileDialogMode mode) {
+  Questions& asked = desk.questions;
+  asked.file_mode = mode;
+  asked.file.reset();
+  desk.navigator.ShowModal(dialog);
+  asked.file_mode = FileDialogMode::kOpen;
+  return std::exchange(asked.file, std::nullopt);
+}
+
+void RunByChosenMethod(Desk& desk, const std::function<void(Method)>& run) {
+  desk.questions.run = run;
+  desk.navigator.ShowModal(screen::kMethod);
+  desk.questions.run = nullptr;
+}
+
+std::optional<bool> AskToRecover(Desk& desk, OfferedStudy offered) {
+  desk.questions.offered = std::move(offered);
+  desk.questions.recover.reset();
+  desk.navigator.ShowModal(screen::kOldStudy);
+  return std::exchange(desk.questions.recover, std::nullopt);
+}
+
+std::string ChooseViewer(Desk& desk) {
+  desk.questions.viewer.clear();
+  desk.navigator.ShowModal(screen::kViewer);
+  return std::exchange(desk.questions.viewer, {});
+}
+
+void ChooseResultRow(Desk& desk) {
+  desk.questions.section_of_results = true;
+  desk.navigator.ShowModal(screen::kGoTo);
+  desk.questions.section_of_results = false;
+}
+
+}  // namespace kalvo

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "engine/driver.h"
+
+namespace kalvo {
+
+struct Desk;
+
+/// What a modal screen is asked and what came of it. A form reads its own question and puts the
+/// answer in; everybody else calls the functions below, which show the screen and give the answer.
+
+/// What a file dialog is opened for.
+enum class FileDialogMode { kOpen, kSave };
+
+struct ChosenFile {
+  std::filesystem::path path;
+  bool recent = false;  ///< from the recent files
+};
+
+/// A study that an earlier run left: rows, title, its own file if it has one, last change.
+struct OfferedStudy {
+  int rows = 0;
+  std::string title;
+  std::filesystem::path file;
+  std::string moment;
+};
+
+struct Questions {
+  FileDialogMode file_mode = FileDialogMode::kOpen;
+  std::optional<ChosenFile> file;
+  std::function<void(Method)> run;  ///< what `FrmCalcs` calls with the method chosen
+  OfferedStudy offered;             ///< what `FrmOldStudy` offers back
+  std::optional<bool> recover;
+  std::string viewer;               ///< `FrmEditor`: "NotePad", "WordPad" or nothing
+  bool section_of_results = false;  ///< `FrmGoTo` serves a view of results
+};
+
+/// The file chosen in one of the dialogs for files; nothing: "Escape".
+std::optional<ChosenFile> ChooseFile(Desk& desk, std::string_view dialog, FileDialogMode mode);
+
+/// Has the method chosen in `FrmCalcs`, which makes the run by it before it closes; no run when it
+/// is closed without a choice.
+void RunByChosenMethod(Desk& desk, const std::function<void(Method)>& run);
+
+/// Whether the study in work that an earlier run left shall be brought back; nothing when the
+/// window was closed.
+std::optional<bool> AskToRecover(Desk& desk, OfferedStudy offered);
+
+/// The program that shall show a text; empty when none was chosen.
+std::string ChooseViewer(Desk& desk);
+
+/// Moves `CurrentRow` to a section chosen from the list of all.
+void ChooseResultRow(Desk& desk);
+
+}  // namespace kalvo
