@@ -4,6 +4,7 @@
 #include "cli/text_table.h"
 #include "engine/calculation_command.h"
 #include "engine/rerun.h"
+#include "study/message_codes.h"
 
 namespace kalvo {
 
@@ -65,7 +66,7 @@ int CalculateStudy(const Console& console, Session& session, Method method) {
       return exit_code::kRefused;
     case CommandEnd::kFeeders:
       console.err << FindingsText(session);
-      bench.Show(11);
+      bench.Show(message::kNamesToBeChecked);
       return exit_code::kRefused;
     default:
       return exit_code::kRefused;
@@ -76,7 +77,7 @@ int CalculateOnFixedDiameters(const Console& console, Session& session) {
   Workbench bench = session.bench();
   const std::vector<SectionRow> rows = session.Rows();
   if (!HasAllDiameters(rows)) {
-    bench.Show(140);
+    bench.Show(message::kNoResults);
     return exit_code::kRefused;
   }
   switch (Rerun(bench)) {

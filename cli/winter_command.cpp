@@ -14,6 +14,7 @@
 #include "engine/branches.h"
 #include "engine/checks.h"
 #include "engine/trap.h"
+#include "study/message_codes.h"
 
 namespace kalvo {
 
@@ -120,7 +121,7 @@ int WinterCommand::RunOn(const Console& console, Session& session) {
     return RefuseKind(console, session, file());
   }
   if (!session.study().results_valid) {
-    session.bench().Show(403);
+    session.bench().Show(message::kNoSummerResults);
     return exit_code::kRefused;
   }
   session.prompter().agrees = yes_;

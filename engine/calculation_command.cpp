@@ -10,6 +10,7 @@
 #include "engine/outlet_flows.h"
 #include "engine/row_store.h"
 #include "engine/trap.h"
+#include "study/message_codes.h"
 #include "study/tables.h"
 
 namespace kalvo {
@@ -53,13 +54,14 @@ struct Network {
 int GateMessage(const Workbench& bench) {
   const Study& study = bench.study;
   const Workspace& workspace = bench.workspace;
-  if (!workspace.HasBytes(work_file::kFluid)) return 2005;
-  if (study.emitters_unchecked) return 2003;
-  if (study.pipe_system_number < 1) return 406;
-  if (study.EmitterCount == 0) return 407;
-  if (!workspace.Exists(work_file::kRows) && study.CurrentRow != 1) return 139;
-  if (!workspace.Exists(work_file::kEmitters)) return study.SystemOpen() ? 143 : 142;
-  return study.NameErrors && !study.SystemOpen() ? 10 : 0;
+  if (!workspace.HasBytes(work_file::kFluid)) return message::kNoFluid;
+  if (study.emitters_unchecked) return message::kEmittersUnchecked;
+  if (study.pipe_system_number < 1) return message::kNoPipeSystem;
+  if (study.EmitterCount == 0) return message::kNoEmitters;
+  if (!workspace.Exists(work_file::kRows) && study.CurrentRow != 1) return message::kNoData;
+  if (!workspace.Exists(work_file::kEmitters))
+    return study.SystemOpen() ? message::kNoOutletData : message::kNoEmitterData;
+  return study.NameErrors && !study.SystemOpen() ? message::kNamesToBeCorrected : 0;
 }
 
 // A check of the names; the end of the command if it found something or was broken off.
@@ -89,7 +91,7 @@ CommandEnd RefuseOpenNames(Workbench& bench) {
   if (const auto end = Checked(bench, CheckFeederNumbers)) {
     return *end == CommandEnd::kFindings ? CommandEnd::kFeeders : *end;
   }
-  bench.Show(12);
+  bench.Show(message::kOutletsToBeChecked);
   return CommandEnd::kRefused;
 }
 
@@ -121,7 +123,7 @@ std::optional<CommandEnd> CheckOpenNetwork(Workbench& bench) {
 
 // The question about existing results: an end, or nothing when a new run is wanted.
 std::optional<CommandEnd> AskForNewRun(Workbench& bench) {
-  const Answer answer = bench.Show(190);
+  const Answer answer = bench.Show(message::kResultsAreThere);
   if (answer == Answer::kYes) {
     return std::nullopt;
   }

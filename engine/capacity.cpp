@@ -1,6 +1,7 @@
 #include "engine/capacity.h"
 
 #include "engine/row_store.h"
+#include "study/message_codes.h"
 
 namespace kalvo {
 
@@ -21,7 +22,7 @@ bool CheckPipeCapacity(Workbench& bench) {
   if (!(kVelocityReserve * study.MeanVel < velocity)) {
     return true;
   }
-  return bench.Show(-300) != Answer::kNo;
+  return bench.Show(message::kPipesDoNotSuffice) != Answer::kNo;
 }
 
 }  // namespace kalvo

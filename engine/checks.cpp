@@ -4,6 +4,7 @@
 #include "engine/lost_walk.h"
 #include "engine/outlets.h"
 #include "engine/row_store.h"
+#include "study/message_codes.h"
 #include "study/rounding.h"
 
 namespace kalvo {
@@ -79,7 +80,7 @@ void ListLostWalk(Workbench& bench) {
 
 void ShowLostWalk(Workbench& bench) {
   bench.study.CalcStatus = calc_status::kBranchLost;  // the message inserts it
-  bench.Show(2004);
+  bench.Show(message::kWalkLost);
   bench.study.CalcStatus = calc_status::kNothing;
 }
 

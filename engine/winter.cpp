@@ -9,6 +9,7 @@
 #include "engine/row_store.h"
 #include "engine/sizing.h"
 #include "engine/trap.h"
+#include "study/message_codes.h"
 #include "study/rounding.h"
 #include "study/study_proof.h"
 #include "study/tables.h"
@@ -197,11 +198,11 @@ WinterOutcome WinterDuty::CheckAndRun(float temperature, const std::vector<Winte
   }
   const Study& study = bench_.study;
   if (!study.SystemClosed() || !study.results_valid || !HasResults(summer.rows())) {
-    bench_.Show(403);
+    bench_.Show(message::kNoSummerResults);
     return {WinterEnd::kRefused};
   }
   if (!(temperature >= kLeastWinterTemp && temperature <= kMostWinterTemp)) {
-    bench_.Show(405);
+    bench_.Show(message::kWinterTemperature);
     return {WinterEnd::kTemperature};
   }
   if (const auto refused = CheckLines(bench_, lines, SummerValues(bench_))) {

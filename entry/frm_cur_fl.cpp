@@ -5,13 +5,11 @@
 #include "engine/checks.h"
 #include "engine/trap.h"
 #include "form/tell.h"
+#include "study/message_codes.h"
 #include "study/tables.h"
 
 namespace kalvo {
 namespace {
-
-constexpr int kNoRows = 139;
-constexpr int kNamesAreFine = 23;
 
 std::string OrDash(const std::string& text) { return text.empty() ? "—" : text; }
 
@@ -64,7 +62,7 @@ void FrmCurFL::CheckNames() {
     return;
   }
   if (rows->empty()) {
-    bench.Show(kNoRows);
+    bench.Show(message::kNoData);
     return;
   }
   RefreshSectionTable(bench.study, *rows);
@@ -76,7 +74,7 @@ void FrmCurFL::CheckNames() {
   if (bench.study.NameErrors) {
     desk.navigator.ShowModal(screen::kNameErrors);
   } else {
-    bench.Show(kNamesAreFine);
+    bench.Show(message::kNamesAreFine);
   }
 }
 

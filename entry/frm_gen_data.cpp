@@ -6,21 +6,13 @@
 #include "form/tell.h"
 #include "form/wait.h"
 #include "study/fault.h"
+#include "study/message_codes.h"
 
 namespace kalvo {
 namespace {
 
 constexpr std::string_view kToBeCalculated = "ΘΑ ΥΠΟΛ.";
 constexpr std::string_view kCalculatedLater = "ΘΑ ΥΠΟΛΟΓΙΣΘΕΙ ΚΑΤΑ ΤΗ ΦΑΣΗ ΤΩΝ ΥΠΟΛΟΓΙΣΜΩΝ";
-
-namespace message {
-constexpr int kNoTemperature = 3;
-constexpr int kNoVelocity = 4;
-constexpr int kNoPlant = 5;
-constexpr int kTemperatureLimit = 20;
-constexpr int kVelocityLimit = 21;
-constexpr int kNoSuchSection = 400;
-}  // namespace message
 
 constexpr double kHighestTemperature = 100;
 constexpr double kHighestVelocity = 5;  // the message names another; this is the one that acts

@@ -1,13 +1,10 @@
 #include "form/form.h"
 
 #include <algorithm>
+#include "study/message_codes.h"
 
 namespace kalvo {
-namespace {
-
-constexpr int kTooManySeparators = 110;
-
-}  // namespace
+namespace {}  // namespace
 
 Control::Control(Form& form, std::string_view name) : name_(name) {
   form.controls_.push_back(this);
@@ -35,7 +32,7 @@ bool Form::MayLeaveFocus() {
   if (field == nullptr) return true;
   const Field::Leave leave = field->TryLeave(desk.separators);
   if (leave == Field::Leave::kYes) return true;
-  if (leave == Field::Leave::kTooManySeparators) bench.Show(kTooManySeparators);
+  if (leave == Field::Leave::kTooManySeparators) bench.Show(message::kTooManySeparators);
   Focus(*field);
   return false;
 }

@@ -6,6 +6,7 @@
 #include "form/tell.h"
 #include "form/wait.h"
 #include "results/results_session.h"
+#include "study/message_codes.h"
 
 namespace kalvo {
 namespace {
@@ -13,7 +14,7 @@ namespace {
 PromptEnd Recalculate(Desk& desk, const std::vector<SectionRow>& rows) {
   Workbench& bench = desk.bench;
   if (!HasAllDiameters(rows)) {
-    bench.Show(305);
+    bench.Show(message::kNoDiameters);
     return PromptEnd::kNothing;
   }
   if (!TellIfFailed(bench, bench.workspace.Flush(work_file::kRows))) return PromptEnd::kNothing;
@@ -46,11 +47,11 @@ WaitingChange FindWaitingChange(const Workbench& bench, const std::vector<Sectio
 }
 
 PromptEnd AskAboutChange(Desk& desk, const std::vector<SectionRow>& rows) {
-  switch (desk.bench.Show(304)) {
+  switch (desk.bench.Show(message::kChangeWaits)) {
     case Answer::kYes:
       return Recalculate(desk, rows);
     case Answer::kNo:
-      if (desk.bench.Show(306) == Answer::kYes &&
+      if (desk.bench.Show(message::kBringDiametersBack) == Answer::kYes &&
           BringBackRows(desk.bench, work_file::kRowsBeforeChange)) {
         return PromptEnd::kBroughtBack;
       }

@@ -9,6 +9,7 @@
 #include "engine/sizing.h"
 #include "engine/trap.h"
 #include "form/tell.h"
+#include "study/message_codes.h"
 
 namespace kalvo {
 namespace {
@@ -29,7 +30,7 @@ void FollowRows(Workbench& bench, const SectionRow& first) {
 
 // False: the old rows could not be brought back.
 bool SettleDiameters(Workbench& bench, const std::function<void()>& show_again) {
-  if (bench.Show(307) == Answer::kYes) {
+  if (bench.Show(message::kKeepDiameters) == Answer::kYes) {
     if (!TellIfFailed(bench, bench.workspace.Flush(work_file::kRows))) return false;
     bench.workspace.Delete(work_file::kFirstRows);
     show_again();
@@ -90,7 +91,7 @@ void CountAsShown(Workbench& bench) {
 
 void ShowCriticalBranch(Workbench& bench) {
   if (bench.study.SingleSection) bench.study.critical_branch = "1";
-  bench.Show(302);
+  bench.Show(message::kCriticalBranch);
 }
 
 bool BringBackRows(Workbench& bench, std::string_view kept) {

@@ -8,6 +8,7 @@
 #include "shell/message_table.h"
 #include "shell/study_dialogs.h"
 #include "study/date_text.h"
+#include "study/message_codes.h"
 #include "study/recent_files.h"
 #include "study/study_reset.h"
 #include "study/study_title.h"
@@ -19,7 +20,7 @@ bool FrmMain::HasRows() const { return bench.workspace.HasBytes(work_file::kRows
 
 bool FrmMain::NeedsPipes() {
   if (bench.study.pipe_system_number > 0) return true;
-  bench.Show(406);
+  bench.Show(message::kNoPipeSystem);
   return false;
 }
 
@@ -75,7 +76,7 @@ void FrmMain::OpenGeneralData() {
     bench.workspace.Delete(work_file::kRows);
   }
   if (HasRows() && bench.study.study_title.empty()) {
-    bench.Show(1);
+    bench.Show(message::kNoTitle);
     return;
   }
   desk.navigator.ShowModal(screen::kGeneralData);
@@ -106,7 +107,7 @@ void FrmMain::EndCalculation(CommandEnd end) {
       return;
     case CommandEnd::kFeeders:
       ShowFindings();
-      bench.Show(11);
+      bench.Show(message::kNamesToBeChecked);
       return;
     case CommandEnd::kCalculated:
     case CommandEnd::kShowOld:
@@ -140,12 +141,13 @@ void FrmMain::ShowResults() {
   const Study& study = bench.study;
   if (study.recalculation_needed) {
     const bool statistics = bench.workspace.Exists(work_file::kStatistics);
-    bench.Show(statistics && !study.came_by_recovery ? 301 : 305);
+    bench.Show(statistics && !study.came_by_recovery ? message::kDiametersChanged
+                                                     : message::kNoDiameters);
     return;
   }
   if (!NeedsPipes()) return;
   if (!HasRows() || !study.results_valid) {
-    bench.Show(140);
+    bench.Show(message::kNoResults);
     return;
   }
   OpenResults();
@@ -154,7 +156,7 @@ void FrmMain::ShowResults() {
 void FrmMain::ShowResultsFromMenu() {
   if (!SettleTitle()) return;
   if (bench.study.recalculation_needed) {
-    bench.Show(301);
+    bench.Show(message::kDiametersChanged);
     return;
   }
   ShowResults();
@@ -180,7 +182,7 @@ void FrmMain::ShowNodes() {
   if (HasRows()) {
     ShowNodeReport(desk, false);
   } else {
-    bench.Show(139);
+    bench.Show(message::kNoData);
   }
 }
 

@@ -9,6 +9,7 @@
 #include "shell/open_study.h"
 #include "shell/recovery.h"
 #include "shell/safety_copies.h"
+#include "study/message_codes.h"
 #include "study/recent_files.h"
 #include "study/save_checks.h"
 #include "study/settled_disk.h"
@@ -57,7 +58,7 @@ bool WriteTo(Desk& desk, const std::filesystem::path& target) {
 
 bool NothingToSave(Workbench& bench) {
   if (bench.workspace.Exists(work_file::kRows) || bench.study.CurrentRow == 1) return false;
-  bench.Show(139);
+  bench.Show(message::kNoData);
   return true;
 }
 
@@ -82,7 +83,7 @@ bool MayLeaveSaved(Desk& desk) {
     return true;
   }
   desk.screens.asked_to_leave_saved = true;
-  return bench.Show(135) == Answer::kYes;
+  return bench.Show(message::kLeaveSavedStudy) == Answer::kYes;
 }
 
 // A safety copy is in no saved file: it is saved under the study's own name, never over itself.
@@ -132,7 +133,7 @@ bool SaveToOwnFile(Desk& desk) {
 bool AskAboutUnsaved(Desk& desk) {
   Workbench& bench = desk.bench;
   if (!HasUnsavedChanges(bench)) return true;
-  switch (bench.Show(130)) {
+  switch (bench.Show(message::kSaveChanges)) {
     case Answer::kYes:
       return SaveStudy(desk);
     case Answer::kNo:
@@ -147,7 +148,7 @@ bool AskAboutUnsaved(Desk& desk) {
 bool AskBeforeOpening(Desk& desk) {
   Workbench& bench = desk.bench;
   if (HasUnsavedChanges(bench)) {
-    const Answer answer = bench.Show(130);
+    const Answer answer = bench.Show(message::kSaveChanges);
     if (answer == Answer::kCancel) bench.study.unsaved_changes = false;
     if (answer == Answer::kCancel || answer == Answer::kNone) return false;
     if (answer == Answer::kYes && !SaveStudy(desk)) return false;

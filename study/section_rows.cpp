@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "study/fault.h"
+#include "study/message_codes.h"
 #include "study/tables.h"
 
 namespace kalvo {
@@ -11,9 +12,6 @@ namespace kalvo {
 namespace {
 
 using Rows = std::vector<SectionRow>;
-
-constexpr int kNothingToDelete = 121;
-constexpr int kNothingToInsertBefore = 122;
 
 void RenewOwnNumber(SectionRow& row) {
   row.Name = FixedText<7>::FromBytes(PadFront(std::to_string(row.RecordNumber), kNodeWidth) +
@@ -129,7 +127,7 @@ std::int16_t Moved(std::int16_t number, int by) { return ToInt16(number + by); }
 
 Outcome DeleteSectionRow(Workbench& bench) {
   Study& study = bench.study;
-  const Result<Rows> rows = SeveralRows(bench, kNothingToDelete);
+  const Result<Rows> rows = SeveralRows(bench, message::kNothingToDelete);
   if (!rows) {
     return rows.error();
   }
@@ -146,7 +144,7 @@ Outcome DeleteSectionRow(Workbench& bench) {
 
 Outcome InsertSectionRow(Workbench& bench) {
   Study& study = bench.study;
-  const Result<Rows> rows = SeveralRows(bench, kNothingToInsertBefore);
+  const Result<Rows> rows = SeveralRows(bench, message::kNothingToInsertBefore);
   if (!rows) {
     return rows.error();
   }

@@ -2,6 +2,7 @@
 
 #include "study/companions.h"
 #include "study/fluid_library.h"
+#include "study/message_codes.h"
 #include "study/settled_disk.h"
 #include "study/study_origin.h"
 #include "study/study_reset.h"
@@ -34,7 +35,7 @@ Result<std::string> PrepareRows(Workbench& bench) {
     return rows.error();
   }
   if (rows->empty()) {
-    bench.Show(139);
+    bench.Show(message::kNoData);
     return FileError{file.path(), "ΔΕΝ υπάρχουν Δεδομένα"};
   }
   study.pipe_system_number = rows->front().FileNumber;
