@@ -1,10 +1,10 @@
 #include "form/form.h"
 
 #include <algorithm>
+
 #include "study/message_codes.h"
 
 namespace kalvo {
-namespace {}  // namespace
 
 Control::Control(Form& form, std::string_view name) : name_(name) {
   form.controls_.push_back(this);
