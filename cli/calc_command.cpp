@@ -155,7 +155,7 @@ int CalcCommand::RunOne(const Console& console, const std::string& file) {
     return code;
   }
   session.study().results_valid = true;  // told or saved here, they count as shown
-  StudyReport report = MakeReport(session, file);
+  StudyReport report = MakeReport(session.bench(), file);
   report.fixed_diameters = fixed_;
   // What does not hold is shown and not saved.
   const Outcome saved = report.lost_walk ? Outcome(Done{}) : save_.Save(session);

@@ -4,7 +4,7 @@
 
 #include "cli/command.h"
 #include "cli/save_options.h"
-#include "cli/study_report.h"
+#include "results/study_report.h"
 
 namespace kalvo {
 

@@ -3,11 +3,11 @@
 #include "cli/findings.h"
 #include "cli/number_text.h"
 #include "cli/study_commands.h"
-#include "cli/study_report.h"
 #include "cli/study_run.h"
 #include "cli/text_table.h"
 #include "engine/explain.h"
 #include "engine/trap.h"
+#include "results/study_report.h"
 
 namespace kalvo {
 

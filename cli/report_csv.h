@@ -1,6 +1,7 @@
 #pragma once
 
-#include "cli/study_report.h"
+#include "cli/console.h"
+#include "results/study_report.h"
 
 namespace kalvo {
 

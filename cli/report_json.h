@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "cli/study_report.h"
+#include "results/study_report.h"
 
 namespace kalvo {
 

@@ -50,7 +50,7 @@ class ShowPrinter {
       console_.out << "Η μελέτη δεν έχει αποτελέσματα\n";
     } else {
       console_.out << '\n';
-      PrintReport(console_, MakeReport(session_, file_), PressureUnits::kWaterGauge);
+      PrintReport(console_, MakeReport(session_.bench(), file_), PressureUnits::kWaterGauge);
     }
   }
 

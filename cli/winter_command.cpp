@@ -146,7 +146,7 @@ int WinterCommand::Calculate(const Console& console, Session& session, const Val
   if (outcome.end != WinterEnd::kCalculated) {
     return TellEnd(console, session, outcome.end);
   }
-  const StudyReport report = MakeWinterReport(session, file(), outcome.critical_branch);
+  const StudyReport report = MakeWinterReport(bench, file(), outcome.critical_branch);
   winter.Close(false);
   const Outcome saved = save_.Save(session);
   const Box pump = WinterPumpBox(report.rows.front(), console.separators);

@@ -4,8 +4,9 @@
 #include <string>
 #include <vector>
 
-#include "cli/session.h"
 #include "engine/notes.h"
+#include "study/stat_row.h"
+#include "study/workbench.h"
 
 namespace kalvo {
 
@@ -41,11 +42,11 @@ struct StudyReport {
 /// What a method does, behind its number.
 std::string MethodText(int method);
 
-/// The report of the study that the session holds calculated.
-StudyReport MakeReport(Session& session, const std::string& file);
+/// The report of the open study, which is calculated; `file` is its name as the user gave it.
+StudyReport MakeReport(const Workbench& bench, const std::string& file);
 
-/// The report of the winter duty that the session has calculated, `critical_branch` being its own.
-StudyReport MakeWinterReport(Session& session, const std::string& file,
+/// The report of the winter duty in its work file, `critical_branch` being its own.
+StudyReport MakeWinterReport(const Workbench& bench, const std::string& file,
                              const std::string& critical_branch);
 
 /// Units of pressure beside mm w.g.

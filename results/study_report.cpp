@@ -1,4 +1,4 @@
-#include "cli/study_report.h"
+#include "results/study_report.h"
 
 #include <algorithm>
 
@@ -6,7 +6,6 @@
 #include "results/critical_sections.h"
 #include "results/quantities.h"
 #include "study/fault.h"
-#include "study/text_lines.h"
 
 namespace kalvo {
 
@@ -35,8 +34,8 @@ void TakeRows(StudyReport& report, std::vector<SectionRow> rows, std::string_vie
 }
 
 // What the study tells of summer and winter alike.
-StudyReport BeginReport(Session& session, const std::string& file) {
-  const Study& study = session.study();
+StudyReport BeginReport(const Workbench& bench, const std::string& file) {
+  const Study& study = bench.study;
   StudyReport report;
   report.file = file;
   report.title = study.study_title;
@@ -44,8 +43,8 @@ StudyReport BeginReport(Session& session, const std::string& file) {
   report.fluid = study.fluid_name;
   report.fluid_assumed = study.fluid_assumed;
   const auto number = static_cast<std::size_t>(study.pipe_system_number);
-  if (number >= 1 && number <= session.pipes().size()) {
-    report.pipe_system = session.pipes()[number - 1].title;
+  if (number >= 1 && number <= bench.pipes.size()) {
+    report.pipe_system = bench.pipes[number - 1].title;
   }
   return report;
 }
@@ -62,9 +61,9 @@ std::string MethodText(int method) {
              : "1 - Εξισορρόπηση Κλάδων με Ρυθμιστικές Βαλβίδες";
 }
 
-StudyReport MakeReport(Session& session, const std::string& file) {
-  const Study& study = session.study();
-  StudyReport report = BeginReport(session, file);
+StudyReport MakeReport(const Workbench& bench, const std::string& file) {
+  const Study& study = bench.study;
+  StudyReport report = BeginReport(bench, file);
   report.mean_temperature = study.MeanTemp;
   report.design_velocity = study.MeanVel;
   report.total_flow_m3h = study.TotalFlowM3h;
@@ -74,18 +73,20 @@ StudyReport MakeReport(Session& session, const std::string& file) {
     report.water_litres = WaterContent(report.pipes);
   }
   report.lost_walk = FindLostWalk(study);
-  TakeRows(report, session.Rows(), study.critical_branch);
-  if (const auto library = ReadPipeSystem(session.workspace(), study.pipe_system_number)) {
+  auto rows = bench.workspace.Rows().ReadAll();
+  TakeRows(report, rows ? std::move(rows).value() : std::vector<SectionRow>(),
+           study.critical_branch);
+  if (const auto library = ReadPipeSystem(bench.workspace, study.pipe_system_number)) {
     report.notes = NotesOf(report.kind, report.rows, *library);
   }
   return report;
 }
 
-StudyReport MakeWinterReport(Session& session, const std::string& file,
+StudyReport MakeWinterReport(const Workbench& bench, const std::string& file,
                              const std::string& critical_branch) {
-  StudyReport report = BeginReport(session, file);
+  StudyReport report = BeginReport(bench, file);
   report.winter = true;
-  if (auto rows = session.workspace().Rows(work_file::kWinter).ReadAll(); rows && !rows->empty()) {
+  if (auto rows = bench.workspace.Rows(work_file::kWinter).ReadAll(); rows && !rows->empty()) {
     const SectionRow& first = rows->front();
     report.mean_temperature = first.MeanTemp;
     report.total_flow_m3h = first.PAR;
