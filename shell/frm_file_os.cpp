@@ -25,19 +25,6 @@ bool NamesFolder(const fs::path& path) {
   return name.empty() || name == "." || name == "..";
 }
 
-// True when `name` is what the mask describes; "*" stands for any run of characters.
-bool FitsMask(std::string_view name, std::string_view mask) {
-  const std::size_t star = mask.find('*');
-  if (star == std::string_view::npos) return name == mask;
-  if (!name.starts_with(mask.substr(0, star))) return false;
-  name.remove_prefix(star);
-  mask.remove_prefix(star + 1);
-  for (std::size_t at = 0; at <= name.size(); ++at) {
-    if (FitsMask(name.substr(at), mask)) return true;
-  }
-  return false;
-}
-
 }  // namespace
 
 FrmFileOS::FrmFileOS(Desk& shared_desk)

@@ -104,6 +104,30 @@ bool MatchesTypeAhead(std::string_view title, std::string_view typed) {
   return false;
 }
 
+bool FitsMask(std::string_view name, std::string_view mask) {
+  std::size_t at = 0;
+  std::size_t in_mask = 0;
+  // Where to go back to: a longer run for the last star. What the stars before it took need never
+  // change, since the last one can take all that a longer run of theirs would leave it.
+  std::size_t star = std::string_view::npos;
+  std::size_t run_end = 0;
+  while (at < name.size()) {
+    if (in_mask < mask.size() && mask[in_mask] == '*') {
+      star = in_mask++;
+      run_end = at;
+    } else if (in_mask < mask.size() && mask[in_mask] == name[at]) {
+      ++in_mask;
+      ++at;
+    } else if (star != std::string_view::npos) {
+      in_mask = star + 1;
+      at = ++run_end;
+    } else {
+      return false;
+    }
+  }
+  return mask.find_first_not_of('*', in_mask) == std::string_view::npos;
+}
+
 bool StandsBefore(std::string_view a, std::string_view b) {
   const std::string key_a = SearchKey(a);
   const std::string key_b = SearchKey(b);

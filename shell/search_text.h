@@ -13,6 +13,9 @@ std::string SearchKey(std::string_view utf8);
 /// matches every title.
 bool MatchesTypeAhead(std::string_view title, std::string_view typed);
 
+/// True when `name` is what the mask describes, byte for byte; "*" stands for any run of them.
+bool FitsMask(std::string_view name, std::string_view mask);
+
 /// Order of a list that people read: by SearchKey(), equal ones by their bytes.
 bool StandsBefore(std::string_view a, std::string_view b);
 

@@ -25,6 +25,29 @@ TEST(SearchText, TypingFindsTheBeginningOfAWord) {
   }
 }
 
+TEST(SearchText, AStarStandsForAnyRunOfCharacters) {
+  for (const char* mask : {"*", "**", "hotel.pck", "hot*", "*.pck", "h*.p*k", "*o*e*", "*hotel.pck",
+                           "hotel*.*", "hotel.pck*"}) {
+    EXPECT_TRUE(FitsMask("hotel.pck", mask)) << mask;
+  }
+  for (const char* mask : {"", "hotel", "hot*x", "*.pca", "otel*", "*hote", "h*t*t*", "h*hotel*"}) {
+    EXPECT_FALSE(FitsMask("hotel.pck", mask)) << mask;
+  }
+  EXPECT_TRUE(FitsMask("aXbaXc", "*aXc"));  // the first "aX" is not the one
+  EXPECT_TRUE(FitsMask("", ""));
+  EXPECT_FALSE(FitsMask("", "a"));
+}
+
+TEST(SearchText, AMaskOfManyStarsIsAnsweredAtOnce) {
+  const std::string name(200, 'a');
+  std::string mask;
+  for (int i = 0; i < 30; ++i) {
+    mask += "*a";
+  }
+  EXPECT_FALSE(FitsMask(name, mask + "*b"));
+  EXPECT_TRUE(FitsMask(name, mask + "*"));
+}
+
 TEST(SearchText, ListsStandInTheOrderOfTheAlphabet) {
   std::vector<std::string> names = {"Ω", "ύδρα", "Beta", "Αχ", "άβ", "10", "ΆΒ", "alpha"};
   std::sort(names.begin(), names.end(), StandsBefore);
