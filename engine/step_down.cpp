@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "engine/first_row_index.h"
 #include "engine/pipe_stats.h"
@@ -63,211 +64,150 @@ const PipeRow* SmallerPipe(const std::vector<PipeRow>& library, std::string_view
   return nullptr;
 }
 
-// The walk from a branch's last section back; what a kind of network does in its own way is left to
-// the classes below.
-class StepDown {
- public:
-  StepDown(const BalanceContext& context, Branch chain, float branch_avail)
-      : context_(context),
-        chain_(std::move(chain)),
-        available_(branch_avail),
-        largest_(LargestPipe(context.pass.library)) {}
-  StepDown(const StepDown&) = delete;
-  StepDown& operator=(const StepDown&) = delete;
-  virtual ~StepDown() = default;
-
-  void Run() {
-    // Sections left in the chain when its drop is too high are not touched.
-    while (chain_.empty() || drop_ <= available_) {
-      if (chain_.empty()) {
-        Finish();
-        return;
-      }
-      TakeLast();
-      if (IsLargest()) {
-        drop_ += row_.TotalDrop;
-        old_name_ = row_.NomiDiam;
-      } else if (MayStep() && !StepRow()) {
-        return;
-      }
-    }
-  }
-
-  [[nodiscard]] int row_in_hand() const { return number_; }
-
- protected:
-  void TakeInHand(int number) {
-    number_ = number;
-    row_ = context_.rows.At(number);
-  }
-
-  // The row in hand has just been taken from the chain.
-  virtual void Visit() {}
-  [[nodiscard]] virtual bool MayStep() const { return true; }
-  // A step is about to be tried, or the chain is used up within bounds.
-  virtual void Mark() {}
-  virtual void Unmark() {}
-  // Whether the row in hand, on its new pipe, leaves enough to the others.
-  [[nodiscard]] virtual bool Accepts(double new_drop) const = 0;
-
-  const BalanceContext& context_;
-  Branch chain_;
-  double available_;
-  double drop_ = 0;  // of the branch's sections
-  int number_ = 0;   // of the row in hand, 0 before the first
-  SectionRow row_;   // in hand
-
- private:
-  void TakeLast() {
-    TakeInHand(chain_.back());
-    chain_.pop_back();
-    Visit();
-  }
-
-  bool IsLargest() const {
-    return row_.NomiDiam.Trimmed() == largest_.nominal_diameter.Trimmed() &&
-           std::fabs(row_.InDiameter) == largest_.inner_diameter;
-  }
-
-  void UpdateStats() { MoveInPipeStats(context_.study, old_name_.bytes(), row_); }
-
-  void Finish() {
-    double surplus = 0;
-    AtRow(number_, [&] { surplus = Divide(drop_ - available_, available_); });
-    if (number_ == 0) {
-      return;
-    }
-    if (surplus <= 0.15 && drop_ <= available_) {
-      Unmark();
-      context_.rows.At(number_) = row_;
-    }
-    UpdateStats();
-  }
-
-  bool StepRow() {
-    bool stands = false;
-    AtRow(number_, [&] { stands = TryStep(); });
-    return stands;
-  }
-
-  // One step of the row in hand. False when the library has nothing smaller: the branch ends there
-  // with the row unwritten.
-  bool TryStep() {
-    Mark();
-    length_ += row_.Length;
-    const double target =
-        Divide(available_, 1.5 * length_ + row_.OtherDrop_mm / 10.0 + row_.OtherDrop_m);
-    const OldValues old(row_);
-    old_name_ = row_.NomiDiam;
-    const PipeRow* pipe = SmallerPipe(context_.pass.library, row_.NomiDiam.Trimmed());
-    if (pipe == nullptr) {
-      return false;
-    }
-    TakePipe(*pipe);
-    const double new_drop = drop_ + row_.TotalDrop - old.total_drop;
-    if (row_.FrictionRate > target || !Accepts(new_drop)) {
-      old.RestoreTo(row_);
-      return true;
-    }
-    drop_ = new_drop;
-    context_.rows.At(number_) = row_;
-    UpdateStats();
-    old_name_ = {};
-    return true;
-  }
-
-  // Hydraulics on the new pipe. The equivalent lengths are taken before the new friction rate and
-  // with the plant marker as it stands, a mark included: that is how the method is defined.
-  void TakePipe(const PipeRow& pipe) {
-    const FlowConditions& flow = context_.pass.flow;
-    const double diameter = pipe.inner_diameter;
-    const double old_rate = row_.FrictionRate;
-    row_.NomiDiam = FixedText<15>::FromBytes(pipe.nominal_diameter.Trimmed());
-    row_.Area = static_cast<float>(AreaM2(pipe));
-    row_.InDiameter = pipe.inner_diameter;
-    row_.Velocity = VelocityOf(row_.WaterFlow, diameter);
-    row_.Reynolds = ReynoldsOf(diameter, row_.Velocity, flow.viscosity);
-    row_.Lamda = FrictionFactor(flow.roughness, diameter, row_.Reynolds);
-    const EquivalentLengths lengths =
-        LengthsOf(row_, ClassOf(pipe.material.Trimmed()), diameter, old_rate);
-    row_.FrictionRate = FrictionRateOf(row_.Lamda, flow.density, row_.Velocity, diameter);
-    row_.TotalDrop = TotalDropOf(row_.FrictionRate, lengths, row_.SomaDrop);
-  }
-
-  const PipeRow& largest_;
-  double length_ = 0;  // of the sections stepped through
-  FixedText<15> old_name_;
+// The walk from a branch's last section back. In a closed network a row that was stepped through is
+// marked, and no branch may become critical; in an open one heights count, and the outlet keeps the
+// pressure that it needs.
+struct StepDownWalk {
+  const BalanceContext& context;
+  bool open;
+  Branch chain;
+  double available;
+  double drop = 0;            // of the branch's sections
+  int number = 0;             // of the row in hand, 0 before the first
+  SectionRow row{};           // in hand
+  std::int16_t own_mark = 0;  // what the row bore that was marked last
+  double length = 0;          // of the sections stepped through
+  FixedText<15> old_name{};
 };
 
-// A closed network: a row that was stepped through is marked, and no branch may become critical.
-class ClosedStepDown : public StepDown {
- public:
-  ClosedStepDown(const BalanceContext& context, Branch chain, float branch_avail)
-      : StepDown(context, std::move(chain), branch_avail) {
-    for (const int number : chain_) {
-      drop_ += context_.rows.At(number).TotalDrop;
+void TakeInHand(StepDownWalk& walk, int number) {
+  walk.number = number;
+  walk.row = walk.context.rows.At(number);
+}
+
+void TakeLast(StepDownWalk& walk) {
+  TakeInHand(walk, walk.chain.back());
+  walk.chain.pop_back();
+  if (walk.open) {
+    const int next = walk.context.first_fed[static_cast<std::size_t>(walk.number)];
+    const double next_height = next == 0 ? 0.0 : walk.context.rows.At(next).HeightDiff * 1000.0;
+    walk.drop += walk.row.TotalDrop + walk.row.HeightDiff * 1000.0 - next_height;
+  }
+}
+
+void MoveQuantities(const StepDownWalk& walk) {
+  MoveInPipeStats(walk.context.study, walk.old_name.bytes(), walk.row);
+}
+
+// The chain is used up within bounds.
+void FinishWalk(StepDownWalk& walk) {
+  double surplus = 0;
+  AtRow(walk.number, [&] { surplus = Divide(walk.drop - walk.available, walk.available); });
+  if (walk.number == 0) {
+    return;
+  }
+  if (surplus <= 0.15 && walk.drop <= walk.available) {
+    if (!walk.open && walk.row.Auxi == kSteppedDown) {
+      walk.row.Auxi = walk.own_mark;
     }
+    walk.context.rows.At(walk.number) = walk.row;
   }
+  MoveQuantities(walk);
+}
 
- private:
-  [[nodiscard]] bool MayStep() const override { return row_.Auxi != kSteppedDown; }
+// Hydraulics of the row on its new pipe. The equivalent lengths are taken before the new friction
+// rate and with the plant marker as it stands, a mark included: that is how the method is defined.
+void TakePipe(SectionRow& row, const PipeRow& pipe, const FlowConditions& flow) {
+  const double diameter = pipe.inner_diameter;
+  const double old_rate = row.FrictionRate;
+  row.NomiDiam = FixedText<15>::FromBytes(pipe.nominal_diameter.Trimmed());
+  row.Area = static_cast<float>(AreaM2(pipe));
+  row.InDiameter = pipe.inner_diameter;
+  row.Velocity = VelocityOf(row.WaterFlow, diameter);
+  row.Reynolds = ReynoldsOf(diameter, row.Velocity, flow.viscosity);
+  row.Lamda = FrictionFactor(flow.roughness, diameter, row.Reynolds);
+  const EquivalentLengths lengths =
+      LengthsOf(row, ClassOf(pipe.material.Trimmed()), diameter, old_rate);
+  row.FrictionRate = FrictionRateOf(row.Lamda, flow.density, row.Velocity, diameter);
+  row.TotalDrop = TotalDropOf(row.FrictionRate, lengths, row.SomaDrop);
+}
 
-  void Mark() override {
-    auxi_ = row_.Auxi;
-    row_.Auxi = kSteppedDown;
-  }
-
-  void Unmark() override {
-    if (row_.Auxi == kSteppedDown) {
-      row_.Auxi = auxi_;
-    }
-  }
-
-  [[nodiscard]] bool Accepts(double new_drop) const override {
-    return !RaisesCritical() && new_drop <= available_;
-  }
-
-  // Whether a branch that holds the row would rise above the critical drop. Only section 10 is
-  // taken with its new drop: that is how the method is defined.
-  [[nodiscard]] bool RaisesCritical() const {
-    constexpr int kSectionInHand = 10;
-    for (const Branch* branch : context_.branches_through[static_cast<std::size_t>(number_)]) {
-      double sum = 0;
-      for (const int cell : *branch) {
-        sum += cell == kSectionInHand ? row_.TotalDrop : context_.rows.At(cell).TotalDrop;
-        if (ToSingle(sum) > context_.critical.drop) {
-          return true;
-        }
+// Whether a branch that holds the row would rise above the critical drop. Only section 10 is taken
+// with its new drop: that is how the method is defined.
+bool RaisesCritical(const StepDownWalk& walk) {
+  constexpr int kSectionInHand = 10;
+  const BalanceContext& context = walk.context;
+  for (const Branch* branch : context.branches_through[static_cast<std::size_t>(walk.number)]) {
+    double sum = 0;
+    for (const int cell : *branch) {
+      sum += cell == kSectionInHand ? walk.row.TotalDrop : context.rows.At(cell).TotalDrop;
+      if (ToSingle(sum) > context.critical.drop) {
+        return true;
       }
     }
+  }
+  return false;
+}
+
+// Whether the row in hand, on its new pipe, leaves enough to the others.
+bool LeavesEnough(const StepDownWalk& walk, double new_drop) {
+  if (walk.open) {
+    return new_drop <= walk.available && walk.row.SomaDrop * 1000.0 <= walk.row.AvaiPres - new_drop;
+  }
+  return !RaisesCritical(walk) && new_drop <= walk.available;
+}
+
+// One step of the row in hand. False when the library has nothing smaller: the branch ends there
+// with the row unwritten.
+bool TryStep(StepDownWalk& walk) {
+  SectionRow& row = walk.row;
+  if (!walk.open) {
+    walk.own_mark = std::exchange(row.Auxi, kSteppedDown);
+  }
+  walk.length += row.Length;
+  const double target =
+      Divide(walk.available, 1.5 * walk.length + row.OtherDrop_mm / 10.0 + row.OtherDrop_m);
+  const OldValues old(row);
+  walk.old_name = row.NomiDiam;
+  const PipeRow* pipe = SmallerPipe(walk.context.pass.library, row.NomiDiam.Trimmed());
+  if (pipe == nullptr) {
     return false;
   }
+  TakePipe(row, *pipe, walk.context.pass.flow);
+  const double new_drop = walk.drop + row.TotalDrop - old.total_drop;
+  if (row.FrictionRate > target || !LeavesEnough(walk, new_drop)) {
+    old.RestoreTo(row);
+    return true;
+  }
+  walk.drop = new_drop;
+  walk.context.rows.At(walk.number) = row;
+  MoveQuantities(walk);
+  walk.old_name = {};
+  return true;
+}
 
-  std::int16_t auxi_ = 0;
-};
-
-// An open network: heights count, and the outlet keeps the pressure that it needs.
-class OpenStepDown : public StepDown {
- public:
-  OpenStepDown(const BalanceContext& context, Branch chain, int fork, float branch_avail)
-      : StepDown(context, std::move(chain), branch_avail) {
-    if (fork != 0) {
-      TakeInHand(fork);
-      available_ = ToSingle(available_ - row_.SomaDrop * 1000.0);
+void WalkBack(StepDownWalk& walk) {
+  const PipeRow& largest = LargestPipe(walk.context.pass.library);
+  // Sections left in the chain when its drop is too high are not touched.
+  while (!walk.chain.empty() && walk.drop <= walk.available) {
+    TakeLast(walk);
+    const SectionRow& row = walk.row;
+    if (row.NomiDiam.Trimmed() == largest.nominal_diameter.Trimmed() &&
+        std::fabs(row.InDiameter) == largest.inner_diameter) {
+      walk.drop += row.TotalDrop;
+      walk.old_name = row.NomiDiam;
+    } else if (walk.open || row.Auxi != kSteppedDown) {
+      bool goes_on = false;
+      AtRow(walk.number, [&] { goes_on = TryStep(walk); });
+      if (!goes_on) {
+        return;
+      }
     }
   }
-
- private:
-  void Visit() override {
-    const int next = context_.first_fed[static_cast<std::size_t>(number_)];
-    const double next_height = next == 0 ? 0.0 : context_.rows.At(next).HeightDiff * 1000.0;
-    drop_ += row_.TotalDrop + row_.HeightDiff * 1000.0 - next_height;
+  if (walk.chain.empty()) {
+    FinishWalk(walk);
   }
-
-  [[nodiscard]] bool Accepts(double new_drop) const override {
-    return new_drop <= available_ && row_.SomaDrop * 1000.0 <= row_.AvaiPres - new_drop;
-  }
-};
+}
 
 std::vector<int> FirstFed(const std::vector<int>& feeders) {
   std::vector<int> first(feeders.size() + 1);
@@ -298,13 +238,21 @@ BalanceContext MakeBalanceContext(Study& study, RowTable& rows, const PassCondit
 }
 
 void StepDownBranch(const BalanceContext& context, Branch chain, float branch_avail) {
-  ClosedStepDown(context, std::move(chain), branch_avail).Run();
+  StepDownWalk walk{context, false, std::move(chain), branch_avail};
+  for (const int number : walk.chain) {
+    walk.drop += context.rows.At(number).TotalDrop;
+  }
+  WalkBack(walk);
 }
 
 int StepDownOpenBranch(const BalanceContext& context, Branch chain, int fork, float branch_avail) {
-  OpenStepDown step_down(context, std::move(chain), fork, branch_avail);
-  step_down.Run();
-  return step_down.row_in_hand();
+  StepDownWalk walk{context, true, std::move(chain), branch_avail};
+  if (fork != 0) {
+    TakeInHand(walk, fork);
+    walk.available = ToSingle(walk.available - walk.row.SomaDrop * 1000.0);
+  }
+  WalkBack(walk);
+  return walk.number;
 }
 
 }  // namespace kalvo
