@@ -4,6 +4,7 @@
 #include "cli/text_table.h"
 #include "engine/notes.h"
 #include "engine/outlets.h"
+#include "study/by_number.h"
 
 namespace kalvo {
 
@@ -20,7 +21,7 @@ int OutletsCommand::RunOn(const Console& console, Session& session) {
                   2);
   std::vector<int> without_values;
   for (const int number : FindOutlets(rows)) {
-    const SectionRow& row = rows[static_cast<std::size_t>(number - 1)];
+    const SectionRow& row = ByNumber(rows, number);
     const auto text = [&](float value, int decimals) {
       return row.HasEmitter() ? WithDecimals(value, decimals, console.separators) : "---";
     };

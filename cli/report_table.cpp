@@ -8,6 +8,7 @@
 #include "engine/notes.h"
 #include "engine/open_network.h"
 #include "results/result_notes.h"
+#include "study/by_number.h"
 
 namespace kalvo {
 
@@ -144,7 +145,7 @@ class ReportPrinter {
   }
 
   [[nodiscard]] std::vector<std::string> OutletCells(const OutletSpare& outlet) const {
-    const SectionRow& row = report_.rows[static_cast<std::size_t>(outlet.section - 1)];
+    const SectionRow& row = ByNumber(report_.rows, outlet.section);
     std::vector<std::string> cells = {
         std::to_string(outlet.section), FromCodePage(row.Name.bytes()),
         Text(row.WaterFlow, 1),         Text(row.HeightDiff, 2),

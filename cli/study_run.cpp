@@ -4,6 +4,7 @@
 #include "cli/text_table.h"
 #include "engine/calculation_command.h"
 #include "engine/rerun.h"
+#include "study/by_number.h"
 #include "study/message_codes.h"
 
 namespace kalvo {
@@ -18,7 +19,7 @@ int TellBrokenOff(const Console& console, const Session& session,
   }
   const int number = session.study().failed_row;
   if (number >= 1 && number <= static_cast<int>(rows.size())) {
-    const SectionRow& row = rows[static_cast<std::size_t>(number - 1)];
+    const SectionRow& row = ByNumber(rows, number);
     const auto text = [&](float value) { return FormatNumber(value, console.separators); };
     console.err << "Στο Τμήμα " << number << " (" << Printable(row.Name.Utf8()) << ") : παροχή "
                 << text(row.WaterFlow) << " l/h, Μέση Θερμοκρασία " << text(row.MeanTemp)

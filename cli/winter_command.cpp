@@ -14,6 +14,7 @@
 #include "engine/branches.h"
 #include "engine/checks.h"
 #include "engine/trap.h"
+#include "study/by_number.h"
 #include "study/message_codes.h"
 
 namespace kalvo {
@@ -39,7 +40,7 @@ bool HasEmitterWithinTrunk(const Study& study) {
 // The values that the rows of the last winter tell.
 void TakeLastWinter(const std::vector<SectionRow>& rows, std::vector<WinterLine>& lines) {
   for (WinterLine& line : lines) {
-    const SectionRow& row = rows.at(static_cast<std::size_t>(line.section - 1));
+    const SectionRow& row = ByNumber(rows, line.section);
     line.length_m = row.Length;
     line.flow_lh = row.WaterFlow;
     line.drop = row.SomaDrop;

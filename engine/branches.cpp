@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "engine/first_row_index.h"
+#include "study/by_number.h"
 #include "study/fault.h"
 
 namespace kalvo {
@@ -36,9 +37,9 @@ class BranchBuilder {
   void Walk(Branch& branch, const std::vector<int>& links) const {
     int row = start_;
     for (std::size_t step = 0; step < links.size() && row != 0; ++step) {
-      row = links[static_cast<std::size_t>(row - 1)];
+      row = ByNumber(links, row);
       if (row != 0) {
-        branch.push_back(table_[static_cast<std::size_t>(row - 1)].number);
+        branch.push_back(ByNumber(table_, row).number);
       }
     }
   }

@@ -5,6 +5,7 @@
 
 #include "engine/first_row_index.h"
 #include "engine/row_store.h"
+#include "study/by_number.h"
 #include "study/rounding.h"
 
 namespace kalvo {
@@ -46,7 +47,7 @@ class NeighbourSearch {
       : rows_(rows), index_(Index(rows)) {}
 
   int For(int row) {
-    const SectionRow& of = rows_[static_cast<std::size_t>(row - 1)];
+    const SectionRow& of = ByNumber(rows_, row);
     if (const int found = index_.First(NodeKey(LeftNode(of.Name))); found != 0) {
       last_ = found;
     }

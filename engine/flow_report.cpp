@@ -2,6 +2,7 @@
 
 #include "engine/first_row_index.h"
 #include "engine/row_store.h"
+#include "study/by_number.h"
 
 namespace kalvo {
 
@@ -50,7 +51,7 @@ class FlowTrace {
   }
 
   void Step(int row) {
-    const SectionLine& line = table_[static_cast<std::size_t>(row - 1)];
+    const SectionLine& line = ByNumber(table_, row);
     text_ += "- ";
     text_ += NumberText(line.number);
     text_ += " -> κόμβοι: ";
@@ -65,9 +66,7 @@ class FlowTrace {
   [[nodiscard]] std::string TakeText() { return std::move(text_); }
 
  private:
-  [[nodiscard]] const std::string& Name(int row) const {
-    return names_[static_cast<std::size_t>(row - 1)];
-  }
+  [[nodiscard]] const std::string& Name(int row) const { return ByNumber(names_, row); }
 
   const std::vector<SectionLine>& table_;
   std::vector<std::string> names_;
@@ -113,14 +112,14 @@ class FlowSummer {
     return lost;
   }
 
-  SectionLine& Line(int row) { return table_[static_cast<std::size_t>(row - 1)]; }
+  SectionLine& Line(int row) { return ByNumber(table_, row); }
 
   // More steps than rows cannot be: the names then form a circle.
   std::optional<LostWalk> Walk(int row, const EmitterLine& emitter, const std::vector<int>& links,
                                NodeOf node_of) {
     std::string_view node = node_of(Line(row).name);
     for (std::size_t step = 0; !IsSource(node); ++step) {
-      row = links[static_cast<std::size_t>(row - 1)];
+      row = ByNumber(links, row);
       if (row == 0 || step == table_.size()) {
         return LostWalk{emitter.section, FromCodePage(Trim(node))};
       }

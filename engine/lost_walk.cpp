@@ -2,6 +2,7 @@
 
 #include "engine/first_row_index.h"
 #include "engine/flow_report.h"
+#include "study/by_number.h"
 
 namespace kalvo {
 
@@ -18,16 +19,15 @@ std::optional<LostWalk> LostInCircuits(const Study& study) {
 // More steps than rows cannot be: the feeders then form a circle.
 std::optional<LostWalk> LostAmongFeeders(const Study& study) {
   const std::vector<int> feeders = LinkFeeders(study.SectionTable);
-  const auto at = [](int row) { return static_cast<std::size_t>(row - 1); };
   for (const EmitterLine& outlet : study.EmitterTable) {
     int row = outlet.section;
-    if (row < 1 || at(row) >= feeders.size()) {
+    if (row < 1 || row > static_cast<int>(feeders.size())) {
       return LostWalk{outlet.section, {}};
     }
     for (std::size_t step = 0; row != 1; ++step) {
-      const int feeder = feeders[at(row)];
+      const int feeder = ByNumber(feeders, row);
       if (feeder == 0 || step == feeders.size()) {
-        const auto& name = study.SectionTable[at(row)].name;
+        const auto& name = ByNumber(study.SectionTable, row).name;
         return LostWalk{outlet.section, FromCodePage(Trim(RightNode(name)))};
       }
       row = feeder;

@@ -4,6 +4,7 @@
 
 #include "engine/first_row_index.h"
 #include "engine/row_store.h"
+#include "study/by_number.h"
 #include "study/rounding.h"
 
 namespace kalvo {
@@ -37,7 +38,7 @@ void SettleFedRow(RowTable& table, const std::vector<int>& feeders, int number, 
   double before = drop;
   double climb = row.HeightDiff * 1000.0;
   if (number > 1) {
-    const int feeder = feeders.at(static_cast<std::size_t>(number - 1));
+    const int feeder = ByNumber(feeders, number);
     const SectionRow& fed_by = table.At(feeder == 0 ? 1 : feeder);
     before = fed_by.AvaiPres;
     climb -= fed_by.HeightDiff * 1000.0;

@@ -7,6 +7,7 @@
 #include "engine/first_row_index.h"
 #include "engine/lost_walk.h"
 #include "engine/outlets.h"
+#include "study/by_number.h"
 #include "study/tables.h"
 
 namespace kalvo {
@@ -40,21 +41,19 @@ class OutletSummer {
   }
 
  private:
-  static std::size_t At(int row) { return static_cast<std::size_t>(row - 1); }
-
   // For every row the next one of the same own name, 0 without one.
   static std::vector<int> Namesakes(const std::vector<SectionLine>& table) {
     std::vector<int> next(table.size());
     std::unordered_map<std::uint32_t, int> last;
     last.reserve(table.size());
     for (int row = static_cast<int>(table.size()); row > 0; --row) {
-      next[At(row)] = std::exchange(last[NodeKey(LeftNode(table[At(row)].name))], row);
+      ByNumber(next, row) = std::exchange(last[NodeKey(LeftNode(ByNumber(table, row).name))], row);
     }
     return next;
   }
 
   // What has come to row 1 stays there.
-  [[nodiscard]] int FeederOf(int row) const { return row == 1 ? 1 : feeders_[At(row)]; }
+  [[nodiscard]] int FeederOf(int row) const { return row == 1 ? 1 : ByNumber(feeders_, row); }
 
   [[nodiscard]] std::vector<Arrival> FeedersOf(const std::vector<Arrival>& level) {
     std::vector<Arrival> feeders;
@@ -68,11 +67,11 @@ class OutletSummer {
         feeders.push_back({});
         continue;
       }
-      const std::size_t same = arrival_of_[At(feeder)];
+      const std::size_t same = ByNumber(arrival_of_, feeder);
       if (same < feeders.size() && feeders[same].row == feeder) {
         feeders[same].flow_lh = ThroughText(feeders[same].flow_lh + arrival.flow_lh);
       } else {
-        arrival_of_[At(feeder)] = feeders.size();
+        ByNumber(arrival_of_, feeder) = feeders.size();
         feeders.push_back({feeder, arrival.flow_lh});
       }
     }
@@ -81,8 +80,8 @@ class OutletSummer {
 
   void AddFlows(const std::vector<Arrival>& level) {
     for (const Arrival& arrival : level) {
-      for (int row = arrival.row; row != 0; row = namesakes_[At(row)]) {
-        SectionLine& line = table_[At(row)];
+      for (int row = arrival.row; row != 0; row = ByNumber(namesakes_, row)) {
+        SectionLine& line = ByNumber(table_, row);
         // What has reached row 1 comes by again on every level.
         const double before = row == 1 ? 0.0 : line.flow_lh.value_or(0.0);
         line.flow_lh = ThroughText(before + arrival.flow_lh);

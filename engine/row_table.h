@@ -1,9 +1,8 @@
 #pragma once
 
-#include <string>
 #include <vector>
 
-#include "study/fault.h"
+#include "study/by_number.h"
 #include "study/section_row.h"
 
 namespace kalvo {
@@ -19,17 +18,10 @@ class RowTable {
   [[nodiscard]] const std::vector<SectionRow>& rows() const { return rows_; }
 
   /// Faults: kBadRecordNumber when there is no such row.
-  [[nodiscard]] SectionRow& At(int number) { return rows_[Index(number)]; }
-  [[nodiscard]] const SectionRow& At(int number) const { return rows_[Index(number)]; }
+  [[nodiscard]] SectionRow& At(int number) { return ByNumber(rows_, number); }
+  [[nodiscard]] const SectionRow& At(int number) const { return ByNumber(rows_, number); }
 
  private:
-  [[nodiscard]] std::size_t Index(int number) const {
-    if (number < 1 || number > count()) {
-      throw Fault(FaultCode::kBadRecordNumber, "no row " + std::to_string(number));
-    }
-    return static_cast<std::size_t>(number - 1);
-  }
-
   std::vector<SectionRow> rows_;
 };
 

@@ -9,6 +9,7 @@
 #include "engine/row_store.h"
 #include "engine/sizing.h"
 #include "engine/trap.h"
+#include "study/by_number.h"
 #include "study/message_codes.h"
 #include "study/rounding.h"
 #include "study/study_proof.h"
@@ -107,8 +108,7 @@ void WriteWinterValues(const Study& winter, RowTable& store) {
     row.TOT = ToInt16(store.count());
     row.PAR = winter.TotalFlowM3h;
     row.Outlets = winter.EmitterCount;
-    row.WaterFlow = ToSingle(
-        winter.SectionTable.at(static_cast<std::size_t>(number - 1)).flow_lh.value_or(0.0));
+    row.WaterFlow = ToSingle(ByNumber(winter.SectionTable, number).flow_lh.value_or(0.0));
     row.MeanVel = 0;
     row.KLEIS = 1;
     row.ANOIK = 0;

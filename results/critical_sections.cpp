@@ -1,5 +1,6 @@
 #include "results/critical_sections.h"
 
+#include "study/by_number.h"
 #include "study/codepage.h"
 
 namespace kalvo {
@@ -29,7 +30,7 @@ std::vector<std::string> NodesAlong(SystemKind kind, std::span<const SectionRow>
   const bool open = kind == SystemKind::kOpen;
   std::vector<std::string> nodes;
   for (const int section : sections) {
-    const FixedText<7>& name = rows[static_cast<std::size_t>(section - 1)].Name;
+    const FixedText<7>& name = ByNumber(rows, section).Name;
     if (nodes.empty()) {
       nodes.push_back(NodeText(open ? RightNode(name) : LeftNode(name)));
     }

@@ -9,6 +9,7 @@
 #include "results/node_report.h"
 #include "results/result_notes.h"
 #include "results/results_session.h"
+#include "study/by_number.h"
 
 namespace kalvo {
 namespace {
@@ -107,7 +108,7 @@ void FrmRes::ShowRow() {
   bench.study.CurrentRow = static_cast<std::int16_t>(number);
   LblNumber.text = std::to_string(number);
   LblCount.text = std::to_string(count);
-  const SectionRow& row = (*rows)[static_cast<std::size_t>(number - 1)];
+  const SectionRow& row = ByNumber(*rows, number);
   ShowValues(row);
   ShowWas(row);
   ShowNotes(*rows, row);

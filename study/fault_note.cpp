@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <new>
 
+#include "study/by_number.h"
 #include "study/real_disk.h"
 #include "study/study.h"
 
@@ -21,7 +22,7 @@ std::string NameOfRow(const Study& study, int row) {
   if (row < 1 || row > static_cast<int>(study.SectionTable.size())) {
     return {};
   }
-  std::string name(study.SectionTable[static_cast<std::size_t>(row - 1)].name.Trimmed());
+  std::string name(ByNumber(study.SectionTable, row).name.Trimmed());
   std::ranges::replace_if(name, IsControl, ' ');
   return FromCodePage(Trim(name));
 }

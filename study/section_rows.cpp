@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "study/by_number.h"
 #include "study/fault.h"
 #include "study/message_codes.h"
 #include "study/tables.h"
@@ -53,7 +54,7 @@ Rows WithoutRow(const Rows& rows, int place, bool is_open) {
 Rows WithCopyBefore(const Rows& rows, int place, bool is_open) {
   Rows grown = rows;
   for (int number = 1; number <= static_cast<int>(rows.size()); ++number) {
-    SectionRow& row = grown[static_cast<std::size_t>(number - 1)];
+    SectionRow& row = ByNumber(grown, number);
     SetNumber(row, number < place ? number : number + 1);
     if (is_open && number < place) {
       RenewOwnNumber(row);
@@ -84,7 +85,7 @@ void MovePlant(Rows& rows, std::int16_t plant) {
 void TakeRows(Study& study, const Rows& rows, std::int16_t plant) {
   study.plant_section = plant;
   study.CurrentRow = std::min(study.CurrentRow, static_cast<std::int16_t>(rows.size()));
-  study.row = rows[static_cast<std::size_t>(study.CurrentRow - 1)];
+  study.row = ByNumber(rows, study.CurrentRow);
   RefreshSectionTable(study, rows);
 }
 
