@@ -9,7 +9,7 @@
 #include "study/real_disk.h"
 #include "study/save_checks.h"
 #include "study/settled_disk.h"
-#include "study/study_reset.h"
+#include "study/study_file_names.h"
 #include "study/write_study.h"
 
 namespace kalvo {

@@ -7,7 +7,7 @@
 #include "study/path_text.h"
 #include "study/settled_disk.h"
 #include "study/study_extensions.h"
-#include "study/study_reset.h"
+#include "study/study_file_names.h"
 
 namespace kalvo {
 

@@ -10,7 +10,7 @@
 #include "shell/study_dialogs.h"
 #include "study/path_text.h"
 #include "study/settled_disk.h"
-#include "study/study_reset.h"
+#include "study/study_file_names.h"
 
 namespace kalvo {
 namespace {

@@ -10,7 +10,6 @@
 #include "study/date_text.h"
 #include "study/message_codes.h"
 #include "study/recent_files.h"
-#include "study/study_reset.h"
 #include "study/study_title.h"
 
 namespace kalvo {

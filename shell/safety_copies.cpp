@@ -9,9 +9,9 @@
 #include "study/companions.h"
 #include "study/date_text.h"
 #include "study/study_extensions.h"
+#include "study/study_file_names.h"
 #include "study/study_origin.h"
 #include "study/study_proof.h"
-#include "study/study_reset.h"
 
 namespace kalvo {
 namespace {

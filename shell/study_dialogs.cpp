@@ -13,6 +13,7 @@
 #include "study/recent_files.h"
 #include "study/save_checks.h"
 #include "study/settled_disk.h"
+#include "study/study_file_names.h"
 #include "study/study_origin.h"
 #include "study/study_reset.h"
 #include "study/unsaved.h"

@@ -4,7 +4,7 @@
 #include <array>
 
 #include "study/digest.h"
-#include "study/study_reset.h"
+#include "study/study_file_names.h"
 
 namespace kalvo {
 

@@ -8,6 +8,7 @@
 #include "study/fluid_library.h"
 #include "study/recent_files.h"
 #include "study/settled_disk.h"
+#include "study/study_file_names.h"
 #include "study/study_origin.h"
 #include "study/study_proof.h"
 #include "study/study_reset.h"

@@ -5,7 +5,7 @@
 #include "study/companions.h"
 #include "study/fluid_library.h"
 #include "study/row_file.h"
-#include "study/study_reset.h"
+#include "study/study_file_names.h"
 
 namespace kalvo {
 

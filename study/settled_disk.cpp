@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "study/family_save.h"
-#include "study/study_reset.h"
+#include "study/study_file_names.h"
 
 namespace kalvo {
 

@@ -4,8 +4,8 @@
 #include "study/fluid_library.h"
 #include "study/message_codes.h"
 #include "study/settled_disk.h"
+#include "study/study_file_names.h"
 #include "study/study_origin.h"
-#include "study/study_reset.h"
 #include "study/tables.h"
 #include "study/text_lines.h"
 

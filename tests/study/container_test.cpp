@@ -6,6 +6,7 @@
 #include "study/fluid_library.h"
 #include "study/load_study.h"
 #include "study/recent_files.h"
+#include "study/study_file_names.h"
 #include "study/study_reset.h"
 #include "tests/support/sample_study.h"
 
