@@ -1,7 +1,5 @@
 #include "bench/bench_program.h"
 
-#include "cli/heap.h"
-
 #include <array>
 #include <cstdlib>
 #include <stdexcept>
@@ -73,9 +71,7 @@ Answer NoQuestions::Ask(const Box& box) {
 }
 
 BenchProgram::BenchProgram(const PipeList& pipes)
-    : workspace_(KALVO_LIBRARY_DIR), bench_(study_, *workspace_, pipes, prompter_) {
-  KeepFreedMemory();  // as the program itself does
-}
+    : workspace_(KALVO_LIBRARY_DIR), bench_(study_, *workspace_, pipes, prompter_) {}
 
 void BenchProgram::Load(const fs::path& path) {
   study_.study_path = path;

@@ -7,7 +7,6 @@
 #include <string_view>
 
 #include "cli/command_line.h"
-#include "cli/heap.h"
 
 namespace {
 
@@ -34,7 +33,6 @@ bool ReaderHasLeft() {
 }  // namespace
 
 int main(int argc, char** argv) {
-  kalvo::KeepFreedMemory();
   // A full disk or a file size limit is told as an error, not by the end of the process.
   std::signal(SIGXFSZ, SIG_IGN);
   // Nor does a reader who leaves end what is still to be calculated and saved.

@@ -1,8 +1,5 @@
 #include "cli/session.h"
 
-#include <algorithm>
-
-#include "cli/heap.h"
 #include "shell/open_study.h"
 #include "study/path_text.h"
 #include "study/settled_disk.h"
@@ -19,15 +16,6 @@ constexpr const char* kMainFile =
 constexpr const char* kTitle = " !!... ΠΡΟΣΟΧΗ ...!! ";
 
 Box NoStudyBox(std::string why) { return {kTitle, {std::move(why), kMainFile}, 16}; }
-
-// The memory that a study's calculation takes, in images of its rows.
-void LayMemoryReadyFor(const Disk& disk, const std::filesystem::path& path) {
-  constexpr std::uint64_t kImages = 10;
-  constexpr std::uint64_t kMost = 1U << 24U;
-  if (const auto status = disk.Status(path); status && *status) {
-    LayMemoryReady(static_cast<std::size_t>(std::min(kMost, kImages * (*status)->length)));
-  }
-}
 
 // Why `path` cannot be a study whatever is in it; empty when it may be one.
 std::string NoStudyText(const Disk& disk, const std::filesystem::path& path) {
@@ -84,7 +72,6 @@ bool Session::Load(const std::filesystem::path& path) {
     prompter_.Ask({kTitle, {from_root.error().Line()}, 16});
     return false;
   }
-  LayMemoryReadyFor(outer_disk(), path);
   study_ = Study();
   study_.system_kind = KindAt(workspace_->outer_disk(), path);
   study_.study_path = std::move(from_root).value();

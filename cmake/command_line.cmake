@@ -18,9 +18,11 @@ if(kalvo_main)
   add_executable(kalvo ${kalvo_main})
   target_include_directories(kalvo PRIVATE "${PROJECT_SOURCE_DIR}")
   target_link_libraries(kalvo PRIVATE ${kalvo_below} kalvo_warnings)
-  # Most of a short run would else go into finding and binding shared libraries.
+  # Most of a short run would else go into finding and binding shared libraries. In a static program
+  # at a fixed place the first exception sorts all unwind tables, a millisecond; -static-pie looks
+  # them up in the sorted index that the linker makes.
   if(NOT KALVO_SANITIZE)
-    target_link_options(kalvo PRIVATE -static)
+    target_link_options(kalvo PRIVATE -static-pie)
   endif()
   install(TARGETS kalvo RUNTIME DESTINATION bin)
 endif()
