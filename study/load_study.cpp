@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "study/companions.h"
+#include "study/family_save.h"
 #include "study/fluid_library.h"
 #include "study/recent_files.h"
 #include "study/settled_disk.h"
@@ -179,6 +180,14 @@ class StudyReader {
   std::vector<FamilyFile> files_;
 };
 
+// Whether another program has begun to save the study since it was settled: its files may then be
+// some old, some new, and look the same twice.
+bool IsBeingSaved(const Disk& disk, const SettledDisk& settled, const std::filesystem::path& main) {
+  return settled.journal().empty() &&
+         disk.Exists(
+             JournalPath(main.parent_path(), std::string(BaseOf(main.filename().string()))));
+}
+
 // The study at `study path`, once what a broken-off save left of it is settled. What another
 // program saves while it is read is read again. A journal that could not be finished is named when
 // the study cannot be read.
@@ -197,7 +206,11 @@ Result<FoundStudy> FindStudy(Workbench& bench) {
       return FileError{disk->journal(),
                        "Μια αποθήκευση της Μελέτης έμεινε στη μέση (" + found.error().Line() + ")"};
     }
-    if (!found || found->digest == FamilyDigest(*disk, main)) {
+    if (!found) {
+      return found;
+    }
+    if (!IsBeingSaved(bench.workspace.outer_disk(), *disk, main) &&
+        found->digest == FamilyDigest(*disk, main)) {
       return found;
     }
   }

@@ -287,6 +287,41 @@ TEST(SavesAtOneTime, NeverMixThoughOneIsKilledAndAnotherReads) {
   ExpectFourFiles(place);
 }
 
+// A disk on which another program saves the study right after its main file was read, and is held
+// up before that one, the last, has its new name.
+struct SavedWhileRead : ForwardingDisk {
+  SavedWhileRead(Disk& inner, std::filesystem::path place, FolderImage family)
+      : ForwardingDisk(inner), folder(std::move(place)), newer(std::move(family)) {}
+
+  [[nodiscard]] Result<std::string> Read(const std::filesystem::path& path) const override {
+    auto bytes = inner_.Read(path);
+    if (path.filename() == "b.PCK" && !std::exchange(saved, true)) {
+      std::string journal = "KALVOFLUME 1\n";
+      for (const auto& [name, text] : newer) {
+        EXPECT_TRUE(inner_.Write(folder / (name == "b.PCK" ? "b.PCK.new~" : name), text).ok());
+        if (name != "b.PCK") journal += name + "\n";
+      }
+      EXPECT_TRUE(inner_.Write(folder / "b.saving~", journal + "b.PCK\nTELOS\n").ok());
+    }
+    return bytes;
+  }
+
+  std::filesystem::path folder;
+  FolderImage newer;
+  mutable bool saved = false;
+};
+
+TEST(SavesAtOneTime, OneThatIsHeldUpWhileTheStudyIsReadTearsNothing) {
+  const DiskBench place;
+  RealDisk disk;
+  ASSERT_TRUE(DiskStudy(place).Save("Νέα").ok());
+  FolderImage newer = ImageOf(disk, place.studies());
+  ASSERT_TRUE(DiskStudy(place).Save("Παλιά").ok());
+  SavedWhileRead saved(disk, place.studies(), std::move(newer));
+  EXPECT_EQ(DiskStudy(place, saved).LoadedTitle(), "Νέα");
+  EXPECT_TRUE(saved.saved);
+}
+
 TEST(SavesAtOneTime, OneThatWaitedLongEnoughIsRefusedAndSettlesNothing) {
   const DiskBench place;
   RealDisk disk;
