@@ -1,8 +1,9 @@
-# `kalvoflume`, the window: desktop/main.cpp over the library of the other desktop/*.cpp and
-# desktop/widgets/*.cpp. Forms are desktop/forms/*.ui; icons and the style sheet are built in.
+# `kalvoflume`, the window: desktop/main.cpp over the library of the other sources of desktop/ and
+# its folders. Forms are desktop/forms/*.ui; icons and the style sheet are built in.
 
 find_package(Qt6 6.4 REQUIRED COMPONENTS Widgets Svg Network)
-kalvo_floor(desktop DEPENDS platform ALSO desktop/widgets EXCLUDE main.cpp)
+kalvo_floor(desktop DEPENDS platform
+            ALSO desktop/bindings desktop/tables desktop/widgets/* EXCLUDE main.cpp)
 if(TARGET kalvo_desktop)
   target_link_libraries(kalvo_desktop PUBLIC Qt6::Widgets Qt6::Svg Qt6::Network)
   target_compile_definitions(kalvo_desktop PUBLIC QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII

@@ -6,7 +6,7 @@
 #include <memory>
 #include <vector>
 
-#include "desktop/binding.h"
+#include "desktop/bindings/binding.h"
 
 class QAction;
 class QMenu;

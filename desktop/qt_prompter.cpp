@@ -2,7 +2,7 @@
 
 #include <QApplication>
 
-#include "desktop/widgets/message_box.h"
+#include "desktop/widgets/boxes/message_box.h"
 #include "shell/messages.h"
 
 namespace kalvo {

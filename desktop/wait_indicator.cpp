@@ -2,7 +2,7 @@
 
 #include <QApplication>
 
-#include "desktop/widgets/wait_card.h"
+#include "desktop/widgets/boxes/wait_card.h"
 
 namespace kalvo {
 namespace {

@@ -11,10 +11,10 @@
 #include <QTimer>
 
 #include "desktop/theme.h"
-#include "desktop/widgets/hint_button.h"
-#include "desktop/widgets/leader_label.h"
-#include "desktop/widgets/message_box.h"
-#include "desktop/widgets/wait_card.h"
+#include "desktop/widgets/boxes/message_box.h"
+#include "desktop/widgets/boxes/wait_card.h"
+#include "desktop/widgets/buttons/hint_button.h"
+#include "desktop/widgets/labels/leader_label.h"
 #include "tests/desktop/pictures.h"
 
 namespace kalvo {

@@ -14,15 +14,15 @@
 #include <memory>
 
 #include "desktop/theme.h"
-#include "desktop/widgets/branch_chain.h"
-#include "desktop/widgets/drop_shares.h"
-#include "desktop/widgets/field_state.h"
-#include "desktop/widgets/hint_button.h"
-#include "desktop/widgets/kind_card.h"
-#include "desktop/widgets/leader_label.h"
-#include "desktop/widgets/pipe_picture.h"
-#include "desktop/widgets/section_steps.h"
-#include "desktop/widgets/title_art.h"
+#include "desktop/widgets/buttons/hint_button.h"
+#include "desktop/widgets/fields/field_state.h"
+#include "desktop/widgets/kind/kind_card.h"
+#include "desktop/widgets/labels/leader_label.h"
+#include "desktop/widgets/pictures/pipe_picture.h"
+#include "desktop/widgets/pictures/title_art.h"
+#include "desktop/widgets/results/branch_chain.h"
+#include "desktop/widgets/results/drop_shares.h"
+#include "desktop/widgets/results/section_steps.h"
 #include "tests/desktop/pictures.h"
 
 namespace kalvo {

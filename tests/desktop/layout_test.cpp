@@ -9,13 +9,13 @@
 #include <QTableView>
 #include <QTest>
 
+#include "desktop/tables/frozen_columns.h"
+#include "desktop/tables/stacked_header.h"
 #include "desktop/theme.h"
-#include "desktop/widgets/command_rail.h"
-#include "desktop/widgets/frozen_columns.h"
-#include "desktop/widgets/hint_button.h"
-#include "desktop/widgets/junction_picture.h"
-#include "desktop/widgets/sheet_legend.h"
-#include "desktop/widgets/stacked_header.h"
+#include "desktop/widgets/buttons/command_rail.h"
+#include "desktop/widgets/buttons/hint_button.h"
+#include "desktop/widgets/pictures/junction_picture.h"
+#include "desktop/widgets/results/sheet_legend.h"
 #include "tests/desktop/pictures.h"
 
 namespace kalvo {

@@ -4,7 +4,7 @@
 #include <QTest>
 
 #include "desktop/theme.h"
-#include "desktop/widgets/study_road.h"
+#include "desktop/widgets/road/study_road.h"
 #include "tests/desktop/pictures.h"
 
 namespace kalvo {

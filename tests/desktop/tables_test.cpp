@@ -5,10 +5,10 @@
 #include <QTableView>
 #include <QTest>
 
+#include "desktop/tables/cell_roles.h"
+#include "desktop/tables/sheet_delegate.h"
+#include "desktop/tables/stacked_header.h"
 #include "desktop/theme.h"
-#include "desktop/widgets/cell_roles.h"
-#include "desktop/widgets/sheet_delegate.h"
-#include "desktop/widgets/stacked_header.h"
 #include "tests/desktop/pictures.h"
 
 namespace kalvo {

@@ -7,7 +7,7 @@
 #include <QTest>
 #include <algorithm>
 
-#include "desktop/widgets/wait_card.h"
+#include "desktop/widgets/boxes/wait_card.h"
 
 namespace kalvo {
 namespace {

@@ -1,0 +1,113 @@
+#include "desktop/tables/grid_model.h"
+
+#include <QFont>
+#include <algorithm>
+
+#include "desktop/bindings/binding.h"
+#include "desktop/tables/cell_roles.h"
+#include "desktop/theme.h"
+
+namespace kalvo {
+namespace {
+
+QVariant BackgroundOf(Tone tone) {
+  switch (tone) {
+    case Tone::kCalculated:
+      return ActiveTheme().calculated;
+    case Tone::kImposed:
+      return ActiveTheme().imposed;
+    case Tone::kAlarm:
+    case Tone::kCritical:
+    case Tone::kPlain:
+    case Tone::kQuiet:
+      break;
+  }
+  return {};
+}
+
+}  // namespace
+
+// "Τμήμα 7/27, ΠΤΩΣΗ ΠΙΕΣΗΣ, 2.830,5, δυσμενέστερος κλάδος"
+QString GridModel::SpokenCell(const GridPlace& place) const {
+  const GridColumn& column = grid_.columns()[static_cast<std::size_t>(place.column)];
+  const std::string& first = grid_.At(place.row, 0).text;
+  QStringList words = {ToQt(grid_.row_noun + " " + first).trimmed(), ToQt(column.header),
+                       ToQt(grid_.At(place.row, place.column).text)};
+  if (grid_.IsMarked(place.row)) words << ToQt(grid_.mark_name);
+  words.removeAll(QString());
+  return words.join(QStringLiteral(", "));
+}
+
+int GridModel::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : grid_.row_count();
+}
+
+int GridModel::columnCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : grid_.column_count();
+}
+
+GridPlace GridModel::PlaceOf(const QModelIndex& index) const {
+  return {grid_.order()[static_cast<std::size_t>(index.row())], index.column()};
+}
+
+QModelIndex GridModel::IndexOf(GridPlace place) const {
+  const auto found = std::ranges::find(grid_.order(), place.row);
+  return found == grid_.order().end()
+             ? QModelIndex()
+             : index(static_cast<int>(found - grid_.order().begin()), place.column);
+}
+
+QVariant GridModel::data(const QModelIndex& index, int role) const {
+  if (!index.isValid()) return {};
+  const GridPlace place = PlaceOf(index);
+  const GridCell& cell = grid_.At(place.row, place.column);
+  const GridColumn& column = grid_.columns()[static_cast<std::size_t>(place.column)];
+  switch (role) {
+    case Qt::DisplayRole:
+      return ToQt(cell.text);
+    case Qt::TextAlignmentRole:
+      return static_cast<int>(Qt::AlignVCenter | (column.number ? Qt::AlignRight : Qt::AlignLeft));
+    case Qt::BackgroundRole:
+      return BackgroundOf(cell.tone);
+    case Qt::ToolTipRole:
+      return ToQt(cell.tip);
+    case Qt::AccessibleTextRole:
+      return SpokenCell(place);
+    case kCriticalRole:
+      return grid_.IsMarked(place.row);
+    case kImposedRole:
+      return cell.tone == Tone::kImposed;
+    default:
+      return {};
+  }
+}
+
+QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (orientation == Qt::Vertical) {
+    const int row = grid_.order()[static_cast<std::size_t>(section)];
+    if (role == Qt::DisplayRole) return row + 1;
+    return role == kCriticalRole ? QVariant(grid_.IsMarked(row)) : QVariant();
+  }
+  const GridColumn& column = grid_.columns()[static_cast<std::size_t>(section)];
+  switch (role) {
+    case Qt::DisplayRole:
+    case Qt::ToolTipRole:
+    case Qt::AccessibleTextRole:
+      return ToQt(column.header);
+    default:
+      return {};
+  }
+}
+
+void GridModel::CellsChanged() {
+  if (grid_.row_count() == 0 || grid_.column_count() == 0) return;
+  Q_EMIT dataChanged(index(0, 0), index(grid_.row_count() - 1, grid_.column_count() - 1));
+  Q_EMIT headerDataChanged(Qt::Vertical, 0, grid_.row_count() - 1);
+}
+
+void GridModel::ShapeChanged() {
+  beginResetModel();
+  endResetModel();
+}
+
+}  // namespace kalvo

@@ -1,0 +1,99 @@
+#include "desktop/widgets/pictures/pipe_picture.h"
+
+#include <QPainter>
+
+#include "desktop/theme.h"
+#include "desktop/widgets/pictures/drawing.h"
+
+namespace kalvo {
+namespace {
+
+constexpr double kNodeRadius = 22;
+constexpr double kNodeInset = 44;  // centre of a node from the edge
+constexpr double kCutPipeHalf = 13;
+constexpr double kCentreY = 28;
+constexpr int kPipeHeight = 84;
+constexpr QSize kPumpSize(180, 110);
+
+double NodeHalfWidth(const QString& name) {
+  const QFontMetricsF metrics(ThemeFont(kHeadPoints, true));
+  return qMax(kNodeRadius, metrics.horizontalAdvance(name) / 2 + 10);
+}
+
+}  // namespace
+
+PipePicture::PipePicture(QWidget* parent) : QWidget(parent) {
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+}
+
+void PipePicture::SetPipe(const PipeView& pipe) {
+  pipe_ = pipe;
+  setAccessibleName(QString("Τμήμα %1/%2").arg(pipe_.from, pipe_.to));
+  setAccessibleDescription(pipe_.caption);
+  update();
+}
+
+QSize PipePicture::sizeHint() const { return {420, kPipeHeight}; }
+
+void PipePicture::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  const QPointF from(kNodeInset, kCentreY);
+  const QPointF to(width() - kNodeInset, kCentreY);
+  const Theme& theme = ActiveTheme();
+  DrawPipe(painter, QRectF(from - QPointF(0, kCutPipeHalf), to + QPointF(0, kCutPipeHalf)));
+  constexpr double kArrowGap = 20;
+  DrawArrow(painter, from + QPointF(NodeHalfWidth(pipe_.from) + kArrowGap, 0),
+            to - QPointF(NodeHalfWidth(pipe_.to) + kArrowGap, 0), theme.primary);
+  DrawNode(painter, from, pipe_.from, pipe_.from_note);
+  DrawNode(painter, to, pipe_.to, pipe_.to_note);
+  painter.setFont(ThemeFont(kHintPoints));
+  painter.setPen(theme.ink2);
+  painter.drawText(QRectF(2 * kNodeInset, kCentreY + 16, width() - 4 * kNodeInset, 20),
+                   Qt::AlignCenter, pipe_.caption);
+}
+
+void PipePicture::DrawNode(QPainter& painter, const QPointF& centre, const QString& name,
+                           const QString& note) const {
+  const Theme& theme = ActiveTheme();
+  const double half = NodeHalfWidth(name);
+  const QRectF node(centre.x() - half, centre.y() - kNodeRadius, 2 * half, 2 * kNodeRadius);
+  painter.setPen(QPen(theme.primary, 2.5));
+  painter.setBrush(theme.surface);
+  painter.drawRoundedRect(node, kNodeRadius, kNodeRadius);
+  painter.setFont(ThemeFont(kHeadPoints, true));
+  painter.setPen(theme.ink);
+  painter.drawText(node, Qt::AlignCenter, name);
+  painter.setFont(ThemeFont(kHintPoints));
+  painter.setPen(theme.ink3);
+  painter.drawText(
+      QRectF(centre.x() - kNodeInset, centre.y() + kNodeRadius + 4, 2 * kNodeInset, 20),
+      Qt::AlignCenter, note);
+}
+
+PumpPicture::PumpPicture(QWidget* parent) : QWidget(parent) {
+  setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+  setAccessibleName("Αντλία");
+}
+
+QSize PumpPicture::sizeHint() const { return kPumpSize; }
+
+void PumpPicture::paintEvent(QPaintEvent*) {
+  const Theme& theme = ActiveTheme();
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  const QPointF centre(kPumpSize.width() / 2.0, kPumpSize.height() / 2.0);
+  constexpr double kRadius = 52;
+  DrawPipe(painter, QRectF(0, centre.y() - 12, kPumpSize.width(), 24));
+  DrawArrow(painter, {6, centre.y()}, {36, centre.y()}, theme.primary);
+  DrawArrow(painter, {centre.x() + kRadius + 8, centre.y()}, {178, centre.y()}, theme.primary);
+  painter.setPen(QPen(theme.primary, 3.2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  painter.setBrush(theme.surface);
+  painter.drawEllipse(centre, kRadius, kRadius);
+  // The two lines run from the circle to the outlet.
+  const QPointF outlet = centre + QPointF(kRadius, 0);
+  const QPointF start(-0.55 * kRadius, 0.835 * kRadius);
+  painter.drawPolyline(QPolygonF{centre + QPointF(start.x(), -start.y()), outlet, centre + start});
+}
+
+}  // namespace kalvo
