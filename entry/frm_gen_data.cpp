@@ -7,6 +7,7 @@
 #include "form/wait.h"
 #include "study/fault.h"
 #include "study/message_codes.h"
+#include "study/pipe_choice.h"
 
 namespace kalvo {
 namespace {
@@ -170,7 +171,7 @@ void FrmGenData::SelectPipes() {
   Study& study = bench.study;
   const std::int16_t before = study.pipe_system_number;
   study.pipe_system_number = ToInt16(CboPipes.selected + 1);
-  if (!TellIfFailed(bench, LoadPipeSystem(bench))) study.pipe_system_number = before;
+  if (!TellIfFailed(bench, SetPipeMaterial(bench))) study.pipe_system_number = before;
 }
 
 bool FrmGenData::TemperatureFits() {

@@ -2,6 +2,7 @@
 
 #include "form/tell.h"
 #include "shell/study_dialogs.h"
+#include "study/pipe_choice.h"
 #include "study/recent_files.h"
 #include "study/settled_disk.h"
 #include "study/study_extensions.h"
@@ -169,7 +170,7 @@ void FrmMain::FillPipeList() {
   Study& study = bench.study;
   if (study.pipe_system_number == 0 && static_cast<int>(bench.pipes.size()) > kCommonestPosition) {
     study.pipe_system_number = kCommonestPosition + 1;
-    TellIfFailed(bench, LoadPipeSystem(bench));
+    TellIfFailed(bench, SetPipeMaterial(bench));
   }
   filling_pipes_ = false;
 }

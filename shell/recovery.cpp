@@ -8,6 +8,7 @@
 #include "study/date_text.h"
 #include "study/fault.h"
 #include "study/load_study.h"
+#include "study/pipe_choice.h"
 #include "study/study_origin.h"
 #include "study/study_proof.h"
 #include "study/study_reset.h"
@@ -185,7 +186,7 @@ bool AcceptSheet(Desk& desk) {
   if (!TellIfFailed(bench, TakeSheetIntro(bench))) return false;
   bench.study.unsaved_changes = true;
   bench.study.recovery = true;
-  return TellIfFailed(bench, LoadPipeSystem(bench));
+  return TellIfFailed(bench, SetPipeMaterial(bench));
 }
 
 bool SetDamagedAside(Desk& desk) {

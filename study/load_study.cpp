@@ -7,6 +7,7 @@
 #include "study/companions.h"
 #include "study/family_save.h"
 #include "study/fluid_library.h"
+#include "study/pipe_choice.h"
 #include "study/recent_files.h"
 #include "study/settled_disk.h"
 #include "study/study_file_names.h"
@@ -222,7 +223,7 @@ Result<FoundStudy> FindStudy(Workbench& bench) {
 Outcome TakeStudy(Workbench& bench, const Rows& rows) {
   Study& study = bench.study;
   TakeRows(study, rows);
-  Outcome taken = LoadPipeSystem(bench);
+  Outcome taken = SetPipeMaterial(bench);
   if (taken) {
     taken = TakeEmitters(bench, rows);
   }

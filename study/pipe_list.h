@@ -47,13 +47,4 @@ Result<std::vector<PipeRow>> ReadPipeSystem(const Workspace& workspace, int numb
 /// "Υλικό Σωλήνων : ΧΑΛΥΒΑΣ" for "STEEL", "... ΧΑΛΚΟΣ" for "COPPER", else the word itself.
 std::string MaterialLine(std::string_view material);
 
-class Workbench;
-
-/// Sets `pipe material` from row 1 of the study's pipe system.
-Outcome LoadPipeSystem(Workbench& bench);
-
-/// The choice of an entry of the list, `position` counted from 0: sets number and material; a
-/// changed number marks the study changed, its results invalid, and is written into every row.
-Outcome SelectPipeSystem(Workbench& bench, int position);
-
 }  // namespace kalvo

@@ -3,6 +3,7 @@
 #include "study/companions.h"
 #include "study/fluid_library.h"
 #include "study/message_codes.h"
+#include "study/pipe_choice.h"
 #include "study/settled_disk.h"
 #include "study/study_file_names.h"
 #include "study/study_origin.h"
@@ -39,7 +40,7 @@ Result<std::string> PrepareRows(Workbench& bench) {
     return FileError{file.path(), "ΔΕΝ υπάρχουν Δεδομένα"};
   }
   study.pipe_system_number = rows->front().FileNumber;
-  if (Outcome loaded = LoadPipeSystem(bench); !loaded) {
+  if (Outcome loaded = SetPipeMaterial(bench); !loaded) {
     return loaded.error();
   }
   const auto outlets = static_cast<std::int16_t>(RowsWithEmitter(*rows).size());

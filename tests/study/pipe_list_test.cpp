@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "study/pipe_choice.h"
 #include "tests/support/test_bench.h"
 
 namespace kalvo {
