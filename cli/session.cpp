@@ -39,7 +39,7 @@ SystemKind KindAt(Disk& disk, const std::filesystem::path& path) {
     return kind;
   }
   const auto is_there = [&](SystemKind kind) {
-    return FindStudyFile(disk, WithExtension(path, kind)).ok();
+    return SettleAndFindStudy(disk, WithExtension(path, kind)).ok();
   };
   return !is_there(SystemKind::kClosed) && is_there(SystemKind::kOpen) ? SystemKind::kOpen
                                                                        : SystemKind::kClosed;

@@ -121,12 +121,12 @@ void BalanceOpenBranches(const BalanceContext& context) {
 
 void CriticalPassPressure(Study& study, RowTable& table, const PassConditions& pass,
                           const NotePostponed& note) {
-  const CriticalBranch critical = FindCriticalBranch(study, table);
+  const CriticalBranch critical = SettleCriticalBranch(study, table);
   BalanceBranches(MakeBalanceContext(study, table, pass, critical), note);
 }
 
 void OpenPassPressure(Study& study, RowTable& table, const PassConditions& pass) {
-  const CriticalBranch critical = FindOpenCriticalBranch(study, table);
+  const CriticalBranch critical = SettleOpenCriticalBranch(study, table);
   BalanceOpenBranches(MakeBalanceContext(study, table, pass, critical));
 }
 

@@ -120,7 +120,7 @@ CriticalBranch ReadCriticalBranch(const Study& study, const RowTable& table) {
   return critical;
 }
 
-void AnnounceCritical(Study& study, RowTable& table, const CriticalBranch& critical) {
+void StoreCritical(Study& study, RowTable& table, const CriticalBranch& critical) {
   study.TotalFlowM3h = TotalFlow(study);
   study.CriticalDrop = critical.drop;
   study.PumpHead = ToSingle(critical.drop / 1000.0);
@@ -132,10 +132,10 @@ void AnnounceCritical(Study& study, RowTable& table, const CriticalBranch& criti
   }
 }
 
-CriticalBranch FindCriticalBranch(Study& study, RowTable& table) {
+CriticalBranch SettleCriticalBranch(Study& study, RowTable& table) {
   CriticalBranch critical = ReadCriticalBranch(study, table);
   critical.drop = ToSingle(RoundTo(critical.drop, 4));
-  AnnounceCritical(study, table, critical);
+  StoreCritical(study, table, critical);
   FollowChain(table, critical);
   return critical;
 }
@@ -164,7 +164,7 @@ NotePostponed PostponedFile::Note() {
 }
 
 void CriticalPassFlowOnly(Study& study, RowTable& table, const NotePostponed& note) {
-  const CriticalBranch critical = FindCriticalBranch(study, table);
+  const CriticalBranch critical = SettleCriticalBranch(study, table);
   SettleOtherRows(table, critical.chain, note);
 }
 

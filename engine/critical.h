@@ -24,11 +24,11 @@ CriticalBranch ReadCriticalBranch(const Study& study, const RowTable& rows);
 /// Total flow, `CriticalDrop`, `PumpHead` and the `critical branch` of the study, `PAR` and `DP` of
 /// every row, from what was found; every `AvaiPres` becomes 0. The rows are changed in memory
 /// only.
-void AnnounceCritical(Study& study, RowTable& rows, const CriticalBranch& critical);
+void StoreCritical(Study& study, RowTable& rows, const CriticalBranch& critical);
 
-/// For a closed network ReadCriticalBranch(), its drop rounded to 4 decimals, AnnounceCritical(),
+/// For a closed network ReadCriticalBranch(), its drop rounded to 4 decimals, StoreCritical(),
 /// then `AvaiPres` of row 1 and of the critical chain.
-CriticalBranch FindCriticalBranch(Study& study, RowTable& rows);
+CriticalBranch SettleCriticalBranch(Study& study, RowTable& rows);
 
 /// Notes the rows that wait for a neighbour's pressure.
 using NotePostponed = std::function<void(const std::vector<int>& rows)>;

@@ -21,11 +21,11 @@ double HighestAlong(const Branch& chain, const RowTable& table) {
 
 }  // namespace
 
-CriticalBranch FindOpenCriticalBranch(Study& study, RowTable& table) {
+CriticalBranch SettleOpenCriticalBranch(Study& study, RowTable& table) {
   CriticalBranch critical = ReadCriticalBranch(study, table);
   const double need = HighestAlong(critical.chain, table) * 1000.0 + critical.drop;
   critical.drop = ToSingle(RoundTo(ToSingle(need + kResidualPressure), 4));
-  AnnounceCritical(study, table, critical);
+  StoreCritical(study, table, critical);
   const std::vector<int> feeders = LinkFeeders(study.SectionTable);
   for (int number = 1; number <= table.count(); ++number) {
     SettleFedRow(table, feeders, number, critical.drop);
@@ -48,7 +48,7 @@ void SettleFedRow(RowTable& table, const std::vector<int>& feeders, int number, 
 }
 
 void OpenPassFlowOnly(Study& study, RowTable& table) {
-  FindOpenCriticalBranch(study, table);
+  SettleOpenCriticalBranch(study, table);
   study.PumpHead = ToSingle(RoundTo(study.PumpHead, 4));
 }
 

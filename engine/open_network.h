@@ -9,9 +9,9 @@ constexpr double kResidualPressure = 500.0;
 
 /// For an open network ReadCriticalBranch(), its drop raised by the greatest height along the
 /// branch (0 when all are below the pump) and the residual pressure and rounded to 4 decimals,
-/// AnnounceCritical(), then `AvaiPres` of every row in file order, each from its feeder's. A feeder
+/// StoreCritical(), then `AvaiPres` of every row in file order, each from its feeder's. A feeder
 /// later in the file counts with 0. `PumpHead` is not rounded. Faults: as ReadCriticalBranch().
-CriticalBranch FindOpenCriticalBranch(Study& study, RowTable& rows);
+CriticalBranch SettleOpenCriticalBranch(Study& study, RowTable& rows);
 
 /// `AvaiPres` (2 decimals) of row `number` from its feeder's, or of row 1 from the critical drop,
 /// by drop and height; `DP` is stored with it. `feeders`: see LinkFeeders(), 0 counts as row 1.

@@ -83,12 +83,12 @@ void FrmRes::Load() {
   Cmd_Nodes.visible = !open;
   ClearRow();
   Focus(CmdNext);
-  const auto rows = ReadResultRows(bench);
+  const auto rows = TakeResultRows(bench);
   if (!rows) {
     TellError(bench, rows.error());
     return;
   }
-  frame.Show(desk, rows->front());
+  frame.Take(desk, rows->front());
   ShowRow();
 }
 
@@ -97,7 +97,7 @@ void FrmRes::Activate() { CountAsShown(bench); }
 void FrmRes::Derive() { ChkSoundR.on = desk.options.SoundOn; }
 
 void FrmRes::ShowRow() {
-  const auto rows = ReadResultRows(bench);
+  const auto rows = TakeResultRows(bench);
   if (!rows) {
     ClearRow();
     TellError(bench, rows.error());
@@ -180,7 +180,7 @@ void FrmRes::ChooseRow() {
 }
 
 bool FrmRes::MayRun(bool goes_on_unchanged) {
-  const auto rows = ReadResultRows(bench);
+  const auto rows = TakeResultRows(bench);
   if (!rows) {
     TellError(bench, rows.error());
     return false;

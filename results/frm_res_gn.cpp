@@ -26,15 +26,15 @@ void FrmResGn::Load() {
   TxtThema.text = Trim(bench.study.study_title);
   Cmd_Nodes.visible = bench.study.SystemClosed();
   Focus(SSCommand1);
-  const auto rows = ReadResultRows(bench);
+  const auto rows = TakeResultRows(bench);
   if (!rows) {
     TellError(bench, rows.error());
     return;
   }
-  ShowPump(rows->front());
+  TakePump(rows->front());
 }
 
-void FrmResGn::ShowPump(const SectionRow& first) {
+void FrmResGn::TakePump(const SectionRow& first) {
   Study& study = bench.study;
   study.TotalFlowM3h = first.PAR;
   study.PumpHead = static_cast<float>(first.DP / 1000.0);

@@ -27,7 +27,7 @@ class FrmResGn : public Form {
   Command SSCommand1;
 
  private:
-  void ShowPump(const SectionRow& first);
+  void TakePump(const SectionRow& first);
   void ShowSections();
 };
 

@@ -48,13 +48,13 @@ void FrmRes_Sheet::Load() {
 void FrmRes_Sheet::Activate() { CountAsShown(bench); }
 
 void FrmRes_Sheet::ShowRows() {
-  auto rows = ReadResultRows(bench);
+  auto rows = TakeResultRows(bench);
   if (!rows) {
     TakeRows({});
     TellError(bench, rows.error());
     return;
   }
-  frame.Show(desk, rows->front());
+  frame.Take(desk, rows->front());
   TakeRows(*std::move(rows));
 }
 

@@ -14,7 +14,7 @@ PumpFrame::PumpFrame(Form& form)
       LblMeanVel(form, "LblMeanVel"),
       LblLiquid(form, "LblLiquid") {}
 
-void PumpFrame::Show(Desk& desk, const SectionRow& first) {
+void PumpFrame::Take(Desk& desk, const SectionRow& first) {
   const Separators separators = desk.separators;
   LblThema.text = first.Thema.Utf8();
   LblFlow.text = FormatPattern(first.PAR, pattern::kTwoDecimals, separators);

@@ -9,8 +9,8 @@ class PumpFrame {
  public:
   explicit PumpFrame(Form& form);
 
-  /// Fills all. The study's pipe system becomes the row's.
-  void Show(Desk& desk, const SectionRow& first);
+  /// Makes the row's pipe system the study's, and shows all.
+  void Take(Desk& desk, const SectionRow& first);
 
   Label LblThema;
   Label LblFlow;

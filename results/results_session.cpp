@@ -54,7 +54,7 @@ void EndSession(Desk& desk) {
 
 }  // namespace
 
-Result<std::vector<SectionRow>> ReadResultRows(Workbench& bench) {
+Result<std::vector<SectionRow>> TakeResultRows(Workbench& bench) {
   const auto file = bench.workspace.Rows();
   auto rows = file.ReadAll();
   if (!rows) return rows;
@@ -97,7 +97,7 @@ void ShowCriticalBranch(Workbench& bench) {
 bool BringBackRows(Workbench& bench, std::string_view kept) {
   const Outcome moved = bench.workspace.MoveOver(kept, work_file::kRows);
   if (!TellIfFailed(bench, moved)) return false;
-  const auto rows = ReadResultRows(bench);
+  const auto rows = TakeResultRows(bench);
   if (!rows) {
     TellError(bench, rows.error());
     return false;

@@ -17,9 +17,9 @@ inline std::vector<Key> OtherViewKeys() {
   return {Shift(KeyCode::kF12), {KeyCode::kCharacter, 0, true, true, true}};
 }
 
-/// All rows; their count and `SingleSection` go into the study. Error: there is none, or the file
-/// cannot be read.
-Result<std::vector<SectionRow>> ReadResultRows(Workbench& bench);
+/// All rows, for a view; their count and `SingleSection` go into the study. Error: there is none,
+/// or the file cannot be read.
+Result<std::vector<SectionRow>> TakeResultRows(Workbench& bench);
 
 /// First steps of a view: the main menu leaves the screen, row 1 is the current one, and where a
 /// session begins the rows are kept as its first.

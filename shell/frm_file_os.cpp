@@ -176,7 +176,7 @@ void FrmFileOS::GoTo(const fs::path& folder) {
 }
 
 void FrmFileOS::ConfirmOpen(const fs::path& path) {
-  const auto found = FindStudyFile(bench.workspace.outer_disk(), path);
+  const auto found = SettleAndFindStudy(bench.workspace.outer_disk(), path);
   if (!found) {
     TellError(bench, found.error());
     Focus(TxtFileName);

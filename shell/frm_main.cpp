@@ -140,7 +140,7 @@ void FrmMain::OpenFile(const std::filesystem::path& file) {
     TellError(bench, OtherKindError(file));  // before anything is asked for its sake
     return;
   }
-  if (const auto found = FindStudyFile(bench.workspace.outer_disk(), file); !found) {
+  if (const auto found = SettleAndFindStudy(bench.workspace.outer_disk(), file); !found) {
     TellError(bench, found.error());
     return;
   }

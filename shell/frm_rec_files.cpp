@@ -77,7 +77,7 @@ void FrmRecFiles_S::Recall() {
   if (line == nullptr) return;
   const std::filesystem::path path = line->path;
   // Lines of other systems are no places here, not even relative ones.
-  const auto found = line->IsFull() ? FindStudyFile(bench.workspace.outer_disk(), path)
+  const auto found = line->IsFull() ? SettleAndFindStudy(bench.workspace.outer_disk(), path)
                                     : FileError{path, "Το αρχείο δεν υπάρχει"};
   if (!found) {
     TellError(bench, found.error());

@@ -209,7 +209,7 @@ void FrmMain::OpenStudy() {
 
 void FrmMain::OpenRecent() {
   if (!SettleTitle()) return;
-  if (!HasRecentFiles(bench.workspace)) {
+  if (!TidyRecentFiles(bench.workspace)) {
     bench.Ask({std::string(kAttentionTitle),
                {"... ΔΕΝ υπάρχουν πρόσφατα Αρχεία ..."},
                box_style::kInformation});

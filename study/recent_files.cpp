@@ -113,7 +113,7 @@ Outcome RemoveRecentFile(Workspace& workspace, const RecentLine& line) {
                  : written;
 }
 
-bool HasRecentFiles(Workspace& workspace) {
+bool TidyRecentFiles(Workspace& workspace) {
   const auto lines = ReadLines(workspace);
   if (lines && lines->empty()) {
     workspace.Delete(work_file::kRecentFiles);

@@ -39,7 +39,7 @@ std::vector<RecentLine> RecentFilesOfKind(const Workspace& workspace, SystemKind
 /// bytes. The list is rebuilt in `RecentFiles.@@@`; one that has become empty is deleted.
 Outcome RemoveRecentFile(Workspace& workspace, const RecentLine& line);
 
-/// Whether there is a list to show; an empty file is deleted.
-bool HasRecentFiles(Workspace& workspace);
+/// Deletes an empty list. Whether there is one to show.
+bool TidyRecentFiles(Workspace& workspace);
 
 }  // namespace kalvo

@@ -88,7 +88,7 @@ Result<SettledDisk> SettleStudy(Disk& disk, const fs::path& path) {
   return settled;
 }
 
-Result<fs::path> FindStudyFile(Disk& disk, const fs::path& path) {
+Result<fs::path> SettleAndFindStudy(Disk& disk, const fs::path& path) {
   const auto settled = SettleStudy(disk, path);
   if (!settled) {
     return settled.error();

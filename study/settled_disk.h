@@ -39,9 +39,9 @@ class SettledDisk : public ForwardingDisk {
 /// AsInFolder() finds it. Error: another program is saving that study.
 Result<SettledDisk> SettleStudy(Disk& disk, const std::filesystem::path& path);
 
-/// The main file of the study asked for, as its folder spells it, once its save is settled. Error:
-/// there is none, or another program is saving it.
-Result<std::filesystem::path> FindStudyFile(Disk& disk, const std::filesystem::path& path);
+/// Settles the save of the study asked for; its main file, as its folder spells it. Error: there is
+/// none, or another program is saving it.
+Result<std::filesystem::path> SettleAndFindStudy(Disk& disk, const std::filesystem::path& path);
 
 /// The disk for the list of a folder's studies.
 SettledDisk SettleFolder(Disk& disk, const std::filesystem::path& folder);

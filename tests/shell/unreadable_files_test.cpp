@@ -103,7 +103,7 @@ const std::vector<Case> kCases = {
     {work_file::kRecentFiles,
      [](Unreadable& p) {
        EXPECT_FALSE(AddRecentFile(p.workspace, "/studies/b.PCK").ok());
-       EXPECT_TRUE(HasRecentFiles(p.workspace));
+       EXPECT_TRUE(TidyRecentFiles(p.workspace));
      }},
     {work_file::kOptions,
      [](Unreadable& p) { EXPECT_FALSE(WriteOptions(p.workspace, Options{}).ok()); }},

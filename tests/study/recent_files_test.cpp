@@ -94,12 +94,12 @@ TEST(RecentFiles, OfOneKindAreTakenOutByTheirPlaceAndAllOthersKeepTheirBytes) {
 
 TEST(RecentFiles, AnEmptyListIsNoFile) {
   TestBench bench;
-  EXPECT_FALSE(HasRecentFiles(bench.workspace));
+  EXPECT_FALSE(TidyRecentFiles(bench.workspace));
   ASSERT_TRUE(bench.workspace.Write(work_file::kRecentFiles, "\r\n\n").ok());
-  EXPECT_FALSE(HasRecentFiles(bench.workspace));
+  EXPECT_FALSE(TidyRecentFiles(bench.workspace));
   EXPECT_FALSE(bench.workspace.Exists(work_file::kRecentFiles));
   ASSERT_TRUE(AddRecentFile(bench.workspace, "/m/β.PCK").ok());
-  EXPECT_TRUE(HasRecentFiles(bench.workspace));
+  EXPECT_TRUE(TidyRecentFiles(bench.workspace));
   ASSERT_TRUE(RemoveRecentFile(bench.workspace, {0, "/m/β.PCK"}).ok());
   EXPECT_FALSE(bench.workspace.Exists(work_file::kRecentFiles));
 }
