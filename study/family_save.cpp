@@ -15,11 +15,22 @@ constexpr std::string_view kLockEnd = ".lock~";
 constexpr std::string_view kJournalHead = "KALVOFLUME 1\n";
 constexpr std::string_view kJournalFoot = "TELOS\n";
 
-// After the journal's name, so that no other file of the folder can bear it.
-std::filesystem::path LockPath(const std::filesystem::path& folder, const std::string& base) {
-  std::filesystem::path path = JournalPath(folder, base);
-  return path += kLockEnd;
-}
+// A study's files on disk: its folder, and its name without folder and extension.
+struct Family {
+  Disk& disk;
+  const std::filesystem::path& folder;
+  const std::string& base;
+
+  [[nodiscard]] std::filesystem::path Target(const std::string& name) const {
+    return folder / name;
+  }
+  [[nodiscard]] std::filesystem::path Staged(const std::string& name) const {
+    return StagedPath(folder / name);
+  }
+  [[nodiscard]] std::filesystem::path Journal() const { return JournalPath(folder, base); }
+  // After the journal's name, so that no other file of the folder can bear it.
+  [[nodiscard]] std::filesystem::path Lock() const { return Journal() += kLockEnd; }
+};
 
 FileError Busy(std::filesystem::path file) {
   return {std::move(file), "Η Μελέτη σώζεται αυτή τη στιγμή από άλλο πρόγραμμα",
@@ -34,10 +45,9 @@ FileError LeftHalfway(const std::filesystem::path& journal, const FileError& cau
           cause.kind};
 }
 
-void RemoveStaged(Disk& disk, const std::filesystem::path& folder,
-                  const std::vector<FamilyFile>& files) {
+void RemoveStaged(const Family& family, const std::vector<FamilyFile>& files) {
   for (const FamilyFile& file : files) {
-    static_cast<void>(disk.Remove(StagedPath(folder / file.name)));
+    static_cast<void>(family.disk.Remove(family.Staged(file.name)));
   }
 }
 
@@ -53,48 +63,46 @@ bool IsOwnFile(const std::string& name, const std::string& base) {
 }
 
 // Names in the journal's lines must be told apart from it; a folder cannot be replaced by a file.
-Outcome ProveSavable(const Disk& disk, const std::filesystem::path& folder, const std::string& base,
-                     const std::vector<FamilyFile>& files) {
+Outcome ProveSavable(const Family& family, const std::vector<FamilyFile>& files) {
   for (const FamilyFile& file : files) {
-    if (!IsOwnFile(file.name, base) || file.name.find('\n') != std::string::npos) {
-      return FileError{folder / file.name, "Δεν είναι όνομα αρχείου Μελέτης"};
+    if (!IsOwnFile(file.name, family.base) || file.name.find('\n') != std::string::npos) {
+      return FileError{family.Target(file.name), "Δεν είναι όνομα αρχείου Μελέτης"};
     }
-    if (disk.IsFolder(folder / file.name)) {
-      return FileError{folder / file.name, "Είναι φάκελος και όχι αρχείο"};
+    if (family.disk.IsFolder(family.Target(file.name))) {
+      return FileError{family.Target(file.name), "Είναι φάκελος και όχι αρχείο"};
     }
   }
   return Done{};
 }
 
-Outcome StageAll(Disk& disk, const std::filesystem::path& folder,
-                 const std::vector<FamilyFile>& files) {
+Outcome StageAll(const Family& family, const std::vector<FamilyFile>& files) {
   for (const FamilyFile& file : files) {
-    if (Outcome staged = WriteAndFlush(disk, StagedPath(folder / file.name), file.bytes); !staged) {
+    if (Outcome staged = WriteAndFlush(family.disk, family.Staged(file.name), file.bytes);
+        !staged) {
       return staged;
     }
   }
-  return disk.Flush(folder);
+  return family.disk.Flush(family.folder);
 }
 
 // The journal appears whole or not at all, and with it the decision that the save takes place.
-Outcome WriteJournal(Disk& disk, const std::filesystem::path& folder, const std::string& base,
-                     const std::vector<FamilyFile>& files) {
+Outcome WriteJournal(const Family& family, const std::vector<FamilyFile>& files) {
   std::string text(kJournalHead);
   for (const FamilyFile& file : files) {
     text += file.name + "\n";
   }
   text += kJournalFoot;
-  const std::filesystem::path journal = JournalPath(folder, base);
+  const std::filesystem::path journal = family.Journal();
   const std::filesystem::path beside = StagedPath(journal);
-  Outcome outcome = WriteAndFlush(disk, beside, text);
+  Outcome outcome = WriteAndFlush(family.disk, beside, text);
   if (outcome) {
-    outcome = disk.Rename(beside, journal);
+    outcome = family.disk.Rename(beside, journal);
   }
   if (!outcome) {
-    static_cast<void>(disk.Remove(beside));
+    static_cast<void>(family.disk.Remove(beside));
     return outcome;
   }
-  return disk.Flush(folder);
+  return family.disk.Flush(family.folder);
 }
 
 // Names that a whole journal tells, none of a broken one.
@@ -118,18 +126,18 @@ std::vector<std::string> NamesIn(std::string_view text) {
 
 // A staged file that is gone has taken its name: before the save was broken off, or because whoever
 // opened the study meanwhile did what the journal tells.
-Outcome RenameStaged(Disk& disk, const std::filesystem::path& folder,
-                     const std::vector<std::string>& names) {
+Outcome RenameStaged(const Family& family, const std::vector<std::string>& names) {
   for (const std::string& name : names) {
-    const std::filesystem::path staged = StagedPath(folder / name);
-    if (!disk.Exists(staged)) {
+    const std::filesystem::path staged = family.Staged(name);
+    if (!family.disk.Exists(staged)) {
       continue;
     }
-    if (Outcome renamed = disk.Rename(staged, folder / name); !renamed && disk.Exists(staged)) {
+    if (Outcome renamed = family.disk.Rename(staged, family.Target(name));
+        !renamed && family.disk.Exists(staged)) {
       return renamed;
     }
   }
-  return disk.Flush(folder);
+  return family.disk.Flush(family.folder);
 }
 
 // The target of a staged file; empty when `entry` is no staged file.
@@ -137,23 +145,23 @@ std::string TargetOf(const std::string& entry) {
   return entry.ends_with(kStagedEnd) ? entry.substr(0, entry.size() - kStagedEnd.size()) : "";
 }
 
-void RemoveLeftovers(Disk& disk, const std::filesystem::path& folder, const std::string& base) {
-  const auto entries = disk.List(folder);
+void RemoveLeftovers(const Family& family) {
+  const auto entries = family.disk.List(family.folder);
   for (const std::string& entry : entries ? *entries : std::vector<std::string>{}) {
     const std::string name = TargetOf(entry);
-    if (IsOwnFile(name, base) || name == JournalPath(folder, base).filename()) {
-      static_cast<void>(disk.Remove(folder / entry));
+    if (IsOwnFile(name, family.base) || name == family.Journal().filename()) {
+      static_cast<void>(family.disk.Remove(family.Target(entry)));
     }
   }
 }
 
-Outcome RemoveJournal(Disk& disk, const std::filesystem::path& folder, const std::string& base) {
-  const std::filesystem::path journal = JournalPath(folder, base);
-  if (Outcome removed = disk.Remove(journal); !removed && disk.Exists(journal)) {
+Outcome RemoveJournal(const Family& family) {
+  const std::filesystem::path journal = family.Journal();
+  if (Outcome removed = family.disk.Remove(journal); !removed && family.disk.Exists(journal)) {
     return removed;
   }
   // A journal that came back after a power cut would meet the staged files of a later save.
-  return disk.Flush(folder);
+  return family.disk.Flush(family.folder);
 }
 
 // Names of a whole journal of the study's own; none of any other.
@@ -165,59 +173,56 @@ std::vector<std::string> OwnNamesIn(std::string_view text, const std::string& ba
 }
 
 // Does what the journal says and removes it. The caller has the study's lock.
-Outcome EndJournal(Disk& disk, const std::filesystem::path& folder, const std::string& base) {
-  const std::filesystem::path journal = JournalPath(folder, base);
-  const Result<std::string> text = disk.Read(journal);
+Outcome EndJournal(const Family& family) {
+  const std::filesystem::path journal = family.Journal();
+  const Result<std::string> text = family.disk.Read(journal);
   if (!text) {
     return text.error().IsMissing() ? Outcome(Done{}) : LeftHalfway(journal, text.error());
   }
   Outcome ended = Done{};
-  if (const auto names = OwnNamesIn(*text, base); !names.empty()) {
-    ended = RenameStaged(disk, folder, names);
+  if (const auto names = OwnNamesIn(*text, family.base); !names.empty()) {
+    ended = RenameStaged(family, names);
   } else {
-    RemoveLeftovers(disk, folder, base);
+    RemoveLeftovers(family);
   }
-  ended = ended ? RemoveJournal(disk, folder, base) : ended;
+  ended = ended ? RemoveJournal(family) : ended;
   return ended ? ended : LeftHalfway(journal, ended.error());
 }
 
 // Makes the save undone while every old file is still there. False: the journal stays, and with it
 // all that is staged, since half of it would be neither the old study nor the new one.
-bool TakeBack(Disk& disk, const std::filesystem::path& folder, const std::string& base,
-              const std::vector<FamilyFile>& files) {
-  const std::filesystem::path journal = JournalPath(folder, base);
-  if (disk.Exists(journal)) {
-    static_cast<void>(disk.Remove(journal));
-    if (disk.Exists(journal)) {
+bool TakeBack(const Family& family, const std::vector<FamilyFile>& files) {
+  const std::filesystem::path journal = family.Journal();
+  if (family.disk.Exists(journal)) {
+    static_cast<void>(family.disk.Remove(journal));
+    if (family.disk.Exists(journal)) {
       return false;
     }
-    if (!disk.Flush(folder)) {
+    if (!family.disk.Flush(family.folder)) {
       return true;  // should the journal come back after a power cut, it finds all that it names
     }
   }
-  RemoveStaged(disk, folder, files);
+  RemoveStaged(family, files);
   return true;
 }
 
-bool AllStaged(const Disk& disk, const std::filesystem::path& folder,
-               const std::vector<std::string>& names) {
+bool AllStaged(const Family& family, const std::vector<std::string>& names) {
   return std::all_of(names.begin(), names.end(), [&](const std::string& name) {
-    return disk.Exists(StagedPath(folder / name));
+    return family.disk.Exists(family.Staged(name));
   });
 }
 
 // From the first byte to the last; the caller has the study's lock.
-Outcome SaveLocked(Disk& disk, const std::filesystem::path& folder, const std::string& base,
-                   const std::vector<FamilyFile>& files) {
-  if (Outcome ended = EndJournal(disk, folder, base); !ended) {
-    return FileError{JournalPath(folder, base),
+Outcome SaveLocked(const Family& family, const std::vector<FamilyFile>& files) {
+  if (Outcome ended = EndJournal(family); !ended) {
+    return FileError{family.Journal(),
                      "ΔΕΝ αποθηκεύθηκε : μία προηγούμενη αποθήκευση της Μελέτης δεν ολοκληρώνεται",
                      ended.error().kind};
   }
-  RemoveLeftovers(disk, folder, base);
-  Outcome outcome = StageAll(disk, folder, files);
+  RemoveLeftovers(family);
+  Outcome outcome = StageAll(family, files);
   if (outcome) {
-    outcome = WriteJournal(disk, folder, base, files);
+    outcome = WriteJournal(family, files);
   }
   std::vector<std::string> names;
   names.reserve(files.size());
@@ -226,15 +231,14 @@ Outcome SaveLocked(Disk& disk, const std::filesystem::path& folder, const std::s
   }
   const bool journal_stands = outcome.ok();
   if (journal_stands) {
-    outcome = RenameStaged(disk, folder, names);
+    outcome = RenameStaged(family, names);
   }
   if (outcome) {
-    outcome = RemoveJournal(disk, folder, base);
-  } else if ((!journal_stands || AllStaged(disk, folder, names)) &&
-             TakeBack(disk, folder, base, files)) {
+    outcome = RemoveJournal(family);
+  } else if ((!journal_stands || AllStaged(family, names)) && TakeBack(family, files)) {
     return outcome;
   }
-  return outcome ? outcome : LeftHalfway(JournalPath(folder, base), outcome.error());
+  return outcome ? outcome : LeftHalfway(family.Journal(), outcome.error());
 }
 
 }  // namespace
@@ -257,23 +261,25 @@ std::filesystem::path StagedPath(const std::filesystem::path& target) {
 
 Outcome SaveFamily(Disk& disk, const std::filesystem::path& folder, const std::string& base,
                    const std::vector<FamilyFile>& files) {
-  if (Outcome savable = ProveSavable(disk, folder, base, files); !savable) {
+  const Family family{disk, folder, base};
+  if (Outcome savable = ProveSavable(family, files); !savable) {
     return savable;
   }
-  const auto lock = disk.Lock(LockPath(folder, base), kSavePatience);
+  const auto lock = disk.Lock(family.Lock(), kSavePatience);
   if (!lock) {
-    return Busy(folder / files.back().name);
+    return Busy(family.Target(files.back().name));
   }
-  return SaveLocked(disk, folder, base, files);
+  return SaveLocked(family, files);
 }
 
 Outcome FinishSave(Disk& disk, const std::filesystem::path& folder, const std::string& base,
                    std::chrono::milliseconds patience) {
-  if (!disk.Exists(JournalPath(folder, base))) {
+  const Family family{disk, folder, base};
+  if (!disk.Exists(family.Journal())) {
     return Done{};
   }
-  const auto lock = disk.Lock(LockPath(folder, base), patience);
-  return lock ? EndJournal(disk, folder, base) : Busy(JournalPath(folder, base));
+  const auto lock = disk.Lock(family.Lock(), patience);
+  return lock ? EndJournal(family) : Busy(family.Journal());
 }
 
 std::vector<std::string> PendingNames(const Disk& disk, const std::filesystem::path& folder,
