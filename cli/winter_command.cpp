@@ -14,6 +14,8 @@
 #include "engine/branches.h"
 #include "engine/checks.h"
 #include "engine/trap.h"
+#include "results/study_report.h"
+#include "results/winter_boxes.h"
 #include "study/by_number.h"
 #include "study/message_codes.h"
 
@@ -143,12 +145,18 @@ int WinterCommand::RunOn(const Console& console, Session& session) {
 int WinterCommand::Calculate(const Console& console, Session& session, const Values& values) const {
   Workbench bench = session.bench();
   WinterDuty winter(bench);
-  const WinterOutcome outcome = winter.Run(values.temperature, values.lines);
+  const WinterOutcome outcome = winter.Run(
+      values.temperature, values.lines, [&bench](const WinterLine& line, float summer_flow_lh) {
+        return bench.Ask(WinterFlowBox(line, summer_flow_lh)) == Answer::kYes;
+      });
+  if (outcome.end == WinterEnd::kBadValue) {
+    bench.Ask(WinterZeroBox(values.lines[outcome.line].section, outcome.value));
+  }
   if (outcome.end != WinterEnd::kCalculated) {
     return TellEnd(console, session, outcome.end);
   }
   const StudyReport report = MakeWinterReport(bench, file(), outcome.critical_branch);
-  winter.Close(false);
+  winter.Close();
   const Outcome saved = save_.Save(session);
   const Box pump = WinterPumpBox(report.rows.front(), console.separators);
   console.out << console.Heading(pump.title) << '\n';

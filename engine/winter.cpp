@@ -19,51 +19,24 @@ namespace kalvo {
 
 namespace {
 
-constexpr const char* kAttention = "  !!  ΠΡΟΣΟΧΗ  !! ";
-
-std::string SectionLineOf(int section) {
-  return "ΠΡΟΣΟΧΗ : Παρατήρηση για το Τμήμα, με α/α < " + std::to_string(section) + " > ...";
-}
-
-struct ZeroTest {
+struct NeededValue {
   WinterValue value;
   float WinterLine::*field;
-  const char* text;
 };
 
-constexpr ZeroTest kZeroTests[] = {
-    {WinterValue::kLength, &WinterLine::length_m,
-     "... Το Μήκος του Τμήματος Σωλήνος, ΔΕΝ μπορεί να είναι μηδενικό ..."},
-    {WinterValue::kFlow, &WinterLine::flow_lh,
-     "... Η Παροχή του Νερού στο Σώμα, ΔΕΝ μπορεί να είναι μηδενική ..."},
-    {WinterValue::kDrop, &WinterLine::drop,
-     "... Η Πτώση Πίεσης στο Σώμα, ΔΕΝ μπορεί να είναι μηδενική ..."}};
+constexpr NeededValue kNeeded[] = {{WinterValue::kLength, &WinterLine::length_m},
+                                   {WinterValue::kFlow, &WinterLine::flow_lh},
+                                   {WinterValue::kDrop, &WinterLine::drop}};
 
-// Whether the user takes a flow that is not below the summer's.
-bool AcceptsFlow(Workbench& bench, const WinterLine& line, float summer_flow) {
-  if (line.flow_lh < summer_flow) {
-    return true;
-  }
-  const char* what = line.flow_lh > summer_flow
-                         ? "... Η Παροχή νερού τον Χειμώνα, είναι μεγαλύτερη εκείνης του Θέρους ..."
-                         : "... Η Παροχή νερού τον Χειμώνα, είναι ίση με εκείνη του Θέρους ...";
-  const Answer answer =
-      bench.Ask({kAttention,
-                 {SectionLineOf(line.section), what,
-                  "                     ... Είναι < εντάξει > κάτι τέτοιο ?? ...          "},
-                 box_style::kYesNo});
-  return answer == Answer::kYes;
-}
-
-// The first line that cannot stand, the user told of it.
-std::optional<WinterOutcome> CheckLines(Workbench& bench, const std::vector<WinterLine>& lines,
-                                        const std::vector<WinterLine>& summer) {
+// The first line that cannot stand.
+std::optional<WinterOutcome> CheckLines(const std::vector<WinterLine>& lines,
+                                        const std::vector<WinterLine>& summer,
+                                        const AcceptFlow& accept) {
   for (std::size_t i = 0; i < lines.size(); ++i) {
     const WinterLine& line = lines[i];
-    for (const ZeroTest& test : kZeroTests) {
-      if (line.*test.field == 0.0F) {
-        bench.Ask({kAttention, {SectionLineOf(line.section), test.text}, box_style::kStop});
-        return WinterOutcome{WinterEnd::kBadValue, i, test.value};
+    for (const NeededValue& needed : kNeeded) {
+      if (line.*needed.field == 0.0F) {
+        return WinterOutcome{WinterEnd::kBadValue, i, needed.value};
       }
     }
     const auto before = std::find_if(
@@ -72,7 +45,8 @@ std::optional<WinterOutcome> CheckLines(Workbench& bench, const std::vector<Wint
     if (before == summer.end()) {
       throw Fault(FaultCode::kBadRecordNumber, "no emitter in that section");
     }
-    if (!AcceptsFlow(bench, line, before->flow_lh)) {
+    const bool below = line.flow_lh < before->flow_lh;
+    if (!below && !(accept && accept(line, before->flow_lh))) {
       return WinterOutcome{WinterEnd::kDeclined, i, WinterValue::kFlow};
     }
   }
@@ -184,14 +158,16 @@ WinterDuty::WinterDuty(Workbench& bench) : bench_(bench) {
   }
 }
 
-WinterOutcome WinterDuty::Run(float temperature, const std::vector<WinterLine>& lines) {
+WinterOutcome WinterDuty::Run(float temperature, const std::vector<WinterLine>& lines,
+                              const AcceptFlow& accept) {
   WinterOutcome outcome{WinterEnd::kBrokenOff};
-  RunTrapped(bench_, [&] { outcome = CheckAndRun(temperature, lines); });
+  RunTrapped(bench_, [&] { outcome = CheckAndRun(temperature, lines, accept); });
   bench_.study.CalcAborted = outcome.end == WinterEnd::kBrokenOff;
   return outcome;
 }
 
-WinterOutcome WinterDuty::CheckAndRun(float temperature, const std::vector<WinterLine>& lines) {
+WinterOutcome WinterDuty::CheckAndRun(float temperature, const std::vector<WinterLine>& lines,
+                                      const AcceptFlow& accept) {
   const RowTable summer = ReadRows(bench_.workspace);
   if (summer.count() == 0) {
     return {WinterEnd::kRefused};
@@ -205,7 +181,7 @@ WinterOutcome WinterDuty::CheckAndRun(float temperature, const std::vector<Winte
     bench_.Show(message::kWinterTemperature);
     return {WinterEnd::kTemperature};
   }
-  if (const auto refused = CheckLines(bench_, lines, SummerValues(bench_))) {
+  if (const auto refused = CheckLines(lines, SummerValues(bench_), accept)) {
     return *refused;
   }
   return Calculate(temperature, lines);
@@ -232,34 +208,17 @@ WinterOutcome WinterDuty::Calculate(float temperature, const std::vector<WinterL
   return outcome;
 }
 
-void WinterDuty::Close(bool changed) {
+void WinterDuty::Close() { PutSummerBack(bench_); }
+
+void WinterDuty::Settle(WinterData data) {
   Workspace& workspace = bench_.workspace;
-  PutSummerBack(bench_);
-  if (!changed) {
-    return;
-  }
-  const Answer answer = bench_.Ask(
-      {"  ! !   ΠΡΟΣΟΧΗ   ! ! ",
-       {"        !! Αν ΔΕΝ σώσετε τα Δεδομένα για τον Χειμώνα, αυτά θα χαθούν !!        ",
-        "                          Θέλετε να < σωθούν > τα Δεδομένα ??                 "},
-       box_style::kYesNo});
-  if (answer == Answer::kYes) {
+  if (data == WinterData::kKept) {
     bench_.study.unsaved_changes = true;
   } else if (winter_before_) {
     Require(workspace.Write(work_file::kWinter, *winter_before_));
   } else {
     workspace.Delete(work_file::kWinter);
   }
-}
-
-Box WinterPumpBox(const SectionRow& first_row, Separators separators) {
-  const auto text = [&](float value) {
-    return FormatPattern(value, pattern::kOneDecimal, separators);
-  };
-  return {"... ΧΑΡΑΚΤΗΡΙΣΤΙΚΑ ΑΝΤΛΙΑΣ ΧΕΙΜΩΝΑ ...",
-          {"Παροχή Νερού.................." + text(first_row.PAR) + "  [m3/h]",
-           "Μανομετρικό Ύψος.........." + text(ToSingle(first_row.DP / 1000.0)) + "  [m w.g.]"},
-          box_style::kInformation};
 }
 
 float WinterFluidTemperature(float mean_temperature) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -25,7 +26,7 @@ enum class WinterValue { kLength, kFlow, kDrop };
 enum class WinterEnd {
   kRefused,      ///< no summer results that stand (message 403), or no rows
   kTemperature,  ///< out of bounds (message 405)
-  kBadValue,     ///< a value is 0: a box named the section
+  kBadValue,     ///< a value is 0
   kDeclined,     ///< a flow not below that of summer was not accepted
   kLost,         ///< the network cannot be walked (message 2004)
   kViscosity,    ///< the fluid does not fit the temperature
@@ -47,6 +48,12 @@ constexpr float kMostWinterTemp = 100.0F;
 /// Emitters of the study with summer's values, where the winter's entry starts from. Faults: kFile.
 std::vector<WinterLine> SummerValues(const Workbench& bench);
 
+/// Whether a flow that is not below that of summer may stand.
+using AcceptFlow = std::function<bool(const WinterLine& line, float summer_flow_lh)>;
+
+/// What becomes of winter data that are in no file.
+enum class WinterData { kKept, kDropped };
+
 /// Winter duty of the open study, from the opening of its form to the close. Summer's rows that an
 /// interrupted duty left in `DATARES.SMR` are put back first. The open study's values are those of
 /// summer before, during and afterwards.
@@ -57,24 +64,25 @@ class WinterDuty {
 
   /// Checks `lines` (one for each emitter, in the order of `EmitterTable`) and calculates
   /// `WINTCIRC.TMP`, a copy of the rows, on their diameters. `DATARES.SMR` is a copy of the rows,
-  /// too. A row's `MeanTemp` is `temperature`, its fluid has Int(`temperature` + 0.45).
-  WinterOutcome Run(float temperature, const std::vector<WinterLine>& lines);
+  /// too. A row's `MeanTemp` is `temperature`, its fluid has Int(`temperature` + 0.45). Without
+  /// `accept` no flow may stand that is not below that of summer.
+  WinterOutcome Run(float temperature, const std::vector<WinterLine>& lines,
+                    const AcceptFlow& accept = {});
 
-  /// Summer's rows stand again. With `changed` winter data that are in no file the user is asked
-  /// whether to keep them: yes marks the study changed, else the winter file is what it was before.
+  /// Summer's rows stand again. Faults: kFile.
+  void Close();
+  /// Data that are kept mark the study changed; without them the winter file is what it was before.
   /// Faults: kFile.
-  void Close(bool changed);
+  void Settle(WinterData data);
 
  private:
-  WinterOutcome CheckAndRun(float temperature, const std::vector<WinterLine>& lines);
+  WinterOutcome CheckAndRun(float temperature, const std::vector<WinterLine>& lines,
+                            const AcceptFlow& accept);
   WinterOutcome Calculate(float temperature, const std::vector<WinterLine>& lines);
 
   Workbench& bench_;
   std::optional<std::string> winter_before_;  // bytes of WINTCIRC.TMP
 };
-
-/// The pump of the winter, from row 1 of the winter rows.
-Box WinterPumpBox(const SectionRow& first_row, Separators separators);
 
 /// The temperature, °C, at which a winter's fluid is looked up: Int(mean temperature + 0.45).
 float WinterFluidTemperature(float mean_temperature);

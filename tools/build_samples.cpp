@@ -53,7 +53,7 @@ void SaveWinter(const SampleStudy& sample, const std::filesystem::path& library,
   if (winter.Run(kWinterTemperature, lines).end != WinterEnd::kCalculated) {
     throw std::runtime_error(sample.name + " has no winter");
   }
-  winter.Close(false);
+  winter.Close();
   Expect(WriteStudy(saved.bench));
   Expect(saved.disk.Write(folder / (sample.name + "-winter.csv"), table));
 }

@@ -94,7 +94,7 @@ TEST_P(WinterCases, ComeOutOnSummersPipes) {
   WinterDuty winter(calculated.bench);
   ASSERT_EQ(winter.Run(temperature, lines).end, WinterEnd::kCalculated);
   ExpectRows(calculated.Rows(work_file::kWinter), ReadCsv(result).lines, 2e-6, name);
-  winter.Close(false);
+  winter.Close();
   EXPECT_EQ(calculated.workspace->Read(work_file::kRows).value(), summer);
   EXPECT_EQ(calculated.study.PumpHead, pump_head);
 }

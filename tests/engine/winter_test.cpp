@@ -23,8 +23,8 @@ class Winter : public testing::Test {
     lines[1].flow_lh = 150;
   }
 
-  WinterOutcome Run(float temperature = 60) {
-    return WinterDuty(bench.bench).Run(temperature, lines);
+  WinterOutcome Run(float temperature = 60, const AcceptFlow& accept = {}) {
+    return WinterDuty(bench.bench).Run(temperature, lines, accept);
   }
 
   TestBench bench;
@@ -97,10 +97,6 @@ TEST_F(Winter, StopsAtTheFirstValueThatIsNothing) {
     EXPECT_EQ(outcome.value, value);
     *field = 5;
   }
-  EXPECT_EQ(bench.prompter.boxes().at(1).lines,
-            (std::vector<std::string>{
-                "ΠΡΟΣΟΧΗ : Παρατήρηση για το Τμήμα, με α/α < 3 > ...",
-                "... Το Μήκος του Τμήματος Σωλήνος, ΔΕΝ μπορεί να είναι μηδενικό ..."}));
   EXPECT_FALSE(bench.workspace.Exists(work_file::kWinter));
   EXPECT_EQ(Run().end, WinterEnd::kCalculated);
 }
@@ -108,25 +104,28 @@ TEST_F(Winter, StopsAtTheFirstValueThatIsNothing) {
 TEST_F(Winter, AsksAboutFlowsThatAreNotBelowSummers) {
   lines[0].flow_lh = 300;
   lines[1].flow_lh = 201;
-  bench.prompter.Expect("  !!  ΠΡΟΣΟΧΗ  !! ", Answer::kYes);
-  bench.prompter.Expect("  !!  ΠΡΟΣΟΧΗ  !! ", Answer::kNo);
-  const WinterOutcome outcome = Run();
+  std::vector<std::pair<int, float>> asked;  // section, summer's flow
+  const auto only_first = [&asked](const WinterLine& line, float summer_flow_lh) {
+    asked.emplace_back(line.section, summer_flow_lh);
+    return asked.size() == 1;
+  };
+  const WinterOutcome outcome = Run(60, only_first);
   EXPECT_EQ(outcome.end, WinterEnd::kDeclined);
   EXPECT_EQ(outcome.line, 1U);
-  EXPECT_NE(bench.prompter.boxes().at(0).lines.at(1).find("ίση"), std::string::npos);
-  EXPECT_NE(bench.prompter.boxes().at(1).lines.at(1).find("μεγαλύτερη"), std::string::npos);
+  EXPECT_EQ(asked, (std::vector<std::pair<int, float>>{{2, 300.0F}, {3, 200.0F}}));
+  EXPECT_EQ(Run(60, [](const WinterLine&, float) { return true; }).end, WinterEnd::kCalculated);
+  EXPECT_EQ(Run().end, WinterEnd::kDeclined);
 }
 
 TEST_F(Winter, TheCloseKeepsWhatTheUserWantsKept) {
-  constexpr const char* kTitle = "  ! !   ΠΡΟΣΟΧΗ   ! ! ";
   ASSERT_TRUE(bench.workspace.Write(work_file::kWinter, "loaded").ok());
-  for (const Answer answer : {Answer::kNo, Answer::kYes}) {
+  for (const WinterData data : {WinterData::kDropped, WinterData::kKept}) {
     WinterDuty duty(bench.bench);
     ASSERT_EQ(duty.Run(60, lines).end, WinterEnd::kCalculated);
-    bench.prompter.Expect(kTitle, answer);
-    duty.Close(true);
-    EXPECT_EQ(bench.Bytes(work_file::kWinter) == "loaded", answer == Answer::kNo);
-    EXPECT_EQ(bench.study.unsaved_changes, answer == Answer::kYes);
+    duty.Close();
+    duty.Settle(data);
+    EXPECT_EQ(bench.Bytes(work_file::kWinter) == "loaded", data == WinterData::kDropped);
+    EXPECT_EQ(bench.study.unsaved_changes, data == WinterData::kKept);
     EXPECT_FALSE(bench.workspace.Exists(work_file::kSummerRows));
   }
 }
@@ -140,7 +139,6 @@ TEST_F(Winter, ComparesAnEmitterWithinTheTrunkByItsOwnFlow) {
   EXPECT_EQ(lines[0].flow_lh, 100.0F);  // and not the 500 that pass its section
   lines[0].flow_lh = 150;
   lines[1].flow_lh = 300;
-  bench.prompter.Expect("  !!  ΠΡΟΣΟΧΗ  !! ", Answer::kNo);
   EXPECT_EQ(Run().end, WinterEnd::kDeclined);
 }
 
@@ -156,17 +154,6 @@ TEST_F(Winter, PutsSummersRowsBackThatAnInterruptedDutyLeft) {
   ASSERT_TRUE(bench.workspace.Write(work_file::kRows, summer.substr(0, 355)).ok());
   WinterDuty duty(bench.bench);
   EXPECT_EQ(bench.Bytes(), summer);
-}
-
-TEST_F(Winter, TellsThePump) {
-  SectionRow row;
-  row.PAR = 1234.56F;
-  row.DP = 3350;
-  EXPECT_EQ(WinterPumpBox(row, {',', '.'}).lines,
-            (std::vector<std::string>{"Παροχή Νερού..................1.234,6  [m3/h]",
-                                      "Μανομετρικό Ύψος..........3,4  [m w.g.]"}));
-  row.PAR = 0.35F;  // by its decimal text, below a half in binary
-  EXPECT_EQ(WinterPumpBox(row, {',', '.'}).lines[0], "Παροχή Νερού..................0,4  [m3/h]");
 }
 
 }  // namespace
