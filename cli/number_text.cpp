@@ -6,8 +6,6 @@
 
 namespace kalvo {
 
-namespace {}  // namespace
-
 std::string WithDecimals(float value, int decimals, const Separators& separators) {
   return FormatPattern(value, pattern::Decimals(decimals), separators);
 }

@@ -7,7 +7,6 @@
 #include "results/results_session.h"
 
 namespace kalvo {
-namespace {}  // namespace
 
 FrmResGn::FrmResGn(Desk& shared_desk)
     : Form(shared_desk),

@@ -13,7 +13,6 @@
 #include "study/study_title.h"
 
 namespace kalvo {
-namespace {}  // namespace
 
 bool FrmMain::HasRows() const { return bench.workspace.HasBytes(work_file::kRows); }
 
