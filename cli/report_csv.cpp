@@ -47,7 +47,7 @@ std::string Quoted(std::string text, char cell_end) {
   return quoted + "\"";
 }
 
-// The cells of a line, kept from line to line: a value that repeats is not turned to text again.
+// A line's cells by their column, each field of the row put in by its kind.
 class LineCells {
  public:
   LineCells(char decimal, char cell_end) : decimal_(decimal), cell_end_(cell_end) {}
@@ -56,10 +56,6 @@ class LineCells {
 
   // The shortest decimal that reads back to the value.
   void Put(std::size_t column, float value) {
-    if (values_[column] == value && !cells_[column].empty()) {
-      return;
-    }
-    values_[column] = value;
     std::array<char, 64> buffer{};
     char* end =
         std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::fixed)
@@ -87,7 +83,6 @@ class LineCells {
   char decimal_;
   char cell_end_;
   std::array<std::string, kColumns.size()> cells_;
-  std::array<float, kColumns.size()> values_{};
 };
 
 }  // namespace
