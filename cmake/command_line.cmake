@@ -19,8 +19,9 @@ if(kalvo_main)
   target_include_directories(kalvo PRIVATE "${PROJECT_SOURCE_DIR}")
   target_link_libraries(kalvo PRIVATE ${kalvo_below} kalvo_warnings)
   # Most of a short run would else go into finding and binding shared libraries. In a static program
-  # at a fixed place the first exception sorts all unwind tables, a millisecond; -static-pie looks
-  # them up in the sorted index that the linker makes.
+  # at a fixed place the first exception sorts all unwind tables; -static-pie looks them up in the
+  # index that the linker makes. `kalvo --help`, which ends by an exception, takes 0.9 ms in place
+  # of 2.6; a run without one takes 0.1 ms longer.
   if(NOT KALVO_SANITIZE)
     target_link_options(kalvo PRIVATE -static-pie)
   endif()
