@@ -54,7 +54,7 @@ StudyFiles::StudyFiles(SystemKind kind, int sections) {
 }
 
 PipeList DeliveredPipes() {
-  const MemoryWorkspace workspace(KALVO_LIBRARY_DIR);
+  MemoryWorkspace workspace(KALVO_LIBRARY_DIR);
   PipeList pipes = Need(BuildPipeList(*workspace, EmptyLibraries::kSkip));
   if (pipes.empty()) {
     throw std::runtime_error("no pipe systems in " KALVO_LIBRARY_DIR);
