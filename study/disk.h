@@ -38,7 +38,7 @@ class Disk {
   /// Nothing when the file is surely not there; an error when that cannot be found out.
   [[nodiscard]] virtual Result<std::optional<FileStatus>> Status(
       const std::filesystem::path& path) const = 0;
-  /// The whole file. A file that is not there is an error of kind kMissing, here and below.
+  /// The whole file. A file that is not there is an error that IsMissing(), here and below.
   [[nodiscard]] virtual Result<std::string> Read(const std::filesystem::path& path) const = 0;
   /// The first `length` bytes, fewer when the file is shorter.
   [[nodiscard]] virtual Result<std::string> ReadHead(const std::filesystem::path& path,

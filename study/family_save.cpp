@@ -62,6 +62,16 @@ bool IsOwnFile(const std::string& name, const std::string& base) {
          IsStudyExtension(std::string_view(name).substr(base.size()));
 }
 
+// Of the names that a save makes the lock's is the longest.
+Outcome ProveNamesFit(const Family& family, const std::string& main) {
+  const auto look = family.disk.ReadHead(family.Lock(), 0);
+  if (look || look.error().kind != FileErrorKind::kNameTooLong) {
+    return Done{};
+  }
+  return FileError{family.Target(main), "Το όνομα της Μελέτης είναι πολύ μακρύ, δώστε ένα συντομότερο",
+                   FileErrorKind::kNameTooLong};
+}
+
 // Names in the journal's lines must be told apart from it; a folder cannot be replaced by a file.
 Outcome ProveSavable(const Family& family, const std::vector<FamilyFile>& files) {
   for (const FamilyFile& file : files) {
@@ -262,7 +272,9 @@ std::filesystem::path StagedPath(const std::filesystem::path& target) {
 Outcome SaveFamily(Disk& disk, const std::filesystem::path& folder, const std::string& base,
                    const std::vector<FamilyFile>& files) {
   const Family family{disk, folder, base};
-  if (Outcome savable = ProveSavable(family, files); !savable) {
+  Outcome savable = ProveNamesFit(family, files.back().name);
+  savable = savable ? ProveSavable(family, files) : savable;
+  if (!savable) {
     return savable;
   }
   const auto lock = disk.Lock(family.Lock(), kSavePatience);

@@ -25,7 +25,8 @@ constexpr std::chrono::milliseconds kSavePatience{5000};
 /// study at the same time is waited for. A failure before the first file has its name leaves every
 /// old file as it was and nothing else; a later one, or a journal that cannot be taken back, names
 /// the journal: the save is finished by whoever opens or saves the study next.
-/// `base`: the study's name without folder and extension.
+/// A name that leaves no room for those of the save's own files is refused before anything is
+/// written. `base`: the study's name without folder and extension.
 Outcome SaveFamily(Disk& disk, const std::filesystem::path& folder, const std::string& base,
                    const std::vector<FamilyFile>& files);
 

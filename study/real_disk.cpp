@@ -41,6 +41,8 @@ FileErrorKind KindOf(int error_number) {
     case ENOENT:
     case ENOTDIR:
       return FileErrorKind::kMissing;
+    case ENAMETOOLONG:
+      return FileErrorKind::kNameTooLong;
     case ENOSPC:
     case EDQUOT:
       return FileErrorKind::kFull;
@@ -240,12 +242,16 @@ Outcome RealDisk::Rename(const fs::path& from, const fs::path& to) {
   struct stat replaced {};
   constexpr mode_t kPermissions = 0777;
   if (stat(to.c_str(), &replaced) == 0) {
-    static_cast<void>(chmod(from.c_str(), replaced.st_mode & kPermissions));
+    static_cast<void>(SetMode(from, replaced.st_mode & kPermissions));
   }
   if (rename(from.c_str(), to.c_str()) != 0) {
     return LastError(to);
   }
   return Done{};
+}
+
+bool RealDisk::SetMode(const fs::path& path, unsigned mode) {
+  return chmod(path.c_str(), static_cast<mode_t>(mode)) == 0;
 }
 
 Outcome RealDisk::Remove(const fs::path& path) {

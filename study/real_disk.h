@@ -23,6 +23,10 @@ class RealDisk : public Disk {
   /// A file of that name while the lock lives, which a killed program leaves.
   [[nodiscard]] Result<std::unique_ptr<DiskLock>> Lock(const std::filesystem::path& path,
                                                        std::chrono::milliseconds patience) override;
+
+ protected:
+  /// Who may read and write the file. False: the medium or the file's owner refuses.
+  virtual bool SetMode(const std::filesystem::path& path, unsigned mode);
 };
 
 /// The Greek reason for an error number of the system.

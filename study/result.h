@@ -10,9 +10,10 @@ namespace kalvo {
 /// What a caller may have to tell apart among errors of files.
 enum class FileErrorKind {
   kOther,
-  kMissing,  ///< the file is surely not there
-  kFull,     ///< the disk, or the user's share of it, has no room
-  kBusy      ///< another program is at it
+  kMissing,      ///< the file is surely not there
+  kNameTooLong,  ///< no file can bear that name, so it is not there either
+  kFull,         ///< the disk, or the user's share of it, has no room
+  kBusy          ///< another program is at it
 };
 
 /// Why the world said no: the file concerned and the reason, in Greek, ready to be shown.
@@ -21,7 +22,9 @@ struct FileError {
   std::string reason;
   FileErrorKind kind = FileErrorKind::kOther;
 
-  [[nodiscard]] bool IsMissing() const { return kind == FileErrorKind::kMissing; }
+  [[nodiscard]] bool IsMissing() const {
+    return kind == FileErrorKind::kMissing || kind == FileErrorKind::kNameTooLong;
+  }
 
   /// "reason : file", one line; the reason alone when there is no file to name.
   [[nodiscard]] std::string Line() const {

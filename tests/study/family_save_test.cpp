@@ -14,6 +14,7 @@
 #include "study/load_study.h"
 #include "study/real_disk.h"
 #include "study/settled_disk.h"
+#include "study/study_extensions.h"
 #include "study/write_study.h"
 #include "tests/support/failing_disk.h"
 #include "tests/support/sample_study.h"
@@ -134,6 +135,36 @@ TEST(SaveFamily, RefusesNamesThatItsJournalCouldNotTell) {
        {std::pair("a\nb", "a\nb.PCK"), std::pair("a", "b.PCK"), std::pair("a", "a.txt")}) {
     EXPECT_FALSE(SaveFamily(disk, kStudies, base, {{name, "x"}}).ok());
     EXPECT_TRUE(NamesIn(disk, kStudies).empty());
+  }
+}
+
+TEST(SaveFamily, RefusesANameThatLeavesNoRoomForItsOwnFilesBeforeItWrites) {
+  constexpr std::size_t kMostBytes = 255;  // of a name in this folder
+  const std::size_t longest = kMostBytes - std::string_view(".saving~.lock~").size();
+  for (const std::size_t bytes : {longest, longest + 1, longest + 2, longest + 5, longest + 7,
+                                  kMostBytes - kStudyExtensionLength, kMostBytes}) {
+    SCOPED_TRACE(bytes);
+    const DiskBench place;
+    RealDisk disk;
+    const std::string base(bytes, 'x');
+    const fs::path main = place.studies() / (base + ".PCK");
+    const bool can_be_there = disk.Write(main, "old").ok();
+    const FolderImage before = ImageOf(disk, place.studies());
+    const Outcome saved =
+        SaveFamily(disk, place.studies(), base, {{base + ".LQD", "new"}, {base + ".PCK", "new"}});
+    if (bytes <= longest) {
+      EXPECT_TRUE(saved.ok());
+      EXPECT_EQ(*disk.Read(main), "new");
+      continue;
+    }
+    ASSERT_FALSE(saved.ok());
+    EXPECT_EQ(saved.error().Line(),
+              "Το όνομα της Μελέτης είναι πολύ μακρύ, δώστε ένα συντομότερο : " + main.string());
+    EXPECT_EQ(ImageOf(disk, place.studies()), before);
+    const auto settled = SettleStudy(disk, main);
+    ASSERT_TRUE(settled.ok());
+    EXPECT_TRUE(settled->journal().empty()) << "no save was broken off";
+    EXPECT_EQ(settled->Exists(main), can_be_there);
   }
 }
 
@@ -426,6 +457,29 @@ TEST(OnTheDisk, AFolderThatCannotBeForcedIsNoErrorAndAFileIs) {
   EXPECT_TRUE(RealDisk().Flush("/proc").ok());
   EXPECT_FALSE(RealDisk().Flush("/dev/null").ok());
   EXPECT_FALSE(RealDisk().Flush("/proc/none").ok());
+}
+
+// A medium, or another owner's file, where nobody may change who reads and writes a file.
+class FixedModeDisk : public RealDisk {
+ public:
+  int refused = 0;
+
+ protected:
+  bool SetMode(const fs::path& /*path*/, unsigned /*mode*/) override {
+    ++refused;
+    return false;
+  }
+};
+
+TEST(OnTheDisk, AModeThatCannotBeSetIsNoReasonNotToSave) {
+  const DiskBench place;
+  FixedModeDisk disk;
+  ASSERT_TRUE(DiskStudy(place, disk).Save("Παλιά").ok());
+  EXPECT_EQ(disk.refused, 0) << "nothing was replaced";
+  ASSERT_TRUE(DiskStudy(place, disk).Save("Νέα").ok());
+  EXPECT_EQ(disk.refused, 4);
+  EXPECT_EQ(DiskStudy(place).LoadedTitle(), "Νέα");
+  ExpectFourFiles(place);
 }
 
 TEST(OnTheDisk, AMissingFolderIsNamedAndAPipeIsNoFile) {
