@@ -71,10 +71,7 @@ void Program::OpenTakenWhenFree() {
 }
 
 void Program::TellUnknownArgument() {
-  if (places_.unknown.empty()) return;
-  const bool there = disk_.Exists(places_.unknown);
-  TellError(bench_, {places_.unknown, there ? "Δεν είναι μελέτη ούτε φάκελος του προγράμματος"
-                                            : "Δεν υπάρχει τέτοιος φάκελος ή μελέτη"});
+  if (places_.refused) TellError(bench_, *places_.refused);
 }
 
 bool Program::Prepare(const std::filesystem::path& installed) {

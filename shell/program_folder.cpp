@@ -4,7 +4,8 @@
 
 #include "study/letter_case.h"
 #include "study/path_text.h"
-#include "study/study_extensions.h"
+#include "study/settled_disk.h"
+#include "study/study_reset.h"
 
 namespace kalvo {
 namespace {
@@ -58,6 +59,31 @@ fs::path FindFolder(Disk& disk, const Surroundings& surroundings, const fs::path
   return UserFolder(surroundings, "XDG_DATA_HOME", ".local/share");
 }
 
+// The study that the argument names, with its extension or, where only one kind of study bears that
+// name, without it.
+Result<fs::path> FindStudyGiven(Disk& disk, const fs::path& argument) {
+  if (KindOfName(argument.filename().string()) != SystemKind::kNone) return argument;
+  const auto status = disk.Status(argument);
+  if (!status) return status.error();
+  std::vector<fs::path> studies;
+  for (const SystemKind kind : {SystemKind::kClosed, SystemKind::kOpen}) {
+    auto found = FindStudyFile(disk, WithExtension(argument, kind));
+    if (found) {
+      studies.push_back(std::move(found).value());
+    } else if (!found.error().IsMissing()) {
+      return found.error();
+    }
+  }
+  if (studies.size() == 1) return studies.front();
+  if (studies.size() > 1) {
+    return FileError{argument, "Υπάρχουν δύο μελέτες με αυτό το όνομα, δώστε και την προέκταση ( " +
+                                   studies[0].extension().string() + " ή " +
+                                   studies[1].extension().string() + " )"};
+  }
+  return *status ? FileError{argument, "Δεν είναι μελέτη ούτε φάκελος του προγράμματος"}
+                 : FileError{argument, "Δεν υπάρχει τέτοιος φάκελος ή μελέτη"};
+}
+
 // Copies the files of `from` that `to` lacks, whatever the case of their names.
 Outcome CopyMissing(Disk& disk, const fs::path& from, const fs::path& to) {
   const auto delivered = disk.List(from);
@@ -84,9 +110,11 @@ ProgramPlaces FindPlaces(Disk& disk, const Surroundings& surroundings) {
   }
   places.folder = FindFolder(disk, surroundings, argument);
   places.state_folder = UserFolder(surroundings, "XDG_STATE_HOME", ".local/state");
-  const bool is_study = KindOfName(argument.filename().string()) != SystemKind::kNone;
-  if (!argument.empty() && !disk.IsFolder(argument)) {
-    (is_study ? places.study : places.unknown) = argument;
+  if (argument.empty() || disk.IsFolder(argument)) return places;
+  if (auto study = FindStudyGiven(disk, argument)) {
+    places.study = std::move(study).value();
+  } else {
+    places.refused = study.error();
   }
   return places;
 }

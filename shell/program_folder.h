@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <map>
+#include <optional>
 #include <string>
 
 #include "study/disk.h"
@@ -20,12 +21,13 @@ struct ProgramPlaces {
   std::filesystem::path folder;        ///< libraries and work files
   std::filesystem::path state_folder;  ///< the log of programs and scratch notes
   std::filesystem::path study;         ///< full path of the study given; empty: none
-  std::filesystem::path unknown;       ///< the argument when it is no study and no folder
+  std::optional<FileError> refused;    ///< why the argument is no study and no folder
 };
 
 /// The program folder: an argument that is a folder; else KALVOFLUME_HOME; else the executable's
 /// folder when it holds pipe libraries and can be written (the copy on a stick); else kalvoflume
-/// below the user's data home.
+/// below the user's data home. A study is also found by its name without extension, when there is
+/// one of one kind only.
 ProgramPlaces FindPlaces(Disk& disk, const Surroundings& surroundings);
 
 /// Makes the program folder ready: pipe libraries and fluids of `installed`/library and the sound

@@ -38,6 +38,39 @@ TEST(ProgramFolder, IsFoundInTheOrderOfWhatWasSaid) {
   EXPECT_TRUE(FindPlaces(disk, start).study.empty());
 }
 
+TEST(ProgramFolder, TakesAStudyByItsNameWhenOneKindHasIt) {
+  MemoryDisk disk;
+  for (const char* const name : {"hotel.PCK", "school.pca", "both.PCK", "both.PCA", "note.txt"}) {
+    Put(disk, std::string("/s/") + name);
+  }
+  Put(disk, "/s/first.saving~", "KALVOFLUME 1\nfirst.PCA\nTELOS\n");
+  Put(disk, "/s/first.PCA.new~");
+  UnreadableDisk closed(disk);
+  Surroundings start{"", "/usr/bin", {{"HOME", "/home/eleni"}}};
+  const auto places = [&](const std::string& argument) {
+    start.argument = argument;
+    return FindPlaces(closed, start);
+  };
+  EXPECT_EQ(places("/s/hotel").study, "/s/hotel.PCK");
+  EXPECT_EQ(places("/s/Σχόλια/../school").study, "/s/school.pca");
+  EXPECT_EQ(places("/s/first").study, "/s/first.PCA") << "its save was broken off";
+  EXPECT_EQ(places("/s/gone.PCK").study, "/s/gone.PCK") << "opening it gives the reason";
+  EXPECT_FALSE(places("/s/hotel").refused || places("").refused || places("/s").refused);
+  for (const auto& [argument, reason] :
+       {std::pair("/s/both",
+                  "Υπάρχουν δύο μελέτες με αυτό το όνομα, δώστε και την προέκταση "
+                  "( .PCK ή .PCA )"),
+        std::pair("/s/note.txt", "Δεν είναι μελέτη ούτε φάκελος του προγράμματος"),
+        std::pair("/s/none", "Δεν υπάρχει τέτοιος φάκελος ή μελέτη"),
+        std::pair("/s/closed", "Σφάλμα του δίσκου")}) {
+    closed.Bar("closed");
+    const ProgramPlaces refused = places(argument);
+    EXPECT_TRUE(refused.study.empty());
+    ASSERT_TRUE(refused.refused) << argument;
+    EXPECT_EQ(refused.refused->Line(), std::string(reason) + " : " + argument);
+  }
+}
+
 TEST(ProgramFolder, GetsWhatItLacksAndKeepsWhatItHas) {
   MemoryDisk disk;
   Put(disk, "/share/library/0001.WPT", "new one");
