@@ -61,6 +61,14 @@ TEST_F(Program, SavesBeforeItPrints) {
   const std::string calc = "kalvo calc '" + bench_.Put("long.PCK", Chain(500)) + "' --library '" +
                            bench_.library().string() + "' --save '" + saved + "'";
   EXPECT_EQ(RunProgram(calc + " | " + reader).code, 0);
+
+  const std::string values = bench_.Put("values.csv", "section,flow,drop\n500,1,100\n");
+  const std::string winter = "kalvo winter '" + saved + "' --values '" + values + "' --library '" +
+                             bench_.library().string() + "' --yes --save '";
+  const std::string cold = bench_.Path("winter.PCK");
+  const std::string cold_reader =
+      "timeout 20 sh -c 'until [ -s \"" + cold + "\" ]; do sleep 0.02; done'";
+  EXPECT_EQ(RunProgram(winter + cold + "' | " + cold_reader).code, 0);
 }
 
 TEST_F(Program, WorkingFolderThatIsGoneIsToldInGreek) {
