@@ -75,20 +75,28 @@ std::optional<Stamp> StampOf(const std::string& name) {
   return fits ? std::optional(std::pair(stamp, std::stoi(number))) : std::nullopt;
 }
 
+bool IsCopysFolder(const Disk& disk, const fs::path& folder) {
+  const fs::path above = folder.parent_path();
+  return StampOf(folder.filename().string()) &&
+         (above.filename() == kSafetyFolder || disk.Resolve(above).filename() == kSafetyFolder);
+}
+
 // A folder that is not there yet and comes after all others, whatever the clock says.
-fs::path NewFolder(const Workbench& bench, const fs::path& above) {
+Result<fs::path> NewFolder(const Workbench& bench, const fs::path& above) {
   const Disk& disk = bench.workspace.outer_disk();
   Stamp newest{StampText(bench.workspace.Now()), 0};
   for (const std::string& name : SafetyCopyNames(disk, above)) {
     newest = std::max(newest, *StampOf(name));
   }
-  fs::path folder;
-  do {
+  for (;;) {
     ++newest.second;
-    folder = above / (newest.second == 1 ? newest.first
-                                         : newest.first + "-" + std::to_string(newest.second));
-  } while (disk.Exists(folder));
-  return folder;
+    fs::path folder =
+        above /
+        (newest.second == 1 ? newest.first : newest.first + "-" + std::to_string(newest.second));
+    const auto status = disk.Status(folder);
+    if (!status) return status.error();
+    if (!*status) return folder;
+  }
 }
 
 // What cannot be removed stays.
@@ -100,11 +108,12 @@ void RemoveCopy(Disk& disk, const fs::path& folder) {
   static_cast<void>(disk.Remove(folder).ok());
 }
 
-// Takes away the oldest copies past those that are kept.
+// Takes away the oldest copies past those that are kept. The one in use may be reached by another
+// path, so its name counts.
 void RemoveOldCopies(Disk& disk, const fs::path& above, const fs::path& in_use) {
   const std::vector<std::string> copies = SafetyCopyNames(disk, above);
   for (std::size_t i = 0; i + kSafetyCopies < copies.size(); ++i) {
-    if (above / copies[i] != in_use) RemoveCopy(disk, above / copies[i]);
+    if (copies[i] != in_use.filename()) RemoveCopy(disk, above / copies[i]);
   }
 }
 
@@ -116,14 +125,17 @@ bool HoldsEntries(std::string_view work_name) {
 }
 
 // Names of the files that could not be read and are left out, parted by commas.
-Result<std::string> CopyInto(const Workbench& bench, const fs::path& folder) {
+Result<std::string> CopyInto(const Workbench& bench, const fs::path& folder,
+                             UnreadableEntries unreadable) {
   Disk& disk = bench.workspace.outer_disk();
   const SystemKind kind = KindOfRows(bench);
   std::string left_out;
   for (const std::string_view name : work_file::kAll) {
     if (!bench.workspace.HasBytes(name)) continue;
     auto bytes = bench.workspace.Read(name);
-    if (!bytes && HoldsEntries(name)) return bytes.error();
+    if (!bytes && HoldsEntries(name) && unreadable == UnreadableEntries::kRefuse) {
+      return bytes.error();
+    }
     if (!bytes) {
       left_out += (left_out.empty() ? "" : ", ") + std::string(name);
       continue;
@@ -144,29 +156,35 @@ struct MadeCopy {
 
 // After a failure nothing of it is left.
 Result<MadeCopy> WriteSafetyCopy(const Workbench& bench, const fs::path& where,
-                                 const fs::path& in_use) {
+                                 const fs::path& in_use, UnreadableEntries unreadable) {
   Disk& disk = bench.workspace.outer_disk();
   const fs::path above = where / kSafetyFolder;
-  const fs::path folder = NewFolder(bench, above);
-  if (Outcome made = disk.MakeFolder(folder); !made) return made.error();
-  auto copied = CopyInto(bench, folder);
+  const auto folder = NewFolder(bench, above);
+  if (!folder) return folder.error();
+  if (Outcome made = disk.MakeFolder(*folder); !made) return made.error();
+  auto copied = CopyInto(bench, *folder, unreadable);
   const Outcome flushed = copied ? disk.Flush(above) : Outcome(copied.error());
   if (!flushed) {
-    RemoveCopy(disk, folder);
+    RemoveCopy(disk, *folder);
     return flushed.error();
   }
-  RemoveOldCopies(disk, above, in_use);
-  return MadeCopy{folder, std::move(copied).value()};
+  if (const auto names = disk.List(*folder); names && names->empty()) {
+    RemoveCopy(disk, *folder);  // all was left out: no older copy goes for it
+  } else {
+    RemoveOldCopies(disk, above, in_use);
+  }
+  return MadeCopy{*folder, std::move(copied).value()};
 }
 
 // In the studies' folder, which is not made anew: below a share that is gone the copy would be
 // hidden by it later.
-Result<MadeCopy> WriteBesideStudies(const Desk& desk, const fs::path& in_use) {
+Result<MadeCopy> WriteBesideStudies(const Desk& desk, const fs::path& in_use,
+                                    UnreadableEntries unreadable) {
   const fs::path& where = desk.data_folder;
   const auto status = desk.bench.workspace.outer_disk().Status(where);
   if (!status) return status.error();
   if (!*status) return FileError{where, "Ο φάκελος δεν υπάρχει", FileErrorKind::kMissing};
-  return WriteSafetyCopy(desk.bench, where, in_use);
+  return WriteSafetyCopy(desk.bench, where, in_use, unreadable);
 }
 
 // The copy in that folder; nothing when no study of the kind can be opened from it.
@@ -224,11 +242,12 @@ bool KeepSafetyCopy(Desk& desk, const fs::path& in_use) {
   return IsSaved(desk.bench) || KeepSafetyCopyAnyway(desk, in_use);
 }
 
-bool KeepSafetyCopyAnyway(Desk& desk, const fs::path& in_use) {
+bool KeepSafetyCopyAnyway(Desk& desk, const fs::path& in_use, UnreadableEntries unreadable) {
   Workbench& bench = desk.bench;
-  const auto kept = WriteBesideStudies(desk, in_use);
-  const auto elsewhere =
-      kept || desk.state_folder.empty() ? kept : WriteSafetyCopy(bench, desk.state_folder, in_use);
+  const auto kept = WriteBesideStudies(desk, in_use, unreadable);
+  const auto elsewhere = kept || desk.state_folder.empty()
+                             ? kept
+                             : WriteSafetyCopy(bench, desk.state_folder, in_use, unreadable);
   if (elsewhere && !elsewhere->left_out.empty()) {
     bench.Ask({" !!... ΠΡΟΣΟΧΗ ...!! ",
                {"Δεν διαβάζονται και λείπουν από το αντίγραφο ασφαλείας της Μελέτης :",
@@ -282,10 +301,14 @@ std::vector<SafetyCopy> ListSafetyCopies(const Desk& desk, SystemKind kind) {
   return copies;
 }
 
-bool IsInSafetyCopy(const fs::path& file) {
-  const fs::path folder = file.lexically_normal().parent_path();
-  return StampOf(folder.filename().string()) &&
-         folder.parent_path().filename() == fs::path(kSafetyFolder);
+fs::path SafetyCopyFolder(const Disk& disk, const fs::path& file) {
+  for (const fs::path& end : {file, disk.Resolve(file)}) {
+    const fs::path folder = end.lexically_normal().parent_path();
+    for (const fs::path& named : {folder, disk.Resolve(folder)}) {
+      if (IsCopysFolder(disk, named)) return named;
+    }
+  }
+  return {};
 }
 
 bool IsDamaged(const Workbench& bench, std::string_view work_name) {

@@ -21,13 +21,18 @@ bool IsSaved(const Workbench& bench);
 /// (IsSaved()). True: it may go. A copy in the folder `in_use` is not taken away, however old.
 bool KeepSafetyCopy(Desk& desk, const std::filesystem::path& in_use = {});
 
+/// Entered data (rows, fluid, winter rows, sheet) that cannot be read: no copy is made without
+/// them, or, where they stay on disk as they are, they are left out and a box names them.
+enum class UnreadableEntries { kRefuse, kLeaveOut };
+
 /// The same whatever is saved elsewhere. The work files are copied byte by byte, whole records or
 /// not, into a dated folder of `ASFALEIA` below the studies' folder; where that cannot be, below
 /// the state folder, and a box says so. Where neither can be the user is asked whether to go on
 /// without a copy; "no" is the default, and false. Files without entered data that cannot be read
 /// are left out, and a box names them. The copy opens as any study does; what is no study's file,
 /// or is damaged, keeps its name. The newest kSafetyCopies are kept.
-bool KeepSafetyCopyAnyway(Desk& desk, const std::filesystem::path& in_use = {});
+bool KeepSafetyCopyAnyway(Desk& desk, const std::filesystem::path& in_use = {},
+                          UnreadableEntries unreadable = UnreadableEntries::kRefuse);
 
 /// Names of the safety copies in a folder, the oldest first: folders named as copies are, no
 /// others.
@@ -45,8 +50,9 @@ struct SafetyCopy {
 /// The safety copies of a kind, of both places, the newest first.
 std::vector<SafetyCopy> ListSafetyCopies(const Desk& desk, SystemKind kind);
 
-/// True for a file in the folder of a safety copy.
-bool IsInSafetyCopy(const std::filesystem::path& file);
+/// The folder of the safety copy that the file is in, also when a link leads there; empty for any
+/// other file.
+std::filesystem::path SafetyCopyFolder(const Disk& disk, const std::filesystem::path& file);
 
 /// A work file that is there, can be read, and cannot be what its name says: damaged.
 bool IsDamaged(const Workbench& bench, std::string_view work_name);

@@ -88,10 +88,10 @@ bool MayLeaveSaved(Desk& desk) {
 }
 
 // A safety copy is in no saved file: it is saved under the study's own name, never over itself.
-void CountAsBroughtBack(Workbench& bench) {
+void CountAsBroughtBack(Workbench& bench, const std::filesystem::path& copy) {
   Study& study = bench.study;
   const Disk& disk = bench.workspace.outer_disk();
-  const auto note = disk.Read(study.study_path.parent_path() / work_file::kOrigin);
+  const auto note = disk.Read(copy / work_file::kOrigin);
   study.study_path.clear();
   RebuildNameState(bench);
   study.saved_digest.reset();
@@ -177,14 +177,15 @@ bool OpenChosen(Desk& desk, const std::filesystem::path& path, RecentList recent
   study.last_study_path = study.study_path;
   study.study_path = path;
   study.entry_mode = 0;
+  const std::filesystem::path copy = SafetyCopyFolder(bench.workspace.outer_disk(), path);
   const OpenEnd end = [&] {
     const WaitShown wait(desk.navigator);
     // A copy is no file to be listed among those used last.
-    return OpenStudyFile(bench, IsInSafetyCopy(path) ? RecentList::kLeave : recent,
-                         [&] { return KeepSafetyCopy(desk, path.parent_path()); });
+    return OpenStudyFile(bench, copy.empty() ? recent : RecentList::kLeave,
+                         [&] { return KeepSafetyCopy(desk, copy); });
   }();
   if (end != OpenEnd::kNotOpened) {
-    if (IsInSafetyCopy(study.study_path)) CountAsBroughtBack(bench);
+    if (!copy.empty()) CountAsBroughtBack(bench, copy);
     NoteOrigin(bench.workspace, study.study_path.empty() ? study.origin_path : study.study_path);
     return true;
   }

@@ -4,6 +4,8 @@
 
 #include "shell/frm_file_os.h"
 #include "shell/safety_copies.h"
+#include "study/real_disk.h"
+#include "study/study_origin.h"
 #include "study/write_study.h"
 #include "tests/support/failing_disk.h"
 #include "tests/support/sample_study.h"
@@ -198,6 +200,49 @@ TEST_F(FileDialog, AsksBeforeItReplacesAndMoreSoWhenAnotherHasReplacedTheStudy) 
   Click(form, form.CmdOK);
   EXPECT_NE(test.prompter.boxes().back().lines[0].find("άλλαξε στον δίσκο"), std::string::npos);
   EXPECT_EQ(desk.questions.file.value().path, kStudies / "hotel.PCK");
+}
+
+// A program on the machine's own disk, where a link may lead to a safety copy.
+TEST(SafetyCopyBehindALink, ComesBackAsTheStudyItIsOfAndStays) {
+  const DiskBench place;
+  RealDisk disk;
+  TestDesk with;
+  Workspace workspace(with.test.work_disk, TestBench::kProgramFolder, disk, place.library(),
+                      with.test.clock);
+  PipeList pipes = {{1, "0001.WPT", "", "STEEL", 10}};
+  Workbench bench{with.test.study, workspace, pipes, with.test.prompter};
+  Desk desk{bench, with.navigator, with.sound, with.viewer, Separators{',', '.'}};
+  desk.data_folder = place.studies();
+  const fs::path origin = place.studies() / "own.PCK";
+  PutSampleStudy(bench, "Παλιά");
+  NoteOrigin(workspace, origin);
+  with.test.study.origin_path = origin;
+  ASSERT_TRUE(KeepSafetyCopyAnyway(desk));
+  const fs::path copies = place.studies() / kSafetyFolder;
+  const fs::path oldest = copies / SafetyCopyNames(disk, copies).front();
+  const fs::path links = place.folder() / "links";
+  ASSERT_TRUE(disk.MakeFolder(links).ok());
+  fs::create_symlink(oldest / "own.PCK", links / "file.PCK");
+  fs::create_directory_symlink(oldest, links / "copy");
+  fs::create_directory_symlink(copies, links / "copies");
+  fs::create_directory_symlink(links / "copy", links / "link");
+  for (std::size_t i = 1; i < kSafetyCopies; ++i) ASSERT_TRUE(KeepSafetyCopyAnyway(desk));
+
+  for (const fs::path& path :
+       {oldest / "own.PCK", links / "file.PCK", links / "copy/own.PCK", links / "link/own.PCK",
+        links / "copies" / oldest.filename() / "own.PCK"}) {
+    SCOPED_TRACE(path);
+    PutSampleStudy(bench, "Άλλη");
+    ASSERT_TRUE(OpenChosen(desk, path, RecentList::kAdd));
+    EXPECT_EQ(with.test.study.study_title, "Παλιά");
+    EXPECT_TRUE(with.test.study.study_path.empty()) << "no save goes over the copy";
+    EXPECT_EQ(with.test.study.origin_path, origin);
+    EXPECT_FALSE(workspace.Exists(work_file::kRecentFiles));
+    EXPECT_TRUE(disk.Exists(oldest / "own.PCK")) << "it is being opened";
+  }
+  for (const fs::path& path : {origin, copies / "own.PCK", links / "own.PCK"}) {
+    EXPECT_TRUE(SafetyCopyFolder(disk, path).empty()) << path;
+  }
 }
 
 }  // namespace
