@@ -5,6 +5,7 @@
 #include "form/tell.h"
 #include "shell/open_study.h"
 #include "shell/safety_copies.h"
+#include "shell/unreadable_work.h"
 #include "study/date_text.h"
 #include "study/fault.h"
 #include "study/load_study.h"
@@ -124,6 +125,7 @@ Outcome TakeSheetIntro(Workbench& bench) {
 
 Result<std::optional<FoundLeftOver>> SettleWorkFiles(Desk& desk) {
   Workspace& workspace = desk.bench.workspace;
+  if (!SetUnreadableAside(desk)) return std::optional<FoundLeftOver>();
   for (const auto step : {PutRowsInPlace, CutToWholeRows}) {
     const Moved ended = step(desk);
     if (!ended) return ended.error();

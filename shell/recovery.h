@@ -24,7 +24,8 @@ struct FoundLeftOver {
   std::string moment;                   ///< of the last change, "dd/MM/yyyy, HH:mm:ss"
 };
 
-/// Puts the work files in order and tells what they hold. Summer's rows of a winter duty go back
+/// Puts the work files in order and tells what they hold. What cannot be read gives way first
+/// (SetUnreadableAside()). Summer's rows of a winter duty go back
 /// first; `DATARES.@@@` wins over the rows; without rows the first of it, `TEMPODAT.TMP` and
 /// `FIRSTONE.TMP` takes their place: each only when it can be loaded, and what it displaces goes
 /// into a safety copy. A copy of rows that cannot be loaded goes there too, and a box says so. Rows

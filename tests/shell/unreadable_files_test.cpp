@@ -71,13 +71,13 @@ FolderImage Everywhere(const Unreadable& program, const std::string& name) {
 struct Case {
   std::string name;
   std::function<void(Unreadable&)> action;
-  bool asks = false;  // no copy can be made: is the study to go all the same?
+  bool asks = false;  // is the study to go without a copy, or the program to go on without a file?
 };
 
 // What reads each file, and would replace or delete it if it were missing or empty.
 const std::vector<Case> kCases = {
     {work_file::kRows, [](Unreadable& p) { EXPECT_FALSE(ThrowAwayStudy(p.there)); }, true},
-    {work_file::kRows, [](Unreadable& p) { EXPECT_FALSE(SettleWorkFiles(p.there).ok()); }},
+    {work_file::kRows, [](Unreadable& p) { EXPECT_FALSE(*SettleWorkFiles(p.there)); }, true},
     {work_file::kRows, [](Unreadable& p) { EXPECT_FALSE(WriteStudy(p.bench).ok()); }},
     {work_file::kFluid, [](Unreadable& p) { EXPECT_FALSE(ThrowAwayStudy(p.there)); }, true},
     {work_file::kFluid, [](Unreadable& p) { EXPECT_FALSE(LoadStudyFluid(p.bench).ok()); }},
@@ -94,9 +94,9 @@ const std::vector<Case> kCases = {
        EXPECT_TRUE(p.test.study.emitters_unchecked);
      }},
     {work_file::kSheet, [](Unreadable& p) { EXPECT_FALSE(ThrowAwayStudy(p.there)); }, true},
-    {work_file::kSummerRows, [](Unreadable& p) { EXPECT_FALSE(SettleWorkFiles(p.there).ok()); }},
-    {work_file::kRowsBeforeChange,
-     [](Unreadable& p) { EXPECT_FALSE(SettleWorkFiles(p.there).ok()); }},
+    {work_file::kSummerRows, [](Unreadable& p) { EXPECT_FALSE(*SettleWorkFiles(p.there)); }, true},
+    {work_file::kRowsBeforeChange, [](Unreadable& p) { EXPECT_FALSE(*SettleWorkFiles(p.there)); },
+     true},
     {work_file::kSheetIntro, [](Unreadable& p) { EXPECT_FALSE(AcceptSheet(p.there)); }, true},
     {work_file::kDataFolder,
      [](Unreadable& p) { EXPECT_FALSE(EnsureDataFolder(p.workspace).ok()); }},

@@ -81,9 +81,15 @@ class UnreadableDisk : public ForwardingDisk {
  public:
   using ForwardingDisk::ForwardingDisk;
 
-  /// Files and folders of that name, wherever they are.
+  /// Files and folders of that name, wherever they are; a file that is renamed stays barred.
   void Bar(std::string_view name) { barred_ = name; }
   void Mend() { barred_.clear(); }
+
+  Outcome Rename(const std::filesystem::path& from, const std::filesystem::path& to) override {
+    Outcome renamed = inner_.Rename(from, to);
+    if (renamed && IsBarred(from)) barred_ = to.filename().string();
+    return renamed;
+  }
 
   [[nodiscard]] Result<std::optional<FileStatus>> Status(
       const std::filesystem::path& path) const override {
