@@ -5,7 +5,8 @@
 #include "study/letter_case.h"
 #include "study/path_text.h"
 #include "study/settled_disk.h"
-#include "study/study_reset.h"
+#include "study/study_extensions.h"
+#include "study/study_file_names.h"
 
 namespace kalvo {
 namespace {
@@ -67,7 +68,7 @@ Result<fs::path> FindStudyGiven(Disk& disk, const fs::path& argument) {
   if (!status) return status.error();
   std::vector<fs::path> studies;
   for (const SystemKind kind : {SystemKind::kClosed, SystemKind::kOpen}) {
-    auto found = FindStudyFile(disk, WithExtension(argument, kind));
+    auto found = SettleAndFindStudy(disk, WithExtension(argument, kind));
     if (found) {
       studies.push_back(std::move(found).value());
     } else if (!found.error().IsMissing()) {

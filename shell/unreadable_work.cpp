@@ -41,9 +41,7 @@ bool MayGoWithout(Workbench& bench, const UnreadableFiles& rows) {
   }
   box.lines.emplace_back("Το αρχείο δεν χάνεται : μένει στον ίδιο φάκελο με άλλο όνομα");
   box.lines.emplace_back("Θέλετε να συνεχίσω χωρίς αυτό ??");
-  const Answer answer = bench.Ask(box);
-  bench.study.answer = Answer::kNone;
-  return answer == Answer::kYes;
+  return bench.Ask(box) == Answer::kYes;
 }
 
 // A name that no file has: nothing is replaced.

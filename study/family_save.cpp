@@ -68,7 +68,8 @@ Outcome ProveNamesFit(const Family& family, const std::string& main) {
   if (look || look.error().kind != FileErrorKind::kNameTooLong) {
     return Done{};
   }
-  return FileError{family.Target(main), "Το όνομα της Μελέτης είναι πολύ μακρύ, δώστε ένα συντομότερο",
+  return FileError{family.Target(main),
+                   "Το όνομα της Μελέτης είναι πολύ μακρύ, δώστε ένα συντομότερο",
                    FileErrorKind::kNameTooLong};
 }
 
