@@ -18,6 +18,7 @@
 #include <exception>
 
 #include "desktop/key_event.h"
+#include "desktop/qt_text.h"
 
 namespace kalvo {
 namespace {

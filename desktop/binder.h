@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "desktop/bindings/binding.h"
+#include "form/form.h"
 
 class QAction;
 class QMenu;

@@ -12,6 +12,9 @@
 #include <cassert>
 #include <stdexcept>
 
+#include "desktop/qt_text.h"
+#include "desktop/style_property.h"
+
 namespace kalvo {
 namespace {
 

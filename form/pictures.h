@@ -1,9 +1,7 @@
 #pragma once
 
-#include <array>
+#include <functional>
 #include <string>
-#include <tuple>
-#include <utility>
 #include <vector>
 
 #include "form/command.h"
@@ -11,7 +9,20 @@
 
 namespace kalvo {
 
-/// How far a step of the study has come.
+/// A part that is painted from its content, which is data for a painter.
+template <typename Content>
+class Picture : public Control, public Content {
+ public:
+  using Control::Control;
+
+  [[nodiscard]] const Content& content() const { return *this; }
+
+  /// The user clicked a place of the picture, such as a stretch of a chain; counted from 0. Without
+  /// it clicks do nothing.
+  std::function<void(int)> on_pick;
+};
+
+/// How far a step of the study has come. kStale: done once, but no longer valid.
 enum class RoadMark { kDone, kNext, kLater, kStale };
 
 /// One step of the study: the command that does it (none: the step is told only), its caption, a
@@ -25,14 +36,11 @@ struct RoadStation {
 };
 
 /// The steps of a study from left to right.
-class Road : public Control {
- public:
-  using Control::Control;
+struct RoadContent {
   std::vector<RoadStation> stations;
-
-  using ContentType = std::vector<RoadStation>;
-  [[nodiscard]] ContentType Content() const { return stations; }
+  bool operator==(const RoadContent&) const = default;
 };
+using Road = Picture<RoadContent>;
 
 /// One step of an explanation; texts are ready to be shown.
 struct StepLine {
@@ -45,60 +53,48 @@ struct StepLine {
 };
 
 /// How a value came about, step under step; the last is the result.
-class Steps : public Control {
- public:
-  using Control::Control;
+struct StepsContent {
   std::vector<StepLine> lines;
-
-  using ContentType = std::vector<StepLine>;
-  [[nodiscard]] ContentType Content() const { return lines; }
+  bool operator==(const StepsContent&) const = default;
 };
+using Steps = Picture<StepsContent>;
 
 /// One part of a whole.
 struct Share {
   std::string what;
   std::string value;
-  double fraction = 0;  ///< of the whole, 0 to 1
+  double fraction = 0;  ///< of the whole, 0 to 1; what is below 0 takes no room
   bool operator==(const Share&) const = default;
 };
 
 /// The parts of a whole side by side, at most four.
-class Shares : public Control {
- public:
-  using Control::Control;
+struct SharesContent {
   std::string caption;
   std::vector<Share> parts;
-
-  using ContentType = std::pair<std::string, std::vector<Share>>;
-  [[nodiscard]] ContentType Content() const { return {caption, parts}; }
+  bool operator==(const SharesContent&) const = default;
 };
+using Shares = Picture<SharesContent>;
 
-/// Nodes one after the other, and the stretch between two of them on which one stands (from 0,
-/// -1: on none).
-class Chain : public Control {
- public:
-  using Control::Control;
+/// Nodes one after the other in the direction of flow; stretch i is between nodes i and i + 1. A
+/// stretch is a place that can be picked.
+struct ChainContent {
   std::string caption;
   std::string total;  ///< of the whole chain, with its unit
   std::vector<std::string> nodes;
-  int current = -1;
-
-  using ContentType = std::tuple<std::string, std::string, std::vector<std::string>, int>;
-  [[nodiscard]] ContentType Content() const { return {caption, total, nodes, current}; }
+  int current = -1;  ///< the stretch on which one is; -1: on none
+  bool operator==(const ChainContent&) const = default;
 };
+using Chain = Picture<ChainContent>;
 
 /// One section between its nodes with a line of text under it.
-class PipeDrawing : public Control {
- public:
-  using Control::Control;
+struct PipeContent {
   std::string from;
   std::string to;
   std::string from_note = "αρχή";
   std::string to_note = "τέλος";
   std::string caption;
-
-  using ContentType = std::array<std::string, 5>;
-  [[nodiscard]] ContentType Content() const { return {from, to, from_note, to_note, caption}; }
+  bool operator==(const PipeContent&) const = default;
 };
+using PipeDrawing = Picture<PipeContent>;
 
 }  // namespace kalvo

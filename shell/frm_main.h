@@ -8,7 +8,7 @@
 #include "engine/calculation_command.h"
 #include "form/form.h"
 #include "form/pictures.h"
-#include "shell/study_road.h"
+#include "shell/study_progress.h"
 
 namespace kalvo {
 

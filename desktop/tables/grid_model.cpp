@@ -3,7 +3,7 @@
 #include <QFont>
 #include <algorithm>
 
-#include "desktop/bindings/binding.h"
+#include "desktop/qt_text.h"
 #include "desktop/tables/cell_roles.h"
 #include "desktop/theme.h"
 

@@ -1,6 +1,6 @@
 #include "desktop/tables/list_model.h"
 
-#include "desktop/bindings/binding.h"
+#include "desktop/qt_text.h"
 #include "desktop/tables/cell_roles.h"
 
 namespace kalvo {

@@ -1,9 +1,10 @@
+#include "desktop/tables/row_header.h"
+
 #include <QPainter>
 #include <QTableView>
 
 #include "desktop/icons.h"
 #include "desktop/tables/cell_roles.h"
-#include "desktop/tables/stacked_header.h"
 #include "desktop/theme.h"
 
 namespace kalvo {

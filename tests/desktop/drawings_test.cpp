@@ -13,37 +13,43 @@
 #include <QTest>
 #include <memory>
 
+#include "desktop/bindings/binding.h"
+#include "desktop/style_property.h"
 #include "desktop/theme.h"
 #include "desktop/widgets/buttons/hint_button.h"
-#include "desktop/widgets/fields/field_state.h"
 #include "desktop/widgets/kind/kind_card.h"
 #include "desktop/widgets/labels/leader_label.h"
 #include "desktop/widgets/pictures/pipe_picture.h"
+#include "desktop/widgets/pictures/pump_picture.h"
 #include "desktop/widgets/pictures/title_art.h"
 #include "desktop/widgets/results/branch_chain.h"
 #include "desktop/widgets/results/drop_shares.h"
 #include "desktop/widgets/results/section_steps.h"
 #include "tests/desktop/pictures.h"
+#include "tests/support/test_desk.h"
 
 namespace kalvo {
 namespace {
 
-QList<SectionStep> SomeSteps() {
-  return {{"Q", "Παροχή", "από το σώμα του τμήματος", "690,0", "Lit/h"},
-          {"Re", "Αριθμός Reynolds", "D·v / (ν·1000),  ν = 1,31·10⁻⁶ m²/s", "11.552", ""},
-          {"L", "Ισοδύναμα μήκη", "2,90 σωλήνας + 4,74 για Σζ 10,0 + 0,50 άλλα", "8,14", "m"},
-          {"Δp", "Πτώση πίεσης", "R · 1,1 · L + σώμα", "2.830,5", "mm w.g."}};
+StepsContent SomeSteps() {
+  return {{{"Q", "Παροχή", "από το σώμα του τμήματος", "690,0", "Lit/h"},
+           {"Re", "Αριθμός Reynolds", "D·v / (ν·1000),  ν = 1,31·10⁻⁶ m²/s", "11.552", ""},
+           {"L", "Ισοδύναμα μήκη", "2,90 σωλήνας + 4,74 για Σζ 10,0 + 0,50 άλλα", "8,14", "m"},
+           {"Δp", "Πτώση πίεσης", "R · 1,1 · L + σώμα", "2.830,5", "mm w.g."}}};
 }
 
-std::array<ShareView, DropShares::kShares> SomeShares() {
-  return {ShareView{"Σωλήνας", "275,4", 275.4}, ShareView{"Εξαρτήματα", "497,8", 497.8},
-          ShareView{"Προσαύξηση 10%", "77,3", 77.3}, ShareView{"Σώμα", "1.980,0", 1980}};
+SharesContent SomeShares() {
+  return {"Από τι αποτελείται, σε mm w.g.",
+          {{"Σωλήνας", "275,4", 0.0973},
+           {"Εξαρτήματα", "497,8", 0.1759},
+           {"Προσαύξηση 10%", "77,3", 0.0273},
+           {"Σώμα", "1.980,0", 0.6995}}};
 }
 
-BranchView SomeBranch(int nodes) {
-  BranchView branch{"Δυσμενέστερος κλάδος", "8.687,4 mm w.g.", {"ANT"}, 4};
-  for (int i = 1; i + 1 < nodes; ++i) branch.nodes << QString::number(i);
-  branch.nodes << "ANT";
+ChainContent SomeBranch(int nodes) {
+  ChainContent branch{"Δυσμενέστερος κλάδος", "8.687,4 mm w.g.", {"ANT"}, 4};
+  for (int i = 1; i + 1 < nodes; ++i) branch.nodes.push_back(std::to_string(i));
+  branch.nodes.emplace_back("ANT");
   return branch;
 }
 
@@ -58,42 +64,44 @@ int CountColor(QWidget& widget, const QColor& color) {
 
 TEST(SectionSteps, GrowWithTheirNumberAndAreReadAloud) {
   SectionSteps steps;
-  steps.SetSteps(SomeSteps());
+  StepsContent content = SomeSteps();
+  steps.SetContent(content);
   const int four = steps.sizeHint().height();
   EXPECT_TRUE(steps.accessibleDescription().contains("Πτώση πίεσης 2.830,5 mm w.g."));
-  steps.SetSteps(SomeSteps().mid(0, 2));
+  content.lines.resize(2);
+  steps.SetContent(content);
   EXPECT_EQ(steps.sizeHint().height() * 2, four);
 }
 
 TEST(DropShares, TakeRoomByTheirAmount) {
   DropShares shares;
   shares.resize(300, 90);
-  auto amounts = SomeShares();
-  shares.SetShares("Από τι αποτελείται, σε mm w.g.", amounts);
+  SharesContent content = SomeShares();
+  shares.SetContent(content);
   const int some_pipe = CountColor(shares, kLightTheme.primary);
-  amounts[0].amount = 4000;
-  shares.SetShares("Από τι αποτελείται, σε mm w.g.", amounts);
+  content.parts[0].fraction = 1.4;
+  shares.SetContent(content);
   EXPECT_GT(CountColor(shares, kLightTheme.primary), 2 * some_pipe);
 }
 
 TEST(DropShares, SurviveNothingToShare) {
   DropShares shares;
   shares.resize(300, 90);
-  auto amounts = SomeShares();
-  for (ShareView& share : amounts) share.amount = -1;
-  shares.SetShares("", amounts);
+  SharesContent content = SomeShares();
+  for (Share& share : content.parts) share.fraction = -1;
+  shares.SetContent(content);
   EXPECT_GT(CountColor(shares, kLightTheme.header), 1000) << "an empty bar";
 }
 
 TEST(BranchChain, DrawsTheCurrentSectionThick) {
   BranchChain chain;
   chain.resize(640, 60);
-  BranchView branch = SomeBranch(10);
-  chain.SetBranch(branch);
+  ChainContent branch = SomeBranch(10);
+  chain.SetContent(branch);
   const int with_current = CountColor(chain, kLightTheme.crit);
   EXPECT_TRUE(chain.accessibleDescription().contains("τρέχον τμήμα 4/5"));
   branch.current = -1;
-  chain.SetBranch(branch);
+  chain.SetContent(branch);
   EXPECT_LT(CountColor(chain, kLightTheme.crit), with_current - 100);
 }
 
@@ -101,14 +109,41 @@ TEST(BranchChain, HasRoomForAnyNumberOfNodes) {
   for (const int nodes : {2, 300}) {
     BranchChain chain;
     chain.resize(640, 60);
-    BranchView branch = SomeBranch(nodes);
+    ChainContent branch = SomeBranch(nodes);
     branch.current = nodes - 2;
-    chain.SetBranch(branch);
+    chain.SetContent(branch);
     EXPECT_GT(CountColor(chain, kLightTheme.crit), 100);
   }
   BranchChain empty;
-  empty.SetBranch({});
+  empty.SetContent({});
   EXPECT_EQ(CountColor(empty, kLightTheme.crit), 0);
+}
+
+TEST(BranchChain, TellsTheFormWhichOfItsStretchesIsClicked) {
+  struct ChainForm : Form {
+    using Form::Form;
+    Chain Branch{*this, "Branch"};
+  };
+  TestDesk test;
+  ChainForm form(test.desk);
+  std::vector<int> picked;
+  form.Branch.on_pick = [&](int place) { picked.push_back(place); };
+  form.Branch.nodes = {"ANT", "1", "2", "ANT"};
+  BranchChain chain;
+  chain.resize(340, 60);  // three stretches of 100 between two margins of 20
+  int acts = 0;
+  const auto binding =
+      MakeBinding(form, form.Branch, chain, [&](const std::function<void()>& action) {
+        ++acts;
+        action();
+      });
+  ASSERT_NE(binding, nullptr);
+  for (const int x : {10, 30, 210, 310, 335}) {
+    QTest::mouseClick(&chain, Qt::LeftButton, {}, QPoint(x, 30));
+  }
+  QTest::mouseClick(&chain, Qt::RightButton, {}, QPoint(30, 30));
+  EXPECT_EQ(picked, (std::vector<int>{0, 1, 2}));
+  EXPECT_EQ(acts, 3) << "the windows are painted anew after each";
 }
 
 TEST(KindCard, AnyPlaceOfItChoosesAndADoubleClickGoesOn) {
@@ -128,26 +163,17 @@ TEST(KindCard, AnyPlaceOfItChoosesAndADoubleClickGoesOn) {
   EXPECT_EQ(chosen.size(), 2);
 }
 
-TEST(FieldState, RefusalLastsUntilTheNextEdit) {
+TEST(FieldState, ShowsWithoutChangingTheSizeOfAField) {
   QLineEdit field("105");
   field.show();
-  RefuseField(field);
-  EXPECT_EQ(field.property("state"), "refused");
-  EXPECT_EQ(field.selectedText(), "105");
-  EXPECT_GT(CountColor(field, kLightTheme.errbg), 500);
-  QTest::keyClick(&field, Qt::Key_9);
-  EXPECT_EQ(field.property("state"), "");
-  EXPECT_EQ(CountColor(field, kLightTheme.errbg), 0);
-}
-
-TEST(FieldState, NoStateChangesTheSizeOfAField) {
-  QLineEdit field("105");
-  field.ensurePolished();
   const QSize size = field.sizeHint();
   EXPECT_EQ(size.height(), 32);
-  SetFieldState(field, "refused");
+  SetStyleProperty(field, "state", "refused");
   EXPECT_EQ(field.sizeHint(), size);
-  SetFieldState(field, "");
+  EXPECT_GT(CountColor(field, kLightTheme.errbg), 500);
+  SetStyleProperty(field, "state", "");
+  EXPECT_EQ(field.sizeHint(), size);
+  EXPECT_EQ(CountColor(field, kLightTheme.errbg), 0);
   field.setReadOnly(true);
   EXPECT_EQ(field.sizeHint(), size);
 }
@@ -170,11 +196,11 @@ QGroupBox* FieldsForLooking() {
   }
   fields[2]->setReadOnly(true);
   fields[3]->setEnabled(false);
-  SetFieldState(*fields[4], "refused");
+  SetStyleProperty(*fields[4], "state", "refused");
   fields[5]->setReadOnly(true);
   fields[6]->setReadOnly(true);
-  SetFieldState(*fields[5], "calculated");
-  SetFieldState(*fields[6], "imposed");
+  SetStyleProperty(*fields[5], "state", "calculated");
+  SetStyleProperty(*fields[6], "state", "imposed");
   fields[1]->setFocus();
   return box;
 }
@@ -214,10 +240,10 @@ QWidget* ExplanationForLooking() {
   card->setProperty("role", "card");
   auto* column = new QVBoxLayout(card);
   auto* steps = new SectionSteps;
-  steps->SetSteps(SomeSteps());
+  steps->SetContent(SomeSteps());
   column->addWidget(steps);
   auto* shares = new DropShares;
-  shares->SetShares("Από τι αποτελείται, σε mm w.g.", SomeShares());
+  shares->SetContent(SomeShares());
   column->addWidget(shares);
   column->addStretch();
   return card;
@@ -228,11 +254,11 @@ QWidget* PipesForLooking() {
   card->setProperty("role", "card");
   auto* column = new QVBoxLayout(card);
   auto* pipe = new PipePicture;
-  pipe->SetPipe({"5", "ANT12", "αρχή", "τέλος", "7,6 m  ·  1\"  ·  1.210,0 Lit/h"});
+  pipe->SetContent({"5", "ANT12", "αρχή", "τέλος", "7,6 m  ·  1\"  ·  1.210,0 Lit/h"});
   column->addWidget(pipe);
   for (const int nodes : {10, 70}) {
     auto* chain = new BranchChain;
-    chain->SetBranch(SomeBranch(nodes));
+    chain->SetContent(SomeBranch(nodes));
     column->addWidget(chain);
   }
   column->addWidget(new PumpPicture);

@@ -8,6 +8,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "desktop/qt_text.h"
 #include "desktop/windows.h"
 #include "tests/desktop/pictures.h"
 #include "tests/support/test_desk.h"

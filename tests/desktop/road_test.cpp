@@ -4,85 +4,78 @@
 #include <QTest>
 
 #include "desktop/theme.h"
-#include "desktop/widgets/road/study_road.h"
+#include "desktop/widgets/road/station_road.h"
 #include "tests/desktop/pictures.h"
+#include "tests/support/test_desk.h"
 
 namespace kalvo {
 namespace {
 
-std::array<StationView, StudyRoad::kStations> HalfWay() {
-  return {StationView{"  ΘΕΜΑ-ΤΙΤΛΟΣ ", "καταχωρήθηκε", StationState::kDone},
-          StationView{"Γενικά Δεδομένα", "10,0 °C  ·  1,0 m/sec", StationState::kDone},
-          StationView{"Δεδομένα Τμημάτων", "20 τμήματα", StationState::kDone},
-          StationView{"Δεδομένα Σωμάτων", "θέλουν έλεγχο", StationState::kStale},
-          StationView{"Υπολογισμοί", "επόμενο βήμα", StationState::kNext},
-          StationView{"ΠΑΡΟΥΣΙΑΣΗ ΑΠΟΤΕΛΕΣΜΑΤΩΝ", "δεν υπάρχουν", StationState::kLater}};
-}
+class StationRoadTest : public testing::Test {
+ protected:
+  StationRoadTest() { road_.SetContent(half_way_); }
 
-TEST(StudyRoad, StationsAreTheNamedCommands) {
-  StudyRoad road;
-  road.SetStations(HalfWay());
-  road.resize(1170, 140);
-  road.show();
-  QSignalSpy clicks(&road, &StudyRoad::StationClicked);
+  TestDesk test_;
+  struct RoadForm : Form {
+    using Form::Form;
+    Command Cmd_Any{*this, "Cmd_Any", "", {}};
+  } form_{test_.desk};
+  RoadContent half_way_ = {
+      {{&form_.Cmd_Any, "  ΘΕΜΑ-ΤΙΤΛΟΣ ", "καταχωρήθηκε", RoadMark::kDone},
+       {&form_.Cmd_Any, "Γενικά Δεδομένα", "10,0 °C  ·  1,0 m/sec", RoadMark::kDone},
+       {&form_.Cmd_Any, "Δεδομένα Τμημάτων", "20 τμήματα", RoadMark::kDone},
+       {&form_.Cmd_Any, "Δεδομένα Σωμάτων", "θέλουν έλεγχο", RoadMark::kStale},
+       {&form_.Cmd_Any, "Υπολογισμοί", "επόμενο βήμα", RoadMark::kNext},
+       {nullptr, "ΠΑΡΟΥΣΙΑΣΗ ΑΠΟΤΕΛΕΣΜΑΤΩΝ", "δεν υπάρχουν", RoadMark::kLater}}};
+  StationRoad road_;
+};
+
+TEST_F(StationRoadTest, StationsAreTheNamedCommands) {
+  road_.resize(1170, 140);
+  road_.show();
   const char* names[] = {"Cmd_Thema",  "Cmd_GenData", "Cmd_Sect",
                          "Cmd_Somata", "Cmd_Calc",    "Cmd_Res"};
-  for (int i = 0; i < StudyRoad::kStations; ++i) {
-    auto* station = road.findChild<QAbstractButton*>(names[i]);
-    ASSERT_EQ(station, road.Station(i));
-    QTest::mouseClick(station, Qt::LeftButton);
-    ASSERT_EQ(clicks.size(), i + 1);
-    EXPECT_EQ(clicks.last().first().toInt(), i);
+  for (int i = 0; i < StationRoad::kStations; ++i) {
+    EXPECT_EQ(road_.findChild<QAbstractButton*>(names[i]), road_.Station(i)) << names[i];
   }
-  EXPECT_EQ(road.Station(0)->text(), "  ΘΕΜΑ-ΤΙΤΛΟΣ ");
+  EXPECT_EQ(road_.Station(0)->text(), "  ΘΕΜΑ-ΤΙΤΛΟΣ ");
 }
 
-TEST(StudyRoad, AnswersToSpaceAndEnter) {
-  StudyRoad road;
-  road.SetStations(HalfWay());
-  road.show();
-  QSignalSpy clicks(&road, &StudyRoad::StationClicked);
+TEST_F(StationRoadTest, StationAnswersToMouseSpaceAndEnter) {
+  road_.resize(1170, 140);
+  road_.show();
+  const QSignalSpy clicks(road_.Station(4), &QAbstractButton::clicked);
+  QTest::mouseClick(road_.Station(4), Qt::LeftButton);
   for (const auto key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) {
-    QTest::keyClick(road.Station(4), key);
+    QTest::keyClick(road_.Station(4), key);
   }
-  EXPECT_EQ(clicks.size(), 3);
+  EXPECT_EQ(clicks.size(), 4);
 }
 
-TEST(StudyRoad, StationThatIsOnlyShownCannotBePressed) {
-  StudyRoad road;
-  auto stations = HalfWay();
-  stations[5].enabled = false;
-  road.SetStations(stations);
-  QSignalSpy clicks(&road, &StudyRoad::StationClicked);
-  QTest::mouseClick(road.Station(5), Qt::LeftButton);
+TEST_F(StationRoadTest, StationWithoutACommandCannotBePressed) {
+  const QSignalSpy clicks(road_.Station(5), &QAbstractButton::clicked);
+  QTest::mouseClick(road_.Station(5), Qt::LeftButton);
   EXPECT_TRUE(clicks.isEmpty());
 }
 
-TEST(StudyRoad, WaterComesAsFarAsTheStudyHasCome) {
-  StudyRoad road;
-  EXPECT_EQ(road.FilledStretches(), 0);
-  road.SetStations(HalfWay());
-  EXPECT_EQ(road.FilledStretches(), 3) << "a stale station holds the water back";
-  auto stations = HalfWay();
-  for (StationView& station : stations) station.mark = StationState::kDone;
-  road.SetStations(stations);
-  EXPECT_EQ(road.FilledStretches(), 5);
+TEST_F(StationRoadTest, WaterComesAsFarAsTheStudyHasCome) {
+  EXPECT_EQ(StationRoad().FilledStretches(), 0);
+  EXPECT_EQ(road_.FilledStretches(), 3) << "a stale station holds the water back";
+  for (RoadStation& station : half_way_.stations) station.mark = RoadMark::kDone;
+  road_.SetContent(half_way_);
+  EXPECT_EQ(road_.FilledStretches(), 5);
 }
 
-TEST(StudyRoad, IsReadAloud) {
-  StudyRoad road;
-  road.SetStations(HalfWay());
-  EXPECT_EQ(road.Station(4)->accessibleName(), "Υπολογισμοί, επόμενο βήμα");
-  EXPECT_EQ(road.Station(2)->accessibleName(), "Δεδομένα Τμημάτων, έγινε, 20 τμήματα");
+TEST_F(StationRoadTest, IsReadAloud) {
+  EXPECT_EQ(road_.Station(4)->accessibleName(), "Υπολογισμοί, επόμενο βήμα");
+  EXPECT_EQ(road_.Station(2)->accessibleName(), "Δεδομένα Τμημάτων, έγινε, 20 τμήματα");
 }
 
-TEST(Pictures, OfTheRoad) {
+TEST_F(StationRoadTest, PictureInBothThemes) {
   for (const Theme* theme : {&kLightTheme, &kDarkTheme}) {
     ApplyTheme(*qApp, *theme);
-    StudyRoad road;
-    road.SetStations(HalfWay());
-    road.resize(1170, 150);
-    KeepPicture(road, theme == &kLightTheme ? "road-light" : "road-dark");
+    road_.resize(1170, 150);
+    KeepPicture(road_, theme == &kLightTheme ? "road-light" : "road-dark");
   }
   ApplyTheme(*qApp, kLightTheme);
 }

@@ -22,6 +22,7 @@
 #include <optional>
 #include <set>
 
+#include "desktop/qt_text.h"
 #include "desktop/theme.h"
 #include "entry/frm_liquid.h"
 #include "shell/safety_copies.h"

@@ -6,6 +6,7 @@
 #include <QTest>
 
 #include "desktop/tables/cell_roles.h"
+#include "desktop/tables/row_header.h"
 #include "desktop/tables/sheet_delegate.h"
 #include "desktop/tables/stacked_header.h"
 #include "desktop/theme.h"

@@ -2,29 +2,12 @@
 
 #include <QFrame>
 
+#include "desktop/widgets/kind/kind_picture.h"
+
 class QLabel;
 class QRadioButton;
 
 namespace kalvo {
-
-/// The picture of a system: emitters between supply and return, or outlets on a tree.
-class KindPicture : public QWidget {
-  Q_OBJECT
-
- public:
-  explicit KindPicture(QWidget* parent = nullptr);
-
-  void SetOpenSystem(bool open);
-  [[nodiscard]] bool IsOpenSystem() const { return open_; }
-
-  [[nodiscard]] QSize sizeHint() const override;
-
- protected:
-  void paintEvent(QPaintEvent* event) override;
-
- private:
-  bool open_ = false;
-};
 
 /// A card to choose a system by: picture, option, explanation. The whole card is the option's
 /// target; a double click chooses and goes on.

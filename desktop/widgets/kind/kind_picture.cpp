@@ -1,7 +1,8 @@
+#include "desktop/widgets/kind/kind_picture.h"
+
 #include <QPainter>
 
 #include "desktop/theme.h"
-#include "desktop/widgets/kind/kind_card.h"
 
 namespace kalvo {
 namespace {

@@ -2,6 +2,7 @@
 
 #include <QPainter>
 
+#include "desktop/qt_text.h"
 #include "desktop/theme.h"
 #include "desktop/widgets/pictures/drawing.h"
 
@@ -13,7 +14,6 @@ constexpr double kNodeInset = 44;  // centre of a node from the edge
 constexpr double kCutPipeHalf = 13;
 constexpr double kCentreY = 28;
 constexpr int kPipeHeight = 84;
-constexpr QSize kPumpSize(180, 110);
 
 double NodeHalfWidth(const QString& name) {
   const QFontMetricsF metrics(ThemeFont(kHeadPoints, true));
@@ -22,14 +22,14 @@ double NodeHalfWidth(const QString& name) {
 
 }  // namespace
 
-PipePicture::PipePicture(QWidget* parent) : QWidget(parent) {
+PipePicture::PipePicture(QWidget* parent) : PaintedPicture(parent) {
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 
-void PipePicture::SetPipe(const PipeView& pipe) {
+void PipePicture::SetContent(const PipeContent& pipe) {
   pipe_ = pipe;
-  setAccessibleName(QString("Τμήμα %1/%2").arg(pipe_.from, pipe_.to));
-  setAccessibleDescription(pipe_.caption);
+  setAccessibleName(QString("Τμήμα %1/%2").arg(ToQt(pipe_.from), ToQt(pipe_.to)));
+  setAccessibleDescription(ToQt(pipe_.caption));
   update();
 }
 
@@ -43,14 +43,14 @@ void PipePicture::paintEvent(QPaintEvent*) {
   const Theme& theme = ActiveTheme();
   DrawPipe(painter, QRectF(from - QPointF(0, kCutPipeHalf), to + QPointF(0, kCutPipeHalf)));
   constexpr double kArrowGap = 20;
-  DrawArrow(painter, from + QPointF(NodeHalfWidth(pipe_.from) + kArrowGap, 0),
-            to - QPointF(NodeHalfWidth(pipe_.to) + kArrowGap, 0), theme.primary);
-  DrawNode(painter, from, pipe_.from, pipe_.from_note);
-  DrawNode(painter, to, pipe_.to, pipe_.to_note);
+  DrawArrow(painter, from + QPointF(NodeHalfWidth(ToQt(pipe_.from)) + kArrowGap, 0),
+            to - QPointF(NodeHalfWidth(ToQt(pipe_.to)) + kArrowGap, 0), theme.primary);
+  DrawNode(painter, from, ToQt(pipe_.from), ToQt(pipe_.from_note));
+  DrawNode(painter, to, ToQt(pipe_.to), ToQt(pipe_.to_note));
   painter.setFont(ThemeFont(kHintPoints));
   painter.setPen(theme.ink2);
   painter.drawText(QRectF(2 * kNodeInset, kCentreY + 16, width() - 4 * kNodeInset, 20),
-                   Qt::AlignCenter, pipe_.caption);
+                   Qt::AlignCenter, ToQt(pipe_.caption));
 }
 
 void PipePicture::DrawNode(QPainter& painter, const QPointF& centre, const QString& name,
@@ -69,31 +69,6 @@ void PipePicture::DrawNode(QPainter& painter, const QPointF& centre, const QStri
   painter.drawText(
       QRectF(centre.x() - kNodeInset, centre.y() + kNodeRadius + 4, 2 * kNodeInset, 20),
       Qt::AlignCenter, note);
-}
-
-PumpPicture::PumpPicture(QWidget* parent) : QWidget(parent) {
-  setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-  setAccessibleName("Αντλία");
-}
-
-QSize PumpPicture::sizeHint() const { return kPumpSize; }
-
-void PumpPicture::paintEvent(QPaintEvent*) {
-  const Theme& theme = ActiveTheme();
-  QPainter painter(this);
-  painter.setRenderHint(QPainter::Antialiasing);
-  const QPointF centre(kPumpSize.width() / 2.0, kPumpSize.height() / 2.0);
-  constexpr double kRadius = 52;
-  DrawPipe(painter, QRectF(0, centre.y() - 12, kPumpSize.width(), 24));
-  DrawArrow(painter, {6, centre.y()}, {36, centre.y()}, theme.primary);
-  DrawArrow(painter, {centre.x() + kRadius + 8, centre.y()}, {178, centre.y()}, theme.primary);
-  painter.setPen(QPen(theme.primary, 3.2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-  painter.setBrush(theme.surface);
-  painter.drawEllipse(centre, kRadius, kRadius);
-  // The two lines run from the circle to the outlet.
-  const QPointF outlet = centre + QPointF(kRadius, 0);
-  const QPointF start(-0.55 * kRadius, 0.835 * kRadius);
-  painter.drawPolyline(QPolygonF{centre + QPointF(start.x(), -start.y()), outlet, centre + start});
 }
 
 }  // namespace kalvo

@@ -3,8 +3,10 @@
 #include <QHelpEvent>
 #include <QPainter>
 #include <QToolTip>
+#include <QtMath>
 #include <algorithm>
 
+#include "desktop/qt_text.h"
 #include "desktop/theme.h"
 
 namespace kalvo {
@@ -19,17 +21,19 @@ constexpr double kChainNodeRadius = 5;
 
 }  // namespace
 
-BranchChain::BranchChain(QWidget* parent) : QWidget(parent) {
+BranchChain::BranchChain(QWidget* parent) : PaintedPicture(parent) {
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 
-void BranchChain::SetBranch(const BranchView& branch) {
+void BranchChain::SetContent(const ChainContent& branch) {
   branch_ = branch;
-  setAccessibleName(branch_.caption + ", " + branch_.total);
-  QString spoken = branch_.nodes.join(", ");
-  if (branch_.current >= 0 && branch_.current + 1 < branch_.nodes.size()) {
+  setAccessibleName(ToQt(branch_.caption) + ", " + ToQt(branch_.total));
+  QStringList names;
+  for (qsizetype i = 0; i < NodeCount(); ++i) names << NodeName(i);
+  QString spoken = names.join(", ");
+  if (branch_.current >= 0 && branch_.current + 1 < NodeCount()) {
     spoken += QString("; τρέχον τμήμα %1/%2")
-                  .arg(branch_.nodes[branch_.current], branch_.nodes[branch_.current + 1]);
+                  .arg(NodeName(branch_.current), NodeName(branch_.current + 1));
   }
   setAccessibleDescription(spoken);
   update();
@@ -37,8 +41,12 @@ void BranchChain::SetBranch(const BranchView& branch) {
 
 QSize BranchChain::sizeHint() const { return {400, kBranchHeight}; }
 
+QString BranchChain::NodeName(qsizetype node) const {
+  return ToQt(branch_.nodes[static_cast<std::size_t>(node)]);
+}
+
 double BranchChain::NodeX(qsizetype node) const {
-  const auto stretches = static_cast<double>(qMax(branch_.nodes.size() - 1, qsizetype{1}));
+  const auto stretches = static_cast<double>(qMax(NodeCount() - 1, qsizetype{1}));
   return kSideMargin + (width() - 2 * kSideMargin) * static_cast<double>(node) / stretches;
 }
 
@@ -49,9 +57,9 @@ void BranchChain::paintEvent(QPaintEvent*) {
   painter.setFont(ThemeFont(kHintPoints));
   painter.setPen(theme.ink3);
   const QRect head(0, 0, width(), kCaptionHeight);
-  painter.drawText(head, Qt::AlignLeft | Qt::AlignVCenter, branch_.caption);
+  painter.drawText(head, Qt::AlignLeft | Qt::AlignVCenter, ToQt(branch_.caption));
   painter.setPen(theme.ink2);
-  painter.drawText(head, Qt::AlignRight | Qt::AlignVCenter, branch_.total);
+  painter.drawText(head, Qt::AlignRight | Qt::AlignVCenter, ToQt(branch_.total));
   DrawSections(painter);
   DrawNodes(painter);
   DrawNames(painter);
@@ -60,7 +68,7 @@ void BranchChain::paintEvent(QPaintEvent*) {
 void BranchChain::DrawSections(QPainter& painter) const {
   const QColor color = ActiveTheme().crit;
   constexpr double kNarrowestForArrow = 26;
-  for (qsizetype i = 0; i + 1 < branch_.nodes.size(); ++i) {
+  for (qsizetype i = 0; i + 1 < NodeCount(); ++i) {
     const double from = NodeX(i);
     const double to = NodeX(i + 1);
     const bool current = i == branch_.current;
@@ -80,13 +88,13 @@ void BranchChain::DrawNodes(QPainter& painter) const {
   const double radius = qBound(1.5, (NodeX(1) - NodeX(0)) / 4, kChainNodeRadius);
   painter.setPen(QPen(theme.crit, 2));
   painter.setBrush(theme.surface);
-  for (qsizetype i = 0; i < branch_.nodes.size(); ++i) {
+  for (qsizetype i = 0; i < NodeCount(); ++i) {
     painter.drawEllipse(QPointF(NodeX(i), kChainY), radius, radius);
   }
 }
 
 void BranchChain::DrawNames(QPainter& painter) const {
-  const qsizetype count = branch_.nodes.size();
+  const qsizetype count = NodeCount();
   QList<qsizetype> order = {0, count - 1};
   if (branch_.current >= 0) order << branch_.current << branch_.current + 1;
   for (qsizetype i = 0; i < count; ++i) order << i;
@@ -96,25 +104,35 @@ void BranchChain::DrawNames(QPainter& painter) const {
   QList<QRectF> taken;
   for (const qsizetype i : order) {
     if (i < 0 || i >= count) continue;
-    const double text_width = QFontMetricsF(painter.font()).horizontalAdvance(branch_.nodes[i]);
+    const double text_width = QFontMetricsF(painter.font()).horizontalAdvance(NodeName(i));
     const QRectF place(NodeX(i) - text_width / 2 - 3, kNamesTop, text_width + 6, 16);
     const bool free = std::none_of(taken.begin(), taken.end(), [&place](const QRectF& other) {
       return other.intersects(place);
     });
     if (!free) continue;
     taken << place;
-    painter.drawText(place, Qt::AlignCenter, branch_.nodes[i]);
+    painter.drawText(place, Qt::AlignCenter, NodeName(i));
   }
 }
 
 bool BranchChain::event(QEvent* event) {
-  if (event->type() != QEvent::ToolTip || branch_.nodes.isEmpty()) return QWidget::event(event);
+  if (event->type() != QEvent::ToolTip || branch_.nodes.empty()) {
+    return PaintedPicture::event(event);
+  }
   auto* help = static_cast<QHelpEvent*>(event);
-  const double step = qMax(NodeX(1) - NodeX(0), 1.0);
-  const auto nearest = static_cast<qsizetype>(qRound((help->pos().x() - kSideMargin) / step));
-  const qsizetype node = qBound(qsizetype{0}, nearest, branch_.nodes.size() - 1);
-  QToolTip::showText(help->globalPos(), branch_.nodes[node], this);
+  const auto nearest = static_cast<qsizetype>(qRound(StretchesTo(help->pos())));
+  const qsizetype node = qBound(qsizetype{0}, nearest, NodeCount() - 1);
+  QToolTip::showText(help->globalPos(), NodeName(node), this);
   return true;
+}
+
+double BranchChain::StretchesTo(const QPoint& point) const {
+  return (point.x() - kSideMargin) / qMax(NodeX(1) - NodeX(0), 1.0);
+}
+
+int BranchChain::PlaceAt(const QPoint& point) const {
+  const int stretch = qFloor(StretchesTo(point));
+  return stretch >= 0 && stretch + 1 < NodeCount() ? stretch : -1;
 }
 
 }  // namespace kalvo

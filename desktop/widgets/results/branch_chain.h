@@ -1,39 +1,38 @@
 #pragma once
 
-#include <QWidget>
+#include "desktop/widgets/pictures/painted_picture.h"
+#include "form/pictures.h"
 
 namespace kalvo {
 
-struct BranchView {
-  QString caption;    ///< "Δυσμενέστερος κλάδος"
-  QString total;      ///< its drop, with its unit
-  QStringList nodes;  ///< in the direction of flow; section i lies between nodes i and i + 1
-  int current = -1;   ///< the section to draw thick
-};
-
 /// A branch drawn node by node. Where there is no room for every name, those of the ends and of the
 /// current section come first; the tooltip names the node under the mouse.
-class BranchChain : public QWidget {
+class BranchChain : public PaintedPicture {
   Q_OBJECT
 
  public:
   explicit BranchChain(QWidget* parent = nullptr);
 
-  void SetBranch(const BranchView& branch);
+  void SetContent(const ChainContent& branch);
 
   [[nodiscard]] QSize sizeHint() const override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
   bool event(QEvent* event) override;
+  [[nodiscard]] int PlaceAt(const QPoint& point) const override;
 
  private:
+  [[nodiscard]] qsizetype NodeCount() const { return std::ssize(branch_.nodes); }
+  [[nodiscard]] QString NodeName(qsizetype node) const;
   [[nodiscard]] double NodeX(qsizetype node) const;
+  /// How many stretches a point is from the first node.
+  [[nodiscard]] double StretchesTo(const QPoint& point) const;
   void DrawSections(QPainter& painter) const;
   void DrawNodes(QPainter& painter) const;
   void DrawNames(QPainter& painter) const;
 
-  BranchView branch_;
+  ChainContent branch_;
 };
 
 }  // namespace kalvo

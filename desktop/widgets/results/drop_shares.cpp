@@ -2,6 +2,7 @@
 
 #include <QPainter>
 
+#include "desktop/qt_text.h"
 #include "desktop/theme.h"
 
 namespace kalvo {
@@ -22,7 +23,7 @@ struct ShareLook {
 };
 
 // Told apart by their hatch too, for whoever does not see the colours.
-constexpr ShareLook kLooks[DropShares::kShares] = {
+constexpr ShareLook kLooks[DropShares::kMostShares] = {
     {&Theme::primary, &Theme::primary, Qt::SolidPattern},
     {&Theme::water, &Theme::surface, Qt::VerPattern},
     {&Theme::surface, &Theme::ink2, Qt::BDiagPattern},
@@ -43,16 +44,16 @@ void DrawSwatch(QPainter& painter, std::size_t i, const QRectF& rect) {
 
 }  // namespace
 
-DropShares::DropShares(QWidget* parent) : QWidget(parent) {
+DropShares::DropShares(QWidget* parent) : PaintedPicture(parent) {
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 
-void DropShares::SetShares(const QString& caption, const std::array<ShareView, kShares>& shares) {
-  caption_ = caption;
+void DropShares::SetContent(const SharesContent& shares) {
   shares_ = shares;
+  if (shares_.parts.size() > kMostShares) shares_.parts.resize(kMostShares);
   QStringList spoken;
-  for (const ShareView& share : shares_) spoken << share.name + ' ' + share.figure;
-  setAccessibleName(caption_);
+  for (const Share& share : shares_.parts) spoken << ToQt(share.what) + ' ' + ToQt(share.value);
+  setAccessibleName(ToQt(shares_.caption));
   setAccessibleDescription(spoken.join("; "));
   update();
 }
@@ -64,10 +65,10 @@ void DropShares::paintEvent(QPaintEvent*) {
   painter.setFont(ThemeFont(kHintPoints));
   painter.setPen(ActiveTheme().ink3);
   painter.drawText(QRect(0, 0, width(), kSharesCaptionHeight - 4), Qt::AlignLeft | Qt::AlignVCenter,
-                   caption_);
+                   ToQt(shares_.caption));
   DrawBar(painter, QRectF(0, kSharesCaptionHeight, width(), kBarHeight));
   const int column = (width() - kColumnGap) / 2;
-  for (std::size_t i = 0; i < kShares; ++i) {
+  for (std::size_t i = 0; i < shares_.parts.size(); ++i) {
     const int left = i % 2 == 0 ? 0 : column + kColumnGap;
     const int top = kKeyTop + (i < 2 ? 0 : kKeyHeight);
     DrawKey(painter, i, QRect(left, top, column, kKeyHeight));
@@ -77,9 +78,9 @@ void DropShares::paintEvent(QPaintEvent*) {
 void DropShares::DrawBar(QPainter& painter, const QRectF& bar) const {
   double total = 0;
   double shown = 0;
-  for (const ShareView& share : shares_) {
-    total += qMax(share.amount, 0.0);
-    if (share.amount > 0) ++shown;
+  for (const Share& share : shares_.parts) {
+    total += qMax(share.fraction, 0.0);
+    if (share.fraction > 0) ++shown;
   }
   if (total <= 0) {
     painter.fillRect(bar, ActiveTheme().header);
@@ -87,9 +88,10 @@ void DropShares::DrawBar(QPainter& painter, const QRectF& bar) const {
   }
   const double free_width = bar.width() - shown * kNarrowestShare - (shown - 1) * kShareGap;
   double left = bar.left();
-  for (std::size_t i = 0; i < kShares; ++i) {
-    if (shares_[i].amount <= 0) continue;
-    const double width = kNarrowestShare + free_width * shares_[i].amount / total;
+  for (std::size_t i = 0; i < shares_.parts.size(); ++i) {
+    const double fraction = shares_.parts[i].fraction;
+    if (fraction <= 0) continue;
+    const double width = kNarrowestShare + free_width * fraction / total;
     DrawSwatch(painter, i, QRectF(left, bar.top(), width, bar.height()));
     left += width + kShareGap;
   }
@@ -102,11 +104,12 @@ void DropShares::DrawKey(QPainter& painter, std::size_t i, const QRect& cell) co
   painter.setPen(theme.ink2);
   const QRect words = cell.adjusted(static_cast<int>(kSwatch) + 6, 0, 0, 0);
   const QFontMetrics metrics(painter.font());
-  const int room = words.width() - metrics.horizontalAdvance(shares_[i].figure + ' ');
+  const QString value = ToQt(shares_.parts[i].value);
+  const int room = words.width() - metrics.horizontalAdvance(value + ' ');
   painter.drawText(words, Qt::AlignLeft | Qt::AlignVCenter,
-                   metrics.elidedText(shares_[i].name, Qt::ElideRight, room));
+                   metrics.elidedText(ToQt(shares_.parts[i].what), Qt::ElideRight, room));
   painter.setPen(theme.ink);
-  painter.drawText(words, Qt::AlignRight | Qt::AlignVCenter, shares_[i].figure);
+  painter.drawText(words, Qt::AlignRight | Qt::AlignVCenter, value);
 }
 
 }  // namespace kalvo

@@ -1,30 +1,21 @@
 #pragma once
 
-#include <QWidget>
-#include <array>
-
-class QBrush;
+#include "desktop/widgets/pictures/painted_picture.h"
+#include "form/pictures.h"
 
 namespace kalvo {
 
-struct ShareView {
-  QString name;       ///< "Σωλήνας"
-  QString figure;     ///< the amount as it is shown
-  double amount = 0;  ///< all in one unit; what is below 0 takes no room
-};
-
 /// What a section's drop is made of, as one bar in four colours and hatches with a key below:
 /// pipe, fittings, margin, emitter.
-class DropShares : public QWidget {
+class DropShares : public PaintedPicture {
   Q_OBJECT
 
  public:
-  static constexpr std::size_t kShares = 4;
+  static constexpr std::size_t kMostShares = 4;
 
   explicit DropShares(QWidget* parent = nullptr);
 
-  /// `caption` stands above the bar.
-  void SetShares(const QString& caption, const std::array<ShareView, kShares>& shares);
+  void SetContent(const SharesContent& shares);
 
   [[nodiscard]] QSize sizeHint() const override;
 
@@ -35,8 +26,7 @@ class DropShares : public QWidget {
   void DrawBar(QPainter& painter, const QRectF& bar) const;
   void DrawKey(QPainter& painter, std::size_t i, const QRect& cell) const;
 
-  QString caption_;
-  std::array<ShareView, kShares> shares_;
+  SharesContent shares_;
 };
 
 }  // namespace kalvo

@@ -1,28 +1,19 @@
 #pragma once
 
-#include <QList>
-#include <QWidget>
+#include "desktop/widgets/pictures/painted_picture.h"
+#include "form/pictures.h"
 
 namespace kalvo {
 
-/// One step of a section's calculation, all as text: "λ", "Συντελεστής τριβής", "0,0339".
-struct SectionStep {
-  QString symbol;
-  QString name;
-  QString formula;
-  QString value;
-  QString unit;
-};
-
 /// How a section's drop comes about: the steps under each other, the last one with its tile filled
 /// as the result of the others.
-class SectionSteps : public QWidget {
+class SectionSteps : public PaintedPicture {
   Q_OBJECT
 
  public:
   explicit SectionSteps(QWidget* parent = nullptr);
 
-  void SetSteps(const QList<SectionStep>& steps);
+  void SetContent(const StepsContent& steps);
 
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSizeHint() const override;
@@ -31,10 +22,10 @@ class SectionSteps : public QWidget {
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  void DrawStep(QPainter& painter, const SectionStep& step, const QRect& row, bool is_last) const;
+  void DrawStep(QPainter& painter, const StepLine& step, const QRect& row, bool is_last) const;
   [[nodiscard]] int UnitWidth() const;
 
-  QList<SectionStep> steps_;
+  StepsContent steps_;
 };
 
 }  // namespace kalvo

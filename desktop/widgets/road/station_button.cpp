@@ -1,9 +1,11 @@
+#include "desktop/widgets/road/station_button.h"
+
 #include <QKeyEvent>
 #include <QPainter>
 
 #include "desktop/icons.h"
+#include "desktop/qt_text.h"
 #include "desktop/theme.h"
-#include "desktop/widgets/road/study_road.h"
 
 namespace kalvo {
 namespace {
@@ -16,15 +18,15 @@ constexpr double kBadgeRadius = 9;
 constexpr int kCaptionTop = 70;
 constexpr int kNarrowestStation = 110;
 
-QString SpokenMark(StationState mark) {
+QString SpokenMark(RoadMark mark) {
   switch (mark) {
-    case StationState::kDone:
+    case RoadMark::kDone:
       return "έγινε";
-    case StationState::kNext:
+    case RoadMark::kNext:
       return "επόμενο βήμα";
-    case StationState::kStale:
+    case RoadMark::kStale:
       return "χρειάζεται ξανά";
-    case StationState::kLater:
+    case RoadMark::kLater:
       break;
   }
   return "εκκρεμεί";
@@ -35,15 +37,15 @@ struct DiscLook {
   double edge_width;
 };
 
-DiscLook DiscLookOf(StationState mark, const Theme& theme) {
+DiscLook DiscLookOf(RoadMark mark, const Theme& theme) {
   switch (mark) {
-    case StationState::kDone:
+    case RoadMark::kDone:
       return {theme.primary, theme.primary, theme.onprimary, 1.5};
-    case StationState::kNext:
+    case RoadMark::kNext:
       return {theme.surface, theme.primary, theme.primary, 3};
-    case StationState::kStale:
+    case RoadMark::kStale:
       return {theme.warnbg, theme.warn, theme.warn, 1.5};
-    case StationState::kLater:
+    case RoadMark::kLater:
       break;
   }
   return {theme.surface, theme.border, theme.ink2, 1.5};
@@ -52,23 +54,22 @@ DiscLook DiscLookOf(StationState mark, const Theme& theme) {
 }  // namespace
 
 StationButton::StationButton(int number, QString icon, QWidget* parent)
-    : QAbstractButton(parent), number_(number), own_icon_(std::move(icon)), icon_(own_icon_) {
+    : QAbstractButton(parent), number_(number), icon_(std::move(icon)) {
   setFocusPolicy(Qt::StrongFocus);
   setCursor(Qt::PointingHandCursor);
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Minimum);
 }
 
-void StationButton::SetStation(const StationView& station) {
-  setText(station.caption);
-  setEnabled(station.enabled);
-  setToolTip(station.key.isEmpty()
-                 ? QString()
-                 : QString("%1 (%2)").arg(station.caption.trimmed(), station.key));
-  icon_ = station.icon.isEmpty() ? own_icon_ : station.icon;
-  state_ = station.state;
+void StationButton::SetStation(const RoadStation& station) {
+  const QString caption = ToQt(station.caption);
+  const QString key = station.command == nullptr ? QString() : ToQt(station.command->Hint());
+  setText(caption);
+  setEnabled(station.command != nullptr);
+  setToolTip(key.isEmpty() ? QString() : QString("%1 (%2)").arg(caption.trimmed(), key));
+  state_ = ToQt(station.state);
   mark_ = station.mark;
   const QString spoken = SpokenMark(mark_);
-  QStringList words = {station.caption.trimmed(), spoken};
+  QStringList words = {caption.trimmed(), spoken};
   if (state_ != spoken) words << state_;
   words.removeAll(QString());
   setAccessibleName(words.join(", "));
@@ -105,7 +106,7 @@ void StationButton::DrawDisc(QPainter& painter) const {
   const Theme& theme = ActiveTheme();
   const DiscLook look = DiscLookOf(mark_, theme);
   const QPointF centre = DiscCentre();
-  if (mark_ == StationState::kNext || underMouse()) {
+  if (mark_ == RoadMark::kNext || underMouse()) {
     painter.setPen(Qt::NoPen);
     painter.setBrush(theme.soft);
     painter.drawEllipse(centre, kHaloRadius, kHaloRadius);
@@ -126,26 +127,26 @@ void StationButton::DrawDisc(QPainter& painter) const {
 void StationButton::DrawBadge(QPainter& painter) const {
   const Theme& theme = ActiveTheme();
   const QPointF centre = DiscCentre() + QPointF(22, 19);
-  const bool later = mark_ == StationState::kLater;
+  const bool later = mark_ == RoadMark::kLater;
   QColor ground = later ? theme.header : theme.primary;
-  if (mark_ == StationState::kDone) ground = theme.ok;
-  if (mark_ == StationState::kStale) ground = theme.warn;
+  if (mark_ == RoadMark::kDone) ground = theme.ok;
+  if (mark_ == RoadMark::kStale) ground = theme.warn;
   painter.setPen(QPen(theme.surface, 2));
   painter.setBrush(ground);
   painter.drawEllipse(centre, kBadgeRadius + 1, kBadgeRadius + 1);
-  if (mark_ == StationState::kDone) {
+  if (mark_ == RoadMark::kDone) {
     constexpr int kTick = 12;
     painter.drawPixmap(centre - QPointF(kTick, kTick) / 2,
                        IconPixmap("check-bold", kTick, devicePixelRatioF(), theme.surface));
     return;
   }
   painter.setPen(later ? theme.ink : theme.onprimary);
-  if (mark_ == StationState::kStale) painter.setPen(theme.surface);
+  if (mark_ == RoadMark::kStale) painter.setPen(theme.surface);
   painter.setFont(ThemeFont(kKeyPoints, true));
   const QRectF square(centre - QPointF(kBadgeRadius, kBadgeRadius),
                       QSizeF(2 * kBadgeRadius, 2 * kBadgeRadius));
   painter.drawText(square, Qt::AlignCenter,
-                   mark_ == StationState::kStale ? QString("!") : QString::number(number_));
+                   mark_ == RoadMark::kStale ? QString("!") : QString::number(number_));
 }
 
 void StationButton::DrawWords(QPainter& painter) const {
@@ -158,10 +159,10 @@ void StationButton::DrawWords(QPainter& painter) const {
   painter.setPen(isEnabled() ? theme.ink : theme.ink3);
   painter.drawText(place, kFlags, text().trimmed(), &used);
   place.setTop(used.bottom() + 2);
-  const bool speaks_up = mark_ == StationState::kNext || mark_ == StationState::kStale;
-  painter.setFont(ThemeFont(kHintPoints, mark_ == StationState::kNext));
+  const bool speaks_up = mark_ == RoadMark::kNext || mark_ == RoadMark::kStale;
+  painter.setFont(ThemeFont(kHintPoints, mark_ == RoadMark::kNext));
   painter.setPen(theme.ink3);
-  if (speaks_up) painter.setPen(mark_ == StationState::kNext ? theme.primary : theme.warn);
+  if (speaks_up) painter.setPen(mark_ == RoadMark::kNext ? theme.primary : theme.warn);
   painter.drawText(place, kFlags, state_);
 }
 

@@ -1,4 +1,4 @@
-#include "desktop/widgets/road/study_road.h"
+#include "desktop/widgets/road/station_road.h"
 
 #include <QHBoxLayout>
 #include <QPainter>
@@ -13,7 +13,7 @@ struct StationNames {
   const char* icon;
 };
 
-constexpr StationNames kNames[StudyRoad::kStations] = {
+constexpr StationNames kNames[StationRoad::kStations] = {
     {"Cmd_Thema", "title"},     {"Cmd_GenData", "general"}, {"Cmd_Sect", "sections"},
     {"Cmd_Somata", "emitters"}, {"Cmd_Calc", "calc"},       {"Cmd_Res", "results"},
 };
@@ -30,23 +30,23 @@ void DrawFlowArrow(QPainter& painter, const QPointF& centre, const QColor& color
 
 }  // namespace
 
-StudyRoad::StudyRoad(QWidget* parent) : QWidget(parent) {
+StationRoad::StationRoad(QWidget* parent) : PaintedPicture(parent) {
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(0);
   for (int i = 0; i < kStations; ++i) {
     auto* station = new StationButton(i + 1, kNames[i].icon, this);
     station->setObjectName(kNames[i].object);
-    connect(station, &QAbstractButton::clicked, this, [this, i] { Q_EMIT StationClicked(i); });
     row->addWidget(station, 1);
     stations_ << station;
   }
 }
 
-void StudyRoad::SetStations(const std::array<StationView, kStations>& stations) {
+void StationRoad::SetContent(const RoadContent& road) {
   QStringList spoken;
   for (int i = 0; i < kStations; ++i) {
-    stations_[i]->SetStation(stations[static_cast<std::size_t>(i)]);
+    const auto at = static_cast<std::size_t>(i);
+    stations_[i]->SetStation(at < road.stations.size() ? road.stations[at] : RoadStation{});
     spoken << stations_[i]->accessibleName();
   }
   setAccessibleName("Πορεία της μελέτης");
@@ -54,13 +54,13 @@ void StudyRoad::SetStations(const std::array<StationView, kStations>& stations) 
   update();
 }
 
-int StudyRoad::FilledStretches() const {
+int StationRoad::FilledStretches() const {
   int done = 0;
-  while (done < kStations - 1 && stations_[done]->StationMark() == StationState::kDone) ++done;
+  while (done < kStations - 1 && stations_[done]->StationMark() == RoadMark::kDone) ++done;
   return done;
 }
 
-void StudyRoad::paintEvent(QPaintEvent*) {
+void StationRoad::paintEvent(QPaintEvent*) {
   const Theme& theme = ActiveTheme();
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);

@@ -1,4 +1,4 @@
-#include "shell/study_road.h"
+#include "shell/study_progress.h"
 
 #include <algorithm>
 #include <array>

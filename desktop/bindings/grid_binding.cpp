@@ -1,0 +1,137 @@
+#include "desktop/bindings/grid_binding.h"
+
+#include <QClipboard>
+#include <QEvent>
+#include <QGuiApplication>
+#include <numeric>
+
+#include "desktop/qt_text.h"
+#include "desktop/tables/row_header.h"
+
+namespace kalvo {
+namespace {
+
+// Space in a cell around its text.
+constexpr int kCellMargin = 18;
+
+}  // namespace
+
+GridBinding::GridBinding(Grid& grid, QTableView& view, const Act& act)
+    : grid_(grid), view_(view), model_(grid, this), head_(new StackedHeader(&view)) {
+  DressTable();
+  HearUser(act);
+}
+
+void GridBinding::DressTable() {
+  head_->setStretchLastSection(view_.horizontalHeader()->stretchLastSection());
+  view_.setHorizontalHeader(head_);
+  view_.setVerticalHeader(new RowHeader(&view_));
+  view_.setItemDelegate(&cells_delegate_);
+  view_.setModel(&model_);
+  view_.setEditTriggers(QAbstractItemView::NoEditTriggers);
+  view_.setTabKeyNavigation(false);  // Tab leads on to the commands
+}
+
+void GridBinding::HearUser(const Act& act) {
+  connect(view_.selectionModel(), &QItemSelectionModel::currentChanged, this,
+          [this, act](const QModelIndex& now) {
+            if (painting_ || !now.isValid()) return;
+            act([&] { grid_.MoveTo(model_.PlaceOf(now)); });
+          });
+  connect(&view_, &QTableView::doubleClicked, this, [this, act](const QModelIndex&) {
+    if (grid_.on_activate) act(grid_.on_activate);
+  });
+  head_->setSectionsClickable(true);
+  if (view_.property("fillsWidth").toBool()) {
+    view_.viewport()->installEventFilter(this);
+    connect(head_, &QHeaderView::sectionResized, this, [this] { by_user_ = !sharing_; });
+  }
+  connect(head_, &QHeaderView::sectionClicked, this,
+          [this, act](int column) { act([&] { grid_.CycleSort(column); }); });
+}
+
+void GridBinding::Paint() {
+  painting_ = true;
+  view_.setVisible(grid_.visible);
+  view_.setEnabled(grid_.enabled);
+  if (shape_ != grid_.shape_revision()) {
+    shape_ = grid_.shape_revision();
+    model_.ShapeChanged();
+    PaintSortMark();
+  } else if (cells_ != grid_.revision()) {
+    model_.CellsChanged();
+  }
+  cells_ = grid_.revision();
+  if (widths_ != grid_.width_revision() || columns_ != grid_.column_count()) RestoreWidths();
+  PaintCurrent();
+  painting_ = false;
+}
+
+bool GridBinding::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Resize && !by_user_) ShareWidths();
+  return Binding::eventFilter(watched, event);
+}
+
+bool GridBinding::Copy() {
+  std::vector<GridPlace> places;
+  for (const QModelIndex& index : view_.selectionModel()->selectedIndexes()) {
+    places.push_back(model_.PlaceOf(index));
+  }
+  QGuiApplication::clipboard()->setText(ToQt(grid_.Copy(places)));
+  return true;
+}
+
+void GridBinding::PaintSortMark() {
+  head_->setSortIndicatorShown(grid_.sort_order() != SortOrder::kNone);
+  head_->setSortIndicator(grid_.sort_column(), grid_.sort_order() == SortOrder::kFalling
+                                                   ? Qt::DescendingOrder
+                                                   : Qt::AscendingOrder);
+}
+
+void GridBinding::PaintCurrent() {
+  const QModelIndex wanted = model_.IndexOf(grid_.current());
+  if (wanted.isValid() && view_.currentIndex() != wanted) {
+    view_.setCurrentIndex(wanted);
+    view_.scrollTo(wanted);
+  }
+}
+
+void GridBinding::DressColumns() {
+  QList<int> family_ends;
+  for (int column = 0; column < columns_; ++column) {
+    const GridColumn& known = grid_.columns()[static_cast<std::size_t>(column)];
+    if (known.closes_family) family_ends.push_back(column);
+    view_.setItemDelegateForColumn(column, known.chips ? &chips_delegate_ : nullptr);
+  }
+  head_->SetFamilyEnds(family_ends);
+  cells_delegate_.SetFamilyEnds(family_ends);
+  chips_delegate_.SetFamilyEnds(family_ends);
+}
+
+void GridBinding::RestoreWidths() {
+  widths_ = grid_.width_revision();
+  columns_ = grid_.column_count();
+  DressColumns();
+  by_user_ = false;
+  ShareWidths();
+}
+
+// The columns' own widths; where the table is to fill its place, each takes its part of what is
+// left, until the user sets one.
+void GridBinding::ShareWidths() {
+  const int digit = view_.fontMetrics().horizontalAdvance(QLatin1Char('0'));
+  std::vector<int> widths;
+  for (const GridColumn& column : grid_.columns()) {
+    widths.push_back(column.width * digit + kCellMargin);
+  }
+  const int whole = std::accumulate(widths.begin(), widths.end(), 0);
+  const bool fills = view_.property("fillsWidth").toBool();
+  const int room = fills ? std::max(view_.viewport()->width(), whole) : whole;
+  sharing_ = true;
+  for (std::size_t column = 0; column < widths.size(); ++column) {
+    view_.setColumnWidth(static_cast<int>(column), widths[column] * room / whole);
+  }
+  sharing_ = false;
+}
+
+}  // namespace kalvo
