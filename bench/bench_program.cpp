@@ -5,7 +5,8 @@
 #include <stdexcept>
 #include <string>
 
-#include "bench/network.h"
+#include "bench/building_network.h"
+#include "bench/supply_network.h"
 #include "engine/calculation_command.h"
 #include "engine/winter.h"
 #include "study/fluid_library.h"

@@ -1,7 +1,8 @@
+#include "bench/supply_network.h"
+
 #include <algorithm>
 #include <string>
-
-#include "bench/network.h"
+#include <utility>
 
 namespace kalvo {
 

@@ -6,8 +6,11 @@
 #include <new>
 
 #include "cli/calc_command.h"
+#include "cli/explain_command.h"
 #include "cli/greek_help.h"
 #include "cli/library_commands.h"
+#include "cli/outlets_command.h"
+#include "cli/show_command.h"
 #include "cli/study_commands.h"
 #include "cli/winter_command.h"
 #include "study/real_disk.h"

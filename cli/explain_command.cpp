@@ -1,8 +1,9 @@
+#include "cli/explain_command.h"
+
 #include <CLI/CLI.hpp>
 
 #include "cli/findings.h"
 #include "cli/number_text.h"
-#include "cli/study_commands.h"
 #include "cli/study_run.h"
 #include "cli/text_table.h"
 #include "engine/explain.h"

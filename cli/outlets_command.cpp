@@ -1,5 +1,6 @@
+#include "cli/outlets_command.h"
+
 #include "cli/number_text.h"
-#include "cli/study_commands.h"
 #include "cli/study_run.h"
 #include "cli/text_table.h"
 #include "engine/notes.h"

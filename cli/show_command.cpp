@@ -1,3 +1,5 @@
+#include "cli/show_command.h"
+
 #include <algorithm>
 #include <array>
 
@@ -5,7 +7,6 @@
 #include "cli/number_text.h"
 #include "cli/report_table.h"
 #include "cli/session.h"
-#include "cli/study_commands.h"
 #include "cli/text_table.h"
 
 namespace kalvo {

@@ -29,14 +29,6 @@ class CheckCommand : public StudyCommand {
   int RunOn(const Console& console, Session& session) override;
 };
 
-/// `kalvo show`: what is in the file.
-class ShowCommand : public StudyCommand {
- protected:
-  [[nodiscard]] std::string Name() const override { return "show"; }
-  [[nodiscard]] std::string Help() const override { return "Δείχνει τα δεδομένα μιας μελέτης"; }
-  int RunOn(const Console& console, Session& session) override;
-};
-
 /// `kalvo flows`: the flow report.
 class FlowsCommand : public StudyCommand {
  protected:
@@ -45,33 +37,6 @@ class FlowsCommand : public StudyCommand {
     return "Δείχνει πώς κάθε Σώμα αλλάζει την παροχή των τμημάτων (κλειστό σύστημα)";
   }
   int RunOn(const Console& console, Session& session) override;
-};
-
-/// `kalvo outlets`: the outlets of an open study with their values.
-class OutletsCommand : public StudyCommand {
- protected:
-  [[nodiscard]] std::string Name() const override { return "outlets"; }
-  [[nodiscard]] std::string Help() const override {
-    return "Δείχνει τους Υποδοχείς μιας μελέτης ανοικτού συστήματος";
-  }
-  int RunOn(const Console& console, Session& session) override;
-};
-
-/// `kalvo explain`: how the drop of a section came about.
-class ExplainCommand : public StudyCommand {
- protected:
-  [[nodiscard]] std::string Name() const override { return "explain"; }
-  [[nodiscard]] std::string Help() const override {
-    return "Εξηγεί βήμα-βήμα πώς προέκυψε η πτώση πίεσης ενός τμήματος";
-  }
-  void AddArguments(CLI::App& app) override;
-  int RunOn(const Console& console, Session& session) override;
-
- private:
-  static constexpr int kNoMethod = 0;
-
-  int section_ = 0;
-  int method_ = kNoMethod;
 };
 
 }  // namespace kalvo

@@ -11,7 +11,7 @@ if(bench_sources)
   if(TARGET kalvo_desktop)
     kalvo_sources(window_bench_sources "bench/window/*.cpp")
     add_executable(kalvo_window_bench ${window_bench_sources} bench/bench_program.cpp
-                                      bench/network.cpp bench/supply_network.cpp)
+                                      bench/building_network.cpp bench/supply_network.cpp)
     target_link_libraries(kalvo_window_bench PRIVATE kalvo_desktop benchmark::benchmark)
     list(APPEND bench_programs kalvo_window_bench)
   endif()

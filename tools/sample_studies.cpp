@@ -4,6 +4,7 @@
 #include <span>
 
 #include "tools/sample_network.h"
+#include "tools/sample_supplies.h"
 
 namespace kalvo {
 

@@ -32,12 +32,6 @@ SampleStudy FanCoilFloor();
 /// lobby and restaurant.
 SampleStudy Hotel();
 
-/// The water supply of a house of two floors: a kitchen and two baths.
-SampleStudy House();
-
-/// The water supply of a building of five floors: two apartments and a studio on each.
-SampleStudy ApartmentBuilding();
-
 std::vector<SampleStudy> AllSamples();
 
 /// Winter values of a fan coil: three fifths of the flow, at two fifths of the drop.

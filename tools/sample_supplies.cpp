@@ -1,4 +1,5 @@
-#include "tools/sample_studies.h"
+#include "tools/sample_supplies.h"
+
 #include "tools/sample_tree.h"
 
 namespace kalvo {

@@ -1,4 +1,4 @@
-#include "bench/network.h"
+#include "bench/building_network.h"
 
 #include <string>
 #include <utility>
