@@ -2,29 +2,21 @@
 # on the same studies.
 
 kalvo_sources(bench_sources "bench/*.cpp" "bench/*.h")
-if(bench_sources)
-  find_package(benchmark REQUIRED)
-  kalvo_links(bench_links cli)
-  add_executable(kalvo_bench ${bench_sources})
-  target_link_libraries(kalvo_bench PRIVATE benchmark::benchmark_main)
-  set(bench_programs kalvo_bench)
-  if(TARGET kalvo_desktop)
-    kalvo_sources(window_bench_sources "bench/window/*.cpp")
-    add_executable(kalvo_window_bench ${window_bench_sources} bench/bench_program.cpp
-                                      bench/building_network.cpp bench/supply_network.cpp)
-    target_link_libraries(kalvo_window_bench PRIVATE kalvo_desktop benchmark::benchmark)
-    list(APPEND bench_programs kalvo_window_bench)
-  endif()
-  foreach(program IN LISTS bench_programs)
-    target_include_directories(${program} PRIVATE "${PROJECT_SOURCE_DIR}")
-    target_compile_definitions(${program} PRIVATE KALVO_LIBRARY_DIR="${KALVO_LIBRARY_DIR}"
-                               KALVO_SAMPLES_DIR="${KALVO_SAMPLES_DIR}"
-                               KALVO_BINARY="$<TARGET_FILE:kalvo>")
-    target_link_libraries(${program} PRIVATE ${bench_links} kalvo_warnings)
-    foreach(need IN ITEMS kalvo kalvo_pipes kalvo_samples)
-      if(TARGET ${need})
-        add_dependencies(${program} ${need})
-      endif()
-    endforeach()
-  endforeach()
+find_package(benchmark REQUIRED)
+add_executable(kalvo_bench ${bench_sources})
+target_link_libraries(kalvo_bench PRIVATE benchmark::benchmark_main)
+set(bench_programs kalvo_bench)
+if(TARGET kalvo_desktop)
+  kalvo_sources(window_bench_sources "bench/window/*.cpp")
+  add_executable(kalvo_window_bench ${window_bench_sources} bench/bench_program.cpp
+                                    bench/building_network.cpp bench/supply_network.cpp)
+  target_link_libraries(kalvo_window_bench PRIVATE kalvo_desktop benchmark::benchmark)
+  list(APPEND bench_programs kalvo_window_bench)
 endif()
+foreach(program IN LISTS bench_programs)
+  target_compile_definitions(${program} PRIVATE KALVO_LIBRARY_DIR="${KALVO_LIBRARY_DIR}"
+                             KALVO_SAMPLES_DIR="${KALVO_SAMPLES_DIR}"
+                             KALVO_BINARY="$<TARGET_FILE:kalvo>")
+  target_link_libraries(${program} PRIVATE kalvo_cli kalvo_warnings)
+  add_dependencies(${program} kalvo kalvo_pipes kalvo_samples)
+endforeach()

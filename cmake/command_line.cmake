@@ -1,29 +1,17 @@
 # `kalvo`, the command-line companion: cli/main.cpp over the library of the other cli/*.cpp.
 
-kalvo_sources(kalvo_main "cli/main.cpp")
-if(TARGET kalvo_cli)
-  find_package(CLI11 REQUIRED)
-  find_package(nlohmann_json REQUIRED)
-  set_source_files_properties("cli/command_line.cpp" PROPERTIES COMPILE_DEFINITIONS
-                              "KALVO_VERSION=\"${PROJECT_VERSION}\"")
-  get_target_property(kalvo_cli_type kalvo_cli TYPE)
-  if(kalvo_cli_type STREQUAL "INTERFACE_LIBRARY")
-    target_link_libraries(kalvo_cli INTERFACE CLI11::CLI11 nlohmann_json::nlohmann_json)
-  else()
-    target_link_libraries(kalvo_cli PUBLIC CLI11::CLI11 nlohmann_json::nlohmann_json)
-  endif()
+find_package(CLI11 REQUIRED)
+find_package(nlohmann_json REQUIRED)
+set_source_files_properties("cli/command_line.cpp" PROPERTIES COMPILE_DEFINITIONS
+                            "KALVO_VERSION=\"${PROJECT_VERSION}\"")
+target_link_libraries(kalvo_cli PUBLIC CLI11::CLI11 nlohmann_json::nlohmann_json)
+add_executable(kalvo cli/main.cpp)
+target_link_libraries(kalvo PRIVATE kalvo_cli kalvo_warnings)
+# Most of a short run would else go into finding and binding shared libraries. In a static program
+# at a fixed place the first exception sorts all unwind tables; -static-pie looks them up in the
+# index that the linker makes. `kalvo --help`, which ends by an exception, takes 0.9 ms in place
+# of 2.6; a run without one takes 0.1 ms longer.
+if(NOT KALVO_SANITIZE)
+  target_link_options(kalvo PRIVATE -static-pie)
 endif()
-if(kalvo_main)
-  kalvo_links(kalvo_below cli)
-  add_executable(kalvo ${kalvo_main})
-  target_include_directories(kalvo PRIVATE "${PROJECT_SOURCE_DIR}")
-  target_link_libraries(kalvo PRIVATE ${kalvo_below} kalvo_warnings)
-  # Most of a short run would else go into finding and binding shared libraries. In a static program
-  # at a fixed place the first exception sorts all unwind tables; -static-pie looks them up in the
-  # index that the linker makes. `kalvo --help`, which ends by an exception, takes 0.9 ms in place
-  # of 2.6; a run without one takes 0.1 ms longer.
-  if(NOT KALVO_SANITIZE)
-    target_link_options(kalvo PRIVATE -static-pie)
-  endif()
-  install(TARGETS kalvo RUNTIME DESTINATION bin)
-endif()
+install(TARGETS kalvo RUNTIME DESTINATION bin)

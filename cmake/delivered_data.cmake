@@ -5,16 +5,12 @@
 kalvo_sources(tool_sources "tools/*.cpp")
 kalvo_sources(sample_sources "tools/sample_*.cpp")
 list(REMOVE_ITEM tool_sources ${sample_sources})
-kalvo_links(tool_links engine)
 foreach(source IN LISTS tool_sources)
   cmake_path(GET source STEM tool)
   add_executable(${tool} ${source})
-  target_include_directories(${tool} PRIVATE "${PROJECT_SOURCE_DIR}")
-  target_link_libraries(${tool} PRIVATE ${tool_links} kalvo_warnings)
+  target_link_libraries(${tool} PRIVATE kalvo_engine kalvo_warnings)
 endforeach()
-if(TARGET build_samples)
-  target_sources(build_samples PRIVATE ${sample_sources})
-endif()
+target_sources(build_samples PRIVATE ${sample_sources})
 
 set(KALVO_LIBRARY_DIR "${CMAKE_BINARY_DIR}/data/library")
 set(KALVO_SAMPLES_DIR "${CMAKE_BINARY_DIR}/data/samples")
@@ -35,23 +31,17 @@ function(kalvo_data_folder target folder main_file)
 endfunction()
 
 kalvo_sources(pipe_tables "data/pipes/*.csv")
-if(TARGET build_pipes)
-  kalvo_data_folder(kalvo_pipes "${KALVO_LIBRARY_DIR}" Liquids.dat
-                    DEPENDS build_pipes ${pipe_tables}
-                    COMMAND build_pipes "${PROJECT_SOURCE_DIR}/data/pipes" "${KALVO_LIBRARY_DIR}")
-  install(DIRECTORY "${KALVO_LIBRARY_DIR}/" DESTINATION share/kalvoflume/library)
-  install(FILES ${pipe_tables} DESTINATION share/kalvoflume/pipes)
-endif()
-if(TARGET build_sound)
-  kalvo_data_folder(kalvo_sound "${CMAKE_BINARY_DIR}/data/sound" echo.wav
-                    DEPENDS build_sound
-                    COMMAND build_sound "${CMAKE_BINARY_DIR}/data/sound/echo.wav")
-  install(FILES "${CMAKE_BINARY_DIR}/data/sound/echo.wav" DESTINATION share/kalvoflume/sound)
-endif()
-if(TARGET build_samples AND TARGET kalvo_pipes)
-  kalvo_data_folder(kalvo_samples "${KALVO_SAMPLES_DIR}" hotel.PCK
-                    DEPENDS build_samples "${KALVO_LIBRARY_DIR}/Liquids.dat"
-                    COMMAND build_samples "${KALVO_LIBRARY_DIR}" "${KALVO_SAMPLES_DIR}")
-  add_dependencies(kalvo_samples kalvo_pipes)
-  install(DIRECTORY "${KALVO_SAMPLES_DIR}/" DESTINATION share/kalvoflume/samples)
-endif()
+kalvo_data_folder(kalvo_pipes "${KALVO_LIBRARY_DIR}" Liquids.dat
+                  DEPENDS build_pipes ${pipe_tables}
+                  COMMAND build_pipes "${PROJECT_SOURCE_DIR}/data/pipes" "${KALVO_LIBRARY_DIR}")
+install(DIRECTORY "${KALVO_LIBRARY_DIR}/" DESTINATION share/kalvoflume/library)
+install(FILES ${pipe_tables} DESTINATION share/kalvoflume/pipes)
+kalvo_data_folder(kalvo_sound "${CMAKE_BINARY_DIR}/data/sound" echo.wav
+                  DEPENDS build_sound
+                  COMMAND build_sound "${CMAKE_BINARY_DIR}/data/sound/echo.wav")
+install(FILES "${CMAKE_BINARY_DIR}/data/sound/echo.wav" DESTINATION share/kalvoflume/sound)
+kalvo_data_folder(kalvo_samples "${KALVO_SAMPLES_DIR}" hotel.PCK
+                  DEPENDS build_samples "${KALVO_LIBRARY_DIR}/Liquids.dat"
+                  COMMAND build_samples "${KALVO_LIBRARY_DIR}" "${KALVO_SAMPLES_DIR}")
+add_dependencies(kalvo_samples kalvo_pipes)
+install(DIRECTORY "${KALVO_SAMPLES_DIR}/" DESTINATION share/kalvoflume/samples)

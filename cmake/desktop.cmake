@@ -2,26 +2,21 @@
 # its folders. Forms are desktop/forms/*.ui; icons and the style sheet are built in.
 
 find_package(Qt6 6.4 REQUIRED COMPONENTS Widgets Svg Network)
-kalvo_floor(desktop DEPENDS platform
+kalvo_floor(desktop DEPENDS shell
             ALSO desktop/bindings desktop/tables desktop/widgets/* EXCLUDE main.cpp)
-if(TARGET kalvo_desktop)
-  target_link_libraries(kalvo_desktop PUBLIC Qt6::Widgets Qt6::Svg Qt6::Network)
-  target_compile_definitions(kalvo_desktop PUBLIC QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII
-                             KALVO_VERSION="${PROJECT_VERSION}")
-  # The last one: CMake 3.25 does not look again by itself when a header is added.
-  set_target_properties(
-    kalvo_desktop
-    PROPERTIES AUTOMOC ON AUTOUIC ON
-               AUTOUIC_SEARCH_PATHS "${PROJECT_SOURCE_DIR}/desktop/forms"
-               AUTOGEN_TARGET_DEPENDS
-               "${CMAKE_CURRENT_BINARY_DIR}/CMakeFiles/kalvo_desktop_autogen.dir/AutogenInfo.json")
-  kalvo_sources(desktop_resources "desktop/icons/*.svg" "desktop/*.qss")
-  qt_add_resources(kalvo_desktop kalvo_look PREFIX "/" BASE "${PROJECT_SOURCE_DIR}/desktop"
-                   FILES ${desktop_resources})
-endif()
-kalvo_sources(kalvoflume_main "desktop/main.cpp")
-if(kalvoflume_main)
-  add_executable(kalvoflume ${kalvoflume_main})
-  target_link_libraries(kalvoflume PRIVATE kalvo_desktop kalvo_warnings)
-  install(TARGETS kalvoflume RUNTIME DESTINATION bin)
-endif()
+target_link_libraries(kalvo_desktop PUBLIC Qt6::Widgets Qt6::Svg Qt6::Network)
+target_compile_definitions(kalvo_desktop PUBLIC QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII
+                           KALVO_VERSION="${PROJECT_VERSION}")
+# The last one: CMake 3.25 does not look again by itself when a header is added.
+set_target_properties(
+  kalvo_desktop
+  PROPERTIES AUTOMOC ON AUTOUIC ON
+             AUTOUIC_SEARCH_PATHS "${PROJECT_SOURCE_DIR}/desktop/forms"
+             AUTOGEN_TARGET_DEPENDS
+             "${CMAKE_CURRENT_BINARY_DIR}/CMakeFiles/kalvo_desktop_autogen.dir/AutogenInfo.json")
+kalvo_sources(desktop_resources "desktop/icons/*.svg" "desktop/*.qss")
+qt_add_resources(kalvo_desktop kalvo_look PREFIX "/" BASE "${PROJECT_SOURCE_DIR}/desktop"
+                 FILES ${desktop_resources})
+add_executable(kalvoflume desktop/main.cpp)
+target_link_libraries(kalvoflume PRIVATE kalvo_desktop kalvo_warnings)
+install(TARGETS kalvoflume RUNTIME DESTINATION bin)

@@ -3,7 +3,6 @@
 # of fuzz/corpus/<name>/.
 
 kalvo_sources(fuzz_sources "fuzz/*_fuzz.cpp")
-kalvo_links(fuzz_links cli)
 foreach(source IN LISTS fuzz_sources)
   cmake_path(GET source STEM stem)
   string(REGEX REPLACE "_fuzz$" "" name ${stem})
@@ -22,7 +21,6 @@ foreach(source IN LISTS fuzz_sources)
     set_tests_properties(kalvo_${name}_replay PROPERTIES TIMEOUT 300)
   endif()
   foreach(program IN LISTS programs)
-    target_include_directories(${program} PRIVATE "${PROJECT_SOURCE_DIR}")
-    target_link_libraries(${program} PRIVATE ${fuzz_links} kalvo_warnings)
+    target_link_libraries(${program} PRIVATE kalvo_cli kalvo_warnings)
   endforeach()
 endforeach()
