@@ -62,7 +62,7 @@ TEST_F(Program, SavesBeforeItPrints) {
                            bench_.library().string() + "' --save '" + saved + "'";
   EXPECT_EQ(RunProgram(calc + " | " + reader).code, 0);
 
-  const std::string values = bench_.Put("values.csv", "section,flow,drop\n500,1,100\n");
+  const std::string values = bench_.Put("values.csv", "section,flow,drop\n500,200,100\n");
   const std::string winter = "kalvo winter '" + saved + "' --values '" + values + "' --library '" +
                              bench_.library().string() + "' --yes --save '";
   const std::string cold = bench_.Path("winter.PCK");
