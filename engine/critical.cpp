@@ -156,6 +156,7 @@ PostponedFile::~PostponedFile() { workspace_.Delete(work_file::kPostponed); }
 NotePostponed PostponedFile::Note() {
   return [this](const std::vector<int>& rows) {
     std::vector<PostponedRow> records;
+    records.reserve(rows.size());
     for (const int row : rows) {
       records.push_back({FixedText<5>::FromBytes(PadBehind(std::to_string(row), 3))});
     }

@@ -6,6 +6,7 @@
 
 #include "engine/first_row_index.h"
 #include "engine/pipe_stats.h"
+#include "engine/row_store.h"
 #include "study/rounding.h"
 
 namespace kalvo {

@@ -207,11 +207,8 @@ Result<FoundStudy> FindStudy(Workbench& bench) {
       return FileError{disk->journal(),
                        "Μια αποθήκευση της Μελέτης έμεινε στη μέση (" + found.error().Line() + ")"};
     }
-    if (!found) {
-      return found;
-    }
     if (!IsBeingSaved(bench.workspace.outer_disk(), *disk, main) &&
-        found->digest == FamilyDigest(*disk, main)) {
+        (!found || found->digest == FamilyDigest(*disk, main))) {
       return found;
     }
   }
