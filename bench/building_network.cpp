@@ -153,12 +153,12 @@ class Builder {
       row.MeanTemp = 70;
       row.MeanVel = 1;
       row.FileNumber = 11;
-      row.KLEIS = 1;
+      SetKind(row, SystemKind::kClosed, kKindOfEmitters);
       row.TOT = static_cast<std::int16_t>(rows_.size());
       row.Outlets = static_cast<std::int16_t>(units_);
       row.BurChil = 1;
     }
-    rows_.front().Auxi = 1;
+    rows_.front().Auxi = PlantMark(1);
   }
 
   int units_;

@@ -68,7 +68,7 @@ class SupplyBuilder {
       row.MeanTemp = 15;
       row.MeanVel = 1.5F;
       row.FileNumber = 1;
-      row.ANOIK = -1;
+      SetKind(row, SystemKind::kOpen);
       row.TOT = count;
       row.Outlets = outlets;
     }

@@ -3,11 +3,10 @@
 #include <CLI/CLI.hpp>
 
 #include "cli/findings.h"
-#include "cli/number_text.h"
 #include "cli/study_run.h"
 #include "cli/text_table.h"
-#include "engine/explain.h"
 #include "engine/trap.h"
+#include "results/explanation_lines.h"
 #include "results/study_report.h"
 
 namespace kalvo {
@@ -16,51 +15,34 @@ namespace {
 
 enum class Results { kStored, kCalculated };
 
-// Decimals of a loss coefficient, of a length and of a drop where they are no steps.
-constexpr int kZetaDecimals = 2;
-constexpr int kLengthDecimals = 3;
-constexpr int kDropDecimals = 2;
-
-std::string Shown(double value, int decimals, const Console& console) {
-  return WithEnoughDecimals(static_cast<float>(value), decimals, console.separators);
-}
-
-std::string InLine(double value, int decimals, const Console& console) {
-  return WithDecimals(static_cast<float>(value), decimals, console.separators);
-}
-
-void PrintSteps(const Console& console, const DropExplanation& explanation) {
+void PrintSteps(const Console& console, const LongExplanation& lines) {
   TextTable table(
       {{"α/α", ""}, {"Μέγεθος", "", true}, {"Τιμή", ""}, {"Μονάδα", "", true}, {"Τύπος", "", true}},
       2);
   int number = 0;
-  for (const ExplainStep& step : explanation.steps) {
-    table.Add({std::to_string(++number), step.what, Shown(step.value, step.decimals, console),
-               step.unit, step.formula});
+  for (const auto& [what, value, unit, formula] : lines.steps) {
+    table.Add({std::to_string(++number), what, value, unit, formula});
   }
   table.Print(console);
 }
 
-void PrintFittings(const Console& console, const DropExplanation& explanation) {
-  if (explanation.fittings.empty()) {
+void PrintFittings(const Console& console, const LongExplanation& lines) {
+  if (lines.fittings.empty()) {
     return;
   }
   console.out << '\n';
   TextTable table({{"Εξαρτήματα", "", true}, {"Πλήθος", ""}, {"ζ", ""}, {"Ισοδύναμο μήκος", "m"}});
-  for (const FittingShare& fitting : explanation.fittings) {
-    table.Add({fitting.what, FormatNumber(static_cast<float>(fitting.count), console.separators),
-               InLine(fitting.zeta, kZetaDecimals, console),
-               InLine(fitting.length_m, kLengthDecimals, console)});
+  for (const auto& [what, count, zeta, length] : lines.fittings) {
+    table.Add({what, count, zeta, length});
   }
   table.Print(console);
 }
 
-void PrintShares(const Console& console, const DropExplanation& explanation) {
+void PrintShares(const Console& console, const LongExplanation& lines) {
   console.out << '\n';
   TextTable table({{"Μερίδιο στην πτώση", "", true}, {"Πτώση", "mm w.g."}, {"", "%"}});
-  for (const DropShare& share : explanation.shares) {
-    table.Add({share.what, InLine(share.drop, kDropDecimals, console),
-               share.fraction ? InLine(*share.fraction * 100.0, 1, console) : "---"});
+  for (const auto& [what, drop, percent] : lines.shares) {
+    table.Add({what, drop, percent});
   }
   table.Print(console);
 }
@@ -72,15 +54,14 @@ void PrintExplanation(const Console& console, const SectionRow& row,
               << '\n';
   PrintWrapped(console, (results == Results::kStored ? "Αποθηκευμένα αποτελέσματα, τρόπος "
                                                      : "Νέος υπολογισμός, τρόπος ") +
-                            MethodText(static_cast<int>(row.INILAMDA)));
+                            MethodText(MethodOf(row)));
   console.out << '\n';
-  PrintSteps(console, explanation);
-  PrintFittings(console, explanation);
-  PrintShares(console, explanation);
-  if (!explanation.Agrees()) {
-    console.out << "\nΗ αποθηκευμένη πτώση είναι "
-                << Shown(explanation.stored_drop, kDropDecimals, console)
-                << " mm w.g. : τα δεδομένα άλλαξαν μετά τον υπολογισμό\n";
+  const LongExplanation lines = ExplainAtLength(explanation, console.separators);
+  PrintSteps(console, lines);
+  PrintFittings(console, lines);
+  PrintShares(console, lines);
+  if (!lines.remark.empty()) {
+    console.out << '\n' << lines.remark << '\n';
   }
 }
 

@@ -1,11 +1,11 @@
 #include "cli/outlets_command.h"
 
-#include "cli/number_text.h"
 #include "cli/study_run.h"
 #include "cli/text_table.h"
 #include "engine/notes.h"
 #include "engine/outlets.h"
 #include "study/by_number.h"
+#include "study/numeric_text.h"
 
 namespace kalvo {
 

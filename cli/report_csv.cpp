@@ -4,21 +4,36 @@
 #include <array>
 #include <charconv>
 
+#include "engine/fittings.h"
+#include "study/pressure_units.h"
+
 namespace kalvo {
 
 namespace {
 
 constexpr const char* kUtf8Mark = "\xEF\xBB\xBF";
 
+// Fields of the row before and behind the fittings' counts.
+constexpr auto kColumnsBefore = std::to_array<std::string_view>(
+    {"RecordNumber", "Name",     "WaterFlow",    "NomiDiam",   "InDiameter", "Area",    "Velocity",
+     "Reynolds",     "Lamda",    "FrictionRate", "TotalDrop",  "AvaiPres",   "PAR",     "DP",
+     "INILAMDA",     "MeanTemp", "MeanVel",      "FileNumber", "TOT",        "Outlets", "KLEIS",
+     "ANOIK",        "Auxi",     "SomaDrop",     "HeightDiff", "Length"});
+constexpr auto kColumnsBehind = std::to_array<std::string_view>({"OtherDrop_mm", "OtherDrop_m"});
+
+using Columns =
+    std::array<std::string_view, kColumnsBefore.size() + kFittings.size() + kColumnsBehind.size()>;
+
+constexpr Columns AllColumns() {
+  Columns columns;
+  auto* at = std::copy(kColumnsBefore.begin(), kColumnsBefore.end(), columns.begin());
+  for (const Fitting& fitting : kFittings) *at++ = fitting.column;
+  std::copy(kColumnsBehind.begin(), kColumnsBehind.end(), at);
+  return columns;
+}
+
 // Fields of the row that make up a line, in this order.
-constexpr std::array<std::string_view, 38> kColumns = {
-    "RecordNumber", "Name",       "WaterFlow", "NomiDiam",     "InDiameter", "Area",
-    "Velocity",     "Reynolds",   "Lamda",     "FrictionRate", "TotalDrop",  "AvaiPres",
-    "PAR",          "DP",         "INILAMDA",  "MeanTemp",     "MeanVel",    "FileNumber",
-    "TOT",          "Outlets",    "KLEIS",     "ANOIK",        "Auxi",       "SomaDrop",
-    "HeightDiff",   "Length",     "AnglePOP",  "Elbow90",      "GateValve",  "StrSwitch",
-    "AngSwitch",    "DiaTee",     "DieTee",    "AntiTee",      "SymboTee",   "CheckValve",
-    "OtherDrop_mm", "OtherDrop_m"};
+constexpr Columns kColumns = AllColumns();
 
 // Column of each field of the row, kNoColumn for those that are left out.
 constexpr std::size_t kNoColumn = kColumns.size();
@@ -129,12 +144,10 @@ void CsvReport::Print(const StudyReport& report) const {
     cells.AppendTo(line);
     line += report.IsCritical(row.RecordNumber) ? '1' : '0';
     if (pascal_) {
-      line +=
-          end + FormatNumber(static_cast<float>(row.FrictionRate * kPascalPerMmWg), separators_);
+      line += end + FormatNumber(static_cast<float>(PascalOf(row.FrictionRate)), separators_);
       const float outlet = report.kind == SystemKind::kOpen ? row.SomaDrop * 1000.0F : row.SomaDrop;
       for (const float mm_wg : {row.TotalDrop, row.AvaiPres, row.DP, outlet}) {
-        line +=
-            end + FormatNumber(static_cast<float>(mm_wg * kPascalPerMmWg / 1000.0), separators_);
+        line += end + FormatNumber(static_cast<float>(KiloPascalOf(mm_wg)), separators_);
       }
     }
     console_.out << line << '\n';

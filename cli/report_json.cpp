@@ -6,7 +6,9 @@
 #include <charconv>
 #include <cmath>
 
+#include "engine/fittings.h"
 #include "engine/open_network.h"
+#include "study/pressure_units.h"
 #include "study/rounding.h"
 
 namespace kalvo {
@@ -24,24 +26,21 @@ double Plain(float value) {
   return plain;
 }
 
-double Pascal(float mm_wg) { return Plain(static_cast<float>(mm_wg * kPascalPerMmWg)); }
-double KiloPascal(float mm_wg) {
-  return Plain(static_cast<float>(mm_wg * kPascalPerMmWg / 1000.0));
-}
+double Pascal(float mm_wg) { return Plain(static_cast<float>(PascalOf(mm_wg))); }
+double KiloPascal(float mm_wg) { return Plain(static_cast<float>(KiloPascalOf(mm_wg))); }
+
+Json NumberIn(float value) { return Plain(value); }
+Json NumberIn(std::int16_t value) { return value; }
 
 Json FittingsOf(const SectionRow& row) {
-  return {{"elbows", Plain(row.AnglePOP)},
-          {"bends_90", Plain(row.Elbow90)},
-          {"valves", row.GateValve},
-          {"straight_valves", row.StrSwitch},
-          {"angle_valves", row.AngSwitch},
-          {"tees_branch", row.DiaTee},
-          {"tees_through", row.DieTee},
-          {"tees_counter", row.AntiTee},
-          {"tees_junction", row.SymboTee},
-          {"check_valves", row.CheckValve},
-          {"other_drop_mm_wg", Plain(row.OtherDrop_mm)},
-          {"other_length_m", Plain(row.OtherDrop_m)}};
+  Json fittings;
+  for (const Fitting& fitting : kFittings) {
+    fittings[std::string(fitting.key)] =
+        std::visit([&row](auto field) { return NumberIn(row.*field); }, fitting.count);
+  }
+  fittings["other_drop_mm_wg"] = Plain(row.OtherDrop_mm);
+  fittings["other_length_m"] = Plain(row.OtherDrop_m);
+  return fittings;
 }
 
 Json SectionOf(const StudyReport& report, const SectionRow& row, PressureUnits units) {
@@ -80,16 +79,16 @@ Json SectionOf(const StudyReport& report, const SectionRow& row, PressureUnits u
 }
 
 Json PipeOf(const StatRow& pipe) {
-  return {{"nominal_diameter", pipe.NomiDiameter.Utf8()},
-          {"inner_diameter_mm", Plain(pipe.InDiameter)},
-          {"length_m", Plain(pipe.Length)},
-          {"volume_m3", Plain(pipe.FluidVolume)},
-          {"elbows", Plain(pipe.Corners)},
-          {"bends_90", Plain(pipe.Elbows)},
-          {"valves", Plain(pipe.GlobeV)},
-          {"straight_valves", Plain(pipe.StraightV)},
-          {"angle_valves", Plain(pipe.CornerV)},
-          {"check_valves", Plain(pipe.CheckV)}};
+  Json json = {{"nominal_diameter", pipe.NomiDiameter.Utf8()},
+               {"inner_diameter_mm", Plain(pipe.InDiameter)},
+               {"length_m", Plain(pipe.Length)},
+               {"volume_m3", Plain(pipe.FluidVolume)}};
+  for (const Fitting& fitting : kFittings) {
+    if (fitting.total != nullptr) {
+      json[std::string(fitting.key)] = Plain(pipe.*fitting.total);
+    }
+  }
+  return json;
 }
 
 Json PumpOf(const StudyReport& report, PressureUnits units) {
@@ -123,7 +122,7 @@ Json JsonOf(const StudyReport& report, PressureUnits units) {
                {"fluid", report.fluid},
                {"fluid_assumed", report.fluid_assumed},
                {"pipe_system", report.pipe_system},
-               {"method", report.method},
+               {"method", report.method ? static_cast<int>(*report.method) : 0},
                {"fixed_diameters", report.fixed_diameters},
                {"mean_temperature_c", Plain(report.mean_temperature)},
                {"design_velocity_m_s", Plain(report.design_velocity)},

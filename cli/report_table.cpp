@@ -3,12 +3,14 @@
 #include <algorithm>
 #include <cmath>
 
-#include "cli/number_text.h"
 #include "cli/text_table.h"
+#include "engine/fittings.h"
 #include "engine/notes.h"
 #include "engine/open_network.h"
 #include "results/result_notes.h"
 #include "study/by_number.h"
+#include "study/numeric_text.h"
+#include "study/pressure_units.h"
 
 namespace kalvo {
 
@@ -51,7 +53,7 @@ class ReportPrinter {
     fact("Παροχή αντλίας", Lone(report_.total_flow_m3h, 2) + " m³/h");
     std::string head = Lone(report_.pump_head_m, 2) + " m w.g.";
     if (pascal_) {
-      head += " = " + Text(report_.critical_drop * kPascalPerMmWg / 1000.0, 1) + " kPa";
+      head += " = " + Text(KiloPascalOf(report_.critical_drop), 1) + " kPa";
     }
     fact("Μανομετρικό αντλίας", head);
     fact("Υγρό", report_.fluid + ", " +
@@ -109,9 +111,9 @@ class ReportPrinter {
       cells.push_back(row.HasEmitter() ? Text(row.SomaDrop, 2) : kNoValue);
     }
     if (pascal_) {
-      cells.push_back(Text(row.FrictionRate * kPascalPerMmWg, 1));
-      cells.push_back(Text(row.TotalDrop * kPascalPerMmWg / 1000.0, 2));
-      cells.push_back(Text(row.AvaiPres * kPascalPerMmWg / 1000.0, 2));
+      cells.push_back(Text(PascalOf(row.FrictionRate), 1));
+      cells.push_back(Text(KiloPascalOf(row.TotalDrop), 2));
+      cells.push_back(Text(KiloPascalOf(row.AvaiPres), 2));
     }
     return cells;
   }
@@ -151,8 +153,8 @@ class ReportPrinter {
         Text(row.WaterFlow, 1),         Text(row.HeightDiff, 2),
         Text(row.SomaDrop, 2),          Text(outlet.spare / 1000.0, 2)};
     if (pascal_) {
-      cells.push_back(Text(row.SomaDrop * kPascalPerMmWg, 1));
-      cells.push_back(Text(outlet.spare * kPascalPerMmWg / 1000.0, 1));
+      cells.push_back(Text(KiloPascalOfMetres(row.SomaDrop), 1));
+      cells.push_back(Text(KiloPascalOf(outlet.spare), 1));
     }
     return cells;
   }
@@ -182,20 +184,17 @@ class ReportPrinter {
       return;
     }
     console_.out << '\n';
-    TextTable table({{"Διάμετρος", "", true},
-                     {"Μήκος", "m"},
-                     {"Γωνίες", ""},
-                     {"Καμπύλες", "90°"},
-                     {"Βάννες", ""},
-                     {"Διακόπτες", "ευθείς"},
-                     {"Διακόπτες", "γωνιακοί"},
-                     {"Βαλβίδες", "αντεπ/φής"}});
+    std::vector<TextColumn> columns = {{"Διάμετρος", "", true}, {"Μήκος", "m"}};
+    for (const Fitting& fitting : kFittings) {
+      if (fitting.total != nullptr) columns.push_back({fitting.head[0], fitting.head[1]});
+    }
+    TextTable table(columns);
     for (const StatRow& pipe : report_.pipes) {
-      const std::vector<float> fittings = {pipe.Corners,   pipe.Elbows,  pipe.GlobeV,
-                                           pipe.StraightV, pipe.CornerV, pipe.CheckV};
       std::vector<std::string> cells = {pipe.NomiDiameter.Utf8(), Text(pipe.Length, 2)};
       bool used = pipe.Length != 0.0F;
-      for (const float count : fittings) {
+      for (const Fitting& fitting : kFittings) {
+        if (fitting.total == nullptr) continue;
+        const float count = pipe.*fitting.total;
         used = used || count != 0.0F;
         cells.push_back(count == 0.0F ? kNoValue : FormatNumber(count, console_.separators));
       }

@@ -1,13 +1,13 @@
 #include "cli/show_command.h"
 
 #include <algorithm>
-#include <array>
 
 #include "cli/findings.h"
-#include "cli/number_text.h"
 #include "cli/report_table.h"
 #include "cli/session.h"
 #include "cli/text_table.h"
+#include "engine/fittings.h"
+#include "study/numeric_text.h"
 
 namespace kalvo {
 
@@ -17,26 +17,20 @@ namespace {
 struct DataColumn {
   const char* head;
   const char* unit;
-  float (*value)(const SectionRow&);
+  NumberField value;
   int decimals = 0;  ///< always shown; of a count those that it has
 };
 
-constexpr std::array<DataColumn, 14> kData = {{
-    {"Ύψος", "m", [](const SectionRow& row) { return row.HeightDiff; }, 2},
-    {"Γωνίες", "", [](const SectionRow& row) { return row.AnglePOP; }},
-    {"Καμπύλες", "90°", [](const SectionRow& row) { return row.Elbow90; }},
-    {"Βάννες", "", [](const SectionRow& row) { return float(row.GateValve); }},
-    {"Διακόπτες", "ευθείς", [](const SectionRow& row) { return float(row.StrSwitch); }},
-    {"Διακόπτες", "γωνιακοί", [](const SectionRow& row) { return float(row.AngSwitch); }},
-    {"Ταυ", "διακλάδ.", [](const SectionRow& row) { return float(row.DiaTee); }},
-    {"Ταυ", "διέλευση", [](const SectionRow& row) { return float(row.DieTee); }},
-    {"Ταυ", "αντιρροή", [](const SectionRow& row) { return float(row.AntiTee); }},
-    {"Ταυ", "συμβολή", [](const SectionRow& row) { return float(row.SymboTee); }},
-    {"Βαλβίδες", "αντεπ/φής", [](const SectionRow& row) { return float(row.CheckValve); }},
-    {"Άλλη πτώση", "mm w.g.", [](const SectionRow& row) { return row.OtherDrop_mm; }, 2},
-    {"Άλλο μήκος", "m", [](const SectionRow& row) { return row.OtherDrop_m; }, 3},
-    {"Λέβητας", "δείκτης", [](const SectionRow& row) { return float(row.Auxi); }},
-}};
+std::vector<DataColumn> DataColumns() {
+  std::vector<DataColumn> columns = {{"Ύψος", "m", &SectionRow::HeightDiff, 2}};
+  for (const Fitting& fitting : kFittings) {
+    columns.push_back({fitting.head[0], fitting.head[1], fitting.count});
+  }
+  columns.push_back({"Άλλη πτώση", "mm w.g.", &SectionRow::OtherDrop_mm, 2});
+  columns.push_back({"Άλλο μήκος", "m", &SectionRow::OtherDrop_m, 3});
+  columns.push_back({"Λέβητας", "δείκτης", &SectionRow::Auxi});
+  return columns;
+}
 
 class ShowPrinter {
  public:
@@ -95,9 +89,10 @@ class ShowPrinter {
         {"Παροχή", "l/h"},
         {study_.SystemOpen() ? "Υποδοχέας" : "Σώμα", study_.SystemOpen() ? "m w.g." : "mm w.g."}};
     std::vector<DataColumn> used;
-    for (const DataColumn& data : kData) {
-      if (std::any_of(rows.begin(), rows.end(),
-                      [&data](const SectionRow& row) { return data.value(row) != 0.0F; })) {
+    for (const DataColumn& data : DataColumns()) {
+      if (std::any_of(rows.begin(), rows.end(), [&data](const SectionRow& row) {
+            return NumberOf(row, data.value) != 0.0F;
+          })) {
         used.push_back(data);
         columns.push_back({data.head, data.unit});
       }
@@ -108,7 +103,7 @@ class ShowPrinter {
           std::to_string(row.RecordNumber), FromCodePage(row.Name.bytes()), Text(row.Length, 2),
           Text(row.WaterFlow, 1), row.HasEmitter() ? Text(row.SomaDrop, 2) : kNoValue};
       for (const DataColumn& data : used) {
-        const float value = data.value(row);
+        const float value = NumberOf(row, data.value);
         cells.push_back(value == 0.0F        ? kNoValue
                         : data.decimals == 0 ? Number(value)
                                              : Text(value, data.decimals));

@@ -28,8 +28,6 @@ void FindPressures(Study& study, RowTable& rows, const PassConditions& pass, Met
   }
 }
 
-constexpr float kBalancedMethod = 2.0F;  // in INILAMDA
-
 // The critical branch that a balancing set out from. Its pipes may have been taken down with those
 // of other branches, so it is found by sizing a copy of the rows once more; nothing when that does
 // not lead to the drop that the rows announce.
@@ -40,7 +38,7 @@ std::optional<Branch> ChainBeforeBalancing(const Workbench& bench, const RowTabl
   const auto pass = HoldPassConditions(bench.workspace, study, study.MeanTemp);
   if (!pass) return std::nullopt;
   RowTable sized = rows;
-  SizePipes(study, sized, *pass, static_cast<int>(kBalancedMethod));
+  SizePipes(study, sized, *pass, Method::kFlowAndPressure);
   const CriticalBranch critical = ReadCriticalBranch(study, sized);
   const bool announced =
       ToSingle(RoundTo(critical.drop, 4)) == first.DP || critical.drop == first.DP;
@@ -49,7 +47,7 @@ std::optional<Branch> ChainBeforeBalancing(const Workbench& bench, const RowTabl
 
 // The critical branch of the results in the rows, empty without emitters.
 Branch ChainOfResults(const Workbench& bench, const RowTable& rows) {
-  const bool balanced = rows.count() > 0 && rows.At(1).INILAMDA == kBalancedMethod;
+  const bool balanced = rows.count() > 0 && MethodOf(rows.At(1)) == Method::kFlowAndPressure;
   if (balanced) {
     try {
       if (const std::optional<Branch> before = ChainBeforeBalancing(bench, rows)) {
@@ -72,7 +70,7 @@ RunEnd RunOnRows(Workbench& bench, Method method) {
     if (!calculates) return;
     pass = HoldPassConditions(bench.workspace, study, study.MeanTemp);
     if (!pass) return;
-    SizePipes(study, rows, *pass, static_cast<int>(method));
+    SizePipes(study, rows, *pass, method);
     FindPressures(study, rows, *pass, method, postponed.Note());
     KeepCalculatedDiameters(study, rows.rows());
   };
@@ -146,7 +144,7 @@ void ChangeRows(Workbench& bench, const std::function<void(RowTable& rows)>& wor
 RunEnd RunPasses(Workbench& bench, Method method) {
   Study& study = bench.study;
   study.CalcAborted = false;
-  study.MeanVelMode = method == Method::kFlowOnly;
+  study.method = method;
   const std::int16_t row_before = study.CurrentRow;
   // Row 1 has it too; sizing may raise the study's own value for the run.
   const float design_velocity = study.MeanVel;
@@ -166,8 +164,7 @@ RunEnd RunPasses(Workbench& bench, Method method) {
 
 RunEnd RunCalculation(Workbench& bench) {
   const Study& study = bench.study;
-  return RunPasses(bench, study.SystemClosed() || study.MeanVelMode ? Method::kFlowOnly
-                                                                    : Method::kFlowAndPressure);
+  return RunPasses(bench, study.SystemClosed() ? Method::kFlowOnly : study.method);
 }
 
 bool RefindCriticalBranch(Workbench& bench) {

@@ -3,11 +3,10 @@
 #include <functional>
 
 #include "engine/row_table.h"
+#include "study/method.h"
 #include "study/workbench.h"
 
 namespace kalvo {
-
-enum class Method { kFlowOnly = 1, kFlowAndPressure = 2 };
 
 /// How a run ended.
 enum class RunEnd {
@@ -26,8 +25,8 @@ void ResetCalcFields(Study& study, RowTable& rows);
 /// `CalcAborted` is set and the rows are written as far as they came. The design velocity stays.
 RunEnd RunPasses(Workbench& bench, Method method);
 
-/// The automatic run. A closed system always takes the first method, an open one the method that
-/// `MeanVelMode` says.
+/// The automatic run. A closed system always takes the first method, an open one that of its last
+/// run.
 RunEnd RunCalculation(Workbench& bench);
 
 /// True when the rows are one section named "ANT/ANT".

@@ -80,8 +80,7 @@ void WriteGeneralValues(const Study& study, RowTable& store) {
     row.TOT = study.SectionCount;
     row.PAR = study.TotalFlowM3h;
     row.Outlets = study.EmitterCount;
-    row.KLEIS = 1;
-    row.ANOIK = 0;
+    SetKind(row, SystemKind::kClosed, kKindOfEmitters);
   }
 }
 

@@ -1,46 +1,49 @@
 #pragma once
 
 #include <optional>
-#include <string>
 #include <vector>
 
 #include "engine/sizing.h"
 
 namespace kalvo {
 
-/// One step on the way from a section's flow to its drop: its symbol ("Q", "Re", "Δp"; empty where
-/// there is none), what is found, by which formula, its value and unit, and the decimals that are
-/// fit for it. Texts are Greek.
-struct ExplainStep {
-  std::string symbol;
-  std::string what;
-  std::string formula;
-  double value = 0;
-  std::string unit;
-  int decimals = 0;
-};
-
 /// Fittings of one kind in a section: how many, ζ of each, and the pipe length they stand for, m.
 struct FittingShare {
-  std::string what;
+  const Fitting* kind;
   double count = 0;
   double zeta = 0;
   double length_m = 0;
 };
 
-/// What a part of the section has in its drop.
-struct DropShare {
-  std::string what;
-  double drop = 0;                 ///< mm w.g.
-  std::optional<double> fraction;  ///< of the whole drop, nothing when that is not above 0
+/// What each part of a section has in its drop, mm w.g.
+struct DropParts {
+  double pipe = 0;
+  double fittings = 0;
+  double others = 0;  ///< other drop and other length, as entered
+  double plant = 0;   ///< in a section taken down by balancing: the term that fills its place
+  double margin = 0;
+  double emitter = 0;
 };
 
-/// How a section's drop came about.
+/// How a section's drop came about: the values on the way from its flow to its drop.
 struct DropExplanation {
-  std::vector<ExplainStep> steps;
-  std::vector<FittingShare> fittings;
-  std::vector<DropShare> shares;
-  float computed_drop = 0;  ///< mm w.g., by the steps
+  SystemKind kind = SystemKind::kNone;
+  double flow_lh = 0;
+  double bore_mm = 0;
+  double velocity = 0;       ///< m/s
+  double viscosity_cst = 0;  ///< kinematic, mm²/s
+  double reynolds = 0;
+  double roughness_mm = 0;
+  double lamda = 0;
+  double density = 0;        ///< kg/m³
+  double friction_rate = 0;  ///< R, mm w.g./m
+  double pipe_length_m = 0;
+  double sum_of_zeta = 0;
+  std::vector<FittingShare> fittings;  ///< the kinds that the section has
+  EquivalentLengths lengths;
+  double own_drop = 0;  ///< R × lengths, mm w.g.
+  DropParts shares;
+  float computed_drop = 0;  ///< mm w.g., by these values
   float stored_drop = 0;    ///< mm w.g., in the row
   bool stepped_down = false;
 
@@ -49,6 +52,11 @@ struct DropExplanation {
   [[nodiscard]] bool Agrees() const {
     return computed_drop == stored_drop ||
            static_cast<float>(ThroughText(computed_drop)) == stored_drop;
+  }
+
+  /// `share` as a part of the whole drop, nothing when that is not above 0.
+  [[nodiscard]] std::optional<double> FractionOf(double share) const {
+    return computed_drop > 0.0F ? std::optional(share / computed_drop) : std::nullopt;
   }
 };
 

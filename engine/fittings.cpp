@@ -1,6 +1,5 @@
 #include "engine/fittings.h"
 
-#include <array>
 #include <limits>
 
 #include "study/pipe_list.h"
@@ -50,13 +49,20 @@ const FittingCoefficients& CoefficientsFor(MaterialClass material, double diamet
   return bands.back().zeta;
 }
 
+double ZetaOf(const Fitting& fitting, const FittingCoefficients& pipe) {
+  if (const double* fixed = std::get_if<double>(&fitting.zeta)) {
+    return *fixed;
+  }
+  return pipe.*std::get<double FittingCoefficients::*>(fitting.zeta);
+}
+
 double SumOfZeta(const SectionRow& row, MaterialClass material, double diameter_mm) {
-  const FittingCoefficients& zeta = CoefficientsFor(material, diameter_mm);
-  return row.AnglePOP * zeta.AnglePOP + row.Elbow90 * zeta.Elbow90 +
-         row.GateValve * zeta.GateValve + row.StrSwitch * zeta.StrSwitch +
-         row.AngSwitch * zeta.AngSwitch + kZetaDiaTee * row.DiaTee + kZetaDieTee * row.DieTee +
-         kZetaAntiTee * row.AntiTee + kZetaSymboTee * row.SymboTee +
-         kZetaCheckValve * row.CheckValve;
+  const FittingCoefficients& pipe = CoefficientsFor(material, diameter_mm);
+  double sum = 0;
+  for (const Fitting& fitting : kFittings) {
+    sum += NumberOf(row, fitting.count) * ZetaOf(fitting, pipe);
+  }
+  return sum;
 }
 
 }  // namespace kalvo

@@ -65,7 +65,7 @@ ResultNotes NotesOf(SystemKind kind, const std::vector<SectionRow>& rows,
     if (!library.empty() && row.NomiDiam.Trimmed() == library.back().nominal_diameter.Trimmed()) {
       notes.on_largest_pipe.push_back(row.RecordNumber);
     }
-    if (row.INILAMDA == 2.0F && row.TotalDrop < 0.0F) {
+    if (MethodOf(row) == Method::kFlowAndPressure && row.TotalDrop < 0.0F) {
       notes.negative_drop.push_back(row.RecordNumber);
     }
   }

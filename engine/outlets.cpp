@@ -133,8 +133,7 @@ void EndOutlets(Workbench& bench) {
     study.unsaved_changes = study.unsaved_changes || row.Outlets != count;
     row.TOT = ToInt16(store.count());
     row.Outlets = count;
-    row.ANOIK = 1;
-    row.KLEIS = 0;
+    SetKind(row, SystemKind::kOpen, kKindOfEmitters);
   }
   store.Save();
   RefreshSectionTable(study, store.rows());

@@ -1,32 +1,24 @@
 #include "engine/pipe_stats.h"
 
 #include <algorithm>
-#include <array>
 
+#include "engine/fittings.h"
 #include "engine/row_store.h"
 
 namespace kalvo {
 
 namespace {
 
-constexpr std::size_t kTotals = 8;
+void AddTo(float& total, double amount) { total = ToSingle(total + amount); }
 
-constexpr std::array<float StatRow::*, kTotals> kTotalFields = {
-    &StatRow::Length, &StatRow::FluidVolume, &StatRow::Corners, &StatRow::Elbows,
-    &StatRow::GlobeV, &StatRow::StraightV,   &StatRow::CornerV, &StatRow::CheckV};
-
-// A section's share in the totals, in the order of kTotalFields.
-std::array<double, kTotals> QuantitiesOf(const SectionRow& row, double area_m2) {
-  return {static_cast<double>(row.Length),    area_m2 * row.Length,
-          static_cast<double>(row.AnglePOP),  static_cast<double>(row.Elbow90),
-          static_cast<double>(row.GateValve), static_cast<double>(row.StrSwitch),
-          static_cast<double>(row.AngSwitch), static_cast<double>(row.CheckValve)};
-}
-
-void Add(StatRow& line, const std::array<double, kTotals>& quantities, double sign) {
-  for (std::size_t i = 0; i < kTotals; ++i) {
-    float& total = line.*kTotalFields[i];
-    total = ToSingle(total + sign * quantities[i]);
+// Adds a section's share to the totals, or with sign -1 takes it off.
+void AddQuantities(StatRow& line, const SectionRow& row, double area_m2, double sign) {
+  AddTo(line.Length, sign * row.Length);
+  AddTo(line.FluidVolume, sign * (area_m2 * row.Length));
+  for (const Fitting& fitting : kFittings) {
+    if (fitting.total != nullptr) {
+      AddTo(line.*fitting.total, sign * NumberOf(row, fitting.count));
+    }
   }
 }
 
@@ -62,7 +54,7 @@ void AddToPipeStats(Study& study, const PipeRow& pipe, const SectionRow& row, do
   }
   found->NomiDiameter = FixedText<12>::FromBytes(pipe.nominal_diameter.Trimmed());
   found->InDiameter = pipe.inner_diameter;
-  Add(*found, QuantitiesOf(row, area_m2), 1.0);
+  AddQuantities(*found, row, area_m2, 1.0);
 }
 
 void MoveInPipeStats(Study& study, std::string_view old_name, const SectionRow& row) {
@@ -76,9 +68,8 @@ void MoveInPipeStats(Study& study, std::string_view old_name, const SectionRow& 
   if (old_line == nullptr || new_line == nullptr || new_line->InDiameter >= old_line->InDiameter) {
     return;
   }
-  const auto quantities = QuantitiesOf(row, row.Area);
-  Add(*old_line, quantities, -1.0);
-  Add(*new_line, quantities, 1.0);
+  AddQuantities(*old_line, row, row.Area, -1.0);
+  AddQuantities(*new_line, row, row.Area, 1.0);
 }
 
 void WriteStatistics(Workbench& bench) {

@@ -62,14 +62,14 @@ const PipeRow& ChoosePipe(Study& study, const std::vector<PipeRow>& library,
   return library.back();
 }
 
-void SizeRow(Study& study, const PassConditions& pass, int method, SectionRow& row) {
+void SizeRow(Study& study, const PassConditions& pass, Method method, SectionRow& row) {
   const PipeRow& pipe = ChoosePipe(study, pass.library, row);
   row.NomiDiam = FixedText<15>::FromBytes(pipe.nominal_diameter.Trimmed());
   row.Area = static_cast<float>(AreaM2(pipe));
   row.InDiameter = pipe.inner_diameter;
   AddToPipeStats(study, pipe, row, AreaM2(pipe));
   FillHydraulics(row, pass.flow, ClassOf(pipe.material.Trimmed()), pipe.inner_diameter);
-  row.INILAMDA = static_cast<float>(method);
+  SetMethod(row, method);
 }
 
 const PipeRow& PipeOfDiameter(const std::vector<PipeRow>& library, float diameter) {
@@ -140,7 +140,7 @@ std::optional<PassConditions> TakePassConditions(Workbench& bench) {
   return pass;
 }
 
-void SizePipes(Study& study, RowTable& table, const PassConditions& pass, int method) {
+void SizePipes(Study& study, RowTable& table, const PassConditions& pass, Method method) {
   FillRows(study, table, pass, [&](SectionRow& row) { SizeRow(study, pass, method, row); });
 }
 
@@ -148,7 +148,7 @@ void RecalculateRows(Study& study, RowTable& table, const PassConditions& pass) 
   FillRows(study, table, pass, [&](SectionRow& row) { RecalculateRow(study, pass, row); });
 }
 
-void SizePipes(Workbench& bench, int method) {
+void SizePipes(Workbench& bench, Method method) {
   if (const auto pass = TakePassConditions(bench)) {
     RowStore store(bench.workspace);
     store.SaveAfter([&] { SizePipes(bench.study, store, *pass, method); });

@@ -5,6 +5,7 @@
 
 #include "engine/hydraulics.h"
 #include "engine/row_table.h"
+#include "study/method.h"
 #include "study/pipe_row.h"
 #include "study/workbench.h"
 
@@ -36,17 +37,16 @@ std::optional<PassConditions> TakePassConditions(Workbench& bench);
 inline double AreaM2(const PipeRow& pipe) { return static_cast<double>(pipe.area) / 1'000'000.0; }
 
 /// Picks a pipe for every row from flow and design velocity and fills its results; rebuilds the
-/// quantities. `method` (1 or 2) is what `INILAMDA` records. A flow beyond the largest pipe raises
-/// `MeanVel` for the rows after it. Faults: those of the hydraulics; rows before the failing one
-/// are filled.
-void SizePipes(Study& study, RowTable& rows, const PassConditions& pass, int method);
+/// quantities. `method` is recorded in the rows. A flow beyond the largest pipe raises `MeanVel`
+/// for the rows after it. Faults: those of the hydraulics; rows before the failing one are filled.
+void SizePipes(Study& study, RowTable& rows, const PassConditions& pass, Method method);
 
 /// The same on the diameters that the rows have; their method and diameter stay as they are.
 void RecalculateRows(Study& study, RowTable& rows, const PassConditions& pass);
 
 /// Both on the rows of the study, read and written; the user is told when the fluid does not fit.
 /// Faults: kFile, too.
-void SizePipes(Workbench& bench, int method);
+void SizePipes(Workbench& bench, Method method);
 void RecalculateRows(Workbench& bench);
 
 /// The quantities and `STATIST.TMP` anew from rows as they stand; the rows stay. Faults: kFile.

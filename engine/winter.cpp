@@ -84,8 +84,7 @@ void WriteWinterValues(const Study& winter, RowTable& store) {
     row.Outlets = winter.EmitterCount;
     row.WaterFlow = ToSingle(ByNumber(winter.SectionTable, number).flow_lh.value_or(0.0));
     row.MeanVel = 0;
-    row.KLEIS = 1;
-    row.ANOIK = 0;
+    SetKind(row, SystemKind::kClosed, kKindOfEmitters);
   }
 }
 

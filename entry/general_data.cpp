@@ -31,8 +31,7 @@ Outcome RewriteRows(const Workbench& bench, const GeneralData& data) {
     row.MeanVel = data.MeanVel;
     row.FileNumber = bench.study.pipe_system_number;
     row.BurChil = data.plant_section;
-    row.Auxi =
-        row.RecordNumber == data.plant_section ? PlantMark(row.RecordNumber) : std::int16_t{0};
+    MarkPlant(row, data.plant_section);
   }
   return file.WriteAll(*rows);
 }

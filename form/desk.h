@@ -7,6 +7,7 @@
 #include "form/questions.h"
 #include "form/sound.h"
 #include "form/viewer.h"
+#include "study/method.h"
 #include "study/workbench.h"
 
 namespace kalvo {

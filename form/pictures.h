@@ -6,6 +6,7 @@
 
 #include "form/command.h"
 #include "form/control.h"
+#include "form/picture_lines.h"
 
 namespace kalvo {
 
@@ -42,30 +43,12 @@ struct RoadContent {
 };
 using Road = Picture<RoadContent>;
 
-/// One step of an explanation; texts are ready to be shown.
-struct StepLine {
-  std::string symbol;
-  std::string what;
-  std::string formula;
-  std::string value;
-  std::string unit;
-  bool operator==(const StepLine&) const = default;
-};
-
 /// How a value came about, step under step; the last is the result.
 struct StepsContent {
   std::vector<StepLine> lines;
   bool operator==(const StepsContent&) const = default;
 };
 using Steps = Picture<StepsContent>;
-
-/// One part of a whole.
-struct Share {
-  std::string what;
-  std::string value;
-  double fraction = 0;  ///< of the whole, 0 to 1; what is below 0 takes no room
-  bool operator==(const Share&) const = default;
-};
 
 /// The parts of a whole side by side, at most four.
 struct SharesContent {

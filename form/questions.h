@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "engine/driver.h"
+#include "study/method.h"
 
 namespace kalvo {
 

@@ -108,7 +108,7 @@ template <typename Row>
 bool LoadCompanion(FuzzBench& bench, const std::string& name, std::string_view work_name,
                    std::string_view bytes) {
   SectionRow row;
-  row.KLEIS = -1;
+  SetKind(row, SystemKind::kClosed);
   row.FileNumber = 1;
   std::vector<SectionRow> rows(2, row);
   rows[0].RecordNumber = 1;

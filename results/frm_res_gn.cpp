@@ -38,9 +38,9 @@ void FrmResGn::TakePump(const SectionRow& first) {
   study.TotalFlowM3h = first.PAR;
   study.PumpHead = static_cast<float>(first.DP / 1000.0);
   TxtPipes.text = TakePipeSystem(bench, first);
-  if (first.INILAMDA == 1.0F) {
+  if (MethodOf(first) == Method::kFlowOnly) {
     LblWay.text = "Υπολογισμοί με βάση την Μέση Ταχύτητα";
-  } else if (first.INILAMDA == 2.0F) {
+  } else if (MethodOf(first) == Method::kFlowAndPressure) {
     LblWay.text = "Υπολογισμοί με βάση την Μέση Ταχύτητα, αλλά και την Διαθέσιμη Πίεση";
   }
   Text2.text = FormatPattern(first.PAR, pattern::kTwoDecimals, desk.separators);

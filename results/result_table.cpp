@@ -4,19 +4,15 @@
 
 #include "results/result_notes.h"
 #include "study/numeric_text.h"
+#include "study/pressure_units.h"
 
 namespace kalvo {
 namespace {
 
-/// Pascal in a conventional millimetre of water (ISO 80000-4: 1 mmH2O = 9.80665 Pa).
-constexpr double kPascalInMm = 9.80665;
-constexpr double kPascalInKilo = 1000.0;
-
 enum Column { kName, kLength, kDiameter, kFlow, kVelocity, kDrop, kPressure };
 
 std::string Kilopascal(float mm, Separators separators) {
-  return FormatPattern(mm * kPascalInMm / kPascalInKilo, pattern::kTwoDecimals, separators) +
-         " kPa";
+  return FormatPattern(KiloPascalOf(mm), pattern::kTwoDecimals, separators) + " kPa";
 }
 
 std::string DiameterTip(const SectionRow& row, const SectionRow* first, Separators separators) {
@@ -53,7 +49,7 @@ void FillResultRow(Grid& grid, int at, const SectionRow& row, const SectionRow* 
   };
   const float pressure = std::fabs(row.AvaiPres);
   const std::string rate =
-      FormatPattern(row.FrictionRate * kPascalInMm, pattern::kOneDecimal, separators) + " Pa/m";
+      FormatPattern(PascalOf(row.FrictionRate), pattern::kOneDecimal, separators) + " Pa/m";
   grid.Set(at, kName, {row.Name.Utf8(), Tone::kPlain, {}, JoinLines(notes)});
   set(kLength, row.Length, {});
   grid.Set(at, kDiameter,

@@ -28,7 +28,7 @@ void TakeRows(StudyReport& report, std::vector<SectionRow> rows, std::string_vie
     report.outlets = SparesOf(report.rows);
   }
   if (!report.rows.empty()) {
-    report.method = static_cast<int>(report.rows.front().INILAMDA);
+    report.method = MethodOf(report.rows.front());
     report.critical_drop = report.rows.front().DP;
   }
 }
@@ -55,8 +55,8 @@ bool StudyReport::IsCritical(int section) const {
   return std::find(critical.begin(), critical.end(), section) != critical.end();
 }
 
-std::string MethodText(int method) {
-  return method == 2
+std::string MethodText(std::optional<Method> method) {
+  return method == Method::kFlowAndPressure
              ? "2 - Εξισορρόπηση Κλάδων, με Ρυθμιστικές Βαλβίδες και Τροποποίηση των Διαμέτρων"
              : "1 - Εξισορρόπηση Κλάδων με Ρυθμιστικές Βαλβίδες";
 }

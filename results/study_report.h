@@ -19,7 +19,7 @@ struct StudyReport {
   SystemKind kind = SystemKind::kClosed;
   bool winter =
       false;  ///< of the winter duty: no design velocity, method and quantities of its own
-  int method = 0;
+  std::optional<Method> method;
   bool fixed_diameters = false;  ///< of a run on the diameters that the sections had
   bool fluid_assumed = false;    ///< no file tells the fluid: it is taken as the library's first
   float mean_temperature = 0;    ///< °C
@@ -40,7 +40,7 @@ struct StudyReport {
 };
 
 /// What a method does, behind its number.
-std::string MethodText(int method);
+std::string MethodText(std::optional<Method> method);
 
 /// The report of the open study, which is calculated; `file` is its name as the user gave it.
 StudyReport MakeReport(const Workbench& bench, const std::string& file);
@@ -51,8 +51,5 @@ StudyReport MakeWinterReport(const Workbench& bench, const std::string& file,
 
 /// Units of pressure beside mm w.g.
 enum class PressureUnits { kWaterGauge, kPascal };
-
-/// Pascals in a millimetre of water gauge (conventional, at 9.80665 m/s²).
-constexpr double kPascalPerMmWg = 9.80665;
 
 }  // namespace kalvo

@@ -82,13 +82,6 @@ Moved CutToWholeRows(Desk& desk) {
   return cut ? Moved(true) : cut.error();
 }
 
-SystemKind KindOf(const SectionRow& row, SystemKind chosen) {
-  const bool closed = row.KLEIS != 0;
-  const bool open = row.ANOIK != 0;
-  if (closed == open) return chosen;
-  return closed ? SystemKind::kClosed : SystemKind::kOpen;
-}
-
 // `Intro.ss2`: title, kind, total flow, mean temperature and velocity, plant section, pipe system.
 Outcome TakeSheetIntro(Workbench& bench) {
   constexpr std::size_t kLines = 7;

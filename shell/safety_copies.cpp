@@ -38,8 +38,7 @@ bool IsSound(const Workbench& bench, std::string_view work_name) {
 
 SystemKind KindOfRows(const Workbench& bench) {
   const auto first = bench.workspace.Rows().Read(1);
-  if (!first || (first->KLEIS != 0) == (first->ANOIK != 0)) return bench.study.system_kind;
-  return first->ANOIK != 0 ? SystemKind::kOpen : SystemKind::kClosed;
+  return first ? KindOf(*first, bench.study.system_kind) : bench.study.system_kind;
 }
 
 // The name under which a work file is kept. A damaged companion would bar the copy from opening.

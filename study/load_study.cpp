@@ -31,7 +31,7 @@ void TakeRows(Study& study, const Rows& rows) {
   study.MeanTemp = header.MeanTemp;
   study.MeanVel = header.MeanVel;
   study.pipe_system_number = header.FileNumber;
-  study.plant_section = header.Auxi != 0 ? header.RecordNumber : std::int16_t{0};
+  study.plant_section = header.HasPlantMark() ? header.RecordNumber : std::int16_t{0};
   study.study_title = header.Thema.Utf8();
   study.results_valid = study.PumpHead != 0.0F && study.TotalFlowM3h != 0.0F;
   study.CalculatedDiameters.clear();

@@ -324,6 +324,21 @@ double ReadBack(Number value, int significant) {
 
 }  // namespace
 
+std::string WithDecimals(float value, int decimals, Separators separators) {
+  return FormatPattern(value, pattern::Decimals(decimals), separators);
+}
+
+std::string WithDecimals(double value, int decimals, Separators separators) {
+  return FormatPattern(value, pattern::Decimals(decimals), separators);
+}
+
+std::string WithEnoughDecimals(float value, int decimals, Separators separators) {
+  const bool small = std::fabs(static_cast<double>(value)) < std::pow(10.0, 1 - decimals);
+  const std::string fixed = WithDecimals(value, decimals, separators);
+  const std::string whole = FormatNumber(value, separators);
+  return small && whole.size() > fixed.size() ? whole : fixed;
+}
+
 double ThroughText(float value) { return std::isfinite(value) ? ReadBack(value, 7) : 0.0; }
 
 double ThroughText(double value) {

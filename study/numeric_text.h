@@ -44,6 +44,14 @@ std::string Decimals(int count);
 std::string FormatPattern(float value, std::string_view pattern, Separators separators);
 std::string FormatPattern(double value, std::string_view pattern, Separators separators);
 
+/// `value` with so many decimals, thousands grouped: one below the other the digits stand in line.
+/// A 32-bit value is rounded on its own decimal text.
+std::string WithDecimals(float value, int decimals, Separators separators);
+std::string WithDecimals(double value, int decimals, Separators separators);
+
+/// The same for a value that stands alone; one that would lose its digits keeps them all.
+std::string WithEnoughDecimals(float value, int decimals, Separators separators);
+
 /// The double that a value reads back as after passing through a text table: a 32-bit value with
 /// at most 7 significant digits, a double with at most 15.
 double ThroughText(float value);

@@ -138,8 +138,7 @@ void TakeHeader(SectionRow& row, const Study& study) {
   row.Material = FixedText<78>::FromUtf8(study.pipe_material);
   row.MeanTemp = study.MeanTemp;
   row.BurChil = study.plant_section;
-  row.ANOIK = study.SystemClosed() ? 0 : -1;
-  row.KLEIS = study.SystemClosed() ? -1 : 0;
+  SetKind(row, study.SystemClosed() ? SystemKind::kClosed : SystemKind::kOpen);
   row.FileNumber = study.pipe_system_number;
   row.MeanVel = study.MeanVel;
   row.Outlets = study.EmitterCount;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <variant>
+
 #include "study/fault.h"
 #include "study/record.h"
 
@@ -58,6 +60,7 @@ struct SectionRow {
   float HeightDiff = 0;   ///< m, open systems
 
   [[nodiscard]] bool HasEmitter() const { return SomaDrop != 0.0F; }
+  [[nodiscard]] bool HasPlantMark() const { return Auxi != 0; }
 
   static constexpr auto kFields = std::make_tuple(
       RecordField{"RecordNumber", &SectionRow::RecordNumber},
@@ -93,8 +96,22 @@ struct SectionRow {
 
 static_assert(RecordSize<SectionRow>() == 355);
 
+/// Any number of a row.
+using NumberField = std::variant<float SectionRow::*, std::int16_t SectionRow::*>;
+
+inline float NumberOf(const SectionRow& row, const NumberField& field) {
+  return std::visit([&row](auto member) { return static_cast<float>(row.*member); }, field);
+}
+
 /// `Auxi` of the plant section when it is row `number`.
-constexpr std::int16_t PlantMark(int number) { return number == 1 ? 1 : 2; }
+constexpr std::int16_t kPlantOnRow1 = 1;
+constexpr std::int16_t kPlantBehind = 2;
+constexpr std::int16_t PlantMark(int number) { return number == 1 ? kPlantOnRow1 : kPlantBehind; }
+
+/// Marks the row when it is the plant section, and takes the mark off any other.
+inline void MarkPlant(SectionRow& row, int plant) {
+  row.Auxi = row.RecordNumber == plant ? PlantMark(plant) : std::int16_t{0};
+}
 
 /// Bytes of a node's name within a section's.
 constexpr std::size_t kNodeWidth = 3;

@@ -75,7 +75,7 @@ Rows WithCopyBefore(const Rows& rows, int place, bool is_open) {
 void MovePlant(Rows& rows, std::int16_t plant) {
   for (SectionRow& row : rows) {
     row.BurChil = plant;
-    if (row.RecordNumber == plant && (row.Auxi == 1 || row.Auxi == 2)) {
+    if (row.RecordNumber == plant && (row.Auxi == kPlantOnRow1 || row.Auxi == kPlantBehind)) {
       row.Auxi = PlantMark(plant);
     }
   }

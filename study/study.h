@@ -7,16 +7,14 @@
 #include <vector>
 
 #include "study/fluid_row.h"
+#include "study/method.h"
 #include "study/numeric_text.h"
 #include "study/prompter.h"
 #include "study/section_row.h"
 #include "study/stat_row.h"
+#include "study/system_kind.h"
 
 namespace kalvo {
-
-/// kNone: not chosen yet. A study that must be of a kind counts as closed then
-/// (Study::SystemClosed()).
-enum class SystemKind { kNone, kClosed, kOpen };
 
 /// Values of `CalcStatus`, for messages and screens that read it. Routines return what came of
 /// them.
@@ -57,7 +55,7 @@ struct Study {
   std::int16_t CalcStatus = 0;
   bool CalcAborted = false;
   bool SingleSection = false;
-  bool MeanVelMode = true;  ///< true: sizing by flow only (first method)
+  Method method = Method::kFlowOnly;  ///< of the last run
   std::int16_t CurrentRow = 0;
   std::int16_t SectionCount = 0;
   std::int16_t failed_row = 0;  ///< row whose hydraulics broke the last run off, 0 = none

@@ -21,16 +21,14 @@ std::string FirstBadPlace(const Rows& rows) {
 }
 
 bool IsOfOtherKind(const SectionRow& row, const Study& study) {
-  const bool closed = row.KLEIS != 0;
-  const bool open = row.ANOIK != 0;
-  return closed != open && closed != study.SystemClosed();
+  const SystemKind kind = KindOf(row);
+  return kind != SystemKind::kNone && (kind == SystemKind::kClosed) != study.SystemClosed();
 }
 
 }  // namespace
 
 const SectionRow& HeaderRow(const Rows& rows) {
-  const auto plant =
-      std::find_if(rows.begin(), rows.end(), [](const SectionRow& row) { return row.Auxi != 0; });
+  const auto plant = std::ranges::find_if(rows, &SectionRow::HasPlantMark);
   return plant == rows.end() ? rows.back() : *plant;
 }
 

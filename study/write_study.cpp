@@ -62,7 +62,7 @@ Outcome RefreshSequence(Workbench& bench) {
   if (!first) {
     return first.error();
   }
-  const std::string mode = first->INILAMDA == 1.0F ? "Simple" : "";
+  const std::string mode = MethodOf(*first) == Method::kFlowOnly ? "Simple" : "";
   return bench.workspace.Write(work_file::kSequence,
                                Quoted(bench.study.critical_branch) + "\n" + Quoted(mode) + "\n");
 }

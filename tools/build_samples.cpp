@@ -62,8 +62,9 @@ void WriteGolden(const std::filesystem::path& library, const std::filesystem::pa
                  const std::filesystem::path& folder) {
   RealDisk disk;
   for (const SampleStudy& sample : AllSamples()) {
-    for (const int method : {1, 2}) {
-      const auto file = folder / (sample.name + "-method" + std::to_string(method) + ".csv");
+    for (const Method method : {Method::kFlowOnly, Method::kFlowAndPressure}) {
+      const auto file =
+          folder / (sample.name + "-method" + std::to_string(static_cast<int>(method)) + ".csv");
       Expect(disk.Write(file, CalculatedTable(library, samples / sample.file_name(), method)));
       std::cout << file.string() << '\n';
     }

@@ -67,10 +67,10 @@ std::string TableOf(const Study& study, const std::vector<SectionRow>& rows) {
 }  // namespace
 
 std::string CalculatedTable(const std::filesystem::path& library,
-                            const std::filesystem::path& study, int method) {
+                            const std::filesystem::path& study, Method method) {
   SampleBench sample(library, study);
   Expect(LoadStudy(sample.bench, RecentList::kLeave));
-  if (Calculate(sample.bench, static_cast<Method>(method)) != CommandEnd::kCalculated) {
+  if (Calculate(sample.bench, method) != CommandEnd::kCalculated) {
     throw std::runtime_error(study.string() + " does not come to its end");
   }
   return TableOf(sample.study, Expect(sample.workspace.Rows().ReadAll()));

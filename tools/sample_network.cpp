@@ -64,12 +64,11 @@ void FrameRows(std::vector<SectionRow>& rows, const NetworkFrame& frame) {
     row.MeanTemp = frame.mean_temperature;
     row.MeanVel = frame.design_velocity;
     row.FileNumber = ToInt16(frame.pipe_system);
-    row.KLEIS = frame.kind == SystemKind::kClosed ? std::int16_t{-1} : std::int16_t{0};
-    row.ANOIK = frame.kind == SystemKind::kOpen ? std::int16_t{-1} : std::int16_t{0};
+    SetKind(row, frame.kind);
     row.TOT = count;
     row.Outlets = ToInt16(static_cast<double>(emitters));
     row.BurChil = plant;
-    row.Auxi = number == plant ? (plant == 1 ? std::int16_t{1} : std::int16_t{2}) : std::int16_t{0};
+    MarkPlant(row, plant);
   }
 }
 

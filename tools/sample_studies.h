@@ -13,9 +13,7 @@ struct SampleStudy {
   std::string name;  ///< of its files, without extension
   std::vector<SectionRow> rows;
 
-  [[nodiscard]] SystemKind kind() const {
-    return rows.front().KLEIS != 0 ? SystemKind::kClosed : SystemKind::kOpen;
-  }
+  [[nodiscard]] SystemKind kind() const { return KindOf(rows.front()); }
   /// Of its main file.
   [[nodiscard]] std::string file_name() const {
     return name + std::string(ExtensionsOf(kind()).main);

@@ -1,8 +1,7 @@
 // How figures are written for reading.
 
-#include "cli/number_text.h"
-
 #include "engine/notes.h"
+#include "study/numeric_text.h"
 
 #include <gtest/gtest.h>
 

@@ -35,7 +35,7 @@ std::map<std::string, float> Lengths(const Study& study) {
 struct SizedBench : TestBench {
   explicit SizedBench(const std::vector<std::string_view>& lines) {
     PutNetwork(lines);
-    SizePipes(bench, 2);
+    SizePipes(bench, Method::kFlowAndPressure);
   }
 };
 
@@ -109,7 +109,7 @@ struct StepBench : TestBench {
     PutNetwork({"a/b 5m 3000l/h", "b/c 5m 3000l/h", "c/d 5m 3000l/h", "d/e 5m 3000l/h",
                 "e/f 5m 3000l/h", "f/g 5m 3000l/h", "g/h 5m 3000l/h", "h/i 5m 3000l/h",
                 "i/j 5m 3000l/h", "j/k 5m 3000l/h"});
-    SizePipes(bench, 2);
+    SizePipes(bench, Method::kFlowAndPressure);
     pass = *TakePassConditions(bench);
     rows.emplace(Rows());
     critical.drop = 100'000;

@@ -253,7 +253,7 @@ TEST(OpenCommand, AClosedChoiceLeavesTheRows) {
   EXPECT_FALSE(HasResults(bench.Rows()));
   EXPECT_EQ(Calculate(bench, Method::kFlowAndPressure), CommandEnd::kCalculated);
   EXPECT_EQ(bench.Row(1).INILAMDA, 2.0F);
-  EXPECT_FALSE(bench.study.MeanVelMode);
+  EXPECT_EQ(bench.study.method, Method::kFlowAndPressure);
 }
 
 }  // namespace

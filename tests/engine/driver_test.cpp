@@ -58,13 +58,13 @@ TEST(Run, ThatEndsWellSettlesTheStudy) {
   TestBench bench;
   bench.PutNetwork(kLoop);
   bench.study.recalculation_needed = bench.study.came_by_recovery = bench.study.CalcAborted = true;
-  bench.study.MeanVelMode = false;
+  bench.study.method = Method::kFlowAndPressure;
   bench.study.CurrentRow = 2;
   EXPECT_EQ(RunCalculation(bench.bench), RunEnd::kCalculated);
   EXPECT_FALSE(bench.study.recalculation_needed);
   EXPECT_FALSE(bench.study.came_by_recovery);
   EXPECT_FALSE(bench.study.CalcAborted);
-  EXPECT_TRUE(bench.study.MeanVelMode);
+  EXPECT_EQ(bench.study.method, Method::kFlowOnly);
   EXPECT_EQ(bench.study.CurrentRow, 2);
   EXPECT_EQ(bench.Row(3).INILAMDA, 1.0F);
   EXPECT_EQ(bench.Rows().front().DP, bench.study.CriticalDrop);

@@ -83,7 +83,7 @@ class OpenStepping : public testing::Test {
                          "3/2 10m outlet 1500 l/h 1mwg", "4/2 10m outlet 1500 l/h 1mwg"},
                         header);
     bench.PutRows(rows);
-    SizePipes(bench.bench, 2);
+    SizePipes(bench.bench, Method::kFlowAndPressure);
     store.emplace(bench.Rows());
     for (SectionRow& row : store->rows()) {
       row.AvaiPres = 50000;

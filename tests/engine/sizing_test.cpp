@@ -50,7 +50,7 @@ std::vector<float> LineLengths(const Study& study) {
 TEST(Sizing, TakesTheFirstPipeWhoseAreaIsNotBelow) {
   TestBench bench;
   PutOnThreeSizes(bench, {"ANT/1 360l/h", "1/2 360.1l/h", "2/3 1440l/h", "3/ANT 5760l/h"});
-  SizePipes(bench.bench, 1);
+  SizePipes(bench.bench, Method::kFlowOnly);
   EXPECT_EQ(Diameters(bench), "SMML");
   EXPECT_EQ(bench.Row(4).Area, 0.0016F);
   EXPECT_EQ(bench.Row(4).INILAMDA, 1.0F);
@@ -60,7 +60,7 @@ TEST(Sizing, TakesTheFirstPipeWhoseAreaIsNotBelow) {
 TEST(Sizing, AFlowBeyondTheLibraryRaisesTheVelocityForTheRest) {
   TestBench bench;
   PutOnThreeSizes(bench, {"ANT/1 1000l/h", "1/2 6000l/h", "2/ANT 1000l/h"});
-  SizePipes(bench.bench, 2);
+  SizePipes(bench.bench, Method::kFlowAndPressure);
   EXPECT_EQ(Diameters(bench), "MLS");
   EXPECT_EQ(bench.study.MeanVel, 34'560'000.0F);  // 0.0016 m² * 6000 l/h * 3600 * 1000
   EXPECT_EQ(bench.Row(3).INILAMDA, 2.0F);
@@ -81,7 +81,7 @@ TEST(Sizing, CountsTheSectionOnTheLineOfThePipesCode) {
   swapped[0].pipe_id = 2;
   swapped[1].pipe_id = 1;
   PutPipes(bench, PipeFileName(1), swapped);
-  SizePipes(bench.bench, 1);
+  SizePipes(bench.bench, Method::kFlowOnly);
   EXPECT_EQ(LineLengths(bench.study), (std::vector<float>{7, 9, 0}));
   EXPECT_EQ(bench.study.PipeStats[1].RecordNumber, 1);
   EXPECT_EQ(bench.study.PipeStats[1].Corners, 3.0F);
@@ -90,7 +90,7 @@ TEST(Sizing, CountsTheSectionOnTheLineOfThePipesCode) {
   // Two sizes of one code: the first line takes both.
   swapped[0].pipe_id = 1;
   PutPipes(bench, PipeFileName(1), swapped);
-  SizePipes(bench.bench, 1);
+  SizePipes(bench.bench, Method::kFlowOnly);
   EXPECT_EQ(LineLengths(bench.study), (std::vector<float>{16, 0, 0}));
   EXPECT_EQ(bench.study.PipeStats[0].NomiDiameter.Utf8(), "M");  // refreshed by the last
 }
@@ -99,7 +99,7 @@ TEST(Sizing, ThatFailsLeavesThatRowAndTheRestUntouched) {
   TestBench bench;
   PutOnThreeSizes(bench, {"ANT/1 360l/h", "1/2 0l/h", "2/ANT 360l/h"});
   const std::string before = bench.Bytes();
-  EXPECT_EQ(FaultOf([&] { SizePipes(bench.bench, 1); }), 6);
+  EXPECT_EQ(FaultOf([&] { SizePipes(bench.bench, Method::kFlowOnly); }), 6);
   const std::string after = bench.Bytes();
   EXPECT_EQ(Diameters(bench), "S--");
   EXPECT_EQ(after.substr(355), before.substr(355));
@@ -109,7 +109,7 @@ TEST(Sizing, WithoutDesignVelocityIsADivisionByZero) {
   TestBench bench;
   PutOnThreeSizes(bench, {"ANT/1 360l/h", "1/ANT 360l/h"});
   bench.study.MeanVel = 0;
-  EXPECT_EQ(FaultOf([&] { SizePipes(bench.bench, 1); }), 11);
+  EXPECT_EQ(FaultOf([&] { SizePipes(bench.bench, Method::kFlowOnly); }), 11);
 }
 
 FluidRow Brine(float density, float temperature) {
@@ -134,7 +134,7 @@ struct BrineBench : TestBench {
 TEST(Fluid, OfAnotherTemperatureTouchesNoRow) {
   BrineBench bench(1100, 69);
   const std::string before = bench.Bytes();
-  SizePipes(bench.bench, 1);
+  SizePipes(bench.bench, Method::kFlowOnly);
   EXPECT_EQ(bench.Bytes(), before);
   ASSERT_EQ(bench.prompter.boxes().size(), 1U);
   EXPECT_EQ(bench.prompter.boxes()[0].title, "...!! ΠΡΟΣΟΧΗ !!...");
@@ -168,7 +168,7 @@ TEST(Fluid, MissingFileMeansWaterOfAThousand) {
 TEST(Recalculation, KeepsDiametersAndMethod) {
   TestBench bench;
   PutOnThreeSizes(bench, {"ANT/1 360l/h 7m 2elbows", "1/2 360l/h 6m", "2/ANT 360l/h 5m"});
-  SizePipes(bench.bench, 2);
+  SizePipes(bench.bench, Method::kFlowAndPressure);
   bench.ChangeRow(1, [](SectionRow& row) { row.InDiameter = -22.57F; });
   bench.ChangeRow(2, [](SectionRow& row) { row.InDiameter = 16.0F; });  // no size of the library
   RecalculateRows(bench.bench);

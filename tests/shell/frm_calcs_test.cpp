@@ -37,7 +37,7 @@ TEST_F(MethodChoice, MakesTheRunBeforeItCloses) {
     EXPECT_NE(test.Row(1).PAR, 0.0F);
   });
   EXPECT_EQ(navigator.waits[1], " ... Παρακαλώ, Περιμένετε ...");
-  EXPECT_FALSE(test.study.MeanVelMode);
+  EXPECT_EQ(test.study.method, Method::kFlowAndPressure);
   EXPECT_TRUE(navigator.IsOpen(screen::kResultsSheet));
 }
 

@@ -323,8 +323,7 @@ struct KindScreen : TestDesk, ::testing::Test {
     PutSampleStudy(test.bench, "Από πριν");
     auto rows = test.Rows();
     for (SectionRow& row : rows) {
-      row.KLEIS = kind == SystemKind::kClosed ? -1 : 0;
-      row.ANOIK = kind == SystemKind::kOpen ? -1 : 0;
+      SetKind(row, kind);
     }
     ASSERT_TRUE(test.workspace.Rows().WriteAll(rows).ok());
     test.study = Study{};

@@ -16,11 +16,11 @@ struct Folder {
 
 // A folder may include itself and every folder on a lower floor.
 constexpr std::array kFolders = {
-    Folder{"study", 1, true},     Folder{"engine", 2, true},   Folder{"form", 3, true},
-    Folder{"entry", 4, true},     Folder{"results", 4, true},  Folder{"shell", 5, true},
-    Folder{"platform", 6, false}, Folder{"desktop", 7, false}, Folder{"cli", 7, false},
-    Folder{"tools", 8, false},    Folder{"tests", 9, false},   Folder{"bench", 10, false},
-    Folder{"fuzz", 10, false},
+    Folder{"study", 1, true},     Folder{"engine", 2, true},   Folder{"form", 2, true},
+    Folder{"entry", 3, true},     Folder{"results", 3, true},  Folder{"shell", 4, true},
+    Folder{"platform", 5, false}, Folder{"desktop", 6, false}, Folder{"cli", 6, false},
+    Folder{"tools", 7, false},    Folder{"tests", 8, false},   Folder{"bench", 9, false},
+    Folder{"fuzz", 9, false},
 };
 
 // Headers of the operating system that need no toolkit.

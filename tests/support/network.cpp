@@ -13,7 +13,7 @@ namespace {
 
 struct Word {
   std::string_view text;
-  std::variant<float SectionRow::*, std::int16_t SectionRow::*> field;
+  NumberField field;
 };
 
 const Word kWords[] = {
@@ -69,7 +69,7 @@ void ReadLine(SectionRow& row, std::string_view line) {
   row.Name = MakeName(ToCodePage(word.substr(0, slash)), ToCodePage(word.substr(slash + 1)));
   for (bool is_emitter = false; words >> word;) {
     if (word == "plant") {
-      row.Auxi = row.RecordNumber == 1 ? 1 : 2;
+      row.Auxi = PlantMark(row.RecordNumber);
     } else if (word == "soma" || word == "outlet") {
       is_emitter = true;
     } else {
@@ -85,8 +85,7 @@ SectionRow HeaderOf(const NetworkHeader& header) {
   row.MeanTemp = header.MeanTemp;
   row.MeanVel = header.MeanVel;
   row.FileNumber = ToInt16(header.pipe_system);
-  row.KLEIS = header.kind == SystemKind::kClosed ? -1 : 0;
-  row.ANOIK = header.kind == SystemKind::kOpen ? -1 : 0;
+  SetKind(row, header.kind);
   return row;
 }
 
@@ -110,8 +109,7 @@ std::vector<SectionRow> Network(const std::vector<std::string_view>& lines,
     row.RecordNumber = row.SectionNo = static_cast<std::int16_t>(rows.size());
     ReadLine(row, line);
   }
-  const auto plant =
-      std::ranges::find_if(rows, [](const SectionRow& row) { return row.Auxi != 0; });
+  const auto plant = std::ranges::find_if(rows, &SectionRow::HasPlantMark);
   const auto outlets = std::ranges::count_if(rows, &SectionRow::HasEmitter);
   for (SectionRow& row : rows) {
     row.TOT = static_cast<std::int16_t>(rows.size());

@@ -142,8 +142,7 @@ class Builder {
       row.FileNumber = static_cast<std::int16_t>(pipe_system);
       row.MeanTemp = temperature;
       row.MeanVel = velocity;
-      row.KLEIS = kind == SystemKind::kClosed ? -1 : 0;
-      row.ANOIK = kind == SystemKind::kOpen ? -1 : 0;
+      SetKind(row, kind);
     }
     return rows_;
   }

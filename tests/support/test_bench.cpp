@@ -78,7 +78,8 @@ TestBench::TestBench(SystemKind kind) {
 void TestBench::PutRows(std::span<const SectionRow> rows) {
   ASSERT_FALSE(rows.empty());
   const SectionRow& header = rows.front();
-  study.system_kind = header.KLEIS != 0 ? SystemKind::kClosed : SystemKind::kOpen;
+  study.system_kind =
+      KindOf(header) == SystemKind::kClosed ? SystemKind::kClosed : SystemKind::kOpen;
   study.study_title = header.Thema.Utf8();
   study.pipe_system_number = header.FileNumber;
   study.pipe_material = header.Material.Utf8();
