@@ -15,7 +15,7 @@
 #include <QProgressBar>
 #include <QTimer>
 #include <algorithm>
-#include <exception>
+#include <utility>
 
 #include "desktop/key_event.h"
 #include "desktop/qt_text.h"
@@ -65,6 +65,29 @@ QString MenuCaption(std::string_view caption, bool from_outside) {
   return from_outside ? text.replace(QLatin1Char('&'), QStringLiteral("&&")) : text;
 }
 
+// What the action threw, nothing when it went well.
+template <typename Action>
+std::exception_ptr ThrownBy(const Action& action) {
+  try {
+    action();
+  } catch (const std::exception&) {
+    return std::current_exception();
+  }
+  return nullptr;
+}
+
+// Counts an action as under way for as long as this lives.
+class UnderWay {
+ public:
+  explicit UnderWay(int& depth) : depth_(depth) { ++depth_; }
+  UnderWay(const UnderWay&) = delete;
+  UnderWay& operator=(const UnderWay&) = delete;
+  ~UnderWay() { --depth_; }
+
+ private:
+  int& depth_;
+};
+
 }  // namespace
 
 Binder::Binder(Form& form, QWidget& window, Hooks hooks)
@@ -79,7 +102,7 @@ Binder::Binder(Form& form, QWidget& window, Hooks hooks)
 }
 
 void Binder::BindParts() {
-  form_.Derive();
+  static_cast<void>(ThrownBy([this] { form_.Derive(); }));  // the first painting tells it
   const Act act = [this](const std::function<void()>& action) { Do(action); };
   for (Control* part : form_.controls()) {
     auto* widget = window_.findChild<QWidget*>(ToQt(part->name()));
@@ -105,7 +128,7 @@ void Binder::BindSelfRunner() {
   auto* step = new QTimer(this);
   connect(step, &QTimer::timeout, this, [this, bar, whole, step, since = QDeadlineTimer(whole)] {
     if (bar != nullptr) bar->setValue(whole - static_cast<int>(since.remainingTime()));
-    if (!since.hasExpired()) return;
+    if (!since.hasExpired() || depth_ > 0) return;
     step->stop();
     Do([&] { form_.Run(*form_.runs_by_itself); });
   });
@@ -151,34 +174,61 @@ void Binder::ShowPopup(const QPoint& at) {
 }
 
 void Binder::Do(const std::function<void()>& action) {
-  ++depth_;
-  try {
-    action();
-  } catch (const std::exception& cause) {
-    form_.TellBroken(cause);
+  {
+    const UnderWay under_way(depth_);
+    try {
+      action();
+    } catch (const std::exception& cause) {
+      form_.TellBroken(cause);
+    }
   }
-  --depth_;
   hooks_.paint_all();
 }
 
 void Binder::Paint() {
-  form_.Derive();
+  std::exception_ptr broken;
+  const auto attempt = [&broken](const auto& step) {
+    if (auto cause = ThrownBy(step)) broken = std::move(cause);
+  };
+  attempt([this] { form_.Derive(); });
   const QString title = ToQt(form_.title).trimmed();
   if (window_.windowTitle() != title) window_.setWindowTitle(title);
   const QWidget* had_focus = window_.focusWidget();
-  ++depth_;  // the toolkit moves the focus on when its widget is hidden; that is no user's move
-  for (const Bound& bound : bound_) {
-    bound.binding->Paint();
+  {
+    // The toolkit moves the focus on when its widget is hidden; that is no user's move.
+    const UnderWay under_way(depth_);
+    for (const Bound& bound : bound_) {
+      attempt([&bound] { bound.binding->Paint(); });
+    }
+    attempt([this] { PaintMenus(); });
   }
+  attempt([this] { FollowFocus(); });
+  NoteUnpainted(broken);
+  if (window_.focusWidget() != had_focus) FocusCame(window_.focusWidget());
+}
+
+void Binder::PaintMenus() {
   for (const auto& [command, action] : actions_) {
     action->setVisible(command->visible);
     if (action->property(kFollowsCommand).toBool()) {
       action->setText(MenuCaption(command->caption, true));
     }
   }
-  --depth_;
-  FollowFocus();
-  if (window_.focusWidget() != had_focus) FocusCame(window_.focusWidget());
+}
+
+// The user is told when the painting has ended: a box paints all windows itself.
+void Binder::NoteUnpainted(const std::exception_ptr& cause) {
+  const bool told = std::exchange(unpainted_, cause != nullptr);
+  if (cause == nullptr || told) return;
+  const auto tell = [this, cause] {
+    const UnderWay under_way(depth_);
+    try {
+      std::rethrow_exception(cause);
+    } catch (const std::exception& known) {
+      form_.TellUnpainted(known);
+    }
+  };
+  QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
 }
 
 void Binder::FollowFocus() {
@@ -186,9 +236,10 @@ void Binder::FollowFocus() {
   focus_moves_ = form_.focus_moves();
   for (const Bound& bound : bound_) {
     if (bound.part != form_.focus()) continue;
-    ++depth_;  // the form knows of this move
-    bound.binding->widget()->setFocus(Qt::OtherFocusReason);
-    --depth_;
+    {
+      const UnderWay under_way(depth_);  // the form knows of this move
+      bound.binding->widget()->setFocus(Qt::OtherFocusReason);
+    }
     bound.binding->Paint();
   }
 }

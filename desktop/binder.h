@@ -3,6 +3,7 @@
 #include <QPoint>
 #include <QStringList>
 #include <QWidget>
+#include <exception>
 #include <memory>
 #include <vector>
 
@@ -26,7 +27,8 @@ class Binder : public QObject {
 
   Binder(Form& form, QWidget& window, Hooks hooks);
 
-  /// Brings the window up to date.
+  /// Brings the window up to date. What a part throws keeps no other from being painted; it is told
+  /// to the user once, until all can be painted again.
   void Paint();
   /// The focus of the desktop has come to `widget`.
   void FocusCame(QWidget* widget);
@@ -50,7 +52,9 @@ class Binder : public QObject {
   bool KeyPressed(QObject* watched, const QKeyEvent& event);
   [[nodiscard]] Binding* BindingOf(const QWidget* widget) const;
   [[nodiscard]] Control* PartOf(const QWidget* widget) const;
+  void PaintMenus();
   void FollowFocus();
+  void NoteUnpainted(const std::exception_ptr& cause);
   [[nodiscard]] bool HasFace(const Control& part) const;
 
   struct Bound {
@@ -65,7 +69,8 @@ class Binder : public QObject {
   std::vector<std::pair<const Command*, QAction*>> actions_;
   QStringList stray_widgets_;
   int focus_moves_ = 0;
-  int depth_ = 0;  ///< actions under way
+  int depth_ = 0;           ///< actions under way
+  bool unpainted_ = false;  ///< the last painting failed
 };
 
 }  // namespace kalvo

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <clocale>
+#include <exception>
 
 #include "desktop/greek_texts.h"
 #include "desktop/one_instance.h"
@@ -86,12 +87,8 @@ bool TakenFromOtherMachine(OneInstance& instance, Prompter& prompter) {
   return answer == Answer::kYes && instance.TakeOver();
 }
 
-int RunProgram(const CommandLine& line) {
-  RealDisk disk;
-  const ProgramPlaces places = FindPlaces(disk, SurroundingsOf(line));
-  Program program(places, SeparatorsOf(line.separators));
+int Run(Program& program, const ProgramPlaces& places) {
   // Nothing of a folder that another instance works in is touched.
-  static_cast<void>(disk.MakeFolder(places.folder));
   OneInstance instance(QString::fromStdString(places.folder.string()));
   program.TellUnknownArgument();
   if (!instance.Take() && !TakenFromOtherMachine(instance, program.desk().bench.prompter)) {
@@ -104,8 +101,20 @@ int RunProgram(const CommandLine& line) {
   }
   if (!program.Prepare(InstalledData())) return 1;
   instance.Listen([&program](const QString& study) { program.TakeStudy(study.toStdString()); });
-  program.Start();
-  return QApplication::exec();
+  return program.Start() ? QApplication::exec() : 1;
+}
+
+int RunProgram(const CommandLine& line) {
+  RealDisk disk;
+  const ProgramPlaces places = FindPlaces(disk, SurroundingsOf(line));
+  Program program(places, SeparatorsOf(line.separators));
+  static_cast<void>(disk.MakeFolder(places.folder));
+  try {
+    return Run(program, places);
+  } catch (const std::exception& cause) {
+    TellBroken(program.desk().bench, cause);
+    return 1;
+  }
 }
 
 }  // namespace

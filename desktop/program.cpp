@@ -7,6 +7,9 @@
 namespace kalvo {
 namespace {
 
+// How often a study that came from outside looks whether it may be opened.
+constexpr int kTakeMs = 100;
+
 QString InFolder(const std::filesystem::path& folder, const char* name) {
   return QString::fromStdString((folder / name).string());
 }
@@ -27,10 +30,8 @@ Program::Program(const ProgramPlaces& places, Separators separators)
   desk_.screens.study_argument = places.study;
   desk_.version = "Έκδοση " KALVO_VERSION;
   windows_.SetDesk(desk_);
-  windows_.AfterAction([this] {
-    RememberOptions();
-    OpenTakenWhenFree();
-  });
+  windows_.AfterAction([this] { RememberOptions(); });
+  QObject::connect(&taken_, &QTimer::timeout, &windows_, [this] { OpenTakenWhenFree(); });
   windows_.OnDrop([this](const std::filesystem::path& study) { TakeStudy(study); });
   prompter_.OnBox([this](bool shows) {
     if (shows) windows_.PaintAll();  // what the box tells of stands behind it
@@ -48,26 +49,23 @@ void Program::TakeStudy(const std::filesystem::path& study) {
   windows_.BringToFront();
   if (study.empty()) return;
   desk_.screens.study_argument = study;
-  taken_ = true;
-  OpenTakenWhenFree();
+  taken_.start(kTakeMs);
 }
 
-// The screen that can open a study does so when it comes to the front.
+// The screen that can open a study does so when it comes to the front. A pause within an action, a
+// box and a menu serve timers too.
 void Program::OpenTakenWhenFree() {
-  if (!taken_) return;
-  QMetaObject::invokeMethod(
-      &windows_,
-      [this] {
-        // The end of the action under way leads here again. A pause within one serves events too.
-        if (!taken_ || windows_.Busy()) return;
-        for (const std::string_view screen : {screen::kMain, screen::kKind}) {
-          if (!windows_.IsVisible(screen)) continue;
-          taken_ = false;
-          windows_.ComeBack(screen);
-          return;
-        }
-      },
-      Qt::QueuedConnection);
+  if (windows_.Busy()) return;
+  if (desk_.screens.study_argument.empty()) {
+    taken_.stop();  // a screen that came to the front has taken it
+    return;
+  }
+  for (const std::string_view screen : {screen::kMain, screen::kKind}) {
+    if (!windows_.IsVisible(screen)) continue;
+    taken_.stop();
+    windows_.ComeBack(screen);
+    return;
+  }
 }
 
 void Program::TellUnknownArgument() {
@@ -89,6 +87,18 @@ bool Program::Prepare(const std::filesystem::path& installed) {
   return true;
 }
 
-void Program::Start() { windows_.Show(screen::kTitle); }
+bool Program::Start() {
+  // Where the title cannot be shown, what follows it may be.
+  for (const std::string_view first : {screen::kTitle, screen::kKind}) {
+    try {
+      windows_.Show(first);
+      return true;
+    } catch (const std::exception& cause) {
+      TellBroken(bench_, cause);
+      windows_.Close(first);
+    }
+  }
+  return false;
+}
 
 }  // namespace kalvo

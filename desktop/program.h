@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QTimer>
 #include <memory>
 
 #include "desktop/qt_clock.h"
@@ -22,8 +23,8 @@ class Program {
   void TellUnknownArgument();
   /// Makes the folders and libraries ready. False: the user was told why that cannot be.
   bool Prepare(const std::filesystem::path& installed);
-  /// Shows the first screen; what follows is the user's.
-  void Start();
+  /// Shows the first screen; what follows is the user's. False: the user was told why none shows.
+  bool Start();
   /// Comes to the front and opens that study as soon as nothing else is asked; an empty path opens
   /// none.
   void TakeStudy(const std::filesystem::path& study);
@@ -48,7 +49,7 @@ class Program {
   Workbench bench_;
   Windows windows_;
   Options remembered_;
-  bool taken_ = false;  ///< a study came from outside and is to be opened
+  QTimer taken_;  ///< runs while a study that came from outside is to be opened
   Desk desk_;
 };
 

@@ -128,11 +128,16 @@ Windows::Open& Windows::OpenScreen(const Screen& screen, bool modal) {
     open.window->installEventFilter(this);
   }
   open_.push_back(std::move(made));
-  open.form = screen.make(*desk_);
-  open.form->Load();
-  open.binder = std::make_unique<Binder>(
-      *open.form, *open.window,
-      Binder::Hooks{[this] { PaintAll(); }, [this, name = open.name] { Close(name); }});
+  try {
+    open.form = screen.make(*desk_);
+    open.form->Load();
+    open.binder = std::make_unique<Binder>(
+        *open.form, *open.window,
+        Binder::Hooks{[this] { PaintAll(); }, [this, name = open.name] { Close(name); }});
+  } catch (...) {
+    std::erase_if(open_, [&open](const auto& other) { return other.get() == &open; });
+    throw;
+  }
   open.binder->Paint();
   Restore(*open.window);
   return open;
@@ -175,7 +180,14 @@ void Windows::ShowModal(std::string_view screen) {
   QEventLoop loop;
   open.waiting = &loop;
   wait_.Hold(true);
-  Front(open);
+  try {
+    Front(open);
+  } catch (...) {
+    wait_.Hold(false);
+    open.waiting = nullptr;
+    Close(screen);
+    throw;
+  }
   if (IsOpen(screen)) loop.exec();
   wait_.Hold(false);
   if (had_focus) had_focus->window()->activateWindow();
@@ -211,6 +223,11 @@ void Windows::BringToFront() {
     open->window->setWindowState(open->window->windowState() & ~Qt::WindowMinimized);
     open->window->raise();
     open->window->activateWindow();
+  }
+  // A question of no screen in the list still has the keys.
+  if (QWidget* asks = QApplication::activeModalWidget()) {
+    asks->raise();
+    asks->activateWindow();
   }
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "form/tell.h"
 #include "study/message_codes.h"
 
 namespace kalvo {
@@ -54,11 +55,10 @@ void Form::Run(Command& command) {
   if (command.action) command.action();
 }
 
-void Form::TellBroken(const std::exception& cause) {
-  const FaultNote note = bench.NoteFault(cause);
-  bench.Ask({" !!... ΠΡΟΣΟΧΗ ...!! ",
-             {"... Η εντολή ΔΕΝ ολοκληρώθηκε ...", KnownLine(note)},
-             box_style::kStop});
+void Form::TellBroken(const std::exception& cause) { kalvo::TellBroken(bench, cause); }
+
+void Form::TellUnpainted(const std::exception& cause) {
+  kalvo::TellBroken(bench, cause, kNotPainted);
 }
 
 bool Form::Type(Field& field, const Edit& edit) {

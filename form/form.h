@@ -68,6 +68,8 @@ class Form {
   bool Press(const Key& key);
   /// An action ended in an exception that nobody caught: it is written down and the user is told.
   void TellBroken(const std::exception& cause);
+  /// The same for a painting.
+  void TellUnpainted(const std::exception& cause);
   /// The user types or pastes into a field; false: it stays as it was. A refusal is heard.
   bool Type(Field& field, const Edit& edit);
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "study/workbench.h"
 
 namespace kalvo {
@@ -13,6 +15,17 @@ inline void TellError(Workbench& bench, const FileError& error) {
 inline bool TellIfFailed(Workbench& bench, const Outcome& outcome) {
   if (!outcome) TellError(bench, outcome.error());
   return outcome.ok();
+}
+
+/// What became of an action, or of a painting, that ended in an exception which nobody caught.
+constexpr const char* kNotCompleted = "... Η εντολή ΔΕΝ ολοκληρώθηκε ...";
+constexpr const char* kNotPainted = "... Η οθόνη ΔΕΝ ενημερώθηκε ...";
+
+/// Writes that exception down and tells the user.
+inline void TellBroken(Workbench& bench, const std::exception& cause,
+                       const std::string& what = kNotCompleted) {
+  const FaultNote note = bench.NoteFault(cause);
+  bench.Ask({" !!... ΠΡΟΣΟΧΗ ...!! ", {what, KnownLine(note)}, box_style::kStop});
 }
 
 }  // namespace kalvo
