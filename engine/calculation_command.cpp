@@ -46,7 +46,7 @@ CommandEnd Run(Workbench& bench, Method method) {
 // What decides on the road that the command takes.
 struct Network {
   bool lone_section = false;              // of a closed system
-  bool has_results = false;               // that stand: an edit since makes them void
+  bool has_results = false;               // that hold: an edit since makes them void
   std::optional<SummedFlows> flows = {};  // of a closed system, its nodes in order
 };
 

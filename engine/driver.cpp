@@ -1,11 +1,9 @@
 #include "engine/driver.h"
 
 #include "engine/balancing.h"
-#include "engine/critical.h"
 #include "engine/open_network.h"
 #include "engine/pipe_stats.h"
 #include "engine/row_store.h"
-#include "engine/sizing.h"
 #include "engine/trap.h"
 #include "study/rounding.h"
 #include "study/tables.h"
@@ -13,20 +11,6 @@
 namespace kalvo {
 
 namespace {
-
-// The pass after the sizing.
-void FindPressures(Study& study, RowTable& rows, const PassConditions& pass, Method method,
-                   const NotePostponed& note) {
-  const bool balances = method == Method::kFlowAndPressure;
-  if (study.SystemOpen()) {
-    balances ? OpenPassPressure(study, rows, pass) : OpenPassFlowOnly(study, rows);
-  } else if (study.SingleSection) {
-    CloseSingleSection(study, rows);
-  } else {
-    balances ? CriticalPassPressure(study, rows, pass, note)
-             : CriticalPassFlowOnly(study, rows, note);
-  }
-}
 
 // The critical branch that a balancing set out from. Its pipes may have been taken down with those
 // of other branches, so it is found by sizing a copy of the rows once more; nothing when that does
@@ -120,6 +104,19 @@ void CloseSingleSection(Study& study, RowTable& rows) {
   study.CriticalDrop = row.TotalDrop;
   study.PumpHead = ToSingle(row.TotalDrop / 1000.0);
   study.critical_branch = "1";
+}
+
+void FindPressures(Study& study, RowTable& rows, const PassConditions& pass, Method method,
+                   const NotePostponed& note) {
+  const bool balances = method == Method::kFlowAndPressure;
+  if (study.SystemOpen()) {
+    balances ? OpenPassPressure(study, rows, pass) : OpenPassFlowOnly(study, rows);
+  } else if (study.SingleSection) {
+    CloseSingleSection(study, rows);
+  } else {
+    balances ? CriticalPassPressure(study, rows, pass, note)
+             : CriticalPassFlowOnly(study, rows, note);
+  }
 }
 
 void ChangeRows(Workbench& bench, const std::function<void(RowTable& rows)>& work,

@@ -2,8 +2,8 @@
 
 #include <functional>
 
-#include "engine/row_table.h"
-#include "study/method.h"
+#include "engine/critical.h"
+#include "engine/sizing.h"
 #include "study/workbench.h"
 
 namespace kalvo {
@@ -35,6 +35,11 @@ bool IsLoneSection(const std::vector<SectionRow>& rows);
 /// For a lone section: total flow, drop and pump head from the row itself, critical branch "1".
 /// Any other network stays as it is.
 void CloseSingleSection(Study& study, RowTable& rows);
+
+/// The pass after the sizing: critical branch and pressures of the kind of system, with balancing
+/// in the second method; a single section is closed instead.
+void FindPressures(Study& study, RowTable& rows, const PassConditions& pass, Method method,
+                   const NotePostponed& note);
 
 /// Runs `work` on the rows of the study, which are written once afterwards, after a fault as well;
 /// then `written`. Where they cannot be written the study's values are what they were. Faults:

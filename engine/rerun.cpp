@@ -3,11 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "engine/critical.h"
-#include "engine/open_network.h"
 #include "engine/pipe_stats.h"
 #include "engine/row_store.h"
-#include "engine/sizing.h"
 #include "engine/trap.h"
 
 namespace kalvo {
@@ -29,16 +26,6 @@ void MergeFirstMarks(const Workspace& workspace, RowTable& rows) {
   }
 }
 
-void FindPressures(Study& study, RowTable& rows, const NotePostponed& note) {
-  if (study.SystemOpen()) {
-    OpenPassFlowOnly(study, rows);
-  } else if (study.SingleSection) {
-    CloseSingleSection(study, rows);
-  } else {
-    CriticalPassFlowOnly(study, rows, note);
-  }
-}
-
 RunEnd RunFixed(Workbench& bench) {
   Study& study = bench.study;
   const auto pass = TakePassConditions(bench);
@@ -49,7 +36,7 @@ RunEnd RunFixed(Workbench& bench) {
   const auto run = [&](RowTable& rows) {
     study.SingleSection = rows.count() == 1;
     RecalculateRows(study, rows, *pass);
-    FindPressures(study, rows, postponed.Note());
+    FindPressures(study, rows, *pass, Method::kFlowOnly, postponed.Note());
     MergeFirstMarks(bench.workspace, rows);
   };
   ChangeRows(bench, run, [] {});

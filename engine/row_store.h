@@ -46,7 +46,8 @@ class RowStore : public RowTable {
   }
 
   /// Runs `work` and saves, then `saved`. After a fault the rows changed so far are saved all the
-  /// same: a run cut short leaves the rows it has written. The fault told is that of the work.
+  /// same: a run cut short leaves the rows it has written. The fault that goes on is that of the
+  /// work.
   template <typename Work, typename Saved>
   void SaveAfter(Work&& work, Saved&& saved) {
     try {

@@ -25,7 +25,7 @@ PassConditions ReadPassConditions(const Workspace& workspace, const Study& study
                                   float temperature);
 
 /// The same for a pass: from then on the study holds the density. Nothing when the fluid does not
-/// fit the temperature, which TellFluidMisfit() tells the user.
+/// fit the temperature, which TellFluidMisfit() says to the user.
 std::optional<PassConditions> HoldPassConditions(const Workspace& workspace, Study& study,
                                                  float temperature);
 void TellFluidMisfit(Workbench& bench);

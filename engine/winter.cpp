@@ -28,7 +28,7 @@ constexpr NeededValue kNeeded[] = {{WinterValue::kLength, &WinterLine::length_m}
                                    {WinterValue::kFlow, &WinterLine::flow_lh},
                                    {WinterValue::kDrop, &WinterLine::drop}};
 
-// The first line that cannot stand.
+// The first line that is refused.
 std::optional<WinterOutcome> CheckLines(const std::vector<WinterLine>& lines,
                                         const std::vector<WinterLine>& summer,
                                         const AcceptFlow& accept) {

@@ -21,7 +21,7 @@ inline bool TellIfFailed(Workbench& bench, const Outcome& outcome) {
 constexpr const char* kNotCompleted = "... Η εντολή ΔΕΝ ολοκληρώθηκε ...";
 constexpr const char* kNotPainted = "... Η οθόνη ΔΕΝ ενημερώθηκε ...";
 
-/// Writes that exception down and tells the user.
+/// Writes that exception down and shows it to the user.
 inline void TellBroken(Workbench& bench, const std::exception& cause,
                        const std::string& what = kNotCompleted) {
   const FaultNote note = bench.NoteFault(cause);
