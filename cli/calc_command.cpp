@@ -49,7 +49,7 @@ std::string CalcCommand::Foot() const {
          "Το csv έχει τα κελιά με \",\" και τα δεκαδικά με \".\". Με --separators \",.\" έχει τα\n"
          "κελιά με \";\" και τα δεκαδικά με \",\", όπως τα ανοίγουν τα ελληνικά λογιστικά φύλλα.\n"
          "Για πολλές μελέτες το csv έχει πρώτη στήλη τη μελέτη και το json είναι ένας πίνακας.\n" +
-         Command::Foot();
+         Subcommand::Foot();
 }
 
 void CalcCommand::AddArguments(CLI::App& app) {

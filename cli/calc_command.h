@@ -2,15 +2,15 @@
 
 #include <vector>
 
-#include "cli/command.h"
 #include "cli/save_options.h"
+#include "cli/subcommand.h"
 #include "results/study_report.h"
 
 namespace kalvo {
 
 /// `kalvo calc`: calculates studies in a workspace of their own, prints the results and saves them
 /// where asked.
-class CalcCommand : public Command {
+class CalcCommand : public Subcommand {
  public:
   int Run(const Console& console) override;
 

@@ -115,7 +115,7 @@ class Program {
   std::vector<std::string> arguments_;
   CLI::App app_{kAbout, "kalvo"};
   std::string separators_;
-  std::vector<std::pair<CLI::App*, std::unique_ptr<Command>>> commands_;
+  std::vector<std::pair<CLI::App*, std::unique_ptr<Subcommand>>> commands_;
 };
 
 }  // namespace

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "cli/command.h"
+#include "cli/subcommand.h"
 
 namespace kalvo {
 
 /// `kalvo pipes`: the pipe systems, or the sizes of one.
-class PipesCommand : public Command {
+class PipesCommand : public Subcommand {
  public:
   int Run(const Console& console) override;
 
@@ -22,7 +22,7 @@ class PipesCommand : public Command {
 };
 
 /// `kalvo fluids`: the fluids of the library.
-class FluidsCommand : public Command {
+class FluidsCommand : public Subcommand {
  public:
   int Run(const Console& console) override;
 

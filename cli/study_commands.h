@@ -1,12 +1,12 @@
 #pragma once
 
-#include "cli/command.h"
 #include "cli/session.h"
+#include "cli/subcommand.h"
 
 namespace kalvo {
 
 /// A command on one study.
-class StudyCommand : public Command {
+class StudyCommand : public Subcommand {
  public:
   int Run(const Console& console) override;
 

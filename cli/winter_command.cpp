@@ -68,7 +68,7 @@ std::string WinterCommand::Foot() const {
   return "Το --values είναι πίνακας csv με επικεφαλίδα section,flow,drop (και length αν αλλάζει\n"
          "μήκος) ή τμήμα;παροχή;πτώση;μήκος και μία γραμμή για κάθε Σώμα: l/h, mm w.g., m.\n"
          "Η μελέτη πρέπει να έχει αποτελέσματα για το Θέρος. Αυτά δεν αλλάζουν.\n" +
-         Command::Foot();
+         Subcommand::Foot();
 }
 
 void WinterCommand::AddArguments(CLI::App& app) {

@@ -5,20 +5,12 @@
 
 #include "engine/pipe_stats.h"
 #include "engine/row_store.h"
+#include "study/calculation_boxes.h"
 #include "study/fluid_row.h"
 
 namespace kalvo {
 
 namespace {
-
-Box TemperatureBox() {
-  return {"...!! ΠΡΟΣΟΧΗ !!...",
-          {"... Η τιμή του Κινηματικού Ιξώδους που έχετε δώσει ...",
-           "... είναι υπό Μέση θερμοκρασία Ρέοντος Μέσου ...",
-           "... που ΔΕΝ ταυτίζεται με την επιλεγείσα Μέση Θερμοκρασία για τούς Υπολογισμούς !...",
-           " ", "                                 ...!! ΔΙΟΡΘΩΣΤΕ ΑΝΑΛΟΓΩΣ !!..."},
-          box_style::kStop};
-}
 
 // The study's own fluid; nothing only when the file is missing.
 std::optional<FluidRow> StudyFluid(const Workspace& workspace) {
@@ -130,7 +122,7 @@ std::optional<PassConditions> HoldPassConditions(const Workspace& workspace, Stu
   return pass.fluid_fits ? std::optional(std::move(pass)) : std::nullopt;
 }
 
-void TellFluidMisfit(Workbench& bench) { bench.Ask(TemperatureBox()); }
+void TellFluidMisfit(Workbench& bench) { bench.Ask(FluidMisfitBox()); }
 
 std::optional<PassConditions> TakePassConditions(Workbench& bench) {
   auto pass = HoldPassConditions(bench.workspace, bench.study, bench.study.MeanTemp);

@@ -7,9 +7,6 @@
 
 namespace kalvo {
 
-/// The box that tells the user of a run-time fault; code 1 asks whether to go on.
-Box CalcErrorBox(int code);
-
 /// Writes a run-time fault of a pass down and shows what is known of it. Gives the
 /// fault that ends the run; `failed_row` then names its row. Code 1 asks first: nothing on yes.
 std::optional<FaultNote> ReportCalcError(Workbench& bench, const Fault& fault);

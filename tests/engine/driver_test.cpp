@@ -5,6 +5,7 @@
 #include "engine/capacity.h"
 #include "engine/row_store.h"
 #include "engine/trap.h"
+#include "study/calculation_boxes.h"
 #include "tests/support/failing_disk.h"
 #include "tests/support/same_row.h"
 #include "tests/support/test_bench.h"

@@ -1,4 +1,4 @@
-#include "cli/command.h"
+#include "cli/subcommand.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
@@ -8,7 +8,7 @@
 
 namespace kalvo {
 
-CLI::App* Command::AddTo(CLI::App& program, const std::vector<std::string>& arguments) {
+CLI::App* Subcommand::AddTo(CLI::App& program, const std::vector<std::string>& arguments) {
   CLI::App* app = program.add_subcommand(Name(), Help());
   app->group("Εντολές");
   if (std::find(arguments.begin(), arguments.end(), Name()) == arguments.end()) {
@@ -22,18 +22,18 @@ CLI::App* Command::AddTo(CLI::App& program, const std::vector<std::string>& argu
   return app;
 }
 
-std::string Command::Foot() const {
+std::string Subcommand::Foot() const {
   return "Γενικές επιλογές, βλ. kalvo --help : --quiet, --separators ΔΧ";
 }
 
-void Command::AddLibraryOption(CLI::App& app) {
+void Subcommand::AddLibraryOption(CLI::App& app) {
   app.add_option("--library", library_,
                  "Φάκελος με άλλες Βιβλιοθήκες Σωλήνων (0001.WPT ...) και Ρέοντα Μέσα\n"
                  "(Liquids.dat), όπου τίποτα δεν γράφεται")
       ->type_name("ΦΑΚΕΛΟΣ");
 }
 
-std::filesystem::path Command::Library() const {
+std::filesystem::path Subcommand::Library() const {
   return library_.empty() ? DeliveredLibrary() : std::filesystem::path(library_);
 }
 

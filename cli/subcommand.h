@@ -14,9 +14,9 @@ class Option;
 namespace kalvo {
 
 /// One command of `kalvo`: states its arguments once, then runs on the streams it is given.
-class Command {
+class Subcommand {
  public:
-  virtual ~Command() = default;
+  virtual ~Subcommand() = default;
 
   /// Adds the command to `program`: as a name to choose, or with its arguments and help too when
   /// it may be the one that runs.
