@@ -24,6 +24,8 @@ struct Options {
 /// Which of the results' views is in use: `ResultsView`.
 enum class ResultsView { kOne = 0, kOneFromSheet = 1, kSheet = 2 };
 
+class TeeCounters;
+
 /// What screens tell each other and outlives them. One value of each for the whole program.
 struct ScreenState {
   bool asked_to_leave_saved = false;     ///< message 135 was shown in this run
@@ -33,7 +35,9 @@ struct ScreenState {
   bool results_begin = false;  ///< the view about to open begins a session of results
   bool ChangeFormOpen = false;
   bool WinterPump = false;
+  bool edit_mode = false;  ///< section or emitter entry began with rows, or with a list
   bool ResultsLeft = false;
+  TeeCounters* tee_counters = nullptr;  ///< what the tee window serves; nothing: it is closed
 };
 
 /// What every form is handed beside the study's workbench.
