@@ -185,6 +185,19 @@ void Binder::Do(const std::function<void()>& action) {
   hooks_.paint_all();
 }
 
+void Binder::DoQuietly(const std::function<bool()>& action) {
+  bool changed = true;
+  {
+    const UnderWay under_way(depth_);
+    try {
+      changed = action();
+    } catch (const std::exception& cause) {
+      form_.TellBroken(cause);
+    }
+  }
+  if (changed) hooks_.paint_all();
+}
+
 void Binder::Paint() {
   std::exception_ptr broken;
   const auto attempt = [&broken](const auto& step) {

@@ -35,6 +35,10 @@ class Binder : public QObject {
   /// Runs an action of the form. What it throws is told to the user.
   void Do(const std::function<void()>& action);
 
+  /// The same for what no user asked for: windows are painted when it says that something shown
+  /// has changed.
+  void DoQuietly(const std::function<bool()>& action);
+
   /// Parts without a widget and operable widgets without a part.
   [[nodiscard]] QStringList missing() const;
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <string_view>
 
 namespace kalvo {
 namespace {
@@ -25,7 +26,8 @@ constexpr std::array kNamedKeys = {NamedKey{Qt::Key_Return, KeyCode::kEnter},
                                    NamedKey{Qt::Key_Right, KeyCode::kRight},
                                    NamedKey{Qt::Key_Up, KeyCode::kUp},
                                    NamedKey{Qt::Key_Down, KeyCode::kDown},
-                                   NamedKey{Qt::Key_Tab, KeyCode::kTab}};
+                                   NamedKey{Qt::Key_Tab, KeyCode::kTab},
+                                   NamedKey{Qt::Key_Backtab, KeyCode::kTab}};
 
 // A modifier key reports itself; with the two others held it is Ctrl+Alt+Shift.
 bool IsModifier(int key) {
@@ -41,6 +43,30 @@ char32_t CharacterOf(const QKeyEvent& event, bool as_command) {
   // With Ctrl the text is a control character; the key is the letter of the layout.
   const int key = event.key();
   return key < Qt::Key_Escape ? LatinOnSameKey(static_cast<char32_t>(key)) : 0;
+}
+
+// Letters by the places of their keys, for layouts that have neither Latin nor Greek ones: the
+// numbers that X11 and Wayland give the three rows.
+char32_t LetterAtPlace(quint32 place) {
+  struct Row {
+    quint32 first;
+    std::u32string_view letters;
+  };
+  constexpr std::array kRows = {Row{24, U"QWERTYUIOP"}, Row{38, U"ASDFGHJKL"}, Row{52, U"ZXCVBNM"}};
+  for (const Row& row : kRows) {
+    if (place >= row.first && place < row.first + row.letters.size()) {
+      return row.letters[place - row.first];
+    }
+  }
+  return 0;
+}
+
+char32_t LatinOf(const QKeyEvent& event) {
+  const int key = event.key();
+  const char32_t latin =
+      key < Qt::Key_Escape ? LatinOnSameKey(static_cast<char32_t>(key)) : char32_t{0};
+  if (latin < 0x80) return latin;
+  return LetterAtPlace(event.nativeScanCode());
 }
 
 }  // namespace
@@ -67,7 +93,7 @@ Key KeyOf(const QKeyEvent& event) {
     return key;
   }
   key.character = CharacterOf(event, key.ctrl || key.alt);
-  if (!key.ctrl && !key.alt) key.shift = false;  // a capital is a character of its own
+  key.latin = LatinOf(event);
   return key;
 }
 

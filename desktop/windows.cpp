@@ -20,6 +20,8 @@ namespace {
 
 // How long a screen closed by its own action is kept before the next look at it.
 constexpr int kBusyMs = 150;
+// How often forms may do what waits for a quiet moment.
+constexpr int kIdleMs = 300;
 // Height that the desktop's title bar may need.
 constexpr int kTitleBar = 40;
 
@@ -40,6 +42,12 @@ Windows::Windows(const QString& geometry) {
   burial_.setSingleShot(true);
   burial_.setInterval(0);
   connect(&burial_, &QTimer::timeout, this, [this] { Bury(); });
+  quiet_.start();
+  connect(&idle_, &QTimer::timeout, this, [this] { LetFormsIdle(); });
+  idle_.start(kIdleMs);
+  connect(qApp, &QApplication::applicationStateChanged, this, [this](Qt::ApplicationState state) {
+    if (state != Qt::ApplicationActive) LeftForOthers();
+  });
   connect(qApp, &QApplication::focusChanged, this,
           [this](QWidget* /*old*/, QWidget* now) { FocusChanged(now); });
 }
@@ -231,9 +239,26 @@ void Windows::BringToFront() {
   }
 }
 
-void Windows::PaintAll() {
+void Windows::LetFormsIdle() {
+  const double quiet = static_cast<double>(quiet_.elapsed()) / 1000;
   for (std::size_t i = 0; i < open_.size(); ++i) {
-    if (open_[i]->binder) open_[i]->binder->Paint();
+    Binder* binder = open_[i]->binder.get();
+    if (binder != nullptr && !binder->Busy())
+      binder->DoQuietly([&] { return open_[i]->form->Idle(quiet); });
+  }
+}
+
+void Windows::LeftForOthers() {
+  for (std::size_t i = 0; i < open_.size(); ++i) {
+    Binder* binder = open_[i]->binder.get();
+    if (binder != nullptr && !binder->Busy()) binder->Do([&] { open_[i]->form->LostFocus(); });
+  }
+}
+
+void Windows::PaintAll() {
+  quiet_.start();
+  for (std::size_t i = 0; i < open_.size(); ++i) {
+    if (open_[i]->binder && open_[i]->window->isVisible()) open_[i]->binder->Paint();
   }
   if (after_action_) after_action_();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QEventLoop>
 #include <QTimer>
 #include <filesystem>
@@ -71,6 +72,8 @@ class Windows : public QObject, public Navigator {
   void Remember(const QWidget& window);
   void Restore(QWidget& window);
   void FocusChanged(QWidget* now);
+  void LetFormsIdle();
+  void LeftForOthers();
   void Bury();
   bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -81,6 +84,8 @@ class Windows : public QObject, public Navigator {
   std::function<void()> after_action_;
   std::function<void(const std::filesystem::path&)> take_;
   QTimer burial_;
+  QTimer idle_;
+  QElapsedTimer quiet_;  ///< since the last action
   WaitIndicator wait_;
 };
 

@@ -27,6 +27,7 @@ class Command : public Control {
   std::string icon;       ///< instead of the one that the window has for it
   std::function<void()> action;
   bool leaves_freely = false;  ///< runs whatever the field with the focus thinks of being left
+  bool sounds_itself = false;  ///< its action sounds, once its tests have passed
   Tone tone = Tone::kPlain;
 
   /// What is shown beside the caption.

@@ -33,6 +33,7 @@ enum class Tone {
   kCalculated,
   kImposed,
   kCritical,
+  kStrong,  ///< the source's name
 };
 
 /// A text that the form changes.

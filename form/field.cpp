@@ -22,8 +22,9 @@ bool FamilyTakes(KeyFamily family, char32_t character, Separators separators) {
     return character >= U' ' && character != 0x7F && CodePageByte(character).has_value();
   }
   if (IsDigit(character)) return true;
-  if (character == U'-') return family != KeyFamily::kUnsignedDecimal;
-  return family != KeyFamily::kSignedWhole &&
+  const bool is_signed = family == KeyFamily::kSignedDecimal || family == KeyFamily::kSignedWhole;
+  if (character == U'-') return is_signed;
+  return IsDecimal(family) &&
          character == static_cast<char32_t>(static_cast<unsigned char>(separators.decimal));
 }
 
@@ -124,8 +125,12 @@ bool Field::Type(const Edit& edit, Separators separators) {
     return Refuse(numeric() ? std::string(kOnlyNumbers) : Alien(*alien));
   }
   if (too_long && (numeric() || piece.empty())) return Refuse("Εδώ " + Room(max_bytes));
+  std::string typed = before.append(piece).append(edit.after);
+  if (std::string why = forbids ? forbids(typed) : std::string(); !why.empty()) {
+    return Refuse(std::move(why));
+  }
   if (too_long) Refuse("Το κείμενο κόπηκε: " + Room(max_bytes));
-  TakeText(before.append(piece).append(edit.after));
+  TakeText(std::move(typed));
   return true;
 }
 

@@ -12,7 +12,14 @@ namespace kalvo {
 
 /// Which characters a field takes; any other key becomes nothing. Texts are of the code page, paths
 /// of any characters.
-enum class KeyFamily { kText, kPath, kSignedDecimal, kUnsignedDecimal, kSignedWhole };
+enum class KeyFamily {
+  kText,
+  kPath,
+  kSignedDecimal,
+  kUnsignedDecimal,
+  kSignedWhole,
+  kUnsignedWhole
+};
 
 /// A text that the user can type. Its text is UTF-8. What the user does comes in through the
 /// members Type... and Press...; what the form does is plain assignment.
@@ -31,6 +38,8 @@ class Field : public Control {
   std::function<void()> on_enter;   ///< Enter, instead of moving
   std::function<void()> on_change;  ///< after each edit
   std::function<bool()> on_leave;   ///< false: the focus stays
+  /// Why a text shall not be typed or pasted although its characters may; empty: it may.
+  std::function<std::string(std::string_view)> forbids;
 
   [[nodiscard]] bool numeric() const {
     return family != KeyFamily::kText && family != KeyFamily::kPath;

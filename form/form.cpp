@@ -51,8 +51,22 @@ bool Form::MoveFocus(Control* part) {
 
 void Form::Run(Command& command) {
   if (!command.leaves_freely && focus_ != &command && !MayLeaveFocus()) return;
-  desk.Click();
+  LeaveClosedEditor();
+  if (!command.sounds_itself) desk.Click();
   if (command.action) command.action();
+}
+
+EditableGrid* Form::FocusedGrid() const {
+  for (Control* control : controls_) {
+    auto* grid = dynamic_cast<EditableGrid*>(control);
+    if (grid != nullptr && (focus_ == grid || focus_ == &grid->editor)) return grid;
+  }
+  return nullptr;
+}
+
+void Form::LeaveClosedEditor() {
+  EditableGrid* grid = FocusedGrid();
+  if (grid != nullptr && focus_ != grid && !grid->editing()) Focus(*grid);
 }
 
 void Form::TellBroken(const std::exception& cause) { kalvo::TellBroken(bench, cause); }
@@ -114,6 +128,11 @@ bool Form::PressPart(Control* part) {
 }
 
 bool Form::Press(const Key& key) {
+  if (FirstKey(key)) return true;
+  if (EditableGrid* grid = FocusedGrid()) {
+    const EditableGrid::KeyEnd end = grid->Press(key);
+    if (end != EditableGrid::KeyEnd::kNotMine) return end == EditableGrid::KeyEnd::kTaken;
+  }
   if (auto* field = dynamic_cast<Field*>(focus_); field != nullptr && PressInField(*field, key)) {
     return true;
   }

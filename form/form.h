@@ -8,6 +8,7 @@
 #include "form/choice.h"
 #include "form/command.h"
 #include "form/desk.h"
+#include "form/editable_grid.h"
 #include "form/field.h"
 #include "form/grid.h"
 #include "form/list.h"
@@ -31,10 +32,18 @@ class Form {
   virtual void Activate() {}
   /// The window's close box. True: the form is closed then.
   virtual bool MayClose() { return true; }
+  /// Each key before the part with the focus sees it. True: it is used up.
+  virtual bool FirstKey(const Key& /*key*/) { return false; }
   /// A key that neither the field with the focus nor a command took. True: it is used up.
   virtual bool OtherKey(const Key& /*key*/) { return false; }
   /// Brings parts that follow from the study up to date; called before each painting.
   virtual void Derive() {}
+
+  /// Nothing happens at the moment: called several times a second, with the seconds since the
+  /// user's last action. True: what is shown has changed.
+  virtual bool Idle(double /*quiet_seconds*/) { return false; }
+  /// The user has gone to another program.
+  virtual void LostFocus() {}
 
   [[nodiscard]] const std::vector<Control*>& controls() const { return controls_; }
   /// The part of that name, nullptr when there is none.
@@ -81,6 +90,10 @@ class Form {
   friend class Control;
 
   void TakeFocus(Control* part);
+  /// The editable grid that has the focus itself or by its editor.
+  EditableGrid* FocusedGrid() const;
+  /// An editor that has closed gives the focus to its grid.
+  void LeaveClosedEditor();
   bool MayLeaveFocus();
   /// Enter on a part that does something when it is meant.
   bool PressPart(Control* part);

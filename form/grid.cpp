@@ -15,9 +15,35 @@ void Grid::Reset(std::vector<GridColumn> columns, int rows) {
   std::iota(order_.begin(), order_.end(), 0);
   sort_column_ = -1;
   sort_order_ = SortOrder::kNone;
-  ++revision_;
-  ++shape_revision_;
+  changes_.Reset();
   SetCurrent(current_);
+}
+
+void Grid::InsertRows(int at, int count) {
+  if (count <= 0) return;
+  const auto columns = static_cast<std::ptrdiff_t>(columns_.size());
+  cells_.insert(cells_.begin() + at * columns, static_cast<std::size_t>(count * columns), {});
+  marked_.insert(marked_.begin() + at, static_cast<std::size_t>(count), false);
+  RenewOrder();
+  if (current_.row >= at) SetCurrent({current_.row + count, current_.column});
+  changes_.Rows(GridChange::Kind::kInserted, at, at + count - 1);
+}
+
+void Grid::RemoveRows(int at, int count) {
+  if (count <= 0) return;
+  const auto columns = static_cast<std::ptrdiff_t>(columns_.size());
+  cells_.erase(cells_.begin() + at * columns, cells_.begin() + (at + count) * columns);
+  marked_.erase(marked_.begin() + at, marked_.begin() + at + count);
+  RenewOrder();
+  const int row = current_.row < at ? current_.row : std::max(current_.row - count, at);
+  SetCurrent({row, current_.column});
+  changes_.Rows(GridChange::Kind::kRemoved, at, at + count - 1);
+}
+
+// After rows have come or gone: they are shown as they are kept.
+void Grid::RenewOrder() {
+  order_.resize(marked_.size());
+  std::iota(order_.begin(), order_.end(), 0);
 }
 
 const GridCell& Grid::At(int row, int column) const {
@@ -26,14 +52,16 @@ const GridCell& Grid::At(int row, int column) const {
 }
 
 void Grid::Set(int row, int column, GridCell cell) {
-  cells_.at(static_cast<std::size_t>(row) * columns_.size() + static_cast<std::size_t>(column)) =
-      std::move(cell);
-  ++revision_;
+  GridCell& kept =
+      cells_.at(static_cast<std::size_t>(row) * columns_.size() + static_cast<std::size_t>(column));
+  if (kept == cell) return;
+  kept = std::move(cell);
+  changes_.Cells(row);
 }
 
 void Grid::Mark(int row, bool marked) {
   marked_.at(static_cast<std::size_t>(row)) = marked;
-  ++revision_;
+  changes_.Cells(row);
 }
 
 void Grid::SetCurrent(GridPlace place) {
@@ -74,8 +102,7 @@ void Grid::CycleSort(int column) {
     sort_order_ = SortOrder::kNone;
   }
   Sort();
-  ++revision_;
-  ++shape_revision_;
+  changes_.Reset();
 }
 
 std::string Grid::Copy(std::span<const GridPlace> places) const {

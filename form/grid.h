@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "form/control.h"
+#include "form/grid_change.h"
 
 namespace kalvo {
 
@@ -24,6 +25,7 @@ struct GridCell {
   Tone tone = Tone::kPlain;
   std::optional<double> value{};  ///< what the column is sorted by instead of the text
   std::string tip{};
+  bool operator==(const GridCell&) const = default;
 };
 
 /// A place in a grid, from 0.
@@ -58,6 +60,10 @@ class Grid : public Control {
   [[nodiscard]] const GridCell& At(int row, int column) const;
   void Set(int row, int column, GridCell cell);
 
+  /// Empty rows before row `at`, in a table that is not sorted; the current cell keeps its content.
+  void InsertRows(int at, int count);
+  void RemoveRows(int at, int count);
+
   /// Rows that stand out, such as those of the critical branch.
   void Mark(int row, bool marked);
   [[nodiscard]] bool IsMarked(int row) const { return marked_[static_cast<std::size_t>(row)]; }
@@ -82,14 +88,13 @@ class Grid : public Control {
   /// Asks the front-end for the columns' widths as they were at first.
   void RestoreWidths() { ++width_revision_; }
   [[nodiscard]] int width_revision() const { return width_revision_; }
-  /// Grows with every change of what is shown.
-  [[nodiscard]] int revision() const { return revision_; }
-  /// Grows when rows or columns have become others, so that nothing shown before stays.
-  [[nodiscard]] int shape_revision() const { return shape_revision_; }
+  /// What has changed since this was asked last.
+  std::vector<GridChange> TakeChanges() { return changes_.Take(); }
 
  private:
   [[nodiscard]] bool Before(int a, int b) const;
   void Sort();
+  void RenewOrder();
 
   std::vector<GridColumn> columns_;
   std::vector<GridCell> cells_;
@@ -98,8 +103,7 @@ class Grid : public Control {
   GridPlace current_;
   int sort_column_ = -1;
   SortOrder sort_order_ = SortOrder::kNone;
-  int revision_ = 0;
-  int shape_revision_ = 0;
+  GridChanges changes_;
   int width_revision_ = 0;
 };
 

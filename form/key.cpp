@@ -31,6 +31,16 @@ char32_t LatinOnSameKey(char32_t character) {
   return character >= U'a' && character <= U'z' ? character - U'a' + U'A' : character;
 }
 
+Key Typed(char32_t character) {
+  return {KeyCode::kCharacter, character, false, false, false, LatinOnSameKey(character)};
+}
+
+Key ShiftTyped(char32_t character) {
+  Key key = Typed(character);
+  key.shift = true;
+  return key;
+}
+
 std::string KeyText(const Key& key) {
   std::string text;
   text += key.ctrl ? "Ctrl+" : "";

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <compare>
 #include <string>
 
 namespace kalvo {
@@ -44,32 +43,42 @@ struct Key {
   bool ctrl = false;
   bool shift = false;
   bool alt = false;
-
-  auto operator<=>(const Key&) const = default;
+  char32_t latin = 0;  ///< the Latin capital of the key's place, also of typed text; 0: none
 
   [[nodiscard]] bool IsText() const { return code == KeyCode::kCharacter && !ctrl && !alt; }
+
+  /// Typed text is the same however it was typed: a capital is a character of its own.
+  bool operator==(const Key& other) const {
+    return code == other.code && character == other.character && ctrl == other.ctrl &&
+           alt == other.alt && (shift == other.shift || (IsText() && character != 0));
+  }
 };
 
-constexpr Key Plain(KeyCode code) { return {code, 0, false, false, false}; }
-constexpr Key Shift(KeyCode code) { return {code, 0, false, true, false}; }
-constexpr Key Alt(KeyCode code) { return {code, 0, false, false, true}; }
-constexpr Key Ctrl(KeyCode code) { return {code, 0, true, false, false}; }
+constexpr Key Plain(KeyCode code) { return {code, 0, false, false, false, 0}; }
+constexpr Key Shift(KeyCode code) { return {code, 0, false, true, false, 0}; }
+constexpr Key Alt(KeyCode code) { return {code, 0, false, false, true, 0}; }
+constexpr Key Ctrl(KeyCode code) { return {code, 0, true, false, false, 0}; }
+constexpr Key CtrlShift(KeyCode code) { return {code, 0, true, true, false, 0}; }
 constexpr Key Ctrl(char letter) {
-  return {KeyCode::kCharacter, static_cast<char32_t>(letter), true, false, false};
+  const auto latin = static_cast<char32_t>(letter);
+  return {KeyCode::kCharacter, latin, true, false, false, latin};
 }
 constexpr Key CtrlShift(char letter) {
-  return {KeyCode::kCharacter, static_cast<char32_t>(letter), true, true, false};
+  const auto latin = static_cast<char32_t>(letter);
+  return {KeyCode::kCharacter, latin, true, true, false, latin};
 }
 constexpr Key Alt(char letter) {
-  return {KeyCode::kCharacter, static_cast<char32_t>(letter), false, false, true};
+  const auto latin = static_cast<char32_t>(letter);
+  return {KeyCode::kCharacter, latin, false, false, true, latin};
 }
-constexpr Key Typed(char32_t character) {
-  return {KeyCode::kCharacter, character, false, false, false};
-}
-
 /// The Latin capital on the key that gives `character` on a Greek keyboard; Latin letters become
 /// capitals, anything else stays.
 char32_t LatinOnSameKey(char32_t character);
+
+/// A character as it is typed on a Latin or a Greek keyboard.
+Key Typed(char32_t character);
+/// The same with Shift held.
+Key ShiftTyped(char32_t character);
 
 /// How a key is told beside a command: "Ctrl+Home", "PgUp", "F5".
 std::string KeyText(const Key& key);

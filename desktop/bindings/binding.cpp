@@ -2,6 +2,7 @@
 
 #include "desktop/bindings/choice_binding.h"
 #include "desktop/bindings/command_binding.h"
+#include "desktop/bindings/editable_grid_binding.h"
 #include "desktop/bindings/field_binding.h"
 #include "desktop/bindings/grid_binding.h"
 #include "desktop/bindings/label_binding.h"
@@ -21,6 +22,13 @@ struct Pair {
   Part* part;
   Widget* widget;
 };
+
+template <typename BindingType, typename Part>
+std::unique_ptr<Binding> MakeGrid(Part& part, QTableView& view, const Act& act) {
+  auto binding = std::make_unique<BindingType>(part, view);
+  binding->Join(act);
+  return binding;
+}
 
 }  // namespace
 
@@ -43,8 +51,11 @@ std::unique_ptr<Binding> MakeBinding(Form& form, Control& part, QWidget& widget,
   if (const Pair<List, QListView> pair(part, widget); pair) {
     return std::make_unique<ListBinding>(*pair.part, *pair.widget, act);
   }
+  if (const Pair<EditableGrid, QTableView> pair(part, widget); pair) {
+    return MakeGrid<EditableGridBinding>(*pair.part, *pair.widget, act);
+  }
   if (const Pair<Grid, QTableView> pair(part, widget); pair) {
-    return std::make_unique<GridBinding>(*pair.part, *pair.widget, act);
+    return MakeGrid<GridBinding>(*pair.part, *pair.widget, act);
   }
   return MakePictureBinding(part, widget, act);
 }

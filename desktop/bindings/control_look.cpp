@@ -16,6 +16,7 @@ QString ToneName(Tone tone) {
       return QStringLiteral("imposed");
     case Tone::kCritical:
       return QStringLiteral("crit");
+    case Tone::kStrong:
     case Tone::kPlain:
       break;
   }

@@ -16,9 +16,13 @@ constexpr int kCellMargin = 18;
 
 }  // namespace
 
-GridBinding::GridBinding(Grid& grid, QTableView& view, const Act& act)
+GridBinding::GridBinding(Grid& grid, QTableView& view)
     : grid_(grid), view_(view), model_(grid, this), head_(new StackedHeader(&view)) {
   DressTable();
+}
+
+void GridBinding::Join(const Act& act) {
+  HearHead();
   HearUser(act);
 }
 
@@ -41,34 +45,32 @@ void GridBinding::HearUser(const Act& act) {
   connect(&view_, &QTableView::doubleClicked, this, [this, act](const QModelIndex&) {
     if (grid_.on_activate) act(grid_.on_activate);
   });
+  connect(head_, &QHeaderView::sectionClicked, this,
+          [this, act](int column) { act([&] { grid_.CycleSort(column); }); });
+}
+
+void GridBinding::HearHead() {
   head_->setSectionsClickable(true);
   if (view_.property("fillsWidth").toBool()) {
     view_.viewport()->installEventFilter(this);
     connect(head_, &QHeaderView::sectionResized, this, [this] { by_user_ = !sharing_; });
   }
-  connect(head_, &QHeaderView::sectionClicked, this,
-          [this, act](int column) { act([&] { grid_.CycleSort(column); }); });
 }
 
 void GridBinding::Paint() {
   painting_ = true;
   view_.setVisible(grid_.visible);
   view_.setEnabled(grid_.enabled);
-  if (shape_ != grid_.shape_revision()) {
-    shape_ = grid_.shape_revision();
-    model_.ShapeChanged();
-    PaintSortMark();
-  } else if (cells_ != grid_.revision()) {
-    model_.CellsChanged();
-  }
-  cells_ = grid_.revision();
+  model_.Tell(grid_.TakeChanges());
+  PaintSortMark();
   if (widths_ != grid_.width_revision() || columns_ != grid_.column_count()) RestoreWidths();
   PaintCurrent();
   painting_ = false;
 }
 
 bool GridBinding::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::Resize && !by_user_) ShareWidths();
+  const bool fills = view_.property("fillsWidth").toBool();
+  if (event->type() == QEvent::Resize && fills && !by_user_) ShareWidths();
   return Binding::eventFilter(watched, event);
 }
 

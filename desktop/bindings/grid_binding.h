@@ -12,7 +12,9 @@ namespace kalvo {
 /// A grid and its table.
 class GridBinding : public Binding {
  public:
-  GridBinding(Grid& grid, QTableView& view, const Act& act);
+  GridBinding(Grid& grid, QTableView& view);
+  /// Begins to hand in what the user does.
+  void Join(const Act& act);
 
   void Paint() override;
   bool Copy() override;
@@ -20,13 +22,20 @@ class GridBinding : public Binding {
 
   bool eventFilter(QObject* watched, QEvent* event) override;
 
+ protected:
+  /// What the user does to the table beside choosing an order.
+  virtual void HearUser(const Act& act);
+  virtual void PaintCurrent();
+  void RestoreWidths();
+  [[nodiscard]] QTableView& view() const { return view_; }
+  [[nodiscard]] const GridModel& model() const { return model_; }
+  [[nodiscard]] bool painting() const { return painting_; }
+
  private:
   void DressTable();
-  void HearUser(const Act& act);
+  void HearHead();
   void PaintSortMark();
-  void PaintCurrent();
   void DressColumns();
-  void RestoreWidths();
   void ShareWidths();
 
   Grid& grid_;
@@ -37,8 +46,6 @@ class GridBinding : public Binding {
   DiameterDelegate chips_delegate_;
   bool by_user_ = false;  ///< the user has set a column's width
   bool sharing_ = false;
-  int shape_ = -1;
-  int cells_ = -1;
   int widths_ = -1;
   int columns_ = -1;
   bool painting_ = false;

@@ -75,6 +75,12 @@ void FrozenColumns::Place() {
   raise();
 }
 
+void FrozenColumns::FollowSize() {
+  setFont(table_.font());
+  verticalHeader()->setDefaultSectionSize(table_.verticalHeader()->defaultSectionSize());
+  Place();
+}
+
 void FrozenColumns::CurrentChanged(const QModelIndex& now) {
   if (now.isValid() && now.column() < columns_) table_.horizontalScrollBar()->setValue(0);
 }

@@ -15,6 +15,9 @@ class FrozenColumns : public QTableView {
   /// The table's model and headers must be set.
   FrozenColumns(QTableView& table, int columns);
 
+  /// The table's font and rows have another size.
+  void FollowSize();
+
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
 

@@ -18,6 +18,7 @@ QVariant BackgroundOf(Tone tone) {
       return ActiveTheme().imposed;
     case Tone::kAlarm:
     case Tone::kCritical:
+    case Tone::kStrong:
     case Tone::kPlain:
     case Tone::kQuiet:
       break;
@@ -38,9 +39,7 @@ QString GridModel::SpokenCell(const GridPlace& place) const {
   return words.join(QStringLiteral(", "));
 }
 
-int GridModel::rowCount(const QModelIndex& parent) const {
-  return parent.isValid() ? 0 : grid_.row_count();
-}
+int GridModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : rows_; }
 
 int GridModel::columnCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : grid_.column_count();
@@ -58,7 +57,8 @@ QModelIndex GridModel::IndexOf(GridPlace place) const {
 }
 
 QVariant GridModel::data(const QModelIndex& index, int role) const {
-  if (!index.isValid()) return {};
+  // While changes are told, rows may be asked for that are gone by now.
+  if (!index.isValid() || index.row() >= grid_.row_count()) return {};
   const GridPlace place = PlaceOf(index);
   const GridCell& cell = grid_.At(place.row, place.column);
   const GridColumn& column = grid_.columns()[static_cast<std::size_t>(place.column)];
@@ -77,6 +77,10 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
       return grid_.IsMarked(place.row);
     case kImposedRole:
       return cell.tone == Tone::kImposed;
+    case kLockedRole:
+      return IsLocked(place.column);
+    case kStrongRole:
+      return cell.tone == Tone::kStrong;
     default:
       return {};
   }
@@ -84,6 +88,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
 
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (orientation == Qt::Vertical) {
+    if (section >= grid_.row_count()) return {};
     const int row = grid_.order()[static_cast<std::size_t>(section)];
     if (role == Qt::DisplayRole) return row + 1;
     return role == kCriticalRole ? QVariant(grid_.IsMarked(row)) : QVariant();
@@ -99,15 +104,41 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
   }
 }
 
-void GridModel::CellsChanged() {
-  if (grid_.row_count() == 0 || grid_.column_count() == 0) return;
-  Q_EMIT dataChanged(index(0, 0), index(grid_.row_count() - 1, grid_.column_count() - 1));
-  Q_EMIT headerDataChanged(Qt::Vertical, 0, grid_.row_count() - 1);
+bool GridModel::IsLocked(int column) const {
+  const auto* editable = dynamic_cast<const EditableGrid*>(&grid_);
+  return editable != nullptr && editable->IsLocked(column);
 }
 
-void GridModel::ShapeChanged() {
-  beginResetModel();
-  endResetModel();
+void GridModel::TellCells(int first, int last) {
+  last = std::min(last, rows_ - 1);
+  if (first > last || grid_.column_count() == 0) return;
+  Q_EMIT dataChanged(index(first, 0), index(last, grid_.column_count() - 1));
+  Q_EMIT headerDataChanged(Qt::Vertical, first, last);
+}
+
+void GridModel::Tell(const std::vector<GridChange>& changes) {
+  for (const auto& [kind, first, last] : changes) {
+    switch (kind) {
+      case GridChange::Kind::kCells:
+        TellCells(first, last);
+        break;
+      case GridChange::Kind::kInserted:
+        beginInsertRows({}, first, last);
+        rows_ += last - first + 1;
+        endInsertRows();
+        break;
+      case GridChange::Kind::kRemoved:
+        beginRemoveRows({}, first, last);
+        rows_ -= last - first + 1;
+        endRemoveRows();
+        break;
+      case GridChange::Kind::kReset:
+        beginResetModel();
+        rows_ = grid_.row_count();
+        endResetModel();
+        break;
+    }
+  }
 }
 
 }  // namespace kalvo

@@ -2,7 +2,7 @@
 
 #include <QAbstractTableModel>
 
-#include "form/grid.h"
+#include "form/editable_grid.h"
 
 namespace kalvo {
 
@@ -10,7 +10,8 @@ namespace kalvo {
 /// grid's order; the grid must outlive the model.
 class GridModel : public QAbstractTableModel {
  public:
-  explicit GridModel(Grid& grid, QObject* parent) : QAbstractTableModel(parent), grid_(grid) {}
+  explicit GridModel(Grid& grid, QObject* parent)
+      : QAbstractTableModel(parent), grid_(grid), rows_(grid.row_count()) {}
 
   [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
   [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
@@ -18,17 +19,19 @@ class GridModel : public QAbstractTableModel {
   [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation,
                                     int role) const override;
 
-  /// The grid has changed: cells only, or its whole shape.
-  void CellsChanged();
-  void ShapeChanged();
+  /// Tells what has become of the grid.
+  void Tell(const std::vector<GridChange>& changes);
 
   [[nodiscard]] GridPlace PlaceOf(const QModelIndex& index) const;
   [[nodiscard]] QModelIndex IndexOf(GridPlace place) const;
 
  private:
   [[nodiscard]] QString SpokenCell(const GridPlace& place) const;
+  void TellCells(int first, int last);
+  [[nodiscard]] bool IsLocked(int column) const;
 
   Grid& grid_;
+  int rows_ = 0;  ///< as the views know them: changes are told one by one
 };
 
 }  // namespace kalvo
