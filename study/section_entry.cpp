@@ -1,8 +1,6 @@
 #include "study/section_entry.h"
 
 #include <algorithm>
-#include <tuple>
-#include <type_traits>
 #include <utility>
 
 #include "study/fault.h"
@@ -12,32 +10,13 @@ namespace kalvo {
 
 namespace {
 
-// The numbers of an entry beside their row fields, in the order of the form.
-constexpr auto kNumbers =
-    std::make_tuple(std::pair{&SectionEntry::Length, &SectionRow::Length},
-                    std::pair{&SectionEntry::AnglePOP, &SectionRow::AnglePOP},
-                    std::pair{&SectionEntry::Elbow90, &SectionRow::Elbow90},
-                    std::pair{&SectionEntry::GateValve, &SectionRow::GateValve},
-                    std::pair{&SectionEntry::StrSwitch, &SectionRow::StrSwitch},
-                    std::pair{&SectionEntry::AngSwitch, &SectionRow::AngSwitch},
-                    std::pair{&SectionEntry::DiaTee, &SectionRow::DiaTee},
-                    std::pair{&SectionEntry::DieTee, &SectionRow::DieTee},
-                    std::pair{&SectionEntry::AntiTee, &SectionRow::AntiTee},
-                    std::pair{&SectionEntry::SymboTee, &SectionRow::SymboTee},
-                    std::pair{&SectionEntry::CheckValve, &SectionRow::CheckValve},
-                    std::pair{&SectionEntry::OtherDrop_mm, &SectionRow::OtherDrop_mm},
-                    std::pair{&SectionEntry::OtherDrop_m, &SectionRow::OtherDrop_m});
-
 // The length and the first five counts pass on to the next new row.
 constexpr int kCarriedNumbers = 6;
 
-template <typename Visit>
-void ForEachNumber(Visit&& visit) {
-  std::apply([&visit](const auto&... pair) { (visit(pair.first, pair.second), ...); }, kNumbers);
+std::string DefaultText(float value, Separators separators) {
+  return FormatNumber(value, separators);
 }
-
-std::string TextOf(float value, Separators separators) { return FormatNumber(value, separators); }
-std::string TextOf(std::int16_t value, Separators /*separators*/) { return NumberText(value); }
+std::string DefaultText(std::int16_t value, Separators /*separators*/) { return NumberText(value); }
 
 std::string NodeText(int number) {
   return number == 0 ? std::string(kSource) : std::to_string(number);
@@ -49,22 +28,19 @@ std::string TypedNode(std::string_view text) {
   return node == "ΑΝΤ" ? std::string(kSource) : ToCodePage(node);
 }
 
-SectionRow NewRow(const std::vector<SectionRow>& rows) {
-  SectionRow row;
-  if (!rows.empty()) {
-    row.Client = rows.front().Client;
-    row.Units = rows.front().Units;
-    row.DP = rows.front().DP;
-    row.INILAMDA = rows.front().INILAMDA;
+void TakeNumber(SectionRow& row, const NumberField& field, double value) {
+  if (const auto* number = std::get_if<float SectionRow::*>(&field)) {
+    row.*(*number) = ToSingle(value);
+  } else {
+    row.*std::get<std::int16_t SectionRow::*>(field) = ToInt16(value);
   }
-  return row;
 }
 
 // The row to be written in place of, or behind, those in `rows`.
 SectionRow BuildRow(const Study& study, const std::vector<SectionRow>& rows,
                     const SectionEntry& entry, Separators separators) {
   const auto at = static_cast<std::size_t>(study.CurrentRow - 1);
-  SectionRow row = at < rows.size() ? rows[at] : NewRow(rows);
+  SectionRow row = at < rows.size() ? rows[at] : NewSectionRow(rows);
   row.RecordNumber = row.SectionNo = study.CurrentRow;
   TakeHeader(row, study);
   row.TOT = ToInt16(static_cast<double>(rows.size()) + 1);
@@ -87,11 +63,28 @@ bool SaysMore(const SectionRow& after, SectionRow before, const Study& study) {
 
 }  // namespace
 
+SectionRow NewSectionRow(const std::vector<SectionRow>& rows) {
+  SectionRow row;
+  if (!rows.empty()) {
+    row.Client = rows.front().Client;
+    row.Units = rows.front().Units;
+    row.DP = rows.front().DP;
+    row.INILAMDA = rows.front().INILAMDA;
+  }
+  return row;
+}
+
+std::string EntryText(const SectionRow& row, const NumberField& field, Separators separators) {
+  return std::visit([&](auto member) { return DefaultText(row.*member, separators); }, field);
+}
+
 SectionEntry EntryOf(const SectionRow& row, Separators separators) {
   SectionEntry entry;
   entry.left = FromCodePage(Trim(LeftNode(row.Name)));
   entry.right = FromCodePage(Trim(RightNode(row.Name)));
-  ForEachNumber([&](auto text, auto field) { entry.*text = TextOf(row.*field, separators); });
+  for (const auto& [text, field] : kEntryNumbers) {
+    entry.*text = EntryText(row, field, separators);
+  }
   return entry;
 }
 
@@ -102,13 +95,13 @@ SectionEntry EntryForNewRow(int number, SystemKind kind, const SectionRow* previ
   entry.left = NodeText(is_open ? number : number - 1);
   entry.right = NodeText(is_open ? number - 1 : number);
   int place = 0;
-  ForEachNumber([&](auto text, auto field) {
+  for (const auto& [text, field] : kEntryNumbers) {
     if (++place > kCarriedNumbers) {
       entry.*text = "0";
     } else if (previous != nullptr) {
-      entry.*text = TextOf(previous->*field, separators);
+      entry.*text = EntryText(*previous, field, separators);
     }
-  });
+  }
   return entry;
 }
 
@@ -119,17 +112,9 @@ void TakeEntry(SectionRow& row, const SectionEntry& entry, Separators separators
   if (entry.left != shown.left || entry.right != shown.right || row.Name.Trimmed().empty()) {
     taken.Name = MakeName(TypedNode(entry.left), TypedNode(entry.right));
   }
-  ForEachNumber([&](auto text, auto field) {
-    if (entry.*text == shown.*text) {
-      return;
-    }
-    const double value = ParseNumber(entry.*text, separators);
-    if constexpr (std::is_same_v<decltype(field), float SectionRow::*>) {
-      taken.*field = ToSingle(value);
-    } else {
-      taken.*field = ToInt16(value);
-    }
-  });
+  for (const auto& [text, field] : kEntryNumbers) {
+    if (entry.*text != shown.*text) TakeNumber(taken, field, ParseNumber(entry.*text, separators));
+  }
   row = taken;
 }
 

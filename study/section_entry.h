@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <string>
 
 #include "study/workbench.h"
@@ -28,6 +29,32 @@ struct SectionEntry {
   bool operator==(const SectionEntry&) const = default;
 };
 
+/// A number of an entry beside its row field.
+struct EntryNumber {
+  std::string SectionEntry::*text;
+  NumberField field;
+};
+
+/// All of them, in the order of the form and of the sheet.
+inline constexpr std::array<EntryNumber, 13> kEntryNumbers = {{
+    {&SectionEntry::Length, &SectionRow::Length},
+    {&SectionEntry::AnglePOP, &SectionRow::AnglePOP},
+    {&SectionEntry::Elbow90, &SectionRow::Elbow90},
+    {&SectionEntry::GateValve, &SectionRow::GateValve},
+    {&SectionEntry::StrSwitch, &SectionRow::StrSwitch},
+    {&SectionEntry::AngSwitch, &SectionRow::AngSwitch},
+    {&SectionEntry::DiaTee, &SectionRow::DiaTee},
+    {&SectionEntry::DieTee, &SectionRow::DieTee},
+    {&SectionEntry::AntiTee, &SectionRow::AntiTee},
+    {&SectionEntry::SymboTee, &SectionRow::SymboTee},
+    {&SectionEntry::CheckValve, &SectionRow::CheckValve},
+    {&SectionEntry::OtherDrop_mm, &SectionRow::OtherDrop_mm},
+    {&SectionEntry::OtherDrop_m, &SectionRow::OtherDrop_m},
+}};
+
+/// The default text of a row's number in the user's notation.
+std::string EntryText(const SectionRow& row, const NumberField& field, Separators separators);
+
 /// The entry that shows `row`: names without blanks, numbers in their default text.
 SectionEntry EntryOf(const SectionRow& row, Separators separators);
 
@@ -37,6 +64,10 @@ SectionEntry EntryOf(const SectionRow& row, Separators separators);
 /// `previous` the length and the first five counts are empty.
 SectionEntry EntryForNewRow(int number, SystemKind kind, const SectionRow* previous,
                             Separators separators);
+
+/// What a new row of the study takes from the rows there are (row 1): `Client`, `Units`, `DP` and
+/// `INILAMDA`.
+SectionRow NewSectionRow(const std::vector<SectionRow>& rows);
 
 /// Takes the typed values of `entry` into `row`: the name and the thirteen numbers.
 /// Faults: 5 for a half name of more than three characters, 6 for a count outside 16 bits or a
