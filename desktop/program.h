@@ -3,6 +3,7 @@
 #include <QTimer>
 #include <memory>
 
+#include "desktop/qt_clipboard.h"
 #include "desktop/qt_clock.h"
 #include "desktop/qt_prompter.h"
 #include "desktop/qt_sound.h"
@@ -44,6 +45,7 @@ class Program {
   Study study_;
   QtSound sound_;
   QtViewer viewer_;
+  QtClipboard clipboard_;
   QtPrompter prompter_;
   FaultFile fault_file_;
   Workbench bench_;

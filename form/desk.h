@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <string>
 
+#include "form/clipboard.h"
 #include "form/navigator.h"
 #include "form/questions.h"
 #include "form/sound.h"
@@ -46,6 +47,7 @@ struct Desk {
   Navigator& navigator;
   Sound& sound;
   Viewer& viewer;
+  Clipboard& clipboard;
   Separators separators;
   Options options{};
   ScreenState screens{};

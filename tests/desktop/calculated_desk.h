@@ -25,8 +25,9 @@ struct CalculatedDesk {
   CalculatedCase study;
   CountedSound sound;
   NotedViewer viewer;
+  MemoryClipboard clipboard;
   Windows windows{QString()};
-  Desk desk{study.bench, windows, sound, viewer, Separators{',', '.'}};
+  Desk desk{study.bench, windows, sound, viewer, clipboard, Separators{',', '.'}};
 
   /// In that size, whatever the screen's.
   QWidget& Open(std::string_view screen, QSize size) {

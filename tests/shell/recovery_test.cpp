@@ -52,7 +52,8 @@ struct Recovery : ::testing::Test {
   NotedNavigator navigator;
   CountedSound sound;
   NotedViewer viewer;
-  Desk desk{bench, navigator, sound, viewer, Separators{',', '.'}};
+  MemoryClipboard clipboard;
+  Desk desk{bench, navigator, sound, viewer, clipboard, Separators{',', '.'}};
   std::string rows;
 };
 

@@ -83,7 +83,8 @@ struct LeftBehind {
   NotedNavigator navigator;
   CountedSound sound;
   NotedViewer viewer;
-  Desk desk{bench, navigator, sound, viewer, Separators{',', '.'}};
+  MemoryClipboard clipboard;
+  Desk desk{bench, navigator, sound, viewer, clipboard, Separators{',', '.'}};
   std::string rows;
 };
 
@@ -183,7 +184,8 @@ TEST(UnreadableWork, StaysWhereItIsWhenItCannotBeRenamedOrTheUserSaysNo) {
   left.failing.Mend();
   const FolderImage before = ImageOf(left.test.work_disk, kProgram);
   Workbench with_script{left.test.study, left.workspace, left.test.pipes, left.test.prompter};
-  Desk desk{with_script, left.navigator, left.sound, left.viewer, Separators{',', '.'}};
+  Desk desk{with_script, left.navigator, left.sound,
+            left.viewer, left.clipboard, Separators{',', '.'}};
   left.test.prompter.Expect(" !!... ΠΡΟΣΟΧΗ ...!! ", Answer::kNo);
   EXPECT_EQ(*SettleWorkFiles(desk), std::nullopt);
   EXPECT_EQ(left.test.prompter.boxes().back().style, box_style::kDefaultNo);
@@ -217,7 +219,7 @@ TEST(SafetyCopies, GoToTheStateFolderWhereTheirOwnCannotBeLookedInto) {
   ClosedCopies closed(left.test.outer_disk);
   Workspace workspace{left.work, kProgram, closed, TestBench::kLibraryFolder, left.test.clock};
   Workbench bench{left.test.study, workspace, left.test.pipes, left.user};
-  Desk desk{bench, left.navigator, left.sound, left.viewer, Separators{',', '.'}};
+  Desk desk{bench, left.navigator, left.sound, left.viewer, left.clipboard, Separators{',', '.'}};
   desk.data_folder = kStudies;
   desk.state_folder = "/state";
   EXPECT_TRUE(KeepSafetyCopyAnyway(desk));

@@ -73,7 +73,8 @@ class TestDesk {
   NotedNavigator navigator;
   CountedSound sound;
   NotedViewer viewer;
-  Desk desk{test.bench, navigator, sound, viewer, Separators{',', '.'}};
+  MemoryClipboard clipboard;
+  Desk desk{test.bench, navigator, sound, viewer, clipboard, Separators{',', '.'}};
 };
 
 /// The user types `text` into a field: the focus goes there, the old text is overwritten, each
