@@ -21,6 +21,7 @@
 #include <ui_frm_res_gn.h>
 #include <ui_frm_res_sheet.h>
 #include <ui_frm_safety.h>
+#include <ui_frm_tau_cross_s.h>
 #include <ui_frm_title.h>
 
 #include "entry/frm_cur_fl.h"
@@ -28,6 +29,7 @@
 #include "entry/frm_gen_data.h"
 #include "entry/frm_go_to.h"
 #include "entry/frm_liquid.h"
+#include "entry/frm_tau_cross_s.h"
 #include "results/frm_res.h"
 #include "results/frm_res_gn.h"
 #include "results/frm_res_sheet.h"
@@ -69,6 +71,7 @@ constexpr Screen kScreens[] = {
     {screen::kCurrentStudy, &MakeForm<FrmCurFL>, &SetUp<Ui::FrmCurFL>},
     {screen::kMissingValues, &MakeForm<FrmERR>, &SetUp<Ui::FrmERR>},
     {screen::kGoTo, &MakeForm<FrmGoTo>, &SetUp<Ui::FrmGoTo>},
+    {screen::kTees, &MakeForm<FrmTauCross_S>, &SetUp<Ui::FrmTauCross_S>, screen::kSheet},
     {screen::kOldStudy, &MakeForm<FrmOldStudy>, &SetUp<Ui::FrmOldStudy>},
     {screen::kStudies, &MakeForm<FrmOpenSave>, &SetUp<Ui::FrmOpenSave>},
     {screen::kRecent, &MakeForm<FrmRecFiles_S>, &SetUp<Ui::FrmRecFiles_S>},

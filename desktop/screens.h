@@ -12,6 +12,7 @@ struct Screen {
   std::string_view name;
   FormFactory make;
   void (*set_up)(QWidget& window);  ///< puts the designed parts into an empty window
+  std::string_view beside = {};     ///< the screen beside whose window it opens
 };
 
 /// All screens.

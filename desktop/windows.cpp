@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QDropEvent>
 #include <QMimeData>
-#include <QPointer>
 #include <QScreen>
 #include <QSettings>
 #include <QSplitter>
@@ -14,6 +13,7 @@
 
 #include "desktop/qt_text.h"
 #include "desktop/style_property.h"
+#include "desktop/window_pair.h"
 
 namespace kalvo {
 namespace {
@@ -148,6 +148,8 @@ Windows::Open& Windows::OpenScreen(const Screen& screen, bool modal) {
   }
   open.binder->Paint();
   Restore(*open.window);
+  QWidget* partner = WindowOf(screen.beside);
+  if (partner != nullptr && partner->isVisible()) PlaceBeside(open, *partner);
   return open;
 }
 
@@ -208,6 +210,7 @@ void Windows::Close(std::string_view screen) {
   Remember(*(*found)->window);
   (*found)->window->hide();
   if ((*found)->waiting != nullptr) (*found)->waiting->quit();
+  if ((*found)->moved) (*found)->moved->move((*found)->moved_from);
   closed_.push_back(std::move(*found));
   open_.erase(found);
   burial_.start();
@@ -296,6 +299,16 @@ void Windows::Restore(QWidget& window) {
   for (QSplitter* splitter : window.findChildren<QSplitter*>()) {
     splitter->restoreState(settings_->value(SplitterKey(window, *splitter)).toByteArray());
   }
+}
+
+void Windows::PlaceBeside(Open& open, QWidget& partner) {
+  const PairPlaces places =
+      PlacesOfPair(partner.size(), open.window->size(), partner.screen()->availableGeometry());
+  open.window->move(places.second);
+  if (!places.first || partner.isMaximized()) return;
+  open.moved = &partner;
+  open.moved_from = partner.pos();
+  partner.move(*places.first);
 }
 
 void Windows::ShowWait(std::string_view text) { wait_.Begin(ToQt(text).trimmed()); }

@@ -2,6 +2,7 @@
 
 #include <QElapsedTimer>
 #include <QEventLoop>
+#include <QPointer>
 #include <QTimer>
 #include <filesystem>
 #include <functional>
@@ -63,6 +64,8 @@ class Windows : public QObject, public Navigator {
     std::unique_ptr<QWidget> window;
     std::unique_ptr<Binder> binder;
     QEventLoop* waiting = nullptr;  ///< of a modal screen
+    QPointer<QWidget> moved;        ///< the window that made room for this one
+    QPoint moved_from;
   };
 
   Open* Find(std::string_view screen) const;
@@ -71,6 +74,7 @@ class Windows : public QObject, public Navigator {
   void Front(Open& open);
   void Remember(const QWidget& window);
   void Restore(QWidget& window);
+  static void PlaceBeside(Open& open, QWidget& partner);
   void FocusChanged(QWidget* now);
   void LetFormsIdle();
   void LeftForOthers();

@@ -25,6 +25,7 @@ class Command : public Control {
   std::vector<Key> keys;  ///< the first is shown beside the caption
   std::string hint;       ///< shown there instead of a key
   std::string icon;       ///< instead of the one that the window has for it
+  std::string spoken;     ///< read aloud instead of the caption
   std::function<void()> action;
   bool leaves_freely = false;  ///< runs whatever the field with the focus thinks of being left
   bool sounds_itself = false;  ///< its action sounds, once its tests have passed

@@ -80,4 +80,23 @@ struct PipeContent {
 };
 using PipeDrawing = Picture<PipeContent>;
 
+/// The legs of a junction as they are drawn; the stem of a tee points down.
+enum class JunctionLeg { kLeft, kRight, kDown, kUp };
+
+/// A leg with its flow: in, towards the junction, or out.
+struct JunctionFlow {
+  JunctionLeg leg = JunctionLeg::kLeft;
+  bool in = false;
+  bool operator==(const JunctionFlow&) const = default;
+};
+
+/// A tee or, with a leg that points up, a cross.
+struct JunctionContent {
+  std::string caption;
+  std::string told;  ///< the flows in words
+  std::vector<JunctionFlow> legs;
+  bool operator==(const JunctionContent&) const = default;
+};
+using Junction = Picture<JunctionContent>;
+
 }  // namespace kalvo

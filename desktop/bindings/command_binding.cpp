@@ -20,6 +20,8 @@ void CommandBinding::Paint() {
     button_.setText(caption);
     button_.setAccessibleName(caption.trimmed());
   }
+  const QString spoken = ToQt(command_.spoken);
+  if (!spoken.isEmpty() && button_.accessibleName() != spoken) button_.setAccessibleName(spoken);
   const QString hint = ToQt(command_.Hint());
   if (button_.property("hint").toString() != hint) button_.setProperty("hint", hint);
   const QString icon = ToQt(command_.icon);

@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "desktop/widgets/pictures/junction_picture.h"
 #include "desktop/widgets/pictures/pipe_picture.h"
 #include "desktop/widgets/results/branch_chain.h"
 #include "desktop/widgets/results/drop_shares.h"
@@ -56,6 +57,7 @@ std::unique_ptr<Binding> MakePictureBinding(Control& part, QWidget& widget, cons
   if (auto steps = Join<StepsContent, SectionSteps>(part, widget, act)) return steps;
   if (auto shares = Join<SharesContent, DropShares>(part, widget, act)) return shares;
   if (auto chain = Join<ChainContent, BranchChain>(part, widget, act)) return chain;
+  if (auto junction = Join<JunctionContent, JunctionPicture>(part, widget, act)) return junction;
   return Join<PipeContent, PipePicture>(part, widget, act);
 }
 

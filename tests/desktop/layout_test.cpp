@@ -16,6 +16,8 @@
 #include "desktop/widgets/buttons/hint_button.h"
 #include "desktop/widgets/pictures/junction_picture.h"
 #include "desktop/widgets/results/sheet_legend.h"
+#include "desktop/window_pair.h"
+#include "entry/tee_cases.h"
 #include "tests/desktop/pictures.h"
 
 namespace kalvo {
@@ -112,14 +114,27 @@ TEST(FrozenColumns, GiveWayToTheTableWhenOneOfTheirCellsIsChosen) {
   EXPECT_FALSE(wide.frozen->isVisible());
 }
 
-TEST(JunctionPicture, TellsTheFlowOfEachLeg) {
+TEST(JunctionPicture, IsReadAloudAndGrowsWithALegThatPointsUp) {
   JunctionPicture tee;
-  tee.setProperty("flows", "oii");
+  tee.SetContent(ContentOf(TeePicture::kT2));
   EXPECT_EQ(tee.accessibleName(), "Ταυ");
-  EXPECT_TRUE(tee.accessibleDescription().startsWith("αριστερό σκέλος: ροή από τον κόμβο"));
+  EXPECT_TRUE(tee.accessibleDescription().startsWith("αριστερό σκέλος, ροή από τον κόμβο; "));
   const int tee_height = tee.sizeHint().height();
-  tee.SetFlows("iooo");
+  tee.SetContent(ContentOf(TeePicture::kX1));
   EXPECT_GT(tee.sizeHint().height(), tee_height);
+}
+
+TEST(WindowPair, IsInTheMiddleOrItsSecondWindowAtTheRightEdge) {
+  const QSize sheet(1340, 800);
+  const QSize tees(920, 834);
+  const PairPlaces wide = PlacesOfPair(sheet, tees, {100, 40, 2560, 1400});
+  ASSERT_TRUE(wide.first);
+  EXPECT_EQ(wide.first->x() - 100, 100 + 2560 - (wide.second.x() + tees.width()));
+  EXPECT_GE(wide.second.x(), wide.first->x() + sheet.width());
+  EXPECT_EQ(wide.first->y(), 40 + (1400 - 800) / 2);
+  const PairPlaces narrow = PlacesOfPair(sheet, tees, {100, 40, 1920, 1040});
+  EXPECT_FALSE(narrow.first);
+  EXPECT_EQ(narrow.second.x(), 100 + 1920 - 920);
 }
 
 TEST(Pictures, OfRailAndJunctions) {
@@ -133,12 +148,12 @@ TEST(Pictures, OfRailAndJunctions) {
     }
     QWidget junctions;
     auto* grid = new QGridLayout(&junctions);
-    for (const char* flows : {"ioo", "oooi", "iio", "ioii"}) {
+    for (const TeePicture junction : kTeePictures) {
       auto* picture = new JunctionPicture;
-      picture->SetFlows(flows);
+      picture->SetContent(ContentOf(junction));
       grid->addWidget(picture, 0, grid->count());
     }
-    grid->addWidget(new SheetLegend, 1, 0, 1, 4);
+    grid->addWidget(new SheetLegend, 1, 0, 1, 6);
     KeepPicture(junctions, "junctions" + suffix);
     WideTable wide;
     wide.table.horizontalScrollBar()->setValue(5);

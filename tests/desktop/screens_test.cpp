@@ -33,6 +33,7 @@
 #include "tests/desktop/calculated_desk.h"
 #include "tests/desktop/pictures.h"
 #include "tests/desktop/shown_desk.h"
+#include "tests/support/tee_counters_in_memory.h"
 
 namespace kalvo {
 namespace {
@@ -95,8 +96,10 @@ TEST(AllScreens, ALetterWithAltMeansOneThingInAWindow) {
 }
 
 TEST(AllScreens, EveryOperableWidgetHasAName) {
+  TeeCountersInMemory counters;
   for (const Screen& screen : Screens()) {
     ShownDesk desk;
+    desk.shown.screens.tee_counters = &counters;
     desk.windows.Show(screen.name);
     QWidget* window = desk.windows.WindowOf(screen.name);
     if (window == nullptr) continue;
@@ -177,6 +180,9 @@ TEST_P(AllScreensIn, ShowACalculatedStudyWhole) {
   for (const Screen& screen : Screens()) {
     CalculatedDesk desk(Samples() / "hotel.PCK");
     Surround(desk);
+    TeeCountersInMemory counters;
+    counters.counts[1] = "1";
+    desk.desk.screens.tee_counters = &counters;
     desk.study.study.recovery = true;  // the menu leaves the study as it is
     QWidget design;
     screen.set_up(design);
@@ -294,6 +300,34 @@ TEST(KindWindow, ChoosesByArrowsAndGoesOnWithWhatIsChosen) {
   EXPECT_EQ(window->focusWidget()->objectName().toStdString(), "SSOption2");
   EXPECT_TRUE(desk.Part<QRadioButton>(screen::kKind, "SSOption2").isChecked());
   EXPECT_EQ(desk.test.study.system_kind, SystemKind::kOpen);
+}
+
+TEST(TeeWindow, IsUsedByItsKeysAndButtonsAndShowsWhatTheyDo) {
+  ShownDesk desk;
+  TeeCountersInMemory counters;
+  desk.shown.screens.tee_counters = &counters;
+  desk.windows.Show(screen::kTees);
+  QWidget* window = desk.windows.WindowOf(screen::kTees);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window));
+  const auto& turned = desk.Part<QLabel>(screen::kTees, "LblDiaTee");
+  const auto& through = desk.Part<QLabel>(screen::kTees, "LblDieTee");
+  TypeText(*window->focusWidget(), QStringLiteral("ψc"));
+  EXPECT_EQ(turned.text(), "2") << "the key C, Greek and Latin";
+  auto& cross = desk.Part<QPushButton>(screen::kTees, "Cmd_M");
+  cross.click();
+  EXPECT_EQ(through.text(), "2");
+  EXPECT_EQ(cross.accessibleName(), "M: αριστερό σκέλος, ροή προς τον κόμβο, Διέλευση +2");
+  EXPECT_EQ(desk.Part<QPushButton>(screen::kTees, "Cmd_O").property("tone").toString(), "quiet");
+  EXPECT_EQ(desk.Part<QWidget>(screen::kTees, "PicX2").accessibleName(), "Σταυρός");
+  QTest::keyClick(window->focusWidget(), Qt::Key_Escape);
+  EXPECT_EQ(desk.windows.WindowOf(screen::kTees), nullptr);
+  EXPECT_EQ(counters.brought, 1);
+}
+
+TEST(TeeWindow, ClosesByItselfWithoutCounters) {
+  ShownDesk desk;
+  desk.windows.Show(screen::kTees);
+  EXPECT_FALSE(desk.windows.IsOpen(screen::kTees));
 }
 
 TEST(MenuOfAField, IsGreek) {

@@ -1,7 +1,9 @@
 #include "desktop/widgets/pictures/junction_picture.h"
 
 #include <QPainter>
+#include <algorithm>
 
+#include "desktop/qt_text.h"
 #include "desktop/theme.h"
 #include "desktop/widgets/pictures/drawing.h"
 
@@ -15,36 +17,41 @@ constexpr double kTeeAbove = 36;
 constexpr double kWall = 15;  // half the width of a pipe
 constexpr double kScale = 0.8;
 
-struct Leg {
-  const char* name;
-  double angle;      // of the leg, clockwise from the right
+struct LegPlace {
+  double angle;      // clockwise from the right
   double far, near;  // ends of its arrow
 };
 
-constexpr Leg kLegs[] = {
-    {"αριστερό σκέλος", 180, 82, 26},
-    {"δεξιό σκέλος", 0, 82, 26},
-    {"κάτω σκέλος", 90, 70.4, 28.8},
-    {"άνω σκέλος", 270, 70.4, 28.8},
-};
+LegPlace PlaceOf(JunctionLeg leg) {
+  switch (leg) {
+    case JunctionLeg::kLeft:
+      return {180, 82, 26};
+    case JunctionLeg::kRight:
+      return {0, 82, 26};
+    case JunctionLeg::kDown:
+      return {90, 70.4, 28.8};
+    case JunctionLeg::kUp:
+      break;
+  }
+  return {270, 70.4, 28.8};
+}
 
 }  // namespace
 
-JunctionPicture::JunctionPicture(QWidget* parent) : QWidget(parent) {
+JunctionPicture::JunctionPicture(QWidget* parent) : PaintedPicture(parent) {
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-  SetFlows(flows_);
 }
 
-void JunctionPicture::SetFlows(const QString& flows) {
-  flows_ = flows.left(4);
-  QStringList spoken;
-  for (qsizetype i = 0; i < flows_.size(); ++i) {
-    spoken << QString("%1: ροή %2 τον κόμβο").arg(kLegs[i].name, flows_[i] == 'i' ? "προς" : "από");
-  }
-  setAccessibleName(IsCross() ? "Σταυρός" : "Ταυ");
-  setAccessibleDescription(spoken.join("; "));
+void JunctionPicture::SetContent(const JunctionContent& junction) {
+  junction_ = junction;
+  setAccessibleName(ToQt(junction.caption));
+  setAccessibleDescription(ToQt(junction.told));
   updateGeometry();
   update();
+}
+
+bool JunctionPicture::IsCross() const {
+  return std::ranges::count(junction_.legs, JunctionLeg::kUp, &JunctionFlow::leg) != 0;
 }
 
 QSize JunctionPicture::sizeHint() const {
@@ -62,12 +69,12 @@ void JunctionPicture::paintEvent(QPaintEvent*) {
   const double top = IsCross() ? -kDown : 0;
   painter.fillRect(QRectF(-kWall, top, 2 * kWall, kDown - top), theme.soft);
   DrawWalls(painter);
-  for (qsizetype i = 0; i < flows_.size(); ++i) {
-    const Leg& leg = kLegs[i];
-    const bool in = flows_[i] == 'i';
+  for (const JunctionFlow& flow : junction_.legs) {
+    const LegPlace place = PlaceOf(flow.leg);
     painter.save();
-    painter.rotate(leg.angle);
-    DrawArrow(painter, {in ? leg.far : leg.near, 0}, {in ? leg.near : leg.far, 0}, theme.primary);
+    painter.rotate(place.angle);
+    DrawArrow(painter, {flow.in ? place.far : place.near, 0}, {flow.in ? place.near : place.far, 0},
+              theme.primary);
     painter.restore();
   }
   painter.setPen(Qt::NoPen);

@@ -1,21 +1,18 @@
 #pragma once
 
-#include <QWidget>
+#include "desktop/widgets/pictures/painted_picture.h"
+#include "form/pictures.h"
 
 namespace kalvo {
 
-/// A tee or a cross with the flow of its legs.
-class JunctionPicture : public QWidget {
+/// A tee or a cross with an arrow of flow in each leg.
+class JunctionPicture : public PaintedPicture {
   Q_OBJECT
-  Q_PROPERTY(QString flows READ Flows WRITE SetFlows)
 
  public:
   explicit JunctionPicture(QWidget* parent = nullptr);
 
-  /// One letter a leg, left, right, down and for a cross up: i for a flow in, towards the centre, o
-  /// for one out. "ioo": in from the left, out to the right and down.
-  void SetFlows(const QString& flows);
-  [[nodiscard]] QString Flows() const { return flows_; }
+  void SetContent(const JunctionContent& junction);
 
   [[nodiscard]] QSize sizeHint() const override;
 
@@ -23,10 +20,10 @@ class JunctionPicture : public QWidget {
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  [[nodiscard]] bool IsCross() const { return flows_.size() == 4; }
+  [[nodiscard]] bool IsCross() const;
   void DrawWalls(QPainter& painter) const;
 
-  QString flows_ = "ioo";
+  JunctionContent junction_;
 };
 
 }  // namespace kalvo
