@@ -17,9 +17,12 @@ class Choice : public Control {
   int selected = -1;                ///< position from 0; -1: none
   std::function<void()> on_select;  ///< the user has chosen; `selected` holds what
 
+  bool takes_same = false;  ///< choosing the entry that is selected already counts too
+
   /// The user chooses an entry.
   void Select(int position) {
-    if (position == selected || position < -1 || position >= static_cast<int>(entries.size())) {
+    if ((position == selected && !takes_same) || position < -1 ||
+        position >= static_cast<int>(entries.size())) {
       return;
     }
     selected = position;

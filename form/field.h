@@ -32,7 +32,8 @@ class Field : public Control {
   bool locked = false;   ///< can be read and copied, not changed
   bool refused = false;  ///< marked until the next edit
   bool whole_selected = false;
-  std::size_t max_bytes = 0;  ///< characters of the code page; 0: no limit
+  bool highlight_dropped = false;  ///< the front-end takes the highlight off the text
+  std::size_t max_bytes = 0;       ///< characters of the code page; 0: no limit
   Tone tone = Tone::kPlain;
   Control* enter_to = nullptr;      ///< the part that Enter moves to
   std::function<void()> on_enter;   ///< Enter, instead of moving

@@ -34,6 +34,7 @@ void FieldBinding::Paint() {
   const bool refused = field_.refused || !field_.refusal().empty();
   SetStyleProperty(edit_, "state", refused ? QStringLiteral("refused") : ToneName(field_.tone));
   PaintRefusal();
+  if (std::exchange(field_.highlight_dropped, false)) edit_.deselect();
   if (field_.whole_selected && edit_.hasFocus()) {
     edit_.selectAll();
     field_.whole_selected = false;
