@@ -193,6 +193,7 @@ TEST_P(AllScreensIn, ShowACalculatedStudyWhole) {
     window.resize(window.minimumSize());
     QApplication::processEvents();
     SCOPED_TRACE("at its least size");
+    KeepPicture(window, PictureName(screen.name) + "-least");
     ExpectNothingClipped(window);
   }
 }
@@ -322,6 +323,24 @@ TEST(TeeWindow, IsUsedByItsKeysAndButtonsAndShowsWhatTheyDo) {
   QTest::keyClick(window->focusWidget(), Qt::Key_Escape);
   EXPECT_EQ(desk.windows.WindowOf(screen::kTees), nullptr);
   EXPECT_EQ(counters.brought, 1);
+}
+
+TEST(TeeWindow, HasRoomForLongNamesAndLargeCounts) {
+  ShownDesk desk;
+  TeeCountersInMemory counters;
+  counters.section = "Τμήμα 1234 : ΑΝΤ12345/ΑΝΤ12346";
+  counters.counts = {"32767", "32767", "32767", "32767"};
+  desk.shown.screens.tee_counters = &counters;
+  desk.windows.Show(screen::kTees);
+  QWidget& window = *desk.windows.WindowOf(screen::kTees);
+  window.resize(window.minimumSize());
+  auto& letter = desk.Part<QPushButton>(screen::kTees, "Cmd_C");
+  letter.setFocus();
+  letter.click();
+  QApplication::processEvents();
+  EXPECT_EQ(desk.Part<QLabel>(screen::kTees, "LblHint").property("tone").toString(), "alarm");
+  ExpectNothingClipped(window);
+  KeepPicture(window, "FrmTauCross_S-refused");
 }
 
 TEST(TeeWindow, ClosesByItselfWithoutCounters) {
