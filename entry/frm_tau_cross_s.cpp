@@ -51,7 +51,7 @@ bool FrmTauCross_S::OtherKey(const Key& key) {
   if (!key.IsText()) return false;
   const TeeCase* tee = FindTeeCase(LatinOnSameKey(key.character));
   if (tee == nullptr) return false;
-  Run(*static_cast<Command*>(Find(std::string("Cmd_") + tee->letter)));
+  Run(Get<Command>(std::string("Cmd_") + tee->letter));
   return true;
 }
 
