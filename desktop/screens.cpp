@@ -4,6 +4,8 @@
 
 #include <ui_frm_calcs.h>
 #include <ui_frm_cur_fl.h>
+#include <ui_frm_data_sheet.h>
+#include <ui_frm_dt_sheet_help.h>
 #include <ui_frm_editor.h>
 #include <ui_frm_err.h>
 #include <ui_frm_error.h>
@@ -25,6 +27,8 @@
 #include <ui_frm_title.h>
 
 #include "entry/frm_cur_fl.h"
+#include "entry/frm_data_sheet.h"
+#include "entry/frm_dt_sheet_help.h"
 #include "entry/frm_err.h"
 #include "entry/frm_gen_data.h"
 #include "entry/frm_go_to.h"
@@ -69,6 +73,8 @@ constexpr Screen kScreens[] = {
     {screen::kLiquid, &MakeForm<FrmLiquid>, &SetUp<Ui::FrmLiquid>},
     {screen::kGeneralData, &MakeForm<FrmGenData>, &SetUp<Ui::FrmGenData>},
     {screen::kCurrentStudy, &MakeForm<FrmCurFL>, &SetUp<Ui::FrmCurFL>},
+    {screen::kSheet, &MakeForm<FrmData_Sheet>, &SetUp<Ui::FrmData_Sheet>},
+    {screen::kSheetHelp, &MakeForm<FrmDtSheet_Help>, &SetUp<Ui::FrmDtSheet_Help>},
     {screen::kMissingValues, &MakeForm<FrmERR>, &SetUp<Ui::FrmERR>},
     {screen::kGoTo, &MakeForm<FrmGoTo>, &SetUp<Ui::FrmGoTo>},
     {screen::kTees, &MakeForm<FrmTauCross_S>, &SetUp<Ui::FrmTauCross_S>, screen::kSheet},

@@ -34,6 +34,7 @@ FrmMain::FrmMain(Desk& shared_desk)
                 {Plain(KeyCode::kF2)}),
       Cmd_GenData(*this, "Cmd_GenData", "Γενικά Δεδομένα", [this] { OpenGeneralData(); },
                   {Ctrl('G')}),
+      Cmd_Sect(*this, "Cmd_Sect", "Δεδομένα Τμημάτων", [this] { OpenSections(); }, {Ctrl('T')}),
       Cmd_Calc(*this, "Cmd_Calc", "Υπολογισμοί", [this] { Calculate(false); },
                {Plain(KeyCode::kF9)}),
       Cmd_Res(*this, "Cmd_Res", "ΠΑΡΟΥΣΙΑΣΗ ΑΠΟΤΕΛΕΣΜΑΤΩΝ", [this] { ShowResults(); }, {Ctrl('R')}),
@@ -93,6 +94,7 @@ void FrmMain::MakeMenus() {
              {"Mnu_Exit", "Εξοδος από το Πρόγραμμα", &Cmd_Exit}}},
            {"&Δεδομένα",
             {{"Mnu_DataG", "Γενικά Δεδομένα", &Cmd_GenData},
+             {"Mnu_DataS", "Δεδομένα Τμημάτων", &Cmd_Sect},
              {"Mnu_Liquid", "Επιλογή Ρέοντος Μέσου (Υγρού)", &CmdLiquid}}},
            {"&Υπολογισμοί",
             {{"Mnu_Mean", "Υπολογισμοί", &Cmd_Calc},
@@ -106,6 +108,7 @@ void FrmMain::MakeMenus() {
   study.insert(study.end() - 1, MenuEntry{});
   popup = {"",
            {{"", "Γενικά Δεδομένα", &Cmd_GenData},
+            {"Mnu_Sections", "Δεδομένα Τμημάτων", &Cmd_Sect},
             {"", "Υπολογισμοί", &Cmd_Calc},
             {"", "Παρουσίαση Αποτελεσμάτων", &Mnu_Results},
             {},
@@ -258,6 +261,7 @@ Command& FrmMain::CommandOf(Step step) {
     case Step::kGeneralData:
       return Cmd_GenData;
     case Step::kSections:
+      return Cmd_Sect;
     case Step::kEmitters:
       return Cmd_Open;
     case Step::kCalculation:
@@ -271,7 +275,8 @@ Command& FrmMain::CommandOf(Step step) {
 void FrmMain::DeriveNext() {
   StudyProgress progress = ProgressOf(bench.study, HasRows(), desk.separators);
   constexpr auto kAt = [](Step step) { return static_cast<std::size_t>(step); };
-  for (const Step step : {Step::kTitle, Step::kGeneralData, Step::kCalculation, Step::kResults}) {
+  for (const Step step :
+       {Step::kTitle, Step::kGeneralData, Step::kSections, Step::kCalculation, Step::kResults}) {
     progress.stations[kAt(step)].command = &CommandOf(step);
   }
   StudyRoad.stations = std::move(progress.stations);
@@ -280,7 +285,7 @@ void FrmMain::DeriveNext() {
   const Command& next = CommandOf(next_);
   Cmd_Next.caption = next.caption;
   Cmd_Next.hint = next.Hint();
-  constexpr std::string_view kIcons[] = {"title", "general", "open", "open", "calc", "results"};
+  constexpr std::string_view kIcons[] = {"title", "general", "sections", "open", "calc", "results"};
   Cmd_Next.icon = kIcons[kAt(next_)];
 }
 

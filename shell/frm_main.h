@@ -42,6 +42,7 @@ class FrmMain : public Form {
   Road StudyRoad{*this, "StudyRoad"};
   Command Cmd_Thema;
   Command Cmd_GenData;
+  Command Cmd_Sect;
   Command Cmd_Calc;
   Command Cmd_Res;
   Label LblNext{*this, "LblNext"};
@@ -91,6 +92,7 @@ class FrmMain : public Form {
   bool SettleTitle();
   void AcceptTitle();
   void OpenGeneralData();
+  void OpenSections();
   void Calculate(bool choose_method);
   void EndCalculation(CommandEnd end);
   void ShowFindings();

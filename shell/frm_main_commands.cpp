@@ -80,6 +80,24 @@ void FrmMain::OpenGeneralData() {
   desk.navigator.ShowModal(screen::kGeneralData);
 }
 
+void FrmMain::OpenSections() {
+  if (!SettleTitle()) return;
+  const Study& study = bench.study;
+  if (study.study_title.empty()) {
+    bench.Show(message::kNoTitle);
+    return;
+  }
+  if (!HasRows() && (study.MeanTemp == 0 || study.MeanVel == 0)) {
+    bench.Show(message::kNoGeneralData);
+    return;
+  }
+  if (bench.workspace.Exists(work_file::kRows) && !HasRows()) {
+    bench.workspace.Delete(work_file::kRows);
+  }
+  desk.navigator.Show(screen::kSheet);
+  desk.navigator.Hide(screen::kMain);
+}
+
 void FrmMain::Calculate(bool choose_method) {
   if (!SettleTitle()) return;
   const bool ask = choose_method || bench.study.SystemOpen();

@@ -37,7 +37,7 @@ std::string NextSentence(const Study& study, Step next, bool untouched) {
     case Step::kGeneralData:
       return "δώστε τη μέση θερμοκρασία και τη μέση ταχύτητα του υγρού.";
     case Step::kSections:
-      return "η μελέτη δεν έχει ακόμη τμήματα· ανακαλέστε ένα αρχείο μελέτης.";
+      return "η μελέτη δεν έχει ακόμη τμήματα· καταχωρήστε τα στο φύλλο.";
     case Step::kEmitters:
       return study.SystemOpen() ? "η μελέτη δεν έχει ακόμη υποδοχείς."
                                 : "η μελέτη δεν έχει ακόμη σώματα.";

@@ -4,6 +4,7 @@ namespace kalvo::message {
 
 /// The numbered messages that code shows, by what they say. Their texts are in the catalogue.
 constexpr int kNoTitle = 1;
+constexpr int kNoGeneralData = 2;
 constexpr int kNoTemperature = 3;
 constexpr int kNoVelocity = 4;
 constexpr int kNoPlant = 5;

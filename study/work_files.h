@@ -21,6 +21,7 @@ constexpr const char* kSequence = "SEQUENT.TMP";
 constexpr const char* kStatistics = "STATIST.TMP";
 constexpr const char* kWinter = "WINTCIRC.TMP";
 constexpr const char* kSheet = "Spread.ss2";
+constexpr const char* kSheetInWork = "Spread.@@@";
 constexpr const char* kSheetIntro = "Intro.ss2";
 constexpr const char* kFirstRows = "FIRSTONE.TMP";
 constexpr const char* kFirstRowsOld = "FIRSTONE.TM_";
@@ -29,17 +30,12 @@ constexpr const char* kFlowReport = "SectionsFlows.txt";
 constexpr const char* kOrigin = "ORIGIN.TMP";
 
 /// All that belongs to a study in work, in the order in which it is deleted.
-inline constexpr std::array kAll = {kRows,         kRowsBeforeInsert,
-                                    kSummerRows,   kRowsBeforeChange,
-                                    kPreviousRows, kResults,
-                                    kEmitters,     kEmittersInWork,
-                                    kRebuilt,      kPostponed,
-                                    kGeneralData,  kErrors,
-                                    kSequence,     kStatistics,
-                                    kWinter,       kSheet,
-                                    kSheetIntro,   kFirstRows,
-                                    kFirstRowsOld, kFluid,
-                                    kFlowReport,   kOrigin};
+inline constexpr std::array kAll = {
+    kRows,        kRowsBeforeInsert, kSummerRows,     kRowsBeforeChange, kPreviousRows,
+    kResults,     kEmitters,         kEmittersInWork, kRebuilt,          kPostponed,
+    kGeneralData, kErrors,           kSequence,       kStatistics,       kWinter,
+    kSheet,       kSheetIntro,       kFirstRows,      kFirstRowsOld,     kFluid,
+    kFlowReport,  kOrigin,           kSheetInWork};
 
 /// Files that outlive a study.
 constexpr const char* kRecentFiles = "RecentFiles.txt";

@@ -1,0 +1,319 @@
+#include "entry/frm_data_sheet.h"
+
+#include <algorithm>
+
+#include "entry/sheet_checks.h"
+#include "entry/sheet_columns.h"
+#include "entry/sheet_view.h"
+#include "form/tell.h"
+#include "study/message_codes.h"
+
+namespace kalvo {
+namespace {
+
+// Quiet seconds after which what was kept is forced onto the medium.
+constexpr double kQuietSeconds = 5;
+
+std::string JoinedRemarks(const std::vector<std::string>& remarks) {
+  std::string text;
+  for (const std::string& remark : remarks) {
+    text += (text.empty() ? "" : " · ") + remark;
+  }
+  return text;
+}
+
+}  // namespace
+
+FrmData_Sheet::FrmData_Sheet(Desk& shared_desk)
+    : Form(shared_desk),
+      Cmd_InsRow(*this, "Cmd_InsRow", "Παρεμβολή Σειράς", [this] { InsertRows(); },
+                 {Ctrl(KeyCode::kInsert)}),
+      Cmd_DelRow(*this, "Cmd_DelRow", "Διαγραφή σειράς", [this] { DeleteRows(); },
+                 {Ctrl(KeyCode::kDelete)}),
+      Cmd_DelCell(*this, "Cmd_DelCell", "Διαγραφή Cell", [this] { DeleteCells(); },
+                  {Plain(KeyCode::kDelete)}),
+      CmdSame(*this, "CmdSame", "Ίδιο με το τμήμα ...", [this] { OpenSame(); }),
+      Cmd_ANT1(*this, "Cmd_ANT1", "ANT στον αρχικό κόμβο",
+               [this] { SetSource(sheet_column::kLeft); }),
+      Cmd_ANT2(*this, "Cmd_ANT2", "ANT στον τελικό κόμβο",
+               [this] { SetSource(sheet_column::kRight); }),
+      Cmd_DelANT(*this, "Cmd_DelANT", "Αναίρεση ANT", [this] { DeleteSource(); }),
+      Cmd_Tau(*this, "Cmd_Tau", "Ταυ και σταυροί", [this] { OpenTees(); }),
+      CmdCopyToClpbrd(*this, "CmdCopyToClpbrd", "Αντιγραφή", [this] { CopyCells(); }, {Ctrl('C')}),
+      CmdPasteFromClpbrd(*this, "CmdPasteFromClpbrd", "Επικόλληση", [this] { PasteCells(); },
+                         {Ctrl('V'), Shift(KeyCode::kInsert)}),
+      Cmd_Save(*this, "Cmd_Save", "Save Spreadsheet", [this] { SaveSheet(); }, {Ctrl('S')}),
+      Cmd_Retrieve(*this, "Cmd_Retrieve", "Retrieve Spreadsheet", [this] { RetrieveSheet(); },
+                   {Ctrl('R')}),
+      Cmd_Headers(*this, "Cmd_Headers", " Επαναφορά Πλάτους Στηλών ",
+                  [this] { fpSpread1.RestoreWidths(); }),
+      Cmd_Help(*this, "Cmd_Help", "Βοήθεια πλήκτρων",
+               [this] { desk.navigator.ShowModal(screen::kSheetHelp); }, {Plain(KeyCode::kF1)}),
+      Cmd_Exit(*this, "Cmd_Exit", "Τέλος Καταχώρησης Τμημάτων", [this] { EndEntry(); },
+               {Ctrl(KeyCode::kEnter)}),
+      Cmd_Undo(*this, "Cmd_Undo", "Αναίρεση", [this] { GoBack(false); }, {Ctrl('Z')}),
+      Cmd_Redo(*this, "Cmd_Redo", "Επανάληψη", [this] { GoBack(true); },
+               {Ctrl('Y'), CtrlShift('Z')}),
+      Cmd_Cut(*this, "Cmd_Cut", "Αποκοπή", [this] { CutCells(); }, {Ctrl('X')}),
+      Cmd_Fill(*this, "Cmd_Fill", "Συμπλήρωση προς τα κάτω", [this] { FillDown(); },
+               {Plain(KeyCode::kF7)}),
+      Cmd_Find(*this, "Cmd_Find", "Εύρεση ...", [this] { OpenFind(); }, {Ctrl('F')}),
+      Cmd_FindNext(*this, "Cmd_FindNext", "Επόμενο", [this] { FindNext(); }, {Plain(KeyCode::kF3)}),
+      sitting_(desk) {
+  Cmd_Tau.hint = "Shift+A…T";
+  CboSame.visible = false;
+  CboSame.takes_same = true;
+  CboSame.on_select = [this] { TakeSame(CboSame.selected + 1); };
+  TxtFind.visible = false;
+  TxtFind.on_enter = [this] { FindNext(); };
+  fpSpread1.row_noun = "Τμήμα";
+  fpSpread1.text_of = [this](GridPlace at) { return sitting_.draft.Text(at.row, at.column); };
+  fpSpread1.on_accept = [this](GridPlace at, const std::string& text) {
+    return AcceptCell(at, text);
+  };
+  MakeMenus();
+}
+
+FrmData_Sheet::~FrmData_Sheet() {
+  if (desk.screens.tee_counters == this) desk.screens.tee_counters = nullptr;
+}
+
+void FrmData_Sheet::MakeMenus() {
+  menus = {{"&Φύλλο",
+            {{"", "Save Spreadsheet", &Cmd_Save},
+             {"", "Retrieve Spreadsheet", &Cmd_Retrieve},
+             {},
+             {"", "Επαναφορά Πλάτους Στηλών", &Cmd_Headers},
+             {"", "Βοήθεια πλήκτρων", &Cmd_Help},
+             {},
+             {"", "Τέλος Καταχώρησης Τμημάτων", &Cmd_Exit}}},
+           {"&Επεξεργασία",
+            {{"Mnu_Undo", "", &Cmd_Undo},
+             {"Mnu_Redo", "", &Cmd_Redo},
+             {},
+             {"", "Αποκοπή", &Cmd_Cut},
+             {"", "Αντιγραφή", &CmdCopyToClpbrd},
+             {"", "Επικόλληση", &CmdPasteFromClpbrd},
+             {"", "Διαγραφή Cell", &Cmd_DelCell},
+             {"", "Συμπλήρωση προς τα κάτω", &Cmd_Fill},
+             {},
+             {"", "Εύρεση ...", &Cmd_Find},
+             {"", "Εύρεση επόμενου", &Cmd_FindNext}}},
+           {"&Σειρές",
+            {{"", "Παρεμβολή Σειράς", &Cmd_InsRow},
+             {"", "Διαγραφή σειράς", &Cmd_DelRow},
+             {"", "Ίδιο με το τμήμα ...", &CmdSame},
+             {},
+             {"", "ANT στον αρχικό κόμβο", &Cmd_ANT1},
+             {"", "ANT στον τελικό κόμβο", &Cmd_ANT2},
+             {"", "Αναίρεση ANT", &Cmd_DelANT},
+             {},
+             {"", "Ταυ και σταυροί", &Cmd_Tau}}}};
+  popup = {"", menus[1].entries};
+}
+
+void FrmData_Sheet::Load() {
+  const bool open = bench.study.SystemOpen();
+  LblSystem.text = open ? "ΑΝΟΙΚΤΟ ΣΥΣΤΗΜΑ ΣΩΛΗΝΩΝ" : "ΚΛΕΙΣΤΟ ΣΥΣΤΗΜΑ ΣΩΛΗΝΩΝ";
+  title = "ΔΕΔΟΜΕΝΑ ΤΜΗΜΑΤΩΝ ΣΩΛΗΝΩΝ - " + LblSystem.text;
+  Cmd_ANT1.visible = !open;
+  begun_ = BeginSitting();
+  Show();
+}
+
+bool FrmData_Sheet::BeginSitting() {
+  if (Outcome begun = sitting_.Begin(); !begun) {
+    TellError(bench, begun.error());
+    return false;
+  }
+  return true;
+}
+
+void FrmData_Sheet::Show() {
+  SetUpSheet(fpSpread1, sitting_.draft);
+  fpSpread1.GoTo({0, sitting_.draft.Count() == 0 ? sheet_column::kRight : sheet_column::kLeft});
+  Focus(fpSpread1);
+}
+
+// A sheet that could not begin shows nothing that might be taken for the study.
+void FrmData_Sheet::Activate() {
+  if (!begun_) Leave(screen::kMain);
+}
+
+void FrmData_Sheet::Tell(std::string what, Tone tone) {
+  LblStatus.text = std::move(what);
+  LblStatus.tone = tone;
+  told_revision_ = sitting_.draft.revision();
+}
+
+void FrmData_Sheet::Follow(std::optional<GridPlace> at) {
+  FollowDraft(fpSpread1, sitting_.draft);
+  if (at) fpSpread1.GoTo(*at);
+  Focus(fpSpread1);
+}
+
+void FrmData_Sheet::Derive() {
+  const SectionDraft& draft = sitting_.draft;
+  const int count = draft.Count();
+  const GridPlace at = Current();
+  bench.study.CurrentRow =
+      static_cast<std::int16_t>(std::min(at.row + 1, std::max<int>(bench.study.SectionCount, 1)));
+  LblThema.text = bench.study.study_title;
+  LblCount.text = std::to_string(count) + (count == 1 ? " τμήμα" : " τμήματα");
+  LblCurrent.text = SectionText();
+  const SheetColumn& column = SheetColumns()[static_cast<std::size_t>(at.column)];
+  LblPrompt.text = column.prompt;
+  LblRemarks.text = JoinedRemarks(RowRemarks(draft, at.row));
+  LblRemarks.tone = LblRemarks.text.empty() ? Tone::kPlain : Tone::kAlarm;
+  const std::size_t missing = MissingLines(draft).size();
+  LblMissing.text = "Κενά που λείπουν: " + std::to_string(missing);
+  if (told_revision_ != draft.revision() || LblStatus.text.empty()) {
+    LblStatus.text = SelectionSummary(draft, fpSpread1.selection(), desk.separators);
+    LblStatus.tone = Tone::kPlain;
+  }
+  const DraftHistory& history = draft.history();
+  Cmd_Undo.caption = "Αναίρεση" + (history.CanUndo() ? " : " + history.ToUndo().name : "");
+  Cmd_Redo.caption = "Επανάληψη" + (history.CanRedo() ? " : " + history.ToRedo().name : "");
+}
+
+bool FrmData_Sheet::AcceptCell(GridPlace place, const std::string& text) {
+  const auto accepted = AcceptedText(text, place.column, desk.separators);
+  if (!accepted) bench.Show(message::kNumberTooLarge);
+  {
+    const SectionDraft::Action action(sitting_.draft, "Καταχώρηση", place);
+    sitting_.draft.Set(place.row, place.column, accepted.value_or(""));
+  }
+  FollowDraft(fpSpread1, sitting_.draft);
+  return true;
+}
+
+bool FrmData_Sheet::IsTeeKey(const Key& key) const {
+  return key.code == KeyCode::kCharacter && key.shift && !key.alt && key.latin >= U'A' &&
+         key.latin <= U'T';
+}
+
+// The key of the letter A names the source; the rest of its name is typed by habit.
+bool FrmData_Sheet::PressSource(const Key& key) {
+  const int column = Current().column;
+  const bool name = column == sheet_column::kRight ||
+                    (column == sheet_column::kLeft && bench.study.SystemClosed());
+  if (!name || !key.IsText() || key.shift) return false;
+  if (key.latin == U'A') {
+    fpSpread1.OpenWith(kSource);
+    return true;
+  }
+  return fpSpread1.editing() && fpSpread1.editor.text == kSource &&
+         (key.latin == U'N' || key.latin == U'T');
+}
+
+bool FrmData_Sheet::PressTee(const Key& key) {
+  if (!IsTeeKey(key) || !fpSpread1.Accept()) return false;
+  Press(static_cast<char>(key.latin));
+  Focus(fpSpread1);
+  return true;
+}
+
+bool FrmData_Sheet::FirstKey(const Key& key) {
+  if (focus() == &TxtFind || focus() == &CboSame) {
+    if (key == Plain(KeyCode::kEscape)) {
+      CloseFind();
+      CboSame.visible = false;
+      Focus(fpSpread1);
+      return true;
+    }
+    if (focus() == &CboSame && key == Plain(KeyCode::kEnter)) {
+      TakeSame(CboSame.selected + 1);
+      return true;
+    }
+    return false;
+  }
+  if (key.ctrl && !key.alt && key.latin == U'L') {
+    SelectText();
+    return true;
+  }
+  if (key.ctrl && !key.alt && key.latin == U'D') {
+    DropHighlight();
+    return true;
+  }
+  if (key.ctrl && key.shift && (key.latin == U'R' || key.latin == U'S')) {
+    Run(key.latin == U'R' ? Cmd_Retrieve : Cmd_Save);
+    return true;
+  }
+  if (IsTeeKey(key)) return PressTee(key);
+  if (key == Plain(KeyCode::kF6) && fpSpread1.Accept()) {
+    Focus(Cmd_Exit);
+    return true;
+  }
+  const bool pastes = key == Ctrl('V') && fpSpread1.editing();
+  if (pastes && desk.clipboard.Text().find_first_of("\t\n") != std::string::npos) {
+    Run(CmdPasteFromClpbrd);
+    return true;
+  }
+  return PressSource(key);
+}
+
+std::optional<SheetSitting::Pending> FrmData_Sheet::PendingText() const {
+  if (!fpSpread1.editing()) return std::nullopt;
+  return SheetSitting::Pending{Current(), fpSpread1.editor.text};
+}
+
+bool FrmData_Sheet::Keep(bool flush) {
+  if (!begun_) return true;
+  const Outcome kept = sitting_.Keep(PendingText(), flush);
+  if (!kept) Tell("Το φύλλο ΔΕΝ φυλάσσεται : " + kept.error().Line(), Tone::kAlarm);
+  return kept.ok();
+}
+
+bool FrmData_Sheet::Idle(double quiet_seconds) {
+  const bool flush = quiet_seconds >= kQuietSeconds;
+  const bool wants = sitting_.WantsKeeping(PendingText()) || (flush && sitting_.WantsFlush());
+  if (!wants || quiet_seconds < wait_after_failure_) return false;
+  const bool kept = Keep(flush);
+  wait_after_failure_ = kept ? 0 : quiet_seconds + kQuietSeconds;
+  return !kept;
+}
+
+void FrmData_Sheet::LostFocus() { Keep(true); }
+
+std::string FrmData_Sheet::SectionText() const {
+  const int row = Current().row;
+  const SectionDraft& draft = sitting_.draft;
+  const std::string& left = draft.Text(row, sheet_column::kLeft);
+  const std::string& right = draft.Text(row, sheet_column::kRight);
+  const std::string names = left.empty() && right.empty() ? "" : " :  " + left + " / " + right;
+  return "Τμήμα " + std::to_string(row + 1) + names;
+}
+
+TeeTexts FrmData_Sheet::Counts() const {
+  TeeTexts texts;
+  for (std::size_t i = 0; i < texts.size(); ++i) {
+    texts[i] = sitting_.draft.Text(Current().row, sheet_column::kDiaTee + static_cast<int>(i));
+  }
+  return texts;
+}
+
+bool FrmData_Sheet::Press(char letter) {
+  const TeeCase* tee = FindTeeCase(static_cast<char32_t>(letter));
+  if (tee == nullptr || !fpSpread1.Accept()) return false;
+  const GridPlace at = Current();
+  const auto counts = ApplyTeeCase(*tee, Table(), Counts(), desk.separators);
+  const std::string name = std::string("< ΤΑΥ > περίπτωσης <") + letter + ">";
+  if (!counts) {
+    desk.sound.Beep();
+    Tell(name + " : το πλήθος δεν περνά το 32.767", Tone::kAlarm);
+    return false;
+  }
+  {
+    const SectionDraft::Action action(sitting_.draft, name, at);
+    for (std::size_t i = 0; i < counts->size(); ++i) {
+      sitting_.draft.Set(at.row, sheet_column::kDiaTee + static_cast<int>(i), (*counts)[i]);
+    }
+  }
+  FollowDraft(fpSpread1, sitting_.draft);
+  Tell(name + " : " + EffectText(*tee, Table()));
+  return true;
+}
+
+void FrmData_Sheet::BringToFront() { desk.navigator.Show(screen::kSheet); }
+
+}  // namespace kalvo

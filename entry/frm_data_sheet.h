@@ -1,0 +1,129 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "entry/sheet_paste.h"
+#include "entry/sheet_sitting.h"
+#include "entry/tee_counters.h"
+#include "form/form.h"
+
+namespace kalvo {
+
+/// The sheet in which sections are entered, a row each. What is typed is a draft that keeps itself;
+/// leaving makes rows of the study of it.
+class FrmData_Sheet : public Form, private TeeCounters {
+ public:
+  explicit FrmData_Sheet(Desk& shared_desk);
+  ~FrmData_Sheet() override;
+
+  void Load() override;
+  void Activate() override;
+  void Derive() override;
+  bool MayClose() override;
+  bool FirstKey(const Key& key) override;
+  bool Idle(double quiet_seconds) override;
+  void LostFocus() override;
+
+  Label LblThema{*this, "LblThema"};
+  Label LblSystem{*this, "LblSystem"};
+  Label LblCount{*this, "LblCount"};
+  Label LblCurrent{*this, "LblCurrent"};
+
+  Command Cmd_InsRow;
+  Command Cmd_DelRow;
+  Command Cmd_DelCell;
+  Command CmdSame;
+  Choice CboSame{*this, "CboSame"};
+  Command Cmd_ANT1;
+  Command Cmd_ANT2;
+  Command Cmd_DelANT;
+  Command Cmd_Tau;
+  Command CmdCopyToClpbrd;
+  Command CmdPasteFromClpbrd;
+  Command Cmd_Save;
+  Command Cmd_Retrieve;
+  Command Cmd_Headers;
+  Command Cmd_Help;
+
+  Field TxtFind{*this, "TxtFind"};
+  EditableGrid fpSpread1{*this, "fpSpread1"};
+  Label LblPrompt{*this, "LblPrompt"};
+  Label LblRemarks{*this, "LblRemarks"};
+  Label LblStatus{*this, "LblStatus"};
+  Label LblMissing{*this, "LblMissing"};
+  Command Cmd_Exit;
+
+  Command Cmd_Undo;
+  Command Cmd_Redo;
+  Command Cmd_Cut;
+  Command Cmd_Fill;
+  Command Cmd_Find;
+  Command Cmd_FindNext;
+
+  [[nodiscard]] const SectionDraft& draft() const { return sitting_.draft; }
+
+ private:
+  void MakeMenus();
+  bool BeginSitting();
+  void Show();
+  /// Shows what the draft has become; `at` is the current cell then.
+  void Follow(std::optional<GridPlace> at = std::nullopt);
+  void Tell(std::string what, Tone tone = Tone::kPlain);
+
+  bool AcceptCell(GridPlace place, const std::string& text);
+  bool IsTeeKey(const Key& key) const;
+  bool PressSource(const Key& key);
+  bool PressTee(const Key& key);
+
+  void InsertRows();
+  void DeleteRows();
+  void DeleteCells();
+  void OpenSame();
+  void TakeSame(int number);
+  void SetSource(int column);
+  void DeleteSource();
+  void OpenTees();
+  void CopyCells();
+  void CutCells();
+  void PasteCells();
+  bool AskThousands(const std::string& example);
+  void TellRefused(const std::vector<CellText>& refused);
+  void FillDown();
+  void GoBack(bool forward);
+  void OpenFind();
+  void CloseFind();
+  void FindNext();
+  void SelectText();
+  void DropHighlight();
+  void SaveSheet();
+  void RetrieveSheet();
+
+  [[nodiscard]] std::optional<SheetSitting::Pending> PendingText() const;
+  bool Keep(bool flush);
+
+  void EndEntry();
+  bool IsComplete();
+  bool MayEmptyRows(const DraftRows& made);
+  void ShowNext(const DraftRows& made);
+  [[nodiscard]] bool OutletsDiffer(const DraftRows& made) const;
+  void Leave(std::string_view next);
+
+  [[nodiscard]] TeeTable Table() const override { return TeeTable::kSheet; }
+  [[nodiscard]] std::string SectionText() const override;
+  [[nodiscard]] TeeTexts Counts() const override;
+  bool Press(char letter) override;
+  void BringToFront() override;
+
+  using Form::Press;
+
+  [[nodiscard]] GridPlace Current() const { return fpSpread1.current(); }
+
+  SheetSitting sitting_;
+  bool begun_ = false;
+  int told_revision_ = 0;          ///< of the draft when LblStatus was set
+  double wait_after_failure_ = 0;  ///< quiet seconds before keeping is tried again
+};
+
+}  // namespace kalvo
