@@ -2,78 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/test_desk.h"
+#include "tests/entry/sheet_user.h"
 
 namespace kalvo {
 namespace {
-
-// The sheet of a study with a title and general data, driven by keys.
-class SheetUser {
- public:
-  explicit SheetUser(SystemKind kind = SystemKind::kClosed,
-                     const std::vector<std::string_view>& network = {})
-      : user(kind) {
-    Study& study = user.test.study;
-    if (!network.empty()) user.test.PutNetwork(network);
-    study.study_title = "Γραφεία";
-    study.MeanTemp = 80;
-    study.MeanVel = 0.75F;
-    Open();
-  }
-
-  void Open() {
-    form = std::make_unique<FrmData_Sheet>(user.desk);
-    form->Load();
-    form->Activate();
-    form->Derive();
-  }
-
-  void Press(const Key& key) {
-    Form& base = *form;
-    const bool taken = base.Press(key);
-    // What the form leaves edits the text in focus, as on a screen.
-    if (!taken && key.IsText() && key.character != 0) {
-      if (auto* field = dynamic_cast<Field*>(form->focus())) {
-        std::string piece;
-        AppendUtf8(piece, key.character);
-        const std::string before = field->whole_selected ? "" : field->text;
-        base.Type(*field, {before, piece, ""});
-      }
-    }
-    form->Derive();
-  }
-  void Press(KeyCode code) { Press(Plain(code)); }
-
-  // Cells of a row, parted by blanks; "-" leaves a cell as it is. The cursor goes on by Enter.
-  void TypeCells(std::string_view cells) {
-    std::string word;
-    for (const char c : std::string(cells) + " ") {
-      if (c != ' ') {
-        word += c;
-        continue;
-      }
-      if (word != "-") {
-        for (std::string_view rest = word; !rest.empty();) Press(Typed(TakeCharacter(rest)));
-      }
-      Press(KeyCode::kEnter);
-      word.clear();
-    }
-  }
-
-  void GoTo(int row, int column) { form->fpSpread1.GoTo({row, column}); }
-
-  [[nodiscard]] std::string Line(int row) const {
-    std::string line;
-    for (int column = 0; column < kSheetColumns; ++column) {
-      if (column > 0) line += "|";
-      line += form->fpSpread1.At(row, column).text;
-    }
-    return line.substr(0, line.find_last_not_of('|') + 1);
-  }
-
-  TestDesk user;
-  std::unique_ptr<FrmData_Sheet> form;
-};
 
 TEST(Sheet, ThreeSectionsTypedByKeysBecomeRowsAndTheEmittersFollow) {
   SheetUser sheet;
@@ -90,6 +22,271 @@ TEST(Sheet, ThreeSectionsTypedByKeysBecomeRowsAndTheEmittersFollow) {
   EXPECT_EQ(sheet.user.test.Column(&SectionRow::Length), (std::vector<float>{5.5F, 10, 7.25F}));
   EXPECT_EQ(Joined(sheet.user.navigator.log),
             "close FrmTauCross_S|show FrmSoma|close FrmData_Sheet");
+}
+
+const std::vector<std::string_view> kLoop = {"ANT/1 5m", "1/2 5m 300l/h soma 800mm", "2/ANT 5m"};
+const std::vector<std::string_view> kTree = {"1/ANT 5m", "2/1 5m 300l/h soma 2m",
+                                             "3/1 5m 200l/h soma 2m"};
+
+TEST(Sheet, ThatEndsAsItBeganWritesNothing) {
+  SheetUser sheet(SystemKind::kClosed, kLoop);
+  sheet.user.test.study.results_valid = true;
+  const std::string rows = sheet.user.test.Bytes();
+  sheet.GoTo(1, 3);
+  sheet.TypeCells("6");
+  sheet.Press(Ctrl('Z'));
+  sheet.Press(Ctrl(KeyCode::kEnter));
+  EXPECT_EQ(sheet.user.test.Bytes(), rows);
+  EXPECT_TRUE(sheet.user.test.study.results_valid);
+  EXPECT_FALSE(sheet.user.test.study.unsaved_changes);
+  EXPECT_EQ(sheet.user.navigator.log.at(1), "show FrmMain");
+  EXPECT_EQ(sheet.user.test.Bytes(work_file::kFirstRows), "(missing)");
+}
+
+TEST(Sheet, AChangedNumberVoidsResultsAndKeepsWhatTheSheetDoesNotShow) {
+  SheetUser sheet(SystemKind::kClosed, kLoop);
+  TestBench& test = sheet.user.test;
+  test.ChangeRow(2, [](SectionRow& row) {
+    row.Length = 5.123456F;
+    row.TotalDrop = 12;
+    row.NomiDiam = FixedText<15>::FromUtf8("1/2");
+  });
+  test.study.results_valid = true;
+  sheet.Open();
+  sheet.GoTo(0, 4);
+  sheet.TypeCells("3");
+  sheet.Press(Ctrl(KeyCode::kEnter));
+  EXPECT_EQ(test.Row(1).AnglePOP, 3);
+  EXPECT_EQ(test.Row(2).Length, 5.123456F);
+  EXPECT_EQ(test.Row(2).SomaDrop, 800);
+  EXPECT_EQ(test.Row(2).TotalDrop, 0);
+  EXPECT_EQ(Joined(test.Diameters()), "");
+  EXPECT_FALSE(test.study.results_valid);
+  EXPECT_TRUE(test.study.unsaved_changes);
+  EXPECT_EQ(sheet.user.navigator.log.at(1), "show FrmMain") << "no emitter form after an edit";
+}
+
+TEST(Sheet, EmittersAndPlantFollowTheirRows) {
+  SheetUser sheet(SystemKind::kClosed, kLoop);
+  TestBench& test = sheet.user.test;
+  test.study.plant_section = 3;
+  sheet.GoTo(0, 0);
+  sheet.Press(Ctrl(KeyCode::kInsert));
+  sheet.TypeCells("a 9 7");
+  sheet.GoTo(1, 0);
+  sheet.TypeCells("9");
+  sheet.Press(Ctrl(KeyCode::kEnter));
+  EXPECT_EQ(Joined(test.Names()), "ANT/9  |  9/1  |  1/2  |  2/ANT");
+  const std::vector<SectionRow> emitters = test.Rows(work_file::kEmitters);
+  ASSERT_EQ(emitters.size(), 1U);
+  EXPECT_EQ(emitters[0].RecordNumber, 3);
+  EXPECT_EQ(emitters[0].SomaDrop, 800);
+  EXPECT_EQ(test.study.plant_section, 4);
+  EXPECT_EQ(test.Row(4).Auxi, 2);
+  EXPECT_EQ(test.Row(1).SomaDrop, 0);
+  EXPECT_TRUE(test.study.emitters_unchecked);
+  EXPECT_EQ(sheet.user.navigator.log.at(1), "show FrmSoma");
+}
+
+TEST(Sheet, TheRecordOfADeletedSectionStaysUntilItIsSettled) {
+  SheetUser sheet(SystemKind::kClosed, kLoop);
+  sheet.GoTo(1, 0);
+  sheet.user.test.prompter.Expect(120, Answer::kYes);
+  sheet.Press(Ctrl(KeyCode::kDelete));
+  sheet.Press(Ctrl(KeyCode::kEnter));
+  const std::vector<SectionRow> emitters = sheet.user.test.Rows(work_file::kEmitters);
+  ASSERT_EQ(emitters.size(), 1U);
+  EXPECT_EQ(emitters[0].RecordNumber, 0);
+  EXPECT_EQ(emitters[0].SomaDrop, 800);
+  EXPECT_EQ(sheet.user.test.study.EmitterCount, 0);
+}
+
+TEST(Sheet, NamesWhatIsMissingInTheWordsOfItsKind) {
+  SheetUser closed;
+  closed.GoTo(2, 3);
+  closed.TypeCells("5");
+  closed.GoTo(0, 2);
+  closed.TypeCells("1");
+  closed.user.navigator.Expect(screen::kMissingValues, [] {});
+  closed.Press(Ctrl(KeyCode::kEnter));
+  EXPECT_EQ(closed.user.test.Bytes(work_file::kErrors),
+            "Τμήμα <1 > : Λείπει το ΜΗΚΟΣ\nΤμήμα <2 > : Λείπει ο ΑΡΧΙΚΟΣ ΚΟΜΒΟΣ\n"
+            "Τμήμα <2 > : Λείπει ο ΤΕΛΙΚΟΣ ΚΟΜΒΟΣ\nΤμήμα <2 > : Λείπει το ΜΗΚΟΣ\n"
+            "Τμήμα <3 > : Λείπει ο ΑΡΧΙΚΟΣ ΚΟΜΒΟΣ\nΤμήμα <3 > : Λείπει ο ΤΕΛΙΚΟΣ ΚΟΜΒΟΣ\n");
+  EXPECT_EQ(closed.form->LblMissing.text, "Κενά που λείπουν: 6");
+  SheetUser open(SystemKind::kOpen);
+  open.GoTo(0, 3);
+  open.TypeCells("0");
+  open.GoTo(1, 3);
+  open.TypeCells("2");
+  open.user.navigator.Expect(screen::kMissingValues, [] {});
+  open.Press(Ctrl(KeyCode::kEnter));
+  EXPECT_EQ(open.user.test.Bytes(work_file::kErrors),
+            "Τμήμα <2 > : Λείπει ο α/α του ΤΜΗΜΑΤΟΣ-ΤΡΟΦΟΔΟΤΗ\n")
+      << "0 is a value";
+}
+
+TEST(Sheet, OpenNetworkTakesTheOutletsWhereLeavesOrFeedersChange) {
+  SheetUser sheet(SystemKind::kOpen, kTree);
+  sheet.GoTo(2, 2);
+  sheet.TypeCells("2");
+  sheet.Press(Ctrl(KeyCode::kEnter));
+  EXPECT_TRUE(sheet.user.test.study.NameErrors);
+  EXPECT_EQ(sheet.user.navigator.log.at(1), "show FrmYpodo");
+}
+
+TEST(Sheet, AnEmptySheetLeavesAndAnEmptiedOneAsks) {
+  SheetUser empty;
+  empty.Press(Ctrl(KeyCode::kEnter));
+  EXPECT_EQ(empty.user.navigator.log.at(1), "show FrmMain");
+  EXPECT_EQ(empty.user.test.Bytes(), "(missing)");
+  SheetUser sheet(SystemKind::kClosed, kLoop);
+  sheet.Press(Ctrl('A'));
+  sheet.user.test.prompter.Expect(120, Answer::kYes);
+  sheet.Press(Ctrl(KeyCode::kDelete));
+  const std::string rows = sheet.user.test.Bytes();
+  sheet.user.test.prompter.Expect("  ! !   ΠΡΟΣΟΧΗ : ΔΙΑΓΡΑΦΗ   ! ! ", Answer::kNo);
+  sheet.Press(Ctrl(KeyCode::kEnter));
+  EXPECT_EQ(sheet.user.test.Bytes(), rows);
+  EXPECT_EQ(sheet.user.navigator.log.size(), 0U);
+}
+
+TEST(Sheet, KeepsItselfAndGoesOnFromWhereItWas) {
+  SheetUser sheet(SystemKind::kClosed, kLoop);
+  Workspace& workspace = sheet.user.test.workspace;
+  EXPECT_FALSE(workspace.Exists(work_file::kSheetInWork));
+  sheet.GoTo(3, 0);
+  sheet.TypeCells("2");
+  sheet.Press(Typed(U'7'));
+  sheet.form->Idle(0.3);
+  EXPECT_TRUE(workspace.Exists(work_file::kSheetInWork));
+  sheet.Open();  // the first window is gone, as after a crash
+  EXPECT_EQ(sheet.Line(3), "2|/|7") << "what stood in the open editor too";
+  sheet.user.test.prompter.Expect(" !!... ΠΡΟΣΟΧΗ ...!! ", Answer::kNo);
+  EXPECT_FALSE(sheet.form->MayClose());
+  EXPECT_TRUE(sheet.user.navigator.log.empty()) << "no stays";
+  sheet.user.test.prompter.Expect(" !!... ΠΡΟΣΟΧΗ ...!! ", Answer::kYes);
+  EXPECT_FALSE(sheet.form->MayClose());
+  EXPECT_EQ(sheet.user.navigator.log.at(1), "show FrmMain");
+  EXPECT_TRUE(workspace.Exists(work_file::kSheetInWork));
+  sheet.Open();
+  sheet.GoTo(3, 0);
+  sheet.Press(Shift(KeyCode::kEnd));
+  sheet.Press(KeyCode::kDelete);
+  sheet.form->Idle(0.3);
+  EXPECT_FALSE(workspace.Exists(work_file::kSheetInWork)) << "the rows say the same";
+}
+
+TEST(Sheet, NamesTheSourceByOneKeyAndTeesByShift) {
+  SheetUser sheet;
+  sheet.Press(Typed(U'α'));
+  sheet.Press(Typed(U'ν'));
+  sheet.Press(Typed(U'τ'));
+  sheet.Press(KeyCode::kEnter);
+  EXPECT_EQ(sheet.Line(0), "ANT|/|ANT");
+  sheet.GoTo(1, 2);
+  sheet.Press(Typed(U'5'));
+  sheet.Press(ShiftTyped(U'Μ'));  // on the place of M
+  EXPECT_EQ(sheet.Line(1), "|/|5||||||||2") << "the open cell is accepted";
+  for (const char32_t letter : {U'A', U'D', U'R', U'Q', U'B'}) sheet.Press(ShiftTyped(letter));
+  EXPECT_EQ(sheet.Line(1), "|/|5|||||||1|4||2");
+  Key with_ctrl = ShiftTyped(U'C');
+  with_ctrl.ctrl = true;
+  sheet.Press(with_ctrl);
+  EXPECT_EQ(sheet.form->fpSpread1.At(1, 9).text, "2");
+  sheet.Press(Ctrl('Z'));
+  EXPECT_EQ(sheet.form->fpSpread1.At(1, 9).text, "1");
+  EXPECT_EQ(sheet.form->Cmd_Redo.caption, "Επανάληψη : < ΤΑΥ > περίπτωσης <C>");
+  sheet.form->Run(sheet.form->Cmd_DelANT);
+  EXPECT_EQ(sheet.form->fpSpread1.At(1, 2).text, "");
+}
+
+TEST(Sheet, CopiesPastesFillsAndTakesAnotherRowsValues) {
+  SheetUser sheet(SystemKind::kClosed, kLoop);
+  Clipboard& clipboard = sheet.user.desk.clipboard;
+  sheet.GoTo(0, 0);
+  sheet.form->fpSpread1.SelectBlock({0, 0, 1, 3});
+  sheet.Press(Ctrl('C'));
+  EXPECT_EQ(clipboard.Text(), "ANT\t/\t1\t5\n1\t/\t2\t5");
+  sheet.GoTo(3, 0);
+  sheet.Press(Ctrl('V'));
+  EXPECT_EQ(sheet.Line(4), "1|/|2|5");
+  EXPECT_EQ(sheet.form->fpSpread1.block(), (GridBlock{3, 0, 4, 3}));
+  clipboard.SetText("7\t8\t1,5\tx\r\nABCD\t9\t\"2,5\"\t40000\r\n");
+  sheet.GoTo(5, 0);
+  sheet.Press(Ctrl('V'));
+  EXPECT_EQ(sheet.Line(5), "7|/|8|1,5") << "the column between the names is passed over";
+  EXPECT_EQ(sheet.Line(6), "|/|9|2,5|40000");
+  const Box& box = sheet.user.test.prompter.boxes().back();
+  EXPECT_EQ(box.lines.size(), 3U);
+  EXPECT_EQ(box.lines.at(1), "Σειρά 6, ΓΩΝ. [τεμ.] : x");
+  sheet.GoTo(6, 4);
+  sheet.Press(KeyCode::kF7);
+  sheet.form->fpSpread1.SelectBlock({5, 3, 7, 3});
+  sheet.Press(KeyCode::kF7);
+  EXPECT_EQ(sheet.Line(6), "|/|9|1,5");
+  sheet.GoTo(0, 3);
+  sheet.form->Run(sheet.form->CmdSame);
+  EXPECT_EQ(sheet.form->CboSame.selected, 7);
+  sheet.Press(KeyCode::kEnter);
+  EXPECT_EQ(sheet.Line(0), "ANT|/|1|1,5");
+  EXPECT_FALSE(sheet.form->CboSame.visible);
+}
+
+TEST(Sheet, TakesNoMoreThan999SectionsAndNoNumberThatNoRowHolds) {
+  SheetUser sheet;
+  std::string rows;
+  for (int row = 0; row < 1200; ++row) rows += "1\t/\t2\t3,5\n";
+  sheet.user.desk.clipboard.SetText(rows);
+  sheet.GoTo(0, 0);
+  sheet.Press(Ctrl('V'));
+  EXPECT_EQ(sheet.form->draft().Count(), 999);
+  EXPECT_EQ(sheet.form->fpSpread1.row_count(), 999);
+  sheet.GoTo(0, 0);
+  sheet.Press(Ctrl(KeyCode::kInsert));
+  EXPECT_EQ(sheet.form->draft().Count(), 999);
+  sheet.GoTo(5, 6);
+  sheet.TypeCells("32768");
+  EXPECT_EQ(sheet.user.test.prompter.codes().back(), 200);
+  EXPECT_EQ(sheet.Line(5), "1|/|2|3,5");
+  sheet.TypeCells("032767");
+  EXPECT_EQ(sheet.form->fpSpread1.At(5, 7).text, "32767");
+}
+
+TEST(Sheet, FindsRoundAndSaysWhatIsRemarkable) {
+  SheetUser sheet(SystemKind::kClosed, kLoop);
+  sheet.Press(Ctrl('F'));
+  TypeInto(*sheet.form, sheet.form->TxtFind, "ant");
+  sheet.Press(KeyCode::kEnter);
+  EXPECT_EQ(sheet.form->fpSpread1.current(), (GridPlace{2, 2}));
+  sheet.Press(KeyCode::kF3);
+  EXPECT_EQ(sheet.form->fpSpread1.current(), (GridPlace{0, 0}));
+  sheet.Press(KeyCode::kEscape);
+  EXPECT_EQ(sheet.form->focus(), &sheet.form->fpSpread1);
+  sheet.GoTo(1, 2);
+  sheet.TypeCells("8");
+  sheet.GoTo(1, 0);
+  sheet.form->Derive();
+  EXPECT_EQ(sheet.form->LblRemarks.text, "κανένα τμήμα δεν αρχίζει στον κόμβο 8");
+  sheet.form->fpSpread1.SelectBlock({0, 3, 2, 3});
+  sheet.form->Derive();
+  EXPECT_EQ(sheet.form->LblStatus.text, "Επιλογή : 3 τιμές · άθροισμα 15");
+}
+
+TEST(Sheet, SavesAndRetrievesAsOneUndoableStep) {
+  SheetUser sheet(SystemKind::kClosed, kLoop);
+  sheet.Press(Ctrl('S'));
+  sheet.GoTo(0, 3);
+  sheet.TypeCells("9");
+  sheet.Press(Ctrl('R'));
+  EXPECT_EQ(sheet.Line(0), "ANT|/|1|5");
+  EXPECT_EQ(sheet.form->draft().At(1).origin, 2);
+  sheet.Press(Ctrl('Z'));
+  EXPECT_EQ(sheet.Line(0), "ANT|/|1|9");
+  EXPECT_TRUE(sheet.user.test.workspace.Write(work_file::kSheet, "cells").ok());
+  sheet.Press(Ctrl('R'));
+  EXPECT_EQ(sheet.form->LblStatus.tone, Tone::kAlarm);
+  EXPECT_EQ(sheet.Line(0), "ANT|/|1|9");
 }
 
 }  // namespace

@@ -1,0 +1,81 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "entry/frm_data_sheet.h"
+#include "tests/support/test_desk.h"
+
+namespace kalvo {
+
+/// The sheet of a study with a title and general data, driven by keys.
+class SheetUser {
+ public:
+  explicit SheetUser(SystemKind kind = SystemKind::kClosed,
+                     const std::vector<std::string_view>& network = {})
+      : user(kind) {
+    Study& study = user.test.study;
+    if (!network.empty()) user.test.PutNetwork(network);
+    study.study_title = "Γραφεία";
+    study.MeanTemp = 80;
+    study.MeanVel = 0.75F;
+    Open();
+  }
+
+  void Open() {
+    form = std::make_unique<FrmData_Sheet>(user.desk);
+    form->Load();
+    form->Activate();
+    form->Derive();
+  }
+
+  void Press(const Key& key) {
+    Form& base = *form;
+    const bool taken = base.Press(key);
+    // What the form leaves edits the text in focus, as on a screen.
+    if (!taken && key.IsText() && key.character != 0) {
+      if (auto* field = dynamic_cast<Field*>(form->focus())) {
+        std::string piece;
+        AppendUtf8(piece, key.character);
+        const std::string before = field->whole_selected ? "" : field->text;
+        base.Type(*field, {before, piece, ""});
+      }
+    }
+    form->Derive();
+  }
+  void Press(KeyCode code) { Press(Plain(code)); }
+
+  // Cells of a row, parted by blanks; "-" leaves a cell as it is. The cursor goes on by Enter.
+  void TypeCells(std::string_view cells) {
+    std::string word;
+    for (const char c : std::string(cells) + " ") {
+      if (c != ' ') {
+        word += c;
+        continue;
+      }
+      if (word != "-") {
+        for (std::string_view rest = word; !rest.empty();) Press(Typed(TakeCharacter(rest)));
+      }
+      Press(KeyCode::kEnter);
+      word.clear();
+    }
+  }
+
+  void GoTo(int row, int column) { form->fpSpread1.GoTo({row, column}); }
+
+  [[nodiscard]] std::string Line(int row) const {
+    std::string line;
+    for (int column = 0; column < kSheetColumns; ++column) {
+      if (column > 0) line += "|";
+      line += form->fpSpread1.At(row, column).text;
+    }
+    return line.substr(0, line.find_last_not_of('|') + 1);
+  }
+
+  TestDesk user;
+  std::unique_ptr<FrmData_Sheet> form;
+};
+
+}  // namespace kalvo
