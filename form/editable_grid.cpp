@@ -73,6 +73,7 @@ void EditableGrid::Selected(bool by_user) {
 }
 
 void EditableGrid::GoTo(GridPlace place, bool extend) {
+  if (!Accept()) return;
   SetCurrent(place);
   if (!extend) anchor_ = current();
   const GridPlace now = current();

@@ -62,7 +62,8 @@ class EditableGrid : public Grid {
   /// Grows with every change of current cell or selection.
   [[nodiscard]] int selection_revision() const { return selection_revision_; }
 
-  /// Moves the current cell, or with `extend` the far end of its block.
+  /// Moves the current cell, or with `extend` the far end of its block. An open editor is accepted
+  /// first; one that stays open keeps the cell.
   void GoTo(GridPlace place, bool extend = false);
   /// The form selects a block; the current cell is its first.
   void SelectBlock(const GridBlock& block);

@@ -68,7 +68,7 @@ std::optional<SheetRow> ReadRow(std::string_view line, char from, char to) {
   const auto origin = origin_text ? WholeNumber(*origin_text) : std::nullopt;
   if (!origin || !name) return std::nullopt;
   row.origin = *origin;
-  row.origin_name = FixedText<7>::FromUtf8(*name);
+  row.origin_name = FixedText<7>::FromBytes(ToCodePage(*name));
   for (int column = 0; column < kSheetColumns; ++column) {
     const auto text = column + 1 < kSheetColumns ? TakeUntil(line, '\t') : std::optional(line);
     if (!text || text->find('\t') != std::string_view::npos) return std::nullopt;
@@ -103,7 +103,7 @@ std::string EncodeSheet(const SheetImage& image, char decimal) {
   bytes += "\t" + std::to_string(image.base_rows) + "\t" + std::to_string(image.rows.size()) + "\n";
   for (const SheetRow& row : image.rows) {
     bytes += std::to_string(row.origin) + "\t";
-    AppendText(bytes, row.origin_name.Utf8());
+    AppendText(bytes, FromCodePage(row.origin_name.bytes()));
     for (const std::string& text : row.texts) {
       bytes += '\t';
       AppendText(bytes, text);
