@@ -41,6 +41,32 @@ bool HasValues(const SectionRow& row, const OutletValues& values) {
          row.HeightDiff == values.height_m;
 }
 
+bool SameValues(const SectionRow& a, const SectionRow& b) {
+  return HasValues(a, {b.WaterFlow, b.SomaDrop, b.HeightDiff});
+}
+
+bool SameOutlets(const Rows& a, const Rows& b) {
+  return std::ranges::equal(a, b, [](const SectionRow& one, const SectionRow& other) {
+    return one.RecordNumber == other.RecordNumber && SameValues(one, other);
+  });
+}
+
+// Both say the same of outlets and of the study; the flow of a section that is no outlet may be a
+// sum.
+bool RowsAgree(const RowTable& before, const RowTable& after) {
+  return std::ranges::equal(
+      before.rows(), after.rows(), [](const SectionRow& was, const SectionRow& is) {
+        const bool is_outlet = is.HasEmitter() || is.WaterFlow != 0;
+        return was.Outlets == is.Outlets && KindOf(was) == KindOf(is) &&
+               was.SomaDrop == is.SomaDrop && (!is_outlet || SameValues(was, is));
+      });
+}
+
+void MarkOutletsChanged(Study& study) {
+  study.unsaved_changes = true;
+  study.results_valid = false;
+}
+
 }  // namespace
 
 double FeederNumber(const FixedText<7>& name) {
@@ -71,10 +97,14 @@ Rows ListOutlets(Workbench& bench) {
       TakeFormerValues(record, before, store.rows());
     }
   }
-  if (records.size() == 1 && !bench.workspace.Exists(work_file::kEmitters)) {
+  const bool is_first = !bench.workspace.Exists(work_file::kEmitters);
+  if (records.size() == 1 && is_first) {
     bench.study.unsaved_changes = true;
   }
-  Require(bench.workspace.Rows(work_file::kEmitters).WriteAll(records));
+  if (is_first || !SameOutlets(records, before) ||
+      !std::ranges::equal(records, before, {}, &SectionRow::Name, &SectionRow::Name)) {
+    Require(bench.workspace.Rows(work_file::kEmitters).WriteAll(records));
+  }
   bench.study.EmitterCount = ToInt16(static_cast<double>(records.size()));
   return records;
 }
@@ -83,9 +113,8 @@ void StoreOutlet(Workbench& bench, int index, const OutletValues& values) {
   RowStore outlets(bench.workspace, work_file::kEmitters);
   RowStore rows(bench.workspace);
   SectionRow& outlet = outlets.At(index);
-  if (!HasValues(rows.At(outlet.RecordNumber), values)) {
-    bench.study.unsaved_changes = true;
-    bench.study.results_valid = false;
+  if (HasValues(outlet, values) && HasValues(rows.At(outlet.RecordNumber), values)) {
+    return;
   }
   for (SectionRow* row : {&outlet, &rows.At(outlet.RecordNumber)}) {
     row->WaterFlow = values.flow_lh;
@@ -118,9 +147,10 @@ Rows CopyOutletsToRows(const Workspace& workspace, RowStore& store) {
   return known;
 }
 
-void EndOutlets(Workbench& bench) {
+void EndOutlets(Workbench& bench, const Rows& opened) {
   Study& study = bench.study;
   RowStore store(bench.workspace);
+  const RowTable before = store;
   const Rows outlets = CopyOutletsToRows(bench.workspace, store);
   const std::int16_t count = ToInt16(static_cast<double>(outlets.size()));
   float total = 0;
@@ -128,19 +158,27 @@ void EndOutlets(Workbench& bench) {
     store.At(outlet.RecordNumber).HeightDiff = outlet.HeightDiff;
     total = ToSingle(static_cast<double>(total) + outlet.WaterFlow);
   }
-  study.TotalFlowM3h = ToSingle(total / 1000.0);
   for (SectionRow& row : store.rows()) {
-    study.unsaved_changes = study.unsaved_changes || row.Outlets != count;
     row.TOT = ToInt16(store.count());
     row.Outlets = count;
     SetKind(row, SystemKind::kOpen, kKindOfEmitters);
   }
-  store.Save();
-  RefreshSectionTable(study, store.rows());
-  RefreshEmitterTable(study, outlets);
-  study.results_valid = false;  // the feeders have no flow until the next run
+  if (!SameOutlets(outlets, opened) || !RowsAgree(before, store)) {
+    store.Save();
+    study.TotalFlowM3h = ToSingle(total / 1000.0);
+    RefreshSectionTable(study, store.rows());
+    RefreshEmitterTable(study, outlets);
+    MarkOutletsChanged(study);  // the feeders have no flow until the next run
+  }
   study.NameErrors = false;
-  study.emitters_unchecked = false;
+  study.emitters_unchecked = !std::all_of(outlets.begin(), outlets.end(), HasOutletValues);
+}
+
+void LeaveOutletsUnchecked(Workbench& bench, const Rows& opened) {
+  if (!SameOutlets(ReadOutlets(bench.workspace), opened)) {
+    MarkOutletsChanged(bench.study);
+  }
+  bench.study.emitters_unchecked = true;
 }
 
 }  // namespace kalvo

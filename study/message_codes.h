@@ -24,6 +24,7 @@ constexpr int kNoData = 139;
 constexpr int kNoResults = 140;
 constexpr int kNoEmitterData = 142;
 constexpr int kNoOutletData = 143;
+constexpr int kSectionTaken = 150;
 constexpr int kResultsAreThere = 190;
 constexpr int kNumberTooLarge = 200;
 constexpr int kPipesDoNotSuffice = -300;

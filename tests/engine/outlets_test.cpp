@@ -84,8 +84,10 @@ TEST(Outlets, WhatTheFileAloneKnowsOfANameIsListed) {
   EXPECT_EQ(outlets[1].WaterFlow, 200.0F);
   rows[2].HeightDiff = 0;
   ASSERT_TRUE(bench.workspace.Rows().WriteAll(rows).ok());
-  EndOutlets(bench.bench);
+  EndOutlets(bench.bench, outlets);
   EXPECT_EQ(bench.Row(3).HeightDiff, 3.0F);
+  EXPECT_TRUE(bench.study.unsaved_changes) << "the rows did not know them";
+  EXPECT_TRUE(bench.study.emitters_unchecked) << "one has no values";
 }
 
 TEST(Outlets, RowOneHangsOnNothingWhateverItsNameSays) {
@@ -115,27 +117,45 @@ TEST(Outlets, TheFirstListOfASingleOutletIsAChange) {
 TEST(Outlets, TheEndOfTheirEntryPutsThemIntoTheRows) {
   TestBench bench(SystemKind::kOpen);
   bench.PutNetwork({"1/ANT 9 l/h outlet 9mwg", "2/1", "3/1"});
-  bench.study.emitters_unchecked = bench.study.NameErrors = true;
-  ListOutlets(bench.bench);
+  bench.study.emitters_unchecked = bench.study.NameErrors = bench.study.results_valid = true;
+  const auto opened = ListOutlets(bench.bench);
   StoreOutlet(bench.bench, 1, {300.5F, 5, 0});
   StoreOutlet(bench.bench, 2, {200, 10, 7.5F});
   EXPECT_EQ(bench.Row(3).HeightDiff, 7.5F);
-  EXPECT_TRUE(bench.study.unsaved_changes);
-  EXPECT_FALSE(bench.study.results_valid);
-  bench.study.results_valid = true;
-  bench.study.unsaved_changes = false;
-  StoreOutlet(bench.bench, 2, {200, 10, 7.5F});  // as it was
-  EXPECT_FALSE(bench.study.unsaved_changes);
-  EndOutlets(bench.bench);
+  EndOutlets(bench.bench, opened);
   EXPECT_EQ(WaterFlows(bench), (Floats{0, 300.5F, 200}));
   EXPECT_EQ(bench.Row(1).SomaDrop, 0.0F);
   EXPECT_EQ(bench.Row(1).Outlets, 2);
   EXPECT_EQ(bench.Row(1).ANOIK, 1);
   EXPECT_EQ(bench.study.TotalFlowM3h, 0.5005F);
   EXPECT_EQ(bench.study.EmitterTable.at(1).flow_lh, 200.0);
-  EXPECT_TRUE(bench.study.unsaved_changes);  // there was one before
-  EXPECT_FALSE(bench.study.results_valid);   // the feeders have no flow now
+  EXPECT_TRUE(bench.study.unsaved_changes);
+  EXPECT_FALSE(bench.study.results_valid);  // the feeders have no flow now
   EXPECT_FALSE(bench.study.emitters_unchecked || bench.study.NameErrors);
+}
+
+TEST(Outlets, AnEntryThatEndsAsItBeganWritesNothing) {
+  TestBench bench(SystemKind::kOpen);
+  bench.PutNetwork({"1/ANT", "2/1 outlet 300 l/h 5mwg", "3/1 outlet 200 l/h 5mwg"});
+  EndOutlets(bench.bench, {});
+  SumOutletFlows(bench.bench);
+  bench.study.results_valid = true;
+  bench.study.unsaved_changes = false;
+  const std::string rows = bench.Bytes();
+  const std::string records = bench.Bytes(work_file::kEmitters);
+  const auto opened = ListOutlets(bench.bench);
+  EXPECT_EQ(bench.Bytes(work_file::kEmitters), records);
+  StoreOutlet(bench.bench, 1, {450, 5, 0});
+  StoreOutlet(bench.bench, 1, {300, 5, 0});
+  EndOutlets(bench.bench, opened);
+  EXPECT_EQ(bench.Bytes(), rows) << "the sum of row 1 too";
+  EXPECT_TRUE(bench.study.results_valid);
+  EXPECT_FALSE(bench.study.unsaved_changes);
+  LeaveOutletsUnchecked(bench.bench, opened);
+  EXPECT_TRUE(bench.study.results_valid && bench.study.emitters_unchecked);
+  StoreOutlet(bench.bench, 1, {450, 5, 0});
+  LeaveOutletsUnchecked(bench.bench, opened);
+  EXPECT_FALSE(bench.study.results_valid);
 }
 
 }  // namespace

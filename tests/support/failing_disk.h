@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <csignal>
+#include <functional>
 #include <limits>
 #include <string>
 #include <string_view>
@@ -116,11 +117,15 @@ class UnreadableDisk : public ForwardingDisk {
   std::string barred_;
 };
 
-/// A disk that kills its own process with SIGKILL after step `last_step`, counted from 1. A
+/// A disk that kills its own process with SIGKILL, or does what is to stand for it, after step
+/// `last_step`, counted from 1. A
 /// changing operation is one step; a write is two, the first half of its bytes and the whole.
 class KillingDisk : public ForwardingDisk {
  public:
-  KillingDisk(Disk& inner, int last_step) : ForwardingDisk(inner), steps_left_(last_step) {}
+  KillingDisk(
+      Disk& inner, int last_step,
+      std::function<void()> kill = [] { static_cast<void>(std::raise(SIGKILL)); })
+      : ForwardingDisk(inner), steps_left_(last_step), kill_(std::move(kill)) {}
 
   Outcome Write(const std::filesystem::path& path, std::string bytes) override {
     return Step(inner_.Write(path, bytes.substr(0, bytes.size() / 2))) &&
@@ -145,13 +150,12 @@ class KillingDisk : public ForwardingDisk {
 
  private:
   Outcome Step(Outcome outcome) {
-    if (--steps_left_ == 0) {
-      static_cast<void>(std::raise(SIGKILL));
-    }
+    if (--steps_left_ == 0) kill_();
     return outcome;
   }
 
   int steps_left_;
+  std::function<void()> kill_;
 };
 
 }  // namespace kalvo
