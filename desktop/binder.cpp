@@ -65,6 +65,11 @@ QString MenuCaption(std::string_view caption, bool from_outside) {
   return from_outside ? text.replace(QLatin1Char('&'), QStringLiteral("&&")) : text;
 }
 
+// The command's key as a menu shows it, at the right.
+QString KeyColumn(const Command& command) {
+  return command.keys.empty() ? QString() : QLatin1Char('\t') + ToQt(KeyText(command.keys.front()));
+}
+
 // What the action threw, nothing when it went well.
 template <typename Action>
 std::exception_ptr ThrownBy(const Action& action) {
@@ -145,7 +150,7 @@ QMenu* Binder::MakeMenu(const Menu& menu) {
     Command* command = entry.command;
     QString caption = MenuCaption(entry.caption.empty() ? command->caption : entry.caption,
                                   entry.caption.empty());
-    if (!command->keys.empty()) caption += QLatin1Char('\t') + ToQt(KeyText(command->keys.front()));
+    caption += KeyColumn(*command);
     QAction* action = made->addAction(caption);
     action->setObjectName(ToQt(entry.name));
     action->setProperty(kFollowsCommand, entry.caption.empty());
@@ -224,7 +229,7 @@ void Binder::PaintMenus() {
   for (const auto& [command, action] : actions_) {
     action->setVisible(command->visible);
     if (action->property(kFollowsCommand).toBool()) {
-      action->setText(MenuCaption(command->caption, true));
+      action->setText(MenuCaption(command->caption, true) + KeyColumn(*command));
     }
   }
 }
@@ -303,9 +308,22 @@ QStringList Binder::missing() const {
   return names;
 }
 
-bool Binder::KeyPressed(QObject* watched, const QKeyEvent& event) {
+// The widget to which keys go.
+bool Binder::HasKeys(const QObject* watched) const {
   const QWidget* focus = window_.focusWidget();
-  if (watched != (focus == nullptr ? &window_ : focus)) return false;
+  return watched == (focus == nullptr ? &window_ : focus);
+}
+
+void Binder::KeyReleased(QObject* watched, const QKeyEvent& event) {
+  if (!HasKeys(watched)) return;
+  if (const auto key = chord_.Released(event)) {
+    Do([&] { form_.Press(*key); });
+  }
+}
+
+bool Binder::KeyPressed(QObject* watched, const QKeyEvent& event) {
+  if (!HasKeys(watched) || chord_.HoldsBack(event)) return false;
+  const QWidget* focus = window_.focusWidget();
   const Key key = KeyOf(event);
   if (key == Key{}) return false;
   bool taken = false;
@@ -323,6 +341,12 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
   switch (event->type()) {
     case QEvent::KeyPress:
       return KeyPressed(watched, static_cast<const QKeyEvent&>(*event));
+    case QEvent::KeyRelease:
+      KeyReleased(watched, static_cast<const QKeyEvent&>(*event));
+      return false;
+    case QEvent::WindowDeactivate:
+      chord_.Forget();
+      return false;
     case QEvent::Close:
       if (watched != &window_) return false;
       event->ignore();

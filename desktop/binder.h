@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "desktop/bindings/binding.h"
+#include "desktop/key_chord.h"
 #include "form/form.h"
 
 class QAction;
@@ -54,6 +55,8 @@ class Binder : public QObject {
   QMenu* MakeMenu(const Menu& menu);
   void ShowPopup(const QPoint& at);
   bool KeyPressed(QObject* watched, const QKeyEvent& event);
+  void KeyReleased(QObject* watched, const QKeyEvent& event);
+  [[nodiscard]] bool HasKeys(const QObject* watched) const;
   [[nodiscard]] Binding* BindingOf(const QWidget* widget) const;
   [[nodiscard]] Control* PartOf(const QWidget* widget) const;
   void PaintMenus();
@@ -72,6 +75,7 @@ class Binder : public QObject {
   std::vector<Bound> bound_;
   std::vector<std::pair<const Command*, QAction*>> actions_;
   QStringList stray_widgets_;
+  KeyChord chord_;
   int focus_moves_ = 0;
   int depth_ = 0;           ///< actions under way
   bool unpainted_ = false;  ///< the last painting failed

@@ -9,6 +9,7 @@
 #include <ui_frm_editor.h>
 #include <ui_frm_err.h>
 #include <ui_frm_error.h>
+#include <ui_frm_f12.h>
 #include <ui_frm_ff.h>
 #include <ui_frm_file_os.h>
 #include <ui_frm_gen_data.h>
@@ -24,16 +25,21 @@
 #include <ui_frm_res_sheet.h>
 #include <ui_frm_safety.h>
 #include <ui_frm_tau_cross_s.h>
+#include <ui_frm_soma.h>
 #include <ui_frm_title.h>
+#include <ui_frm_ypodo.h>
 
 #include "entry/frm_cur_fl.h"
 #include "entry/frm_data_sheet.h"
 #include "entry/frm_dt_sheet_help.h"
 #include "entry/frm_err.h"
+#include "entry/frm_f12.h"
 #include "entry/frm_gen_data.h"
 #include "entry/frm_go_to.h"
 #include "entry/frm_liquid.h"
 #include "entry/frm_tau_cross_s.h"
+#include "entry/frm_soma.h"
+#include "entry/frm_ypodo.h"
 #include "results/frm_res.h"
 #include "results/frm_res_gn.h"
 #include "results/frm_res_sheet.h"
@@ -76,6 +82,9 @@ constexpr Screen kScreens[] = {
     {screen::kSheet, &MakeForm<FrmData_Sheet>, &SetUp<Ui::FrmData_Sheet>},
     {screen::kSheetHelp, &MakeForm<FrmDtSheet_Help>, &SetUp<Ui::FrmDtSheet_Help>},
     {screen::kMissingValues, &MakeForm<FrmERR>, &SetUp<Ui::FrmERR>},
+    {screen::kEmitters, &MakeForm<FrmSoma>, &SetUp<Ui::FrmSoma>},
+    {screen::kOutlets, &MakeForm<FrmYpodo>, &SetUp<Ui::FrmYpodo>},
+    {screen::kMemoryValues, &MakeForm<FrmF12>, &SetUp<Ui::FrmF12>},
     {screen::kGoTo, &MakeForm<FrmGoTo>, &SetUp<Ui::FrmGoTo>},
     {screen::kTees, &MakeForm<FrmTauCross_S>, &SetUp<Ui::FrmTauCross_S>, screen::kSheet},
     {screen::kOldStudy, &MakeForm<FrmOldStudy>, &SetUp<Ui::FrmOldStudy>},

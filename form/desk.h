@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <filesystem>
 #include <string>
 
@@ -27,6 +28,9 @@ enum class ResultsView { kOne = 0, kOneFromSheet = 1, kSheet = 2 };
 
 class TeeCounters;
 
+/// No value is in memory.
+constexpr float kNoMemory = -1.0F;
+
 /// What screens tell each other and outlives them. One value of each for the whole program.
 struct ScreenState {
   bool asked_to_leave_saved = false;     ///< message 135 was shown in this run
@@ -38,6 +42,10 @@ struct ScreenState {
   bool WinterPump = false;
   bool edit_mode = false;  ///< section or emitter entry began with rows, or with a list
   bool ResultsLeft = false;
+  /// Values that F12 puts into the fields: flow in l/h and drop in mm w.g. of an emitter.
+  std::array<float, 2> emitter_memory{kNoMemory, kNoMemory};
+  /// Flow in l/h, flow pressure in m w.g. and height in m of an outlet.
+  std::array<float, 3> outlet_memory{kNoMemory, kNoMemory, kNoMemory};
   TeeCounters* tee_counters = nullptr;  ///< what the tee window serves; nothing: it is closed
 };
 

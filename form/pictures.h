@@ -98,5 +98,21 @@ struct JunctionContent {
   bool operator==(const JunctionContent&) const = default;
 };
 using Junction = Picture<JunctionContent>;
+/// One outlet as a column: its height above the pump, on it the pressure that it needs. In m.
+struct OutletColumn {
+  std::string section;
+  float height = 0;
+  float pressure = 0;
+  std::string total;  ///< of both, ready to be shown
+  bool operator==(const OutletColumn&) const = default;
+};
+
+/// Heights and pressures of the outlets side by side.
+struct OutletChartContent {
+  std::vector<OutletColumn> columns;
+  int current = -1;  ///< the column of the outlet in hand; -1: none
+  bool operator==(const OutletChartContent&) const = default;
+};
+using OutletChart = Picture<OutletChartContent>;
 
 }  // namespace kalvo

@@ -35,6 +35,7 @@ FrmMain::FrmMain(Desk& shared_desk)
       Cmd_GenData(*this, "Cmd_GenData", "Γενικά Δεδομένα", [this] { OpenGeneralData(); },
                   {Ctrl('G')}),
       Cmd_Sect(*this, "Cmd_Sect", "Δεδομένα Τμημάτων", [this] { OpenSections(); }, {Ctrl('T')}),
+      Cmd_Somata(*this, "Cmd_Somata", "", [this] { OpenEmitterData(); }, {Ctrl('E')}),
       Cmd_Calc(*this, "Cmd_Calc", "Υπολογισμοί", [this] { Calculate(false); },
                {Plain(KeyCode::kF9)}),
       Cmd_Res(*this, "Cmd_Res", "ΠΑΡΟΥΣΙΑΣΗ ΑΠΟΤΕΛΕΣΜΑΤΩΝ", [this] { ShowResults(); }, {Ctrl('R')}),
@@ -95,6 +96,7 @@ void FrmMain::MakeMenus() {
            {"&Δεδομένα",
             {{"Mnu_DataG", "Γενικά Δεδομένα", &Cmd_GenData},
              {"Mnu_DataS", "Δεδομένα Τμημάτων", &Cmd_Sect},
+             {"Mnu_Grilles", "", &Cmd_Somata},
              {"Mnu_Liquid", "Επιλογή Ρέοντος Μέσου (Υγρού)", &CmdLiquid}}},
            {"&Υπολογισμοί",
             {{"Mnu_Mean", "Υπολογισμοί", &Cmd_Calc},
@@ -109,6 +111,7 @@ void FrmMain::MakeMenus() {
   popup = {"",
            {{"", "Γενικά Δεδομένα", &Cmd_GenData},
             {"Mnu_Sections", "Δεδομένα Τμημάτων", &Cmd_Sect},
+            {"", "", &Cmd_Somata},
             {"", "Υπολογισμοί", &Cmd_Calc},
             {"", "Παρουσίαση Αποτελεσμάτων", &Mnu_Results},
             {},
@@ -263,7 +266,7 @@ Command& FrmMain::CommandOf(Step step) {
     case Step::kSections:
       return Cmd_Sect;
     case Step::kEmitters:
-      return Cmd_Open;
+      return Cmd_Somata;
     case Step::kCalculation:
       return Cmd_Calc;
     case Step::kResults:
@@ -275,8 +278,9 @@ Command& FrmMain::CommandOf(Step step) {
 void FrmMain::DeriveNext() {
   StudyProgress progress = ProgressOf(bench.study, HasRows(), desk.separators);
   constexpr auto kAt = [](Step step) { return static_cast<std::size_t>(step); };
-  for (const Step step :
-       {Step::kTitle, Step::kGeneralData, Step::kSections, Step::kCalculation, Step::kResults}) {
+  Cmd_Somata.caption = progress.stations[kAt(Step::kEmitters)].caption;
+  for (const Step step : {Step::kTitle, Step::kGeneralData, Step::kSections, Step::kEmitters,
+                          Step::kCalculation, Step::kResults}) {
     progress.stations[kAt(step)].command = &CommandOf(step);
   }
   StudyRoad.stations = std::move(progress.stations);
@@ -285,7 +289,8 @@ void FrmMain::DeriveNext() {
   const Command& next = CommandOf(next_);
   Cmd_Next.caption = next.caption;
   Cmd_Next.hint = next.Hint();
-  constexpr std::string_view kIcons[] = {"title", "general", "sections", "open", "calc", "results"};
+  constexpr std::string_view kIcons[] = {"title",    "general", "sections",
+                                         "emitters", "calc",    "results"};
   Cmd_Next.icon = kIcons[kAt(next_)];
 }
 

@@ -43,6 +43,7 @@ class FrmMain : public Form {
   Command Cmd_Thema;
   Command Cmd_GenData;
   Command Cmd_Sect;
+  Command Cmd_Somata;
   Command Cmd_Calc;
   Command Cmd_Res;
   Label LblNext{*this, "LblNext"};
@@ -93,6 +94,7 @@ class FrmMain : public Form {
   void AcceptTitle();
   void OpenGeneralData();
   void OpenSections();
+  void OpenEmitterData();
   void Calculate(bool choose_method);
   void EndCalculation(CommandEnd end);
   void ShowFindings();

@@ -98,6 +98,17 @@ void FrmMain::OpenSections() {
   desk.navigator.Hide(screen::kMain);
 }
 
+void FrmMain::OpenEmitterData() {
+  if (!SettleTitle()) return;
+  if (!HasRows()) {
+    bench.Show(message::kNoData);
+    return;
+  }
+  desk.navigator.Show(bench.study.SystemOpen() ? screen::kOutlets : screen::kEmitters);
+  desk.screens.edit_mode = true;  // once its list could be read
+  desk.navigator.Hide(screen::kMain);
+}
+
 void FrmMain::Calculate(bool choose_method) {
   if (!SettleTitle()) return;
   const bool ask = choose_method || bench.study.SystemOpen();

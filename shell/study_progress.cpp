@@ -27,7 +27,10 @@ constexpr std::string_view kEmitters[] = {"Δεδομένα Σωμάτων", "Δ
 bool IsLost(const Study& study) { return study.results_valid && study.lost_walk.has_value(); }
 
 std::string NextSentence(const Study& study, Step next, bool untouched) {
-  if (study.emitters_unchecked) return "τα σώματα θέλουν έλεγχο πριν από νέους υπολογισμούς.";
+  if (study.emitters_unchecked) {
+    return study.SystemOpen() ? "οι υποδοχείς θέλουν έλεγχο πριν από νέους υπολογισμούς."
+                              : "τα σώματα θέλουν έλεγχο πριν από νέους υπολογισμούς.";
+  }
   if (study.recalculation_needed) return "τα δεδομένα άλλαξαν, χρειάζονται νέοι υπολογισμοί.";
   if (IsLost(study)) return "τα αποτελέσματα δεν ισχύουν, κάποιος κλάδος του δικτύου χάνεται.";
   switch (next) {
@@ -87,7 +90,10 @@ StudyProgress ProgressOf(const Study& study, bool rows, Separators separators) {
   } else if (IsLost(study)) {
     stale(Step::kResults, "δεν ισχύουν");
   }
-  if (study.emitters_unchecked) stale(Step::kEmitters, "θέλουν έλεγχο");
+  if (study.emitters_unchecked) {
+    stale(Step::kEmitters, "θέλουν έλεγχο");
+    progress.next = Step::kEmitters;
+  }
   progress.sentence = NextSentence(study, progress.next, !rows && study.study_title.empty());
   return progress;
 }

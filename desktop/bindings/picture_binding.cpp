@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "desktop/widgets/pictures/junction_picture.h"
+#include "desktop/widgets/pictures/outlet_bars.h"
 #include "desktop/widgets/pictures/pipe_picture.h"
 #include "desktop/widgets/results/branch_chain.h"
 #include "desktop/widgets/results/drop_shares.h"
@@ -58,6 +59,7 @@ std::unique_ptr<Binding> MakePictureBinding(Control& part, QWidget& widget, cons
   if (auto shares = Join<SharesContent, DropShares>(part, widget, act)) return shares;
   if (auto chain = Join<ChainContent, BranchChain>(part, widget, act)) return chain;
   if (auto junction = Join<JunctionContent, JunctionPicture>(part, widget, act)) return junction;
+  if (auto bars = Join<OutletChartContent, OutletBars>(part, widget, act)) return bars;
   return Join<PipeContent, PipePicture>(part, widget, act);
 }
 

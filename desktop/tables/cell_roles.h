@@ -8,6 +8,7 @@ namespace kalvo {
 enum CellRole {
   kImposedRole = Qt::UserRole + 100,  ///< bool: the user set this diameter
   kCriticalRole,                      ///< bool, on every cell of the row: on the critical branch
+  kAlarmRole,                         ///< bool: what it says needs to be put right
   kLockedRole,                        ///< bool: shown in the grey of what cannot be changed
   kStrongRole,                        ///< bool: bold, in the primary colour
   kDepthRole,                         ///< int: how deep a list's line stands in its tree

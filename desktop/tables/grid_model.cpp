@@ -75,6 +75,8 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
       return SpokenCell(place);
     case kCriticalRole:
       return grid_.IsMarked(place.row);
+    case kAlarmRole:
+      return cell.tone == Tone::kAlarm;
     case kImposedRole:
       return cell.tone == Tone::kImposed;
     case kLockedRole:

@@ -81,6 +81,7 @@ void SheetDelegate::DrawContent(QPainter& painter, const QStyleOptionViewItem& o
   }
   painter.setPen(theme.ink);
   if (strong) painter.setPen(theme.primary);
+  if (index.data(kAlarmRole).toBool()) painter.setPen(theme.err);
   if (index.data(kLockedRole).toBool()) painter.setPen(theme.ink3);
   const QString elided = option.fontMetrics.elidedText(value, Qt::ElideRight, inside.width() + 4);
   painter.drawText(inside, static_cast<int>(alignment), elided);
