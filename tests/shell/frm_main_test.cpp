@@ -182,6 +182,35 @@ TEST_F(MainMenu, MarksAStaleStepAndNamesTheCause) {
   EXPECT_NE(form.LblNext.text.find("νέοι υπολογισμοί"), std::string::npos);
 }
 
+TEST_F(MainMenu, OpensTheEmittersOrTheOutletsOfAStudyWithRows) {
+  Click(form, form.Cmd_Somata);
+  EXPECT_EQ(test.prompter.codes(), std::vector{139});
+  EXPECT_EQ(form.Cmd_Somata.caption, "Δεδομένα Σωμάτων");
+  PutStudy();
+  Click(form, form.Cmd_Somata);
+  EXPECT_TRUE(desk.screens.edit_mode);
+  test.study.system_kind = SystemKind::kOpen;
+  form.Derive();
+  EXPECT_EQ(form.Cmd_Somata.caption, "Δεδομένα Υποδοχέων");
+  Click(form, form.Cmd_Somata);
+  EXPECT_EQ(Joined(navigator.log),
+            "hide FrmKind|show FrmSoma|hide FrmMain|show FrmYpodo|hide FrmMain");
+}
+
+TEST_F(MainMenu, LeadsToEmittersThatAreMissingOrUnchecked) {
+  PutStudy();
+  test.study.emitters_unchecked = true;
+  EXPECT_EQ(Marks()[3], RoadMark::kStale);
+  EXPECT_EQ(form.StudyRoad.stations[3].command, &form.Cmd_Somata);
+  EXPECT_EQ(form.Cmd_Next.caption, "Δεδομένα Σωμάτων");
+  test.study.emitters_unchecked = false;
+  test.study.MeanTemp = test.study.MeanVel = 1;
+  test.study.EmitterCount = 0;
+  EXPECT_EQ(Marks()[3], RoadMark::kNext);
+  Click(form, form.Cmd_Next);
+  EXPECT_EQ(navigator.log.back(), "hide FrmMain");
+}
+
 TEST_F(MainMenu, LeavingReturnsToTheChoiceOfKindAndKeepsASafetyCopy) {
   PutStudy();
   test.study.unsaved_changes = true;

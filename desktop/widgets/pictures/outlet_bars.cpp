@@ -82,9 +82,10 @@ void OutletBars::paintEvent(QPaintEvent*) {
     DrawColumn(painter, scale, first + i, place);
   }
   painter.setPen(ActiveTheme().ink3);
-  const QRectF words(scale.area.left(), scale.area.bottom() + kWordsHeight, scale.area.width(),
-                     kWordsHeight);
-  painter.drawText(words, Qt::AlignCenter, QStringLiteral("α/α τμήματος · 0 : στάθμη της αντλίας"));
+  const QRectF words(0, scale.area.bottom() + kWordsHeight, whole.width(), kWordsHeight);
+  const QString axis = QStringLiteral("α/α τμήματος · 0 : στάθμη της αντλίας");
+  painter.drawText(words, Qt::AlignCenter,
+                   painter.fontMetrics().elidedText(axis, Qt::ElideRight, rect().width()));
   DrawLegend(painter, words.translated(0, 1.4 * kWordsHeight));
 }
 
@@ -140,7 +141,7 @@ void OutletBars::DrawLegend(QPainter& painter, const QRectF& line) const {
         Qt::AlignLeft | Qt::AlignVCenter, QString::fromUtf8(text));
   };
   FillHatched(painter, swatch(line.left()));
-  words(line.left(), "ύψος");
+  words(line.left(), "ύψος, διαγραμμισμένο");
   painter.fillRect(swatch(line.left() + half), ActiveTheme().water);
   words(line.left() + half, "πίεση ροής");
 }
