@@ -24,8 +24,8 @@
 #include <ui_frm_res_gn.h>
 #include <ui_frm_res_sheet.h>
 #include <ui_frm_safety.h>
-#include <ui_frm_tau_cross_s.h>
 #include <ui_frm_soma.h>
+#include <ui_frm_tau_cross_s.h>
 #include <ui_frm_title.h>
 #include <ui_frm_ypodo.h>
 
@@ -37,8 +37,8 @@
 #include "entry/frm_gen_data.h"
 #include "entry/frm_go_to.h"
 #include "entry/frm_liquid.h"
-#include "entry/frm_tau_cross_s.h"
 #include "entry/frm_soma.h"
+#include "entry/frm_tau_cross_s.h"
 #include "entry/frm_ypodo.h"
 #include "results/frm_res.h"
 #include "results/frm_res_gn.h"

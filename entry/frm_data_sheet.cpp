@@ -131,7 +131,10 @@ bool FrmData_Sheet::BeginSitting() {
 
 void FrmData_Sheet::Show() {
   SetUpSheet(fpSpread1, sitting_.draft);
-  fpSpread1.GoTo({0, sitting_.draft.Count() == 0 ? sheet_column::kRight : sheet_column::kLeft});
+  // Past the names that an empty sheet begins with.
+  const int named =
+      sitting_.draft.kind() == SystemKind::kOpen ? sheet_column::kLength : sheet_column::kRight;
+  fpSpread1.GoTo({0, sitting_.draft.Count() == 0 ? named : sheet_column::kLeft});
   Focus(fpSpread1);
 }
 
