@@ -23,7 +23,11 @@ struct Typist : ShownProgram {
     windows.Show(screen::kMain);
   }
 
-  void At(std::string_view screen) { at_ = windows.WindowOf(screen); }
+  void At(std::string_view screen) {
+    at_ = windows.WindowOf(screen);
+    at_->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(at_));
+  }
   [[nodiscard]] QWidget& Focus() const {
     QWidget* focus = at_->focusWidget();
     return focus == nullptr ? *at_ : *focus;
