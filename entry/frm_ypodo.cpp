@@ -119,19 +119,19 @@ void FrmYpodo::ShowListRow(int row) {
   const auto value = [this, known](float shown, std::string_view pattern) {
     return known ? FormatPattern(shown, pattern, desk.separators) : std::string(kNoValues);
   };
-  using namespace pattern;
   LstYpodo.Set(row, 0,
                {"α/α : " + std::to_string(outlet.RecordNumber), Tone::kPlain,
                 static_cast<double>(outlet.RecordNumber)});
   LstYpodo.Set(row, 1, {"Ονομασία : " + FromCodePage(outlet.Name.Trimmed())});
-  LstYpodo.Set(row, 2,
-               {"Παροχή : " + value(outlet.WaterFlow, kOneDecimal), tone, outlet.WaterFlow});
   LstYpodo.Set(
-      row, 3,
-      {"Πίεση Ροής : " + value(outlet.SomaDrop, kOneToThreeDecimals), tone, outlet.SomaDrop});
-  LstYpodo.Set(
-      row, 4,
-      {"Υψος από Αντλία : " + value(outlet.HeightDiff, kOneDecimal), tone, outlet.HeightDiff});
+      row, 2,
+      {"Παροχή : " + value(outlet.WaterFlow, pattern::kOneDecimal), tone, outlet.WaterFlow});
+  LstYpodo.Set(row, 3,
+               {"Πίεση Ροής : " + value(outlet.SomaDrop, pattern::kOneToThreeDecimals), tone,
+                outlet.SomaDrop});
+  LstYpodo.Set(row, 4,
+               {"Υψος από Αντλία : " + value(outlet.HeightDiff, pattern::kOneDecimal), tone,
+                outlet.HeightDiff});
 }
 
 void FrmYpodo::ShowChart() {

@@ -74,6 +74,18 @@ TEST(EmittersWindow, EntersAnEmitterByKeys) {
   EXPECT_EQ(desk.test.Row(3).SomaDrop, 1620.0F);
 }
 
+TEST(EmittersWindow, ShowsAnEmitterWhoseSectionIsGone) {
+  EmittersShown desk;
+  auto records = desk.test.Rows(work_file::kEmitters);
+  records[0].RecordNumber = 0;
+  ASSERT_TRUE(desk.test.workspace.Rows(work_file::kEmitters).WriteAll(records).ok());
+  QWidget& window = desk.Open(screen::kEmitters);
+  ExpectNothingClipped(window);
+  KeepPicture(window, "FrmSoma-lost");
+  EXPECT_EQ(desk.Part<QLabel>(screen::kEmitters, "TxtHelp").property("tone").toString(), "alarm");
+  EXPECT_EQ(desk.Part<QLineEdit>(screen::kEmitters, "Text2").property("state").toString(), "alarm");
+}
+
 TEST(EmittersWindow, ADoubleClickLeavesAnEmptySectionForALine) {
   EmittersShown desk;
   QWidget& window = desk.Open(screen::kEmitters);
