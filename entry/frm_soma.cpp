@@ -25,7 +25,7 @@ constexpr const char* kValueMissing = "... Λείπουν τιμές από το
 constexpr double kAboveAllSections = 1e6;  // what is above need not be told apart
 
 std::vector<GridColumn> EmitterColumns() {
-  return {{"α/α", 12},
+  return {{"α/α", 16},
           {"ΟΝΟΜΑΣΙΑ ΤΜΗΜΑΤΟΣ", 18},
           {"ΠΑΡΟΧΗ [Lit/h]", 18},
           {"ΠΤΩΣΗ ΠΙΕΣΗΣ [mm w.g.]", 24}};
@@ -141,14 +141,14 @@ void FrmSoma::ShowListRow(int emitter) {
   const std::string name = FromCodePage(ByNumber(entry_->emitters(), emitter).Name.Trimmed());
   const bool own = entry_->HasOwnSection(emitter);
   const Tone tone = own ? Tone::kPlain : Tone::kAlarm;
-  const std::string number = values.section == 0 ? "χάθηκε" : std::to_string(values.section);
-  const std::string_view state = own ? "" : values.section == 0 ? ", διαγράφηκε" : ", δύο φορές";
+  const std::string number =
+      values.section == 0 ? "διαγράφηκε" : std::to_string(values.section) + (own ? "" : ", διπλός");
   const auto value = [this](float shown) {
     return FormatPattern(shown, pattern::kOneDecimal, desk.separators);
   };
   const int row = emitter - 1;
   LstSoma.Set(row, 0, {"α/α : " + number, tone, static_cast<double>(values.section)});
-  LstSoma.Set(row, 1, {"Ονομασία : " + name + std::string(state), tone});
+  LstSoma.Set(row, 1, {"Ονομασία : " + name, tone});
   LstSoma.Set(row, 2, {"Παροχή : " + value(values.flow_lh), Tone::kPlain, values.flow_lh});
   LstSoma.Set(row, 3, {"Πτώση Πίεσης : " + value(values.drop), Tone::kPlain, values.drop});
 }

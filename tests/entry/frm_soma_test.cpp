@@ -280,7 +280,7 @@ TEST_F(EmitterForm, AnEmitterWhoseSectionIsGoneMustBeSettled) {
   records[1].RecordNumber = 0;
   ASSERT_TRUE(test.workspace.Rows(work_file::kEmitters).WriteAll(records).ok());
   Open();
-  EXPECT_EQ(Line(1), "α/α : χάθηκε|Ονομασία : 1/3, διαγράφηκε|Παροχή : 200,0|Πτώση Πίεσης : 400,0");
+  EXPECT_EQ(Line(1), "α/α : διαγράφηκε|Ονομασία : 1/3|Παροχή : 200,0|Πτώση Πίεσης : 400,0");
   EXPECT_EQ(form.LstSoma.At(1, 1).tone, Tone::kAlarm);
   Click(form, form.SSCmdBack);
   ASSERT_EQ(test.prompter.boxes().size(), 1U);
