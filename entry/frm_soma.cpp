@@ -112,10 +112,15 @@ void FrmSoma::ShowRecord(int emitter) {
   Focus(Text1);
 }
 
+bool FrmSoma::HasLostSection() const {
+  return current_ <= entry_->count() && entry_->At(current_).section == 0 &&
+         Text1.Trimmed().empty();
+}
+
 // A section that is gone shows under the name it had.
 void FrmSoma::ShowName() {
   const double number = Text1.Number(desk.separators);
-  const bool lost = Text1.Trimmed().empty() && current_ <= entry_->count();
+  const bool lost = HasLostSection();
   if (lost) {
     Text2.Show(FromCodePage(ByNumber(entry_->emitters(), current_).Name.Trimmed()));
   } else {
@@ -269,8 +274,7 @@ void FrmSoma::TellLostSection(int emitter) {
 }
 
 void FrmSoma::End() {
-  const bool lost_in_hand = !IsEmpty() && Text1.Trimmed().empty() && current_ <= entry_->count();
-  if (!lost_in_hand && !StoreIfAny()) return;
+  if (!HasLostSection() && !StoreIfAny()) return;
   if (const int lost = entry_->FirstWithoutSection(); lost != 0) {
     TellLostSection(lost);
     if (lost != current_) ShowRecord(lost);

@@ -48,6 +48,8 @@ class FrmSoma : public Form {
  private:
   void SetUpFields();
   void ShowRecord(int emitter);
+  /// The section of the emitter in hand is gone, and it was not given another one yet.
+  [[nodiscard]] bool HasLostSection() const;
   void ShowName();
   void ShowList();
   void ShowListRow(int emitter);

@@ -177,6 +177,10 @@ TEST_F(EmitterForm, RefusesToEndOnAnUnfinishedRecord) {
   EXPECT_EQ(form.focus(), &form.Text4);
   EXPECT_EQ(test.prompter.codes(), std::vector{110});
   TypeInto(form, form.Text4, "400");
+  TypeInto(form, form.Text1, "");
+  Click(form, form.SSCmdBack);
+  EXPECT_EQ(form.focus(), &form.Text1);
+  EXPECT_EQ(form.Text2.text, "");
   TypeInto(form, form.Text1, "9");
   Click(form, form.SSCmdBack);
   EXPECT_EQ(test.prompter.codes(), (std::vector{110, 400}));
