@@ -113,20 +113,28 @@ void FinishRows(DraftRows& made, std::int16_t plant_before) {
   }
 }
 
-// The emitters with the numbers that their sections have now.
-Outcome MoveEmitters(Workbench& bench, const DraftRows& made) {
+// Changes the records of the emitters; the study's table follows. Nothing is written where none
+// becomes another.
+template <typename Change>
+Outcome ChangeEmitters(Workbench& bench, Change&& change) {
   RowFile<SectionRow> file = bench.workspace.Rows(work_file::kEmitters);
-  Result<Rows> emitters = file.ReadAll();
-  if (!emitters) return emitters.error();
-  if (emitters->empty()) return Done{};
-  for (SectionRow& emitter : emitters.value()) {
+  const Result<Rows> before = file.ReadAll();
+  if (!before) return before.error();
+  Rows emitters = *before;
+  for (SectionRow& emitter : emitters) change(emitter);
+  if (EncodeRows<SectionRow>(emitters) == EncodeRows<SectionRow>(*before)) return Done{};
+  if (Outcome written = file.WriteAll(emitters); !written) return written;
+  std::erase_if(emitters, [](const SectionRow& row) { return row.RecordNumber == 0; });
+  RefreshEmitterTable(bench.study, emitters);
+  return Done{};
+}
+
+// The emitters get the numbers that their sections have now.
+Outcome MoveEmitters(Workbench& bench, const DraftRows& made) {
+  return ChangeEmitters(bench, [&made](SectionRow& emitter) {
     emitter.RecordNumber = NumberFrom(made.origins, emitter.RecordNumber);
     if (emitter.RecordNumber > 0) emitter.Name = ByNumber(made.rows, emitter.RecordNumber).Name;
-  }
-  if (Outcome written = file.WriteAll(*emitters); !written) return written;
-  std::erase_if(emitters.value(), [](const SectionRow& row) { return row.RecordNumber == 0; });
-  RefreshEmitterTable(bench.study, *emitters);
-  return Done{};
+  });
 }
 
 Outcome WriteRows(Workspace& workspace, const Rows& rows) {
@@ -192,6 +200,21 @@ DraftRows RowsOfDraft(const SectionDraft& draft, const Rows& base, const Study& 
   return made;
 }
 
+Outcome FindEmitters(Workbench& bench, const Rows& rows) {
+  const auto numbers = RowsByName(rows);
+  return ChangeEmitters(bench, [&](SectionRow& emitter) {
+    const auto has_emitter = [&rows](int number) {
+      return number >= 1 && number <= static_cast<int>(rows.size()) &&
+             ByNumber(rows, number).HasEmitter();
+    };
+    if (has_emitter(emitter.RecordNumber)) return;
+    const auto named = numbers.find(emitter.Name.bytes());
+    if (named != numbers.end() && has_emitter(named->second)) {
+      emitter.RecordNumber = ToInt16(named->second);
+    }
+  });
+}
+
 Outcome PutDraftRows(Workbench& bench, const DraftRows& made) {
   Study& study = bench.study;
   if (Outcome written = WriteRows(bench.workspace, made.rows); !written) return written;
@@ -202,8 +225,9 @@ Outcome PutDraftRows(Workbench& bench, const DraftRows& made) {
   study.unsaved_changes = study.unsaved_changes || made.changed;
   study.results_valid = study.results_valid && !made.changed;
   study.NameErrors = study.NameErrors || (study.SystemOpen() && made.feeders_changed);
-  if (!made.moved) return Done{};
-  study.emitters_unchecked = study.emitters_unchecked || study.EmitterCount > 0;
+  if (made.moved) {
+    study.emitters_unchecked = study.emitters_unchecked || study.EmitterCount > 0;
+  }
   return MoveEmitters(bench, made);
 }
 

@@ -38,6 +38,10 @@ DraftRows RowsOfDraft(const SectionDraft& draft, const std::vector<SectionRow>& 
 /// Without rows the work file goes. Error: nothing of the rows has changed.
 Outcome PutDraftRows(Workbench& bench, const DraftRows& made);
 
+/// Emitters whose number is that of a row without one, as when the program ended between rows and
+/// emitters, get the row of their name that has one.
+Outcome FindEmitters(Workbench& bench, const std::vector<SectionRow>& rows);
+
 /// What the sheet lacks, a line each: names and lengths, and in an open network that was edited own
 /// numbers that are not the row's.
 std::vector<std::string> MissingLines(const SectionDraft& draft);

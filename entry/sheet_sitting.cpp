@@ -41,7 +41,7 @@ Outcome SheetSitting::TakeKept() {
   FindOrigins(image.value(), base_);
   draft.Begin(*std::move(image));
   kept_revision_ = draft.revision();
-  return Done{};
+  return FindEmitters(bench_, base_);
 }
 
 Outcome SheetSitting::BeginWithRows() {

@@ -14,9 +14,9 @@ constexpr std::u32string_view kGreekSmall = U"αβψδεφγηιξκλμνοπ;�
 static_assert(kGreekCapitals.size() == 26 && kGreekSmall.size() == 26);
 
 constexpr auto kNames = std::to_array<std::string_view>(
-    {"",     "Enter", "Esc",   "Backspace", "Delete", "Insert", "Home", "End", "PgUp",
-     "PgDn", "Left",  "Right", "Up",        "Down",   "Tab",    "F1",   "F2",  "F3",
-     "F4",   "F5",    "F6",    "F7",        "F8",     "F9",     "F10",  "F11", "F12"});
+    {"",     "Enter", "Esc",   "Backspace", "Del",  "Ins", "Home", "End", "PgUp",
+     "PgDn", "Left",  "Right", "Up",        "Down", "Tab", "F1",   "F2",  "F3",
+     "F4",   "F5",    "F6",    "F7",        "F8",   "F9",  "F10",  "F11", "F12"});
 static_assert(kNames.size() == static_cast<std::size_t>(KeyCode::kF12) + 1);
 
 }  // namespace

@@ -25,9 +25,16 @@ bool IsCurrent(const QStyleOptionViewItem& option, const QModelIndex& index) {
   return view != nullptr && view->currentIndex() == index;
 }
 
+// The row of the current cell, in tables that show it.
+bool IsCurrentRow(const QStyleOptionViewItem& option, const QModelIndex& index) {
+  const auto* view = qobject_cast<const QAbstractItemView*>(option.widget);
+  return view != nullptr && view->currentIndex().row() == index.row() &&
+         view->property("tintsCurrentRow").toBool();
+}
+
 QColor GroundOf(const QStyleOptionViewItem& option, const QModelIndex& index) {
   const Theme& theme = ActiveTheme();
-  if (IsSelected(option)) return theme.soft;
+  if (IsSelected(option) || IsCurrentRow(option, index)) return theme.soft;
   if (index.data(kCriticalRole).toBool()) return theme.critbg;
   const bool odd = option.features.testFlag(QStyleOptionViewItem::Alternate);
   return odd ? theme.zebra : theme.surface;

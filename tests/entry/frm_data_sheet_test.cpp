@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "study/load_study.h"
 #include "tests/entry/sheet_user.h"
+#include "tests/support/failing_disk.h"
 
 namespace kalvo {
 namespace {
@@ -287,6 +289,91 @@ TEST(Sheet, SavesAndRetrievesAsOneUndoableStep) {
   sheet.Press(Ctrl('R'));
   EXPECT_EQ(sheet.form->LblStatus.tone, Tone::kAlarm);
   EXPECT_EQ(sheet.Line(0), "ANT|/|1|9");
+}
+
+// A row is put before the first one and the whole is kept and made into rows, while the program is
+// killed after any step of its disk.
+TEST(Sheet, AKillAtAnyStepOfItsEndLosesNeitherWordsNorEmitters) {
+  bool ended = false;
+  for (int step = 1; !ended; ++step) {
+    SheetUser sheet(SystemKind::kClosed, kLoop);
+    TestBench& test = sheet.user.test;
+    const std::string old_rows = test.Bytes();
+    struct Killed {};
+    KillingDisk disk(test.work_disk, step, [] { throw Killed{}; });
+    Workspace workspace(disk, TestBench::kProgramFolder, test.outer_disk, TestBench::kLibraryFolder,
+                        test.clock);
+    Workbench bench{test.study, workspace, test.pipes, test.prompter};
+    Desk desk{bench,
+              sheet.user.navigator,
+              sheet.user.sound,
+              sheet.user.viewer,
+              sheet.user.clipboard,
+              Separators{',', '.'}};
+    bool kept = false;
+    try {
+      sheet.form = std::make_unique<FrmData_Sheet>(desk);
+      sheet.form->Load();
+      sheet.Press(Ctrl(KeyCode::kInsert));
+      sheet.TypeCells("a 9 7");
+      sheet.GoTo(1, 0);
+      sheet.TypeCells("9");
+      sheet.form->Idle(0.3);
+      kept = true;
+      sheet.Press(Ctrl(KeyCode::kEnter));
+      ended = true;
+    } catch (const Killed&) {
+    }
+    sheet.form.reset();
+    const bool converted = test.Bytes() != old_rows;
+    EXPECT_TRUE(!kept || converted || test.workspace.Exists(work_file::kSheetInWork)) << step;
+    test.study = Study{};  // another run of the program
+    test.study.system_kind = SystemKind::kClosed;
+    test.study.recovery = true;
+    ASSERT_TRUE(LoadStudy(test.bench, RecentList::kLeave, {}).ok()) << step;
+    sheet.Open();
+    if (kept) {
+      ASSERT_EQ(sheet.Line(0), "ANT|/|9|7") << step;
+      sheet.Press(Ctrl(KeyCode::kEnter));
+      EXPECT_EQ(Joined(test.Names()), "ANT/9  |  9/1  |  1/2  |  2/ANT") << step;
+      EXPECT_EQ(test.Column(&SectionRow::SomaDrop), (std::vector<float>{0, 0, 800, 0})) << step;
+      const std::vector<SectionRow> emitters = test.Rows(work_file::kEmitters);
+      ASSERT_EQ(emitters.size(), 1U) << step;
+      EXPECT_EQ(emitters[0].RecordNumber, 3) << step;
+      EXPECT_FALSE(test.workspace.Exists(work_file::kSheetInWork)) << step;
+    }
+  }
+}
+
+TEST(Sheet, ADiskThatFailsIsToldAndNothingIsLost) {
+  SheetUser sheet(SystemKind::kClosed, kLoop);
+  TestBench& test = sheet.user.test;
+  FailingDisk disk(test.work_disk);
+  Workspace workspace(disk, TestBench::kProgramFolder, test.outer_disk, TestBench::kLibraryFolder,
+                      test.clock);
+  Workbench bench{test.study, workspace, test.pipes, test.prompter};
+  Desk desk{bench,
+            sheet.user.navigator,
+            sheet.user.sound,
+            sheet.user.viewer,
+            sheet.user.clipboard,
+            Separators{',', '.'}};
+  sheet.form = std::make_unique<FrmData_Sheet>(desk);
+  sheet.form->Load();
+  sheet.GoTo(0, 3);
+  sheet.TypeCells("9");
+  disk.FailAfterBytes(0);
+  EXPECT_TRUE(sheet.form->Idle(0.3));
+  EXPECT_EQ(sheet.form->LblStatus.tone, Tone::kAlarm);
+  EXPECT_FALSE(sheet.form->Idle(1)) << "not at every moment again";
+  const std::string rows = test.Bytes();
+  sheet.Press(Ctrl(KeyCode::kEnter));
+  EXPECT_EQ(test.Bytes(), rows);
+  EXPECT_TRUE(sheet.user.navigator.log.empty()) << "the sheet stays";
+  EXPECT_FALSE(test.prompter.boxes().empty());
+  disk.Mend();
+  sheet.Press(Ctrl(KeyCode::kEnter));
+  EXPECT_EQ(test.Row(1).Length, 9);
 }
 
 }  // namespace
