@@ -1,145 +1,179 @@
 #include "study/sheet_file.h"
 
 #include <charconv>
+#include <cstdint>
+#include <limits>
 #include <optional>
+#include <utility>
 
-#include "study/codepage.h"
 #include "study/digest.h"
 
 namespace kalvo {
 namespace {
 
-constexpr std::string_view kFormat = "KALVO-SHEET 1";
-constexpr std::string_view kLastLine = "END";
-constexpr int kMostRows = 32767;
-constexpr int kFirstNumber = 3;
+constexpr std::string_view kFormat = "KALVOFLUME SHEET";
+constexpr std::string_view kVersion = "1";
+constexpr std::string_view kFoot = "TELOS ";
+constexpr int kMostRows = std::numeric_limits<std::int16_t>::max();
 
-struct Header {
+constexpr const char* kNoSheet = "Δεν είναι αρχείο φύλλου Τμημάτων";
+constexpr const char* kOtherVersion = "Το φύλλο Τμημάτων είναι άλλης έκδοσης του Προγράμματος";
+constexpr const char* kDamaged = "Το φύλλο Τμημάτων είναι ελλιπές ή αλλοιωμένο";
+
+constexpr std::array<std::pair<SystemKind, std::string_view>, 3> kKindWords = {
+    {{SystemKind::kNone, "NONE"}, {SystemKind::kClosed, "CLOSED"}, {SystemKind::kOpen, "OPEN"}}};
+
+// Fields are parted by tabs and lines by line ends: neither is in a field, whatever the text is.
+void AppendField(std::string& line, std::string_view text) {
+  for (const char byte : text) {
+    switch (byte) {
+      case '\\':
+        line += "\\\\";
+        break;
+      case '\t':
+        line += "\\t";
+        break;
+      case '\n':
+        line += "\\n";
+        break;
+      default:
+        line += byte;
+    }
+  }
+}
+
+std::string TextOfField(std::string_view field) {
+  std::string text;
+  text.reserve(field.size());
+  for (std::size_t i = 0; i < field.size(); ++i) {
+    if (field[i] != '\\' || i + 1 == field.size()) {
+      text += field[i];
+      continue;
+    }
+    const char byte = field[++i];
+    text += byte == 't' ? '\t' : byte == 'n' ? '\n' : byte;
+  }
+  return text;
+}
+
+// Takes what comes before `end`, and `end`, off `rest`; without an `end` all of it.
+std::string_view Take(std::string_view& rest, char end) {
+  const std::size_t at = rest.find(end);
+  const std::string_view taken = rest.substr(0, at);
+  rest.remove_prefix(at == std::string_view::npos ? rest.size() : at + 1);
+  return taken;
+}
+
+// Nothing unless it is a count of rows, or the number of one.
+std::optional<int> CountIn(std::string_view field) {
+  int count = 0;
+  const auto [end, error] = std::from_chars(field.data(), field.data() + field.size(), count);
+  const bool whole = error == std::errc{} && end == field.data() + field.size();
+  return whole && count >= 0 && count <= kMostRows ? std::optional(count) : std::nullopt;
+}
+
+std::string FootOf(std::string_view body) {
+  std::array<char, 17> hex{};
+  const auto written = std::to_chars(hex.data(), hex.data() + hex.size(), Digest(body), 16);
+  return std::string(kFoot) + std::string(hex.data(), written.ptr) + "\n";
+}
+
+// What the foot vouches for; nothing when the bytes do not end in the foot of what is before it.
+std::optional<std::string_view> BodyOf(std::string_view bytes) {
+  if (!bytes.ends_with('\n')) return std::nullopt;
+  const std::size_t end = bytes.substr(0, bytes.size() - 1).rfind('\n');
+  if (end == std::string_view::npos) return std::nullopt;
+  const std::string_view body = bytes.substr(0, end + 1);
+  return bytes.substr(end + 1) == FootOf(body) ? std::optional(body) : std::nullopt;
+}
+
+struct Head {
   SystemKind kind = SystemKind::kNone;
   char decimal = '.';
   int base_rows = 0;
   int rows = 0;
 };
 
-// Takes the text up to `end` off the front, and `end` with it; nothing when it is not there.
-std::optional<std::string_view> TakeUntil(std::string_view& rest, char end) {
-  const std::size_t at = rest.find(end);
-  if (at == std::string_view::npos) return std::nullopt;
-  const std::string_view taken = rest.substr(0, at);
-  rest.remove_prefix(at + 1);
-  return taken;
-}
-
-std::optional<int> WholeNumber(std::string_view text) {
-  int number = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  const bool whole = error == std::errc() && end == text.data() + text.size();
-  return whole && number >= 0 && number <= kMostRows ? std::optional(number) : std::nullopt;
-}
-
-// "CLOSED<tab>,<tab>20<tab>22": kind, sign of decimals, rows of the study, rows that follow.
-std::optional<Header> ReadHeader(std::string_view line) {
-  Header header;
-  const auto kind = TakeUntil(line, '\t');
-  const auto sign = TakeUntil(line, '\t');
-  const auto base = TakeUntil(line, '\t');
-  if (!kind || !sign || sign->size() != 1 || !base) return std::nullopt;
-  if (*kind != "OPEN" && *kind != "CLOSED") return std::nullopt;
-  header.kind = *kind == "OPEN" ? SystemKind::kOpen : SystemKind::kClosed;
-  header.decimal = sign->front();
-  const auto base_rows = WholeNumber(*base);
-  const auto rows = WholeNumber(line);
-  if (!base_rows || !rows) return std::nullopt;
-  header.base_rows = *base_rows;
-  header.rows = *rows;
-  return header;
-}
-
-void ChangeSign(std::string& number, char from, char to) {
-  for (char& character : number) {
-    if (character == from) character = to;
+std::optional<Head> HeadIn(std::string_view line) {
+  const std::string_view kind = Take(line, '\t');
+  const std::string_view decimal = Take(line, '\t');
+  const auto base_rows = CountIn(Take(line, '\t'));
+  const auto rows = CountIn(line);
+  if (decimal.size() != 1 || !base_rows || !rows) return std::nullopt;
+  for (const auto& [known, word] : kKindWords) {
+    if (kind == word) return Head{known, decimal.front(), *base_rows, *rows};
   }
+  return std::nullopt;
 }
 
-std::optional<SheetRow> ReadRow(std::string_view line, char from, char to) {
+std::optional<SheetRow> RowIn(std::string_view line) {
   SheetRow row;
-  const auto origin_text = TakeUntil(line, '\t');
-  const auto name = TakeUntil(line, '\t');
-  const auto origin = origin_text ? WholeNumber(*origin_text) : std::nullopt;
-  if (!origin || !name) return std::nullopt;
+  const auto origin = CountIn(Take(line, '\t'));
+  if (!origin) return std::nullopt;
   row.origin = *origin;
-  row.origin_name = FixedText<7>::FromBytes(ToCodePage(*name));
-  for (int column = 0; column < kSheetColumns; ++column) {
-    const auto text = column + 1 < kSheetColumns ? TakeUntil(line, '\t') : std::optional(line);
-    if (!text || text->find('\t') != std::string_view::npos) return std::nullopt;
-    std::string& kept = row.texts[static_cast<std::size_t>(column)];
-    kept = *text;
-    if (column >= kFirstNumber && from != to) ChangeSign(kept, from, to);
+  row.origin_name = FixedText<7>::FromUtf8(TextOfField(Take(line, '\t')));
+  for (std::size_t i = 0; i < row.texts.size(); ++i) {
+    const bool last = i + 1 == row.texts.size();
+    if (last == (line.find('\t') != std::string_view::npos)) return std::nullopt;
+    row.texts[i] = TextOfField(Take(line, '\t'));
   }
   return row;
 }
 
-std::string HexDigest(std::string_view bytes) {
-  std::array<char, 16> digits{};
-  const auto [end, error] =
-      std::to_chars(digits.data(), digits.data() + digits.size(), Digest(bytes), 16);
-  static_cast<void>(error);  // 16 digits hold any
-  return {digits.data(), end};
-}
-
-// A text of one line, as all are; what parts lines and cells becomes a blank all the same.
-void AppendText(std::string& bytes, std::string_view text) {
-  for (const char character : text) {
-    bytes += character == '\t' || character == '\n' || character == '\r' ? ' ' : character;
+// The same number under the other decimal sign. That sign parted thousands until now.
+void ChangeDecimal(std::string& text, char from, char to) {
+  if (to == ',' || to == '.') std::erase(text, to);
+  for (char& byte : text) {
+    if (byte == from) byte = to;
   }
 }
 
 }  // namespace
 
-std::string EncodeSheet(const SheetImage& image, char decimal) {
-  std::string bytes(kFormat);
-  bytes += image.kind == SystemKind::kOpen ? "\nOPEN\t" : "\nCLOSED\t";
-  bytes += decimal;
-  bytes += "\t" + std::to_string(image.base_rows) + "\t" + std::to_string(image.rows.size()) + "\n";
-  for (const SheetRow& row : image.rows) {
-    bytes += std::to_string(row.origin) + "\t";
-    AppendText(bytes, FromCodePage(row.origin_name.bytes()));
-    for (const std::string& text : row.texts) {
-      bytes += '\t';
-      AppendText(bytes, text);
-    }
-    bytes += '\n';
+std::string EncodeSheet(const SheetImage& sheet, char decimal) {
+  std::string text = std::string(kFormat) + "\t" + std::string(kVersion) + "\t";
+  for (const auto& [kind, word] : kKindWords) {
+    if (kind == sheet.kind) text += word;
   }
-  bytes += std::string(kLastLine) + " " + HexDigest(bytes) + "\n";
-  return bytes;
+  text += std::string("\t") + decimal + "\t" + std::to_string(sheet.base_rows) + "\t" +
+          std::to_string(sheet.rows.size()) + "\n";
+  for (const SheetRow& row : sheet.rows) {
+    text += std::to_string(row.origin);
+    text += '\t';
+    AppendField(text, FromCodePage(row.origin_name.bytes()));
+    for (const std::string& cell : row.texts) {
+      text += '\t';
+      AppendField(text, cell);
+    }
+    text += '\n';
+  }
+  return text + FootOf(text);
 }
 
 Result<SheetImage> DecodeSheet(std::string_view bytes, const std::filesystem::path& file,
                                char decimal) {
-  const FileError incomplete{file, "Το αρχείο του φύλλου είναι ελλιπές ή αλλοιωμένο"};
-  const std::size_t last = bytes.rfind(kLastLine);
-  if (last == std::string_view::npos) return incomplete;
-  const std::string_view content = bytes.substr(0, last);
-  if (bytes.substr(last) != std::string(kLastLine) + " " + HexDigest(content) + "\n") {
-    return incomplete;
+  const FileError damaged{file, kDamaged};
+  std::string_view begin = bytes;
+  std::string_view head_line = Take(begin, '\n');
+  if (Take(head_line, '\t') != kFormat) return FileError{file, kNoSheet};
+  if (Take(head_line, '\t') != kVersion) return FileError{file, kOtherVersion};
+  const auto body = BodyOf(bytes);
+  const auto head = HeadIn(head_line);
+  if (!body || !head) return damaged;
+  SheetImage sheet{head->kind, head->base_rows, {}};
+  std::string_view rest = *body;
+  for (Take(rest, '\n'); !rest.empty();) {
+    auto row = RowIn(Take(rest, '\n'));
+    if (!row || static_cast<int>(sheet.rows.size()) == head->rows) return damaged;
+    if (head->decimal != decimal) {
+      for (std::size_t i = kFirstNumberColumn; i < row->texts.size(); ++i) {
+        ChangeDecimal(row->texts[i], head->decimal, decimal);
+      }
+    }
+    sheet.rows.push_back(std::move(*row));
   }
-  std::string_view rest = content;
-  const auto format = TakeUntil(rest, '\n');
-  if (!format || *format != kFormat) {
-    return FileError{file, "Το αρχείο δεν είναι φύλλο αυτής της έκδοσης"};
-  }
-  const auto header_line = TakeUntil(rest, '\n');
-  const auto header = header_line ? ReadHeader(*header_line) : std::nullopt;
-  if (!header) return incomplete;
-  SheetImage image{header->kind, header->base_rows, {}};
-  for (int number = 0; number < header->rows; ++number) {
-    const auto line = TakeUntil(rest, '\n');
-    auto row = line ? ReadRow(*line, header->decimal, decimal) : std::nullopt;
-    if (!row) return incomplete;
-    image.rows.push_back(*std::move(row));
-  }
-  if (!rest.empty()) return incomplete;
-  return image;
+  if (static_cast<int>(sheet.rows.size()) != head->rows) return damaged;
+  return sheet;
 }
 
 }  // namespace kalvo

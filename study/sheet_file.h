@@ -6,35 +6,40 @@
 #include <string_view>
 #include <vector>
 
+#include "study/fixed_text.h"
 #include "study/result.h"
-#include "study/section_row.h"
 #include "study/system_kind.h"
 
 namespace kalvo {
 
-/// Columns of the sheet of sections; the second is "/".
+/// Columns of the section sheet: the two halves of the name with "/" between them, and the thirteen
+/// numbers of a section.
 constexpr int kSheetColumns = 16;
+constexpr std::size_t kFirstNumberColumn = 3;  ///< index; from here on cells hold numbers
 
-/// A row of the sheet: its texts, and the row of the study it came from.
+/// A row of the sheet as the user sees it.
 struct SheetRow {
-  std::array<std::string, kSheetColumns> texts;
-  int origin = 0;            ///< number in `DATARES.TMP`; 0: the row is new
-  FixedText<7> origin_name;  ///< the name of that row then
+  std::array<std::string, kSheetColumns> texts;  ///< UTF-8, numbers in the user's notation
+  int origin = 0;              ///< number of the row of `DATARES.TMP` it came from, 0: new
+  FixedText<7> origin_name{};  ///< `Name` of that row then
+
   bool operator==(const SheetRow&) const = default;
 };
 
-/// A sheet as a file keeps it.
 struct SheetImage {
   SystemKind kind = SystemKind::kNone;
   int base_rows = 0;  ///< rows of `DATARES.TMP` when entry began
   std::vector<SheetRow> rows;
+
+  bool operator==(const SheetImage&) const = default;
 };
 
-/// The bytes of a sheet's file. `decimal`: the sign of decimals in its numbers.
-std::string EncodeSheet(const SheetImage& image, char decimal);
+/// The bytes of a sheet's file. `decimal` is the decimal sign in the texts.
+std::string EncodeSheet(const SheetImage& sheet, char decimal);
 
-/// The sheet in a file's bytes, numbers with the sign `decimal`, whichever they were written with.
-/// Error: the bytes are no such file, or not all of one; `file` is named.
+/// The sheet in those bytes, numbers with `decimal` as their decimal sign whatever they were
+/// written with. Error, which names `file`: the bytes are no whole sheet, or one of more than 32767
+/// rows.
 Result<SheetImage> DecodeSheet(std::string_view bytes, const std::filesystem::path& file,
                                char decimal);
 

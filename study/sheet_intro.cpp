@@ -1,13 +1,36 @@
 #include "study/sheet_intro.h"
 
 #include "study/fault.h"
-#include "study/rounding.h"
 #include "study/text_lines.h"
 
 namespace kalvo {
 namespace {
 
-constexpr std::size_t kIntroLines = 7;
+constexpr std::string_view kOpenWord = "OPEN";
+constexpr std::string_view kClosedWord = "CLOSED";
+constexpr std::size_t kIntroLines = std::tuple_size_v<decltype(SheetIntro::kLines)>;
+
+// A title from a foreign file may hold a line end.
+std::string LineOf(std::string text) {
+  for (char& byte : text) {
+    if (byte == '\n' || byte == '\r') byte = ' ';
+  }
+  return text;
+}
+std::string LineOf(SystemKind kind) {
+  return std::string(kind == SystemKind::kOpen ? kOpenWord : kClosedWord);
+}
+std::string LineOf(float value) { return NumberText(value); }
+std::string LineOf(std::int16_t value) { return NumberText(int{value}); }
+
+double NumberIn(std::string_view line) { return ParseNumber(line, Separators{'.', ','}); }
+
+void TakeLine(std::string& text, std::string_view line) { text = line; }
+void TakeLine(SystemKind& kind, std::string_view line) {
+  kind = line == kOpenWord ? SystemKind::kOpen : SystemKind::kClosed;
+}
+void TakeLine(float& value, std::string_view line) { value = ToSingle(NumberIn(line)); }
+void TakeLine(std::int16_t& value, std::string_view line) { value = ToInt16(NumberIn(line)); }
 
 }  // namespace
 
@@ -16,46 +39,35 @@ SheetIntro IntroOf(const Study& study) {
           study.MeanVel,     study.plant_section, study.pipe_system_number};
 }
 
-std::string EncodeSheetIntro(const SheetIntro& intro) {
-  std::string bytes;
-  for (const std::string& line :
-       {intro.title, std::string(intro.kind == SystemKind::kOpen ? "OPEN" : "CLOSED"),
-        NumberText(intro.flow_m3h), NumberText(intro.temperature), NumberText(intro.velocity),
-        NumberText(intro.plant_section), NumberText(intro.pipe_system)}) {
-    bytes += Quoted(line) + "\n";
-  }
-  return bytes;
+void TakeIntro(Study& study, const SheetIntro& intro) {
+  study.study_title = intro.study_title;
+  study.system_kind = intro.kind;
+  study.TotalFlowM3h = intro.TotalFlowM3h;
+  study.MeanTemp = intro.MeanTemp;
+  study.MeanVel = intro.MeanVel;
+  study.plant_section = intro.plant_section;
+  study.pipe_system_number = intro.pipe_system_number;
 }
 
-Result<SheetIntro> DecodeSheetIntro(std::string_view bytes, const std::filesystem::path& file) {
+std::string EncodeIntro(const SheetIntro& intro) {
+  const auto text_of = [&intro](auto... members) {
+    return (... + (Quoted(LineOf(intro.*members)) + "\n"));
+  };
+  return std::apply(text_of, SheetIntro::kLines);
+}
+
+Result<SheetIntro> DecodeIntro(std::string_view bytes, const std::filesystem::path& file) {
   const std::vector<std::string> lines = SplitLines(bytes);
   if (lines.size() < kIntroLines) return FileError{file, "Το αρχείο είναι ελλιπές"};
-  const auto number = [&](std::size_t line) {
-    return ParseNumber(Unquoted(lines[line]), Separators{'.', ','});
-  };
   SheetIntro intro;
-  intro.title = Unquoted(lines[0]);
-  intro.kind = Unquoted(lines[1]) == "OPEN" ? SystemKind::kOpen : SystemKind::kClosed;
+  auto line = lines.begin();
+  const auto take = [&](auto... members) { (..., TakeLine(intro.*members, Unquoted(*line++))); };
   try {
-    intro.flow_m3h = ToSingle(number(2));
-    intro.temperature = ToSingle(number(3));
-    intro.velocity = ToSingle(number(4));
-    intro.plant_section = ToInt16(number(5));
-    intro.pipe_system = ToInt16(number(6));
+    std::apply(take, SheetIntro::kLines);
   } catch (const Fault&) {
     return FileError{file, "Το αρχείο έχει άκυρο αριθμό"};
   }
   return intro;
-}
-
-void TakeSheetIntro(Study& study, const SheetIntro& intro) {
-  study.study_title = intro.title;
-  study.system_kind = intro.kind;
-  study.TotalFlowM3h = intro.flow_m3h;
-  study.MeanTemp = intro.temperature;
-  study.MeanVel = intro.velocity;
-  study.plant_section = intro.plant_section;
-  study.pipe_system_number = intro.pipe_system;
 }
 
 }  // namespace kalvo

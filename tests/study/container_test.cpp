@@ -194,11 +194,11 @@ TEST(LoadStudy, LeavesTheCompanionsOfAnotherStudyAlone) {
 
 TEST(StudyReset, DeletesEveryFileOfAStudyInWorkAndNoOther) {
   const std::vector<std::string> names = {
-      "DATARES.TMP",      "DATARES.OLD", "DATARES.SMR",  "DATARES.@@@",  "DATARES.PRV",
-      "RESULTS.TMP",      "SOMATA.TMP",  "SOMATA.@@@",   "TEMPODAT.TMP", "RESTBRA.TMP",
-      "INTRO.TMP",        "ERRORS.TMP",  "SEQUENT.TMP",  "STATIST.TMP",  "WINTCIRC.TMP",
-      "Spread.ss2",       "Intro.ss2",   "FIRSTONE.TMP", "FIRSTONE.TM_", "LIQUID.TMP",
-      "SectionsFlows.txt"};
+      "DATARES.TMP",       "DATARES.OLD", "DATARES.SMR",  "DATARES.@@@",  "DATARES.PRV",
+      "RESULTS.TMP",       "SOMATA.TMP",  "SOMATA.@@@",   "TEMPODAT.TMP", "RESTBRA.TMP",
+      "INTRO.TMP",         "ERRORS.TMP",  "SEQUENT.TMP",  "STATIST.TMP",  "WINTCIRC.TMP",
+      "Spread.ss2",        "Intro.ss2",   "FIRSTONE.TMP", "FIRSTONE.TM_", "LIQUID.TMP",
+      "SectionsFlows.txt", "Spread.@@@"};
   TestBench bench;
   for (const std::string& name : names) {
     ASSERT_TRUE(bench.workspace.Write(name, "x").ok());
