@@ -10,6 +10,7 @@
 #include "form/sound.h"
 #include "form/viewer.h"
 #include "study/method.h"
+#include "study/safety_copies.h"
 #include "study/workbench.h"
 
 namespace kalvo {
@@ -46,6 +47,7 @@ struct ScreenState {
   std::array<float, 2> emitter_memory{kNoMemory, kNoMemory};
   /// Flow in l/h, flow pressure in m w.g. and height in m of an outlet.
   std::array<float, 3> outlet_memory{kNoMemory, kNoMemory, kNoMemory};
+  bool open_kept_sheet = false;         ///< the sheet opens with what was kept, without asking
   TeeCounters* tee_counters = nullptr;  ///< what the tee window serves; nothing: it is closed
 };
 
@@ -64,6 +66,8 @@ struct Desk {
   std::filesystem::path data_folder{};   ///< where studies are kept
   std::filesystem::path state_folder{};  ///< the program's log and scratch notes
   std::string version{};
+
+  [[nodiscard]] SafetyFolders safety_folders() const { return {data_folder, state_folder}; }
 
   /// The sound of a command, when sounds are on.
   void Click() const {

@@ -23,12 +23,13 @@ struct ChosenFile {
   bool recent = false;  ///< from the recent files
 };
 
-/// A study that an earlier run left: rows, title, its own file if it has one, last change.
+/// A study that an earlier run left: sections, title, its own file if it has one, last change.
 struct OfferedStudy {
-  int rows = 0;
+  int rows = 0;  ///< of the study, or of the sheet that is offered
   std::string title;
   std::filesystem::path file;
   std::string moment;
+  bool sheet = false;  ///< its sheet holds what the rows do not
 };
 
 struct Questions {

@@ -101,16 +101,19 @@ bool FrmKind::SettleLeftOvers() {
       break;
   }
   const SystemKind chosen = std::exchange(bench.study.system_kind, found.kind);
-  const std::optional<bool> recover =
-      AskToRecover(desk, {found.rows, found.title, found.file, found.moment});
+  const bool sheet = found.what == LeftOver::kSheet;
+  const std::optional<bool> recover = AskToRecover(
+      desk,
+      {sheet ? found.sheet_sections : found.rows, found.title, found.file, found.moment, sheet});
   if (!recover.value_or(false)) {
     bench.study.system_kind = chosen;
     return recover && DiscardLeftOver(desk);
   }
-  if (found.kind != chosen) {
+  // A study given at the start waits when it is of another kind, or while the sheet is open.
+  if (found.kind != chosen || sheet) {
     desk.screens.study_waiting = std::exchange(desk.screens.study_argument, {});
   }
-  return found.what == LeftOver::kSheet ? AcceptSheet(desk) : AcceptRecovery(desk, found);
+  return sheet ? AcceptSheet(desk, found) : AcceptRecovery(desk, found);
 }
 
 void FrmKind::Go() {

@@ -1,5 +1,6 @@
 #include "shell/frm_main.h"
 
+#include "form/open_kept_sheet.h"
 #include "form/tell.h"
 #include "shell/study_dialogs.h"
 #include "study/pipe_choice.h"
@@ -189,6 +190,10 @@ void FrmMain::Activate() {
   }
   if (study.study_path == kEscapePath) study.study_path = study.last_study_path;
   desk.navigator.Hide(screen::kKind);
+  if (std::exchange(study.entry_mode, kFormEntry) == kSheetEntry) {
+    OpenKeptSheet(desk);
+    return;
+  }
   OpenGiven();
 }
 
@@ -276,7 +281,8 @@ Command& FrmMain::CommandOf(Step step) {
 }
 
 void FrmMain::DeriveNext() {
-  StudyProgress progress = ProgressOf(bench.study, HasRows(), desk.separators);
+  StudyProgress progress =
+      ProgressOf(bench.study, HasRows(), IsSheetKept(bench.workspace), desk.separators);
   constexpr auto kAt = [](Step step) { return static_cast<std::size_t>(step); };
   Cmd_Somata.caption = progress.stations[kAt(Step::kEmitters)].caption;
   for (const Step step : {Step::kTitle, Step::kGeneralData, Step::kSections, Step::kEmitters,

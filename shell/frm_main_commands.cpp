@@ -1,6 +1,7 @@
 // What the commands of the main menu do.
 
 #include "engine/rerun.h"
+#include "form/open_kept_sheet.h"
 #include "form/tell.h"
 #include "form/wait.h"
 #include "results/node_report.h"
@@ -110,7 +111,7 @@ void FrmMain::OpenEmitterData() {
 }
 
 void FrmMain::Calculate(bool choose_method) {
-  if (!SettleTitle()) return;
+  if (!SettleTitle() || AskToOpenKeptSheet(desk)) return;
   const bool ask = choose_method || bench.study.SystemOpen();
   const auto choose = [&](const RunByMethod& run) {
     if (!ask) {
@@ -218,11 +219,13 @@ void FrmMain::ShowCurrentStudy() {
 }
 
 void FrmMain::SaveToFile() {
-  if (SettleTitle() && NeedsPipes() && SaveStudy(desk)) NoteSaved();
+  if (!SettleTitle() || AskToOpenKeptSheet(desk)) return;
+  if (NeedsPipes() && SaveStudy(desk)) NoteSaved();
 }
 
 void FrmMain::SaveOwn() {
-  if (SettleTitle() && NeedsPipes() && SaveToOwnFile(desk)) NoteSaved();
+  if (!SettleTitle() || AskToOpenKeptSheet(desk)) return;
+  if (NeedsPipes() && SaveToOwnFile(desk)) NoteSaved();
 }
 
 void FrmMain::NoteSaved() {

@@ -13,12 +13,13 @@ FrmOldStudy::FrmOldStudy(Desk& shared_desk)
 }
 
 void FrmOldStudy::Load() {
-  const auto& [rows, study_title, file, moment] = desk.questions.offered;
+  const auto& [rows, study_title, file, moment, sheet] = desk.questions.offered;
   LblTitle.text = study_title.empty() ? "Χωρίς θέμα-τίτλο" : study_title;
   LblFile.text = file.empty() ? "Δεν έχει σωθεί σε αρχείο" : file.string();
   LblMoment.text = moment;
   LblKind.text = bench.study.SystemOpen() ? "ΑΝΟΙΚΤΟ ΣΥΣΤΗΜΑ ΣΩΛΗΝΩΝ" : "ΚΛΕΙΣΤΟ ΣΥΣΤΗΜΑ ΣΩΛΗΝΩΝ";
-  LblRows.text = std::to_string(rows) + (rows == 1 ? " τμήμα" : " τμήματα");
+  const std::string sections = std::to_string(rows) + (rows == 1 ? " τμήμα" : " τμήματα");
+  LblRows.text = !sheet ? sections : rows == 0 ? "Φύλλο χωρίς τμήματα" : "Φύλλο με " + sections;
   Focus(Command1);
 }
 

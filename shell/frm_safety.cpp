@@ -17,7 +17,7 @@ FrmSafety::FrmSafety(Desk& shared_desk)
 
 void FrmSafety::Load() {
   const SystemKind kind = bench.study.SystemOpen() ? SystemKind::kOpen : SystemKind::kClosed;
-  copies_ = ListSafetyCopies(desk, kind);
+  copies_ = ListSafetyCopies(bench.workspace.outer_disk(), desk.safety_folders(), kind);
   LblEmpty.text = "Δεν υπάρχουν αντίγραφα ασφαλείας *" + std::string(ExtensionsOf(kind).main) +
                   ". Το πρόγραμμα κρατά αντίγραφο όταν μία Μελέτη που δεν έχει σωθεί δίνει την "
                   "θέση της σε άλλη.";

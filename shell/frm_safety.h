@@ -1,7 +1,7 @@
 #pragma once
 
 #include "form/form.h"
-#include "shell/safety_copies.h"
+#include "study/safety_copies.h"
 
 namespace kalvo {
 

@@ -1,19 +1,22 @@
 #include "shell/recovery.h"
 
+#include <optional>
+#include <utility>
 #include <vector>
 
 #include "form/tell.h"
 #include "shell/open_study.h"
-#include "shell/safety_copies.h"
 #include "shell/unreadable_work.h"
 #include "study/date_text.h"
-#include "study/fault.h"
+#include "study/fluid_library.h"
+#include "study/kept_sheet.h"
 #include "study/load_study.h"
 #include "study/pipe_choice.h"
+#include "study/safety_copies.h"
+#include "study/sheet_intro.h"
 #include "study/study_origin.h"
 #include "study/study_proof.h"
 #include "study/study_reset.h"
-#include "study/text_lines.h"
 
 namespace kalvo {
 namespace {
@@ -43,7 +46,7 @@ Moved TakeForRows(Desk& desk, const char* name) {
   if (!rows) return rows.error();
   const bool loadable = ProveRows(desk.bench, workspace.Path(name), *bytes).ok();
   if (!loadable || (!rows->empty() && *rows != *bytes)) {
-    if (!KeepSafetyCopyAnyway(desk)) return false;
+    if (!KeepSafetyCopyAnyway(desk.bench, desk.safety_folders())) return false;
   }
   if (!loadable) {
     workspace.Delete(name);
@@ -76,42 +79,100 @@ Moved CutToWholeRows(Desk& desk) {
   const auto bytes = workspace.ReadIfThere(work_file::kRows);
   if (!bytes) return bytes.error();
   if (bytes->size() % kRowSize == 0) return true;
-  if (!KeepSafetyCopyAnyway(desk)) return false;
+  if (!KeepSafetyCopyAnyway(desk.bench, desk.safety_folders())) return false;
   const std::size_t whole = bytes->size() - bytes->size() % kRowSize;
   Outcome cut = workspace.Write(work_file::kRows, bytes->substr(0, whole));
   return cut ? Moved(true) : cut.error();
 }
 
-// `Intro.ss2`: title, kind, total flow, mean temperature and velocity, plant section, pipe system.
-Outcome TakeSheetIntro(Workbench& bench) {
-  constexpr std::size_t kLines = 7;
-  const auto bytes = bench.workspace.Read(work_file::kSheetIntro);
+std::string MomentOf(const Workspace& workspace, std::string_view name) {
+  const auto status = workspace.Status(name);
+  if (!status || !*status) return {};
+  return DateText((*status)->modified) + ", " + ClockText((*status)->modified);
+}
+
+// The sheet in that file into `sheet`, none when it is not there. One that cannot be opened is kept
+// aside.
+Moved TakeSheet(Desk& desk, std::string_view name, const FoundLeftOver& found,
+                std::optional<SheetImage>& sheet) {
+  Workbench& bench = desk.bench;
+  const auto bytes = bench.workspace.Read(name);
+  if (!bytes && bytes.error().IsMissing()) return true;
   if (!bytes) return bytes.error();
-  std::vector<std::string> lines = SplitLines(*bytes);
-  if (lines.size() < kLines) {
-    return FileError{bench.workspace.Path(work_file::kSheetIntro), "Το αρχείο είναι ελλιπές"};
+  auto decoded = DecodeSheet(*bytes, bench.workspace.Path(name), desk.separators.decimal);
+  const auto is_known = [](SystemKind kind) { return kind != SystemKind::kNone; };
+  if (decoded && is_known(decoded->kind) && is_known(found.kind) && decoded->kind != found.kind) {
+    decoded =
+        FileError{bench.workspace.Path(name), "Το φύλλο είναι άλλου συστήματος από τα Τμήματα"};
   }
-  const auto number = [&](std::size_t line) {
-    return ParseNumber(Unquoted(lines[line]), Separators{'.', ','});
-  };
+  if (decoded) {
+    sheet = std::move(decoded).value();
+    return true;
+  }
+  if (!KeepSafetyCopyAnyway(bench, desk.safety_folders())) return false;
+  bench.workspace.Delete(name);
+  bench.Ask({" !!... ΠΡΟΣΟΧΗ ...!! ",
+             {"Το φύλλο Τμημάτων που έμεινε από πριν ΔΕΝ μπορεί να ανοίξει", decoded.error().Line(),
+              "Μένει, όπως είναι, στα Αντίγραφα Ασφαλείας"},
+             box_style::kExclamation});
+  return true;
+}
+
+// The title that goes with a sheet; empty when it cannot be found out.
+std::string TitleBesideSheet(const Workspace& workspace) {
+  const auto bytes = workspace.Read(work_file::kSheetIntro);
+  const auto intro = bytes ? DecodeIntro(*bytes, {}) : Result<SheetIntro>(bytes.error());
+  return intro ? intro->study_title : std::string();
+}
+
+// Finds the sheet that is to be offered, if any.
+Moved LookForSheet(Desk& desk, FoundLeftOver& found) {
+  const Workspace& workspace = desk.bench.workspace;
+  for (const std::string_view name : {work_file::kSheetInWork, work_file::kSheet}) {
+    const bool saved = name == work_file::kSheet;
+    if (saved && (found.rows > 0 || !workspace.HasBytes(work_file::kSheetIntro))) break;
+    std::optional<SheetImage> sheet;
+    if (Moved taken = TakeSheet(desk, name, found, sheet); !taken || !*taken) return taken;
+    if (!sheet) continue;
+    found.what = LeftOver::kSheet;
+    found.sheet_file = name;
+    found.sheet_sections = CountSections(*sheet);
+    found.moment = MomentOf(workspace, name);
+    if (found.kind == SystemKind::kNone) found.kind = sheet->kind;
+    if (found.title.empty()) found.title = TitleBesideSheet(workspace);
+    return true;
+  }
+  // One that nobody offers goes when the menu begins.
+  const bool goes = found.rows == 0 && workspace.HasBytes(work_file::kSheet);
+  return !goes || KeepSafetyCopyAnyway(desk.bench, desk.safety_folders());
+}
+
+// General data, pipe system and fluid of a sheet without rows. False: they cannot be read.
+bool TakeSheetAlone(Desk& desk, const FoundLeftOver& found) {
+  Workbench& bench = desk.bench;
+  Workspace& workspace = bench.workspace;
   Study& study = bench.study;
-  try {
-    const float flow = ToSingle(number(2));
-    const float temperature = ToSingle(number(3));
-    const float velocity = ToSingle(number(4));
-    const std::int16_t plant = ToInt16(number(5));
-    const std::int16_t pipes = ToInt16(number(6));
-    study.TotalFlowM3h = flow;
-    study.MeanTemp = temperature;
-    study.MeanVel = velocity;
-    study.plant_section = plant;
-    study.pipe_system_number = pipes;
-  } catch (const Fault&) {
-    return FileError{bench.workspace.Path(work_file::kSheetIntro), "Το αρχείο έχει άκυρο αριθμό"};
+  if (!KeepSafetyCopyAnyway(bench, desk.safety_folders()) || !SetDamagedAside(desk)) return false;
+  const auto bytes = workspace.ReadIfThere(work_file::kSheetIntro);
+  if (!bytes) return TellIfFailed(bench, bytes.error());
+  if (found.sheet_file == work_file::kSheet &&
+      !TellIfFailed(bench, workspace.Copy(work_file::kSheet, work_file::kSheetInWork))) {
+    return false;
   }
-  study.study_title = Unquoted(lines[0]);
-  study.system_kind = Unquoted(lines[1]) == "OPEN" ? SystemKind::kOpen : SystemKind::kClosed;
-  return Done{};
+  const auto intro = DecodeIntro(*bytes, workspace.Path(work_file::kSheetIntro));
+  if (!intro) TellSetAside(desk, work_file::kSheetIntro);
+  TakeIntro(study, intro ? *intro : SheetIntro{});
+  study.system_kind = found.kind;
+  if (study.pipe_system_number != 0 && !TellIfFailed(bench, SetPipeMaterial(bench))) {
+    study.pipe_system_number = 0;
+  }
+  TellIfFailed(bench, LoadStudyFluid(bench));
+  study.study_path.clear();
+  study.origin_path = ReadOrigin(workspace);
+  study.came_by_recovery = true;
+  study.unsaved_changes = true;
+  study.recovery = true;
+  return true;
 }
 
 }  // namespace
@@ -124,25 +185,25 @@ Result<std::optional<FoundLeftOver>> SettleWorkFiles(Desk& desk) {
     if (!ended) return ended.error();
     if (!*ended) return std::optional<FoundLeftOver>();
   }
-  FoundLeftOver found;
   const auto rows = workspace.Rows().ReadAll();
   if (!rows) return rows.error();
+  FoundLeftOver found;
   found.rows = static_cast<int>(rows->size());
-  if (found.rows > 0) {
-    const SystemKind chosen = desk.bench.study.system_kind;
-    found.kind = KindOf(rows->front(), chosen);
-    found.what = found.kind == chosen ? LeftOver::kStudy : LeftOver::kOtherKind;
+  found.file = ReadOrigin(workspace);
+  if (rows->empty()) {
+    workspace.Delete(work_file::kRows);
+  } else {
+    found.what = LeftOver::kStudy;
+    found.kind = KindOf(rows->front());
     found.title = HeaderRow(*rows).Thema.Utf8();
-    found.file = ReadOrigin(workspace);
-    if (const auto status = workspace.Status(work_file::kRows); status && *status) {
-      found.moment = DateText((*status)->modified) + ", " + ClockText((*status)->modified);
-    }
-    return std::optional(found);
+    found.moment = MomentOf(workspace, work_file::kRows);
   }
-  workspace.Delete(work_file::kRows);
-  if (workspace.HasBytes(work_file::kSheet) && workspace.HasBytes(work_file::kSheetIntro)) {
-    found.what = LeftOver::kSheet;
-  }
+  const Moved looked = LookForSheet(desk, found);
+  if (!looked) return looked.error();
+  if (!*looked) return std::optional<FoundLeftOver>();
+  const SystemKind chosen = desk.bench.study.system_kind;
+  if (found.kind == SystemKind::kNone) found.kind = chosen;
+  if (found.what == LeftOver::kStudy && found.kind != chosen) found.what = LeftOver::kOtherKind;
   return std::optional(found);
 }
 
@@ -153,7 +214,7 @@ bool AcceptRecovery(Desk& desk, const FoundLeftOver& found) {
   const bool fluid_damaged = IsDamaged(bench, work_file::kFluid);
   if (!SetDamagedAside(desk)) return false;
   study.unsaved_changes = false;
-  study.entry_mode = 0;
+  study.entry_mode = kFormEntry;
   study.recovery = true;
   study.study_path.clear();
   const Result<bool> loaded = LoadStudy(bench, RecentList::kLeave);
@@ -163,25 +224,24 @@ bool AcceptRecovery(Desk& desk, const FoundLeftOver& found) {
   }
   TellLoadFailure(bench, loaded.error());
   study.recovery = false;
-  if (!KeepSafetyCopyAnyway(desk)) return false;
+  if (!KeepSafetyCopyAnyway(desk.bench, desk.safety_folders())) return false;
   ResetStudy(bench);
   return true;
 }
 
 bool DiscardLeftOver(Desk& desk) {
-  if (!KeepSafetyCopy(desk)) return false;
+  if (!KeepSafetyCopy(desk.bench, desk.safety_folders())) return false;
   desk.bench.workspace.DeleteWorkFiles();
   desk.bench.study.SectionCount = 0;
   return true;
 }
 
-bool AcceptSheet(Desk& desk) {
-  Workbench& bench = desk.bench;
-  if (!KeepSafetyCopyAnyway(desk)) return false;
-  if (!TellIfFailed(bench, TakeSheetIntro(bench))) return false;
-  bench.study.unsaved_changes = true;
-  bench.study.recovery = true;
-  return TellIfFailed(bench, SetPipeMaterial(bench));
+bool AcceptSheet(Desk& desk, const FoundLeftOver& found) {
+  const bool accepted = found.rows > 0 ? AcceptRecovery(desk, found) : TakeSheetAlone(desk, found);
+  Study& study = desk.bench.study;
+  // Rows that could not be loaded have taken the sheet with them, into the safety copy.
+  if (accepted && study.recovery) study.entry_mode = kSheetEntry;
+  return accepted;
 }
 
 bool SetDamagedAside(Desk& desk) {
@@ -194,7 +254,7 @@ bool SetDamagedAside(Desk& desk) {
     damaged.push_back(name);
   }
   if (damaged.empty()) return true;
-  if (!KeepSafetyCopyAnyway(desk)) return false;
+  if (!KeepSafetyCopyAnyway(desk.bench, desk.safety_folders())) return false;
   for (const std::string_view name : damaged) {
     desk.bench.workspace.Delete(name);
   }

@@ -2,15 +2,16 @@
 
 #include <utility>
 
+#include "form/open_kept_sheet.h"
 #include "form/tell.h"
 #include "form/wait.h"
 #include "shell/message_table.h"
 #include "shell/messages.h"
 #include "shell/open_study.h"
 #include "shell/recovery.h"
-#include "shell/safety_copies.h"
 #include "study/message_codes.h"
 #include "study/recent_files.h"
+#include "study/safety_copies.h"
 #include "study/save_checks.h"
 #include "study/settled_disk.h"
 #include "study/study_file_names.h"
@@ -136,7 +137,7 @@ bool AskAboutUnsaved(Desk& desk) {
   if (!HasUnsavedChanges(bench)) return true;
   switch (bench.Show(message::kSaveChanges)) {
     case Answer::kYes:
-      return SaveStudy(desk);
+      return !AskToOpenKeptSheet(desk) && SaveStudy(desk);
     case Answer::kNo:
       return true;
     case Answer::kCancel:
@@ -152,7 +153,7 @@ bool AskBeforeOpening(Desk& desk) {
     const Answer answer = bench.Show(message::kSaveChanges);
     if (answer == Answer::kCancel) bench.study.unsaved_changes = false;
     if (answer == Answer::kCancel || answer == Answer::kNone) return false;
-    if (answer == Answer::kYes && !SaveStudy(desk)) return false;
+    if (answer == Answer::kYes && (AskToOpenKeptSheet(desk) || !SaveStudy(desk))) return false;
   }
   return MayLeaveSaved(desk);
 }
@@ -176,13 +177,13 @@ bool OpenChosen(Desk& desk, const std::filesystem::path& path, RecentList recent
   const bool unsaved = std::exchange(study.unsaved_changes, false);
   study.last_study_path = study.study_path;
   study.study_path = path;
-  study.entry_mode = 0;
+  study.entry_mode = kFormEntry;
   const std::filesystem::path copy = SafetyCopyFolder(bench.workspace.outer_disk(), path);
   const OpenEnd end = [&] {
     const WaitShown wait(desk.navigator);
     // A copy is no file to be listed among those used last.
     return OpenStudyFile(bench, copy.empty() ? recent : RecentList::kLeave,
-                         [&] { return KeepSafetyCopy(desk, copy); });
+                         [&] { return KeepSafetyCopy(bench, desk.safety_folders(), copy); });
   }();
   if (end != OpenEnd::kNotOpened) {
     if (!copy.empty()) CountAsBroughtBack(bench, copy);
@@ -196,7 +197,7 @@ bool OpenChosen(Desk& desk, const std::filesystem::path& path, RecentList recent
 
 bool ThrowAwayStudy(Desk& desk) {
   Workbench& bench = desk.bench;
-  if (!KeepSafetyCopy(desk)) return false;
+  if (!KeepSafetyCopy(bench, desk.safety_folders())) return false;
   ResetStudy(bench);
   bench.study.unsaved_changes = false;
   return true;

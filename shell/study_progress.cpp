@@ -54,7 +54,7 @@ std::string NextSentence(const Study& study, Step next, bool untouched) {
 
 }  // namespace
 
-StudyProgress ProgressOf(const Study& study, bool rows, Separators separators) {
+StudyProgress ProgressOf(const Study& study, bool rows, bool sheet, Separators separators) {
   const bool data = study.MeanTemp != 0 && study.MeanVel != 0;
   const bool valid = ResultsHold(study);
   const std::array<bool, kStepCount> done = {!study.study_title.empty(), data,  rows,
@@ -95,6 +95,11 @@ StudyProgress ProgressOf(const Study& study, bool rows, Separators separators) {
     progress.next = Step::kEmitters;
   }
   progress.sentence = NextSentence(study, progress.next, !rows && study.study_title.empty());
+  if (sheet) {
+    stale(Step::kSections, "το φύλλο έμεινε ανοικτό");
+    progress.next = Step::kSections;
+    progress.sentence = "το φύλλο τμημάτων έχει στοιχεία που δεν πέρασαν ακόμη στη μελέτη.";
+  }
   return progress;
 }
 

@@ -24,7 +24,7 @@ inline bool ResultsHold(const Study& study) {
   return study.results_valid && !study.recalculation_needed;
 }
 
-/// `rows`: whether the study has rows.
-StudyProgress ProgressOf(const Study& study, bool rows, Separators separators);
+/// `rows`: whether the study has rows; `sheet`: whether its sheet holds what they do not.
+StudyProgress ProgressOf(const Study& study, bool rows, bool sheet, Separators separators);
 
 }  // namespace kalvo

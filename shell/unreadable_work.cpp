@@ -4,7 +4,7 @@
 #include <span>
 #include <utility>
 
-#include "shell/safety_copies.h"
+#include "study/safety_copies.h"
 
 namespace kalvo {
 namespace {
@@ -13,9 +13,10 @@ constexpr const char* kUnreadableTitle = " !!... ΠΡΟΣΟΧΗ ...!! ";
 
 // Without one of these the study cannot come back as it was left.
 constexpr std::array kRowsInWork = {work_file::kRows, work_file::kSummerRows,
-                                    work_file::kRowsBeforeChange};
-constexpr std::array kFilesBeside = {work_file::kRebuilt, work_file::kFirstRows, work_file::kFluid,
-                                     work_file::kWinter};
+                                    work_file::kRowsBeforeChange, work_file::kSheetInWork};
+constexpr std::array kFilesBeside = {work_file::kRebuilt, work_file::kFirstRows,
+                                     work_file::kFluid,   work_file::kWinter,
+                                     work_file::kSheet,   work_file::kSheetIntro};
 
 struct UnreadableFile {
   std::string name;
@@ -92,7 +93,8 @@ bool SetUnreadableAside(Desk& desk) {
   UnreadableFiles files;
   AddUnreadable(desk.bench.workspace, kRowsInWork, files);
   if (!files.empty() && (!MayGoWithout(desk.bench, files) ||
-                         !KeepSafetyCopyAnyway(desk, {}, UnreadableEntries::kLeaveOut))) {
+                         !KeepSafetyCopyAnyway(desk.bench, desk.safety_folders(), {},
+                                               UnreadableEntries::kLeaveOut))) {
     return false;
   }
   AddUnreadable(desk.bench.workspace, kFilesBeside, files);

@@ -336,7 +336,7 @@ Result<bool> LoadStudy(Workbench& bench, RecentList recent,
     study.study_path = study.last_study_path;
     return false;
   }
-  if (study.entry_mode == 2 || study.unsaved_changes) {
+  if (study.entry_mode == kSheetEntry || study.unsaved_changes) {
     return false;
   }
   return study.recovery ? RecoverStudy(bench) : OpenStudy(bench, recent, may_replace);

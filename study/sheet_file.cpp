@@ -1,5 +1,6 @@
 #include "study/sheet_file.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstdint>
 #include <limits>
@@ -14,6 +15,8 @@ namespace {
 constexpr std::string_view kFormat = "KALVOFLUME SHEET";
 constexpr std::string_view kVersion = "1";
 constexpr std::string_view kFoot = "TELOS ";
+constexpr std::size_t kLeftColumn = 0;
+constexpr std::size_t kRightColumn = 2;
 constexpr int kMostRows = std::numeric_limits<std::int16_t>::max();
 
 constexpr const char* kNoSheet = "Δεν είναι αρχείο φύλλου Τμημάτων";
@@ -128,7 +131,27 @@ void ChangeDecimal(std::string& text, char from, char to) {
   }
 }
 
+// Row `number` holds what the user typed, read or pasted, and not only the names it began with.
+bool IsSection(const SheetRow& row, SystemKind kind, int number) {
+  const bool open = kind == SystemKind::kOpen;
+  const std::string left = open ? std::to_string(number) : number == 1 ? std::string(kSource) : "";
+  const std::string_view right = open && number == 1 ? kSource : "";
+  if (!row.texts[kLeftColumn].empty() && row.texts[kLeftColumn] != left) return true;
+  if (!row.texts[kRightColumn].empty() && row.texts[kRightColumn] != right) return true;
+  return std::any_of(row.texts.begin() + kFirstNumberColumn, row.texts.end(),
+                     [](const std::string& text) { return !text.empty(); });
+}
+
 }  // namespace
+
+int CountSections(const SheetImage& sheet) {
+  auto count = static_cast<int>(sheet.rows.size());
+  while (count > 0 &&
+         !IsSection(sheet.rows[static_cast<std::size_t>(count - 1)], sheet.kind, count)) {
+    --count;
+  }
+  return count;
+}
 
 std::string EncodeSheet(const SheetImage& sheet, char decimal) {
   std::string text = std::string(kFormat) + "\t" + std::string(kVersion) + "\t";

@@ -34,6 +34,9 @@ struct SheetImage {
   bool operator==(const SheetImage&) const = default;
 };
 
+/// Sections of the sheet: its rows up to the last that holds more than the names it began with.
+int CountSections(const SheetImage& sheet);
+
 /// The bytes of a sheet's file. `decimal` is the decimal sign in the texts.
 std::string EncodeSheet(const SheetImage& sheet, char decimal);
 

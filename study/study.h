@@ -24,6 +24,10 @@ constexpr std::int16_t kBranchLost = 1;
 constexpr std::int16_t kRecalculate = -3000;  ///< diameters changed, recalculate
 }  // namespace calc_status
 
+/// Values of `entry mode`: the forms, and the sheet that an earlier run left open.
+constexpr int kFormEntry = 0;
+constexpr int kSheetEntry = 2;
+
 /// A line of `SectionTable`. The flow passes between passes as text (see ThroughText()); it is
 /// kept here as the number that this text reads back as, nothing when the text is empty.
 struct SectionLine {
@@ -75,7 +79,7 @@ struct Study {
   bool fluid_assumed = false;  ///< loaded without a fluid's file: it is the library's first
   std::string critical_branch;
 
-  int entry_mode = 0;
+  int entry_mode = kFormEntry;
   bool unsaved_changes = false;
   bool results_valid = false;
   bool recalculation_needed = false;

@@ -1,15 +1,18 @@
 #pragma once
 
 #include "study/kept_sheet.h"
+#include "study/workbench.h"
 
 namespace kalvo {
 
-/// True when the open study has something that is in no file. Without rows, and without a sheet
-/// that was kept, there is nothing to save.
+/// True when the open study has something that is in no file: as long as its sheet holds what the
+/// rows do not, whatever the flag says. Without rows, and without a sheet, there is nothing to
+/// save.
 inline bool HasUnsavedChanges(const Workbench& bench) {
-  return HasKeptSheet(bench.workspace) ||
-         (bench.study.unsaved_changes && (bench.workspace.HasBytes(work_file::kRows) ||
-                                          bench.workspace.HasBytes(work_file::kSheet)));
+  const Workspace& workspace = bench.workspace;
+  return IsSheetKept(workspace) ||
+         (bench.study.unsaved_changes &&
+          (workspace.HasBytes(work_file::kRows) || workspace.HasBytes(work_file::kSheet)));
 }
 
 }  // namespace kalvo

@@ -14,8 +14,8 @@
 #include "desktop/program.h"
 #include "desktop/theme.h"
 #include "engine/calculation_command.h"
-#include "shell/safety_copies.h"
 #include "shell/study_dialogs.h"
+#include "study/safety_copies.h"
 
 namespace kalvo {
 namespace {
@@ -252,7 +252,8 @@ void SafetyCopyOf999(benchmark::State& state) {
   QElapsedTimer watch;
   for (auto _ : state) {
     watch.start();
-    if (!KeepSafetyCopyAnyway(session.desk())) throw std::runtime_error("no copy was made");
+    if (!KeepSafetyCopyAnyway(session.desk().bench, session.desk().safety_folders()))
+      throw std::runtime_error("no copy was made");
     Note(state, watch, 0);
   }
 }

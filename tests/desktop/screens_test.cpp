@@ -25,10 +25,10 @@
 #include "desktop/qt_text.h"
 #include "desktop/theme.h"
 #include "entry/frm_liquid.h"
-#include "shell/safety_copies.h"
 #include "study/codepage.h"
 #include "study/fluid_library.h"
 #include "study/recent_files.h"
+#include "study/safety_copies.h"
 #include "study/study_reset.h"
 #include "tests/desktop/calculated_desk.h"
 #include "tests/desktop/pictures.h"
@@ -160,7 +160,7 @@ std::filesystem::path Samples() {
 void Surround(CalculatedDesk& desk) {
   Workspace& workspace = *desk.study.workspace;
   desk.desk.data_folder = desk.desk.state_folder = testing::TempDir();
-  ASSERT_TRUE(KeepSafetyCopyAnyway(desk.desk));
+  ASSERT_TRUE(KeepSafetyCopyAnyway(desk.desk.bench, desk.desk.safety_folders()));
   desk.desk.data_folder = Samples();
   desk.desk.version = "Έκδοση 0.1.0";
   desk.desk.questions.offered = {desk.study.study.SectionCount, "Ξενοδοχείο", "/studies/hotel.PCK",

@@ -8,8 +8,8 @@
 #include "shell/frm_kind.h"
 #include "shell/frm_title.h"
 #include "shell/open_study.h"
-#include "shell/safety_copies.h"
 #include "shell/study_dialogs.h"
+#include "study/safety_copies.h"
 #include "tests/support/sample_study.h"
 #include "tests/support/test_desk.h"
 
@@ -245,6 +245,37 @@ TEST_F(MainMenu, AsksNothingAndMarksNothingWhereThereIsNothingToSave) {
   Click(form, form.Cmd_New);
 }
 
+TEST_F(MainMenu, OffersToOpenTheSheetThatWasKeptBeforeItUsesTheRows) {
+  PutStudy();
+  EXPECT_NE(Marks()[2], RoadMark::kStale);
+  ASSERT_TRUE(test.workspace.Write(work_file::kSheetInWork, "cells").ok());
+  test.study.unsaved_changes = false;
+  EXPECT_EQ(Marks()[2], RoadMark::kStale);
+  EXPECT_NE(form.LblNext.text.find("φύλλο"), std::string::npos);
+  EXPECT_TRUE(form.LblUnsaved.visible);
+  const std::string title = " !!... ΠΡΟΣΟΧΗ ...!! ";
+  for (const Key& key : {Plain(KeyCode::kF9), Ctrl('S'), CtrlShift('S')}) {
+    test.prompter.Expect(title, Answer::kCancel);
+    form.Press(key);
+    EXPECT_FALSE(desk.screens.open_kept_sheet);
+    test.prompter.Expect(title, Answer::kYes);
+    form.Press(key);
+    EXPECT_EQ(navigator.log.back(), "show FrmData_Sheet");
+    EXPECT_EQ(test.prompter.boxes().back().style, box_style::kWarnYesNo) << "the default is yes";
+    EXPECT_TRUE(desk.screens.open_kept_sheet && desk.screens.edit_mode);
+    navigator.Close(screen::kSheet);
+    desk.screens.open_kept_sheet = false;
+  }
+  test.prompter.Expect(title, Answer::kNo);
+  navigator.Expect(screen::kFiles, [] {});
+  form.Press(CtrlShift('S'));
+  test.prompter.Expect(130, Answer::kYes);
+  test.prompter.Expect(title, Answer::kYes);
+  Click(form, form.Cmd_Exit);
+  EXPECT_EQ(navigator.log.back(), "show FrmData_Sheet") << "a save that was asked for first";
+  EXPECT_TRUE(test.workspace.Exists(work_file::kRows));
+}
+
 TEST_F(MainMenu, TellsOfAStudyThatCameWithoutItsFluid) {
   PutStudy();
   EXPECT_FALSE(form.LblFluidAssumed.visible);
@@ -422,21 +453,6 @@ TEST_F(KindScreen, OffersWhatWasLeftOfTheOtherKindWhenAFileWasGiven) {
   EXPECT_TRUE(test.study.SystemOpen());
   EXPECT_TRUE(desk.screens.study_argument.empty()) << "it is of the other kind";
   EXPECT_TRUE(test.study.recovery);
-}
-
-TEST_F(KindScreen, BringsBackWhatIsKnownOfASheetAndNeverLosesIt) {
-  ASSERT_TRUE(test.workspace.Write(work_file::kSheet, "cells").ok());
-  ASSERT_TRUE(test.workspace
-                  .Write(work_file::kSheetIntro,
-                         "\"Σχολείο\"\n\"CLOSED\"\n\"3.2\"\n\"70\"\n\"1.5\"\n\"2\"\n\"1\"\n")
-                  .ok());
-  Offer(true);
-  Click(form, form.Cmd_Go);
-  EXPECT_EQ(test.study.study_title, "Σχολείο");
-  EXPECT_EQ(test.study.MeanVel, 1.5F);
-  EXPECT_EQ(test.study.plant_section, 2);
-  EXPECT_EQ(test.Bytes(work_file::kSheet), "cells");
-  EXPECT_EQ(SafetyCopies(), 1U);
 }
 
 TEST(TitleScreen, GoesOnOnceByKeyOrTime) {

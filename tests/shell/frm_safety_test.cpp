@@ -27,7 +27,7 @@ struct SafetyWindow : TestDesk, ::testing::Test {
     Workbench bench(test.study, workspace, test.pipes, test.prompter);
     Desk at{bench, navigator, sound, viewer, clipboard, desk.separators};
     at.data_folder = desk.data_folder;
-    ASSERT_TRUE(KeepSafetyCopyAnyway(at));
+    ASSERT_TRUE(KeepSafetyCopyAnyway(at.bench, at.safety_folders()));
   }
   StandingClock clock;
 };

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "shell/safety_copies.h"
 #include "shell/study_dialogs.h"
+#include "study/safety_copies.h"
 #include "study/study_origin.h"
 #include "tests/support/dated_disk.h"
 #include "tests/support/sample_study.h"
@@ -139,7 +139,7 @@ TEST_F(Recovery, KnowsTitleFileAndTimeAndSavesUnderTheStudysOwnName) {
   ASSERT_TRUE(AcceptRecovery(desk, found));
   EXPECT_EQ(test.study.origin_path, kStudies / "σχολείο.PCK");
   EXPECT_TRUE(test.study.study_path.empty()) << "nothing of it is saved";
-  ASSERT_TRUE(KeepSafetyCopy(desk));
+  ASSERT_TRUE(KeepSafetyCopy(bench, desk.safety_folders()));
   EXPECT_EQ(BytesInCopy("σχολείο.PCK"), rows);
 }
 
@@ -179,15 +179,15 @@ TEST_F(Recovery, KeepsTheNewestTenCopiesAndNothingThatIsNoCopy) {
   ASSERT_TRUE(test.outer_disk.Write(kCopies / "2020-01-01_000000" / "a.PCK", rows).ok());
   clock.now = 2'000'000'000;
   for (int i = 0; i < 12; ++i) {
-    ASSERT_TRUE(KeepSafetyCopyAnyway(desk));
+    ASSERT_TRUE(KeepSafetyCopyAnyway(bench, desk.safety_folders()));
   }
   EXPECT_EQ(SafetyCopyNames(test.outer_disk, kCopies).size(), kSafetyCopies);
   EXPECT_EQ(SafetyCopyNames(test.outer_disk, kCopies).back().substr(17), "-12") << "12 is after 9";
   EXPECT_EQ(Copies().size(), kSafetyCopies + 4);
   clock.now = 1'000'000'000;  // a clock that was set back
   const fs::path oldest = kCopies / SafetyCopyNames(test.outer_disk, kCopies).front();
-  ASSERT_TRUE(KeepSafetyCopyAnyway(desk, oldest));
-  ASSERT_TRUE(KeepSafetyCopyAnyway(desk, oldest));
+  ASSERT_TRUE(KeepSafetyCopyAnyway(bench, desk.safety_folders(), oldest));
+  ASSERT_TRUE(KeepSafetyCopyAnyway(bench, desk.safety_folders(), oldest));
   EXPECT_EQ(SafetyCopyNames(test.outer_disk, kCopies).back().substr(17), "-14");
   EXPECT_EQ(SafetyCopyNames(test.outer_disk, kCopies)[9].substr(17), "-13");
   EXPECT_TRUE(test.outer_disk.Exists(oldest / "MELETH.PCK")) << "it is being opened";
@@ -195,13 +195,13 @@ TEST_F(Recovery, KeepsTheNewestTenCopiesAndNothingThatIsNoCopy) {
 
 TEST_F(Recovery, FallsBackOnTheStateFolderAndAsksWhenNeitherTakesTheCopy) {
   outer.FailAtOperation(1, FailingDisk::Lasting::kOnce);
-  ASSERT_TRUE(KeepSafetyCopyAnyway(desk));
+  ASSERT_TRUE(KeepSafetyCopyAnyway(bench, desk.safety_folders()));
   const std::string told = test.prompter.boxes().back().lines.back();
   EXPECT_NE(told.find("/state/ASFALEIA/"), std::string::npos) << told;
   EXPECT_TRUE(Copies().empty());
 
   desk.data_folder = "/share/that/is/gone";
-  ASSERT_TRUE(KeepSafetyCopyAnyway(desk));
+  ASSERT_TRUE(KeepSafetyCopyAnyway(bench, desk.safety_folders()));
   EXPECT_FALSE(test.outer_disk.Exists("/share/that/is/gone")) << "nothing is put below it";
   desk.data_folder = kStudies;
 

@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "shell/frm_file_os.h"
-#include "shell/safety_copies.h"
 #include "study/real_disk.h"
+#include "study/safety_copies.h"
 #include "study/study_origin.h"
 #include "study/write_study.h"
 #include "tests/support/failing_disk.h"
@@ -217,7 +217,7 @@ TEST(SafetyCopyBehindALink, ComesBackAsTheStudyItIsOfAndStays) {
   PutSampleStudy(bench, "Παλιά");
   NoteOrigin(workspace, origin);
   with.test.study.origin_path = origin;
-  ASSERT_TRUE(KeepSafetyCopyAnyway(desk));
+  ASSERT_TRUE(KeepSafetyCopyAnyway(bench, desk.safety_folders()));
   const fs::path copies = place.studies() / kSafetyFolder;
   const fs::path oldest = copies / SafetyCopyNames(disk, copies).front();
   const fs::path links = place.folder() / "links";
@@ -226,7 +226,9 @@ TEST(SafetyCopyBehindALink, ComesBackAsTheStudyItIsOfAndStays) {
   fs::create_directory_symlink(oldest, links / "copy");
   fs::create_directory_symlink(copies, links / "copies");
   fs::create_directory_symlink(links / "copy", links / "link");
-  for (std::size_t i = 1; i < kSafetyCopies; ++i) ASSERT_TRUE(KeepSafetyCopyAnyway(desk));
+  for (std::size_t i = 1; i < kSafetyCopies; ++i) {
+    ASSERT_TRUE(KeepSafetyCopyAnyway(bench, desk.safety_folders()));
+  }
 
   for (const fs::path& path :
        {oldest / "own.PCK", links / "file.PCK", links / "copy/own.PCK", links / "link/own.PCK",

@@ -34,7 +34,10 @@ struct Unreadable : TestDesk {
     Put(work_file::kRecentFiles, "\"/studies/a.PCK\"\n");
     Put(work_file::kOptions, "SoundOn=1\n");
     Put(work_file::kStudiesIndex, std::string(526, ' '));
-    if (name == work_file::kSheet || name == work_file::kSheetIntro) Put(name, "cells");
+    if (name == work_file::kSheet || name == work_file::kSheetIntro ||
+        name == work_file::kSheetInWork) {
+      Put(name, "cells");
+    }
     if (name == work_file::kSummerRows || name == work_file::kRowsBeforeChange) {
       Put(name, test.Bytes());
     }
@@ -97,7 +100,9 @@ const std::vector<Case> kCases = {
     {work_file::kSummerRows, [](Unreadable& p) { EXPECT_FALSE(*SettleWorkFiles(p.there)); }, true},
     {work_file::kRowsBeforeChange, [](Unreadable& p) { EXPECT_FALSE(*SettleWorkFiles(p.there)); },
      true},
-    {work_file::kSheetIntro, [](Unreadable& p) { EXPECT_FALSE(AcceptSheet(p.there)); }, true},
+    {work_file::kSheetIntro, [](Unreadable& p) { EXPECT_FALSE(AcceptSheet(p.there, {})); }, true},
+    {work_file::kSheetInWork, [](Unreadable& p) { EXPECT_FALSE(ThrowAwayStudy(p.there)); }, true},
+    {work_file::kSheetInWork, [](Unreadable& p) { EXPECT_FALSE(*SettleWorkFiles(p.there)); }, true},
     {work_file::kDataFolder,
      [](Unreadable& p) { EXPECT_FALSE(EnsureDataFolder(p.workspace).ok()); }},
     {work_file::kRecentFiles,

@@ -5,7 +5,7 @@
 #include <algorithm>
 
 #include "shell/recovery.h"
-#include "shell/safety_copies.h"
+#include "study/safety_copies.h"
 #include "study/write_study.h"
 #include "tests/support/failing_disk.h"
 #include "tests/support/sample_study.h"
@@ -222,7 +222,7 @@ TEST(SafetyCopies, GoToTheStateFolderWhereTheirOwnCannotBeLookedInto) {
   Desk desk{bench, left.navigator, left.sound, left.viewer, left.clipboard, Separators{',', '.'}};
   desk.data_folder = kStudies;
   desk.state_folder = "/state";
-  EXPECT_TRUE(KeepSafetyCopyAnyway(desk));
+  EXPECT_TRUE(KeepSafetyCopyAnyway(bench, desk.safety_folders()));
   EXPECT_EQ(SafetyCopyNames(closed, fs::path("/state") / kSafetyFolder).size(), 1U);
 }
 

@@ -54,6 +54,22 @@ TEST(SheetFile, CarriesAnyText) {
   EXPECT_EQ(*DecodeSheet(EncodeSheet(sheet, ','), kFile, ','), sheet);
 }
 
+TEST(SheetFile, CountsTheRowsWithMoreThanTheNamesTheyBeganWith) {
+  SheetImage open{SystemKind::kOpen, 0, std::vector<SheetRow>(3)};
+  for (int i = 0; i < 3; ++i)
+    open.rows[static_cast<std::size_t>(i)].texts[0] = std::to_string(i + 1);
+  open.rows[0].texts[2] = "ANT";
+  EXPECT_EQ(CountSections(open), 0);
+  open.rows[1].texts[2] = "ANT";
+  EXPECT_EQ(CountSections(open), 2);
+  SheetImage closed{SystemKind::kClosed, 0, std::vector<SheetRow>(2)};
+  closed.rows[0].texts[0] = "ANT";
+  closed.rows[0].texts[1] = closed.rows[1].texts[1] = "/";
+  EXPECT_EQ(CountSections(closed), 0);
+  closed.rows[1].texts[15] = "0";
+  EXPECT_EQ(CountSections(closed), 2);
+}
+
 TEST(SheetFile, ReadsNumbersUnderAnotherDecimalSign) {
   SheetImage sheet = Sheet();
   sheet.rows[1].texts[3] = "1.234,5";  // as it may be pasted

@@ -1,4 +1,4 @@
-#include "shell/safety_copies.h"
+#include "study/safety_copies.h"
 
 #include <algorithm>
 #include <array>
@@ -8,6 +8,7 @@
 
 #include "study/companions.h"
 #include "study/date_text.h"
+#include "study/kept_sheet.h"
 #include "study/study_extensions.h"
 #include "study/study_file_names.h"
 #include "study/study_origin.h"
@@ -118,8 +119,9 @@ void RemoveOldCopies(Disk& disk, const fs::path& above, const fs::path& in_use) 
 
 // Files that hold what was entered: a copy without one of them is none.
 bool HoldsEntries(std::string_view work_name) {
-  constexpr std::array kEntered = {work_file::kRows, work_file::kFluid, work_file::kWinter,
-                                   work_file::kSheet, work_file::kSheetIntro};
+  constexpr std::array kEntered = {work_file::kRows,       work_file::kFluid,
+                                   work_file::kWinter,     work_file::kSheet,
+                                   work_file::kSheetIntro, work_file::kSheetInWork};
   return std::ranges::find(kEntered, work_name) != kEntered.end();
 }
 
@@ -177,13 +179,12 @@ Result<MadeCopy> WriteSafetyCopy(const Workbench& bench, const fs::path& where,
 
 // In the studies' folder, which is not made anew: below a share that is gone the copy would be
 // hidden by it later.
-Result<MadeCopy> WriteBesideStudies(const Desk& desk, const fs::path& in_use,
-                                    UnreadableEntries unreadable) {
-  const fs::path& where = desk.data_folder;
-  const auto status = desk.bench.workspace.outer_disk().Status(where);
+Result<MadeCopy> WriteBesideStudies(const Workbench& bench, const fs::path& where,
+                                    const fs::path& in_use, UnreadableEntries unreadable) {
+  const auto status = bench.workspace.outer_disk().Status(where);
   if (!status) return status.error();
   if (!*status) return FileError{where, "Ο φάκελος δεν υπάρχει", FileErrorKind::kMissing};
-  return WriteSafetyCopy(desk.bench, where, in_use, unreadable);
+  return WriteSafetyCopy(bench, where, in_use, unreadable);
 }
 
 // The copy in that folder; nothing when no study of the kind can be opened from it.
@@ -223,10 +224,10 @@ bool CompanionIsSaved(const Workbench& bench, std::string_view work_name,
 }  // namespace
 
 bool IsSaved(const Workbench& bench) {
-  if (bench.workspace.HasBytes(work_file::kSheet)) return false;
+  if (IsSheetKept(bench.workspace)) return false;
   const auto rows = bench.workspace.ReadIfThere(work_file::kRows);
   if (!rows) return false;
-  if (rows->empty()) return true;
+  if (rows->empty()) return !bench.workspace.HasBytes(work_file::kSheet);
   const fs::path& path = bench.study.study_path;
   if (path.empty() || path == kEscapePath) return false;
   const Disk& disk = bench.workspace.outer_disk();
@@ -237,16 +238,16 @@ bool IsSaved(const Workbench& bench) {
           CompanionIsSaved(bench, work_file::kWinter, extensions.winter));
 }
 
-bool KeepSafetyCopy(Desk& desk, const fs::path& in_use) {
-  return IsSaved(desk.bench) || KeepSafetyCopyAnyway(desk, in_use);
+bool KeepSafetyCopy(Workbench& bench, const SafetyFolders& folders, const fs::path& in_use) {
+  return IsSaved(bench) || KeepSafetyCopyAnyway(bench, folders, in_use);
 }
 
-bool KeepSafetyCopyAnyway(Desk& desk, const fs::path& in_use, UnreadableEntries unreadable) {
-  Workbench& bench = desk.bench;
-  const auto kept = WriteBesideStudies(desk, in_use, unreadable);
-  const auto elsewhere = kept || desk.state_folder.empty()
+bool KeepSafetyCopyAnyway(Workbench& bench, const SafetyFolders& folders, const fs::path& in_use,
+                          UnreadableEntries unreadable) {
+  const auto kept = WriteBesideStudies(bench, folders.studies, in_use, unreadable);
+  const auto elsewhere = kept || folders.state.empty()
                              ? kept
-                             : WriteSafetyCopy(bench, desk.state_folder, in_use, unreadable);
+                             : WriteSafetyCopy(bench, folders.state, in_use, unreadable);
   if (elsewhere && !elsewhere->left_out.empty()) {
     bench.Ask({" !!... ΠΡΟΣΟΧΗ ...!! ",
                {"Δεν διαβάζονται και λείπουν από το αντίγραφο ασφαλείας της Μελέτης :",
@@ -280,10 +281,10 @@ std::vector<std::string> SafetyCopyNames(const Disk& disk, const fs::path& above
   return names;
 }
 
-std::vector<SafetyCopy> ListSafetyCopies(const Desk& desk, SystemKind kind) {
-  const Disk& disk = desk.bench.workspace.outer_disk();
+std::vector<SafetyCopy> ListSafetyCopies(const Disk& disk, const SafetyFolders& folders,
+                                         SystemKind kind) {
   std::vector<std::pair<Stamp, SafetyCopy>> found;
-  for (const fs::path& where : {desk.data_folder, desk.state_folder}) {
+  for (const fs::path& where : {folders.studies, folders.state}) {
     const fs::path above = where / kSafetyFolder;
     for (const std::string& name : SafetyCopyNames(disk, above)) {
       if (auto copy = LookInto(disk, above / name, kind)) {

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "form/desk.h"
+#include "study/workbench.h"
 
 namespace kalvo {
 
@@ -12,14 +12,21 @@ namespace kalvo {
 constexpr const char* kSafetyFolder = "ASFALEIA";
 constexpr std::size_t kSafetyCopies = 10;
 
+/// Where safety copies go.
+struct SafetyFolders {
+  std::filesystem::path studies;  ///< the folder of the studies
+  std::filesystem::path state;    ///< where that one takes none; empty: nowhere else
+};
+
 /// True when what was entered (rows, fluid, winter rows) is, byte by byte, in the files at
-/// `study path`, and no sheet is kept besides the rows. Without rows and sheet there is nothing to
-/// lose, and it is true too.
+/// `study path`, and the sheet holds nothing that the rows do not (IsSheetKept()). Without rows and
+/// without any sheet there is nothing to lose, and it is true too.
 bool IsSaved(const Workbench& bench);
 
 /// Before the study in the work files is thrown away: copies it to safety unless it is saved
 /// (IsSaved()). True: it may go. A copy in the folder `in_use` is not taken away, however old.
-bool KeepSafetyCopy(Desk& desk, const std::filesystem::path& in_use = {});
+bool KeepSafetyCopy(Workbench& bench, const SafetyFolders& folders,
+                    const std::filesystem::path& in_use = {});
 
 /// Entered data (rows, fluid, winter rows, sheet) that cannot be read: no copy is made without
 /// them, or, where they stay on disk as they are, they are left out and a box names them.
@@ -31,7 +38,8 @@ enum class UnreadableEntries { kRefuse, kLeaveOut };
 /// without a copy; "no" is the default, and false. Files without entered data that cannot be read
 /// are left out, and a box names them. The copy opens as any study does; what is no study's file,
 /// or is damaged, keeps its name. The newest kSafetyCopies are kept.
-bool KeepSafetyCopyAnyway(Desk& desk, const std::filesystem::path& in_use = {},
+bool KeepSafetyCopyAnyway(Workbench& bench, const SafetyFolders& folders,
+                          const std::filesystem::path& in_use = {},
                           UnreadableEntries unreadable = UnreadableEntries::kRefuse);
 
 /// Names of the safety copies in a folder, the oldest first: folders named as copies are, no
@@ -48,7 +56,8 @@ struct SafetyCopy {
 };
 
 /// The safety copies of a kind, of both places, the newest first.
-std::vector<SafetyCopy> ListSafetyCopies(const Desk& desk, SystemKind kind);
+std::vector<SafetyCopy> ListSafetyCopies(const Disk& disk, const SafetyFolders& folders,
+                                         SystemKind kind);
 
 /// The folder of the safety copy that the file is in, also when a link leads there; empty for any
 /// other file.
