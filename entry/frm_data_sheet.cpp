@@ -1,12 +1,15 @@
 #include "entry/frm_data_sheet.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "entry/sheet_checks.h"
 #include "entry/sheet_columns.h"
 #include "entry/sheet_view.h"
 #include "form/tell.h"
+#include "study/kept_sheet.h"
 #include "study/message_codes.h"
+#include "study/safety_copies.h"
 
 namespace kalvo {
 namespace {
@@ -20,6 +23,21 @@ std::string JoinedRemarks(const std::vector<std::string>& remarks) {
     text += (text.empty() ? "" : " · ") + remark;
   }
   return text;
+}
+
+Box KeptSheetBox() {
+  return {"Φύλλο Τμημάτων",
+          {"Υπάρχει φύλλο με στοιχεία που δεν πέρασαν ακόμη στην Μελέτη.",
+           "Να συνεχίσει η καταχώρηση από αυτό ?? (Όχι : από τα Τμήματα της Μελέτης)"},
+          box_style::kYesNo};
+}
+
+Box BrokenSheetBox() {
+  return {"Φύλλο Τμημάτων",
+          {"Το φύλλο που φυλάχθηκε δεν ανοίγει.",
+           "Να αρχίσει η καταχώρηση από τα Τμήματα της Μελέτης ??",
+           "(Το φύλλο θα μείνει σε Αντίγραφο Ασφαλείας)"},
+          box_style::kDefaultNo};
 }
 
 }  // namespace
@@ -121,12 +139,22 @@ void FrmData_Sheet::Load() {
   Show();
 }
 
+// A kept sheet goes on; the user may give it up, and so may one who meets a broken one. It goes
+// into a safety copy then.
 bool FrmData_Sheet::BeginSitting() {
-  if (Outcome begun = sitting_.Begin(); !begun) {
+  const bool unasked = std::exchange(desk.screens.open_kept_sheet, false);
+  const bool kept = IsSheetKept(bench.workspace);
+  const Answer go_on = !kept || unasked ? Answer::kYes : bench.Ask(KeptSheetBox());
+  if (go_on == Answer::kYes) {
+    const Outcome begun = sitting_.Begin();
+    if (begun) return true;
     TellError(bench, begun.error());
+    if (!kept || bench.Ask(BrokenSheetBox()) != Answer::kYes) return false;
+  } else if (go_on != Answer::kNo) {
     return false;
   }
-  return true;
+  return KeepSafetyCopyAnyway(bench, desk.safety_folders()) &&
+         TellIfFailed(bench, sitting_.BeginWithRows());
 }
 
 void FrmData_Sheet::Show() {

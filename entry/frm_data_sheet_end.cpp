@@ -3,6 +3,7 @@
 #include "engine/outlets.h"
 #include "entry/frm_data_sheet.h"
 #include "form/tell.h"
+#include "study/safety_copies.h"
 
 namespace kalvo {
 
@@ -44,7 +45,7 @@ bool FrmData_Sheet::MayEmptyRows(const DraftRows& made) {
       {"  ! !   ΠΡΟΣΟΧΗ : ΔΙΑΓΡΑΦΗ   ! ! ",
        {"Το φύλλο είναι κενό : όλα τα Τμήματα της Μελέτης θα διαγραφούν !!", "Είστε Σίγουρος ??"},
        box_style::kDefaultNo});
-  return answer == Answer::kYes;
+  return answer == Answer::kYes && KeepSafetyCopyAnyway(bench, desk.safety_folders());
 }
 
 bool FrmData_Sheet::OutletsDiffer(const DraftRows& made) const {

@@ -59,4 +59,10 @@ class Navigator {
   virtual void EndProgram() = 0;
 };
 
+/// Shows the screen and hides the main menu, unless the screen has closed itself at once.
+inline void ShowInsteadOfMenu(Navigator& navigator, std::string_view screen) {
+  navigator.Show(screen);
+  if (navigator.IsOpen(screen)) navigator.Hide(screen::kMain);
+}
+
 }  // namespace kalvo

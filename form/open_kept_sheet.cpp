@@ -9,7 +9,7 @@ void OpenKeptSheet(Desk& desk) {
     desk.screens.edit_mode = desk.bench.workspace.HasBytes(work_file::kRows);
     desk.screens.open_kept_sheet = true;
   }
-  desk.navigator.Show(screen::kSheet);
+  ShowInsteadOfMenu(desk.navigator, screen::kSheet);
 }
 
 bool AskToOpenKeptSheet(Desk& desk) {

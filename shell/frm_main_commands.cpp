@@ -95,8 +95,7 @@ void FrmMain::OpenSections() {
   if (bench.workspace.Exists(work_file::kRows) && !HasRows()) {
     bench.workspace.Delete(work_file::kRows);
   }
-  desk.navigator.Show(screen::kSheet);
-  desk.navigator.Hide(screen::kMain);
+  ShowInsteadOfMenu(desk.navigator, screen::kSheet);
 }
 
 void FrmMain::OpenEmitterData() {
@@ -105,9 +104,10 @@ void FrmMain::OpenEmitterData() {
     bench.Show(message::kNoData);
     return;
   }
-  desk.navigator.Show(bench.study.SystemOpen() ? screen::kOutlets : screen::kEmitters);
+  if (AskToOpenKeptSheet(desk)) return;
+  ShowInsteadOfMenu(desk.navigator,
+                    bench.study.SystemOpen() ? screen::kOutlets : screen::kEmitters);
   desk.screens.edit_mode = true;  // once its list could be read
-  desk.navigator.Hide(screen::kMain);
 }
 
 void FrmMain::Calculate(bool choose_method) {

@@ -23,7 +23,6 @@ constexpr const char* kWinter = "WINTCIRC.TMP";
 constexpr const char* kSheet = "Spread.ss2";
 constexpr const char* kSheetInWork = "Spread.@@@";
 constexpr const char* kSheetIntro = "Intro.ss2";
-constexpr const char* kSheetInWork = "Spread.@@@";
 constexpr const char* kFirstRows = "FIRSTONE.TMP";
 constexpr const char* kFirstRowsOld = "FIRSTONE.TM_";
 constexpr const char* kFluid = "LIQUID.TMP";

@@ -179,6 +179,30 @@ TEST(Sheet, KeepsItselfAndGoesOnFromWhereItWas) {
   EXPECT_FALSE(workspace.Exists(work_file::kSheetInWork)) << "the rows say the same";
 }
 
+TEST(Sheet, AsksWhetherAKeptSheetGoesOnAndCopiesItToSafetyWhereNot) {
+  SheetUser sheet(SystemKind::kClosed, kLoop);
+  ASSERT_TRUE(sheet.user.test.outer_disk.MakeFolder(kStudies).ok());
+  sheet.user.desk.data_folder = kStudies;
+  ScriptedPrompter& prompter = sheet.user.test.prompter;
+  sheet.GoTo(0, 3);
+  sheet.TypeCells("9");
+  sheet.form->Idle(0.3);
+  prompter.Expect("Φύλλο Τμημάτων", Answer::kYes);
+  sheet.OpenFromMenu();
+  EXPECT_EQ(sheet.Line(0), "ANT|/|1|9");
+  prompter.Expect("Φύλλο Τμημάτων", Answer::kNo);
+  sheet.OpenFromMenu();
+  EXPECT_EQ(sheet.Line(0), "ANT|/|1|5");
+  EXPECT_FALSE(sheet.user.test.workspace.Exists(work_file::kSheetInWork));
+  EXPECT_FALSE(NamesIn(sheet.user.test.outer_disk, "/studies/ASFALEIA").empty());
+  ASSERT_TRUE(sheet.user.test.workspace.Write(work_file::kSheetInWork, "noise").ok());
+  prompter.Expect("Φύλλο Τμημάτων", Answer::kYes);
+  prompter.Expect("Φύλλο Τμημάτων", Answer::kNo);
+  sheet.OpenFromMenu();
+  EXPECT_EQ(sheet.user.test.Bytes(work_file::kSheetInWork), "noise") << "it stays";
+  EXPECT_EQ(sheet.user.navigator.log.back(), "close FrmData_Sheet");
+}
+
 TEST(Sheet, NamesTheSourceByOneKeyAndTeesByShift) {
   SheetUser sheet;
   sheet.Press(Typed(U'α'));

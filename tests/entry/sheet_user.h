@@ -24,7 +24,12 @@ class SheetUser {
     Open();
   }
 
+  /// As after a crash: what was kept goes on.
   void Open() {
+    user.desk.screens.open_kept_sheet = true;
+    OpenFromMenu();
+  }
+  void OpenFromMenu() {
     form = std::make_unique<FrmData_Sheet>(user.desk);
     form->Load();
     form->Activate();

@@ -96,7 +96,8 @@ struct SheetRecovery : ::testing::Test {
   NotedNavigator navigator;
   CountedSound sound;
   NotedViewer viewer;
-  Desk desk{bench, navigator, sound, viewer, Separators{',', '.'}};
+  MemoryClipboard clipboard;
+  Desk desk{bench, navigator, sound, viewer, clipboard, Separators{',', '.'}};
   std::string left;  // the rows
   std::vector<std::string> offer;
   std::string moment;
