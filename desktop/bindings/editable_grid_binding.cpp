@@ -29,7 +29,10 @@ void EditableGridBinding::HearUser(const Act& act) {
   const auto* selection = view().selectionModel();
   connect(selection, &QItemSelectionModel::selectionChanged, this, [this] { SelectedByMouse(); });
   connect(selection, &QItemSelectionModel::currentChanged, this, [this] { SelectedByMouse(); });
-  const auto open = [this] { act_([this] { grid_.Open(); }); };
+  const auto open = [this] {
+    if (heard_) TakeSelection();  // the cell that was meant
+    act_([this] { grid_.Open(); });
+  };
   connect(&view(), &QTableView::doubleClicked, this, open);
   if (frozen_ != nullptr) connect(frozen_, &QTableView::doubleClicked, this, open);
   for (const QScrollBar* bar : {view().horizontalScrollBar(), view().verticalScrollBar()}) {
@@ -42,7 +45,11 @@ void EditableGridBinding::SelectedByMouse() {
   if (painting() || heard_) return;
   heard_ = true;
   QMetaObject::invokeMethod(
-      this, [this] { TakeSelection(); }, Qt::QueuedConnection);
+      this,
+      [this] {
+        if (heard_) TakeSelection();
+      },
+      Qt::QueuedConnection);
 }
 
 void EditableGridBinding::TakeSelection() {
