@@ -46,6 +46,14 @@ def pipe(number, material):
             text(f"{number} in", 12) + struct.pack("<6f", 0, 10 * number, 78 * number, 0, 0.045, 0))
 
 
+def sheet(body):
+    """The bytes of a section sheet with that head and those rows."""
+    digest = 0xCBF29CE484222325
+    for byte in body:
+        digest = (digest ^ byte) * 0x100000001B3 % 2**64
+    return body + b"TELOS %x\n" % digest
+
+
 def rows(closed, results):
     names = ("ANT/1  ", "  1/2  ", "  1/3  ") if closed else ("  1/ANT", "  2/1  ", "  3/1  ")
     return b"".join(
@@ -56,6 +64,10 @@ def rows(closed, results):
 WATER = fluid(1, "Νερό", -10000, -10000, 1000)
 GLYCOL = fluid(2, "Διάλυμα 25% Προπυλενικής Γλυκόλης σε Νερό", -6, 0.00085, 1260)
 STEEL = b"".join(pipe(i, "STEEL") for i in (1, 2, 3))
+SHEET_ROWS = ("1\t  1/ANT\t1\t/\tANT\t12,5" + "\t" * 12 + "\n" +
+              "0\t" + " " * 7 + "\tΑ\t/\t1\t1.234,5" + "\t0" * 12 + "\n").encode()
+SHEET_BODY = b"KALVOFLUME SHEET\t1\tOPEN\t,\t1\t2\n" + SHEET_ROWS
+INTRO = "\"Σχολείο\"\n\"OPEN\"\n\"3.25\"\n\"70\"\n\"0.75\"\n\"2\"\n\"11\"\n"
 JOURNAL = b"KALVOFLUME 1\nb.LQD\nb.PCK\nTELOS\n"
 
 SEEDS = {
@@ -98,6 +110,23 @@ SEEDS = {
         "utf8": "\"/μελέτες/Κτίριο.PCK\"\n\"/b.PCK\"\n".encode(),
         "code_page": "\"C:\\Κτίριο.PCK\"\r\n\r\nC:\\b.PCK".encode("cp1253"),
         "many": b"".join(b"\"/%d.PCK\"\n" % i for i in range(40)),
+    },
+    "sheet_file": {
+        "whole": b"\0" + sheet(SHEET_BODY),
+        "body": b"\1" + SHEET_BODY,
+        "point": b"\3" + SHEET_BODY,
+        "cut": b"\0" + sheet(SHEET_BODY)[:70],
+        "short": b"\1" + SHEET_BODY.replace(b"\t1\t2\n", b"\t1\t9\n"),
+        "escapes": b"\1" + SHEET_BODY.replace(b"ANT\t12,5", b"\\t\\n\\\\\t\\"),
+        "empty": b"\1KALVOFLUME SHEET\t1\tNONE\t,\t0\t0\n",
+        "newer": b"\1KALVOFLUME SHEET\t2\tx\n",
+    },
+    "sheet_intro": {
+        "whole": INTRO.encode(),
+        "code_page": INTRO.encode("cp1253").replace(b"\n", b"\r\n"),
+        "unquoted": INTRO.replace("\"", "").encode(),
+        "cut": INTRO.encode()[:40],
+        "large": INTRO.replace("11", "70000").encode(),
     },
     "save_journal": {
         "whole": b"\3" + JOURNAL,

@@ -9,6 +9,7 @@
 #include "shell/messages.h"
 #include "shell/open_study.h"
 #include "shell/recovery.h"
+#include "study/kept_sheet.h"
 #include "study/message_codes.h"
 #include "study/recent_files.h"
 #include "study/safety_copies.h"
@@ -100,6 +101,23 @@ void CountAsBroughtBack(Workbench& bench, const std::filesystem::path& copy) {
   study.unsaved_changes = true;
 }
 
+// The sheet that was kept beside the rows of a safety copy. One that cannot be opened stays there.
+void BringSheetBack(Desk& desk, const std::filesystem::path& copy) {
+  Workbench& bench = desk.bench;
+  const Disk& disk = bench.workspace.outer_disk();
+  const std::filesystem::path file = copy / work_file::kSheetInWork;
+  auto bytes = disk.Read(file);
+  if (!bytes && bytes.error().IsMissing()) return;
+  const auto sheet = bytes ? DecodeSheet(*bytes, file, desk.separators.decimal)
+                           : Result<SheetImage>(bytes.error());
+  if (!sheet) {
+    TellError(bench, sheet.error());
+    return;
+  }
+  TellIfFailed(bench, KeepSheet(bench.workspace, bench.study, work_file::kSheetInWork,
+                                std::move(bytes).value()));
+}
+
 }  // namespace
 
 bool SaveStudy(Desk& desk) {
@@ -186,7 +204,10 @@ bool OpenChosen(Desk& desk, const std::filesystem::path& path, RecentList recent
                          [&] { return KeepSafetyCopy(bench, desk.safety_folders(), copy); });
   }();
   if (end != OpenEnd::kNotOpened) {
-    if (!copy.empty()) CountAsBroughtBack(bench, copy);
+    if (!copy.empty()) {
+      CountAsBroughtBack(bench, copy);
+      BringSheetBack(desk, copy);
+    }
     NoteOrigin(bench.workspace, study.study_path.empty() ? study.origin_path : study.study_path);
     return true;
   }

@@ -28,6 +28,10 @@ constexpr std::array<std::pair<SystemKind, std::string_view>, 3> kKindWords = {
 
 // Fields are parted by tabs and lines by line ends: neither is in a field, whatever the text is.
 void AppendField(std::string& line, std::string_view text) {
+  if (text.find_first_of("\\\t\n") == std::string_view::npos) {
+    line += text;
+    return;
+  }
   for (const char byte : text) {
     switch (byte) {
       case '\\':
@@ -46,6 +50,7 @@ void AppendField(std::string& line, std::string_view text) {
 }
 
 std::string TextOfField(std::string_view field) {
+  if (field.find('\\') == std::string_view::npos) return std::string(field);
   std::string text;
   text.reserve(field.size());
   for (std::size_t i = 0; i < field.size(); ++i) {
@@ -185,7 +190,9 @@ Result<SheetImage> DecodeSheet(std::string_view bytes, const std::filesystem::pa
   if (!body || !head) return damaged;
   SheetImage sheet{head->kind, head->base_rows, {}};
   std::string_view rest = *body;
-  for (Take(rest, '\n'); !rest.empty();) {
+  Take(rest, '\n');
+  sheet.rows.reserve(std::min(static_cast<std::size_t>(head->rows), rest.size() / kSheetColumns));
+  while (!rest.empty()) {
     auto row = RowIn(Take(rest, '\n'));
     if (!row || static_cast<int>(sheet.rows.size()) == head->rows) return damaged;
     if (head->decimal != decimal) {

@@ -8,6 +8,7 @@
 #include "shell/frm_main.h"
 #include "shell/frm_old_study.h"
 #include "shell/recovery.h"
+#include "shell/study_dialogs.h"
 #include "study/kept_sheet.h"
 #include "study/study_origin.h"
 #include "tests/support/failing_disk.h"
@@ -158,6 +159,23 @@ TEST_F(SheetRecovery, RowsOfTheOtherKindDoNotTakeTheSheetWithThem) {
   EXPECT_FALSE(workspace.Exists(work_file::kSheetInWork));
   EXPECT_EQ(InLastCopy(work_file::kSheetInWork), SheetOf(SystemKind::kOpen, 2));
   EXPECT_EQ(InLastCopy("MELETH.PCA"), left);
+}
+
+TEST_F(SheetRecovery, ComesBackFromASafetyCopyWithTheRows) {
+  LeaveRows(SystemKind::kClosed, SheetOf(SystemKind::kClosed, 2));
+  Go(SystemKind::kClosed, false);
+  const fs::path copies = kStudies / kSafetyFolder;
+  const fs::path copy = copies / NamesIn(test.outer_disk, copies).back();
+  ASSERT_TRUE(OpenChosen(desk, copy / "MELETH.PCK", RecentList::kLeave));
+  EXPECT_EQ(test.Bytes(), left);
+  EXPECT_EQ(test.Bytes(work_file::kSheetInWork), SheetOf(SystemKind::kClosed, 2));
+  EXPECT_TRUE(workspace.Exists(work_file::kSheetIntro));
+
+  ASSERT_TRUE(test.outer_disk.Write(copy / work_file::kSheetInWork, "broken").ok());
+  DropKeptSheet(workspace);
+  ASSERT_TRUE(OpenChosen(desk, copy / "MELETH.PCK", RecentList::kLeave));
+  EXPECT_FALSE(workspace.Exists(work_file::kSheetInWork));
+  EXPECT_EQ(*test.outer_disk.Read(copy / work_file::kSheetInWork), "broken") << "it stays there";
 }
 
 TEST_F(SheetRecovery, WhatTheUserSavedCountsOnlyWithoutRows) {
