@@ -65,7 +65,9 @@ char32_t LatinOf(const QKeyEvent& event) {
   const int key = event.key();
   const char32_t latin =
       key < Qt::Key_Escape ? LatinOnSameKey(static_cast<char32_t>(key)) : char32_t{0};
-  if (latin < 0x80) return latin;
+  // These are on the place of Q on a Greek layout, on their own on a Latin one.
+  const bool shared = key == Qt::Key_Semicolon || key == Qt::Key_Colon;
+  if (latin < 0x80 && !shared) return latin;
   return LetterAtPlace(event.nativeScanCode());
 }
 

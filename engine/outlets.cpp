@@ -27,7 +27,7 @@ void TakeFormerValues(SectionRow& record, const Rows& before, const Rows& rows) 
   record.WaterFlow = 0;
   const auto former =
       std::find_if(before.begin(), before.end(), [&record](const SectionRow& outlet) {
-        return outlet.Name == record.Name && outlet.HasEmitter();
+        return outlet.RecordNumber != 0 && outlet.Name == record.Name && outlet.HasEmitter();
       });
   if (former != before.end() && IsOnlyOneNamed(record.Name, rows)) {
     record.WaterFlow = former->WaterFlow;

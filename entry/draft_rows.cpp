@@ -6,6 +6,7 @@
 #include "entry/sheet_columns.h"
 #include "form/edit.h"
 #include "study/by_number.h"
+#include "study/codepage.h"
 #include "study/section_entry.h"
 #include "study/tables.h"
 
@@ -97,6 +98,7 @@ void CompareWithBase(DraftRows& made, const Rows& base) {
         made.feeders_changed || RightNode(made.rows[i].Name) != RightNode(base[i].Name);
   }
   made.moved = made.moved || made.rows.size() != base.size();
+  made.changed = made.changed || made.moved;
 }
 
 void FinishRows(DraftRows& made, std::int16_t plant_before) {
@@ -113,34 +115,42 @@ void FinishRows(DraftRows& made, std::int16_t plant_before) {
   }
 }
 
-// Changes the records of the emitters; the study's table follows. Nothing is written where none
-// becomes another.
-template <typename Change>
-Outcome ChangeEmitters(Workbench& bench, Change&& change) {
-  RowFile<SectionRow> file = bench.workspace.Rows(work_file::kEmitters);
-  const Result<Rows> before = file.ReadAll();
-  if (!before) return before.error();
-  Rows emitters = *before;
-  for (SectionRow& emitter : emitters) change(emitter);
-  if (EncodeRows<SectionRow>(emitters) == EncodeRows<SectionRow>(*before)) return Done{};
-  if (Outcome written = file.WriteAll(emitters); !written) return written;
-  std::erase_if(emitters, [](const SectionRow& row) { return row.RecordNumber == 0; });
-  RefreshEmitterTable(bench.study, emitters);
-  return Done{};
-}
-
-// The emitters get the numbers that their sections have now.
-Outcome MoveEmitters(Workbench& bench, const DraftRows& made) {
-  return ChangeEmitters(bench, [&made](SectionRow& emitter) {
+// The emitters with the numbers and names that their sections have now.
+void MoveEmitters(Rows& emitters, const DraftRows& made) {
+  for (SectionRow& emitter : emitters) {
     emitter.RecordNumber = NumberFrom(made.origins, emitter.RecordNumber);
     if (emitter.RecordNumber > 0) emitter.Name = ByNumber(made.rows, emitter.RecordNumber).Name;
-  });
+  }
+}
+
+Outcome WriteEmitters(Workspace& workspace, const Rows& before, const Rows& emitters) {
+  if (EncodeRows<SectionRow>(emitters) == EncodeRows<SectionRow>(before)) return Done{};
+  return workspace.Rows(work_file::kEmitters).WriteAll(emitters);
+}
+
+void TakeEmitters(Study& study, Rows emitters) {
+  std::erase_if(emitters, [](const SectionRow& row) { return row.RecordNumber == 0; });
+  RefreshEmitterTable(study, emitters);
+}
+
+// The state that goes with rows newly in place.
+void TakeDraftRows(Study& study, const DraftRows& made) {
+  study.plant_section = made.plant;
+  RefreshSectionTable(study, made.rows);
+  study.CurrentRow = std::clamp<std::int16_t>(study.CurrentRow, 0, study.SectionCount);
+  if (study.CurrentRow > 0) study.row = ByNumber(made.rows, study.CurrentRow);
+  study.unsaved_changes = study.unsaved_changes || made.changed;
+  study.results_valid = study.results_valid && !made.changed;
+  study.NameErrors = study.NameErrors || (study.SystemOpen() && made.feeders_changed);
+  study.emitters_unchecked =
+      study.emitters_unchecked || (made.moved && study.EmitterCount > 0);
 }
 
 Outcome WriteRows(Workspace& workspace, const Rows& rows) {
   if (rows.empty()) {
     workspace.Delete(work_file::kRows);
-    return Done{};
+    if (!workspace.Exists(work_file::kRows)) return Done{};
+    return FileError{workspace.Path(work_file::kRows), "Το αρχείο δεν διαγράφεται"};
   }
   if (Outcome written = workspace.Rows().WriteAll(rows); !written) return written;
   return workspace.Flush(work_file::kRows);
@@ -201,34 +211,37 @@ DraftRows RowsOfDraft(const SectionDraft& draft, const Rows& base, const Study& 
 }
 
 Outcome FindEmitters(Workbench& bench, const Rows& rows) {
+  const Result<Rows> before = bench.workspace.Rows(work_file::kEmitters).ReadAll();
+  if (!before) return before.error();
   const auto numbers = RowsByName(rows);
-  return ChangeEmitters(bench, [&](SectionRow& emitter) {
-    const auto has_emitter = [&rows](int number) {
-      return number >= 1 && number <= static_cast<int>(rows.size()) &&
-             ByNumber(rows, number).HasEmitter();
-    };
-    if (has_emitter(emitter.RecordNumber)) return;
+  Rows emitters = *before;
+  for (SectionRow& emitter : emitters) {
+    const int number = emitter.RecordNumber;
+    const bool in_rows = number >= 1 && number <= static_cast<int>(rows.size());
+    if (in_rows && ByNumber(rows, number).Name == emitter.Name) continue;
     const auto named = numbers.find(emitter.Name.bytes());
-    if (named != numbers.end() && has_emitter(named->second)) {
-      emitter.RecordNumber = ToInt16(named->second);
-    }
-  });
+    const bool found = named != numbers.end() && named->second > 0 &&
+                       ByNumber(rows, named->second).HasEmitter();
+    if (found) emitter.RecordNumber = ToInt16(named->second);
+  }
+  if (Outcome written = WriteEmitters(bench.workspace, *before, emitters); !written) return written;
+  TakeEmitters(bench.study, std::move(emitters));
+  return Done{};
 }
 
-Outcome PutDraftRows(Workbench& bench, const DraftRows& made) {
-  Study& study = bench.study;
+Outcome PutDraftRows(Workbench& bench, const DraftRows& made, const Rows& base) {
+  const Result<Rows> before = bench.workspace.Rows(work_file::kEmitters).ReadAll();
+  if (!before) return before.error();
+  Rows emitters = *before;
+  MoveEmitters(emitters, made);
   if (Outcome written = WriteRows(bench.workspace, made.rows); !written) return written;
-  study.plant_section = made.plant;
-  RefreshSectionTable(study, made.rows);
-  study.CurrentRow = std::clamp<std::int16_t>(study.CurrentRow, 0, study.SectionCount);
-  if (study.CurrentRow > 0) study.row = ByNumber(made.rows, study.CurrentRow);
-  study.unsaved_changes = study.unsaved_changes || made.changed;
-  study.results_valid = study.results_valid && !made.changed;
-  study.NameErrors = study.NameErrors || (study.SystemOpen() && made.feeders_changed);
-  if (made.moved) {
-    study.emitters_unchecked = study.emitters_unchecked || study.EmitterCount > 0;
+  if (Outcome moved = WriteEmitters(bench.workspace, *before, emitters); !moved) {
+    static_cast<void>(WriteRows(bench.workspace, base));  // as far as the disk lets
+    return moved;
   }
-  return MoveEmitters(bench, made);
+  TakeDraftRows(bench.study, made);
+  if (!emitters.empty()) TakeEmitters(bench.study, std::move(emitters));
+  return Done{};
 }
 
 std::vector<std::string> MissingLines(const SectionDraft& draft) {
@@ -244,13 +257,18 @@ std::vector<std::string> MissingLines(const SectionDraft& draft) {
        " > : Λείπει ο α/α του ΤΜΗΜΑΤΟΣ-ΤΡΟΦΟΔΟΤΗ"},
       {sheet_column::kLength, " > : Λείπει το ΜΗΚΟΣ", " > : Λείπει το ΜΗΚΟΣ"}};
   const bool open = draft.kind() == SystemKind::kOpen;
-  const bool edited = draft.history().CanUndo();
+  const bool edited = draft.IsEdited();
   std::vector<std::string> lines;
   for (int row = 0, count = draft.Count(); row < count; ++row) {
     const std::string number = std::to_string(row + 1);
     for (const Needed& needed : kNeeded) {
       if (!draft.Text(row, needed.column).empty()) continue;
       lines.push_back("Τμήμα <" + number + (open ? needed.open : needed.closed));
+    }
+    for (const int column : {sheet_column::kLeft, sheet_column::kRight}) {
+      if (CountCharacters(draft.Text(row, column)) <= kLongestName) continue;
+      lines.push_back("Τμήμα <" + number + " > : Όνομα με πάνω από 3 χαρακτήρες, " +
+                      draft.Text(row, column));
     }
     const std::string& own = draft.Text(row, sheet_column::kLeft);
     if (open && edited && !own.empty() && own != number) {

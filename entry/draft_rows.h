@@ -35,11 +35,12 @@ DraftRows RowsOfDraft(const SectionDraft& draft, const std::vector<SectionRow>& 
 
 /// Makes them the study's: the work file, plant section, tables, and the emitters' numbers, which
 /// follow their sections. The record of an emitter whose section is gone stays, with number 0.
-/// Without rows the work file goes. Error: nothing of the rows has changed.
-Outcome PutDraftRows(Workbench& bench, const DraftRows& made);
+/// Without rows the work file goes. Error: the study has not changed, and its rows are `base` as
+/// before unless the disk refuses that too.
+Outcome PutDraftRows(Workbench& bench, const DraftRows& made, const std::vector<SectionRow>& base);
 
-/// Emitters whose number is that of a row without one, as when the program ended between rows and
-/// emitters, get the row of their name that has one.
+/// Emitters whose number is that of a row of another name, as when the program ended between rows
+/// and emitters, get the row of their name that has one.
 Outcome FindEmitters(Workbench& bench, const std::vector<SectionRow>& rows);
 
 /// What the sheet lacks, a line each: names and lengths, and in an open network that was edited own

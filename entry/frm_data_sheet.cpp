@@ -16,6 +16,8 @@ namespace {
 
 // Quiet seconds after which what was kept is forced onto the medium.
 constexpr double kQuietSeconds = 5;
+// After the sheet could not be kept.
+constexpr std::int64_t kSecondsToNextTry = 5;
 
 std::string JoinedRemarks(const std::vector<std::string>& remarks) {
   std::string text;
@@ -147,9 +149,12 @@ bool FrmData_Sheet::BeginSitting() {
   const Answer go_on = !kept || unasked ? Answer::kYes : bench.Ask(KeptSheetBox());
   if (go_on == Answer::kYes) {
     const Outcome begun = sitting_.Begin();
-    if (begun) return true;
+    if (begun) {
+      if (kept) TellIfFailed(bench, FindEmitters(bench, sitting_.base()));
+      return true;
+    }
     TellError(bench, begun.error());
-    if (!kept || bench.Ask(BrokenSheetBox()) != Answer::kYes) return false;
+    if (!sitting_.kept_is_broken() || bench.Ask(BrokenSheetBox()) != Answer::kYes) return false;
   } else if (go_on != Answer::kNo) {
     return false;
   }
@@ -159,6 +164,10 @@ bool FrmData_Sheet::BeginSitting() {
 
 void FrmData_Sheet::Show() {
   SetUpSheet(fpSpread1, sitting_.draft);
+  if (sitting_.left_out() > 0) {
+    Tell(std::to_string(sitting_.left_out()) + " κείμενα του φύλλου δεν χωρούν στα κελιά τους",
+         Tone::kAlarm);
+  }
   // Past the names that an empty sheet begins with.
   const int named =
       sitting_.draft.kind() == SystemKind::kOpen ? sheet_column::kLength : sheet_column::kRight;
@@ -175,6 +184,7 @@ void FrmData_Sheet::Tell(std::string what, Tone tone) {
   LblStatus.text = std::move(what);
   LblStatus.tone = tone;
   told_revision_ = sitting_.draft.revision();
+  told_selection_ = fpSpread1.selection_revision();
 }
 
 void FrmData_Sheet::Follow(std::optional<GridPlace> at) {
@@ -198,7 +208,9 @@ void FrmData_Sheet::Derive() {
   LblRemarks.tone = LblRemarks.text.empty() ? Tone::kPlain : Tone::kAlarm;
   const std::size_t missing = MissingLines(draft).size();
   LblMissing.text = "Κενά που λείπουν: " + std::to_string(missing);
-  if (told_revision_ != draft.revision() || LblStatus.text.empty()) {
+  const bool told = told_revision_ == draft.revision() &&
+                    told_selection_ == fpSpread1.selection_revision() && !LblStatus.text.empty();
+  if (!told && !keeping_failed_) {
     LblStatus.text = SelectionSummary(draft, fpSpread1.selection(), desk.separators);
     LblStatus.tone = Tone::kPlain;
   }
@@ -209,13 +221,16 @@ void FrmData_Sheet::Derive() {
 
 bool FrmData_Sheet::AcceptCell(GridPlace place, const std::string& text) {
   const auto accepted = AcceptedText(text, place.column, desk.separators);
-  if (!accepted) bench.Show(message::kNumberTooLarge);
+  if (!accepted) {
+    bench.Show(message::kNumberTooLarge);
+    fpSpread1.editor.Show("");
+  }
   {
     const SectionDraft::Action action(sitting_.draft, "Καταχώρηση", place);
     sitting_.draft.Set(place.row, place.column, accepted.value_or(""));
   }
   FollowDraft(fpSpread1, sitting_.draft);
-  return true;
+  return accepted.has_value();
 }
 
 bool FrmData_Sheet::IsTeeKey(const Key& key) const {
@@ -228,7 +243,7 @@ bool FrmData_Sheet::PressSource(const Key& key) {
   const int column = Current().column;
   const bool name = column == sheet_column::kRight ||
                     (column == sheet_column::kLeft && bench.study.SystemClosed());
-  if (!name || !key.IsText() || key.shift) return false;
+  if (!name || !HasSheetFocus() || !key.IsText() || key.shift) return false;
   if (key.latin == U'A') {
     fpSpread1.OpenWith(kSource);
     return true;
@@ -239,9 +254,32 @@ bool FrmData_Sheet::PressSource(const Key& key) {
 
 bool FrmData_Sheet::PressTee(const Key& key) {
   if (!IsTeeKey(key) || !fpSpread1.Accept()) return false;
-  Press(static_cast<char>(key.latin));
-  Focus(fpSpread1);
+  if (!Press(static_cast<char>(key.latin))) desk.sound.Beep();
   return true;
+}
+
+// Arrows go through the list, Enter takes; a list that took at each arrow could not be gone through.
+bool FrmData_Sheet::PressInSame(const Key& key) {
+  const int last = static_cast<int>(CboSame.entries.size()) - 1;
+  switch (key.code) {
+    case KeyCode::kUp:
+      CboSame.selected = std::max(CboSame.selected - 1, 0);
+      return true;
+    case KeyCode::kDown:
+      CboSame.selected = std::min(CboSame.selected + 1, last);
+      return true;
+    case KeyCode::kHome:
+      CboSame.selected = 0;
+      return true;
+    case KeyCode::kEnd:
+      CboSame.selected = last;
+      return true;
+    case KeyCode::kEnter:
+      TakeSame(CboSame.selected + 1);
+      return true;
+    default:
+      return key.IsText() || EditsText(key);
+  }
 }
 
 bool FrmData_Sheet::FirstKey(const Key& key) {
@@ -252,11 +290,7 @@ bool FrmData_Sheet::FirstKey(const Key& key) {
       Focus(fpSpread1);
       return true;
     }
-    if (focus() == &CboSame && key == Plain(KeyCode::kEnter)) {
-      TakeSame(CboSame.selected + 1);
-      return true;
-    }
-    return false;
+    return focus() == &CboSame && PressInSame(key);
   }
   if (key.ctrl && !key.alt && key.latin == U'L') {
     SelectText();
@@ -298,10 +332,12 @@ bool FrmData_Sheet::Keep(bool flush) {
 bool FrmData_Sheet::Idle(double quiet_seconds) {
   const bool flush = quiet_seconds >= kQuietSeconds;
   const bool wants = sitting_.WantsKeeping(PendingText()) || (flush && sitting_.WantsFlush());
-  if (!wants || quiet_seconds < wait_after_failure_) return false;
-  const bool kept = Keep(flush);
-  wait_after_failure_ = kept ? 0 : quiet_seconds + kQuietSeconds;
-  return !kept;
+  if (!wants || bench.workspace.Now() < next_try_) return false;
+  const bool had_failed = std::exchange(keeping_failed_, false);
+  keeping_failed_ = !Keep(flush);
+  next_try_ = keeping_failed_ ? bench.workspace.Now() + kSecondsToNextTry : 0;
+  if (had_failed && !keeping_failed_) Tell("Το φύλλο φυλάσσεται και πάλι");
+  return keeping_failed_ || had_failed;
 }
 
 void FrmData_Sheet::LostFocus() { Keep(true); }
@@ -326,11 +362,11 @@ TeeTexts FrmData_Sheet::Counts() const {
 bool FrmData_Sheet::Press(char letter) {
   const TeeCase* tee = FindTeeCase(static_cast<char32_t>(letter));
   if (tee == nullptr || !fpSpread1.Accept()) return false;
+  Focus(fpSpread1);
   const GridPlace at = Current();
   const auto counts = ApplyTeeCase(*tee, Table(), Counts(), desk.separators);
   const std::string name = std::string("< ΤΑΥ > περίπτωσης <") + letter + ">";
   if (!counts) {
-    desk.sound.Beep();
     Tell(name + " : το πλήθος δεν περνά το 32.767", Tone::kAlarm);
     return false;
   }

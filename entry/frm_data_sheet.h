@@ -76,6 +76,10 @@ class FrmData_Sheet : public Form, private TeeCounters {
   bool IsTeeKey(const Key& key) const;
   bool PressSource(const Key& key);
   bool PressTee(const Key& key);
+  bool PressInSame(const Key& key);
+  [[nodiscard]] bool HasSheetFocus() const {
+    return focus() == &fpSpread1 || focus() == &fpSpread1.editor;
+  }
 
   void InsertRows();
   void DeleteRows();
@@ -88,7 +92,7 @@ class FrmData_Sheet : public Form, private TeeCounters {
   void CopyCells();
   void CutCells();
   void PasteCells();
-  bool AskThousands(const std::string& example);
+  std::optional<bool> AskThousands(const std::string& example);
   void TellRefused(const std::vector<CellText>& refused);
   void FillDown();
   void GoBack(bool forward);
@@ -122,8 +126,10 @@ class FrmData_Sheet : public Form, private TeeCounters {
 
   SheetSitting sitting_;
   bool begun_ = false;
-  int told_revision_ = 0;          ///< of the draft when LblStatus was set
-  double wait_after_failure_ = 0;  ///< quiet seconds before keeping is tried again
+  int told_revision_ = 0;   ///< of the draft when LblStatus was set
+  int told_selection_ = 0;  ///< of the grid then
+  bool keeping_failed_ = false;
+  std::int64_t next_try_ = 0;  ///< the moment before which keeping is not tried again
 };
 
 }  // namespace kalvo

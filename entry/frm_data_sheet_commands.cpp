@@ -27,6 +27,7 @@ std::string RefusedLine(const CellText& cell) {
 }  // namespace
 
 void FrmData_Sheet::InsertRows() {
+  Focus(fpSpread1);
   const GridBlock block = fpSpread1.block();
   SectionDraft& draft = sitting_.draft;
   const int count = draft.Count();
@@ -48,13 +49,11 @@ void FrmData_Sheet::InsertRows() {
 }
 
 void FrmData_Sheet::DeleteRows() {
+  Focus(fpSpread1);
   const GridBlock block = fpSpread1.block();
   SectionDraft& draft = sitting_.draft;
   if (block.top >= draft.Count()) return;
-  if (bench.Show(message::kDeleteSection) != Answer::kYes) {
-    Focus(fpSpread1);
-    return;
-  }
+  if (bench.Show(message::kDeleteSection) != Answer::kYes) return;
   {
     const SectionDraft::Action action(draft, "Διαγραφή σειράς", Current());
     draft.RemoveRows(block.top, std::min(block.rows(), draft.Count() - block.top));
@@ -68,7 +67,7 @@ void FrmData_Sheet::DeleteCells() {
   {
     const SectionDraft::Action action(draft, "Διαγραφή περιεχομένου", Current());
     for (const GridBlock& block : selection) {
-      for (int row = block.top; row <= std::min(block.bottom, draft.Count() - 1); ++row) {
+      for (int row = block.top; row <= std::min(block.bottom, std::max(draft.Count() - 1, 0)); ++row) {
         for (int column = block.left; column <= block.right; ++column) {
           if (column != sheet_column::kSlash) draft.Set(row, column, "");
         }
@@ -85,6 +84,7 @@ void FrmData_Sheet::OpenSame() {
   }
   if (CboSame.entries.empty()) {
     Tell("Δεν υπάρχουν ακόμη τμήματα");
+    Focus(fpSpread1);
     return;
   }
   CboSame.selected = static_cast<int>(CboSame.entries.size()) - 1;
@@ -94,6 +94,7 @@ void FrmData_Sheet::OpenSame() {
 
 void FrmData_Sheet::TakeSame(int number) {
   CboSame.visible = false;
+  Focus(fpSpread1);
   SectionDraft& draft = sitting_.draft;
   if (number < 1 || number > draft.Count()) return;
   const int row = Current().row;
@@ -125,13 +126,17 @@ void FrmData_Sheet::DeleteSource() {
 }
 
 void FrmData_Sheet::OpenTees() {
+  Focus(fpSpread1);
+  if (desk.navigator.IsOpen(screen::kTees)) return;
   desk.screens.tee_counters = this;
   desk.navigator.Show(screen::kTees);
 }
 
+// Nothing selected but empty cells: the clipboard keeps what it has.
 void FrmData_Sheet::CopyCells() {
-  desk.clipboard.SetText(BlockText(sitting_.draft, fpSpread1.selection()));
   Focus(fpSpread1);
+  const std::string text = BlockText(sitting_.draft, fpSpread1.selection());
+  if (text.find_first_not_of("\t\n") != std::string::npos) desk.clipboard.SetText(text);
 }
 
 void FrmData_Sheet::CutCells() {
@@ -139,11 +144,14 @@ void FrmData_Sheet::CutCells() {
   DeleteCells();
 }
 
-bool FrmData_Sheet::AskThousands(const std::string& example) {
-  return bench.Ask({"Επικόλληση",
-                    {"Το " + example + " γράφεται με το σημείο των χιλιάδων.",
-                     "Χωρίζει χιλιάδες ?? (Όχι : είναι δεκαδικός αριθμός)"},
-                    box_style::kYesNo}) == Answer::kYes;
+std::optional<bool> FrmData_Sheet::AskThousands(const std::string& example) {
+  const Answer answer =
+      bench.Ask({"Επικόλληση",
+                 {"Το " + example + " γράφεται με το σημείο των χιλιάδων.",
+                  "Χωρίζει χιλιάδες ?? (Όχι : είναι δεκαδικός αριθμός)"},
+                 box_style::kYesNoCancel});
+  if (answer != Answer::kYes && answer != Answer::kNo) return std::nullopt;
+  return answer == Answer::kYes;
 }
 
 void FrmData_Sheet::TellRefused(const std::vector<CellText>& refused) {
@@ -163,6 +171,7 @@ void FrmData_Sheet::TellRefused(const std::vector<CellText>& refused) {
 }
 
 void FrmData_Sheet::PasteCells() {
+  Focus(fpSpread1);
   const CellBlock cells = CellsOf(desk.clipboard.Text());
   if (cells.empty()) {
     Tell("Το πρόχειρο είναι κενό");
@@ -170,9 +179,11 @@ void FrmData_Sheet::PasteCells() {
   }
   SectionDraft& draft = sitting_.draft;
   const GridBlock target = fpSpread1.block();
-  const PastePlan plan =
-      PlanPaste(cells, target, desk.separators,
-                [this](const std::string& example) { return AskThousands(example); });
+  const int most = std::max(draft.Count(), kMostSections);
+  const std::string doubtful = DoubtfulNumber(cells, target, desk.separators);
+  const auto thousands = doubtful.empty() ? std::optional(false) : AskThousands(doubtful);
+  if (!thousands) return;
+  const PastePlan plan = PlanPaste(cells, target, most, desk.separators, *thousands);
   {
     const SectionDraft::Action action(draft, "Επικόλληση", Current());
     for (const CellText& cell : plan.cells) {
@@ -181,7 +192,7 @@ void FrmData_Sheet::PasteCells() {
   }
   Follow();
   if (plan.last_row >= target.top) {
-    fpSpread1.SelectBlock({target.top, target.left, std::min(plan.last_row, fpSpread1.row_count()),
+    fpSpread1.SelectBlock({target.top, target.left, std::min(plan.last_row, fpSpread1.row_count() - 1),
                            std::max(plan.last_column, target.left)});
   }
   TellRefused(plan.refused);
@@ -193,9 +204,10 @@ void FrmData_Sheet::FillDown() {
   GridBlock block = fpSpread1.block();
   if (block.rows() == 1) --block.top;
   if (block.top < 0) return;
+  const int most = std::max(draft.Count(), kMostSections);
   {
     const SectionDraft::Action action(draft, "Συμπλήρωση προς τα κάτω", Current());
-    for (int row = block.top + 1; row <= std::min(block.bottom, kMostSections - 1); ++row) {
+    for (int row = block.top + 1; row <= std::min(block.bottom, most - 1); ++row) {
       for (int column = block.left; column <= block.right; ++column) {
         if (column == sheet_column::kSlash) continue;
         const std::string from = draft.Text(block.top, column);
@@ -207,6 +219,7 @@ void FrmData_Sheet::FillDown() {
 }
 
 void FrmData_Sheet::GoBack(bool forward) {
+  Focus(fpSpread1);
   const auto at = forward ? sitting_.draft.Redo() : sitting_.draft.Undo();
   if (!at) {
     Tell(forward ? "Δεν υπάρχει κάτι να επαναληφθεί" : "Δεν υπάρχει κάτι να αναιρεθεί");
@@ -267,6 +280,7 @@ void FrmData_Sheet::SaveSheet() {
 }
 
 void FrmData_Sheet::RetrieveSheet() {
+  Focus(fpSpread1);
   const auto retrieved = sitting_.Retrieve(Current());
   if (!retrieved) {
     Tell(retrieved.error().IsMissing() ? "Δεν υπάρχει φυλαγμένο φύλλο" : retrieved.error().Line(),
@@ -274,6 +288,7 @@ void FrmData_Sheet::RetrieveSheet() {
     return;
   }
   Follow();
+  fpSpread1.CollapseSelection();
   const int left_out = retrieved->left_out;
   Tell(left_out == 0 ? "Το φύλλο ανακλήθηκε"
                      : "Το φύλλο ανακλήθηκε · " + std::to_string(left_out) +

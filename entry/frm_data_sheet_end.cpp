@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <exception>
 
 #include "engine/outlets.h"
 #include "entry/frm_data_sheet.h"
@@ -68,8 +69,13 @@ void FrmData_Sheet::ShowNext(const DraftRows& made) {
 void FrmData_Sheet::Leave(std::string_view next) {
   if (desk.screens.tee_counters == this) desk.screens.tee_counters = nullptr;
   desk.navigator.Close(screen::kTees);
-  desk.navigator.Show(next);
   desk.navigator.Close(screen::kSheet);
+  try {
+    desk.navigator.Show(next);
+  } catch (const std::exception&) {
+    desk.navigator.Show(screen::kMain);
+    throw;
+  }
 }
 
 bool FrmData_Sheet::MayClose() {
@@ -83,7 +89,10 @@ bool FrmData_Sheet::MayClose() {
                  {"Λείπουν ακόμη τιμές από το φύλλο.",
                   "Να κλείσει, και να φυλαχθεί όπως είναι για την επόμενη φορά ??"},
                  box_style::kDefaultNo});
-  if (answer == Answer::kYes && Keep(true)) Leave(screen::kMain);
+  if (answer == Answer::kYes && Keep(true)) {
+    bench.workspace.Delete(work_file::kFirstRows);
+    Leave(screen::kMain);
+  }
   return false;
 }
 

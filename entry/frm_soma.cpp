@@ -275,7 +275,7 @@ void FrmSoma::TellLostSection(int emitter) {
 
 void FrmSoma::End() {
   if (!HasLostSection() && !StoreIfAny()) return;
-  if (const int lost = entry_->FirstWithoutSection(); lost != 0) {
+  if (const int lost = HasLostSection() ? current_ : entry_->FirstWithoutSection(); lost != 0) {
     TellLostSection(lost);
     if (lost != current_) ShowRecord(lost);
     Focus(Text1);

@@ -49,7 +49,7 @@ void FrmTauCross_S::Activate() {
 
 bool FrmTauCross_S::OtherKey(const Key& key) {
   if (!key.IsText()) return false;
-  const TeeCase* tee = FindTeeCase(LatinOnSameKey(key.character));
+  const TeeCase* tee = FindTeeCase(key.latin);
   if (tee == nullptr) return false;
   Run(Get<Command>(std::string("Cmd_") + tee->letter));
   return true;

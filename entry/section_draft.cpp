@@ -35,7 +35,8 @@ SectionDraft::Action::~Action() {
   draft_.history_.Add(std::move(draft_.open_step_));
 }
 
-void SectionDraft::Begin(SheetImage image) {
+void SectionDraft::Begin(SheetImage image, bool edited) {
+  edited_ = edited;
   kind_ = image.kind;
   base_rows_ = image.base_rows;
   rows_ = std::move(image.rows);
@@ -196,6 +197,12 @@ void SectionDraft::RemoveRows(int at, int count) {
     Do(NumberShift{at + count + 1, -count});
   }
   if (rows_.empty()) Do(RowsChange{0, true, {FirstRow()}});
+  if (Count() > 0) return;
+  for (const int column : {sheet_column::kLeft, sheet_column::kRight}) {
+    if (Text(0, column).empty() && !Preset(0, column).empty()) {
+      Do(CellChange{0, column, "", Preset(0, column)});
+    }
+  }
 }
 
 void SectionDraft::Replace(std::vector<SheetRow> rows) {

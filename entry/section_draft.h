@@ -14,8 +14,9 @@ namespace kalvo {
 /// and columns are counted from 0. Each action of the user is a step that can be undone.
 class SectionDraft {
  public:
-  /// A new sitting; without rows the first one bears the names that it begins with.
-  void Begin(SheetImage image);
+  /// A new sitting; without rows the first one bears the names that it begins with. `edited`: it
+  /// goes on with a sheet that was edited already.
+  void Begin(SheetImage image, bool edited = false);
   /// The rows up to the last one that says something, as a file keeps them.
   [[nodiscard]] SheetImage Image() const;
 
@@ -53,6 +54,8 @@ class SectionDraft {
   /// Another sheet in place of this one.
   void Replace(std::vector<SheetRow> rows);
 
+  /// The user has changed something, now or in an earlier sitting.
+  [[nodiscard]] bool IsEdited() const { return edited_ || history_.CanUndo(); }
   [[nodiscard]] const DraftHistory& history() const { return history_; }
   /// Takes the last step back, or does it again; the current cell as it began. Nothing: there is
   /// none.
@@ -81,6 +84,7 @@ class SectionDraft {
 
   SystemKind kind_ = SystemKind::kClosed;
   int base_rows_ = 0;
+  bool edited_ = false;
   std::vector<SheetRow> rows_;
   DraftHistory history_;
   DraftStep open_step_;

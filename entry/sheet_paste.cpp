@@ -72,33 +72,36 @@ std::vector<int> TargetColumns(const CellBlock& cells, int left) {
   return columns;
 }
 
+bool IsSingle(const CellBlock& cells) { return cells.size() == 1 && cells.front().size() == 1; }
+
+// The first column that a single cell fills.
+int FillColumn(const GridBlock& target) {
+  return target.left == sheet_column::kSlash ? sheet_column::kRight : target.left;
+}
+
+// A single cell goes to the last column of its target, where a number would stand.
+std::vector<int> ColumnsOf(const CellBlock& cells, const GridBlock& target) {
+  if (IsSingle(cells)) return {std::max(target.right, FillColumn(target))};
+  return TargetColumns(cells, target.left);
+}
+
+// Digits and signs, so that a head with a dot is none.
+bool IsFigures(std::string_view text) {
+  return !text.empty() && std::ranges::all_of(text, [](char c) {
+    return (c >= '0' && c <= '9') || c == '.' || c == ',';
+  });
+}
+
 // A thousands sign that is there once, before exactly three digits, and no other sign.
 bool IsAmbiguous(std::string_view text, Separators separators) {
   const std::size_t at = text.find_first_of(".,");
-  return at != std::string_view::npos && at > 0 && at <= 3 && text[at] == separators.thousands &&
-         text.find_first_of(".,", at + 1) == std::string_view::npos && text.size() - at - 1 == 3 &&
-         std::ranges::all_of(text,
-                             [](char c) { return (c >= '0' && c <= '9') || c == '.' || c == ','; });
+  return IsFigures(text) && at != std::string_view::npos && at > 0 && at <= 3 &&
+         text[at] == separators.thousands && text.size() - at - 1 == 3 &&
+         text.find_first_of(".,", at + 1) == std::string_view::npos;
 }
 
-bool HasSign(std::string_view text) { return text.find_first_of(".,") != std::string_view::npos; }
-
-// A number in the block that may mean two things, when no other one settles what is meant.
-std::string AmbiguousIn(const CellBlock& cells, const std::vector<int>& columns,
-                        Separators separators) {
-  std::string example;
-  for (const auto& row : cells) {
-    for (std::size_t i = 0; i < row.size(); ++i) {
-      if (columns[i] < 0 || !IsNumberColumn(columns[i])) continue;
-      const std::string_view text = TrimmedCell(row[i]);
-      if (IsAmbiguous(text, separators)) {
-        if (example.empty()) example = text;
-      } else if (HasSign(text)) {
-        return {};
-      }
-    }
-  }
-  return example;
+bool HasSign(std::string_view text) {
+  return IsFigures(text) && text.find_first_of(".,") != std::string_view::npos;
 }
 
 std::optional<std::string> FittingName(std::string_view text) {
@@ -174,17 +177,31 @@ std::optional<std::string> FittingText(std::string_view text, int column, Separa
                               : FittingNumber(trimmed, column, separators, thousands);
 }
 
-PastePlan PlanPaste(const CellBlock& cells, const GridBlock& target, Separators separators,
-                    const AskThousands& ask) {
+std::string DoubtfulNumber(const CellBlock& cells, const GridBlock& target,
+                           Separators separators) {
+  const std::vector<int> columns = ColumnsOf(cells, target);
+  std::string example;
+  for (const auto& row : cells) {
+    for (std::size_t i = 0; i < row.size(); ++i) {
+      if (columns[i] < 0 || !IsNumberColumn(columns[i])) continue;
+      const std::string_view text = TrimmedCell(row[i]);
+      if (IsAmbiguous(text, separators)) {
+        if (example.empty()) example = text;
+      } else if (HasSign(text)) {
+        return {};
+      }
+    }
+  }
+  return example;
+}
+
+PastePlan PlanPaste(const CellBlock& cells, const GridBlock& target, int most_rows,
+                    Separators separators, bool thousands) {
   PastePlan plan;
   if (cells.empty()) return plan;
-  const bool fills = cells.size() == 1 && cells.front().size() == 1;
-  const std::vector<int> columns = TargetColumns(cells, target.left);
-  const std::string example = AmbiguousIn(cells, columns, separators);
-  const bool thousands = !example.empty() && ask && ask(example);
   const auto put = [&](int row, int column, const std::string& text) {
     const auto fitting =
-        row < kMostSections ? FittingText(text, column, separators, thousands) : std::nullopt;
+        row < most_rows ? FittingText(text, column, separators, thousands) : std::nullopt;
     if (!fitting) {
       plan.refused.push_back({row, column, text});
       return;
@@ -193,14 +210,16 @@ PastePlan PlanPaste(const CellBlock& cells, const GridBlock& target, Separators 
     plan.last_row = std::max(plan.last_row, row);
     plan.last_column = std::max(plan.last_column, column);
   };
-  if (fills) {
+  if (IsSingle(cells)) {
+    const int last = std::max(target.right, FillColumn(target));
     for (int row = target.top; row <= target.bottom; ++row) {
-      for (int column = target.left; column <= target.right; ++column) {
+      for (int column = FillColumn(target); column <= last; ++column) {
         if (column != sheet_column::kSlash) put(row, column, cells.front().front());
       }
     }
     return plan;
   }
+  const std::vector<int> columns = ColumnsOf(cells, target);
   for (std::size_t i = 0; i < cells.size(); ++i) {
     for (std::size_t j = 0; j < cells[i].size(); ++j) {
       const int row = target.top + static_cast<int>(i);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -36,17 +36,17 @@ struct PastePlan {
   int last_column = -1;
 };
 
-/// A numeric text in which the locale's thousands sign may be meant as the decimal one: asked once
-/// for a block. True: it parts thousands.
-using AskThousands = std::function<bool(const std::string& example)>;
+/// A number of the block in which the locale's thousands sign may be meant as the decimal one, and
+/// no other number tells; empty when there is none.
+std::string DoubtfulNumber(const CellBlock& cells, const GridBlock& target, Separators separators);
 
 /// Where the cells of a copied text go when it is pasted at the selected block. A single cell fills
 /// the whole block. What falls on the column of "/" is dropped when all of it is "/" or empty; else
 /// the column is passed over. Names have at most three characters of the code page, numbers no
 /// sign, and whole numbers where the column counts (decimals of an other drop come in). Texts that
-/// do not fit, and rows past the most that a sheet takes, are refused.
-PastePlan PlanPaste(const CellBlock& cells, const GridBlock& target, Separators separators,
-                    const AskThousands& ask);
+/// do not fit, and rows from `most_rows` on, are refused. `thousands` settles doubtful numbers.
+PastePlan PlanPaste(const CellBlock& cells, const GridBlock& target, int most_rows,
+                    Separators separators, bool thousands);
 
 /// The text as the cell of that column holds it: a source's name in Latin, a number in its default
 /// text. Nothing when it does not fit. Where `thousands` a lone thousands sign parts thousands.

@@ -2,6 +2,7 @@
 
 #include "entry/sheet_columns.h"
 #include "entry/sheet_paste.h"
+#include "study/by_number.h"
 #include "study/kept_sheet.h"
 #include "study/row_file.h"
 
@@ -32,16 +33,17 @@ Outcome SheetSitting::TakeKept() {
   if (!bytes) return bytes.error();
   auto image =
       DecodeSheet(*bytes, bench_.workspace.Path(work_file::kSheetInWork), desk_.separators.decimal);
+  kept_is_broken_ = !image.ok() || image->kind != bench_.study.system_kind;
   if (!image) return image.error();
   if (image->kind != bench_.study.system_kind) {
     return FileError{bench_.workspace.Path(work_file::kSheetInWork),
                      "Το φύλλο είναι άλλου συστήματος σωλήνων"};
   }
-  LeaveOutMisfits(image.value());
   FindOrigins(image.value(), base_);
-  draft.Begin(*std::move(image));
+  left_out_ = LeaveOutMisfits(image.value());
+  draft.Begin(*std::move(image), true);
   kept_revision_ = draft.revision();
-  return FindEmitters(bench_, base_);
+  return Done{};
 }
 
 Outcome SheetSitting::BeginWithRows() {
@@ -63,6 +65,9 @@ SheetImage SheetSitting::ImageWith(const std::optional<Pending>& pending) const 
   if (row >= image.rows.size()) {
     if (pending->text.empty()) return image;
     image.rows.resize(row + 1);
+    if (image.kind == SystemKind::kOpen) {
+      image.rows[row].texts[sheet_column::kLeft] = std::to_string(row + 1);
+    }
   }
   image.rows[row].texts.at(static_cast<std::size_t>(pending->place.column)) = pending->text;
   return image;
@@ -87,7 +92,7 @@ Outcome SheetSitting::Keep(const std::optional<Pending>& pending, bool flush) {
     kept_pending_ = pending;
   }
   if (!flush || flushed_) return Done{};
-  Outcome flushed = bench_.workspace.Flush(work_file::kSheetInWork);
+  Outcome flushed = FlushSheet(bench_.workspace, work_file::kSheetInWork);
   flushed_ = flushed.ok();
   return flushed;
 }
@@ -96,13 +101,16 @@ Outcome SheetSitting::Save() {
   return KeepSheet(bench_.workspace, bench_.study, work_file::kSheet, Encoded(draft.Image()));
 }
 
-// What no cell takes is left empty, as a paste leaves it out.
+// What no cell takes is left empty, as a paste leaves it out; but not what a row of the study holds.
 int SheetSitting::LeaveOutMisfits(SheetImage& image) const {
+  const SheetImage base = ImageOfRows(base_, draft.kind(), desk_.separators);
   int left_out = 0;
   for (SheetRow& row : image.rows) {
+    const SheetRow from = row.origin > 0 ? ByNumber(base.rows, row.origin) : SheetRow{};
     for (int column = 0; column < kSheetColumns; ++column) {
       std::string& text = row.texts[static_cast<std::size_t>(column)];
       if (column == sheet_column::kSlash || FittingText(text, column, desk_.separators)) continue;
+      if (text == from.texts[static_cast<std::size_t>(column)]) continue;
       text.clear();
       ++left_out;
     }
@@ -119,8 +127,8 @@ Result<SheetSitting::Retrieved> SheetSitting::Retrieve(GridPlace place) {
   if (image->kind != draft.kind()) {
     return FileError{file, "Το φύλλο είναι άλλου συστήματος σωλήνων"};
   }
-  Retrieved retrieved{LeaveOutMisfits(image.value())};
   FindOrigins(image.value(), base_);
+  Retrieved retrieved{LeaveOutMisfits(image.value())};
   const SectionDraft::Action action(draft, "Ανάκληση φύλλου", place);
   draft.Replace(std::move(image.value().rows));
   return retrieved;
@@ -131,7 +139,7 @@ DraftRows SheetSitting::Rows() const {
 }
 
 Outcome SheetSitting::PutRows(const DraftRows& made) {
-  if (Outcome put = PutDraftRows(bench_, made); !put) return put;
+  if (Outcome put = PutDraftRows(bench_, made, base_); !put) return put;
   End();
   return Done{};
 }

@@ -26,6 +26,10 @@ class SheetSitting {
   Outcome BeginWithRows();
 
   [[nodiscard]] const std::vector<SectionRow>& base() const { return base_; }
+  /// After a Begin() that failed: the kept sheet was read and is none, or one of the other kind.
+  [[nodiscard]] bool kept_is_broken() const { return kept_is_broken_; }
+  /// Cells of the kept sheet whose text does not fit.
+  [[nodiscard]] int left_out() const { return left_out_; }
 
   /// What an open editor holds, as if it were in its cell.
   struct Pending {
@@ -64,6 +68,8 @@ class SheetSitting {
   Workbench& bench_;
   std::vector<SectionRow> base_;
   std::string as_rows_;  ///< the sheet that says what the rows say
+  bool kept_is_broken_ = false;
+  int left_out_ = 0;
   int kept_revision_ = -1;
   std::optional<Pending> kept_pending_;
   bool flushed_ = true;

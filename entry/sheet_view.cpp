@@ -85,11 +85,13 @@ void FollowDraft(EditableGrid& grid, SectionDraft& draft) {
     first = 0;
     last = grid.row_count() - 1;
   }
+  if (!grid.SelectionFits()) grid.CollapseSelection();
   ShowRows(grid, draft, std::min(first, grid.used_rows), std::max(last, grid.used_rows));
 }
 
 std::optional<std::string> AcceptedText(std::string_view text, int column, Separators separators) {
-  if (!IsNameColumn(column)) return FittingText(text, column, separators);
+  const bool no_digit = text.find_first_not_of(".,") == std::string_view::npos;
+  if (!IsNameColumn(column)) return no_digit ? "" : FittingText(text, column, separators);
   const std::size_t first = text.find_first_not_of('0');
   if (text.empty() || first != 0) {
     return std::string(first == std::string_view::npos ? std::string_view() : text.substr(first));

@@ -27,12 +27,6 @@ bool IsStep(const Key& key) {
   return (key.code == KeyCode::kEnter || key.code == KeyCode::kTab) && !key.ctrl && !key.alt;
 }
 
-// Keys of the clipboard and of the editor's own history.
-bool EditsText(const Key& key) {
-  if (key.code != KeyCode::kCharacter || !key.ctrl || key.alt || key.shift) return false;
-  return std::u32string_view(U"ACVXZ").find(key.character) != std::u32string_view::npos;
-}
-
 }  // namespace
 
 EditableGrid::EditableGrid(Form& form, std::string_view name)
@@ -107,6 +101,11 @@ void EditableGrid::TakeSelection(std::vector<GridBlock> blocks, GridPlace curren
   if (on_move) on_move();
 }
 
+bool EditableGrid::SelectionFits() const {
+  const auto fits = [this](const GridBlock& block) { return block.bottom < row_count(); };
+  return anchor_.row < row_count() && std::ranges::all_of(selection_, fits);
+}
+
 void EditableGrid::CollapseSelection() {
   SetCurrent(current());
   anchor_ = current();
@@ -129,6 +128,7 @@ void EditableGrid::OpenEditor(bool by_typing) {
                                                 : 0;
   editor.visible = true;
   editing_ = true;
+  replaced_ = false;
   by_typing_ = by_typing;
   form_.Focus(editor);
   editor.whole_selected = false;
@@ -144,6 +144,7 @@ void EditableGrid::OpenWith(std::string_view text) {
   if (IsLocked(current().column)) return;
   if (!editing_) OpenEditor(true);
   editor.Show(text);
+  replaced_ = true;
 }
 
 void EditableGrid::CloseEditor() {
@@ -154,6 +155,8 @@ void EditableGrid::CloseEditor() {
 bool EditableGrid::Accept() {
   if (!editing_) return true;
   CloseEditor();  // first: what follows may look at the grid
+  // What nobody edited stays as it is, also where it could not be typed.
+  if (!editor.edited() && !replaced_) return true;
   if (!on_accept || on_accept(current(), editor.text)) return true;
   editing_ = editor.visible = true;
   return false;
@@ -246,11 +249,18 @@ bool EditableGrid::PressMove(const Key& key) {
 // A character begins a new text; one that the column does not take leaves the cell as it was.
 EditableGrid::KeyEnd EditableGrid::OpenTyping(const Key& key) {
   if (IsLocked(current().column)) return KeyEnd::kTaken;
+  const std::vector<GridBlock> selection = selection_;
+  const GridPlace anchor = anchor_;
   editor.Show("");
   OpenEditor(true);
   std::string piece;
   AppendUtf8(piece, key.character);
-  if (!form_.Type(editor, {"", piece, ""})) GiveUp();
+  if (!form_.Type(editor, {"", piece, ""})) {
+    GiveUp();
+    selection_ = selection;
+    anchor_ = anchor;
+    Selected(false);
+  }
   return KeyEnd::kTaken;
 }
 
@@ -288,9 +298,7 @@ EditableGrid::KeyEnd EditableGrid::PressInEditor(const Key& key) {
     PressMove(key);
     return KeyEnd::kTaken;
   }
-  const bool in_text = IsMove(key.code) || key.code == KeyCode::kBackspace ||
-                       key == Plain(KeyCode::kDelete) || EditsText(key);
-  return in_text ? KeyEnd::kForEditor : KeyEnd::kNotMine;
+  return IsMove(key.code) || EditsText(key) ? KeyEnd::kForEditor : KeyEnd::kNotMine;
 }
 
 EditableGrid::KeyEnd EditableGrid::Press(const Key& key) {

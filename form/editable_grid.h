@@ -69,6 +69,8 @@ class EditableGrid : public Grid {
   void SelectBlock(const GridBlock& block);
   /// The user has selected by mouse.
   void TakeSelection(std::vector<GridBlock> blocks, GridPlace current);
+  /// False: rows of the selection have gone.
+  [[nodiscard]] bool SelectionFits() const;
   /// The current cell is where it is kept after rows have come or gone; only it is selected.
   void CollapseSelection();
 
@@ -113,6 +115,7 @@ class EditableGrid : public Grid {
   GridPlace anchor_;
   bool editing_ = false;
   bool by_typing_ = false;  ///< the open editor was opened by a character
+  bool replaced_ = false;   ///< the form has put a text into the open editor
   int selection_revision_ = 0;
   int zoom_ = 100;
 };

@@ -31,6 +31,16 @@ char32_t LatinOnSameKey(char32_t character) {
   return character >= U'a' && character <= U'z' ? character - U'a' + U'A' : character;
 }
 
+bool EditsText(const Key& key) {
+  constexpr std::u32string_view kLetters = U"ACVXZ";
+  if (key == Plain(KeyCode::kDelete) || key == Plain(KeyCode::kBackspace) ||
+      key == Shift(KeyCode::kInsert)) {
+    return true;
+  }
+  const bool with_ctrl = key.code == KeyCode::kCharacter && key.ctrl && !key.alt && !key.shift;
+  return with_ctrl && kLetters.find(key.character) != std::u32string_view::npos;
+}
+
 Key Typed(char32_t character) {
   return {KeyCode::kCharacter, character, false, false, false, LatinOnSameKey(character)};
 }

@@ -71,6 +71,9 @@ constexpr Key Alt(char letter) {
   const auto latin = static_cast<char32_t>(letter);
   return {KeyCode::kCharacter, latin, false, false, true, latin};
 }
+/// A key that edits the text that has the focus: the clipboard's, and those that delete.
+bool EditsText(const Key& key);
+
 /// The Latin capital on the key that gives `character` on a Greek keyboard; Latin letters become
 /// capitals, anything else stays.
 char32_t LatinOnSameKey(char32_t character);

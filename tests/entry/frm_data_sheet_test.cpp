@@ -23,7 +23,7 @@ TEST(Sheet, ThreeSectionsTypedByKeysBecomeRowsAndTheEmittersFollow) {
   EXPECT_EQ(Joined(sheet.user.test.Names()), "ANT/1  |  1/2  |  2/ANT");
   EXPECT_EQ(sheet.user.test.Column(&SectionRow::Length), (std::vector<float>{5.5F, 10, 7.25F}));
   EXPECT_EQ(Joined(sheet.user.navigator.log),
-            "close FrmTauCross_S|show FrmSoma|close FrmData_Sheet");
+            "close FrmTauCross_S|close FrmData_Sheet|show FrmSoma");
 }
 
 const std::vector<std::string_view> kLoop = {"ANT/1 5m", "1/2 5m 300l/h soma 800mm", "2/ANT 5m"};
@@ -41,7 +41,7 @@ TEST(Sheet, ThatEndsAsItBeganWritesNothing) {
   EXPECT_EQ(sheet.user.test.Bytes(), rows);
   EXPECT_TRUE(sheet.user.test.study.results_valid);
   EXPECT_FALSE(sheet.user.test.study.unsaved_changes);
-  EXPECT_EQ(sheet.user.navigator.log.at(1), "show FrmMain");
+  EXPECT_EQ(sheet.user.navigator.log.back(), "show FrmMain");
   EXPECT_EQ(sheet.user.test.Bytes(work_file::kFirstRows), "(missing)");
 }
 
@@ -65,7 +65,7 @@ TEST(Sheet, AChangedNumberVoidsResultsAndKeepsWhatTheSheetDoesNotShow) {
   EXPECT_EQ(Joined(test.Diameters()), "");
   EXPECT_FALSE(test.study.results_valid);
   EXPECT_TRUE(test.study.unsaved_changes);
-  EXPECT_EQ(sheet.user.navigator.log.at(1), "show FrmMain") << "no emitter form after an edit";
+  EXPECT_EQ(sheet.user.navigator.log.back(), "show FrmMain") << "no emitter form after an edit";
 }
 
 TEST(Sheet, EmittersAndPlantFollowTheirRows) {
@@ -87,7 +87,7 @@ TEST(Sheet, EmittersAndPlantFollowTheirRows) {
   EXPECT_EQ(test.Row(4).Auxi, 2);
   EXPECT_EQ(test.Row(1).SomaDrop, 0);
   EXPECT_TRUE(test.study.emitters_unchecked);
-  EXPECT_EQ(sheet.user.navigator.log.at(1), "show FrmSoma");
+  EXPECT_EQ(sheet.user.navigator.log.back(), "show FrmSoma");
 }
 
 TEST(Sheet, TheRecordOfADeletedSectionStaysUntilItIsSettled) {
@@ -134,13 +134,13 @@ TEST(Sheet, OpenNetworkTakesTheOutletsWhereLeavesOrFeedersChange) {
   sheet.TypeCells("2");
   sheet.Press(Ctrl(KeyCode::kEnter));
   EXPECT_TRUE(sheet.user.test.study.NameErrors);
-  EXPECT_EQ(sheet.user.navigator.log.at(1), "show FrmYpodo");
+  EXPECT_EQ(sheet.user.navigator.log.back(), "show FrmYpodo");
 }
 
 TEST(Sheet, AnEmptySheetLeavesAndAnEmptiedOneAsks) {
   SheetUser empty;
   empty.Press(Ctrl(KeyCode::kEnter));
-  EXPECT_EQ(empty.user.navigator.log.at(1), "show FrmMain");
+  EXPECT_EQ(empty.user.navigator.log.back(), "show FrmMain");
   EXPECT_EQ(empty.user.test.Bytes(), "(missing)");
   SheetUser sheet(SystemKind::kClosed, kLoop);
   sheet.Press(Ctrl('A'));
@@ -169,7 +169,7 @@ TEST(Sheet, KeepsItselfAndGoesOnFromWhereItWas) {
   EXPECT_TRUE(sheet.user.navigator.log.empty()) << "no stays";
   sheet.user.test.prompter.Expect(" !!... ΠΡΟΣΟΧΗ ...!! ", Answer::kYes);
   EXPECT_FALSE(sheet.form->MayClose());
-  EXPECT_EQ(sheet.user.navigator.log.at(1), "show FrmMain");
+  EXPECT_EQ(sheet.user.navigator.log.back(), "show FrmMain");
   EXPECT_TRUE(workspace.Exists(work_file::kSheetInWork));
   sheet.Open();
   sheet.GoTo(3, 0);
@@ -200,7 +200,7 @@ TEST(Sheet, AsksWhetherAKeptSheetGoesOnAndCopiesItToSafetyWhereNot) {
   prompter.Expect("Φύλλο Τμημάτων", Answer::kNo);
   sheet.OpenFromMenu();
   EXPECT_EQ(sheet.user.test.Bytes(work_file::kSheetInWork), "noise") << "it stays";
-  EXPECT_EQ(sheet.user.navigator.log.back(), "close FrmData_Sheet");
+  EXPECT_EQ(sheet.user.navigator.log.back(), "show FrmMain");
 }
 
 TEST(Sheet, NamesTheSourceByOneKeyAndTeesByShift) {
@@ -315,6 +315,96 @@ TEST(Sheet, SavesAndRetrievesAsOneUndoableStep) {
   EXPECT_EQ(sheet.Line(0), "ANT|/|1|9");
 }
 
+TEST(Sheet, LeavesAloneWhatNobodyEdits) {
+  SheetUser sheet(SystemKind::kClosed, kLoop);
+  TestBench& test = sheet.user.test;
+  test.ChangeRow(2, [](SectionRow& row) {
+    row.OtherDrop_mm = -5;
+    row.Name = FixedText<7>::FromUtf8("  a/ΑΝΤ");
+  });
+  sheet.Open();
+  for (const int column : {0, 2, 14}) {
+    sheet.GoTo(1, column);
+    sheet.Press(KeyCode::kF2);
+    sheet.Press(KeyCode::kEnter);
+  }
+  EXPECT_EQ(sheet.Line(1), "a|/|ΑΝΤ|5|||||||||||-5");
+  EXPECT_FALSE(sheet.form->draft().history().CanUndo());
+  sheet.GoTo(0, 3);
+  sheet.TypeCells("9");
+  sheet.form->Idle(0.3);
+  sheet.Open();
+  EXPECT_EQ(sheet.Line(1), "a|/|ΑΝΤ|5|||||||||||-5") << "nor on the way through the kept sheet";
+  sheet.GoTo(0, 14);
+  sheet.TypeCells(",");
+  EXPECT_TRUE(test.prompter.codes().empty()) << "a lone separator is nothing";
+}
+
+TEST(Sheet, ARowTypedAnewIsANewRow) {
+  SheetUser sheet(SystemKind::kClosed, kLoop);
+  TestBench& test = sheet.user.test;
+  test.study.results_valid = true;
+  sheet.GoTo(1, 0);
+  test.prompter.Expect(120, Answer::kYes);
+  sheet.Press(Ctrl(KeyCode::kDelete));
+  sheet.Press(Ctrl(KeyCode::kInsert));
+  sheet.TypeCells("1 2 5 0 0 0 0 0 0 0 0 0 0 0 0");
+  sheet.Press(Ctrl(KeyCode::kEnter));
+  EXPECT_FALSE(test.study.results_valid);
+  EXPECT_EQ(test.Row(2).SomaDrop, 0);
+  EXPECT_EQ(test.Rows(work_file::kEmitters).at(0).RecordNumber, 0);
+}
+
+TEST(Sheet, KeysInTheFindBoxAndInTheListStayThere) {
+  SheetUser sheet(SystemKind::kClosed, kLoop);
+  sheet.Press(Ctrl('F'));
+  for (const Key& key : {Plain(KeyCode::kDelete), Ctrl('V'), Ctrl('X'), Ctrl('Z')}) {
+    EXPECT_FALSE(static_cast<Form&>(*sheet.form).Press(key)) << "the box edits its own text";
+  }
+  EXPECT_EQ(sheet.Line(0), "ANT|/|1|5");
+  sheet.form->Run(sheet.form->CmdSame);
+  for (const KeyCode code : {KeyCode::kUp, KeyCode::kUp, KeyCode::kDelete}) sheet.Press(code);
+  EXPECT_EQ(sheet.form->CboSame.selected, 0);
+  EXPECT_TRUE(sheet.form->CboSame.visible) << "arrows take nothing";
+  sheet.Press(KeyCode::kEscape);
+  EXPECT_FALSE(sheet.form->CboSame.visible);
+}
+
+TEST(Sheet, ASelectionDoesNotOutliveItsRows) {
+  SheetUser sheet(SystemKind::kClosed, kLoop);
+  sheet.Press(Ctrl('S'));
+  std::string rows;
+  for (int row = 0; row < 300; ++row) rows += "1\t/\t2\t3\n";
+  sheet.user.desk.clipboard.SetText(rows);
+  sheet.GoTo(3, 0);
+  sheet.Press(Ctrl('V'));
+  sheet.GoTo(290, 3);
+  sheet.Press(Ctrl('R'));
+  EXPECT_EQ(sheet.form->draft().Count(), 3);
+  EXPECT_LT(sheet.form->fpSpread1.block().bottom, sheet.form->fpSpread1.row_count());
+  sheet.user.desk.clipboard.SetText("1.234");
+  sheet.GoTo(0, 3);
+  sheet.user.test.prompter.Expect("Επικόλληση", Answer::kCancel);
+  sheet.Press(Ctrl('V'));
+  EXPECT_EQ(sheet.Line(0), "ANT|/|1|5");
+  sheet.user.test.prompter.Expect("Επικόλληση", Answer::kYes);
+  sheet.Press(Ctrl('V'));
+  EXPECT_EQ(sheet.Line(0), "ANT|/|1|1234");
+  sheet.user.desk.clipboard.SetText("ΜΗΚΟΣ [τεμ.]\n1.234");
+  sheet.user.test.prompter.Expect("Επικόλληση", Answer::kNo);
+  sheet.Press(Ctrl('V'));
+  EXPECT_EQ(sheet.Line(1), "1|/|2|1,234") << "a head with a dot settles nothing";
+}
+
+TEST(Sheet, OwnNumbersOfAReopenedSheetAreStillLookedAt) {
+  SheetUser sheet(SystemKind::kOpen, kTree);
+  sheet.GoTo(1, 0);
+  sheet.TypeCells("7");
+  sheet.form->Idle(0.3);
+  sheet.Open();
+  EXPECT_EQ(sheet.form->LblMissing.text, "Κενά που λείπουν: 1");
+}
+
 // A row is put before the first one and the whole is kept and made into rows, while the program is
 // killed after any step of its disk.
 TEST(Sheet, AKillAtAnyStepOfItsEndLosesNeitherWordsNorEmitters) {
@@ -396,8 +486,20 @@ TEST(Sheet, ADiskThatFailsIsToldAndNothingIsLost) {
   EXPECT_TRUE(sheet.user.navigator.log.empty()) << "the sheet stays";
   EXPECT_FALSE(test.prompter.boxes().empty());
   disk.Mend();
-  sheet.Press(Ctrl(KeyCode::kEnter));
-  EXPECT_EQ(test.Row(1).Length, 9);
+  sheet.GoTo(0, 0);
+  test.study.plant_section = 3;
+  sheet.Press(Ctrl(KeyCode::kInsert));
+  sheet.TypeCells("a 9 7");
+  sheet.GoTo(1, 0);
+  sheet.TypeCells("9");
+  for (int step = 1; test.study.plant_section == 3; ++step) {
+    disk.FailAtOperation(step, FailingDisk::Lasting::kFromThenOn);
+    sheet.Press(Ctrl(KeyCode::kEnter));
+    disk.Mend();
+  }
+  EXPECT_EQ(test.study.plant_section, 4) << "moved once, however often it failed";
+  EXPECT_EQ(Joined(test.Names()), "ANT/9  |  9/1  |  1/2  |  2/ANT");
+  EXPECT_EQ(test.Rows(work_file::kEmitters).at(0).RecordNumber, 3);
 }
 
 }  // namespace
