@@ -1,5 +1,8 @@
 #include "study/sheet_intro.h"
 
+#include <array>
+#include <charconv>
+
 #include "study/fault.h"
 #include "study/text_lines.h"
 
@@ -20,7 +23,13 @@ std::string LineOf(std::string text) {
 std::string LineOf(SystemKind kind) {
   return std::string(kind == SystemKind::kOpen ? kOpenWord : kClosedWord);
 }
-std::string LineOf(float value) { return NumberText(value); }
+// Exact, and without an exponent, which no number is read with.
+std::string LineOf(float value) {
+  std::array<char, 64> text{};
+  const auto written =
+      std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed);
+  return {text.data(), written.ptr};
+}
 std::string LineOf(std::int16_t value) { return NumberText(int{value}); }
 
 double NumberIn(std::string_view line) { return ParseNumber(line, Separators{'.', ','}); }

@@ -28,6 +28,18 @@ TEST(FrmOldStudy, TellsWhatWasFound) {
   EXPECT_EQ(form.LblMoment.text, "25/11/2026, 10:30:00");
 }
 
+TEST(FrmOldStudy, TellsThatItIsASheet) {
+  for (const auto& [sections, text] : {std::pair{0, "Φύλλο χωρίς τμήματα"},
+                                       {1, "Φύλλο με 1 τμήμα"},
+                                       {12, "Φύλλο με 12 τμήματα"}}) {
+    TestDesk desk;
+    desk.desk.questions.offered = {sections, "Σχολείο", "", "", true};
+    FrmOldStudy form(desk.desk);
+    form.Load();
+    EXPECT_EQ(form.LblRows.text, text);
+  }
+}
+
 TEST(FrmOldStudy, OnlyAnAnswerIsAnAnswer) {
   EXPECT_EQ(AnswerBy(Plain(KeyCode::kEnter)), true);
   EXPECT_EQ(AnswerBy(Alt('N')), true);

@@ -111,9 +111,11 @@ TEST(UnreadableWork, RowsAreMovedAsideAndNamedAndWhatIsLeftIsOffered) {
 
 TEST(UnreadableWork, FilesBesideTheRowsBarNoRecoveryAndNoSave) {
   for (const char* const name :
-       {work_file::kFluid, work_file::kWinter, work_file::kRebuilt, work_file::kFirstRows}) {
+       {work_file::kFluid, work_file::kWinter, work_file::kRebuilt, work_file::kFirstRows,
+        work_file::kSheet, work_file::kSheetIntro}) {
     SCOPED_TRACE(name);
     LeftBehind left(name);
+    if (!left.test.workspace.Exists(name)) left.Leave(name, "cells");
     const std::string bytes = left.test.Bytes(name);
     const auto found = SettleWorkFiles(left.desk);
     ASSERT_TRUE(found.ok() && *found);
@@ -143,7 +145,8 @@ TEST(UnreadableWork, BarsNoCopyOfRowsThatAreDisplaced) {
 
 TEST(UnreadableWork, NothingIsLostWhicheverStepTheDiskRefuses) {
   using Lasting = FailingDisk::Lasting;
-  for (const char* const name : {work_file::kRows, work_file::kSummerRows, work_file::kFluid}) {
+  for (const char* const name :
+       {work_file::kRows, work_file::kSummerRows, work_file::kFluid, work_file::kSheetInWork}) {
     for (const Lasting lasting : {Lasting::kOnce, Lasting::kFromThenOn}) {
       for (const bool fails_in_work : {true, false}) {
         bool reached = true;
@@ -153,7 +156,10 @@ TEST(UnreadableWork, NothingIsLostWhicheverStepTheDiskRefuses) {
           LeftBehind left(name);
           left.test.workspace.Delete(work_file::kRebuilt);
           left.test.workspace.Delete(work_file::kFirstRows);
-          if (name == std::string_view(work_file::kRows)) left.Leave(name, "unique");
+          if (name == std::string_view(work_file::kRows) ||
+              name == std::string_view(work_file::kSheetInWork)) {
+            left.Leave(name, "unique");
+          }
           const std::string bytes = left.test.Bytes(name);
           const std::string fluid = left.test.Bytes(work_file::kFluid);
           FailingDisk& bad = fails_in_work ? left.failing : left.outer;

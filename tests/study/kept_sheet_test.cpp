@@ -38,6 +38,14 @@ TEST(SheetIntro, IsSevenQuotedLines) {
   EXPECT_EQ(IntroOf(study), intro);
 }
 
+TEST(SheetIntro, KeepsEveryDigit) {
+  Study study = StudyOf("Σχολείο");
+  study.TotalFlowM3h = 16.666668F;
+  study.MeanTemp = 4.4444445e27F;
+  study.MeanVel = 1e-45F;
+  EXPECT_EQ(*DecodeIntro(EncodeIntro(IntroOf(study)), "Intro.ss2"), IntroOf(study));
+}
+
 TEST(SheetIntro, StaysOfSevenLinesWhateverTheTitleIs) {
   const SheetIntro intro = IntroOf(StudyOf("Δύο\r\nγραμμές"));
   EXPECT_EQ(DecodeIntro(EncodeIntro(intro), "Intro.ss2")->study_title, "Δύο  γραμμές");
