@@ -252,8 +252,9 @@ void SafetyCopyOf999(benchmark::State& state) {
   QElapsedTimer watch;
   for (auto _ : state) {
     watch.start();
-    if (!KeepSafetyCopyAnyway(session.desk().bench, session.desk().safety_folders()))
-      throw std::runtime_error("no copy was made");
+    const Desk& desk = session.desk();
+    const bool kept = KeepSafetyCopyAnyway(desk.bench, desk.safety_folders());
+    if (!kept) throw std::runtime_error("no copy was made");
     Note(state, watch, 0);
   }
 }
