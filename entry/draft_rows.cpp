@@ -142,8 +142,7 @@ void TakeDraftRows(Study& study, const DraftRows& made) {
   study.unsaved_changes = study.unsaved_changes || made.changed;
   study.results_valid = study.results_valid && !made.changed;
   study.NameErrors = study.NameErrors || (study.SystemOpen() && made.feeders_changed);
-  study.emitters_unchecked =
-      study.emitters_unchecked || (made.moved && study.EmitterCount > 0);
+  study.emitters_unchecked = study.emitters_unchecked || (made.moved && study.EmitterCount > 0);
 }
 
 Outcome WriteRows(Workspace& workspace, const Rows& rows) {
@@ -220,8 +219,8 @@ Outcome FindEmitters(Workbench& bench, const Rows& rows) {
     const bool in_rows = number >= 1 && number <= static_cast<int>(rows.size());
     if (in_rows && ByNumber(rows, number).Name == emitter.Name) continue;
     const auto named = numbers.find(emitter.Name.bytes());
-    const bool found = named != numbers.end() && named->second > 0 &&
-                       ByNumber(rows, named->second).HasEmitter();
+    const bool found =
+        named != numbers.end() && named->second > 0 && ByNumber(rows, named->second).HasEmitter();
     if (found) emitter.RecordNumber = ToInt16(named->second);
   }
   if (Outcome written = WriteEmitters(bench.workspace, *before, emitters); !written) return written;

@@ -258,7 +258,8 @@ bool FrmData_Sheet::PressTee(const Key& key) {
   return true;
 }
 
-// Arrows go through the list, Enter takes; a list that took at each arrow could not be gone through.
+// Arrows go through the list, Enter takes; a list that took at each arrow could not be gone
+// through.
 bool FrmData_Sheet::PressInSame(const Key& key) {
   const int last = static_cast<int>(CboSame.entries.size()) - 1;
   switch (key.code) {

@@ -67,7 +67,8 @@ void FrmData_Sheet::DeleteCells() {
   {
     const SectionDraft::Action action(draft, "Διαγραφή περιεχομένου", Current());
     for (const GridBlock& block : selection) {
-      for (int row = block.top; row <= std::min(block.bottom, std::max(draft.Count() - 1, 0)); ++row) {
+      for (int row = block.top; row <= std::min(block.bottom, std::max(draft.Count() - 1, 0));
+           ++row) {
         for (int column = block.left; column <= block.right; ++column) {
           if (column != sheet_column::kSlash) draft.Set(row, column, "");
         }
@@ -145,11 +146,10 @@ void FrmData_Sheet::CutCells() {
 }
 
 std::optional<bool> FrmData_Sheet::AskThousands(const std::string& example) {
-  const Answer answer =
-      bench.Ask({"Επικόλληση",
-                 {"Το " + example + " γράφεται με το σημείο των χιλιάδων.",
-                  "Χωρίζει χιλιάδες ?? (Όχι : είναι δεκαδικός αριθμός)"},
-                 box_style::kYesNoCancel});
+  const Answer answer = bench.Ask({"Επικόλληση",
+                                   {"Το " + example + " γράφεται με το σημείο των χιλιάδων.",
+                                    "Χωρίζει χιλιάδες ?? (Όχι : είναι δεκαδικός αριθμός)"},
+                                   box_style::kYesNoCancel});
   if (answer != Answer::kYes && answer != Answer::kNo) return std::nullopt;
   return answer == Answer::kYes;
 }
@@ -192,7 +192,8 @@ void FrmData_Sheet::PasteCells() {
   }
   Follow();
   if (plan.last_row >= target.top) {
-    fpSpread1.SelectBlock({target.top, target.left, std::min(plan.last_row, fpSpread1.row_count() - 1),
+    fpSpread1.SelectBlock({target.top, target.left,
+                           std::min(plan.last_row, fpSpread1.row_count() - 1),
                            std::max(plan.last_column, target.left)});
   }
   TellRefused(plan.refused);

@@ -177,8 +177,7 @@ std::optional<std::string> FittingText(std::string_view text, int column, Separa
                               : FittingNumber(trimmed, column, separators, thousands);
 }
 
-std::string DoubtfulNumber(const CellBlock& cells, const GridBlock& target,
-                           Separators separators) {
+std::string DoubtfulNumber(const CellBlock& cells, const GridBlock& target, Separators separators) {
   const std::vector<int> columns = ColumnsOf(cells, target);
   std::string example;
   for (const auto& row : cells) {

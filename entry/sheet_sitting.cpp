@@ -101,7 +101,8 @@ Outcome SheetSitting::Save() {
   return KeepSheet(bench_.workspace, bench_.study, work_file::kSheet, Encoded(draft.Image()));
 }
 
-// What no cell takes is left empty, as a paste leaves it out; but not what a row of the study holds.
+// What no cell takes is left empty, as a paste leaves it out; but not what a row of the study
+// holds.
 int SheetSitting::LeaveOutMisfits(SheetImage& image) const {
   const SheetImage base = ImageOfRows(base_, draft.kind(), desk_.separators);
   int left_out = 0;

@@ -109,6 +109,7 @@ class FrmMain : public Form {
   void OpenSafetyCopy();
   void SaveToFile();
   void SaveOwn();
+  void TellUncheckedEmitters();
   void NoteSaved();
   void OpenManual();
   void NewStudy();

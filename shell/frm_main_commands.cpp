@@ -220,12 +220,19 @@ void FrmMain::ShowCurrentStudy() {
 
 void FrmMain::SaveToFile() {
   if (!SettleTitle() || AskToOpenKeptSheet(desk)) return;
+  TellUncheckedEmitters();
   if (NeedsPipes() && SaveStudy(desk)) NoteSaved();
 }
 
 void FrmMain::SaveOwn() {
   if (!SettleTitle() || AskToOpenKeptSheet(desk)) return;
+  TellUncheckedEmitters();
   if (NeedsPipes() && SaveToOwnFile(desk)) NoteSaved();
+}
+
+// A file has the emitters that the rows know: not those of a list that was left unchecked.
+void FrmMain::TellUncheckedEmitters() {
+  if (bench.study.emitters_unchecked) bench.Show(message::kEmittersUnchecked);
 }
 
 void FrmMain::NoteSaved() {

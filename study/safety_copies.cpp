@@ -225,6 +225,9 @@ bool CompanionIsSaved(const Workbench& bench, std::string_view work_name,
 
 bool IsSaved(const Workbench& bench) {
   if (IsSheetKept(bench.workspace)) return false;
+  // The rows do not know a list of emitters that is still to be checked.
+  if (bench.study.emitters_unchecked && bench.workspace.HasBytes(work_file::kEmitters))
+    return false;
   const auto rows = bench.workspace.ReadIfThere(work_file::kRows);
   if (!rows) return false;
   if (rows->empty()) return !bench.workspace.HasBytes(work_file::kSheet);

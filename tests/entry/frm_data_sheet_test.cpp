@@ -276,7 +276,7 @@ TEST(Sheet, TakesNoMoreThan999SectionsAndNoNumberThatNoRowHolds) {
   EXPECT_EQ(sheet.user.test.prompter.codes().back(), 200);
   EXPECT_EQ(sheet.Line(5), "1|/|2|3,5");
   sheet.TypeCells("032767");
-  EXPECT_EQ(sheet.form->fpSpread1.At(5, 7).text, "32767");
+  EXPECT_EQ(sheet.form->fpSpread1.At(5, 6).text, "32767") << "it was open still";
 }
 
 TEST(Sheet, FindsRoundAndSaysWhatIsRemarkable) {
