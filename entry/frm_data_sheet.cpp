@@ -19,14 +19,6 @@ constexpr double kQuietSeconds = 5;
 // After the sheet could not be kept.
 constexpr std::int64_t kSecondsToNextTry = 5;
 
-std::string JoinedRemarks(const std::vector<std::string>& remarks) {
-  std::string text;
-  for (const std::string& remark : remarks) {
-    text += (text.empty() ? "" : " · ") + remark;
-  }
-  return text;
-}
-
 Box KeptSheetBox() {
   return {"Φύλλο Τμημάτων",
           {"Υπάρχει φύλλο με στοιχεία που δεν πέρασαν ακόμη στην Μελέτη.",
@@ -204,8 +196,9 @@ void FrmData_Sheet::Derive() {
   LblCurrent.text = SectionText();
   const SheetColumn& column = SheetColumns()[static_cast<std::size_t>(at.column)];
   LblPrompt.text = column.prompt;
-  LblRemarks.text = JoinedRemarks(RowRemarks(draft, at.row));
-  LblRemarks.tone = LblRemarks.text.empty() ? Tone::kPlain : Tone::kAlarm;
+  const RowRemarks remarks = RemarksOf(draft, at.row);
+  LblRemarks.text = remarks.text;
+  LblRemarks.tone = remarks.fault ? Tone::kAlarm : Tone::kQuiet;
   const std::size_t missing = MissingLines(draft).size();
   LblMissing.text = "Κενά που λείπουν: " + std::to_string(missing);
   const bool told = told_revision_ == draft.revision() &&

@@ -36,38 +36,43 @@ Meetings MeetingsOf(const SectionDraft& draft, int row) {
   return found;
 }
 
+void Remark(RowRemarks& remarks, std::string_view what, bool fault = true) {
+  if (!remarks.text.empty()) remarks.text += " · ";
+  remarks.text += what;
+  remarks.fault = remarks.fault || fault;
+}
+
 std::string InSection(std::string_view what, int number) {
   return std::string(what) + std::to_string(number);
 }
 
-void RemarkClosed(const Meetings& found, const std::string& end,
-                  std::vector<std::string>& remarks) {
-  if (found.begin_at_end == 0) remarks.emplace_back("κανένα τμήμα δεν αρχίζει στον κόμβο " + end);
-  if (found.end_at_begin == 0) remarks.emplace_back("κανένα τμήμα δεν καταλήγει στην αρχή του");
-  if (found.same_name != 0)
-    remarks.push_back(InSection("ίδιο όνομα με το τμήμα ", found.same_name));
+void RemarkClosed(const Meetings& found, const std::string& end, RowRemarks& remarks) {
+  if (found.begin_at_end == 0) Remark(remarks, "κανένα τμήμα δεν αρχίζει στον κόμβο " + end);
+  if (found.end_at_begin == 0) Remark(remarks, "κανένα τμήμα δεν καταλήγει στην αρχή του");
+  if (found.same_name != 0) {
+    Remark(remarks, InSection("ίδιο όνομα με το τμήμα ", found.same_name));
+  }
   if (found.begin_at_end == 1 && found.end_at_end == 0 && end != kSource) {
-    remarks.push_back(InSection("συνεχίζει μόνο στο τμήμα ", found.last_beginner));
+    Remark(remarks, InSection("συνεχίζει μόνο στο τμήμα ", found.last_beginner), false);
   }
 }
 
-void RemarkOpen(const Meetings& found, const std::string& feeder,
-                std::vector<std::string>& remarks) {
+void RemarkOpen(const Meetings& found, const std::string& feeder, RowRemarks& remarks) {
   if (feeder != kSource && found.begin_at_end == 0) {
-    remarks.emplace_back("δεν υπάρχει το τμήμα τροφοδοσίας " + feeder);
+    Remark(remarks, "δεν υπάρχει το τμήμα τροφοδοσίας " + feeder);
   }
-  if (found.same_own != 0) remarks.push_back(InSection("ίδιος α/α με το τμήμα ", found.same_own));
+  if (found.same_own != 0) Remark(remarks, InSection("ίδιος α/α με το τμήμα ", found.same_own));
 }
 
 }  // namespace
 
-std::vector<std::string> RowRemarks(const SectionDraft& draft, int row) {
-  std::vector<std::string> remarks;
+RowRemarks RemarksOf(const SectionDraft& draft, int row) {
+  RowRemarks remarks;
   const std::string& left = draft.Text(row, sheet_column::kLeft);
   const std::string& right = draft.Text(row, sheet_column::kRight);
   if (row >= draft.Count() || left.empty() || right.empty()) return remarks;
   const Meetings found = MeetingsOf(draft, row);
-  if (left == right && left != kSource) remarks.emplace_back("αρχή και τέλος στον ίδιο κόμβο");
+  if (left == right && left != kSource) Remark(remarks, "αρχή και τέλος στον ίδιο κόμβο");
   if (draft.kind() == SystemKind::kOpen) {
     RemarkOpen(found, right, remarks);
   } else if (draft.Count() > 1) {
