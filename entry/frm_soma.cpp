@@ -56,6 +56,7 @@ FrmSoma::FrmSoma(Desk& shared_desk)
                           &CmdEscape, &CmdLeave, &CmdList}) {
     freely->leaves_freely = true;
   }
+  SSCmdNext.sounds_itself = SSCmdBack.sounds_itself = CmdEscape.sounds_itself = true;
   SSCmdNext.hint = "Ctrl+End";
   CmdF12.hint = "Alt+Ctrl";
   CmdPaste.hint = "Ctrl+V";
@@ -188,12 +189,17 @@ bool FrmSoma::NumbersFit() {
   return true;
 }
 
-bool FrmSoma::Store() {
+bool FrmSoma::HasValues() {
   if (!NumbersFit()) return false;
   if (Field* zero = FirstZero(fields_, desk.separators)) {
     Focus(*zero);
     return false;
   }
+  return true;
+}
+
+bool FrmSoma::Store() {
+  if (!HasValues()) return false;
   const bool fits = SectionFits();
   const bool taken = fits && entry_->HasSection(Values().section, current_);
   if (taken) {
@@ -208,6 +214,8 @@ bool FrmSoma::Store() {
 }
 
 void FrmSoma::Next() {
+  if (!HasValues()) return;
+  desk.Click();
   if (Store()) ShowRecord(current_ + 1);
 }
 
@@ -274,7 +282,10 @@ void FrmSoma::TellLostSection(int emitter) {
 }
 
 void FrmSoma::End() {
-  if (!HasLostSection() && !StoreIfAny()) return;
+  const bool to_store = !HasLostSection() && !IsEmpty();
+  if (to_store && !HasValues()) return;
+  desk.Click();
+  if (to_store && !Store()) return;
   if (const int lost = HasLostSection() ? current_ : entry_->FirstWithoutSection(); lost != 0) {
     TellLostSection(lost);
     if (lost != current_) ShowRecord(lost);

@@ -58,6 +58,8 @@ class FrmSoma : public Form {
   [[nodiscard]] EmitterValues Values() const;
   /// Refuses a number with two decimal separators.
   bool NumbersFit();
+  /// False: a value is missing, and its field has the focus.
+  bool HasValues();
   /// Stores the record in hand; false: it is refused, and its field has the focus.
   bool Store();
   /// The same where there is something to be stored.

@@ -44,6 +44,7 @@ FrmYpodo::FrmYpodo(Desk& shared_desk)
   for (Command* freely : {&CmdF12, &CmdHelp, &SSCmdBack, &CmdFill, &CmdEscape, &CmdLeave}) {
     freely->leaves_freely = true;
   }
+  SSCmdNext.sounds_itself = true;
   SSCmdNext.hint = "Ctrl+End";
   CmdF12.hint = "Alt+Ctrl";
   Text1.locked = Text2.locked = true;
@@ -160,12 +161,17 @@ bool FrmYpodo::NumbersFit() {
   return true;
 }
 
-bool FrmYpodo::Store() {
+bool FrmYpodo::HasValues() {
   if (!NumbersFit()) return false;
   if (Field* zero = FirstZero(needed_, desk.separators)) {
     Focus(*zero);
     return false;
   }
+  return true;
+}
+
+bool FrmYpodo::Store() {
+  if (!HasValues()) return false;
   const OutletValues values = {ToSingle(Text3.Number(desk.separators)),
                                ToSingle(Text4.Number(desk.separators)),
                                ToSingle(Text5.Number(desk.separators))};
@@ -180,8 +186,9 @@ bool FrmYpodo::Store() {
 void FrmYpodo::Next() {
   if (IsPastLast()) {
     Focus(SSCmdBack);
-  } else if (Store()) {
-    ShowOutlet(current_ + 1);
+  } else if (HasValues()) {
+    desk.Click();
+    if (Store()) ShowOutlet(current_ + 1);
   }
 }
 

@@ -51,6 +51,8 @@ class FrmYpodo : public Form {
   [[nodiscard]] bool IsPastLast() const { return current_ > count(); }
   [[nodiscard]] bool IsEmpty() const;
   bool NumbersFit();
+  /// False: a value is missing, and its field has the focus.
+  bool HasValues();
   /// Stores the outlet in hand; false: it is refused, and its field has the focus.
   bool Store();
   bool StoreIfAny() { return IsPastLast() || IsEmpty() || Store(); }

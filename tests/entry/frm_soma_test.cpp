@@ -382,5 +382,15 @@ TEST_F(EmitterForm, TellsOfFilesThatFailAndStays) {
   EXPECT_EQ(test.Bytes(), "odd");
 }
 
+TEST_F(EmitterForm, SoundsOnlyOnceNothingIsMissing) {
+  desk.options.SoundOn = true;
+  OpenNew();
+  Click(form, form.SSCmdNext);
+  EXPECT_EQ(sound.played, 0);
+  TypeRecord("2", "300", "500");
+  Click(form, form.SSCmdNext);
+  EXPECT_EQ(sound.played, 1);
+}
+
 }  // namespace
 }  // namespace kalvo
