@@ -155,6 +155,42 @@ Outcome WriteRows(Workspace& workspace, const Rows& rows) {
   return workspace.Flush(work_file::kRows);
 }
 
+// "Τμήμα <3 > : Λείπει το ΜΗΚΟΣ"
+std::string LineOnRow(int row, std::string_view what) {
+  std::string line = "Τμήμα <" + std::to_string(row + 1);
+  return line.append(" > : ").append(what);
+}
+
+void ListMissing(const SectionDraft& draft, int row, std::vector<std::string>& lines) {
+  struct Needed {
+    int column;
+    const char* closed;
+    const char* open;
+  };
+  constexpr Needed kNeeded[] = {
+      {sheet_column::kLeft, "Λείπει ο ΑΡΧΙΚΟΣ ΚΟΜΒΟΣ", "Λείπει ο α/α του ΤΡΕΧΟΝΤΟΣ ΤΜΗΜΑΤΟΣ"},
+      {sheet_column::kRight, "Λείπει ο ΤΕΛΙΚΟΣ ΚΟΜΒΟΣ", "Λείπει ο α/α του ΤΜΗΜΑΤΟΣ-ΤΡΟΦΟΔΟΤΗ"},
+      {sheet_column::kLength, "Λείπει το ΜΗΚΟΣ", "Λείπει το ΜΗΚΟΣ"}};
+  const bool open = draft.kind() == SystemKind::kOpen;
+  for (const auto& [column, closed_text, open_text] : kNeeded) {
+    if (!draft.Text(row, column).empty()) continue;
+    lines.push_back(LineOnRow(row, open ? open_text : closed_text));
+  }
+}
+
+void ListWrongNames(const SectionDraft& draft, int row, std::vector<std::string>& lines) {
+  for (const int column : {sheet_column::kLeft, sheet_column::kRight}) {
+    if (CountCharacters(draft.Text(row, column)) <= kLongestName) continue;
+    lines.push_back(LineOnRow(row, "Όνομα με πάνω από 3 χαρακτήρες, " + draft.Text(row, column)));
+  }
+  const std::string& own = draft.Text(row, sheet_column::kLeft);
+  const std::string number = std::to_string(row + 1);
+  const bool looked_at = draft.kind() == SystemKind::kOpen && draft.IsEdited() && !own.empty();
+  if (looked_at && own != number) {
+    lines.push_back(LineOnRow(row, "Ο α/α του ΤΡΕΧΟΝΤΟΣ ΤΜΗΜΑΤΟΣ δεν είναι " + number));
+  }
+}
+
 }  // namespace
 
 SheetImage ImageOfRows(const Rows& rows, SystemKind kind, Separators separators) {
@@ -244,35 +280,10 @@ Outcome PutDraftRows(Workbench& bench, const DraftRows& made, const Rows& base) 
 }
 
 std::vector<std::string> MissingLines(const SectionDraft& draft) {
-  struct Needed {
-    int column;
-    const char* closed;
-    const char* open;
-  };
-  constexpr Needed kNeeded[] = {
-      {sheet_column::kLeft, " > : Λείπει ο ΑΡΧΙΚΟΣ ΚΟΜΒΟΣ",
-       " > : Λείπει ο α/α του ΤΡΕΧΟΝΤΟΣ ΤΜΗΜΑΤΟΣ"},
-      {sheet_column::kRight, " > : Λείπει ο ΤΕΛΙΚΟΣ ΚΟΜΒΟΣ",
-       " > : Λείπει ο α/α του ΤΜΗΜΑΤΟΣ-ΤΡΟΦΟΔΟΤΗ"},
-      {sheet_column::kLength, " > : Λείπει το ΜΗΚΟΣ", " > : Λείπει το ΜΗΚΟΣ"}};
-  const bool open = draft.kind() == SystemKind::kOpen;
-  const bool edited = draft.IsEdited();
   std::vector<std::string> lines;
   for (int row = 0, count = draft.Count(); row < count; ++row) {
-    const std::string number = std::to_string(row + 1);
-    for (const Needed& needed : kNeeded) {
-      if (!draft.Text(row, needed.column).empty()) continue;
-      lines.push_back("Τμήμα <" + number + (open ? needed.open : needed.closed));
-    }
-    for (const int column : {sheet_column::kLeft, sheet_column::kRight}) {
-      if (CountCharacters(draft.Text(row, column)) <= kLongestName) continue;
-      lines.push_back("Τμήμα <" + number + " > : Όνομα με πάνω από 3 χαρακτήρες, " +
-                      draft.Text(row, column));
-    }
-    const std::string& own = draft.Text(row, sheet_column::kLeft);
-    if (open && edited && !own.empty() && own != number) {
-      lines.push_back("Τμήμα <" + number + " > : Ο α/α του ΤΡΕΧΟΝΤΟΣ ΤΜΗΜΑΤΟΣ δεν είναι " + number);
-    }
+    ListMissing(draft, row, lines);
+    ListWrongNames(draft, row, lines);
   }
   return lines;
 }

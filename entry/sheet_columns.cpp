@@ -51,6 +51,7 @@ std::vector<GridColumn> SheetGridColumns(SystemKind kind) {
 
 std::vector<CellTyping> SheetTyping() {
   std::vector<CellTyping> typing;
+  typing.reserve(kColumns.size());
   for (const SheetColumn& column : kColumns) {
     typing.push_back(column.typing);
   }

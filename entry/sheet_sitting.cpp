@@ -54,7 +54,7 @@ Outcome SheetSitting::BeginWithRows() {
   return Done{};
 }
 
-std::string SheetSitting::Encoded(SheetImage image) const {
+std::string SheetSitting::Encoded(const SheetImage& image) const {
   return EncodeSheet(image, desk_.separators.decimal);
 }
 

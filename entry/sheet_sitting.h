@@ -60,7 +60,7 @@ class SheetSitting {
  private:
   Outcome ReadBase();
   Outcome TakeKept();
-  [[nodiscard]] std::string Encoded(SheetImage image) const;
+  [[nodiscard]] std::string Encoded(const SheetImage& image) const;
   [[nodiscard]] SheetImage ImageWith(const std::optional<Pending>& pending) const;
   int LeaveOutMisfits(SheetImage& image) const;
 
