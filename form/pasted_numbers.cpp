@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "form/edit.h"
+#include "study/fixed_text.h"
 
 namespace kalvo {
 namespace {

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QKeyEvent>
+#include <algorithm>
 #include <fstream>
 #include <stdexcept>
 
@@ -14,8 +15,11 @@
 #include "desktop/program.h"
 #include "desktop/theme.h"
 #include "engine/calculation_command.h"
+#include "entry/frm_data_sheet.h"
+#include "entry/sheet_columns.h"
 #include "shell/study_dialogs.h"
 #include "study/safety_copies.h"
+#include "study/study_extensions.h"
 
 namespace kalvo {
 namespace {
@@ -52,6 +56,7 @@ class Session {
   }
 
   void Open(const std::filesystem::path& study) {
+    program_.desk().bench.study.system_kind = KindOfName(study.string());
     if (!OpenChosen(program_.desk(), study, RecentList::kAdd)) {
       throw std::runtime_error("the study does not open");
     }
@@ -71,6 +76,22 @@ class Session {
   }
   void CloseSheet() { program_.windows().Close(screen::kResultsSheet); }
 
+  void ShowEntry() {
+    program_.windows().Show(screen::kSheet);
+    Draw(screen::kSheet);
+  }
+  void CloseEntry() { program_.windows().Close(screen::kSheet); }
+  /// The sheet of sections in entry, which must be shown.
+  [[nodiscard]] FrmData_Sheet& Entry() {
+    return dynamic_cast<FrmData_Sheet&>(*program_.windows().FormOf(screen::kSheet));
+  }
+
+  void GoInEntry(GridPlace place) {
+    Entry().fpSpread1.GoTo(place);
+    program_.windows().PaintAll();
+    Draw(screen::kSheet);
+  }
+
   void ShowStudies(const std::filesystem::path& folder) {
     program_.desk().data_folder = folder;
     program_.windows().Show(screen::kStudies);
@@ -81,10 +102,11 @@ class Session {
   [[nodiscard]] Desk& desk() { return program_.desk(); }
 
   /// Sends a key where the user's keys would go, and draws what it changed.
-  void Press(std::string_view screen, int key, const QString& text = {}) {
+  void Press(std::string_view screen, int key, const QString& text = {},
+             Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
     QWidget& window = Window(screen);
     QWidget* focus = window.focusWidget() == nullptr ? &window : window.focusWidget();
-    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text);
+    QKeyEvent press(QEvent::KeyPress, key, modifiers, text);
     QCoreApplication::sendEvent(focus, &press);
     QCoreApplication::processEvents();
   }
@@ -106,11 +128,12 @@ class Session {
 
 /// A program with a study of 999 sections open.
 struct StudyOf999 {
-  StudyOf999() {
+  explicit StudyOf999(SystemKind kind = SystemKind::kClosed, int sections = 999)
+      : study(kind, sections) {
     session.StartToMenu();
     session.Open(study.path());
   }
-  const StudyFiles study{SystemKind::kClosed, 999};
+  const StudyFiles study;
   const Home home;
   Session session{home};
 };
@@ -136,6 +159,20 @@ void RepeatTen(benchmark::internal::Benchmark* benchmark) {
       ->Iterations(1)
       ->Repetitions(10)
       ->DisplayAggregatesOnly(true);
+}
+
+// The time of one run of many in a window; the counter is the least of them, as where nobody else
+// uses the machine.
+void NoteLeast(benchmark::State& state, qint64 nanoseconds) {
+  const double ms = static_cast<double>(nanoseconds) * 1e-6;
+  state.SetIterationTime(ms * 1e-3);
+  double& least = state.counters["least_ms"].value;
+  least = least == 0 ? ms : std::min(least, ms);
+}
+
+// For what goes on in one window.
+void RepeatFifty(benchmark::internal::Benchmark* benchmark) {
+  benchmark->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(50);
 }
 
 void StartToMenu(benchmark::State& state) {
@@ -181,6 +218,78 @@ void OpenSheetOf999(benchmark::State& state) {
   }
 }
 BENCHMARK(OpenSheetOf999)->Apply(RepeatTen);
+
+void OpenEntryOf999(benchmark::State& state) {
+  StudyOf999 open;
+  Session& session = open.session;
+  QElapsedTimer watch;
+  for (auto _ : state) {
+    watch.start();
+    session.ShowEntry();
+    Note(state, watch, 0);
+    session.CloseEntry();
+  }
+}
+BENCHMARK(OpenEntryOf999)->Apply(RepeatTen);
+
+// A key, to the sheet painted anew; it must change the draft, or must not.
+void PressInEntry(Session& session, int key, const QString& text, Qt::KeyboardModifiers modifiers,
+                  bool changes) {
+  const SectionDraft& draft = session.Entry().draft();
+  const int before = draft.revision();
+  session.Press(screen::kSheet, key, text, modifiers);
+  session.Draw(screen::kSheet);
+  if ((draft.revision() != before) != changes) throw std::runtime_error("the key was not taken");
+}
+
+// A digit typed into a length in the middle of the sheet, and the Enter with which the cell takes
+// it; the slower of both counts.
+void KeyInEntryOf999(benchmark::State& state, SystemKind kind) {
+  StudyOf999 open(kind);
+  Session& session = open.session;
+  session.ShowEntry();
+  QElapsedTimer watch;
+  int row = 500;
+  for (auto _ : state) {
+    session.GoInEntry({row++, sheet_column::kLength});
+    watch.start();
+    PressInEntry(session, Qt::Key_9, QStringLiteral("9"), Qt::NoModifier, false);
+    const qint64 digit = watch.nsecsElapsed();
+    watch.start();
+    PressInEntry(session, Qt::Key_Return, {}, Qt::NoModifier, true);
+    const qint64 enter = watch.nsecsElapsed();
+    NoteLeast(state, std::max(digit, enter));
+  }
+}
+BENCHMARK_CAPTURE(KeyInEntryOf999, closed, SystemKind::kClosed)->Apply(RepeatFifty);
+BENCHMARK_CAPTURE(KeyInEntryOf999, open, SystemKind::kOpen)->Apply(RepeatFifty);
+
+enum class RowEnd { kInserted, kTakenBack };
+
+// A row in the middle of the sheet; to take it back deletes it, without the question.
+void RowInEntryOf999(benchmark::State& state, SystemKind kind, RowEnd timed) {
+  StudyOf999 open(kind, 998);
+  Session& session = open.session;
+  session.ShowEntry();
+  session.GoInEntry({500, sheet_column::kLength});
+  QElapsedTimer watch;
+  for (auto _ : state) {
+    watch.start();
+    PressInEntry(session, Qt::Key_Insert, {}, Qt::ControlModifier, true);
+    if (timed == RowEnd::kInserted) NoteLeast(state, watch.nsecsElapsed());
+    watch.start();
+    PressInEntry(session, Qt::Key_Z, {}, Qt::ControlModifier, true);
+    if (timed == RowEnd::kTakenBack) NoteLeast(state, watch.nsecsElapsed());
+  }
+}
+BENCHMARK_CAPTURE(RowInEntryOf999, insert_closed, SystemKind::kClosed, RowEnd::kInserted)
+    ->Apply(RepeatFifty);
+BENCHMARK_CAPTURE(RowInEntryOf999, insert_open, SystemKind::kOpen, RowEnd::kInserted)
+    ->Apply(RepeatFifty);
+BENCHMARK_CAPTURE(RowInEntryOf999, remove_closed, SystemKind::kClosed, RowEnd::kTakenBack)
+    ->Apply(RepeatFifty);
+BENCHMARK_CAPTURE(RowInEntryOf999, remove_open, SystemKind::kOpen, RowEnd::kTakenBack)
+    ->Apply(RepeatFifty);
 
 void ListOf3000Studies(benchmark::State& state) {
   const Home home;
