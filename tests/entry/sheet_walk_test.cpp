@@ -1,28 +1,20 @@
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <random>
-
 #include "entry/sheet_columns.h"
 #include "study/kept_sheet.h"
 #include "study/sheet_file.h"
 #include "tests/entry/sheet_user.h"
+#include "tests/entry/walk.h"
 
 namespace kalvo {
 namespace {
 
-// More than usual by KALVO_WALK_STEPS, as for a night under the sanitizers.
-int Steps() {
-  const char* steps = std::getenv("KALVO_WALK_STEPS");
-  return steps == nullptr ? 800 : std::atoi(steps);
-}
-
 // A user without a plan: any keys, commands, pastes, in any order.
 class Wanderer {
  public:
-  Wanderer(SheetUser& sheet, unsigned seed) : sheet_(sheet), random_(seed) {}
+  Wanderer(SheetUser& sheet, unsigned seed) : sheet_(sheet), dice_(seed) {}
 
-  int Below(int n) { return static_cast<int>(random_() % static_cast<unsigned>(n)); }
+  int Below(int n) { return dice_.Below(n); }
 
   void Act() {
     FrmData_Sheet& form = *sheet_.form;
@@ -120,7 +112,7 @@ class Wanderer {
       "日", "1.2.3"};
 
   SheetUser& sheet_;
-  std::mt19937 random_;
+  Dice dice_;
 };
 
 std::vector<std::string> LinesOf(const std::vector<SheetRow>& rows) {
@@ -149,7 +141,7 @@ TEST(SheetWalk, LosesNothingAndGoesBackToItsStart) {
                                : std::vector<std::string_view>{"ANT/1 5m", "1/2 5m", "2/ANT 4m"});
     const std::vector<SheetRow> first = sheet.form->draft().Image().rows;
     Wanderer user(sheet, open ? 11 : 5);
-    for (int step = 0, steps = Steps(); step < steps; ++step) {
+    for (int step = 0, steps = WalkSteps(800); step < steps; ++step) {
       user.Act();
       if (step % 20 != 0) continue;
       sheet.form->fpSpread1.Accept();
