@@ -321,7 +321,7 @@ void FrmSoma::EndOrAsk() {
   }
 }
 
-// A complete record in hand is kept; what could not be stored is left behind.
+// A complete record in hand is kept; what could not be stored is left out.
 void FrmSoma::LeaveAtOnce() {
   const int section = Values().section;
   const bool complete = FirstZero(fields_, desk.separators) == nullptr &&

@@ -10,7 +10,7 @@
 namespace kalvo {
 
 /// The emitters of a closed network: each is given its section, flow and pressure drop. With a list
-/// its records come up one after the other; behind the last one a new emitter is entered. The rows
+/// its records come up one after the other; after the last one a new emitter is entered. The rows
 /// take the list when the form ends.
 class FrmSoma : public Form {
  public:

@@ -25,7 +25,7 @@ class SectionDraft {
   [[nodiscard]] int base_rows() const { return base_rows_; }
   /// Rows up to the last one that says something; blank ones between count.
   [[nodiscard]] int Count() const;
-  /// Nothing stands in the row, but for what a new one bears by itself.
+  /// The row says nothing but what a new one bears by itself.
   [[nodiscard]] bool IsBlank(int row) const;
   /// Any row; one past the last is blank.
   [[nodiscard]] const SheetRow& At(int row) const;

@@ -22,7 +22,7 @@ constexpr int kAnglePOP = 4;
 constexpr int kDiaTee = 9;
 }  // namespace sheet_column
 
-/// What stands between the names.
+/// What is between the names.
 constexpr std::string_view kSlashText = "/";
 /// Characters of a name.
 constexpr std::size_t kLongestName = 3;

@@ -18,7 +18,7 @@ using CellBlock = std::vector<std::vector<std::string>>;
 /// tabs, line ends (which become blanks) and doubled quotes.
 CellBlock CellsOf(std::string_view text);
 
-/// The selected cells as such a text; "/" stands between the names.
+/// The selected cells as such a text; "/" is between the names.
 std::string BlockText(const SectionDraft& draft, const std::vector<GridBlock>& selection);
 
 /// A text for a cell.

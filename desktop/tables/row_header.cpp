@@ -15,6 +15,19 @@ constexpr int kIconSize = 14;
 constexpr int kRightGap = 8;
 constexpr int kRowHeight = 26;
 
+void DrawIcon(QPainter& painter, const QRect& rect, const char* name, const QColor& color) {
+  const QPoint place(rect.left() + kBarWidth + 4, rect.top() + (rect.height() - kIconSize) / 2);
+  painter.drawPixmap(place,
+                     IconPixmap(name, kIconSize, painter.device()->devicePixelRatioF(), color));
+}
+
+bool HasAlarm(const QAbstractItemModel& model, int row) {
+  for (int column = 0; column < model.columnCount(); ++column) {
+    if (model.index(row, column).data(kAlarmRole).toBool()) return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 RowHeader::RowHeader(QWidget* parent) : QHeaderView(Qt::Vertical, parent) {
@@ -41,9 +54,9 @@ void RowHeader::paintSection(QPainter* painter, const QRect& rect, int row) cons
   painter->fillRect(rect, current ? theme.soft : theme.header);
   if (model()->index(row, 0).data(kCriticalRole).toBool()) {
     painter->fillRect(QRect(rect.topLeft(), QSize(kBarWidth, rect.height())), theme.crit);
-    painter->drawPixmap(
-        QPoint(rect.left() + kBarWidth + 4, rect.top() + (rect.height() - kIconSize) / 2),
-        IconPixmap("critical", kIconSize, devicePixelRatioF(), theme.crit));
+    DrawIcon(*painter, rect, "critical", theme.crit);
+  } else if (HasAlarm(*model(), row)) {
+    DrawIcon(*painter, rect, "exclamation", theme.warn);
   }
   painter->setFont(ThemeFont(kHintPoints, current));
   painter->setPen(current ? theme.ink : theme.ink2);
