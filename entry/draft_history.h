@@ -57,6 +57,8 @@ class DraftHistory {
     ++done_;
   }
 
+  /// Steps that can be undone.
+  [[nodiscard]] std::size_t depth() const { return done_; }
   [[nodiscard]] bool CanUndo() const { return done_ > 0; }
   [[nodiscard]] bool CanRedo() const { return done_ < steps_.size(); }
   /// The step that would be undone, or done again; there must be one.

@@ -7,7 +7,6 @@
 #include "form/edit.h"
 #include "study/by_number.h"
 #include "study/codepage.h"
-#include "study/section_entry.h"
 #include "study/tables.h"
 
 namespace kalvo {
@@ -27,23 +26,19 @@ SectionEntry NamesOfSheetRow(const SheetRow& row) {
   return entry;
 }
 
-SectionEntry EntryOfSheetRow(const SheetRow& row) {
-  SectionEntry entry = NamesOfSheetRow(row);
-  for (std::size_t i = 0; i < kEntryNumbers.size(); ++i) {
-    entry.*kEntryNumbers[i].text = row.texts[sheet_column::kLength + i];
-  }
-  return entry;
-}
-
 bool CameFrom(const SheetRow& row, const Rows& base) {
   return row.origin >= 1 && row.origin <= static_cast<int>(base.size()) &&
          ByNumber(base, row.origin).Name == row.origin_name;
 }
 
-// Which row bears a name; 0 for a name that several bear.
-std::map<std::string_view, int> RowsByName(const Rows& rows) {
+bool IsAny(const SectionRow& /*row*/) { return true; }
+bool HasEmitter(const SectionRow& row) { return row.HasEmitter(); }
+
+// Which row of that kind bears a name; 0 for a name that several bear.
+std::map<std::string_view, int> RowsByName(const Rows& rows, bool (*is_meant)(const SectionRow&)) {
   std::map<std::string_view, int> numbers;
   for (int number = 1; number <= static_cast<int>(rows.size()); ++number) {
+    if (!is_meant(ByNumber(rows, number))) continue;
     const auto [at, is_new] = numbers.emplace(ByNumber(rows, number).Name.bytes(), number);
     if (!is_new) at->second = 0;
   }
@@ -88,6 +83,14 @@ std::int16_t PlantOf(const std::vector<int>& origins, std::int16_t plant, std::s
   return NumberFrom(origins, plant);
 }
 
+// The first so many rows are where they were.
+bool IsBegin(const std::vector<int>& origins, std::size_t count) {
+  for (std::size_t i = 0; i < count; ++i) {
+    if (origins[i] != static_cast<int>(i) + 1) return false;
+  }
+  return true;
+}
+
 void CompareWithBase(DraftRows& made, const Rows& base) {
   made.changed = made.rows.size() != base.size();
   for (std::size_t i = 0; i < made.rows.size(); ++i) {
@@ -97,6 +100,7 @@ void CompareWithBase(DraftRows& made, const Rows& base) {
     made.feeders_changed =
         made.feeders_changed || RightNode(made.rows[i].Name) != RightNode(base[i].Name);
   }
+  made.inside = made.rows.size() < base.size() || !IsBegin(made.origins, base.size());
   made.moved = made.moved || made.rows.size() != base.size();
   made.changed = made.changed || made.moved;
 }
@@ -111,7 +115,7 @@ void FinishRows(DraftRows& made, std::int16_t plant_before) {
     } else if (plant_mark && made.plant != plant_before) {
       row.Auxi = 0;
     }
-    if (made.changed) ClearResults(row);
+    ClearResults(row);
   }
 }
 
@@ -123,8 +127,10 @@ void MoveEmitters(Rows& emitters, const DraftRows& made) {
   }
 }
 
-Outcome WriteEmitters(Workspace& workspace, const Rows& before, const Rows& emitters) {
-  if (EncodeRows<SectionRow>(emitters) == EncodeRows<SectionRow>(before)) return Done{};
+Outcome WriteEmitters(Workspace& workspace, const Rows& emitters) {
+  const Result<Rows> before = workspace.Rows(work_file::kEmitters).ReadAll();
+  if (!before) return before.error();
+  if (EncodeRows<SectionRow>(emitters) == EncodeRows<SectionRow>(*before)) return Done{};
   return workspace.Rows(work_file::kEmitters).WriteAll(emitters);
 }
 
@@ -134,15 +140,15 @@ void TakeEmitters(Study& study, Rows emitters) {
 }
 
 // The state that goes with rows newly in place.
-void TakeDraftRows(Study& study, const DraftRows& made) {
+void TakeDraftRows(Study& study, const DraftRows& made, const DraftBase& base) {
   study.plant_section = made.plant;
   RefreshSectionTable(study, made.rows);
   study.CurrentRow = std::clamp<std::int16_t>(study.CurrentRow, 0, study.SectionCount);
   if (study.CurrentRow > 0) study.row = ByNumber(made.rows, study.CurrentRow);
-  study.unsaved_changes = study.unsaved_changes || made.changed;
-  study.results_valid = study.results_valid && !made.changed;
-  study.NameErrors = study.NameErrors || (study.SystemOpen() && made.feeders_changed);
-  study.emitters_unchecked = study.emitters_unchecked || (made.moved && study.EmitterCount > 0);
+  study.unsaved_changes = base.unsaved_changes || made.changed;
+  study.results_valid = base.results_valid && !made.changed;
+  study.NameErrors = base.NameErrors || (study.SystemOpen() && made.feeders_changed);
+  study.emitters_unchecked = base.emitters_unchecked || (made.moved && study.EmitterCount > 0);
 }
 
 Outcome WriteRows(Workspace& workspace, const Rows& rows) {
@@ -193,19 +199,31 @@ void ListWrongNames(const SectionDraft& draft, int row, std::vector<std::string>
 
 }  // namespace
 
+SectionEntry EntryOfSheetRow(const SheetRow& row) {
+  SectionEntry entry = NamesOfSheetRow(row);
+  for (std::size_t i = 0; i < kEntryNumbers.size(); ++i) {
+    entry.*kEntryNumbers[i].text = row.texts[sheet_column::kLength + i];
+  }
+  return entry;
+}
+
+SheetRow SheetRowOf(const SectionEntry& entry) {
+  SheetRow row;
+  TextAt(row, sheet_column::kLeft) = entry.left;
+  TextAt(row, sheet_column::kSlash) = kSlashText;
+  TextAt(row, sheet_column::kRight) = entry.right;
+  for (std::size_t i = 0; i < kEntryNumbers.size(); ++i) {
+    row.texts[sheet_column::kLength + i] = entry.*kEntryNumbers[i].text;
+  }
+  return row;
+}
+
 SheetImage ImageOfRows(const Rows& rows, SystemKind kind, Separators separators) {
   SheetImage image{kind, static_cast<int>(rows.size()), {}};
   for (const SectionRow& row : rows) {
-    SheetRow& shown = image.rows.emplace_back();
+    SheetRow& shown = image.rows.emplace_back(SheetRowOf(EntryOf(row, separators)));
     shown.origin = static_cast<int>(image.rows.size());
     shown.origin_name = row.Name;
-    const SectionEntry entry = EntryOf(row, separators);
-    TextAt(shown, sheet_column::kLeft) = entry.left;
-    TextAt(shown, sheet_column::kSlash) = kSlashText;
-    TextAt(shown, sheet_column::kRight) = entry.right;
-    for (std::size_t i = 0; i < kEntryNumbers.size(); ++i) {
-      shown.texts[sheet_column::kLength + i] = entry.*kEntryNumbers[i].text;
-    }
   }
   return image;
 }
@@ -216,7 +234,7 @@ void FindOrigins(SheetImage& image, const Rows& base) {
                            return row.origin == 0 || CameFrom(row, base);
                          });
   if (!same_base) {
-    const auto numbers = RowsByName(base);
+    const auto numbers = RowsByName(base, IsAny);
     for (SheetRow& row : image.rows) {
       const auto at = numbers.find(NameOfTexts(row).bytes());
       row.origin = at == numbers.end() ? 0 : at->second;
@@ -231,50 +249,64 @@ void FindOrigins(SheetImage& image, const Rows& base) {
   }
 }
 
-DraftRows RowsOfDraft(const SectionDraft& draft, const Rows& base, const Study& study,
+DraftBase BaseOf(const Study& study, Rows rows) {
+  return {std::move(rows),         {},
+          study.plant_section,     study.unsaved_changes,
+          study.results_valid,     study.NameErrors,
+          study.emitters_unchecked};
+}
+
+DraftRows RowsOfDraft(const SectionDraft& draft, const DraftBase& base, const Study& study,
                       Separators separators) {
   DraftRows made;
   const int count = draft.Count();
   for (int row = 0; row < count; ++row) {
-    made.rows.push_back(MakeRow(draft.At(row), row + 1, base, study, separators));
+    made.rows.push_back(MakeRow(draft.At(row), row + 1, base.rows, study, separators));
     made.origins.push_back(draft.At(row).origin);
   }
-  made.plant = PlantOf(made.origins, study.plant_section, base.size());
-  CompareWithBase(made, base);
-  FinishRows(made, study.plant_section);
+  made.plant = PlantOf(made.origins, base.plant_section, base.rows.size());
+  CompareWithBase(made, base.rows);
+  if (made.changed) {
+    FinishRows(made, base.plant_section);
+  } else {
+    made.rows = base.rows;
+  }
   return made;
 }
 
 Outcome FindEmitters(Workbench& bench, const Rows& rows) {
   const Result<Rows> before = bench.workspace.Rows(work_file::kEmitters).ReadAll();
   if (!before) return before.error();
-  const auto numbers = RowsByName(rows);
+  const auto numbers = RowsByName(rows, HasEmitter);
   Rows emitters = *before;
   for (SectionRow& emitter : emitters) {
     const int number = emitter.RecordNumber;
     const bool in_rows = number >= 1 && number <= static_cast<int>(rows.size());
-    if (in_rows && ByNumber(rows, number).Name == emitter.Name) continue;
-    const auto named = numbers.find(emitter.Name.bytes());
-    const bool found =
-        named != numbers.end() && named->second > 0 && ByNumber(rows, named->second).HasEmitter();
-    if (found) emitter.RecordNumber = ToInt16(named->second);
+    const bool named = in_rows && ByNumber(rows, number).Name == emitter.Name;
+    if (named && ByNumber(rows, number).HasEmitter()) continue;
+    const auto found = numbers.find(emitter.Name.bytes());
+    if (found != numbers.end() && found->second > 0) emitter.RecordNumber = ToInt16(found->second);
   }
-  if (Outcome written = WriteEmitters(bench.workspace, *before, emitters); !written) return written;
+  if (Outcome written = WriteEmitters(bench.workspace, emitters); !written) return written;
   TakeEmitters(bench.study, std::move(emitters));
   return Done{};
 }
 
-Outcome PutDraftRows(Workbench& bench, const DraftRows& made, const Rows& base) {
-  const Result<Rows> before = bench.workspace.Rows(work_file::kEmitters).ReadAll();
-  if (!before) return before.error();
-  Rows emitters = *before;
-  MoveEmitters(emitters, made);
+Outcome PutDraftRows(Workbench& bench, const DraftRows& made, const DraftBase& base,
+                     const Rows& before) {
   if (Outcome written = WriteRows(bench.workspace, made.rows); !written) return written;
-  if (Outcome moved = WriteEmitters(bench.workspace, *before, emitters); !moved) {
-    static_cast<void>(WriteRows(bench.workspace, base));  // as far as the disk lets
-    return moved;
+  if (Outcome settled = SettleDraftRows(bench, made, base); !settled) {
+    static_cast<void>(WriteRows(bench.workspace, before));  // as far as the disk lets
+    return settled;
   }
-  TakeDraftRows(bench.study, made);
+  return Done{};
+}
+
+Outcome SettleDraftRows(Workbench& bench, const DraftRows& made, const DraftBase& base) {
+  Rows emitters = base.emitters;
+  if (made.changed) MoveEmitters(emitters, made);
+  if (Outcome written = WriteEmitters(bench.workspace, emitters); !written) return written;
+  TakeDraftRows(bench.study, made, base);
   if (!emitters.empty()) TakeEmitters(bench.study, std::move(emitters));
   return Done{};
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "entry/section_entry_forms.h"
 #include "entry/sheet_checks.h"
 #include "entry/sheet_columns.h"
 #include "entry/sheet_view.h"
@@ -13,11 +14,6 @@
 
 namespace kalvo {
 namespace {
-
-// Quiet seconds after which what was kept is forced onto the medium.
-constexpr double kQuietSeconds = 5;
-// After the sheet could not be kept.
-constexpr std::int64_t kSecondsToNextTry = 5;
 
 Box KeptSheetBox() {
   return {"Φύλλο Τμημάτων",
@@ -61,6 +57,8 @@ FrmData_Sheet::FrmData_Sheet(Desk& shared_desk)
                   [this] { fpSpread1.RestoreWidths(); }),
       Cmd_Help(*this, "Cmd_Help", "Βοήθεια πλήκτρων",
                [this] { desk.navigator.ShowModal(screen::kSheetHelp); }, {Plain(KeyCode::kF1)}),
+      CmdShift_F12(*this, "CmdShift_F12", "Προβολή Τμήμα-Τμήμα", [this] { SwitchToForm(); },
+                   {Shift(KeyCode::kF12), kCtrlAltShift}),
       Cmd_Exit(*this, "Cmd_Exit", "Τέλος Καταχώρησης Τμημάτων", [this] { EndEntry(); },
                {Ctrl(KeyCode::kEnter)}),
       Cmd_Undo(*this, "Cmd_Undo", "Αναίρεση", [this] { GoBack(false); }, {Ctrl('Z')}),
@@ -71,7 +69,10 @@ FrmData_Sheet::FrmData_Sheet(Desk& shared_desk)
                {Plain(KeyCode::kF7)}),
       Cmd_Find(*this, "Cmd_Find", "Εύρεση ...", [this] { OpenFind(); }, {Ctrl('F')}),
       Cmd_FindNext(*this, "Cmd_FindNext", "Επόμενο", [this] { FindNext(); }, {Plain(KeyCode::kF3)}),
-      sitting_(desk) {
+      goes_on_(desk.screens.section_sitting != nullptr),
+      shared_(SittingOf(desk)),
+      sitting_(*shared_),
+      keeping_(sitting_, bench) {
   Cmd_Tau.hint = "Shift+A…T";
   CboSame.visible = false;
   CboSame.takes_same = true;
@@ -98,6 +99,7 @@ void FrmData_Sheet::MakeMenus() {
              {"", "Επαναφορά Πλάτους Στηλών", &Cmd_Headers},
              {"", "Βοήθεια πλήκτρων", &Cmd_Help},
              {},
+             {"", "Προβολή Τμήμα-Τμήμα", &CmdShift_F12},
              {"", "Τέλος Καταχώρησης Τμημάτων", &Cmd_Exit}}},
            {"&Επεξεργασία",
             {{"Mnu_Undo", "", &Cmd_Undo},
@@ -129,8 +131,10 @@ void FrmData_Sheet::Load() {
   LblSystem.text = open ? "ΑΝΟΙΚΤΟ ΣΥΣΤΗΜΑ ΣΩΛΗΝΩΝ" : "ΚΛΕΙΣΤΟ ΣΥΣΤΗΜΑ ΣΩΛΗΝΩΝ";
   title = "ΔΕΔΟΜΕΝΑ ΤΜΗΜΑΤΩΝ ΣΩΛΗΝΩΝ - " + LblSystem.text;
   Cmd_ANT1.visible = !open;
-  begun_ = BeginSitting();
-  Show();
+  const bool back = std::exchange(desk.screens.back_to_sheet, false) || goes_on_;
+  const int row = back ? std::max<int>(bench.study.CurrentRow - 1, 0) : 0;
+  begun_ = goes_on_ || BeginSitting();
+  Show(row);
 }
 
 // A kept sheet goes on; the user may give it up, and so may one who meets a broken one. It goes
@@ -154,7 +158,7 @@ bool FrmData_Sheet::BeginSitting() {
          TellIfFailed(bench, sitting_.BeginWithRows());
 }
 
-void FrmData_Sheet::Show() {
+void FrmData_Sheet::Show(int row) {
   SetUpSheet(fpSpread1, sitting_.draft);
   if (sitting_.left_out() > 0) {
     Tell(std::to_string(sitting_.left_out()) + " κείμενα του φύλλου δεν χωρούν στα κελιά τους",
@@ -163,7 +167,7 @@ void FrmData_Sheet::Show() {
   // Past the names that an empty sheet begins with.
   const int named =
       sitting_.draft.kind() == SystemKind::kOpen ? sheet_column::kLength : sheet_column::kRight;
-  fpSpread1.GoTo({0, sitting_.draft.Count() == 0 ? named : sheet_column::kLeft});
+  fpSpread1.GoTo({row, sitting_.draft.Count() == 0 ? named : sheet_column::kLeft});
   Focus(fpSpread1);
 }
 
@@ -203,7 +207,7 @@ void FrmData_Sheet::Derive() {
   LblMissing.text = "Κενά που λείπουν: " + std::to_string(missing);
   const bool told = told_revision_ == draft.revision() &&
                     told_selection_ == fpSpread1.selection_revision() && !LblStatus.text.empty();
-  if (!told && !keeping_failed_) {
+  if (!told && !keeping_.failed()) {
     LblStatus.text = SelectionSummary(draft, fpSpread1.selection(), desk.separators);
     LblStatus.tone = Tone::kPlain;
   }
@@ -251,31 +255,6 @@ bool FrmData_Sheet::PressTee(const Key& key) {
   return true;
 }
 
-// Arrows go through the list, Enter takes; a list that took at each arrow could not be gone
-// through.
-bool FrmData_Sheet::PressInSame(const Key& key) {
-  const int last = static_cast<int>(CboSame.entries.size()) - 1;
-  switch (key.code) {
-    case KeyCode::kUp:
-      CboSame.selected = std::max(CboSame.selected - 1, 0);
-      return true;
-    case KeyCode::kDown:
-      CboSame.selected = std::min(CboSame.selected + 1, last);
-      return true;
-    case KeyCode::kHome:
-      CboSame.selected = 0;
-      return true;
-    case KeyCode::kEnd:
-      CboSame.selected = last;
-      return true;
-    case KeyCode::kEnter:
-      TakeSame(CboSame.selected + 1);
-      return true;
-    default:
-      return key.IsText() || EditsText(key);
-  }
-}
-
 bool FrmData_Sheet::FirstKey(const Key& key) {
   if (focus() == &TxtFind || focus() == &CboSame) {
     if (key == Plain(KeyCode::kEscape)) {
@@ -284,7 +263,7 @@ bool FrmData_Sheet::FirstKey(const Key& key) {
       Focus(fpSpread1);
       return true;
     }
-    return focus() == &CboSame && PressInSame(key);
+    return focus() == &CboSame && CboSame.Press(key);
   }
   if (key.ctrl && !key.alt && key.latin == U'L') {
     SelectText();
@@ -311,30 +290,23 @@ bool FrmData_Sheet::FirstKey(const Key& key) {
   return PressSource(key);
 }
 
-std::optional<SheetSitting::Pending> FrmData_Sheet::PendingText() const {
-  if (!fpSpread1.editing()) return std::nullopt;
-  return SheetSitting::Pending{Current(), fpSpread1.editor.text};
+SectionSitting::Pending FrmData_Sheet::PendingText() const {
+  if (!fpSpread1.editing()) return {};
+  return {{Current().row, Current().column, fpSpread1.editor.text}};
 }
 
-bool FrmData_Sheet::Keep(bool flush) {
-  if (!begun_) return true;
-  const Outcome kept = sitting_.Keep(PendingText(), flush);
-  if (!kept) Tell("Το φύλλο ΔΕΝ φυλάσσεται : " + kept.error().Line(), Tone::kAlarm);
-  return kept.ok();
+bool FrmData_Sheet::Told(const std::optional<SelfKeeping::Telling>& told) {
+  if (told) Tell(told->text, told->alarm ? Tone::kAlarm : Tone::kPlain);
+  return told.has_value();
 }
 
 bool FrmData_Sheet::Idle(double quiet_seconds) {
-  const bool flush = quiet_seconds >= kQuietSeconds;
-  const bool wants = sitting_.WantsKeeping(PendingText()) || (flush && sitting_.WantsFlush());
-  if (!wants || bench.workspace.Now() < next_try_) return false;
-  const bool had_failed = std::exchange(keeping_failed_, false);
-  keeping_failed_ = !Keep(flush);
-  next_try_ = keeping_failed_ ? bench.workspace.Now() + kSecondsToNextTry : 0;
-  if (had_failed && !keeping_failed_) Tell("Το φύλλο φυλάσσεται και πάλι");
-  return keeping_failed_ || had_failed;
+  return begun_ && Told(keeping_.Idle(PendingText(), quiet_seconds));
 }
 
-void FrmData_Sheet::LostFocus() { Keep(true); }
+bool FrmData_Sheet::KeepNow() { return !begun_ || !Told(keeping_.KeepNow(PendingText())); }
+
+void FrmData_Sheet::LostFocus() { KeepNow(); }
 
 std::string FrmData_Sheet::SectionText() const {
   const int row = Current().row;

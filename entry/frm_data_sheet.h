@@ -1,11 +1,13 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 
+#include "entry/section_sitting.h"
+#include "entry/self_keeping.h"
 #include "entry/sheet_paste.h"
-#include "entry/sheet_sitting.h"
 #include "entry/tee_counters.h"
 #include "form/form.h"
 
@@ -53,6 +55,7 @@ class FrmData_Sheet : public Form, private TeeCounters {
   Label LblRemarks{*this, "LblRemarks"};
   Label LblStatus{*this, "LblStatus"};
   Label LblMissing{*this, "LblMissing"};
+  Command CmdShift_F12;
   Command Cmd_Exit;
 
   Command Cmd_Undo;
@@ -67,7 +70,7 @@ class FrmData_Sheet : public Form, private TeeCounters {
  private:
   void MakeMenus();
   bool BeginSitting();
-  void Show();
+  void Show(int row);
   /// Shows what the draft has become; `at` is the current cell then.
   void Follow(std::optional<GridPlace> at = std::nullopt);
   void Tell(std::string what, Tone tone = Tone::kPlain);
@@ -76,7 +79,6 @@ class FrmData_Sheet : public Form, private TeeCounters {
   bool IsTeeKey(const Key& key) const;
   bool PressSource(const Key& key);
   bool PressTee(const Key& key);
-  bool PressInSame(const Key& key);
   [[nodiscard]] bool HasSheetFocus() const {
     return focus() == &fpSpread1 || focus() == &fpSpread1.editor;
   }
@@ -104,14 +106,14 @@ class FrmData_Sheet : public Form, private TeeCounters {
   void SaveSheet();
   void RetrieveSheet();
 
-  [[nodiscard]] std::optional<SheetSitting::Pending> PendingText() const;
-  bool Keep(bool flush);
+  [[nodiscard]] SectionSitting::Pending PendingText() const;
+  bool Told(const std::optional<SelfKeeping::Telling>& told);
+  bool KeepNow();
 
   void EndEntry();
   bool IsComplete();
   bool MayEmptyRows(const DraftRows& made);
-  void ShowNext(const DraftRows& made);
-  [[nodiscard]] bool OutletsDiffer(const DraftRows& made) const;
+  void SwitchToForm();
   void Leave(std::string_view next);
 
   [[nodiscard]] TeeTable Table() const override { return TeeTable::kSheet; }
@@ -124,12 +126,13 @@ class FrmData_Sheet : public Form, private TeeCounters {
 
   [[nodiscard]] GridPlace Current() const { return fpSpread1.current(); }
 
-  SheetSitting sitting_;
+  bool goes_on_;  ///< the sitting was begun by the form
+  std::shared_ptr<SectionSitting> shared_;
+  SectionSitting& sitting_;
+  SelfKeeping keeping_;
   bool begun_ = false;
   int told_revision_ = 0;   ///< of the draft when LblStatus was set
   int told_selection_ = 0;  ///< of the grid then
-  bool keeping_failed_ = false;
-  std::int64_t next_try_ = 0;  ///< the moment before which keeping is not tried again
 };
 
 }  // namespace kalvo

@@ -1,9 +1,10 @@
 #include <algorithm>
 #include <exception>
 
-#include "engine/outlets.h"
 #include "entry/frm_data_sheet.h"
+#include "entry/section_entry_forms.h"
 #include "form/tell.h"
+#include "study/kept_sheet.h"
 #include "study/safety_copies.h"
 
 namespace kalvo {
@@ -11,17 +12,11 @@ namespace kalvo {
 void FrmData_Sheet::EndEntry() {
   if (!IsComplete()) return;
   const DraftRows made = sitting_.Rows();
-  if (!made.changed && !made.moved) {
-    sitting_.End();
-    Leave(screen::kMain);
-    return;
-  }
-  if (!MayEmptyRows(made)) return;
-  if (Outcome put = sitting_.PutRows(made); !put) {
-    TellError(bench, put.error());
-    return;
-  }
-  ShowNext(made);
+  if (made.changed && !MayEmptyRows(made)) return;
+  if (!TellIfFailed(bench, sitting_.PutRows(made))) return;
+  const std::string_view next = made.changed ? ScreenAfterEntry(desk, made) : screen::kMain;
+  sitting_.End();
+  Leave(next);
 }
 
 bool FrmData_Sheet::IsComplete() {
@@ -41,7 +36,7 @@ bool FrmData_Sheet::IsComplete() {
 
 // A sheet without sections takes those of the study away.
 bool FrmData_Sheet::MayEmptyRows(const DraftRows& made) {
-  if (!made.rows.empty()) return true;
+  if (!made.rows.empty() || sitting_.rows().empty()) return true;
   const Answer answer = bench.Ask(
       {"  ! !   ΠΡΟΣΟΧΗ : ΔΙΑΓΡΑΦΗ   ! ! ",
        {"Το φύλλο είναι κενό : όλα τα Τμήματα της Μελέτης θα διαγραφούν !!", "Είστε Σίγουρος ??"},
@@ -49,25 +44,20 @@ bool FrmData_Sheet::MayEmptyRows(const DraftRows& made) {
   return answer == Answer::kYes && KeepSafetyCopyAnyway(bench, desk.safety_folders());
 }
 
-bool FrmData_Sheet::OutletsDiffer(const DraftRows& made) const {
-  const auto outlets = bench.workspace.Rows(work_file::kEmitters).ReadAll();
-  if (!outlets) return true;
-  const std::vector<int> leaves = FindOutlets(made.rows);
-  return !std::ranges::equal(leaves, *outlets, {}, {}, &SectionRow::RecordNumber);
-}
-
-void FrmData_Sheet::ShowNext(const DraftRows& made) {
-  const bool open = bench.study.SystemOpen();
-  const bool emitters = !desk.screens.edit_mode || made.moved || (open && OutletsDiffer(made));
-  if (made.rows.empty() || !emitters) {
-    Leave(screen::kMain);
-    return;
-  }
-  Leave(open ? screen::kOutlets : screen::kEmitters);
+void FrmData_Sheet::SwitchToForm() {
+  if (!fpSpread1.Accept() || !IsComplete()) return;
+  const DraftRows made = sitting_.Rows();
+  if (!MayEmptyRows(made) || !TellIfFailed(bench, sitting_.PutRows(made))) return;
+  DropKeptSheet(bench.workspace);
+  bench.study.CurrentRow = static_cast<std::int16_t>(Current().row + 1);
+  desk.screens.edit_mode = true;
+  sitting_.from_sheet = true;
+  Leave(screen::kSections);
 }
 
 void FrmData_Sheet::Leave(std::string_view next) {
   if (desk.screens.tee_counters == this) desk.screens.tee_counters = nullptr;
+  if (next != screen::kSections) desk.screens.section_sitting.reset();
   desk.navigator.Close(screen::kTees);
   desk.navigator.Close(screen::kSheet);
   try {
@@ -89,7 +79,7 @@ bool FrmData_Sheet::MayClose() {
                  {"Λείπουν ακόμη τιμές από το φύλλο.",
                   "Να κλείσει, και να φυλαχθεί όπως είναι για την επόμενη φορά ??"},
                  box_style::kDefaultNo});
-  if (answer == Answer::kYes && Keep(true)) {
+  if (answer == Answer::kYes && KeepNow()) {
     bench.workspace.Delete(work_file::kFirstRows);
     Leave(screen::kMain);
   }

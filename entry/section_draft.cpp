@@ -205,6 +205,10 @@ void SectionDraft::RemoveRows(int at, int count) {
   }
 }
 
+void SectionDraft::InsertRow(int at, SheetRow row) { Do(RowsChange{at, true, {std::move(row)}}); }
+
+void SectionDraft::RemoveRow(int at) { Do(RowsChange{at, false, {At(at)}}); }
+
 void SectionDraft::Replace(std::vector<SheetRow> rows) {
   for (SheetRow& row : rows) {
     row.texts[sheet_column::kSlash].clear();

@@ -51,6 +51,9 @@ class SectionDraft {
   void InsertRows(int at, int count);
   /// In an open network feeders follow, and those of a deleted row are emptied.
   void RemoveRows(int at, int count);
+  /// A row that comes in as it is, or goes, without a change of any name.
+  void InsertRow(int at, SheetRow row);
+  void RemoveRow(int at);
   /// Another sheet in place of this one.
   void Replace(std::vector<SheetRow> rows);
 

@@ -1,5 +1,7 @@
 #include "entry/sheet_checks.h"
 
+#include <algorithm>
+
 #include "entry/sheet_columns.h"
 #include "study/numeric_text.h"
 
@@ -16,10 +18,10 @@ struct Meetings {
   int same_own = 0;       ///< number of a row of its first name
 };
 
-Meetings MeetingsOf(const SectionDraft& draft, int row) {
+Meetings MeetingsOf(const SectionDraft& draft, int row, const SheetRow& texts) {
   Meetings found;
-  const std::string& left = draft.Text(row, sheet_column::kLeft);
-  const std::string& right = draft.Text(row, sheet_column::kRight);
+  const std::string& left = texts.texts[sheet_column::kLeft];
+  const std::string& right = texts.texts[sheet_column::kRight];
   for (int other = 0, count = draft.Count(); other < count; ++other) {
     if (other == row) continue;
     const std::string& other_left = draft.Text(other, sheet_column::kLeft);
@@ -67,15 +69,19 @@ void RemarkOpen(const Meetings& found, const std::string& feeder, RowRemarks& re
 }  // namespace
 
 RowRemarks RemarksOf(const SectionDraft& draft, int row) {
+  return row < draft.Count() ? RemarksOf(draft, row, draft.At(row)) : RowRemarks{};
+}
+
+RowRemarks RemarksOf(const SectionDraft& draft, int row, const SheetRow& texts) {
   RowRemarks remarks;
-  const std::string& left = draft.Text(row, sheet_column::kLeft);
-  const std::string& right = draft.Text(row, sheet_column::kRight);
-  if (row >= draft.Count() || left.empty() || right.empty()) return remarks;
-  const Meetings found = MeetingsOf(draft, row);
+  const std::string& left = texts.texts[sheet_column::kLeft];
+  const std::string& right = texts.texts[sheet_column::kRight];
+  if (left.empty() || right.empty()) return remarks;
+  const Meetings found = MeetingsOf(draft, row, texts);
   if (left == right && left != kSource) Remark(remarks, "αρχή και τέλος στον ίδιο κόμβο");
   if (draft.kind() == SystemKind::kOpen) {
     RemarkOpen(found, right, remarks);
-  } else if (draft.Count() > 1) {
+  } else if (std::max(draft.Count(), row + 1) > 1) {
     RemarkClosed(found, right, remarks);
   }
   return remarks;

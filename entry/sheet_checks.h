@@ -19,6 +19,8 @@ struct RowRemarks {
 /// goes on in one section only. Open: a feeder that is no row. Both: a name that another row has
 /// too.
 RowRemarks RemarksOf(const SectionDraft& draft, int row);
+/// The same for a row that has these texts now.
+RowRemarks RemarksOf(const SectionDraft& draft, int row, const SheetRow& texts);
 
 /// "12 κελιά, άθροισμα 34,5" of the selected cells that hold something; empty for a single cell.
 std::string SelectionSummary(const SectionDraft& draft, const std::vector<GridBlock>& selection,

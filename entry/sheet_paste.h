@@ -26,6 +26,7 @@ struct CellText {
   int row = 0;
   int column = 0;
   std::string text;
+  bool operator==(const CellText&) const = default;
 };
 
 /// What a paste does: the cells that take their text, and what is left out.

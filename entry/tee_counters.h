@@ -18,6 +18,8 @@ class TeeCounters {
   [[nodiscard]] virtual TeeTexts Counts() const = 0;
   /// Applies the case of the letter to the current section. False: refused, nothing has changed.
   virtual bool Press(char letter) = 0;
+  /// The window has come to the front.
+  virtual void Shown() {}
   /// The window closes: the keys go back to the screen that has the counters.
   virtual void BringToFront() = 0;
 };

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "form/control.h"
+#include "form/key.h"
 
 namespace kalvo {
 
@@ -28,6 +29,9 @@ class Choice : public Control {
     selected = position;
     if (on_select) on_select();
   }
+  /// A key while its list is open: arrows go through it, Enter takes. A list that took at each
+  /// arrow could not be gone through. False: the key is not its own.
+  bool Press(const Key& key);
 };
 
 /// A box to tick, or one of several options that exclude each other (the form sees to that).

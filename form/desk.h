@@ -2,6 +2,7 @@
 
 #include <array>
 #include <filesystem>
+#include <memory>
 #include <string>
 
 #include "form/clipboard.h"
@@ -28,6 +29,7 @@ struct Options {
 enum class ResultsView { kOne = 0, kOneFromSheet = 1, kSheet = 2 };
 
 class TeeCounters;
+class SectionSitting;
 
 /// No value is in memory.
 constexpr float kNoMemory = -1.0F;
@@ -47,6 +49,10 @@ struct ScreenState {
   std::array<float, 2> emitter_memory{kNoMemory, kNoMemory};
   /// Flow in l/h, flow pressure in m w.g. and height in m of an outlet.
   std::array<float, 3> outlet_memory{kNoMemory, kNoMemory, kNoMemory};
+  /// Section entry under way; its screens hand it on to each other.
+  std::shared_ptr<SectionSitting> section_sitting;
+  bool entry_goes_on = false;           ///< the section form opens on a new row after the last
+  bool back_to_sheet = false;           ///< the end of the emitters leads to the sheet
   bool open_kept_sheet = false;         ///< the sheet opens with what was kept, without asking
   TeeCounters* tee_counters = nullptr;  ///< what the tee window serves; nothing: it is closed
 };

@@ -101,7 +101,7 @@ double Field::Number(Separators separators) const {
 }
 
 Field::Leave Field::TryLeave(Separators separators) {
-  if (numeric() && CanEdit() && CountDecimalSeparators(text, separators) > 1) {
+  if (one_separator && numeric() && CanEdit() && CountDecimalSeparators(text, separators) > 1) {
     Show("");
     return Leave::kTooManySeparators;
   }

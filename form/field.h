@@ -33,6 +33,7 @@ class Field : public Control {
   bool refused = false;  ///< marked until the next edit
   bool whole_selected = false;
   bool highlight_dropped = false;  ///< the front-end takes the highlight off the text
+  bool one_separator = true;       ///< a number with more is not left
   std::size_t max_bytes = 0;       ///< characters of the code page; 0: no limit
   Tone tone = Tone::kPlain;
   Control* enter_to = nullptr;      ///< the part that Enter moves to

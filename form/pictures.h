@@ -80,6 +80,27 @@ struct PipeContent {
 };
 using PipeDrawing = Picture<PipeContent>;
 
+/// A section as it is typed: its nodes (or its own and its feeder's number), what comes before and
+/// after it, its length, and a line for each kind of fitting that it has.
+struct FittingLine {
+  std::string icon;
+  std::string count;
+  std::string caption;
+  bool operator==(const FittingLine&) const = default;
+};
+struct SectionSketchContent {
+  std::string from;
+  std::string to;
+  std::string from_note;
+  std::string to_note;
+  std::string before;
+  std::string after;
+  std::string length;
+  std::vector<FittingLine> fittings;
+  bool operator==(const SectionSketchContent&) const = default;
+};
+using SectionSketch = Picture<SectionSketchContent>;
+
 /// The legs of a junction as they are drawn; the stem of a tee points down.
 enum class JunctionLeg { kLeft, kRight, kDown, kUp };
 

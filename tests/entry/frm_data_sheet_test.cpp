@@ -33,6 +33,7 @@ const std::vector<std::string_view> kTree = {"1/ANT 5m", "2/1 5m 300l/h soma 2m"
 TEST(Sheet, ThatEndsAsItBeganWritesNothing) {
   SheetUser sheet(SystemKind::kClosed, kLoop);
   sheet.user.test.study.results_valid = true;
+  sheet.OpenFromMenu();
   const std::string rows = sheet.user.test.Bytes();
   sheet.GoTo(1, 3);
   sheet.TypeCells("6");
@@ -72,6 +73,7 @@ TEST(Sheet, EmittersAndPlantFollowTheirRows) {
   SheetUser sheet(SystemKind::kClosed, kLoop);
   TestBench& test = sheet.user.test;
   test.study.plant_section = 3;
+  sheet.OpenFromMenu();
   sheet.GoTo(0, 0);
   sheet.Press(Ctrl(KeyCode::kInsert));
   sheet.TypeCells("a 9 7");
@@ -472,6 +474,7 @@ TEST(Sheet, ADiskThatFailsIsToldAndNothingIsLost) {
             sheet.user.viewer,
             sheet.user.clipboard,
             Separators{',', '.'}};
+  test.study.plant_section = 3;
   sheet.form = std::make_unique<FrmData_Sheet>(desk);
   sheet.form->Load();
   sheet.GoTo(0, 3);
@@ -487,7 +490,6 @@ TEST(Sheet, ADiskThatFailsIsToldAndNothingIsLost) {
   EXPECT_FALSE(test.prompter.boxes().empty());
   disk.Mend();
   sheet.GoTo(0, 0);
-  test.study.plant_section = 3;
   sheet.Press(Ctrl(KeyCode::kInsert));
   sheet.TypeCells("a 9 7");
   sheet.GoTo(1, 0);

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "entry/frm_data_sheet.h"
+#include "entry/section_sitting.h"
 #include "tests/support/test_desk.h"
 
 namespace kalvo {
@@ -30,6 +31,8 @@ class SheetUser {
     OpenFromMenu();
   }
   void OpenFromMenu() {
+    form.reset();
+    user.desk.screens.section_sitting.reset();  // of another run
     form = std::make_unique<FrmData_Sheet>(user.desk);
     form->Load();
     form->Activate();
