@@ -54,6 +54,17 @@ SectionRow BuildRow(const Study& study, const std::vector<SectionRow>& rows,
   return row;
 }
 
+// A section that begins at another node is another network: no row keeps what was calculated.
+void ClearForNewBegin(const Study& study, std::vector<SectionRow>& rows) {
+  for (SectionRow& row : rows) {
+    row.PAR = row.DP = row.AvaiPres = 0;
+    row.NomiDiam = {};
+    row.MeanTemp = study.MeanTemp;
+    row.FileNumber = study.pipe_system_number;
+    row.MeanVel = study.MeanVel;
+  }
+}
+
 // Whether `after` differs from `before` in more than the study's header.
 bool SaysMore(const SectionRow& after, SectionRow before, const Study& study) {
   TakeHeader(before, study);
@@ -152,6 +163,9 @@ Outcome StoreSectionRow(Workbench& bench, const SectionEntry& entry, Separators 
   SectionRow row = BuildRow(study, rows, entry, separators);
   const auto at = static_cast<std::size_t>(row.RecordNumber - 1);
   const bool is_new = at >= rows.size();
+  if (at > rows.size()) {
+    return FileError{file.path(), "Δεν υπάρχει η εγγραφή " + std::to_string(row.RecordNumber)};
+  }
   const bool is_unsaved = study.unsaved_changes || (!is_new && SaysMore(row, rows[at], study));
   const bool results_valid = study.results_valid && !is_unsaved;
   if (!results_valid) {
@@ -160,12 +174,15 @@ Outcome StoreSectionRow(Workbench& bench, const SectionEntry& entry, Separators 
   // Which sections are outlets hangs on the feeders: the entry of the outlets has to follow.
   const bool new_feeder =
       study.SystemOpen() && !is_new && RightNode(row.Name) != RightNode(rows[at].Name);
-  if (Outcome written = file.Write(row.RecordNumber, row); !written) {
+  const bool new_begin =
+      study.SystemClosed() && !is_new && LeftNode(row.Name) != LeftNode(rows[at].Name);
+  rows.resize(std::max(rows.size(), at + 1));
+  rows[at] = row;
+  if (new_begin) ClearForNewBegin(study, rows);
+  if (Outcome written = file.WriteAll(rows); !written) {
     return written;
   }
   study.NameErrors = study.NameErrors || new_feeder;
-  rows.resize(std::max(rows.size(), at + 1));
-  rows[at] = row;
   study.unsaved_changes = is_unsaved || is_new;
   study.results_valid = results_valid && !is_new;
   study.row = row;

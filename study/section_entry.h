@@ -85,8 +85,10 @@ void ClearResults(SectionRow& row);
 /// keeps what the entry does not hold; a new one takes `Client`, `Units`, `DP` and `INILAMDA` of
 /// row 1 and starts without flow, emitter and height. Unsaved changes from before, or a change of
 /// more than header values in this row, make the results invalid; without valid results the row
-/// is written without any. Such a change, and a new row, count as unsaved from here on.
-/// Faults: as TakeEntry(), and 6 for more rows than 16 bits count; nothing is then changed.
+/// is written without any, and where the first node of a closed network's row has changed no row
+/// keeps its diameter, pressure and totals. Such a change, and a new row, count as unsaved from
+/// here on. Faults: as TakeEntry(), and 6 for more rows than 16 bits count; nothing is then
+/// changed.
 Outcome StoreSectionRow(Workbench& bench, const SectionEntry& entry, Separators separators);
 
 }  // namespace kalvo

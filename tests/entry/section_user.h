@@ -1,0 +1,95 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "entry/frm_data.h"
+#include "tests/entry/sheet_user.h"
+#include "tests/support/test_desk.h"
+
+namespace kalvo {
+
+/// The section form of a study with a title and general data, driven by keys.
+class SectionUser {
+ public:
+  explicit SectionUser(SystemKind kind = SystemKind::kClosed,
+                       const std::vector<std::string_view>& network = {})
+      : user(kind) {
+    Study& study = user.test.study;
+    if (!network.empty()) user.test.PutNetwork(network);
+    study.study_title = "Γραφεία";
+    study.MeanTemp = 80;
+    study.MeanVel = 0.75F;
+  }
+
+  void Open() {
+    form = std::make_unique<FrmData>(user.desk);
+    form->Load();
+    form->Activate();
+    form->Derive();
+  }
+
+  void Press(const Key& key) {
+    PressAsOnAScreen(*form, key);
+    form->Derive();
+  }
+  void Press(KeyCode code) { Press(Plain(code)); }
+  void Next() { Press(KeyCode::kPageDown); }
+
+  /// Keys into the field in focus; "-" leaves it as it is. Enter goes on to the next.
+  void Type(std::string_view words) {
+    std::string word;
+    for (const char c : std::string(words) + " ") {
+      if (c != ' ') {
+        word += c;
+        continue;
+      }
+      if (word != "-") {
+        for (std::string_view rest = word; !rest.empty();) Press(Typed(TakeCharacter(rest)));
+      }
+      if (&form->Cmd_Next != form->focus()) Press(KeyCode::kEnter);
+      word.clear();
+    }
+  }
+  void TypeIn(Field& field, std::string_view text) {
+    TypeInto(*form, field, text);
+    form->Derive();
+  }
+  void Run(Command& command) {
+    form->Run(command);
+    form->Derive();
+  }
+
+  /// "3 : 2/3 · 5,5" of the row on show.
+  [[nodiscard]] std::string Shown() const {
+    return form->Txt_aa.text + " : " + form->Txt0.text + "/" + form->Txt1.text + " · " +
+           form->Txt2.text;
+  }
+  /// All fields but the names.
+  [[nodiscard]] std::string Numbers() const {
+    std::string line;
+    for (const Field* field : {&form->Txt2, &form->Txt6, &form->Txt7, &form->Txt8, &form->Txt9,
+                               &form->Txt10, &form->Txt11, &form->Txt12, &form->Txt13, &form->Txt14,
+                               &form->Txt15, &form->Txt16, &form->Txt17}) {
+      line += (line.empty() ? "" : "|") + field->text;
+    }
+    return line;
+  }
+  [[nodiscard]] std::string LastScreen() const { return user.navigator.log.back(); }
+  [[nodiscard]] Study& study() { return user.test.study; }
+  /// The draft's texts are the file's.
+  [[nodiscard]] bool DraftSaysRows() const {
+    const SheetImage image =
+        ImageOfRows(user.test.Rows(), user.test.study.system_kind, user.desk.separators);
+    const SheetImage draft = form->draft().Image();
+    return std::ranges::equal(image.rows, draft.rows, {}, &SheetRow::texts, &SheetRow::texts);
+  }
+
+  TestDesk user;
+  std::unique_ptr<FrmData> form;
+};
+
+}  // namespace kalvo
