@@ -119,7 +119,7 @@ void FrmData::Load() {
   if (!begun_) return;
   if (!goes_on_) {
     const bool goes_on = std::exchange(desk.screens.entry_goes_on, false);
-    sitting_.continues = goes_on || sitting_.rows().empty();
+    sitting_.continues = sitting_.continues || goes_on;
     if (goes_on) desk.screens.edit_mode = false;
   }
   title = desk.screens.edit_mode ? kCorrection : kNewEntry;

@@ -18,6 +18,7 @@ Outcome SectionSitting::ReadBase() {
   std::iota(origins.begin(), origins.end(), 1);
   NoteRows(*std::move(rows), std::move(origins));
   desk_.screens.edit_mode = !base().empty();
+  continues = base().empty();
   if (base().empty()) return Done{};
   return bench_.workspace.Write(work_file::kFirstRows, EncodeRows<SectionRow>(base()));
 }

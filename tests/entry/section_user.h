@@ -12,7 +12,8 @@
 
 namespace kalvo {
 
-/// The section form of a study with a title and general data, driven by keys.
+/// The section form of a study with a title and general data, driven by keys, and the sheet where
+/// entry leads there.
 class SectionUser {
  public:
   explicit SectionUser(SystemKind kind = SystemKind::kClosed,
@@ -25,16 +26,16 @@ class SectionUser {
     study.MeanVel = 0.75F;
   }
 
-  void Open() {
-    form = std::make_unique<FrmData>(user.desk);
-    form->Load();
-    form->Activate();
-    form->Derive();
+  void Open() { Show(screen::kSections); }
+  void OpenSheet() {
+    user.desk.screens.open_kept_sheet = true;
+    Show(screen::kSheet);
   }
 
   void Press(const Key& key) {
-    PressAsOnAScreen(*form, key);
-    form->Derive();
+    if (front() == nullptr) return;
+    PressAsOnAScreen(*front(), key);
+    Follow();
   }
   void Press(KeyCode code) { Press(Plain(code)); }
   void Next() { Press(KeyCode::kPageDown); }
@@ -59,8 +60,17 @@ class SectionUser {
     form->Derive();
   }
   void Run(Command& command) {
-    form->Run(command);
-    form->Derive();
+    front()->Run(command);
+    Follow();
+  }
+  void Close() {
+    front()->MayClose();
+    Follow();
+  }
+
+  /// The form or the sheet, whichever is open.
+  [[nodiscard]] Form* front() const {
+    return form ? static_cast<Form*>(form.get()) : static_cast<Form*>(sheet.get());
   }
 
   /// "3 : 2/3 · 5,5" of the row on show.
@@ -90,6 +100,30 @@ class SectionUser {
 
   TestDesk user;
   std::unique_ptr<FrmData> form;
+  std::unique_ptr<FrmData_Sheet> sheet;
+
+ private:
+  void Show(std::string_view name) {
+    form.reset();
+    sheet.reset();
+    if (name == screen::kSections) form = std::make_unique<FrmData>(user.desk);
+    if (name == screen::kSheet) sheet = std::make_unique<FrmData_Sheet>(user.desk);
+    if (front() == nullptr) return;
+    front()->Load();
+    front()->Activate();
+    front()->Derive();
+  }
+  void Follow() {
+    const std::vector<std::string>& log = user.navigator.log;
+    for (; followed_ < log.size(); ++followed_) {
+      if (log[followed_].starts_with("show ") && log[followed_] != "show FrmTauCross") {
+        Show(log[followed_].substr(5));
+      }
+    }
+    if (front() != nullptr) front()->Derive();
+  }
+
+  std::size_t followed_ = 0;  ///< of the navigator's log
 };
 
 }  // namespace kalvo

@@ -1,0 +1,237 @@
+#include <gtest/gtest.h>
+
+#include "entry/section_entry_forms.h"
+#include "tests/entry/section_user.h"
+#include "tests/support/failing_disk.h"
+
+namespace kalvo {
+namespace {
+
+const std::vector<std::string_view> kChain = {"ANT/1 5m", "1/2 6m 300l/h soma 800mm",
+                                              "2/3 7m 200l/h soma 900mm", "3/ANT 8m"};
+const std::vector<std::string_view> kFed = {"1/ANT 5m", "2/1 6m", "3/2 7m 200l/h soma 900mm",
+                                            "4/1 8m 100l/h soma 500mm"};
+
+std::string EmittersOf(const TestBench& test) {
+  std::string text;
+  for (const SectionRow& row : test.Rows(work_file::kEmitters)) {
+    text += std::to_string(row.RecordNumber) + " ";
+  }
+  return text;
+}
+
+std::string NamesIn(const SectionUser& user) {
+  std::string names = Joined(user.user.test.Names());
+  std::erase(names, ' ');
+  return names;
+}
+
+TEST(SectionRows, AnInsertionStandsAfterAMove) {
+  SectionUser user(SystemKind::kClosed, kChain);
+  user.study().plant_section = 4;
+  user.Open();
+  user.Next();
+  user.Run(user.form->Cmd_Ins);
+  EXPECT_EQ(user.form->Cmd_Ins.caption, "ΑΚΥΡΩΣΗ");
+  EXPECT_EQ(user.Shown(), "2 : 1/2 · 6") << "in the new-row manner";
+  EXPECT_EQ(NamesIn(user), "ANT/1|1/2|1/2|2/3|3/ANT");
+  EXPECT_EQ(EmittersOf(user.user.test), "3 4 ");
+  EXPECT_EQ(user.user.test.Row(2).SomaDrop, 0) << "no second emitter";
+  EXPECT_EQ(user.user.test.Row(3).SomaDrop, 800);
+  EXPECT_EQ(user.study().plant_section, 5);
+  EXPECT_TRUE(user.DraftSaysRows());
+  user.TypeIn(user.form->Txt1, "9");
+  user.Next();
+  EXPECT_EQ(user.form->Cmd_Ins.caption, "Παρεμβολή");
+  EXPECT_EQ(NamesIn(user), "ANT/1|1/9|1/2|2/3|3/ANT");
+  user.Run(user.form->Cmd_End);
+  EXPECT_EQ(user.LastScreen(), "show FrmSoma") << "emitters have to be looked at";
+}
+
+TEST(SectionRows, AnInsertionIsUndoneWhole) {
+  for (const bool old_file_gone : {false, true}) {
+    SectionUser user(SystemKind::kClosed, kChain);
+    user.study().plant_section = 4;
+    user.study().results_valid = true;
+    user.Open();
+    user.Next();
+    user.Next();
+    const std::string rows = user.user.test.Bytes();
+    const std::string emitters = user.user.test.Bytes(work_file::kEmitters);
+    user.Run(user.form->Cmd_Ins);
+    user.TypeIn(user.form->Txt2, "0");
+    user.form->MoveFocus(&user.form->Txt6);
+    if (old_file_gone) user.user.test.workspace.Delete(work_file::kRowsBeforeInsert);
+    user.Run(user.form->Cmd_Ins);
+    EXPECT_EQ(user.form->Cmd_Ins.caption, "Παρεμβολή");
+    EXPECT_EQ(user.Shown(), "3 : 2/3 · 7");
+    EXPECT_EQ(user.user.test.Bytes(), rows);
+    EXPECT_EQ(user.user.test.Bytes(work_file::kEmitters), emitters);
+    EXPECT_TRUE(user.study().results_valid);
+    EXPECT_FALSE(user.study().unsaved_changes);
+    EXPECT_EQ(user.study().plant_section, 4);
+  }
+}
+
+TEST(SectionRows, NamesOfAnOpenNetworkAfterInsertAndDelete) {
+  SectionUser user(SystemKind::kOpen, kFed);
+  user.Open();
+  user.Next();
+  user.Run(user.form->Cmd_Ins);
+  EXPECT_EQ(NamesIn(user), "1/ANT|2/1|3/1|4/3|4/1")
+      << "a row that is fed from before the place keeps its name";
+  EXPECT_TRUE(user.DraftSaysRows());
+  user.Next();
+  user.Run(user.form->Cmd_Last);
+  EXPECT_EQ(user.Shown(), "5 : 5/1 · 8") << "its number shows all the same";
+  user.Press(KeyCode::kPageUp);
+  EXPECT_EQ(NamesIn(user), "1/ANT|2/1|3/1|4/3|5/1") << "and counts as changed";
+  user.Press(Ctrl(KeyCode::kHome));
+  user.Next();
+  user.user.test.prompter.Expect(120, Answer::kYes);
+  user.Run(user.form->Cmd_Del);
+  EXPECT_EQ(NamesIn(user), "1/ANT|2/1|3/3|4/1") << "feeders stay";
+  EXPECT_EQ(user.form->LblStatus.text, "Ελέγξτε το τμήμα τροφοδοσίας στα τμήματα : 3");
+  EXPECT_EQ(user.Shown(), "2 : 2/1 · 6");
+  user.Run(user.form->Cmd_End);
+  EXPECT_TRUE(user.study().NameErrors) << "feeders were touched";
+}
+
+TEST(SectionRows, TheOnlyOneIsNeitherDeletedNorInsertedBefore) {
+  SectionUser user(SystemKind::kOpen, {"1/ANT 5m"});
+  user.Open();
+  user.Run(user.form->Cmd_Ins);
+  user.user.test.prompter.Expect(120, Answer::kYes);
+  user.Run(user.form->Cmd_Del);
+  EXPECT_EQ(user.user.test.prompter.codes(), (std::vector<int>{122, 120, 121}));
+  EXPECT_EQ(user.form->Cmd_Ins.caption, "Παρεμβολή");
+  EXPECT_EQ(user.user.test.Rows().size(), 1U);
+}
+
+TEST(SectionRows, UndoTakesEverythingBackByteForByte) {
+  for (const auto kind : {SystemKind::kClosed, SystemKind::kOpen}) {
+    SectionUser user(kind, kind == SystemKind::kClosed ? kChain : kFed);
+    user.study().plant_section = 2;
+    user.study().results_valid = true;
+    user.Open();
+    const std::string rows = user.user.test.Bytes();
+    const std::string emitters = user.user.test.Bytes(work_file::kEmitters);
+    user.TypeIn(user.form->Txt2, "6");
+    user.Next();
+    user.Run(user.form->Cmd_Ins);
+    user.TypeIn(user.form->Txt1, "9");
+    user.Next();
+    user.Press(ShiftTyped(U'C'));
+    user.user.test.prompter.Expect(120, Answer::kYes);
+    user.Run(user.form->Cmd_Del);
+    const std::string names = NamesIn(user);
+    while (user.form->draft().history().CanUndo()) user.Press(Ctrl('Z'));
+    EXPECT_EQ(user.user.test.Bytes(), rows);
+    EXPECT_EQ(user.user.test.Bytes(work_file::kEmitters), emitters);
+    EXPECT_TRUE(user.study().results_valid);
+    EXPECT_FALSE(user.study().unsaved_changes);
+    EXPECT_EQ(user.study().plant_section, 2);
+    while (user.form->draft().history().CanRedo()) user.Press(Ctrl('Y'));
+    EXPECT_EQ(NamesIn(user), names);
+    EXPECT_TRUE(user.study().unsaved_changes);
+  }
+}
+
+TEST(SectionRows, OneHistoryAcrossTheSwitches) {
+  SectionUser user(SystemKind::kClosed, kChain);
+  user.study().results_valid = true;
+  user.OpenSheet();
+  const std::string rows = user.user.test.Bytes();
+  user.sheet->fpSpread1.GoTo({2, 3});
+  user.Press(Typed(U'9'));
+  user.Press(KeyCode::kEnter);
+  user.sheet->fpSpread1.GoTo({2, 3});
+  user.Press(Shift(KeyCode::kF12));
+  ASSERT_NE(user.form, nullptr);
+  EXPECT_EQ(user.Shown(), "3 : 2/3 · 9");
+  EXPECT_EQ(user.user.test.Row(3).Length, 9);
+  EXPECT_FALSE(user.study().results_valid);
+  EXPECT_FALSE(user.user.test.workspace.Exists(work_file::kSheetInWork));
+  user.TypeIn(user.form->Txt2, "10");
+  user.Press(kCtrlAltShift);
+  ASSERT_NE(user.sheet, nullptr);
+  EXPECT_EQ(user.sheet->fpSpread1.current().row, 2);
+  EXPECT_EQ(user.user.test.Row(3).Length, 10);
+  user.Press(Ctrl('Z'));
+  user.Press(Ctrl('Z'));
+  EXPECT_EQ(user.sheet->fpSpread1.At(2, 3).text, "7");
+  user.Run(user.sheet->Cmd_Exit);
+  EXPECT_EQ(user.user.test.Bytes(), rows);
+  EXPECT_TRUE(user.study().results_valid);
+  EXPECT_EQ(user.LastScreen(), "show FrmMain");
+}
+
+TEST(SectionRows, TheEmittersComeBeforeTheSheetAfterAnInsertion) {
+  SectionUser user(SystemKind::kClosed, kChain);
+  user.Open();
+  user.Next();
+  user.Run(user.form->Cmd_Ins);
+  user.Press(Shift(KeyCode::kF12));
+  EXPECT_EQ(user.LastScreen(), "show FrmSoma");
+  EXPECT_TRUE(user.user.desk.screens.back_to_sheet);
+  EXPECT_EQ(user.study().CurrentRow, 2);
+  user.OpenSheet();
+  EXPECT_EQ(user.sheet->fpSpread1.current().row, 1);
+}
+
+TEST(SectionRows, ClosingARowThatIsWrongAsksFirst) {
+  SectionUser user(SystemKind::kClosed, kChain);
+  user.Open();
+  const std::string rows = user.user.test.Bytes();
+  user.TypeIn(user.form->Txt2, "0");
+  user.user.test.prompter.Expect(" !!... ΠΡΟΣΟΧΗ ...!! ", Answer::kNo);
+  user.Close();
+  ASSERT_NE(user.form, nullptr);
+  user.user.test.prompter.Expect(" !!... ΠΡΟΣΟΧΗ ...!! ", Answer::kYes);
+  user.Press(KeyCode::kEscape);
+  EXPECT_EQ(user.LastScreen(), "show FrmMain");
+  EXPECT_EQ(user.user.test.Bytes(), rows);
+  EXPECT_FALSE(user.user.test.workspace.Exists(work_file::kSheetInWork));
+}
+
+TEST(SectionRows, WhatIsTypedKeepsItselfUntilItIsInTheRows) {
+  SectionUser user(SystemKind::kClosed, kChain);
+  user.Open();
+  const auto kept = [&] {
+    user.form->Idle(0.3);
+    return user.user.test.workspace.Exists(work_file::kSheetInWork);
+  };
+  EXPECT_FALSE(kept());
+  user.TypeIn(user.form->Txt2, "6,5");
+  EXPECT_TRUE(kept()) << "in a field that was not left yet";
+  user.Next();
+  EXPECT_FALSE(kept());
+  user.TypeIn(user.form->Txt2, "4");
+  EXPECT_TRUE(kept());
+  user.form.reset();
+  user.user.desk.screens.section_sitting.reset();  // another run, after a crash
+  user.OpenSheet();
+  EXPECT_EQ(user.sheet->fpSpread1.At(1, 3).text, "4");
+}
+
+TEST(SectionRows, AFileThatSomethingElseTouchedIsPutRight) {
+  for (const std::string_view bytes : {"", "rubbish", "-"}) {
+    SectionUser user(SystemKind::kClosed, kChain);
+    user.Open();
+    user.Next();
+    user.TypeIn(user.form->Txt2, "4");
+    if (bytes == "-") {
+      user.user.test.workspace.Delete(work_file::kRows);
+    } else {
+      ASSERT_TRUE(user.user.test.workspace.Write(work_file::kRows, std::string(bytes)));
+    }
+    user.Next();
+    EXPECT_EQ(user.Shown(), "3 : 2/3 · 7");
+    EXPECT_EQ(user.user.test.Rows().size(), 4U);
+    EXPECT_EQ(user.user.test.Row(2).Length, 4);
+    EXPECT_EQ(user.user.test.Row(2).SomaDrop, 800);
+  }
+}
+
+}  // namespace
+}  // namespace kalvo
