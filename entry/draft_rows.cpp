@@ -285,7 +285,12 @@ Outcome FindEmitters(Workbench& bench, const Rows& rows) {
     const bool named = in_rows && ByNumber(rows, number).Name == emitter.Name;
     if (named && ByNumber(rows, number).HasEmitter()) continue;
     const auto found = numbers.find(emitter.Name.bytes());
-    if (found != numbers.end() && found->second > 0) emitter.RecordNumber = ToInt16(found->second);
+    const bool renamed = in_rows && ByNumber(rows, number).SomaDrop == emitter.SomaDrop;
+    if (found != numbers.end() && found->second > 0) {
+      emitter.RecordNumber = ToInt16(found->second);
+    } else if (!named && !renamed) {
+      emitter.RecordNumber = 0;
+    }
   }
   if (Outcome written = WriteEmitters(bench.workspace, emitters); !written) return written;
   TakeEmitters(bench.study, std::move(emitters));

@@ -67,7 +67,7 @@ Outcome PutDraftRows(Workbench& bench, const DraftRows& made, const DraftBase& b
 Outcome SettleDraftRows(Workbench& bench, const DraftRows& made, const DraftBase& base);
 
 /// Emitters whose number is that of a row of another name or without one, as when the program ended
-/// between rows and emitters, get the row of their name that has one.
+/// between rows and emitters, get the row of their name that has one; those of no row get number 0.
 Outcome FindEmitters(Workbench& bench, const std::vector<SectionRow>& rows);
 
 /// What the sheet lacks, a line each: names and lengths, and in an open network that was edited own

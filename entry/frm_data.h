@@ -144,6 +144,7 @@ class FrmData : public Form, private TeeCounters {
   bool Passes();
   bool StoreRow();
   bool GuardRows();
+  bool FollowRows(SectionSitting::RowMove move, int at);
   bool PutLagging();
   /// Checks and stores, or drops a new row that says nothing. False: the row stays.
   bool LeaveRow();

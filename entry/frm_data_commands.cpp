@@ -83,8 +83,7 @@ void FrmData::Insert() {
     const SectionDraft::Action step(draft, "Παρεμβολή τμήματος", {row(), sheet_column::kLength});
     const int before = count();
     if (!TellIfFailed(bench, InsertSectionRow(bench)) || before < 2) return;
-    if (!TellIfFailed(bench, sitting_.FollowRows(SectionSitting::RowMove::kInserted, row())))
-      return;
+    if (!FollowRows(SectionSitting::RowMove::kInserted, row())) return;
     ShowRow(bench.study.CurrentRow);
     Show(SheetRowOf(EntryForNewRow(bench.study.CurrentRow, bench.study.system_kind, &present,
                                    desk.separators)));
@@ -101,7 +100,7 @@ void FrmData::CancelInsert() {
   SectionDraft& draft = sitting_.draft;
   while (draft.history().depth() > steps_before_insert_) draft.Undo();
   if (UndoInsert(bench)) {
-    TellIfFailed(bench, sitting_.FollowRows(SectionSitting::RowMove::kNone, 0));
+    FollowRows(SectionSitting::RowMove::kNone, 0);
   } else {
     TellIfFailed(bench, sitting_.PutRows(sitting_.Rows()));
   }
@@ -126,9 +125,7 @@ void FrmData::Delete() {
     const SectionDraft::Action step(sitting_.draft, "Διαγραφή τμήματος",
                                     {row(), sheet_column::kLength});
     if (!TellIfFailed(bench, DeleteSectionRow(bench)) || before < 2) return;
-    if (!TellIfFailed(bench, sitting_.FollowRows(SectionSitting::RowMove::kRemoved, number - 1))) {
-      return;
-    }
+    if (!FollowRows(SectionSitting::RowMove::kRemoved, number - 1)) return;
   }
   ShowRow(std::min(number, count()));
   FocusAgain();

@@ -38,7 +38,7 @@ bool FrmData::Finish() {
   if (nothing) return true;
   if (!SettleOneBranch() || !FieldsFit() || !Passes() || !StoreRow()) return false;
   LeaveInsertMode();
-  return true;
+  return TellIfFailed(bench, sitting_.Settle());
 }
 
 void FrmData::EndEntry() {

@@ -31,7 +31,14 @@ bool FrmData::StoreRow() {
   const SectionEntry entry = EntryOfSheetRow(sitting_.draft.At(row()));
   if (!TellIfFailed(bench, StoreSectionRow(bench, entry, desk.separators))) return false;
   is_new_ = false;
-  return TellIfFailed(bench, sitting_.FollowRows(SectionSitting::RowMove::kNone, 0));
+  return FollowRows(SectionSitting::RowMove::kNone, 0);
+}
+
+// Emitters that could not be written are told; they follow at the latest when entry ends.
+bool FrmData::FollowRows(SectionSitting::RowMove move, int at) {
+  if (!TellIfFailed(bench, sitting_.FollowRows(move, at))) return false;
+  TellIfFailed(bench, sitting_.Settle());
+  return true;
 }
 
 bool FrmData::GuardRows() {

@@ -221,7 +221,7 @@ Outcome SectionSitting::FollowRows(RowMove move, int at) {
           as_rows_.rows[static_cast<std::size_t>(row)].texts.at(static_cast<std::size_t>(column)));
     }
   }
-  return Settle();
+  return Done{};
 }
 
 // Where the draft says what entry began with, the rows do so in all they hold, results too.

@@ -66,9 +66,9 @@ class SectionSitting {
   /// What an operation did to the rows, beside the texts of single ones.
   enum class RowMove { kNone, kInserted, kRemoved };
   /// After an operation on the work file: the draft takes over what the rows say, in the action
-  /// under way; row `at` came or went. The emitters and the study's flags follow.
+  /// under way; row `at` came or went. Settle() comes next.
   Outcome FollowRows(RowMove move, int at);
-  /// The flags and the emitters as the rows have them now.
+  /// Emitters and flags as they belong to the rows. Error: the emitters lag, until the next time.
   Outcome Settle();
 
   /// The sitting is over: nothing of it is needed any more.

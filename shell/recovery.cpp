@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "entry/draft_rows.h"
 #include "form/tell.h"
 #include "shell/open_study.h"
 #include "shell/unreadable_work.h"
@@ -175,6 +176,12 @@ bool TakeSheetAlone(Desk& desk, const FoundLeftOver& found) {
   return true;
 }
 
+// The program may have ended between the rows and their emitters.
+void MendEmitters(Workbench& bench) {
+  const auto rows = bench.workspace.Rows().ReadAll();
+  if (rows && bench.study.SystemClosed()) TellIfFailed(bench, FindEmitters(bench, *rows));
+}
+
 }  // namespace
 
 Result<std::optional<FoundLeftOver>> SettleWorkFiles(Desk& desk) {
@@ -220,6 +227,7 @@ bool AcceptRecovery(Desk& desk, const FoundLeftOver& found) {
   const Result<bool> loaded = LoadStudy(bench, RecentList::kLeave);
   if (loaded) {
     study.fluid_assumed = study.fluid_assumed || fluid_damaged;
+    MendEmitters(bench);
     return true;
   }
   TellLoadFailure(bench, loaded.error());

@@ -173,7 +173,7 @@ TEST(SectionRows, TheEmittersComeBeforeTheSheetAfterAnInsertion) {
   user.Run(user.form->Cmd_Ins);
   user.Press(Shift(KeyCode::kF12));
   EXPECT_EQ(user.LastScreen(), "show FrmSoma");
-  EXPECT_TRUE(user.user.desk.screens.back_to_sheet);
+  EXPECT_TRUE(user.desk.screens.back_to_sheet);
   EXPECT_EQ(user.study().CurrentRow, 2);
   user.OpenSheet();
   EXPECT_EQ(user.sheet->fpSpread1.current().row, 1);
@@ -209,7 +209,7 @@ TEST(SectionRows, WhatIsTypedKeepsItselfUntilItIsInTheRows) {
   user.TypeIn(user.form->Txt2, "4");
   EXPECT_TRUE(kept());
   user.form.reset();
-  user.user.desk.screens.section_sitting.reset();  // another run, after a crash
+  user.desk.screens.section_sitting.reset();  // another run, after a crash
   user.OpenSheet();
   EXPECT_EQ(user.sheet->fpSpread1.At(1, 3).text, "4");
 }
@@ -230,6 +230,86 @@ TEST(SectionRows, AFileThatSomethingElseTouchedIsPutRight) {
     EXPECT_EQ(user.user.test.Rows().size(), 4U);
     EXPECT_EQ(user.user.test.Row(2).Length, 4);
     EXPECT_EQ(user.user.test.Row(2).SomaDrop, 800);
+  }
+}
+
+// What the next start finds: rows of before or after, each emitter with the row that has its
+// values.
+void ExpectInStep(SectionUser& user, const std::string& before, const std::string& after) {
+  const TestBench& test = user.user.test;
+  const std::string now = NamesIn(user);
+  EXPECT_TRUE(now == before || now == after) << now;
+  user.form.reset();
+  user.sheet.reset();
+  user.desk.screens.section_sitting.reset();
+  ASSERT_TRUE(FindEmitters(user.bench, test.Rows()).ok());
+  for (const SectionRow& emitter : test.Rows(work_file::kEmitters)) {
+    if (emitter.RecordNumber == 0) {
+      EXPECT_EQ(now.find(emitter.Name.Utf8()), std::string::npos) << "its section is gone";
+    } else {
+      EXPECT_EQ(test.Row(emitter.RecordNumber).SomaDrop, emitter.SomaDrop) << now;
+    }
+  }
+}
+
+TEST(SectionRows, AKillAtAnyStepLeavesRowsAndEmittersInStep) {
+  struct Deed {
+    const char* name;
+    std::function<void(SectionUser&)> prepare;
+    std::function<void(SectionUser&)> run;
+  };
+  const auto nothing = [](SectionUser&) {};
+  const auto insert = [](SectionUser& user) { user.Run(user.form->Cmd_Ins); };
+  const std::vector<Deed> deeds = {
+      {"insert", nothing, insert},
+      {"its undo", insert, insert},
+      {"delete", nothing, [](SectionUser& user) { user.Run(user.form->Cmd_Del); }},
+      {"undo", insert, [](SectionUser& user) { user.Press(Ctrl('Z')); }},
+      {"switch", [](SectionUser& user) { user.TypeIn(user.form->Txt1, "9"); },
+       [](SectionUser& user) { user.Press(Shift(KeyCode::kF12)); }},
+  };
+  for (const Deed& deed : deeds) {
+    std::string before;
+    std::string after;
+    for (int step = 0, steps = 1; step <= steps; ++step) {
+      SCOPED_TRACE(std::string(deed.name) + " " + std::to_string(step));
+      SectionUser user(SystemKind::kClosed, kChain);
+      user.Open();
+      user.Next();
+      deed.prepare(user);
+      if (before.empty()) before = NamesIn(user);
+      if (std::string(deed.name) == "delete") user.user.test.prompter.Expect(120, Answer::kYes);
+      // Step 0 goes through and counts the operations.
+      user.disk.FailAtOperation(step == 0 ? 1000 : step, FailingDisk::Lasting::kFromThenOn);
+      deed.run(user);
+      if (step == 0) {
+        steps = user.disk.operations();
+        after = NamesIn(user);
+      }
+      user.disk.Mend();
+      ExpectInStep(user, before, after);
+    }
+  }
+}
+
+TEST(SectionRows, ADiskThatFailsOnceIsToldAndTheNextTrySucceeds) {
+  for (int step = 1; step <= 12; ++step) {
+    SCOPED_TRACE(step);
+    SectionUser user(SystemKind::kClosed, kChain);
+    user.Open();
+    user.Next();
+    user.TypeIn(user.form->Txt2, "4");
+    user.disk.FailAtOperation(step, FailingDisk::Lasting::kOnce);
+    user.Next();
+    if (user.Shown()[0] == '2') user.Next();
+    EXPECT_EQ(user.Shown(), "3 : 2/3 · 7");
+    EXPECT_EQ(user.user.test.Row(2).Length, 4);
+    user.Run(user.form->Cmd_Ins);
+    if (user.form->Cmd_Ins.caption == "Παρεμβολή") user.Run(user.form->Cmd_Ins);
+    EXPECT_EQ(NamesIn(user), "ANT/1|1/2|2/3|2/3|3/ANT");
+    EXPECT_TRUE(user.DraftSaysRows());
+    user.Run(user.form->Cmd_End);
+    EXPECT_EQ(EmittersOf(user.user.test), "2 4 ");
   }
 }
 

@@ -161,7 +161,7 @@ TEST(SectionForm, TheFourRoadsOfNext) {
       }
       user.Press(Shift(KeyCode::kF12));
       ASSERT_NE(user.form, nullptr);
-      EXPECT_TRUE(user.user.desk.screens.edit_mode);
+      EXPECT_TRUE(user.desk.screens.edit_mode);
       EXPECT_EQ(user.user.test.Rows().size(), road.rows ? 2U : 1U);
     } else {
       user.Open();
@@ -186,7 +186,7 @@ TEST(SectionForm, TheFourRoadsOfNext) {
 
 TEST(SectionForm, GoesOnAfterTheLastRow) {
   SectionUser user(SystemKind::kClosed, kRing);
-  user.user.desk.screens.entry_goes_on = true;
+  user.desk.screens.entry_goes_on = true;
   user.Open();
   EXPECT_EQ(user.Shown(), "4 : 3/4 · 5");
   EXPECT_EQ(user.form->title, "ΚΑΤΑΧΩΡΗΣΗ ΔΕΔΟΜΕΝΩΝ ΤΜΗΜΑΤΩΝ ΣΩΛΗΝΩΝ");
@@ -255,7 +255,7 @@ TEST(SectionForm, SameAsCopiesTheNumbersOfARow) {
 
 TEST(SectionForm, TeesByKeyAndByWindow) {
   SectionUser user(SystemKind::kClosed, kRing);
-  user.user.desk.options.SoundOn = true;
+  user.desk.options.SoundOn = true;
   user.Open();
   FrmData& form = *user.form;
   user.Press(ShiftTyped(U'C'));
@@ -269,7 +269,7 @@ TEST(SectionForm, TeesByKeyAndByWindow) {
   user.Run(form.Cmd_Tau);
   EXPECT_EQ(user.LastScreen(), "show FrmTauCross");
   EXPECT_FALSE(form.TxtProgram.visible);
-  TeeCounters* counters = user.user.desk.screens.tee_counters;
+  TeeCounters* counters = user.desk.screens.tee_counters;
   ASSERT_NE(counters, nullptr);
   counters->Shown();
   EXPECT_TRUE(form.TxtProgram.visible);

@@ -8,6 +8,7 @@
 
 #include "entry/frm_data.h"
 #include "tests/entry/sheet_user.h"
+#include "tests/support/failing_disk.h"
 #include "tests/support/test_desk.h"
 
 namespace kalvo {
@@ -28,7 +29,7 @@ class SectionUser {
 
   void Open() { Show(screen::kSections); }
   void OpenSheet() {
-    user.desk.screens.open_kept_sheet = true;
+    desk.screens.open_kept_sheet = true;
     Show(screen::kSheet);
   }
 
@@ -93,12 +94,17 @@ class SectionUser {
   /// The draft's texts are the file's.
   [[nodiscard]] bool DraftSaysRows() const {
     const SheetImage image =
-        ImageOfRows(user.test.Rows(), user.test.study.system_kind, user.desk.separators);
+        ImageOfRows(user.test.Rows(), user.test.study.system_kind, desk.separators);
     const SheetImage draft = form->draft().Image();
     return std::ranges::equal(image.rows, draft.rows, {}, &SheetRow::texts, &SheetRow::texts);
   }
 
   TestDesk user;
+  FailingDisk disk{user.test.work_disk};
+  Workspace workspace{disk, TestBench::kProgramFolder, user.test.outer_disk,
+                      TestBench::kLibraryFolder, user.test.clock};
+  Workbench bench{user.test.study, workspace, user.test.pipes, user.test.prompter};
+  Desk desk{bench, user.navigator, user.sound, user.viewer, user.clipboard, Separators{',', '.'}};
   std::unique_ptr<FrmData> form;
   std::unique_ptr<FrmData_Sheet> sheet;
 
@@ -106,8 +112,8 @@ class SectionUser {
   void Show(std::string_view name) {
     form.reset();
     sheet.reset();
-    if (name == screen::kSections) form = std::make_unique<FrmData>(user.desk);
-    if (name == screen::kSheet) sheet = std::make_unique<FrmData_Sheet>(user.desk);
+    if (name == screen::kSections) form = std::make_unique<FrmData>(desk);
+    if (name == screen::kSheet) sheet = std::make_unique<FrmData_Sheet>(desk);
     if (front() == nullptr) return;
     front()->Load();
     front()->Activate();
