@@ -228,9 +228,12 @@ bool FrmData::Erase(Field& field) {
   return false;
 }
 
+// A text that was erased is still the user's.
+bool FrmData::IsEdited(const Field& field) { return field.edited() || field.refused; }
+
 // Names that were typed are judged, and those of a new row 1; others stay as the file has them.
 bool FrmData::LeaveLeft() {
-  if (IsOpen() || (!Txt0.edited() && !(is_new_ && row() == 0))) return true;
+  if (IsOpen() || (!IsEdited(Txt0) && !(is_new_ && row() == 0))) return true;
   if (row() == 0) {
     if (Txt0.text != kSource) Txt0.Show(kSource);
     return true;
@@ -240,7 +243,7 @@ bool FrmData::LeaveLeft() {
 }
 
 bool FrmData::LeaveRight() {
-  if (!Txt1.edited() || one_branch_) return true;
+  if (!IsEdited(Txt1) || one_branch_) return true;
   const std::string name = Txt1.Trimmed();
   if (name == Txt0.Trimmed()) return Erase(Txt1);
   return ParseNumber(name, desk.separators) != 0 || name == kSource || Erase(Txt1);
@@ -259,6 +262,7 @@ bool FrmData::LeaveField(Field& field) {
   if (&field == &Txt1 && !LeaveRight()) return false;
   if (!Fits(field)) return false;
   if (field.edited()) TakeFields("Καταχώρηση");
+  if (lags_ && MissingLines(sitting_.draft).empty()) PutLagging();
   return true;
 }
 

@@ -126,7 +126,8 @@ class FrmData : public Form, private TeeCounters {
   bool LeaveField(Field& field);
   bool LeaveLeft();
   bool LeaveRight();
-  bool Erase(Field& field);
+  static bool Erase(Field& field);
+  static bool IsEdited(const Field& field);
   [[nodiscard]] bool IsTyped() const;
   /// What the fields hold becomes the draft's, as one action.
   void TakeFields(std::string_view action);

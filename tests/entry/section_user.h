@@ -18,8 +18,8 @@ namespace kalvo {
 class SectionUser {
  public:
   explicit SectionUser(SystemKind kind = SystemKind::kClosed,
-                       const std::vector<std::string_view>& network = {})
-      : user(kind) {
+                       const std::vector<std::string_view>& network = {}, Prompter* other = nullptr)
+      : user(kind), prompter(other == nullptr ? user.test.prompter : *other) {
     Study& study = user.test.study;
     if (!network.empty()) user.test.PutNetwork(network);
     study.study_title = "Γραφεία";
@@ -100,10 +100,11 @@ class SectionUser {
   }
 
   TestDesk user;
+  Prompter& prompter;
   FailingDisk disk{user.test.work_disk};
   Workspace workspace{disk, TestBench::kProgramFolder, user.test.outer_disk,
                       TestBench::kLibraryFolder, user.test.clock};
-  Workbench bench{user.test.study, workspace, user.test.pipes, user.test.prompter};
+  Workbench bench{user.test.study, workspace, user.test.pipes, prompter};
   Desk desk{bench, user.navigator, user.sound, user.viewer, user.clipboard, Separators{',', '.'}};
   std::unique_ptr<FrmData> form;
   std::unique_ptr<FrmData_Sheet> sheet;

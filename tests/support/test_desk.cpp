@@ -23,6 +23,7 @@ void NotedNavigator::Show(std::string_view screen) {
 
 void NotedNavigator::ShowModal(std::string_view screen) {
   log.push_back("modal " + std::string(screen));
+  if (on_modal) return on_modal(screen);
   if (expected_.empty() || expected_.front().screen != screen) {
     ADD_FAILURE() << "unexpected screen: " << screen;
     return;

@@ -51,6 +51,8 @@ class NotedNavigator : public Navigator {
   void HideWait() override { waits.emplace_back("-"); }
   void EndProgram() override { log.emplace_back("end"); }
 
+  /// What happens in every screen shown over the others, instead of those that are expected.
+  std::function<void(std::string_view)> on_modal;
   /// "show FrmRes", "modal FrmGoTo", "close FrmRes", "hide FrmMain", "end", oldest first.
   std::vector<std::string> log;
   std::vector<std::string> waits;  ///< texts of the wait indicator, "-" where it was taken away
