@@ -39,6 +39,19 @@ class Home {
   ProgramPlaces places_{folder_.path() / "program", folder_.path() / "state", {}, {}};
 };
 
+/// Counts how often a window paints what has changed in it.
+class PaintingCounter : public QObject {
+ public:
+  using QObject::QObject;
+  int count = 0;
+
+ private:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::UpdateRequest) ++count;
+    return QObject::eventFilter(watched, event);
+  }
+};
+
 /// The program with its windows in `home`.
 class Session {
  public:
@@ -92,6 +105,12 @@ class Session {
     Draw(screen::kSheet);
   }
 
+  /// Paintings of the sheet of sections in entry, from the first call on.
+  int PaintingsOfEntry() {
+    Window(screen::kSheet).installEventFilter(&paintings_);
+    return paintings_.count;
+  }
+
   void ShowStudies(const std::filesystem::path& folder) {
     program_.desk().data_folder = folder;
     program_.windows().Show(screen::kStudies);
@@ -123,6 +142,7 @@ class Session {
     return *window;
   }
 
+  PaintingCounter paintings_;
   Program program_;
 };
 
@@ -232,13 +252,16 @@ void OpenEntryOf999(benchmark::State& state) {
 }
 BENCHMARK(OpenEntryOf999)->Apply(RepeatTen);
 
-// A key, to the sheet painted anew; it must change the draft, or must not.
+// A key, to what it changed painted anew; it must change the draft, or must not.
 void PressInEntry(Session& session, int key, const QString& text, Qt::KeyboardModifiers modifiers,
                   bool changes) {
   const SectionDraft& draft = session.Entry().draft();
   const int before = draft.revision();
+  const int paintings = session.PaintingsOfEntry();
   session.Press(screen::kSheet, key, text, modifiers);
-  session.Draw(screen::kSheet);
+  if (session.PaintingsOfEntry() == paintings) {
+    throw std::runtime_error("the key painted nothing");
+  }
   if ((draft.revision() != before) != changes) throw std::runtime_error("the key was not taken");
 }
 

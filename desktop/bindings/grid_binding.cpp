@@ -30,6 +30,7 @@ void GridBinding::DressTable() {
   head_->setStretchLastSection(view_.horizontalHeader()->stretchLastSection());
   view_.setHorizontalHeader(head_);
   view_.setVerticalHeader(new RowHeader(&view_));
+  cells_delegate_.SetTintsCurrentRow(view_.property("tintsCurrentRow").toBool());
   view_.setItemDelegate(&cells_delegate_);
   view_.setModel(&model_);
   view_.setEditTriggers(QAbstractItemView::NoEditTriggers);

@@ -6,12 +6,17 @@ namespace kalvo {
 
 /// What the model of a table or list may say of a cell beyond Qt's own roles.
 enum CellRole {
-  kImposedRole = Qt::UserRole + 100,  ///< bool: the user set this diameter
-  kCriticalRole,                      ///< bool, on every cell of the row: on the critical branch
-  kAlarmRole,                         ///< bool: what it says needs to be put right
-  kLockedRole,                        ///< bool: shown in the grey of what cannot be changed
-  kStrongRole,                        ///< bool: bold, in the primary colour
-  kDepthRole,                         ///< int: how deep a list's line stands in its tree
+  kLookRole = Qt::UserRole + 100,  ///< int, CellLook of the cell; of a row's number: of the row
+  kDepthRole,                      ///< int: how deep a list's line stands in its tree
+};
+
+/// How a cell is painted, any of these together.
+enum CellLook {
+  kImposedLook = 1,   ///< the user set this diameter
+  kCriticalLook = 2,  ///< on every cell of the row, and on its number: on the critical branch
+  kAlarmLook = 4,     ///< what it says needs to be put right; on a number: what some cell says
+  kLockedLook = 8,    ///< shown in the grey of what cannot be changed
+  kStrongLook = 16,   ///< bold, in the primary colour
 };
 
 }  // namespace kalvo

@@ -56,6 +56,23 @@ QModelIndex GridModel::IndexOf(GridPlace place) const {
              : index(static_cast<int>(found - grid_.order().begin()), place.column);
 }
 
+int GridModel::LookOf(GridPlace place, Tone tone) const {
+  int look = IsLocked(place.column) ? kLockedLook : 0;
+  if (grid_.IsMarked(place.row)) look |= kCriticalLook;
+  if (tone == Tone::kAlarm) look |= kAlarmLook;
+  if (tone == Tone::kImposed) look |= kImposedLook;
+  if (tone == Tone::kStrong) look |= kStrongLook;
+  return look;
+}
+
+int GridModel::LookOf(int row) const {
+  int look = grid_.IsMarked(row) ? kCriticalLook : 0;
+  for (int column = 0; column < grid_.column_count(); ++column) {
+    if (grid_.At(row, column).tone == Tone::kAlarm) look |= kAlarmLook;
+  }
+  return look;
+}
+
 QVariant GridModel::data(const QModelIndex& index, int role) const {
   // While changes are told, rows may be asked for that are gone by now.
   if (!index.isValid() || index.row() >= grid_.row_count()) return {};
@@ -73,16 +90,8 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
       return ToQt(cell.tip);
     case Qt::AccessibleTextRole:
       return SpokenCell(place);
-    case kCriticalRole:
-      return grid_.IsMarked(place.row);
-    case kAlarmRole:
-      return cell.tone == Tone::kAlarm;
-    case kImposedRole:
-      return cell.tone == Tone::kImposed;
-    case kLockedRole:
-      return IsLocked(place.column);
-    case kStrongRole:
-      return cell.tone == Tone::kStrong;
+    case kLookRole:
+      return LookOf(place, cell.tone);
     default:
       return {};
   }
@@ -93,7 +102,7 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
     if (section >= grid_.row_count()) return {};
     const int row = grid_.order()[static_cast<std::size_t>(section)];
     if (role == Qt::DisplayRole) return row + 1;
-    return role == kCriticalRole ? QVariant(grid_.IsMarked(row)) : QVariant();
+    return role == kLookRole ? QVariant(LookOf(row)) : QVariant();
   }
   const GridColumn& column = grid_.columns()[static_cast<std::size_t>(section)];
   switch (role) {
@@ -107,8 +116,7 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
 }
 
 bool GridModel::IsLocked(int column) const {
-  const auto* editable = dynamic_cast<const EditableGrid*>(&grid_);
-  return editable != nullptr && editable->IsLocked(column);
+  return editable_ != nullptr && editable_->IsLocked(column);
 }
 
 void GridModel::TellCells(int first, int last) {

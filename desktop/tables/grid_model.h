@@ -11,7 +11,10 @@ namespace kalvo {
 class GridModel : public QAbstractTableModel {
  public:
   explicit GridModel(Grid& grid, QObject* parent)
-      : QAbstractTableModel(parent), grid_(grid), rows_(grid.row_count()) {}
+      : QAbstractTableModel(parent),
+        grid_(grid),
+        editable_(dynamic_cast<EditableGrid*>(&grid)),
+        rows_(grid.row_count()) {}
 
   [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
   [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
@@ -29,9 +32,12 @@ class GridModel : public QAbstractTableModel {
   [[nodiscard]] QString SpokenCell(const GridPlace& place) const;
   void TellCells(int first, int last);
   [[nodiscard]] bool IsLocked(int column) const;
+  [[nodiscard]] int LookOf(GridPlace place, Tone tone) const;
+  [[nodiscard]] int LookOf(int row) const;
 
   Grid& grid_;
-  int rows_ = 0;  ///< as the views know them: changes are told one by one
+  const EditableGrid* editable_;  ///< the same, where it can be edited
+  int rows_ = 0;                  ///< as the views know them: changes are told one by one
 };
 
 }  // namespace kalvo

@@ -21,13 +21,6 @@ void DrawIcon(QPainter& painter, const QRect& rect, const char* name, const QCol
                      IconPixmap(name, kIconSize, painter.device()->devicePixelRatioF(), color));
 }
 
-bool HasAlarm(const QAbstractItemModel& model, int row) {
-  for (int column = 0; column < model.columnCount(); ++column) {
-    if (model.index(row, column).data(kAlarmRole).toBool()) return true;
-  }
-  return false;
-}
-
 }  // namespace
 
 RowHeader::RowHeader(QWidget* parent) : QHeaderView(Qt::Vertical, parent) {
@@ -42,9 +35,12 @@ RowHeader::RowHeader(QWidget* parent) : QHeaderView(Qt::Vertical, parent) {
 QSize RowHeader::sectionSizeFromContents(int row) const {
   const QFontMetrics metrics(ThemeFont(kHintPoints, true));
   const int number = metrics.horizontalAdvance(QString::number(qMax(row + 1, 10)));
-  return {kBarWidth + kIconSize + 12 + number + kRightGap,
-          QHeaderView::sectionSizeFromContents(row).height()};
+  return {kBarWidth + kIconSize + 12 + number + kRightGap, defaultSectionSize()};
 }
+
+// As wide as the last number wants; asking every row at each change would take longer than
+// painting does.
+QSize RowHeader::sizeHint() const { return sectionSizeFromContents(count() - 1); }
 
 void RowHeader::paintSection(QPainter* painter, const QRect& rect, int row) const {
   const Theme& theme = ActiveTheme();
@@ -52,10 +48,11 @@ void RowHeader::paintSection(QPainter* painter, const QRect& rect, int row) cons
   const bool current = table != nullptr && table->currentIndex().row() == row;
   painter->save();
   painter->fillRect(rect, current ? theme.soft : theme.header);
-  if (model()->index(row, 0).data(kCriticalRole).toBool()) {
+  const int look = model()->headerData(row, Qt::Vertical, kLookRole).toInt();
+  if ((look & kCriticalLook) != 0) {
     painter->fillRect(QRect(rect.topLeft(), QSize(kBarWidth, rect.height())), theme.crit);
     DrawIcon(*painter, rect, "critical", theme.crit);
-  } else if (HasAlarm(*model(), row)) {
+  } else if ((look & kAlarmLook) != 0) {
     DrawIcon(*painter, rect, "exclamation", theme.warn);
   }
   painter->setFont(ThemeFont(kHintPoints, current));

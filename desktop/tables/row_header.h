@@ -12,6 +12,8 @@ class RowHeader : public QHeaderView {
  public:
   explicit RowHeader(QWidget* parent = nullptr);
 
+  [[nodiscard]] QSize sizeHint() const override;
+
  protected:
   void paintSection(QPainter* painter, const QRect& rect, int row) const override;
   [[nodiscard]] QSize sectionSizeFromContents(int row) const override;

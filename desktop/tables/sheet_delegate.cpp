@@ -2,6 +2,7 @@
 
 #include <QAbstractItemView>
 #include <QPainter>
+#include <cmath>
 
 #include "desktop/icons.h"
 #include "desktop/tables/cell_roles.h"
@@ -15,107 +16,137 @@ constexpr double kChipInset = 5;
 constexpr double kChipRadius = 4;
 constexpr int kPencil = 14;
 
-bool IsSelected(const QStyleOptionViewItem& option) {
-  return option.state.testFlag(QStyle::State_Selected);
-}
+// What a text may be wider than its place before it is cut.
+constexpr int kOverhang = 4;
+// Laid out texts that are kept; more than a sheet of 999 rows has of different ones.
+constexpr qsizetype kMostLaidOut = 4000;
 
-// The current cell keeps a thin frame while the keyboard is elsewhere in the window.
-bool IsCurrent(const QStyleOptionViewItem& option, const QModelIndex& index) {
-  const auto* view = qobject_cast<const QAbstractItemView*>(option.widget);
-  return view != nullptr && view->currentIndex() == index;
-}
-
-// The row of the current cell, in tables that show it.
-bool IsCurrentRow(const QStyleOptionViewItem& option, const QModelIndex& index) {
-  const auto* view = qobject_cast<const QAbstractItemView*>(option.widget);
-  return view != nullptr && view->currentIndex().row() == index.row() &&
-         view->property("tintsCurrentRow").toBool();
-}
-
-QColor GroundOf(const QStyleOptionViewItem& option, const QModelIndex& index) {
-  const Theme& theme = ActiveTheme();
-  if (IsSelected(option) || IsCurrentRow(option, index)) return theme.soft;
-  if (index.data(kCriticalRole).toBool()) return theme.critbg;
-  const bool odd = option.features.testFlag(QStyleOptionViewItem::Alternate);
-  return odd ? theme.zebra : theme.surface;
-}
+bool IsLook(int look, CellLook asked) { return (look & asked) != 0; }
 
 }  // namespace
 
 void SheetDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                           const QModelIndex& index) const {
   const Theme& theme = ActiveTheme();
-  QStyleOptionViewItem filled = option;
-  initStyleOption(&filled, index);
+  const auto* view = qobject_cast<const QAbstractItemView*>(option.widget);
+  const QModelIndex current = view == nullptr ? QModelIndex() : view->currentIndex();
+  const bool selected = option.state.testFlag(QStyle::State_Selected) ||
+                        (tints_current_row_ && current.row() == index.row());
+  const bool odd = option.features.testFlag(QStyleOptionViewItem::Alternate);
+  const Cell cell{option.rect,
+                  index.data(Qt::DisplayRole).toString(),
+                  Qt::Alignment(index.data(Qt::TextAlignmentRole).toInt()),
+                  option.font,
+                  index.data(kLookRole).toInt(),
+                  index.column()};
   painter->save();
-  painter->fillRect(option.rect, GroundOf(filled, index));
-  painter->setRenderHint(QPainter::Antialiasing);
-  DrawContent(*painter, filled, index);
-  painter->restore();
-
-  painter->save();
+  painter->fillRect(option.rect, selected                           ? theme.soft
+                                 : IsLook(cell.look, kCriticalLook) ? theme.critbg
+                                 : odd                              ? theme.zebra
+                                                                    : theme.surface);
+  DrawContent(*painter, cell, index);
   if (family_ends_.contains(index.column())) {
     // Beside the grid line, which the view draws over whatever lies there.
     const int x = option.rect.right();
     painter->setPen(theme.border);
     painter->drawLine(x, option.rect.top(), x, option.rect.bottom() + 1);
   }
-  if (IsCurrent(option, index)) {
-    const bool has_keys = option.widget->hasFocus();
-    painter->setPen(has_keys ? QPen(theme.primary, 2) : QPen(theme.border, 1));
+  // The current cell keeps a thin frame while the keyboard is elsewhere in the window.
+  if (current == index) {
+    painter->setPen(view->hasFocus() ? QPen(theme.primary, 2) : QPen(theme.border, 1));
+    painter->setBrush(Qt::NoBrush);
     painter->drawRect(QRectF(option.rect).adjusted(1, 1, -1, -1));
   }
   painter->restore();
 }
 
-void SheetDelegate::DrawContent(QPainter& painter, const QStyleOptionViewItem& option,
-                                const QModelIndex& index) const {
-  const Theme& theme = ActiveTheme();
-  const QRect inside = option.rect.adjusted(kSidePadding, 0, -kSidePadding, 0);
-  const bool strong = index.data(kStrongRole).toBool();
-  const bool critical_name = index.column() == 0 && index.data(kCriticalRole).toBool();
-  QFont font = option.font;
-  font.setBold(font.bold() || strong || critical_name);
-  painter.setFont(font);
-
-  QString value = option.text;
-  auto alignment = option.displayAlignment;
-  if (const qsizetype colon = value.indexOf(" : "); colon >= 0) {
-    painter.setPen(theme.ink3);
-    painter.drawText(inside, Qt::AlignLeft | Qt::AlignVCenter, value.left(colon).trimmed());
-    value = value.mid(colon + 3).trimmed();
-    alignment = Qt::AlignRight | Qt::AlignVCenter;
-  }
-  painter.setPen(theme.ink);
-  if (strong) painter.setPen(theme.primary);
-  if (index.data(kAlarmRole).toBool()) painter.setPen(theme.err);
-  if (index.data(kLockedRole).toBool()) painter.setPen(theme.ink3);
-  const QString elided = option.fontMetrics.elidedText(value, Qt::ElideRight, inside.width() + 4);
-  painter.drawText(inside, static_cast<int>(alignment), elided);
+void SheetDelegate::LaidOut::UseFont(const QFont& wanted) {
+  if (font == wanted && lines.size() <= kMostLaidOut) return;
+  font = wanted;
+  lines.clear();
 }
 
-void DiameterDelegate::DrawContent(QPainter& painter, const QStyleOptionViewItem& option,
+const SheetDelegate::Line& SheetDelegate::LaidOut::Of(const QString& text) {
+  Line& line = lines[text];
+  if (line.text.text().isEmpty()) {
+    line.text.setTextFormat(Qt::PlainText);
+    line.text.setText(text);
+    line.text.prepare({}, font);
+    line.size = {QFontMetricsF(font).horizontalAdvance(text), line.text.size().height()};
+  }
+  return line;
+}
+
+void SheetDelegate::DrawLine(QPainter& painter, const QRect& rect, Qt::Alignment alignment,
+                             const QString& text, LaidOut& laid_out) {
+  if (text.isEmpty()) return;
+  painter.setFont(laid_out.font);
+  const Line& line = laid_out.Of(text);
+  const QSizeF spare = rect.size() - line.size;
+  if (spare.width() < 0) {
+    const QString elided =
+        QFontMetrics(laid_out.font).elidedText(text, Qt::ElideRight, rect.width() + kOverhang);
+    painter.drawText(rect, static_cast<int>(alignment | Qt::AlignVCenter), elided);
+    return;
+  }
+  const double left = alignment.testFlag(Qt::AlignRight) ? spare.width() : 0;
+  // Onto whole pixels: the painter would take the one above.
+  const double pixels = painter.device()->devicePixelRatioF();
+  const double top = std::floor(spare.height() / 2 * pixels + 0.5) / pixels;
+  painter.drawStaticText(rect.topLeft() + QPointF(left, top), line.text);
+}
+
+void SheetDelegate::DrawContent(QPainter& painter, const Cell& cell,
+                                const QModelIndex& /*index*/) const {
+  const Theme& theme = ActiveTheme();
+  QFont bold_font = cell.font;
+  bold_font.setBold(true);
+  plain_.UseFont(cell.font);
+  bold_.UseFont(bold_font);
+  const QRect inside = cell.rect.adjusted(kSidePadding, 0, -kSidePadding, 0);
+  const bool strong = IsLook(cell.look, kStrongLook);
+  const bool bold = strong || (cell.column == 0 && IsLook(cell.look, kCriticalLook));
+  LaidOut& laid_out = bold ? bold_ : plain_;
+  QString value = cell.text;
+  Qt::Alignment alignment = cell.alignment;
+  if (const qsizetype colon = value.indexOf(" : "); colon >= 0) {
+    painter.setPen(theme.ink3);
+    DrawLine(painter, inside, Qt::AlignLeft, value.left(colon).trimmed(), laid_out);
+    value = value.mid(colon + 3).trimmed();
+    alignment = Qt::AlignRight;
+  }
+  painter.setPen(IsLook(cell.look, kLockedLook)  ? theme.ink3
+                 : IsLook(cell.look, kAlarmLook) ? theme.err
+                 : strong                        ? theme.primary
+                                                 : theme.ink);
+  DrawLine(painter, inside, alignment, value, laid_out);
+}
+
+void DiameterDelegate::DrawContent(QPainter& painter, const Cell& cell,
                                    const QModelIndex& index) const {
   const Theme& theme = ActiveTheme();
   const QVariant background = index.data(Qt::BackgroundRole);
   if (!background.isValid()) {
-    SheetDelegate::DrawContent(painter, option, index);
+    SheetDelegate::DrawContent(painter, cell, index);
     return;
   }
-  const bool imposed = index.data(kImposedRole).toBool();
+  const bool imposed = IsLook(cell.look, kImposedLook);
   const QColor text = imposed ? theme.onimposed : theme.oncalculated;
-  const QRectF chip = QRectF(option.rect).adjusted(kChipInset, 3.5, -kChipInset, -3.5);
+  const QRectF chip = QRectF(cell.rect).adjusted(kChipInset, 3.5, -kChipInset, -3.5);
+  painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(imposed ? QPen(text, 1) : QPen(Qt::NoPen));
   painter.setBrush(qvariant_cast<QBrush>(background));
   painter.drawRoundedRect(chip, kChipRadius, kChipRadius);
-  QFont font = option.font;
+  QFont font = cell.font;
   font.setBold(imposed);
   painter.setFont(font);
   painter.setPen(text);
-  painter.drawText(chip.adjusted(6, 0, -8, 0), Qt::AlignRight | Qt::AlignVCenter, option.text);
-  if (!imposed) return;
-  painter.drawPixmap(QPointF(chip.left() + 6, chip.center().y() - kPencil / 2.0),
-                     IconPixmap("edit", kPencil, painter.device()->devicePixelRatioF(), text));
+  painter.drawText(chip.adjusted(6, 0, -8, 0), Qt::AlignRight | Qt::AlignVCenter, cell.text);
+  if (imposed) {
+    painter.drawPixmap(QPointF(chip.left() + 6, chip.center().y() - kPencil / 2.0),
+                       IconPixmap("edit", kPencil, painter.device()->devicePixelRatioF(), text));
+  }
+  painter.setRenderHint(QPainter::Antialiasing, false);
 }
 
 }  // namespace kalvo

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QHash>
 #include <QList>
+#include <QStaticText>
 #include <QStyledItemDelegate>
 
 namespace kalvo {
@@ -8,7 +10,8 @@ namespace kalvo {
 /// Cells of a sheet: rows of the critical branch tinted with their name (column 0) in bold, the
 /// selection over the tint, a ring around the current cell, strong lines between families of
 /// columns. A text "label : value" has its label at the left in grey and its value at the right.
-/// Wants a model with the roles of cell_roles.h; sets no text itself.
+/// Wants a model with the roles of cell_roles.h, whose texts and alignments are all it takes beside
+/// them.
 class SheetDelegate : public QStyledItemDelegate {
   Q_OBJECT
 
@@ -17,20 +20,50 @@ class SheetDelegate : public QStyledItemDelegate {
 
   /// Columns after which a strong line closes a family of columns.
   void SetFamilyEnds(const QList<int>& columns) { family_ends_ = columns; }
+  /// The row of the current cell is tinted as the selection is.
+  void SetTintsCurrentRow(bool tints) { tints_current_row_ = tints; }
 
   void paint(QPainter* painter, const QStyleOptionViewItem& option,
              const QModelIndex& index) const override;
 
  protected:
-  /// Between ground and ring; the painter is saved and restored around it.
-  virtual void DrawContent(QPainter& painter, const QStyleOptionViewItem& option,
-                           const QModelIndex& index) const;
+  /// A cell as it is to be painted.
+  struct Cell {
+    QRect rect;
+    QString text;
+    Qt::Alignment alignment;
+    QFont font;  ///< of the table
+    int look = 0;
+    int column = 0;
+  };
+
+  /// Between ground and ring.
+  virtual void DrawContent(QPainter& painter, const Cell& cell, const QModelIndex& index) const;
 
  private:
+  struct Line {
+    QStaticText text;
+    QSizeF size;
+  };
+  // Texts laid out in one font: a sheet shows the same few again and again.
+  struct LaidOut {
+    QFont font;
+    QHash<QString, Line> lines;
+
+    void UseFont(const QFont& wanted);
+    const Line& Of(const QString& text);
+  };
+
+  static void DrawLine(QPainter& painter, const QRect& rect, Qt::Alignment alignment,
+                       const QString& text, LaidOut& laid_out);
+
   QList<int> family_ends_;
+  bool tints_current_row_ = false;
+  mutable LaidOut plain_;
+  mutable LaidOut bold_;
 };
 
-/// A diameter as a chip in the cell's BackgroundRole; with kImposedRole bold, with a dark edge and
+/// A diameter as a chip in the cell's BackgroundRole; with kImposedLook bold, with a dark edge and
 /// a pencil.
 class DiameterDelegate : public SheetDelegate {
   Q_OBJECT
@@ -39,8 +72,7 @@ class DiameterDelegate : public SheetDelegate {
   using SheetDelegate::SheetDelegate;
 
  protected:
-  void DrawContent(QPainter& painter, const QStyleOptionViewItem& option,
-                   const QModelIndex& index) const override;
+  void DrawContent(QPainter& painter, const Cell& cell, const QModelIndex& index) const override;
 };
 
 }  // namespace kalvo

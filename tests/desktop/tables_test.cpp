@@ -42,14 +42,16 @@ struct Sheet {
       const QStringList texts = {"ANT/1", "6,5", "1 1/4\"", "Παροχή : 430,0"};
       for (int column = 0; column < model.columnCount(); ++column) {
         model.setData(model.index(row, column), texts[column]);
-        model.setData(model.index(row, column), row == 1, kCriticalRole);
+        model.setData(model.index(row, column), row == 1 ? kCriticalLook : 0, kLookRole);
       }
       model.setData(model.index(row, 1), int{Qt::AlignRight | Qt::AlignVCenter},
                     Qt::TextAlignmentRole);
       const QColor color = row == 2 ? kLightTheme.imposed : kLightTheme.calculated;
       model.setData(model.index(row, 2), QBrush(color), Qt::BackgroundRole);
-      model.setData(model.index(row, 2), row == 2, kImposedRole);
+      if (row == 2) model.setData(model.index(row, 2), kImposedLook, kLookRole);
     }
+    model.setHeaderData(1, Qt::Vertical, 2);
+    model.setHeaderData(1, Qt::Vertical, kCriticalLook, kLookRole);
     table.setModel(&model);
     head = new StackedHeader(&table);
     table.setHorizontalHeader(head);
