@@ -24,7 +24,7 @@ Program::Program(const ProgramPlaces& places, Separators separators)
       fault_file_(disk_, clock_, places.state_folder),
       bench_(study_, workspace_, pipes_, prompter_, &fault_file_),
       windows_(InFolder(places.state_folder, "windows.ini")),
-      desk_{bench_, windows_, sound_, viewer_, clipboard_, separators} {
+      desk_{bench_, windows_, sound_, viewer_, clipboard_, printer_, separators} {
   desk_.program_folder = places.folder;
   desk_.state_folder = places.state_folder;
   desk_.screens.study_argument = places.study;

@@ -5,6 +5,7 @@
 
 #include "desktop/qt_clipboard.h"
 #include "desktop/qt_clock.h"
+#include "desktop/qt_printer.h"
 #include "desktop/qt_prompter.h"
 #include "desktop/qt_sound.h"
 #include "desktop/qt_viewer.h"
@@ -46,6 +47,7 @@ class Program {
   QtSound sound_;
   QtViewer viewer_;
   QtClipboard clipboard_;
+  QtPrinter printer_;
   QtPrompter prompter_;
   FaultFile fault_file_;
   Workbench bench_;

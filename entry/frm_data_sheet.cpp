@@ -53,6 +53,7 @@ FrmData_Sheet::FrmData_Sheet(Desk& shared_desk)
       Cmd_Save(*this, "Cmd_Save", "Save Spreadsheet", [this] { SaveSheet(); }, {Ctrl('S')}),
       Cmd_Retrieve(*this, "Cmd_Retrieve", "Retrieve Spreadsheet", [this] { RetrieveSheet(); },
                    {Ctrl('R')}),
+      Cmd_Print(*this, "Cmd_Print", "Print Spreadsheet", [this] { PrintSheet(); }, {Ctrl('P')}),
       Cmd_Headers(*this, "Cmd_Headers", " Επαναφορά Πλάτους Στηλών ",
                   [this] { fpSpread1.RestoreWidths(); }),
       Cmd_Help(*this, "Cmd_Help", "Βοήθεια πλήκτρων",
@@ -95,6 +96,7 @@ void FrmData_Sheet::MakeMenus() {
   menus = {{"&Φύλλο",
             {{"", "Save Spreadsheet", &Cmd_Save},
              {"", "Retrieve Spreadsheet", &Cmd_Retrieve},
+             {"", "Print Spreadsheet", &Cmd_Print},
              {},
              {"", "Επαναφορά Πλάτους Στηλών", &Cmd_Headers},
              {"", "Βοήθεια πλήκτρων", &Cmd_Help},
@@ -275,6 +277,10 @@ bool FrmData_Sheet::FirstKey(const Key& key) {
   }
   if (key.ctrl && key.shift && (key.latin == U'R' || key.latin == U'S')) {
     Run(key.latin == U'R' ? Cmd_Retrieve : Cmd_Save);
+    return true;
+  }
+  if (key.ctrl && key.shift && key.latin == U'P') {
+    Run(Cmd_Print);
     return true;
   }
   if (IsTeeKey(key)) return PressTee(key);

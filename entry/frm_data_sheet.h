@@ -46,6 +46,7 @@ class FrmData_Sheet : public Form, private TeeCounters {
   Command CmdPasteFromClpbrd;
   Command Cmd_Save;
   Command Cmd_Retrieve;
+  Command Cmd_Print;
   Command Cmd_Headers;
   Command Cmd_Help;
 
@@ -105,6 +106,7 @@ class FrmData_Sheet : public Form, private TeeCounters {
   void DropHighlight();
   void SaveSheet();
   void RetrieveSheet();
+  void PrintSheet();
 
   [[nodiscard]] SectionSitting::Pending PendingText() const;
   bool Told(const std::optional<SelfKeeping::Telling>& told);

@@ -14,6 +14,7 @@ std::vector<std::string> KeyLines() {
       "  ... < Ctrl+Ins > ---------> Παρεμβολή Σειράς (Row) ...",
       "  ... < Ctrl+S > -----------> Save Spreadsheet ...",
       "  ... < Ctrl+R > -----------> Retrieve Spreadsheet ...",
+      "  ... < Ctrl+P > -----------> Print Spreadsheet ...",
       "  ... < Ctrl+L > -----------> Select Text in Cell ...",
       "  ... < Ctrl+D > ----------> DeSelect Text in Cell ..."};
   for (const TeeCase& tee : TeeCases()) {

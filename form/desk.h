@@ -7,6 +7,7 @@
 
 #include "form/clipboard.h"
 #include "form/navigator.h"
+#include "form/printer.h"
 #include "form/questions.h"
 #include "form/sound.h"
 #include "form/viewer.h"
@@ -64,6 +65,7 @@ struct Desk {
   Sound& sound;
   Viewer& viewer;
   Clipboard& clipboard;
+  Printer& printer;
   Separators separators;
   Options options{};
   ScreenState screens{};

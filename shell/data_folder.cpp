@@ -1,5 +1,6 @@
 #include "shell/data_folder.h"
 
+#include "study/export_folder.h"
 #include "study/fixed_text.h"
 #include "study/letter_case.h"
 #include "study/path_text.h"
@@ -14,15 +15,6 @@ namespace fs = std::filesystem;
 fs::path FolderOf(std::string_view text) {
   fs::path path = PathFromText(std::string(text)).lexically_normal();
   return path.has_filename() ? path : path.parent_path();
-}
-
-// The folder of that name below `above`, made when none is there, whatever its case.
-Result<fs::path> MakeBelow(Disk& disk, const fs::path& above, std::string_view name) {
-  const auto there = FindIgnoringCase(disk, above, name);
-  if (!there) return there.error();
-  const fs::path path = above / there->value_or(std::string(name));
-  if (Outcome made = disk.MakeFolder(path); !made) return made.error();
-  return path;
 }
 
 Outcome Name(Workspace& workspace, const fs::path& folder) {
@@ -66,9 +58,9 @@ Result<fs::path> SetDataFolder(Workspace& workspace, std::string_view typed) {
   Disk& disk = workspace.outer_disk();
   const fs::path chosen = ShownDataFolder(FolderOf(Trim(typed)));
   if (Outcome made = disk.MakeFolder(chosen); !made) return made.error();
-  const auto studies = MakeBelow(disk, chosen, kStudiesFolder);
+  const auto studies = EnsureFolderBelow(disk, chosen, kStudiesFolder);
   if (!studies) return studies.error();
-  if (const auto exports = MakeBelow(disk, *studies, kExportFolder); !exports) {
+  if (const auto exports = EnsureExportFolder(disk, *studies); !exports) {
     return exports.error();
   }
   if (Outcome named = Name(workspace, *studies); !named) return named.error();

@@ -7,9 +7,8 @@
 
 namespace kalvo {
 
-/// Folder of the studies below the one that the user names, and of text output below that.
+/// Folder of the studies below the one that the user names; the export folder is below that.
 constexpr const char* kStudiesFolder = "PFILES";
-constexpr const char* kExportFolder = "ASCII";
 
 /// The folder that `~vamo.wpf` names, empty when it names none: the first line, trimmed, in UTF-8
 /// or the code page, with "/" or "\" between folders. Error: the file cannot be read.

@@ -21,6 +21,7 @@ constexpr int kYesNoCancel = 35;
 constexpr int kYesNo = 36;
 constexpr int kWarnYesNo = 52;
 constexpr int kStopDefaultNo = 276;
+constexpr int kWarnDefaultNo = 308;
 constexpr int kDefaultNo = 292;
 constexpr int kDefaultCancel = 547;
 }  // namespace box_style

@@ -13,10 +13,12 @@
 #include "bench/repeated.h"
 #include "desktop/greek_texts.h"
 #include "desktop/program.h"
+#include "desktop/qt_printer.h"
 #include "desktop/theme.h"
 #include "engine/calculation_command.h"
 #include "entry/frm_data_sheet.h"
 #include "entry/sheet_columns.h"
+#include "entry/sheet_pages.h"
 #include "shell/study_dialogs.h"
 #include "study/safety_copies.h"
 #include "study/study_extensions.h"
@@ -313,6 +315,26 @@ BENCHMARK_CAPTURE(RowInEntryOf999, remove_closed, SystemKind::kClosed, RowEnd::k
     ->Apply(RepeatFifty);
 BENCHMARK_CAPTURE(RowInEntryOf999, remove_open, SystemKind::kOpen, RowEnd::kTakenBack)
     ->Apply(RepeatFifty);
+
+// The sheet of sections in entry as a PDF, from its cells to the bytes of the file.
+void PdfOf999(benchmark::State& state) {
+  StudyOf999 open;
+  Session& session = open.session;
+  session.ShowEntry();
+  QtPrinter printer;
+  QElapsedTimer watch;
+  for (auto _ : state) {
+    watch.start();
+    const PrintedTable table =
+        SheetPages(session.Entry().fpSpread1, 999, session.desk().separators);
+    const auto pdf = printer.MakePdf(table, "Printing");
+    if (!pdf || !*pdf) throw std::runtime_error("no PDF was made");
+    Note(state, watch, 0);
+    state.counters["pages"] = static_cast<double>(table.pages.size());
+    state.counters["KiB"] = static_cast<double>((*pdf)->size()) / 1024;
+  }
+}
+BENCHMARK(PdfOf999)->Apply(RepeatTen);
 
 void ListOf3000Studies(benchmark::State& state) {
   const Home home;

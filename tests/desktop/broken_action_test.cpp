@@ -44,7 +44,8 @@ TEST(BrokenPainting, IsToldOnceUntilItSucceedsAndTheOtherPartsArePainted) {
   CountedFaults faults;
   PaintingUser user;
   Workbench bench(desk.test.study, desk.test.workspace, desk.test.pipes, user, &faults);
-  Desk watched{bench, desk.windows, desk.sound, desk.viewer, desk.clipboard, Separators{',', '.'}};
+  Desk watched{bench,          desk.windows, desk.sound,          desk.viewer,
+               desk.clipboard, desk.printer, Separators{',', '.'}};
   BreakableForm form(watched);
   QWidget window;
   QLabel flow(&window);
@@ -89,7 +90,8 @@ TEST(BrokenOpening, LeavesNoHalfOfAScreenBehind) {
   Workspace workspace(disk, TestBench::kProgramFolder, desk.test.outer_disk,
                       TestBench::kLibraryFolder, desk.test.clock);
   Workbench bench(desk.test.study, workspace, desk.test.pipes, desk.test.prompter);
-  Desk on_disk{bench, desk.windows, desk.sound, desk.viewer, desk.clipboard, Separators{',', '.'}};
+  Desk on_disk{bench,          desk.windows, desk.sound,          desk.viewer,
+               desk.clipboard, desk.printer, Separators{',', '.'}};
   desk.windows.SetDesk(on_disk);
   disk.broken = true;
   EXPECT_THROW(desk.windows.Show(screen::kMain), std::bad_alloc);

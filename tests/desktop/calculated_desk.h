@@ -26,8 +26,9 @@ struct CalculatedDesk {
   CountedSound sound;
   NotedViewer viewer;
   MemoryClipboard clipboard;
+  NotedPrinter printer;
   Windows windows{QString()};
-  Desk desk{study.bench, windows, sound, viewer, clipboard, Separators{',', '.'}};
+  Desk desk{study.bench, windows, sound, viewer, clipboard, printer, Separators{',', '.'}};
 
   /// In that size, whatever the screen's.
   QWidget& Open(std::string_view screen, QSize size) {

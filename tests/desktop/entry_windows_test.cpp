@@ -43,7 +43,7 @@ struct NetworkDesk : TestDesk {
     KeepPicture(*windows.WindowOf(screen), QStringLiteral("network-") + ToQt(screen));
   }
   Windows windows{QString()};
-  Desk shown{test.bench, windows, sound, viewer, clipboard, Separators{',', '.'}};
+  Desk shown{test.bench, windows, sound, viewer, clipboard, printer, Separators{',', '.'}};
 };
 
 TEST(GeneralDataWindow, OpensTheFieldOfThePlantWithItsOption) {

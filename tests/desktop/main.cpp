@@ -15,7 +15,9 @@ class RecordingTexts : public GreekTexts {
  public:
   [[nodiscard]] QString translate(const char* context, const char* source,
                                   const char* disambiguation, int n) const override {
-    const bool of_toolkit = context != nullptr && std::string_view(context).starts_with('Q');
+    // Names of papers, which are no words, stay as they are.
+    const bool of_toolkit = context != nullptr && std::string_view(context).starts_with('Q') &&
+                            std::string_view(context) != "QPageSize";
     if (of_toolkit && source != nullptr && Find(source) == nullptr) unknown.emplace(source);
     return GreekTexts::translate(context, source, disambiguation, n);
   }

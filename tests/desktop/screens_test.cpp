@@ -223,7 +223,8 @@ TEST(AllScreens, OneThatClosesItselfOutlivesTheActionThatTells) {
   CalculatedDesk desk(KALVO_SAMPLES_DIR "/hotel.PCK");
   ServedBox prompter;
   Workbench bench{desk.study.study, *desk.study.workspace, desk.study.pipes, prompter};
-  Desk told{bench, desk.windows, desk.sound, desk.viewer, desk.clipboard, Separators{',', '.'}};
+  Desk told{bench,          desk.windows, desk.sound,          desk.viewer,
+            desk.clipboard, desk.printer, Separators{',', '.'}};
   desk.windows.SetDesk(told);
   QWidget& sheet = desk.Open(screen::kResultsSheet, {1352, 904});
   ASSERT_TRUE(desk.study.workspace->Write(work_file::kRows, "odd").ok());

@@ -11,7 +11,7 @@ namespace kalvo {
 struct ShownDesk : TestDesk {
   ShownDesk() { windows.SetDesk(shown); }
   Windows windows{QString()};
-  Desk shown{test.bench, windows, sound, viewer, clipboard, Separators{',', '.'}};
+  Desk shown{test.bench, windows, sound, viewer, clipboard, printer, Separators{',', '.'}};
 
   template <typename Widget>
   Widget& Part(std::string_view screen, const char* name) {

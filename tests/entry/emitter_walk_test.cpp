@@ -111,7 +111,7 @@ class EmitterWalk : public TestDesk {
   Dice dice;
   ErraticUser erratic{dice};
   Workbench bench{test.study, test.workspace, test.pipes, erratic};
-  Desk desk{bench, navigator, sound, viewer, clipboard, Separators{',', '.'}};
+  Desk desk{bench, navigator, sound, viewer, clipboard, printer, Separators{',', '.'}};
 };
 
 bool SameValues(const SectionRow& a, const SectionRow& b) {

@@ -425,6 +425,7 @@ TEST(Sheet, AKillAtAnyStepOfItsEndLosesNeitherWordsNorEmitters) {
               sheet.user.sound,
               sheet.user.viewer,
               sheet.user.clipboard,
+              sheet.user.printer,
               Separators{',', '.'}};
     bool kept = false;
     try {
@@ -473,6 +474,7 @@ TEST(Sheet, ADiskThatFailsIsToldAndNothingIsLost) {
             sheet.user.sound,
             sheet.user.viewer,
             sheet.user.clipboard,
+            sheet.user.printer,
             Separators{',', '.'}};
   test.study.plant_section = 3;
   sheet.form = std::make_unique<FrmData_Sheet>(desk);

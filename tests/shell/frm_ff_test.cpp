@@ -68,8 +68,8 @@ TEST_F(DataFolderForm, AFolderThatCannotBeNamedIsToldAndNotTaken) {
   Workspace workspace(full, TestBench::kProgramFolder, disk, TestBench::kLibraryFolder,
                       desk.test.clock);
   Workbench bench(desk.test.study, workspace, desk.test.pipes, desk.test.prompter);
-  Desk on_full_disk{bench,       desk.navigator, desk.sound,
-                    desk.viewer, desk.clipboard, desk.desk.separators};
+  Desk on_full_disk{bench,          desk.navigator, desk.sound,          desk.viewer,
+                    desk.clipboard, desk.printer,   desk.desk.separators};
   FrmFF in_full(on_full_disk);
   in_full.Load();
   TypeInto(in_full, in_full.TxtFolder, "/home/user/new");

@@ -25,7 +25,7 @@ struct SafetyWindow : TestDesk, ::testing::Test {
                         TestBench::kLibraryFolder, clock);
     NoteOrigin(workspace, "/studies/" + std::string(title) + ".PCK");
     Workbench bench(test.study, workspace, test.pipes, test.prompter);
-    Desk at{bench, navigator, sound, viewer, clipboard, desk.separators};
+    Desk at{bench, navigator, sound, viewer, clipboard, printer, desk.separators};
     at.data_folder = desk.data_folder;
     ASSERT_TRUE(KeepSafetyCopyAnyway(at.bench, at.safety_folders()));
   }

@@ -53,7 +53,8 @@ struct Recovery : ::testing::Test {
   CountedSound sound;
   NotedViewer viewer;
   MemoryClipboard clipboard;
-  Desk desk{bench, navigator, sound, viewer, clipboard, Separators{',', '.'}};
+  NotedPrinter printer;
+  Desk desk{bench, navigator, sound, viewer, clipboard, printer, Separators{',', '.'}};
   std::string rows;
 };
 

@@ -106,7 +106,7 @@ TEST_F(Saving, AsksBeforeItReplacesAProtectedFile) {
   Workspace workspace(test.work_disk, TestBench::kProgramFolder, disk, TestBench::kLibraryFolder,
                       test.clock);
   Workbench bench(test.study, workspace, test.pipes, test.prompter);
-  Desk guarded{bench, navigator, sound, viewer, clipboard, desk.separators};
+  Desk guarded{bench, navigator, sound, viewer, clipboard, printer, desk.separators};
   for (const char* file : {"hotel.PCK", "hotel.LQD"}) {
     OpenAndChange("hotel.PCK");
     disk.protected_name = file;

@@ -98,7 +98,8 @@ struct SheetRecovery : ::testing::Test {
   CountedSound sound;
   NotedViewer viewer;
   MemoryClipboard clipboard;
-  Desk desk{bench, navigator, sound, viewer, clipboard, Separators{',', '.'}};
+  NotedPrinter printer;
+  Desk desk{bench, navigator, sound, viewer, clipboard, printer, Separators{',', '.'}};
   std::string left;  // the rows
   std::vector<std::string> offer;
   std::string moment;

@@ -104,7 +104,7 @@ TEST_F(StudyDialogs, AFailedSaveKeepsPathAndFlag) {
   Workspace workspace(test.work_disk, TestBench::kProgramFolder, full, TestBench::kLibraryFolder,
                       test.clock);
   Workbench bench(test.study, workspace, test.pipes, test.prompter);
-  Desk on_full_disk{bench, navigator, sound, viewer, clipboard, desk.separators};
+  Desk on_full_disk{bench, navigator, sound, viewer, clipboard, printer, desk.separators};
   navigator.Expect(screen::kFiles,
                    [&] { on_full_disk.questions.file = ChosenFile{kStudies / "n.PCK"}; });
   EXPECT_FALSE(SaveStudy(on_full_disk));
@@ -211,7 +211,8 @@ TEST(SafetyCopyBehindALink, ComesBackAsTheStudyItIsOfAndStays) {
                       with.test.clock);
   PipeList pipes = {{1, "0001.WPT", "", "STEEL", 10}};
   Workbench bench{with.test.study, workspace, pipes, with.test.prompter};
-  Desk desk{bench, with.navigator, with.sound, with.viewer, with.clipboard, Separators{',', '.'}};
+  Desk desk{bench,          with.navigator, with.sound,          with.viewer,
+            with.clipboard, with.printer,   Separators{',', '.'}};
   desk.data_folder = place.studies();
   const fs::path origin = place.studies() / "own.PCK";
   PutSampleStudy(bench, "Παλιά");

@@ -55,7 +55,7 @@ struct Unreadable : TestDesk {
   Workspace workspace{work, TestBench::kProgramFolder, outer, TestBench::kLibraryFolder,
                       test.clock};
   Workbench bench{test.study, workspace, test.pipes, test.prompter};
-  Desk there{bench, navigator, sound, viewer, clipboard, Separators{',', '.'}};
+  Desk there{bench, navigator, sound, viewer, clipboard, printer, Separators{',', '.'}};
 };
 
 // The bytes of `name`, wherever it is.

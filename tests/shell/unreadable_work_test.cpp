@@ -84,7 +84,8 @@ struct LeftBehind {
   CountedSound sound;
   NotedViewer viewer;
   MemoryClipboard clipboard;
-  Desk desk{bench, navigator, sound, viewer, clipboard, Separators{',', '.'}};
+  NotedPrinter printer;
+  Desk desk{bench, navigator, sound, viewer, clipboard, printer, Separators{',', '.'}};
   std::string rows;
 };
 
@@ -190,8 +191,8 @@ TEST(UnreadableWork, StaysWhereItIsWhenItCannotBeRenamedOrTheUserSaysNo) {
   left.failing.Mend();
   const FolderImage before = ImageOf(left.test.work_disk, kProgram);
   Workbench with_script{left.test.study, left.workspace, left.test.pipes, left.test.prompter};
-  Desk desk{with_script, left.navigator, left.sound,
-            left.viewer, left.clipboard, Separators{',', '.'}};
+  Desk desk{with_script,    left.navigator, left.sound,          left.viewer,
+            left.clipboard, left.printer,   Separators{',', '.'}};
   left.test.prompter.Expect(" !!... ΠΡΟΣΟΧΗ ...!! ", Answer::kNo);
   EXPECT_EQ(*SettleWorkFiles(desk), std::nullopt);
   EXPECT_EQ(left.test.prompter.boxes().back().style, box_style::kDefaultNo);
@@ -225,7 +226,8 @@ TEST(SafetyCopies, GoToTheStateFolderWhereTheirOwnCannotBeLookedInto) {
   ClosedCopies closed(left.test.outer_disk);
   Workspace workspace{left.work, kProgram, closed, TestBench::kLibraryFolder, left.test.clock};
   Workbench bench{left.test.study, workspace, left.test.pipes, left.user};
-  Desk desk{bench, left.navigator, left.sound, left.viewer, left.clipboard, Separators{',', '.'}};
+  Desk desk{bench,          left.navigator, left.sound,          left.viewer,
+            left.clipboard, left.printer,   Separators{',', '.'}};
   desk.data_folder = kStudies;
   desk.state_folder = "/state";
   EXPECT_TRUE(KeepSafetyCopyAnyway(bench, desk.safety_folders()));

@@ -30,6 +30,33 @@ class NotedViewer : public Viewer {
   std::vector<std::filesystem::path> files;
 };
 
+/// A printer that notes what it was to print. The test sets what its user chooses and what happens.
+class NotedPrinter : public Printer {
+ public:
+  PrinterChoice Choose(std::string_view /*name*/) override { return choice; }
+  Result<std::optional<std::string>> MakePdf(const PrintedTable& table,
+                                             std::string_view notice) override {
+    tables.push_back(table);
+    notices.emplace_back(notice);
+    if (cancels) return std::optional<std::string>();
+    return std::optional<std::string>("%PDF of " + table.name);
+  }
+  Result<bool> Print(const std::string& pdf, std::string_view /*name*/,
+                     std::string_view notice) override {
+    notices.emplace_back(notice);
+    if (refusal) return *refusal;
+    printed.push_back(pdf);
+    return true;
+  }
+
+  PrinterChoice choice;
+  bool cancels = false;  ///< while pages are made
+  std::optional<FileError> refusal;
+  std::vector<PrintedTable> tables;
+  std::vector<std::string> printed;
+  std::vector<std::string> notices;
+};
+
 /// Screens that are noted, not shown. A screen shown over others must be expected: the test says
 /// what its user does there.
 class NotedNavigator : public Navigator {
@@ -76,7 +103,8 @@ class TestDesk {
   CountedSound sound;
   NotedViewer viewer;
   MemoryClipboard clipboard;
-  Desk desk{test.bench, navigator, sound, viewer, clipboard, Separators{',', '.'}};
+  NotedPrinter printer;
+  Desk desk{test.bench, navigator, sound, viewer, clipboard, printer, Separators{',', '.'}};
 };
 
 /// The user types `text` into a field: the focus goes there, the old text is overwritten, each

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QPageLayout>
+#include <memory>
+
+#include "form/printer.h"
+
+class QPrinter;
+
+namespace kalvo {
+
+/// The desktop's printers, with the dialogue of Qt.
+class QtPrinter : public Printer {
+ public:
+  QtPrinter();
+  ~QtPrinter() override;
+
+  PrinterChoice Choose(std::string_view name) override;
+  Result<std::optional<std::string>> MakePdf(const PrintedTable& table,
+                                             std::string_view notice) override;
+  Result<bool> Print(const std::string& pdf, std::string_view name,
+                     std::string_view notice) override;
+
+ private:
+  std::unique_ptr<QPrinter> printer_;  ///< as set last; made when it is first asked for
+  QPageLayout paper_;
+};
+
+}  // namespace kalvo

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "form/printed_table.h"
+#include "study/result.h"
+
+namespace kalvo {
+
+/// What the user chose to print on.
+struct PrinterChoice {
+  enum class Kind {
+    kPrinter,
+    kFile,  ///< a PDF, not a printer
+    kCancelled,
+    kNoPrinter  ///< nothing could be chosen: there are no printers, or nobody who serves them
+  };
+  Kind kind = Kind::kNoPrinter;
+  std::filesystem::path file;  ///< of kFile; the user agrees that it is replaced
+};
+
+/// The printers of the desktop, and tables as PDF.
+class Printer {
+ public:
+  virtual ~Printer() = default;
+
+  /// Has the user choose in the desktop's dialogue.
+  virtual PrinterChoice Choose(std::string_view name) = 0;
+  /// The table as a PDF for the paper chosen, A4 across otherwise. `notice` is shown meanwhile with
+  /// a button that cancels; nothing: it was cancelled. Error: a page cannot be painted.
+  virtual Result<std::optional<std::string>> MakePdf(const PrintedTable& table,
+                                                     std::string_view notice) = 0;
+  /// Hands a PDF to the printer chosen, `notice` as above; false: it was cancelled. Error: the
+  /// printer does not take it.
+  virtual Result<bool> Print(const std::string& pdf, std::string_view name,
+                             std::string_view notice) = 0;
+};
+
+}  // namespace kalvo
