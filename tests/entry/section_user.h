@@ -105,7 +105,8 @@ class SectionUser {
   Workspace workspace{disk, TestBench::kProgramFolder, user.test.outer_disk,
                       TestBench::kLibraryFolder, user.test.clock};
   Workbench bench{user.test.study, workspace, user.test.pipes, prompter};
-  Desk desk{bench, user.navigator, user.sound, user.viewer, user.clipboard, Separators{',', '.'}};
+  Desk desk{bench,          user.navigator, user.sound,          user.viewer,
+            user.clipboard, user.printer,   Separators{',', '.'}};
   std::unique_ptr<FrmData> form;
   std::unique_ptr<FrmData_Sheet> sheet;
 
