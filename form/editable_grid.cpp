@@ -88,6 +88,7 @@ void EditableGrid::TakeSelection(std::vector<GridBlock> blocks, GridPlace curren
   if (blocks.empty()) {
     blocks = {{current_place.row, current_place.column, current_place.row, current_place.column}};
   }
+  if (form_.focus() == &editor && !editing_) form_.Focus(*this);
   SetCurrent(current_place);
   const auto holds = [this](const GridBlock& block) { return block.Contains(current()); };
   const auto active = std::ranges::find_if(blocks, holds);
@@ -159,6 +160,7 @@ bool EditableGrid::Accept() {
   if (!editor.edited() && !replaced_) return true;
   if (!on_accept || on_accept(current(), editor.text)) return true;
   editing_ = editor.visible = true;
+  form_.Focus(editor);  // a box may have taken the keys
   return false;
 }
 

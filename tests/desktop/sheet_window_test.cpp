@@ -70,6 +70,23 @@ TEST_F(SheetWindow, ACellIsTypedIntoOverItsPlaceAndClosesWithTheKeysBackOnTheTab
   EXPECT_EQ(Cell(1, 3), QStringLiteral("1,25")) << "the caret is where Home put it";
 }
 
+TEST_F(SheetWindow, ARefusedNumberDoesNotLoseTheKeys) {
+  test.prompter.before_box = [this] { windows.PaintAll(); };
+  ClickCell(1, 6);
+  Type(QStringLiteral("9"));
+  Type(QStringLiteral("9999"));
+  Key(Qt::Key_Return);
+  EXPECT_EQ(window->focusWidget(), &Editor());
+  Type(QStringLiteral("99998"));
+  ClickCell(0, 4);
+  EXPECT_EQ(test.prompter.codes(), (std::vector{200, 200}));
+  EXPECT_FALSE(Editor().isVisible());
+  EXPECT_EQ(window->focusWidget(), &Table());
+  Type(QStringLiteral("7"));
+  Key(Qt::Key_Return);
+  EXPECT_EQ(Cell(0, 4), QStringLiteral("7"));
+}
+
 TEST_F(SheetWindow, TheMouseSelectsAcceptsAndReachesCommandsWithAnOpenEditor) {
   ClickCell(0, 4);
   Type(QStringLiteral("8"));

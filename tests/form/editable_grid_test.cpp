@@ -74,6 +74,19 @@ TEST_F(GridEditing, TypingReplacesF2EditsAndEscGivesUp) {
   EXPECT_EQ(At(0, 0), "");
 }
 
+TEST_F(GridEditing, ARefusedTextGetsTheKeysBackAndAnAcceptedOneGivesThemToTheGrid) {
+  Press({Plain(KeyCode::kRight), Plain(KeyCode::kRight)});
+  Type("99");
+  const int moves = form.focus_moves();
+  Press({Plain(KeyCode::kEnter)});
+  EXPECT_GT(form.focus_moves(), moves) << "a box may have taken them";
+  EXPECT_EQ(form.focus(), &form.grid.editor);
+  Type("8");
+  ASSERT_TRUE(form.grid.Accept());
+  form.grid.TakeSelection({{1, 0, 1, 0}}, {1, 0});
+  EXPECT_EQ(form.focus(), &form.grid);
+}
+
 TEST_F(GridEditing, AColumnTakesItsOwnCharactersAndARefusalIsHeard) {
   Press({Plain(KeyCode::kRight)});
   Type("1.234");

@@ -37,6 +37,7 @@ void ScriptedPrompter::Expect(const std::string& box_title, Answer answer) {
 
 Answer ScriptedPrompter::ShowMessage(int code, const Study& /*study*/) {
   codes_.push_back(code);
+  if (before_box) before_box();
   if (AsksByCode(code)) {
     return TakeAnswer(NameOf(code));
   }
@@ -45,6 +46,7 @@ Answer ScriptedPrompter::ShowMessage(int code, const Study& /*study*/) {
 
 Answer ScriptedPrompter::Ask(const Box& box) {
   boxes_.push_back(box);
+  if (before_box) before_box();
   return StyleAsks(box.style) ? TakeAnswer(NameOf(box.title)) : Answer::kNone;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -21,6 +22,9 @@ class ScriptedPrompter : public Prompter {
   ScriptedPrompter(const ScriptedPrompter&) = delete;
   ScriptedPrompter& operator=(const ScriptedPrompter&) = delete;
   ~ScriptedPrompter() override;
+
+  /// Happens when a message or box comes up, as the painting of the windows does.
+  std::function<void()> before_box;
 
   void Expect(int code, Answer answer);
   void Expect(const std::string& box_title, Answer answer);
