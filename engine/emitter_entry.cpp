@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <set>
 
+#include "engine/flow_report.h"
 #include "study/tables.h"
 
 namespace kalvo {
@@ -18,6 +19,17 @@ bool SameEmitter(const SectionRow& a, const SectionRow& b) {
 void MarkChanged(Study& study) {
   study.unsaved_changes = true;
   study.results_valid = false;
+}
+
+// The flows of `rows` are what a calculation of `filled` sums.
+bool HaveSums(const RowTable& rows, const RowTable& filled, Study study) {
+  RefreshSectionTable(study, filled.rows());
+  RefreshEmitterTable(study, RowsWithEmitter(filled.rows()));
+  return SumSectionFlows(study) &&
+         std::ranges::equal(rows.rows(), study.SectionTable,
+                            [](const SectionRow& row, const SectionLine& line) {
+                              return row.WaterFlow == ToSingle(line.flow_lh.value_or(0));
+                            });
 }
 
 }  // namespace
@@ -130,12 +142,14 @@ void EmitterEntry::CopyIntoRows(RowTable& rows) const {
   }
 }
 
-// In a calculated study the flow of a row may be a sum.
+// In a calculated study the flow of a row may be a sum; where the emitters are unchecked, of others
+// than those of the list.
 bool EmitterEntry::RowsKnowList(const RowTable& rows) const {
   const Study& study = bench_.study;
-  const bool sums = study.results_valid && !study.emitters_unchecked;
   RowTable filled = rows;
   CopyIntoRows(filled);
+  const bool sums =
+      study.results_valid && (!study.emitters_unchecked || HaveSums(rows, filled, study));
   return std::ranges::equal(
       rows.rows(), filled.rows(), [sums](const SectionRow& before, const SectionRow& after) {
         const bool same_flow = sums || !after.HasEmitter() || before.WaterFlow == after.WaterFlow;

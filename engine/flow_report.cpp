@@ -167,6 +167,10 @@ bool WriteSectionFlows(Workbench& bench) {
   return summed;
 }
 
+bool SumSectionFlows(Study& study) {
+  return BeginSum(study) && Sum(study, study.EmitterTable, nullptr);
+}
+
 bool SumWinterFlows(Study& study) {
   return BeginSum(study) && Sum(study, study.WinterEmitterTable, nullptr);
 }

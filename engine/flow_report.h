@@ -10,6 +10,9 @@ namespace kalvo {
 /// far as the walk did. Faults: kFile when it cannot be written.
 bool WriteSectionFlows(Workbench& bench);
 
+/// The same sum without a report.
+bool SumSectionFlows(Study& study);
+
 /// The same sum of the emitters in `WinterEmitterTable`, without a report.
 bool SumWinterFlows(Study& study);
 

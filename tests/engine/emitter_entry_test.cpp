@@ -111,6 +111,31 @@ TEST(EmitterEntry, BrokenOffItLeavesTheRowsAndIsUnchecked) {
   EXPECT_FALSE(bench.study.results_valid || bench.study.emitters_unchecked);
 }
 
+// An emitter in a section that others follow: its row has a sum.
+TEST(EmitterEntry, BrokenOffWithoutAChangeItsNextEndVoidsNothing) {
+  TestBench bench;
+  bench.PutNetwork(
+      {"ANT/1 10m", "1/2 5m soma 300 l/h 500mm", "2/3 5m soma 200 l/h 400mm", "3/ANT 6m"});
+  ASSERT_EQ(Calculate(bench.bench, Method::kFlowOnly), CommandEnd::kCalculated);
+  ASSERT_EQ(bench.Row(2).WaterFlow, 500.0F);
+  bench.study.results_valid = true;
+  bench.study.unsaved_changes = false;
+  const std::string rows = bench.Bytes();
+  EmitterEntry(bench.bench).LeaveUnchecked();
+  EmitterEntry(bench.bench).End();
+  EXPECT_EQ(bench.Bytes(), rows);
+  EXPECT_TRUE(bench.study.results_valid);
+  EXPECT_FALSE(bench.study.unsaved_changes || bench.study.emitters_unchecked);
+  // As after a kill: the file knows another flow than the rows.
+  auto records = bench.Rows(work_file::kEmitters);
+  records[1].WaterFlow = 150;
+  ASSERT_TRUE(bench.workspace.Rows(work_file::kEmitters).WriteAll(records).ok());
+  bench.study.emitters_unchecked = true;
+  EmitterEntry(bench.bench).End();
+  EXPECT_EQ(bench.Row(3).WaterFlow, 150.0F);
+  EXPECT_FALSE(bench.study.results_valid);
+}
+
 TEST(EmitterEntry, KnowsWhichEmittersHaveLostTheirSection) {
   TestBench bench;
   bench.PutNetwork(kTwoLoops);
