@@ -87,6 +87,16 @@ std::vector<int> FindOutlets(const Rows& rows) {
   return outlets;
 }
 
+Rows FormerOutlets(const Workspace& workspace) {
+  const RowTable rows = ReadRows(workspace);
+  const std::vector<int> outlets = FindOutlets(rows.rows());
+  Rows former = RowsWithEmitter(rows.rows());
+  std::erase_if(former, [&outlets](const SectionRow& row) {
+    return std::ranges::find(outlets, row.RecordNumber) != outlets.end();
+  });
+  return former;
+}
+
 Rows ListOutlets(Workbench& bench) {
   const RowTable store = ReadRows(bench.workspace);
   const Rows before = ReadOutlets(bench.workspace);

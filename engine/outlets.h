@@ -23,6 +23,10 @@ double FeederNumber(const FixedText<7>& name);
 /// counts for no row.
 std::vector<int> FindOutlets(const std::vector<SectionRow>& rows);
 
+/// Rows that have the flow pressure of an outlet and feed others now: EndOutlets() takes it away.
+/// Faults: kFile.
+std::vector<SectionRow> FormerOutlets(const Workspace& workspace);
+
 /// Lists the outlets found, each with the values that its row has, else with those that
 /// `SOMATA.TMP` knew for its name (none for a row that was no outlet yet), writes that file where
 /// it says otherwise, and sets `EmitterCount`. A first list of a single outlet marks the study

@@ -57,6 +57,7 @@ FrmYpodo::FrmYpodo(Desk& shared_desk)
 void FrmYpodo::Load() {
   outlets_ = ListOutlets(bench);
   opened_ = outlets_;
+  former_ = FormerOutlets(bench.workspace);
   ShowOutlet(1);
 }
 
@@ -214,8 +215,28 @@ void FrmYpodo::TellWithoutValues() {
              box_style::kExclamation});
 }
 
+bool FrmYpodo::MayTakeFormer() {
+  if (former_.empty()) return true;
+  Box box{"...! Π Ρ Ο Σ Ο Χ Η !...",
+          {"... Τμήματα που τροφοδοτούν πλέον άλλα, και ΔΕΝ είναι Υποδοχείς ..."},
+          box_style::kDefaultNo};
+  for (std::size_t i = 0; i < std::min(former_.size(), kToldOutlets); ++i) {
+    const SectionRow& row = former_[i];
+    box.lines.push_back("Τμήμα " + std::to_string(row.RecordNumber) + " ( " +
+                        FromCodePage(row.Name.Trimmed()) + " ) : Παροχή " +
+                        FormatNumber(row.WaterFlow, desk.separators) + " Lit/h, Πίεση Ροής " +
+                        FormatNumber(row.SomaDrop, desk.separators) + " m w.g.");
+  }
+  if (former_.size() > kToldOutlets) {
+    box.lines.push_back("... και άλλα " + std::to_string(former_.size() - kToldOutlets));
+  }
+  box.lines.emplace_back("... Οι τιμές τους θα διαγραφούν. Να τελειώσει η καταχώρηση ; ...");
+  box.lines.emplace_back("(Όχι : μένουν στα Τμήματα, και η φόρμα κλείνει με Alt+Shift)");
+  return bench.Ask(box) == Answer::kYes;
+}
+
 void FrmYpodo::End() {
-  if (!StoreIfAny()) return;
+  if (!StoreIfAny() || !MayTakeFormer()) return;
   const bool ended = TellIfFaulted(bench, [this] {
     const WaitShown wait(desk.navigator, kEmitterWait);
     EndOutlets(bench, opened_);

@@ -58,6 +58,8 @@ class FrmYpodo : public Form {
   bool StoreIfAny() { return IsPastLast() || IsEmpty() || Store(); }
   void Next();
   void Fill();
+  /// Sections that are no outlets any more lose their values: false where the user says no.
+  bool MayTakeFormer();
   void TellWithoutValues();
   void End();
   void EndOrAsk();
@@ -65,6 +67,7 @@ class FrmYpodo : public Form {
 
   std::vector<SectionRow> opened_;   ///< the outlets as the form found them
   std::vector<SectionRow> outlets_;  ///< as they are now
+  std::vector<SectionRow> former_;   ///< sections that were outlets
   int current_ = 1;                  ///< the outlet in hand; one past the last: none
   std::array<Field*, 3> fields_ = {&Text3, &Text4, &Text5};
   std::array<Field*, 2> needed_ = {&Text3, &Text4};

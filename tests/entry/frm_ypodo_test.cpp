@@ -127,6 +127,24 @@ TEST_F(OutletForm, AsksBeforeItLeavesAnUnfinishedOutlet) {
   EXPECT_TRUE(HasEnded());
 }
 
+TEST_F(OutletForm, AsksBeforeASectionThatFeedsOthersNowLosesItsValues) {
+  Put({"1/ANT 5m", "2/1 5m outlet 300 l/h 5mwg", "3/2 5m", "4/1 5m outlet 200 l/h 8mwg"});
+  Open();
+  EXPECT_EQ(Fields(), "3|3/2|||");
+  TypeOutlet("250", "6", "1");
+  test.prompter.Expect("...! Π Ρ Ο Σ Ο Χ Η !...", Answer::kNo);
+  Click(form, form.SSCmdBack);
+  const Box& asked = test.prompter.boxes().back();
+  EXPECT_EQ(asked.lines.at(1), "Τμήμα 2 ( 2/1 ) : Παροχή 300 Lit/h, Πίεση Ροής 5 m w.g.");
+  EXPECT_EQ(asked.style, box_style::kDefaultNo);
+  EXPECT_TRUE(navigator.log.empty());
+  EXPECT_EQ(test.Row(2).SomaDrop, 5.0F);
+  test.prompter.Expect("...! Π Ρ Ο Σ Ο Χ Η !...", Answer::kYes);
+  Click(form, form.SSCmdBack);
+  EXPECT_TRUE(HasEnded());
+  EXPECT_EQ(test.Column(&SectionRow::SomaDrop), (std::vector<float>{0, 0, 6, 8}));
+}
+
 TEST_F(OutletForm, FillsThreeFieldsFromMemory) {
   Open();
   desk.screens.outlet_memory = {400, kNoMemory, 7.5F};
