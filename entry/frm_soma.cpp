@@ -337,6 +337,14 @@ bool FrmSoma::MayClose() {
   return false;
 }
 
+// A block that is copied is meant for the list, not for the field.
+bool FrmSoma::FirstKey(const Key& key) {
+  const bool block = key == Ctrl('V') && focus() == &Text1 &&
+                     desk.clipboard.Text().find_first_of("\t\r\n") != std::string::npos;
+  if (block) Run(CmdPaste);
+  return block;
+}
+
 bool FrmSoma::OtherKey(const Key& key) {
   if (key == Ctrl('V') && focus() == &LstSoma) {
     Run(CmdPaste);

@@ -18,6 +18,7 @@ class FrmSoma : public Form {
 
   void Load() override;
   bool MayClose() override;
+  bool FirstKey(const Key& key) override;
   bool OtherKey(const Key& key) override;
   void Derive() override;
 
@@ -50,6 +51,10 @@ class FrmSoma : public Form {
   void ShowRecord(int emitter);
   /// The section of the emitter in hand is gone, and it was not given another one yet.
   [[nodiscard]] bool HasLostSection() const;
+  /// The same, and its values are those that it had.
+  [[nodiscard]] bool IsUntouchedLost() const {
+    return HasLostSection() && Values() == entry_->At(current_);
+  }
   void ShowName();
   void ShowList();
   void ShowListRow(int emitter);
@@ -63,7 +68,7 @@ class FrmSoma : public Form {
   /// Stores the record in hand; false: it is refused, and its field has the focus.
   bool Store();
   /// The same where there is something to be stored.
-  bool StoreIfAny() { return IsEmpty() || Store(); }
+  bool StoreIfAny() { return IsEmpty() || IsUntouchedLost() || Store(); }
   void Next();
   void Correct(int emitter);
   void Remove();

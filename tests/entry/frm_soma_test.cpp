@@ -305,6 +305,31 @@ TEST_F(EmitterForm, AnEmitterWhoseSectionIsGoneMustBeSettled) {
   EXPECT_EQ(test.Row(3).SomaDrop, 0.0F);
 }
 
+TEST_F(EmitterForm, AnUntouchedEmitterWithoutASectionBarsNothing) {
+  auto records = test.Rows(work_file::kEmitters);
+  records[0].RecordNumber = 0;
+  ASSERT_TRUE(test.workspace.Rows(work_file::kEmitters).WriteAll(records).ok());
+  Open();
+  form.LstSoma.MoveTo({1, 0});
+  form.LstSoma.on_activate();
+  EXPECT_EQ(Fields(), "3|1/3|200|400");
+  form.LstSoma.MoveTo({0, 0});
+  form.LstSoma.on_activate();
+  TypeInto(form, form.Text4, "450");
+  form.LstSoma.MoveTo({1, 0});
+  form.LstSoma.on_activate();
+  EXPECT_EQ(Fields(), "1/2|300|450") << "what was typed is not given up";
+}
+
+TEST_F(EmitterForm, ABlockPastedIntoTheSectionGoesIntoTheList) {
+  OpenNew();
+  desk.clipboard.SetText("2");
+  EXPECT_FALSE(form.Press(Ctrl('V'))) << "the field's own";
+  desk.clipboard.SetText("2\t300\t500\n3\t200\t400\n");
+  EXPECT_TRUE(form.Press(Ctrl('V')));
+  EXPECT_EQ(Sections(), (std::vector{2, 3}));
+}
+
 TEST_F(EmitterForm, FillsFromMemoryInEditModeOnly) {
   Open();
   TypeInto(form, form.Text3, "1");
