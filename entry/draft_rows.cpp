@@ -299,12 +299,10 @@ Outcome FindEmitters(Workbench& bench, const Rows& rows) {
 
 Outcome PutDraftRows(Workbench& bench, const DraftRows& made, const DraftBase& base,
                      const Rows& before) {
-  if (Outcome written = WriteRows(bench.workspace, made.rows); !written) return written;
-  if (Outcome settled = SettleDraftRows(bench, made, base); !settled) {
-    static_cast<void>(WriteRows(bench.workspace, before));  // as far as the disk lets
-    return settled;
-  }
-  return Done{};
+  Outcome put = WriteRows(bench.workspace, made.rows);
+  if (put) put = SettleDraftRows(bench, made, base);
+  if (!put) static_cast<void>(WriteRows(bench.workspace, before));  // as far as the disk lets
+  return put;
 }
 
 Outcome SettleDraftRows(Workbench& bench, const DraftRows& made, const DraftBase& base) {

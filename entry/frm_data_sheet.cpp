@@ -19,7 +19,7 @@ Box KeptSheetBox() {
   return {"Φύλλο Τμημάτων",
           {"Υπάρχει φύλλο με στοιχεία που δεν πέρασαν ακόμη στην Μελέτη.",
            "Να συνεχίσει η καταχώρηση από αυτό ?? (Όχι : από τα Τμήματα της Μελέτης)"},
-          box_style::kYesNo};
+          box_style::kYesNoCancel};
 }
 
 Box BrokenSheetBox() {
@@ -43,9 +43,8 @@ FrmData_Sheet::FrmData_Sheet(Desk& shared_desk)
       CmdSame(*this, "CmdSame", "Ίδιο με το τμήμα ...", [this] { OpenSame(); }),
       Cmd_ANT1(*this, "Cmd_ANT1", "ANT στον αρχικό κόμβο",
                [this] { SetSource(sheet_column::kLeft); }),
-      Cmd_ANT2(*this, "Cmd_ANT2", "ANT στον τελικό κόμβο",
-               [this] { SetSource(sheet_column::kRight); }),
-      Cmd_DelANT(*this, "Cmd_DelANT", "Αναίρεση ANT", [this] { DeleteSource(); }),
+      Cmd_ANT2(*this, "Cmd_ANT2", "", [this] { SetSource(sheet_column::kRight); }),
+      Cmd_DelANT(*this, "Cmd_DelANT", "", [this] { DeleteSource(); }),
       Cmd_Tau(*this, "Cmd_Tau", "Ταυ και σταυροί", [this] { OpenTees(); }),
       CmdCopyToClpbrd(*this, "CmdCopyToClpbrd", "Αντιγραφή", [this] { CopyCells(); }, {Ctrl('C')}),
       CmdPasteFromClpbrd(*this, "CmdPasteFromClpbrd", "Επικόλληση", [this] { PasteCells(); },
@@ -56,8 +55,8 @@ FrmData_Sheet::FrmData_Sheet(Desk& shared_desk)
       Cmd_Print(*this, "Cmd_Print", "Print Spreadsheet", [this] { PrintSheet(); }, {Ctrl('P')}),
       Cmd_Headers(*this, "Cmd_Headers", " Επαναφορά Πλάτους Στηλών ",
                   [this] { fpSpread1.RestoreWidths(); }),
-      Cmd_Help(*this, "Cmd_Help", "Βοήθεια πλήκτρων",
-               [this] { desk.navigator.ShowModal(screen::kSheetHelp); }, {Plain(KeyCode::kF1)}),
+      Cmd_Help(*this, "Cmd_Help", "Βοήθεια πλήκτρων", [this] { ShowHelp(); },
+               {Plain(KeyCode::kF1)}),
       CmdShift_F12(*this, "CmdShift_F12", "Προβολή Τμήμα-Τμήμα", [this] { SwitchToForm(); },
                    {Shift(KeyCode::kF12), kCtrlAltShift}),
       Cmd_Exit(*this, "Cmd_Exit", "Τέλος Καταχώρησης Τμημάτων", [this] { EndEntry(); },
@@ -121,8 +120,8 @@ void FrmData_Sheet::MakeMenus() {
              {"", "Ίδιο με το τμήμα ...", &CmdSame},
              {},
              {"", "ANT στον αρχικό κόμβο", &Cmd_ANT1},
-             {"", "ANT στον τελικό κόμβο", &Cmd_ANT2},
-             {"", "Αναίρεση ANT", &Cmd_DelANT},
+             {"Mnu_ANT2", "", &Cmd_ANT2},
+             {"Mnu_DelANT", "", &Cmd_DelANT},
              {},
              {"", "Ταυ και σταυροί", &Cmd_Tau}}}};
   popup = {"", menus[1].entries};
@@ -133,6 +132,8 @@ void FrmData_Sheet::Load() {
   LblSystem.text = open ? "ΑΝΟΙΚΤΟ ΣΥΣΤΗΜΑ ΣΩΛΗΝΩΝ" : "ΚΛΕΙΣΤΟ ΣΥΣΤΗΜΑ ΣΩΛΗΝΩΝ";
   title = "ΔΕΔΟΜΕΝΑ ΤΜΗΜΑΤΩΝ ΣΩΛΗΝΩΝ - " + LblSystem.text;
   Cmd_ANT1.visible = !open;
+  Cmd_ANT2.caption = open ? "ANT ως τμήμα-τροφοδότης" : "ANT στον τελικό κόμβο";
+  Cmd_DelANT.caption = open ? "Αναίρεση τροφοδότη" : "Αναίρεση ANT";
   const bool back = std::exchange(desk.screens.back_to_sheet, false) || goes_on_;
   const int row = back ? std::max<int>(bench.study.CurrentRow - 1, 0) : 0;
   begun_ = goes_on_ || BeginSitting();
@@ -201,7 +202,7 @@ void FrmData_Sheet::Derive() {
   LblCount.text = std::to_string(count) + (count == 1 ? " τμήμα" : " τμήματα");
   LblCurrent.text = SectionText();
   const SheetColumn& column = SheetColumns()[static_cast<std::size_t>(at.column)];
-  LblPrompt.text = column.prompt;
+  LblPrompt.text = column.Prompt(draft.kind());
   const RowRemarks remarks = RemarksOf(draft, at.row);
   LblRemarks.text = remarks.text;
   LblRemarks.tone = remarks.fault ? Tone::kAlarm : Tone::kQuiet;
@@ -218,8 +219,19 @@ void FrmData_Sheet::Derive() {
   Cmd_Redo.caption = "Επανάληψη" + (history.CanRedo() ? " : " + history.ToRedo().name : "");
 }
 
+// Nothing is kept while another screen is up.
+void FrmData_Sheet::ShowHelp() {
+  KeepNow();
+  desk.navigator.ShowModal(screen::kSheetHelp);
+}
+
 bool FrmData_Sheet::AcceptCell(GridPlace place, const std::string& text) {
   const auto accepted = AcceptedText(text, place.column, desk.separators);
+  if (!accepted && IsNameColumn(place.column)) {
+    Tell("Εδώ γράφονται μόνο αριθμοί, ή ANT", Tone::kAlarm);
+    desk.sound.Beep();
+    return false;
+  }
   if (!accepted) {
     bench.Show(message::kNumberTooLarge);
     fpSpread1.editor.Show("");

@@ -76,6 +76,7 @@ class FrmData_Sheet : public Form, private TeeCounters {
   void Follow(std::optional<GridPlace> at = std::nullopt);
   void Tell(std::string what, Tone tone = Tone::kPlain);
 
+  void ShowHelp();
   bool AcceptCell(GridPlace place, const std::string& text);
   bool IsTeeKey(const Key& key) const;
   bool PressSource(const Key& key);
@@ -112,7 +113,10 @@ class FrmData_Sheet : public Form, private TeeCounters {
   bool Told(const std::optional<SelfKeeping::Telling>& told);
   bool KeepNow();
 
-  void EndEntry();
+  /// What became of the command to end; kFailed: the rows could not be written.
+  enum class End { kLeft, kStays, kFailed };
+  End EndEntry();
+  void LeaveKept(const std::string& why);
   bool IsComplete();
   bool MayEmptyRows(const DraftRows& made);
   void SwitchToForm();

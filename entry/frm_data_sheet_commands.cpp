@@ -15,10 +15,10 @@ namespace {
 constexpr std::size_t kMostListed = 10;
 
 // "Σειρά 12, ΜΗΚΟΣ [m] : abc"
-std::string RefusedLine(const CellText& cell) {
+std::string RefusedLine(const CellText& cell, SystemKind kind) {
   std::string line = "Σειρά " + std::to_string(cell.row + 1);
   if (cell.column < kSheetColumns) {
-    line += std::string(", ") + SheetColumns()[static_cast<std::size_t>(cell.column)].head;
+    line += std::string(", ") + SheetColumns()[static_cast<std::size_t>(cell.column)].Head(kind);
   }
   constexpr std::size_t kLongest = 30;
   return line + " : " + FirstCharacters(cell.text, kLongest);
@@ -162,11 +162,12 @@ void FrmData_Sheet::TellRefused(const std::vector<CellText>& refused) {
                                                                    "τους")},
           box_style::kInformation};
   for (std::size_t i = 0; i < std::min(refused.size(), kMostListed); ++i) {
-    box.lines.push_back(RefusedLine(refused[i]));
+    box.lines.push_back(RefusedLine(refused[i], sitting_.draft.kind()));
   }
   if (refused.size() > kMostListed) {
     box.lines.push_back("... και άλλα " + std::to_string(refused.size() - kMostListed));
   }
+  KeepNow();  // what was pasted; nothing is kept while a box is up
   bench.Ask(box);
 }
 

@@ -9,14 +9,16 @@
 
 namespace kalvo {
 
-void FrmData_Sheet::EndEntry() {
-  if (!IsComplete()) return;
+FrmData_Sheet::End FrmData_Sheet::EndEntry() {
+  KeepNow();
+  if (!IsComplete()) return End::kStays;
   const DraftRows made = sitting_.Rows();
-  if (made.changed && !MayEmptyRows(made)) return;
-  if (!TellIfFailed(bench, sitting_.PutRows(made))) return;
+  if (made.changed && !MayEmptyRows(made)) return End::kStays;
+  if (!TellIfFailed(bench, sitting_.PutRows(made))) return End::kFailed;
   const std::string_view next = made.changed ? ScreenAfterEntry(desk, made) : screen::kMain;
   sitting_.End();
   Leave(next);
+  return End::kLeft;
 }
 
 bool FrmData_Sheet::IsComplete() {
@@ -45,7 +47,9 @@ bool FrmData_Sheet::MayEmptyRows(const DraftRows& made) {
 }
 
 void FrmData_Sheet::SwitchToForm() {
-  if (!fpSpread1.Accept() || !IsComplete()) return;
+  if (!fpSpread1.Accept()) return;
+  KeepNow();
+  if (!IsComplete()) return;
   const DraftRows made = sitting_.Rows();
   if (!MayEmptyRows(made) || !TellIfFailed(bench, sitting_.PutRows(made))) return;
   DropKeptSheet(bench.workspace);
@@ -70,20 +74,24 @@ void FrmData_Sheet::Leave(std::string_view next) {
 
 bool FrmData_Sheet::MayClose() {
   if (!begun_ || !fpSpread1.Accept()) return !begun_;
-  if (MissingLines(sitting_.draft).empty()) {
-    EndEntry();
-    return false;
-  }
-  const Answer answer =
-      bench.Ask({" !!... ΠΡΟΣΟΧΗ ...!! ",
-                 {"Λείπουν ακόμη τιμές από το φύλλο.",
-                  "Να κλείσει, και να φυλαχθεί όπως είναι για την επόμενη φορά ??"},
-                 box_style::kDefaultNo});
-  if (answer == Answer::kYes && KeepNow()) {
-    bench.workspace.Delete(work_file::kFirstRows);
-    Leave(screen::kMain);
+  Focus(fpSpread1);
+  if (!MissingLines(sitting_.draft).empty()) {
+    LeaveKept("Λείπουν ακόμη τιμές από το φύλλο.");
+  } else if (EndEntry() == End::kFailed) {
+    LeaveKept("Το φύλλο ΔΕΝ πέρασε στην Μελέτη.");
   }
   return false;
+}
+
+// The rows stay as they are; the sheet goes on when it is opened again.
+void FrmData_Sheet::LeaveKept(const std::string& why) {
+  const Answer answer =
+      bench.Ask({" !!... ΠΡΟΣΟΧΗ ...!! ",
+                 {why, "Να κλείσει, και να φυλαχθεί όπως είναι για την επόμενη φορά ??"},
+                 box_style::kDefaultNo});
+  if (answer != Answer::kYes || !KeepNow()) return;
+  bench.workspace.Delete(work_file::kFirstRows);
+  Leave(screen::kMain);
 }
 
 }  // namespace kalvo

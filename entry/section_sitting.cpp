@@ -19,6 +19,11 @@ Outcome SectionSitting::ReadBase() {
   NoteRows(*std::move(rows), std::move(origins));
   desk_.screens.edit_mode = !base().empty();
   continues = base().empty();
+  return Done{};
+}
+
+// The last step of a beginning: one that fails leaves no copy behind.
+Outcome SectionSitting::CopyFirstRows() {
   if (base().empty()) return Done{};
   return bench_.workspace.Write(work_file::kFirstRows, EncodeRows<SectionRow>(base()));
 }
@@ -43,10 +48,13 @@ Outcome SectionSitting::Begin() {
   if (Outcome read = ReadBase(); !read) return read;
   const auto kept = bench_.workspace.Status(work_file::kSheetInWork);
   if (!kept) return kept.error();
-  if (kept->has_value()) return TakeKept();
-  draft.Begin(ImageOfRows(base(), bench_.study.system_kind, desk_.separators));
+  if (kept->has_value()) {
+    if (Outcome taken = TakeKept(); !taken) return taken;
+  } else {
+    draft.Begin(ImageOfRows(base(), bench_.study.system_kind, desk_.separators));
+  }
   kept_revision_ = draft.revision();
-  return Done{};
+  return CopyFirstRows();
 }
 
 Outcome SectionSitting::TakeKept() {
@@ -63,13 +71,13 @@ Outcome SectionSitting::TakeKept() {
   FindOrigins(image.value(), base());
   left_out_ = LeaveOutMisfits(image.value());
   draft.Begin(*std::move(image), true);
-  kept_revision_ = draft.revision();
   return Done{};
 }
 
 Outcome SectionSitting::BeginWithRows() {
   if (Outcome read = ReadBase(); !read) return read;
   draft.Begin(ImageOfRows(base(), bench_.study.system_kind, desk_.separators));
+  if (Outcome copied = CopyFirstRows(); !copied) return copied;
   DropKeptSheet(bench_.workspace);
   kept_revision_ = draft.revision();
   return Done{};
@@ -103,8 +111,17 @@ SheetImage SectionSitting::ImageWith(const Pending& pending) const {
   return image;
 }
 
+// Texts alone do not: a row that was deleted and typed anew has lost its emitter. A row that came
+// in in this sitting has no origin, also once it is in the file.
 bool SectionSitting::SaysRows(const SheetImage& image) const {
-  return std::ranges::equal(image.rows, as_rows_.rows, {}, &SheetRow::texts, &SheetRow::texts);
+  if (image.rows.size() != as_rows_.rows.size()) return false;
+  for (std::size_t i = 0; i < image.rows.size(); ++i) {
+    const int origin = rows_origins_[i] > 0 ? static_cast<int>(i) + 1 : 0;
+    if (image.rows[i].origin != origin || image.rows[i].texts != as_rows_.rows[i].texts) {
+      return false;
+    }
+  }
+  return true;
 }
 
 bool SectionSitting::WantsKeeping(const Pending& pending) const {

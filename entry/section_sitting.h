@@ -77,7 +77,7 @@ class SectionSitting {
  private:
   Outcome ReadBase();
   Outcome ReadBaseEmitters();
-  Outcome ReadRows();
+  Outcome CopyFirstRows();
   Outcome TakeKept();
   void NoteRows(std::vector<SectionRow> rows, std::vector<int> origins);
   [[nodiscard]] std::string Encoded(const SheetImage& image) const;

@@ -13,10 +13,12 @@ constexpr CellTyping kCount{KeyFamily::kUnsignedWhole, 0, -1, false};
 
 constexpr std::array<SheetColumn, kSheetColumns> kColumns = {{
     {"ΑΡΧ. ΚΟΜ-ΒΟΣ", "ΤΡΕ-  ΧΟΝ   ΤΜΗ- ΜΑ",
-     "Αρχικός κόμβος : αριθμός, ή ANT για τον κόμβο της πηγής.", 4, kName},
+     "Αρχικός κόμβος : αριθμός, ή ANT για τον κόμβο της πηγής.", 4, kName, false,
+     "Ο α/α του τμήματος."},
     {"/", "/", "", 1, kSlash},
     {"ΤΕΛ. ΚΟΜ-ΒΟΣ", "ΤΜΗ- ΜΑ  ΤΡΟ- ΦΟ- ΔΟ- ΤΗΣ",
-     "Τελικός κόμβος : αριθμός, ή ANT για τον κόμβο της πηγής.", 4, kName, true},
+     "Τελικός κόμβος : αριθμός, ή ANT για τον κόμβο της πηγής.", 4, kName, true,
+     "Ο α/α του τμήματος που το τροφοδοτεί, ή ANT για τροφοδότηση από την πηγή."},
     {"ΜΗΚΟΣ [m]", nullptr, "Μήκος του τμήματος σε μέτρα.", 6, kMetres, true},
     {"ΓΩΝ. [τεμ.]", nullptr, "Πλήθος γωνιών.", 5, kNumber},
     {"ΚΑΜΠ.90° [τεμ.]", nullptr, "Πλήθος καμπυλών 90°.", 7, kNumber},
@@ -26,7 +28,7 @@ constexpr std::array<SheetColumn, kSheetColumns> kColumns = {{
     {"<ΤΑΥ> ΣΕ ΔΙΑ- ΚΛΑ- ΔΩΣΗ [τεμ.]", nullptr, "Πλήθος < ΤΑΥ > σε διακλάδωση.", 6, kCount},
     {"<ΤΑΥ>  ΣΕ ΔΙΕ- ΛΕΥ- ΣΗ [τεμ.]", nullptr, "Πλήθος < ΤΑΥ > σε διέλευση.", 6, kCount},
     {"<ΤΑΥ>   ΣΕ  ΑΝΤΙΡ-ΡΟΗ [τεμ.]", nullptr, "Πλήθος < ΤΑΥ > σε αντιρροή.", 6, kCount},
-    {"<ΤΑΥ> ΣΕ ΣΥΜ- ΒΟΛΗ [τεμ.]", nullptr, "Πλήθος < ΤΑΥ > σε συμβολή.", 6, kCount, true},
+    {"<ΤΑΥ>  ΣΕ ΣΥΜ- ΒΟΛΗ [τεμ.]", nullptr, "Πλήθος < ΤΑΥ > σε συμβολή.", 6, kCount, true},
     {"ΒΑΛΒΙ-ΔΕΣ  ΑΝΤΕ- ΠΙΣΤΡ. [τεμ.]", nullptr, "Πλήθος βαλβίδων αντεπιστροφής.", 6, kCount, true},
     {"ΑΛΛΗ ΠΤΩΣΗ [mm Υ.Σ]", nullptr, "Άλλη πτώση πίεσης, σε mm υδάτινης στήλης.", 7, kNumber},
     {"ΑΛΛΗ ΠΤΩΣΗ [Ισοδ. m]", nullptr, "Άλλη πτώση πίεσης, σε ισοδύναμα μέτρα σωλήνα.", 7, kNumber},
@@ -39,9 +41,8 @@ std::span<const SheetColumn> SheetColumns() { return kColumns; }
 std::vector<GridColumn> SheetGridColumns(SystemKind kind) {
   std::vector<GridColumn> columns;
   for (const SheetColumn& column : kColumns) {
-    const bool open = kind == SystemKind::kOpen && column.open_head != nullptr;
     GridColumn& made = columns.emplace_back();
-    made.header = open ? column.open_head : column.head;
+    made.header = column.Head(kind);
     made.width = column.width;
     made.closes_family = column.closes_family;
   }

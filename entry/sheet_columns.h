@@ -31,11 +31,20 @@ constexpr int kMostSections = 999;
 
 struct SheetColumn {
   const char* head;       ///< closed network
-  const char* open_head;  ///< open network
+  const char* open_head;  ///< open network, where it is another one
   const char* prompt;     ///< what is entered, in a sentence
   int width;              ///< in digits
   CellTyping typing;
   bool closes_family = false;
+  const char* open_prompt = nullptr;  ///< open network, where it is another one
+
+  [[nodiscard]] const char* Head(SystemKind kind) const { return Of(kind, head, open_head); }
+  [[nodiscard]] const char* Prompt(SystemKind kind) const { return Of(kind, prompt, open_prompt); }
+
+ private:
+  static const char* Of(SystemKind kind, const char* text, const char* open_text) {
+    return kind == SystemKind::kOpen && open_text != nullptr ? open_text : text;
+  }
 };
 
 /// All of them.

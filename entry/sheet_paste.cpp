@@ -115,6 +115,13 @@ std::optional<std::string> FittingName(std::string_view text) {
   return std::string(text);
 }
 
+// More digits before the decimal sign than a number is written with.
+bool IsTooLong(std::string_view number, char decimal) {
+  constexpr std::size_t kMostDigits = 15;
+  const std::size_t whole = std::min(number.find(decimal), number.size());
+  return whole > std::min(number.find_first_not_of('0'), whole) + kMostDigits;
+}
+
 std::optional<std::string> FittingNumber(std::string_view text, int column, Separators separators,
                                          bool thousands) {
   std::string number = NumberPiece(text, true, separators);
@@ -129,8 +136,11 @@ std::optional<std::string> FittingNumber(std::string_view text, int column, Sepa
   const bool counts = std::holds_alternative<std::int16_t SectionRow::*>(FieldOfColumn(column));
   const double most = counts ? std::numeric_limits<std::int16_t>::max()
                              : static_cast<double>(std::numeric_limits<float>::max());
-  if (!(value <= most) || (counts && signs > 0)) return std::nullopt;
-  return FormatNumber(value, separators);
+  const bool fits = !IsTooLong(number, separators.decimal) && value <= most;
+  if (!fits || (counts && signs > 0)) return std::nullopt;
+  std::string shown = FormatNumber(value, separators);
+  if (shown.find('E') != std::string::npos) return std::nullopt;  // no cell reads an exponent
+  return shown;
 }
 
 }  // namespace

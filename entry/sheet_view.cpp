@@ -56,6 +56,13 @@ void FitRowCount(EditableGrid& grid, const SectionDraft& draft) {
   grid.RemoveRows(wanted, std::max(-missing, 0));
 }
 
+// A number without leading zeros, or the source.
+std::optional<std::string> TypedName(std::string_view text) {
+  if (text == kSource) return std::string(text);
+  if (text.find_first_not_of("0123456789") != std::string_view::npos) return std::nullopt;
+  return std::string(text.substr(std::min(text.find_first_not_of('0'), text.size())));
+}
+
 }  // namespace
 
 void SetUpSheet(EditableGrid& grid, const SectionDraft& draft) {
@@ -90,13 +97,9 @@ void FollowDraft(EditableGrid& grid, SectionDraft& draft) {
 }
 
 std::optional<std::string> AcceptedText(std::string_view text, int column, Separators separators) {
+  if (IsNameColumn(column)) return TypedName(text);
   const bool no_digit = text.find_first_not_of(".,") == std::string_view::npos;
-  if (!IsNameColumn(column)) return no_digit ? "" : FittingText(text, column, separators);
-  const std::size_t first = text.find_first_not_of('0');
-  if (text.empty() || first != 0) {
-    return std::string(first == std::string_view::npos ? std::string_view() : text.substr(first));
-  }
-  return FittingText(text, column, separators);
+  return no_digit ? "" : FittingText(text, column, separators);
 }
 
 }  // namespace kalvo

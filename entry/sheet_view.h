@@ -16,7 +16,8 @@ void SetUpSheet(EditableGrid& grid, const SectionDraft& draft);
 /// selection and scroll stay. There are always empty rows to type into.
 void FollowDraft(EditableGrid& grid, SectionDraft& draft);
 
-/// What an edited text becomes in its cell. Nothing: the number is too large for any row.
+/// What an edited text becomes in its cell. Nothing: the number is too large for any row, or the
+/// name is neither a number nor that of the source.
 std::optional<std::string> AcceptedText(std::string_view text, int column, Separators separators);
 
 }  // namespace kalvo

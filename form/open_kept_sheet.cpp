@@ -18,7 +18,7 @@ bool AskToOpenKeptSheet(Desk& desk) {
       {" !!... ΠΡΟΣΟΧΗ ...!! ",
        {"Το φύλλο Τμημάτων έχει στοιχεία που δεν πέρασαν ακόμη στην Μελέτη",
         "Εάν επιλέξετε < ΟΧΙ >, η εντολή θα συνεχίσει χωρίς αυτά", "Θέλετε να ανοίξω το φύλλο ??"},
-       box_style::kWarnYesNo});
+       box_style::kYesNoCancel});
   if (answer == Answer::kYes) OpenKeptSheet(desk);
   return answer != Answer::kNo;
 }

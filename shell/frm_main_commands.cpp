@@ -99,12 +99,11 @@ void FrmMain::OpenSections() {
 }
 
 void FrmMain::OpenEmitterData() {
-  if (!SettleTitle()) return;
+  if (!SettleTitle() || AskToOpenKeptSheet(desk)) return;
   if (!HasRows()) {
     bench.Show(message::kNoData);
     return;
   }
-  if (AskToOpenKeptSheet(desk)) return;
   ShowInsteadOfMenu(desk.navigator,
                     bench.study.SystemOpen() ? screen::kOutlets : screen::kEmitters);
   desk.screens.edit_mode = true;  // once its list could be read

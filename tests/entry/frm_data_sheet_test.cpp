@@ -192,16 +192,25 @@ TEST(Sheet, AsksWhetherAKeptSheetGoesOnAndCopiesItToSafetyWhereNot) {
   prompter.Expect("Φύλλο Τμημάτων", Answer::kYes);
   sheet.OpenFromMenu();
   EXPECT_EQ(sheet.Line(0), "ANT|/|1|9");
+  sheet.user.test.workspace.Delete(work_file::kFirstRows);
+  prompter.Expect("Φύλλο Τμημάτων", Answer::kCancel);
+  sheet.OpenFromMenu();
+  EXPECT_EQ(prompter.boxes().back().style, box_style::kYesNoCancel) << "Esc is no answer";
+  EXPECT_TRUE(sheet.user.test.workspace.Exists(work_file::kSheetInWork));
+  EXPECT_EQ(sheet.user.test.Bytes(work_file::kFirstRows), "(missing)");
+  EXPECT_EQ(sheet.user.navigator.log.back(), "show FrmMain");
   prompter.Expect("Φύλλο Τμημάτων", Answer::kNo);
   sheet.OpenFromMenu();
   EXPECT_EQ(sheet.Line(0), "ANT|/|1|5");
   EXPECT_FALSE(sheet.user.test.workspace.Exists(work_file::kSheetInWork));
   EXPECT_FALSE(NamesIn(sheet.user.test.outer_disk, "/studies/ASFALEIA").empty());
   ASSERT_TRUE(sheet.user.test.workspace.Write(work_file::kSheetInWork, "noise").ok());
+  sheet.user.test.workspace.Delete(work_file::kFirstRows);
   prompter.Expect("Φύλλο Τμημάτων", Answer::kYes);
   prompter.Expect("Φύλλο Τμημάτων", Answer::kNo);
   sheet.OpenFromMenu();
   EXPECT_EQ(sheet.user.test.Bytes(work_file::kSheetInWork), "noise") << "it stays";
+  EXPECT_EQ(sheet.user.test.Bytes(work_file::kFirstRows), "(missing)");
   EXPECT_EQ(sheet.user.navigator.log.back(), "show FrmMain");
 }
 
@@ -227,6 +236,67 @@ TEST(Sheet, NamesTheSourceByOneKeyAndTeesByShift) {
   EXPECT_EQ(sheet.form->Cmd_Redo.caption, "Επανάληψη : < ΤΑΥ > περίπτωσης <C>");
   sheet.form->Run(sheet.form->Cmd_DelANT);
   EXPECT_EQ(sheet.form->fpSpread1.At(1, 2).text, "");
+}
+
+TEST(Sheet, LettersOfEarlierCommandsAreNoTeesWithCtrl) {
+  SheetUser sheet(SystemKind::kClosed, kLoop);
+  for (const char letter : {'L', 'D', 'R', 'S'}) sheet.Press(CtrlShift(letter));
+  EXPECT_EQ(sheet.Line(0), "ANT|/|1|5");
+}
+
+TEST(Sheet, ATypedNameIsANumberOrTheSource) {
+  SheetUser sheet(SystemKind::kClosed, kLoop);
+  sheet.user.test.ChangeRow(2,
+                            [](SectionRow& row) { row.Name = FixedText<7>::FromUtf8("  a/2  "); });
+  sheet.Open();
+  EditableGrid& grid = sheet.form->fpSpread1;
+  sheet.GoTo(1, 2);
+  sheet.Press(Typed(U'A'));
+  static_cast<Form&>(*sheet.form).Type(grid.editor, {"AN", "", ""});
+  sheet.Press(KeyCode::kEnter);
+  EXPECT_TRUE(grid.editing());
+  EXPECT_EQ(sheet.form->LblStatus.tone, Tone::kAlarm);
+  EXPECT_EQ(sheet.Line(1), "a|/|2|5");
+  sheet.Press(KeyCode::kEscape);
+  sheet.GoTo(1, 0);
+  sheet.Press(KeyCode::kF2);
+  sheet.Press(KeyCode::kEnter);
+  EXPECT_EQ(sheet.Line(1), "a|/|2|5") << "nobody has edited it";
+  sheet.GoTo(1, 0);
+  sheet.Press(KeyCode::kF2);
+  static_cast<Form&>(*sheet.form).Type(grid.editor, {"a", "1", ""});
+  sheet.Press(KeyCode::kDown);
+  EXPECT_TRUE(grid.editing());
+  EXPECT_TRUE(sheet.user.test.prompter.codes().empty());
+}
+
+TEST(Sheet, SpeaksOfFeedersInAnOpenNetwork) {
+  SheetUser sheet(SystemKind::kOpen, kTree);
+  sheet.GoTo(1, 2);
+  sheet.form->Derive();
+  EXPECT_EQ(sheet.form->LblPrompt.text,
+            "Ο α/α του τμήματος που το τροφοδοτεί, ή ANT για τροφοδότηση από την πηγή.");
+  EXPECT_EQ(sheet.form->Cmd_ANT2.caption, "ANT ως τμήμα-τροφοδότης");
+  sheet.GoTo(1, 3);
+  sheet.form->Derive();
+  EXPECT_EQ(sheet.form->LblPrompt.text, "Μήκος του τμήματος σε μέτρα.");
+}
+
+TEST(Sheet, KeepsItselfBeforeAnotherScreenIsUp) {
+  SheetUser sheet(SystemKind::kClosed, kLoop);
+  const Workspace& workspace = sheet.user.test.workspace;
+  const auto expect_kept = [&] { EXPECT_TRUE(workspace.Exists(work_file::kSheetInWork)); };
+  sheet.GoTo(0, 3);
+  sheet.TypeCells("9");
+  sheet.user.navigator.Expect(screen::kSheetHelp, expect_kept);
+  sheet.Press(KeyCode::kF1);
+  sheet.Press(Ctrl('Z'));
+  sheet.form->Idle(0.3);
+  ASSERT_FALSE(workspace.Exists(work_file::kSheetInWork));
+  sheet.GoTo(1, 3);
+  sheet.Press(KeyCode::kDelete);
+  sheet.user.navigator.Expect(screen::kMissingValues, expect_kept);
+  sheet.Press(Ctrl(KeyCode::kEnter));
 }
 
 TEST(Sheet, CopiesPastesFillsAndTakesAnotherRowsValues) {
@@ -279,6 +349,18 @@ TEST(Sheet, TakesNoMoreThan999SectionsAndNoNumberThatNoRowHolds) {
   EXPECT_EQ(sheet.Line(5), "1|/|2|3,5");
   sheet.TypeCells("032767");
   EXPECT_EQ(sheet.form->fpSpread1.At(5, 6).text, "32767") << "it was open still";
+}
+
+TEST(Sheet, RefusesPastedNumbersThatNoCellReads) {
+  SheetUser sheet(SystemKind::kClosed, kLoop);
+  const std::string most(15, '9');
+  sheet.user.desk.clipboard.SetText(most + "\t1000000000000000\t" + std::string(400, '7') + "\t" +
+                                    std::string(400, '0') + "4\n999999999999999,9");
+  sheet.GoTo(0, 3);
+  sheet.Press(Ctrl('V'));
+  EXPECT_EQ(sheet.Line(0), "ANT|/|1|" + most + "|||4");
+  EXPECT_EQ(sheet.Line(1), "1|/|2|5");
+  EXPECT_EQ(sheet.user.test.prompter.boxes().back().lines.size(), 4U) << "each is told";
 }
 
 TEST(Sheet, FindsRoundAndSaysWhatIsRemarkable) {
@@ -355,6 +437,25 @@ TEST(Sheet, ARowTypedAnewIsANewRow) {
   EXPECT_FALSE(test.study.results_valid);
   EXPECT_EQ(test.Row(2).SomaDrop, 0);
   EXPECT_EQ(test.Rows(work_file::kEmitters).at(0).RecordNumber, 0);
+}
+
+TEST(Sheet, KeepsARowThatWasTypedAnewUntilTheRowsHaveIt) {
+  SheetUser sheet(SystemKind::kClosed, kLoop);
+  TestBench& test = sheet.user.test;
+  sheet.GoTo(1, 0);
+  test.prompter.Expect(120, Answer::kYes);
+  sheet.Press(Ctrl(KeyCode::kDelete));
+  sheet.Press(Ctrl(KeyCode::kInsert));
+  sheet.TypeCells("1 2 5 0 0 0 0 0 0 0 0 0 0 0 0");
+  sheet.form->Idle(0.3);
+  ASSERT_TRUE(test.workspace.Exists(work_file::kSheetInWork)) << "the texts are the same";
+  sheet.Open();
+  EXPECT_EQ(sheet.form->draft().At(1).origin, 0);
+  SectionSitting& sitting = *sheet.user.desk.screens.section_sitting;
+  ASSERT_TRUE(sitting.PutRows(sitting.Rows()).ok());
+  ASSERT_TRUE(sitting.Keep({{1, 3, "6"}}, false).ok());
+  ASSERT_TRUE(sitting.Keep({}, false).ok());
+  EXPECT_FALSE(test.workspace.Exists(work_file::kSheetInWork)) << "new, and in the file";
 }
 
 TEST(Sheet, KeysInTheFindBoxAndInTheListStayThere) {
@@ -504,6 +605,50 @@ TEST(Sheet, ADiskThatFailsIsToldAndNothingIsLost) {
   EXPECT_EQ(test.study.plant_section, 4) << "moved once, however often it failed";
   EXPECT_EQ(Joined(test.Names()), "ANT/9  |  9/1  |  1/2  |  2/ANT");
   EXPECT_EQ(test.Rows(work_file::kEmitters).at(0).RecordNumber, 3);
+}
+
+// A disk that fails once at each operation of the end: the rows are those of before.
+TEST(Sheet, AnEndThatFailsBringsTheRowsBack) {
+  bool ended = false;
+  for (int step = 1; !ended; ++step) {
+    SheetUser sheet(SystemKind::kClosed, kLoop);
+    TestBench& test = sheet.user.test;
+    FailingDisk disk(test.work_disk);
+    Workspace workspace(disk, TestBench::kProgramFolder, test.outer_disk, TestBench::kLibraryFolder,
+                        test.clock);
+    Workbench bench{test.study, workspace, test.pipes, test.prompter};
+    Desk desk{bench,
+              sheet.user.navigator,
+              sheet.user.sound,
+              sheet.user.viewer,
+              sheet.user.clipboard,
+              Separators{',', '.'}};
+    sheet.form = std::make_unique<FrmData_Sheet>(desk);
+    sheet.form->Load();
+    sheet.GoTo(0, 3);
+    sheet.TypeCells("9");
+    const std::string rows = test.Bytes();
+    disk.FailAtOperation(step, FailingDisk::Lasting::kOnce);
+    sheet.Press(Ctrl(KeyCode::kEnter));
+    ended = !sheet.user.navigator.log.empty();
+    EXPECT_EQ(test.Bytes() == rows, !ended) << step;
+  }
+}
+
+TEST(Sheet, CanBeLeftWhereItsRowsCannotBeMade) {
+  SheetUser sheet(SystemKind::kClosed, kLoop);
+  TestBench& test = sheet.user.test;
+  sheet.GoTo(0, 3);
+  sheet.TypeCells("9");
+  ASSERT_TRUE(test.workspace.Write(work_file::kEmitters, "odd").ok());
+  for (const Answer answer : {Answer::kNo, Answer::kYes}) {
+    test.prompter.Expect(" !!... ΠΡΟΣΟΧΗ ...!! ", answer);
+    EXPECT_FALSE(sheet.form->MayClose());
+    EXPECT_EQ(test.prompter.boxes().back().style, box_style::kDefaultNo);
+    EXPECT_EQ(sheet.user.navigator.log.empty(), answer == Answer::kNo);
+  }
+  EXPECT_TRUE(test.workspace.Exists(work_file::kSheetInWork));
+  EXPECT_EQ(test.Bytes(work_file::kEmitters), "odd");
 }
 
 }  // namespace

@@ -16,6 +16,12 @@ class Wanderer {
 
   int Below(int n) { return dice_.Below(n); }
 
+  // A text that the cell refuses is given up.
+  void LeaveCell() {
+    EditableGrid& grid = sheet_.form->fpSpread1;
+    if (!grid.Accept()) grid.GiveUp();
+  }
+
   void Act() {
     FrmData_Sheet& form = *sheet_.form;
     if (form.focus() == &form.Cmd_Exit) form.Focus(form.fpSpread1);
@@ -50,7 +56,7 @@ class Wanderer {
 
   void Delete() {
     FrmData_Sheet& form = *sheet_.form;
-    form.fpSpread1.Accept();
+    LeaveCell();
     form.Focus(form.fpSpread1);
     if (form.fpSpread1.block().top < form.draft().Count()) {
       sheet_.user.test.prompter.Expect(120, Below(2) == 0 ? Answer::kYes : Answer::kNo);
@@ -144,14 +150,14 @@ TEST(SheetWalk, LosesNothingAndGoesBackToItsStart) {
     for (int step = 0, steps = WalkSteps(800); step < steps; ++step) {
       user.Act();
       if (step % 20 != 0) continue;
-      sheet.form->fpSpread1.Accept();
+      user.LeaveCell();
       sheet.form->Idle(0.5);
       const std::vector<SheetRow> rows = sheet.form->draft().Image().rows;
       const std::vector<SheetRow> kept = rows == first ? rows : Kept(sheet).rows;
       ASSERT_EQ(LinesOf(kept), LinesOf(rows)) << step;
       ASSERT_LE(sheet.form->draft().Count(), kMostSections);
     }
-    sheet.form->fpSpread1.Accept();
+    user.LeaveCell();
     const std::vector<SheetRow> last = sheet.form->draft().Image().rows;
     sheet.form->Focus(sheet.form->fpSpread1);
     while (sheet.form->draft().history().CanUndo()) sheet.Press(Ctrl('Z'));

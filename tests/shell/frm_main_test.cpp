@@ -261,7 +261,7 @@ TEST_F(MainMenu, OffersToOpenTheSheetThatWasKeptBeforeItUsesTheRows) {
     test.prompter.Expect(title, Answer::kYes);
     form.Press(key);
     EXPECT_TRUE(navigator.IsOpen(screen::kSheet));
-    EXPECT_EQ(test.prompter.boxes().back().style, box_style::kWarnYesNo) << "the default is yes";
+    EXPECT_EQ(test.prompter.boxes().back().style, box_style::kYesNoCancel) << "Esc is no answer";
     EXPECT_TRUE(desk.screens.open_kept_sheet && desk.screens.edit_mode);
     navigator.Close(screen::kSheet);
     desk.screens.open_kept_sheet = false;
@@ -269,6 +269,12 @@ TEST_F(MainMenu, OffersToOpenTheSheetThatWasKeptBeforeItUsesTheRows) {
   test.prompter.Expect(title, Answer::kNo);
   navigator.Expect(screen::kFiles, [] {});
   form.Press(CtrlShift('S'));
+  const std::string rows = test.Bytes();
+  test.workspace.Delete(work_file::kRows);
+  test.prompter.Expect(title, Answer::kCancel);
+  form.Press(Ctrl('E'));
+  EXPECT_TRUE(test.prompter.codes().empty()) << "the sheet has the sections";
+  ASSERT_TRUE(test.workspace.Write(work_file::kRows, rows).ok());
   test.prompter.Expect(130, Answer::kYes);
   test.prompter.Expect(title, Answer::kYes);
   Click(form, form.Cmd_Exit);
