@@ -3,7 +3,7 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
-#include <map>
+#include <optional>
 
 #include "cli/findings.h"
 #include "cli/number_text.h"
@@ -11,43 +11,15 @@
 #include "cli/study_run.h"
 #include "cli/text_table.h"
 #include "cli/winter_values.h"
-#include "engine/branches.h"
 #include "engine/checks.h"
 #include "engine/trap.h"
+#include "entry/winter_boxes.h"
 #include "results/study_report.h"
-#include "results/winter_boxes.h"
-#include "study/by_number.h"
 #include "study/message_codes.h"
 
 namespace kalvo {
 
 namespace {
-
-constexpr float kUsualTemperature = 70;  // °C
-
-// Whether some emitter's section carries the flow of others, too: its row does not tell which part
-// of the flow is the emitter's own.
-bool HasEmitterWithinTrunk(const Study& study) {
-  std::map<int, int> branches_through;
-  for (const Branch& branch : BuildBranchStrings(study)) {
-    for (const int section : branch) {
-      ++branches_through[section];
-    }
-  }
-  return std::any_of(
-      study.EmitterTable.begin(), study.EmitterTable.end(),
-      [&](const EmitterLine& emitter) { return branches_through[emitter.section] > 1; });
-}
-
-// The values that the rows of the last winter tell.
-void TakeLastWinter(const std::vector<SectionRow>& rows, std::vector<WinterLine>& lines) {
-  for (WinterLine& line : lines) {
-    const SectionRow& row = ByNumber(rows, line.section);
-    line.length_m = row.Length;
-    line.flow_lh = row.WaterFlow;
-    line.drop = row.SomaDrop;
-  }
-}
 
 int TellEnd(const Console& console, Session& session, WinterEnd end) {
   if (end == WinterEnd::kBrokenOff) {
@@ -87,11 +59,14 @@ void WinterCommand::AddArguments(CLI::App& app) {
   save_.AddTo(app, "Σώζει τη μελέτη μαζί με τον Χειμώνα (.WNT)");
 }
 
-int WinterCommand::FindValues(const Console& console, Session& session, Values& values) const {
-  const Workspace& workspace = session.workspace();
-  const auto last = workspace.Rows(work_file::kWinter).ReadAll();
-  const bool has_last = last && !last->empty() && last->size() == session.Rows().size();
-  values.temperature = has_last ? last->front().MeanTemp : kUsualTemperature;
+int WinterCommand::FindValues(const Console& console, Session& session,
+                              WinterValues& values) const {
+  Workbench bench = session.bench();
+  std::optional<WinterValues> last;
+  if (RunTrapped(bench, [&] { last = WinterValuesIn(bench, work_file::kWinter); })) {
+    return exit_code::kBrokenOff;
+  }
+  values.temperature = last ? last->temperature : kUsualWinterTemp;
   if (!temperature_.empty()) {
     const std::optional<float> typed = PlainNumber(temperature_);
     if (!typed) {
@@ -101,7 +76,7 @@ int WinterCommand::FindValues(const Console& console, Session& session, Values& 
     values.temperature = *typed;
   }
   if (!values_.empty()) {
-    auto read = ReadWinterValues(workspace.outer_disk(), values_, values.lines);
+    auto read = ReadWinterValues(bench.workspace.outer_disk(), values_, values.lines);
     if (!read) {
       console.err << read.error().Line() << '\n';
       return exit_code::kUnreadable;
@@ -109,13 +84,14 @@ int WinterCommand::FindValues(const Console& console, Session& session, Values& 
     values.lines = std::move(read).value();
     return exit_code::kDone;
   }
-  if (has_last && !HasEmitterWithinTrunk(session.study())) {
-    TakeLastWinter(*last, values.lines);
+  const auto unknown = [](const WinterLine& line) { return line.flow_lh == 0.0F; };
+  if (last && std::none_of(last->lines.begin(), last->lines.end(), unknown)) {
+    values.lines = std::move(last->lines);
     return exit_code::kDone;
   }
-  console.err << (has_last ? "Σώματα μέσα στον κορμό : η μελέτη δεν ξεχωρίζει την παροχή τους για "
-                             "τον Χειμώνα, δώστε τις τιμές με --values\n"
-                           : "Η μελέτη δεν έχει τιμές για τον Χειμώνα : δώστε τις με --values\n");
+  console.err << (last ? "Σώματα μέσα στον κορμό : η μελέτη δεν ξεχωρίζει την παροχή τους για "
+                         "τον Χειμώνα, δώστε τις τιμές με --values\n"
+                       : "Η μελέτη δεν έχει τιμές για τον Χειμώνα : δώστε τις με --values\n");
   return exit_code::kWrongUse;
 }
 
@@ -129,7 +105,7 @@ int WinterCommand::RunOn(const Console& console, Session& session) {
   }
   session.prompter().agrees = yes_;
   Workbench bench = session.bench();
-  Values values;
+  WinterValues values;
   if (RunTrapped(bench, [&] { values.lines = SummerValues(bench); })) {
     return exit_code::kBrokenOff;
   }
@@ -142,7 +118,8 @@ int WinterCommand::RunOn(const Console& console, Session& session) {
   return Calculate(console, session, values);
 }
 
-int WinterCommand::Calculate(const Console& console, Session& session, const Values& values) const {
+int WinterCommand::Calculate(const Console& console, Session& session,
+                             const WinterValues& values) const {
   Workbench bench = session.bench();
   WinterDuty winter(bench);
   const WinterOutcome outcome = winter.Run(

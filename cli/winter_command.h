@@ -18,15 +18,9 @@ class WinterCommand : public StudyCommand {
   int RunOn(const Console& console, Session& session) override;
 
  private:
-  // What the duty is calculated with.
-  struct Values {
-    float temperature = 0;  // °C
-    std::vector<WinterLine> lines;
-  };
-
   // Values of the file given, else of the winter duty that the study was saved with. The exit code.
-  int FindValues(const Console& console, Session& session, Values& values) const;
-  int Calculate(const Console& console, Session& session, const Values& values) const;
+  int FindValues(const Console& console, Session& session, WinterValues& values) const;
+  int Calculate(const Console& console, Session& session, const WinterValues& values) const;
 
   std::string values_;
   std::string temperature_;  // as typed, with either separator

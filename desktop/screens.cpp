@@ -27,6 +27,7 @@
 #include <ui_frm_soma.h>
 #include <ui_frm_tau_cross_s.h>
 #include <ui_frm_title.h>
+#include <ui_frm_winter.h>
 #include <ui_frm_ypodo.h>
 
 #include "entry/frm_cur_fl.h"
@@ -39,6 +40,7 @@
 #include "entry/frm_liquid.h"
 #include "entry/frm_soma.h"
 #include "entry/frm_tau_cross_s.h"
+#include "entry/frm_winter.h"
 #include "entry/frm_ypodo.h"
 #include "results/frm_res.h"
 #include "results/frm_res_gn.h"
@@ -84,6 +86,7 @@ constexpr Screen kScreens[] = {
     {screen::kMissingValues, &MakeForm<FrmERR>, &SetUp<Ui::FrmERR>},
     {screen::kEmitters, &MakeForm<FrmSoma>, &SetUp<Ui::FrmSoma>},
     {screen::kOutlets, &MakeForm<FrmYpodo>, &SetUp<Ui::FrmYpodo>},
+    {screen::kWinter, &MakeForm<FrmWinter>, &SetUp<Ui::FrmWinter>},
     {screen::kMemoryValues, &MakeForm<FrmF12>, &SetUp<Ui::FrmF12>},
     {screen::kGoTo, &MakeForm<FrmGoTo>, &SetUp<Ui::FrmGoTo>},
     {screen::kTees, &MakeForm<FrmTauCross_S>, &SetUp<Ui::FrmTauCross_S>, screen::kSheet},

@@ -5,6 +5,7 @@
 #include "engine/pipe_stats.h"
 #include "engine/row_store.h"
 #include "engine/trap.h"
+#include "engine/winter_values.h"
 #include "study/rounding.h"
 #include "study/tables.h"
 
@@ -67,6 +68,9 @@ RunEnd RunOnRows(Workbench& bench, Method method) {
     return RunEnd::kViscosity;
   }
   WriteStatistics(bench);
+  // A winter file that cannot be read or written keeps nobody from summer's results; no winter
+  // results are looked at without a run of theirs.
+  static_cast<void>(EmptyWinterResults(bench.workspace).ok());
   return RunEnd::kCalculated;
 }
 

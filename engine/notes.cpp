@@ -59,7 +59,8 @@ ResultNotes NotesOf(SystemKind kind, const std::vector<SectionRow>& rows,
                     const std::vector<PipeRow>& library) {
   ResultNotes notes;
   for (const SectionRow& row : rows) {
-    if (row.Velocity > row.MeanVel) {
+    // Winter's rows have no design velocity.
+    if (row.MeanVel > 0.0F && row.Velocity > row.MeanVel) {
       notes.above_design_velocity.push_back(row.RecordNumber);
     }
     if (!library.empty() && row.NomiDiam.Trimmed() == library.back().nominal_diameter.Trimmed()) {

@@ -118,31 +118,15 @@ WinterEnd RunOnWinterRows(Study& study, Workspace& workspace,
   return end;
 }
 
-}  // namespace
-
-std::vector<WinterLine> SummerValues(const Workbench& bench) {
-  const RowTable store = ReadRows(bench.workspace);
-  // A row's own flow is that of all emitters whose circuit runs through it.
-  const RowTable emitters = ReadRows(bench.workspace, work_file::kEmitters);
-  std::vector<WinterLine> lines;
-  for (const SectionRow& emitter : emitters.rows()) {
-    const SectionRow& row = store.At(emitter.RecordNumber);
-    lines.push_back({emitter.RecordNumber, row.Length, emitter.WaterFlow, emitter.SomaDrop});
-  }
-  return lines;
-}
-
-namespace {
-
-// Summer's rows that an earlier winter duty was in the way of. Rows that cannot be loaded displace
-// nothing.
+// Summer's rows from their copy, which is gone then. Rows that cannot be loaded displace no others.
 void PutSummerBack(Workbench& bench) {
   Workspace& workspace = bench.workspace;
   if (!workspace.HasBytes(work_file::kSummerRows)) {
     return;
   }
   const std::string summer = Require(workspace.Read(work_file::kSummerRows));
-  if (ProveLoadable(bench, workspace.Path(work_file::kSummerRows), summer).ok()) {
+  const bool same = summer == Require(workspace.ReadIfThere(work_file::kRows));
+  if (same || ProveLoadable(bench, workspace.Path(work_file::kSummerRows), summer).ok()) {
     Require(workspace.Flush(work_file::kSummerRows));
     Require(workspace.MoveOver(work_file::kSummerRows, work_file::kRows));
   }
@@ -159,6 +143,7 @@ WinterDuty::WinterDuty(Workbench& bench) : bench_(bench) {
 
 WinterOutcome WinterDuty::Run(float temperature, const std::vector<WinterLine>& lines,
                               const AcceptFlow& accept) {
+  results_.reset();
   WinterOutcome outcome{WinterEnd::kBrokenOff};
   RunTrapped(bench_, [&] { outcome = CheckAndRun(temperature, lines, accept); });
   bench_.study.CalcAborted = outcome.end == WinterEnd::kBrokenOff;
@@ -204,10 +189,59 @@ WinterOutcome WinterDuty::Calculate(float temperature, const std::vector<WinterL
   }
   WinterOutcome outcome{end};
   outcome.critical_branch = study.critical_branch;
+  if (end == WinterEnd::kCalculated) {
+    results_ = std::move(study);
+  }
   return outcome;
 }
 
-void WinterDuty::Close() { PutSummerBack(bench_); }
+void WinterDuty::PutValues(const WinterValues& values) {
+  results_.reset();
+  const std::vector<SectionRow> rows =
+      RowsOfWinterValues(Require(bench_.workspace.Rows().ReadAll()), values);
+  Require(bench_.workspace.Write(work_file::kWinter, EncodeRows<SectionRow>(rows)));
+}
+
+bool WinterDuty::HasChanged() const {
+  const auto bytes = bench_.workspace.Read(work_file::kWinter);
+  if (!bytes && !bytes.error().IsMissing()) {
+    throw Fault(bytes.error());
+  }
+  return bytes.ok() != winter_before_.has_value() || (bytes.ok() && *bytes != *winter_before_);
+}
+
+void WinterDuty::ShowResults() {
+  Workspace& workspace = bench_.workspace;
+  Summer summer{Require(workspace.Read(work_file::kRows)), bench_.study};
+  Require(workspace.Copy(work_file::kRows, work_file::kSummerRows));
+  Require(workspace.Flush(work_file::kSummerRows));
+  Require(workspace.Copy(work_file::kWinter, work_file::kRows));
+  summer_ = std::move(summer);
+  Study& study = bench_.study;
+  study.MeanTemp = results_->MeanTemp;
+  study.TotalFlowM3h = results_->TotalFlowM3h;
+  study.PumpHead = results_->PumpHead;
+  study.CriticalDrop = results_->CriticalDrop;
+  study.critical_branch = results_->critical_branch;
+  study.SectionTable = results_->SectionTable;
+  study.EmitterTable = results_->EmitterTable;
+}
+
+void WinterDuty::HideResults() {
+  if (!summer_) {
+    return;
+  }
+  Workspace& workspace = bench_.workspace;
+  Require(workspace.Write(work_file::kRows, summer_->rows));
+  Require(workspace.Flush(work_file::kRows));
+  bench_.study = std::move(summer_->study);
+  summer_.reset();
+}
+
+void WinterDuty::Close() {
+  HideResults();
+  PutSummerBack(bench_);
+}
 
 void WinterDuty::Settle(WinterData data) {
   Workspace& workspace = bench_.workspace;

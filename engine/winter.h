@@ -5,19 +5,12 @@
 #include <string>
 #include <vector>
 
+#include "engine/winter_values.h"
 #include "study/workbench.h"
 
 namespace kalvo {
 
 /// A closed study's second duty: the pipes of summer with the flows and drops of winter.
-
-/// Winter values of one emitter.
-struct WinterLine {
-  int section = 0;
-  float length_m = 0;  ///< of its section
-  float flow_lh = 0;
-  float drop = 0;  ///< mm w.g.
-};
 
 /// What of a line an answer or a refusal is about.
 enum class WinterValue { kLength, kFlow, kDrop };
@@ -45,9 +38,6 @@ struct WinterOutcome {
 constexpr float kLeastWinterTemp = 30.0F;
 constexpr float kMostWinterTemp = 100.0F;
 
-/// Emitters of the study with summer's values, where the winter's entry starts from. Faults: kFile.
-std::vector<WinterLine> SummerValues(const Workbench& bench);
-
 /// Whether a flow that is not below that of summer may stand.
 using AcceptFlow = std::function<bool(const WinterLine& line, float summer_flow_lh)>;
 
@@ -56,7 +46,7 @@ enum class WinterData { kKept, kDropped };
 
 /// Winter duty of the open study, from the opening of its form to the close. Summer's rows that an
 /// interrupted duty left in `DATARES.SMR` are put back first. The open study's values are those of
-/// summer before, during and afterwards.
+/// summer before, during and afterwards, except while winter's results are looked at.
 class WinterDuty {
  public:
   /// Faults: kFile.
@@ -69,7 +59,23 @@ class WinterDuty {
   WinterOutcome Run(float temperature, const std::vector<WinterLine>& lines,
                     const AcceptFlow& accept = {});
 
-  /// Summer's rows stand again. Faults: kFile.
+  /// `WINTCIRC.TMP` holds the values and no results: those of the last run hold no longer. Faults:
+  /// kFile.
+  void PutValues(const WinterValues& values);
+  /// Whether `WINTCIRC.TMP` differs from what it was at the opening. Faults: kFile.
+  [[nodiscard]] bool HasChanged() const;
+
+  /// Whether the results of a run hold.
+  [[nodiscard]] bool has_results() const { return results_.has_value(); }
+  /// The rows of these results take the place of the study's rows, whose copy in `DATARES.SMR` is
+  /// on the medium by then. The study's temperature, totals, critical branch and tables are the
+  /// winter's, too. There must be results. Faults: kFile; summer is untouched then.
+  void ShowResults();
+  [[nodiscard]] bool shows_results() const { return summer_.has_value(); }
+  /// Rows and study are those of summer again, byte for byte. Faults: kFile; winter's stay then.
+  void HideResults();
+
+  /// Summer's rows are in their place, and there is no copy of them. Faults: kFile.
   void Close();
   /// Data that are kept mark the study changed; without them the winter file is what it was before.
   /// Faults: kFile.
@@ -81,7 +87,15 @@ class WinterDuty {
   WinterOutcome Calculate(float temperature, const std::vector<WinterLine>& lines);
 
   Workbench& bench_;
+  // What stands aside while results are looked at.
+  struct Summer {
+    std::string rows;
+    Study study;
+  };
+
   std::optional<std::string> winter_before_;  // bytes of WINTCIRC.TMP
+  std::optional<Study> results_;              // the study that the last run left
+  std::optional<Summer> summer_;
 };
 
 /// The temperature, °C, at which a winter's fluid is looked up: Int(mean temperature + 0.45).

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "entry/ask_what_parts.h"
 #include "form/pasted_numbers.h"
 
 namespace kalvo {
@@ -11,26 +12,15 @@ constexpr std::size_t kPastedColumns = 3;
 constexpr std::size_t kToldLines = 10;
 constexpr const char* kPasteTitle = " Επικόλληση Σωμάτων ";
 
-// Whether the thousands sign parts thousands; nothing when the user breaks off.
-std::optional<bool> AskWhatPartsNumbers(Workbench& bench, const std::vector<PastedLine>& lines,
-                                        Separators separators) {
+// Cells with flows and drops.
+std::vector<std::string> NumbersIn(const std::vector<PastedLine>& lines) {
   std::vector<std::string> numbers;
   for (const PastedLine& line : lines) {
     if (line.cells.size() == kPastedColumns) {
       numbers.insert(numbers.end(), line.cells.begin() + 1, line.cells.end());
     }
   }
-  if (!IsDoubtful(numbers, separators)) return false;
-  const auto example = std::ranges::find_if(numbers, [separators](const std::string& number) {
-    return number.find(separators.thousands) != std::string::npos;
-  });
-  const Answer answer = bench.Ask({kPasteTitle,
-                                   {"... Το < " + *example + " > διαβάζεται με δύο τρόπους ...",
-                                    std::string("... Η < ") + separators.thousands +
-                                        " > χωρίζει χιλιάδες (Ναι), ή δεκαδικά (Όχι) ; ..."},
-                                   box_style::kDefaultCancel});
-  if (answer == Answer::kCancel) return std::nullopt;
-  return answer == Answer::kYes;
+  return numbers;
 }
 
 std::string WhyNoSection(double number, const EmitterEntry& entry,
@@ -83,7 +73,8 @@ class LineReader {
 std::optional<PastedEmitters> ReadPastedEmitters(Workbench& bench, std::string_view text,
                                                  const EmitterEntry& entry, Separators separators) {
   const std::vector<PastedLine> lines = PastedLines(text);
-  const std::optional<bool> thousands = AskWhatPartsNumbers(bench, lines, separators);
+  const std::optional<bool> thousands =
+      AskWhatParts(bench, kPasteTitle, NumbersIn(lines), separators);
   if (!thousands) return std::nullopt;
   LineReader reader(entry, *thousands, separators);
   for (const PastedLine& line : lines) {

@@ -129,24 +129,22 @@ bool SectionSitting::WantsKeeping(const Pending& pending) const {
 }
 
 Outcome SectionSitting::Keep(const Pending& pending, bool flush) {
-  if (WantsKeeping(pending)) {
+  const auto write = [&]() -> Result<bool> {
     const SheetImage image = ImageWith(pending);
-    if (SaysRows(image)) {
+    const bool elsewhere = SaysRows(image);
+    if (elsewhere) {
       DropKeptSheet(bench_.workspace);
-      flushed_ = true;
-    } else {
-      Outcome kept =
-          KeepSheet(bench_.workspace, bench_.study, work_file::kSheetInWork, Encoded(image));
-      if (!kept) return kept;
-      flushed_ = false;
+    } else if (Outcome kept = KeepSheet(bench_.workspace, bench_.study, work_file::kSheetInWork,
+                                        Encoded(image));
+               !kept) {
+      return kept.error();
     }
     kept_revision_ = draft.revision();
     kept_pending_ = pending;
-  }
-  if (!flush || flushed_) return Done{};
-  Outcome flushed = FlushSheet(bench_.workspace, work_file::kSheetInWork);
-  flushed_ = flushed.ok();
-  return flushed;
+    return !elsewhere;
+  };
+  return kept_.Keep(WantsKeeping(pending), flush, write,
+                    [this] { return FlushSheet(bench_.workspace, work_file::kSheetInWork); });
 }
 
 Outcome SectionSitting::Save() {

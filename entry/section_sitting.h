@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "entry/draft_rows.h"
+#include "entry/kept_entry.h"
 #include "entry/section_draft.h"
 #include "entry/sheet_paste.h"
 #include "form/desk.h"
@@ -42,7 +43,7 @@ class SectionSitting {
   Outcome Keep(const Pending& pending, bool flush);
   /// True when a change waits to be kept or flushed.
   [[nodiscard]] bool WantsKeeping(const Pending& pending) const;
-  [[nodiscard]] bool WantsFlush() const { return !flushed_; }
+  [[nodiscard]] bool WantsFlush() const { return kept_.WantsFlush(); }
 
   /// The user keeps the sheet in `Spread.ss2`, and brings it back as one action of the draft.
   Outcome Save();
@@ -96,7 +97,7 @@ class SectionSitting {
   int left_out_ = 0;
   int kept_revision_ = -1;
   Pending kept_pending_;
-  bool flushed_ = true;
+  KeptEntry kept_;
 };
 
 }  // namespace kalvo

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -8,8 +7,7 @@
 
 namespace kalvo {
 
-/// When a sitting keeps itself: within a second of a change, on the medium after some quiet
-/// seconds, and again after a while where it could not.
+/// A sitting of section entry that keeps itself, and what its user is told of it.
 class SelfKeeping {
  public:
   SelfKeeping(SectionSitting& sitting, const Workbench& bench) : sitting_(sitting), bench_(bench) {}
@@ -25,15 +23,14 @@ class SelfKeeping {
   /// Keeps at once, on the medium; nothing: it is kept.
   std::optional<Telling> KeepNow(const SectionSitting::Pending& pending);
   /// The last attempt failed.
-  [[nodiscard]] bool failed() const { return failed_; }
+  [[nodiscard]] bool failed() const { return times_.failed(); }
 
  private:
-  std::optional<Telling> Keep(const SectionSitting::Pending& pending, bool flush);
+  static Telling Failure(const FileError& error);
 
   SectionSitting& sitting_;
   const Workbench& bench_;
-  bool failed_ = false;
-  std::int64_t next_try_ = 0;  ///< the moment before which it is not tried again
+  KeepingTimes times_;
 };
 
 }  // namespace kalvo

@@ -159,7 +159,8 @@ CellBlock CellsOf(std::string_view text) {
   return rows;
 }
 
-std::string BlockText(const SectionDraft& draft, const std::vector<GridBlock>& selection) {
+std::string BlockText(const std::vector<GridBlock>& selection,
+                      const std::function<std::string(GridPlace)>& text_of) {
   GridBlock all = selection.front();
   for (const GridBlock& block : selection) {
     all = {std::min(all.top, block.top), std::min(all.left, block.left),
@@ -171,12 +172,17 @@ std::string BlockText(const SectionDraft& draft, const std::vector<GridBlock>& s
     for (int column = all.left; column <= all.right; ++column) {
       if (column > all.left) text += "\t";
       const auto holds = [&](const GridBlock& block) { return block.Contains({row, column}); };
-      if (!std::ranges::any_of(selection, holds)) continue;
-      const bool slash = column == sheet_column::kSlash && row < draft.Count();
-      text += slash ? kSlashText : std::string_view(draft.Text(row, column));
+      if (std::ranges::any_of(selection, holds)) text += text_of({row, column});
     }
   }
   return text;
+}
+
+std::string BlockText(const SectionDraft& draft, const std::vector<GridBlock>& selection) {
+  return BlockText(selection, [&draft](GridPlace at) {
+    const bool slash = at.column == sheet_column::kSlash && at.row < draft.Count();
+    return slash ? std::string(kSlashText) : draft.Text(at.row, at.column);
+  });
 }
 
 std::optional<std::string> FittingText(std::string_view text, int column, Separators separators,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -18,7 +19,10 @@ using CellBlock = std::vector<std::vector<std::string>>;
 /// tabs, line ends (which become blanks) and doubled quotes.
 CellBlock CellsOf(std::string_view text);
 
-/// The selected cells as such a text; "/" is between the names.
+/// The selected cells as such a text, each as `text_of` gives it.
+std::string BlockText(const std::vector<GridBlock>& selection,
+                      const std::function<std::string(GridPlace)>& text_of);
+/// The same of a draft; "/" is between the names.
 std::string BlockText(const SectionDraft& draft, const std::vector<GridBlock>& selection);
 
 /// A text for a cell.

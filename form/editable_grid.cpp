@@ -132,7 +132,7 @@ void EditableGrid::OpenEditor(bool by_typing) {
   replaced_ = false;
   by_typing_ = by_typing;
   form_.Focus(editor);
-  editor.whole_selected = false;
+  editor.whole_selected = opens_selected && !by_typing;
 }
 
 void EditableGrid::Open() {
@@ -185,6 +185,20 @@ void EditableGrid::Step(int direction) {
   GoTo(place);
 }
 
+// Down its column, from the end on to the next column that can be edited.
+void EditableGrid::StepDown(int direction) {
+  GridPlace place = current();
+  place.row += direction;
+  const bool on = place.row >= 0 && place.row < row_count();
+  if (!on) {
+    place.row = direction > 0 ? 0 : row_count() - 1;
+    do {
+      place.column += direction;
+    } while (place.column >= 0 && place.column < column_count() && IsLocked(place.column));
+  }
+  if (place.column >= 0 && place.column < column_count()) GoTo(place);
+}
+
 bool EditableGrid::IsFilled(GridPlace place) const {
   return place.row >= 0 && place.row < row_count() && place.column >= 0 &&
          place.column < column_count() && !At(place.row, place.column).text.empty();
@@ -232,7 +246,8 @@ GridPlace EditableGrid::Target(const Key& key) const {
 bool EditableGrid::PressMove(const Key& key) {
   if (key.alt) return false;
   if (IsStep(key)) {
-    Step(key.shift ? -1 : 1);
+    const int direction = key.shift ? -1 : 1;
+    enter_goes_down&& key.code == KeyCode::kEnter ? StepDown(direction) : Step(direction);
     return true;
   }
   if (!IsMove(key.code)) return false;

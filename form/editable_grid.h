@@ -48,6 +48,10 @@ class EditableGrid : public Grid {
   std::function<bool(GridPlace, const std::string&)> on_accept;
   std::function<void()> on_select;  ///< the selection was changed by the user
 
+  bool enter_goes_down = false;  ///< Enter leads down a column, else as Tab to the next cell
+  bool opens_selected = false;   ///< F2 and the mouse open a cell with its text selected
+  bool opens_by_right_click = false;
+
   int page_rows = 20;  ///< rows that the front-end has room for
   int used_rows = 0;   ///< rows that keys leap to the end of
 
@@ -103,6 +107,7 @@ class EditableGrid : public Grid {
   void OpenEditor(bool by_typing);
   void CloseEditor();
   void Step(int direction);
+  void StepDown(int direction);
   [[nodiscard]] GridPlace Target(const Key& key) const;
   [[nodiscard]] GridPlace Leap(int down, int right) const;
   [[nodiscard]] bool IsFilled(GridPlace place) const;

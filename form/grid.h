@@ -18,6 +18,8 @@ struct GridColumn {
   bool number = true;          ///< right aligned
   bool closes_family = false;  ///< a heavier line follows
   bool chips = false;          ///< cells are painted as chips in the colour of their tone
+  bool open = false;           ///< cells have the ground of what can be changed
+  bool bold = false;
 };
 
 struct GridCell {
@@ -25,6 +27,7 @@ struct GridCell {
   Tone tone = Tone::kPlain;
   std::optional<double> value{};  ///< what the column is sorted by instead of the text
   std::string tip{};
+  bool refused = false;  ///< marked until it changes
   bool operator==(const GridCell&) const = default;
 };
 

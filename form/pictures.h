@@ -136,4 +136,19 @@ struct OutletChartContent {
 };
 using OutletChart = Picture<OutletChartContent>;
 
+/// Flows of one emitter, l/h.
+struct WinterColumn {
+  float summer = 0;
+  float winter = 0;
+  bool operator==(const WinterColumn&) const = default;
+};
+
+/// The emitters' flows in winter side by side, each in the outline of its summer.
+struct WinterChartContent {
+  std::vector<WinterColumn> columns;
+  std::string told;  ///< the same in words
+  bool operator==(const WinterChartContent&) const = default;
+};
+using WinterChart = Picture<WinterChartContent>;
+
 }  // namespace kalvo

@@ -8,6 +8,7 @@
 #include "engine/rerun.h"
 #include "engine/sizing.h"
 #include "engine/trap.h"
+#include "engine/winter_values.h"
 #include "form/tell.h"
 #include "study/message_codes.h"
 
@@ -32,6 +33,7 @@ void FollowRows(Workbench& bench, const SectionRow& first) {
 bool SettleDiameters(Workbench& bench, const std::function<void()>& show_again) {
   if (bench.Show(message::kKeepDiameters) == Answer::kYes) {
     if (!TellIfFailed(bench, bench.workspace.Flush(work_file::kRows))) return false;
+    TellIfFailed(bench, EmptyWinterResults(bench.workspace));
     bench.workspace.Delete(work_file::kFirstRows);
     show_again();
     bench.Ask({kSettledTitle,

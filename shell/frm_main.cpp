@@ -45,6 +45,8 @@ FrmMain::FrmMain(Desk& shared_desk)
                 [this] { desk.navigator.ShowModal(screen::kLiquid); }, {Ctrl('L')}),
       Cmd_Nodes(*this, "Cmd_Nodes", " Έλεγχος Κόμβων Τμημάτων ", [this] { ShowNodes(); },
                 {Ctrl('K')}),
+      Cmd_Winter(*this, "Cmd_Winter", "Υπολογισμός Αντλίας Χειμώνα", [this] { OpenWinter(); },
+                 {Ctrl('W')}),
       Cmd_Recent(*this, "Cmd_Recent", "Πρόσφατα Αρχεία ...", [this] { OpenRecent(); },
                  {Shift(KeyCode::kF2), Alt(KeyCode::kF2)}),
       Cmd_CurFL(*this, "Cmd_CurFL", "Στοιχεία Αρχείου υπό Επεξεργασία",
@@ -102,6 +104,7 @@ void FrmMain::MakeMenus() {
            {"&Υπολογισμοί",
             {{"Mnu_Mean", "Υπολογισμοί", &Cmd_Calc},
              {"Mnu_Method", " ΤΡΟΠΟΣ ΥΠΟΛΟΓΙΣΜΟΥ ΣΩΛΗΝΩΝ ", &Mnu_Method},
+             {"Mnu_Avail", "Υπολογισμός Αντλίας Χειμώνα", &Cmd_Winter},
              {"Mnu_Nodes", "Έλεγχος Κόμβων Τμημάτων", &Cmd_Nodes}}},
            {"Α&ποτελέσματα", {{"Mnu_Results", "Παρουσίαση Αποτελεσμάτων", &Mnu_Results}}}};
   std::vector<MenuEntry>& study = menus.front().entries;
@@ -214,6 +217,7 @@ void FrmMain::Derive() {
   Cbo_PipeKind.selected = study.pipe_system_number - 1;
   LblMaterial.text = MaterialLine(study.pipe_material);
   Cmd_Nodes.visible = study.SystemClosed();
+  Cmd_Winter.visible = study.SystemClosed();
   Mnu_Method.visible = study.SystemClosed();
   CmdFF.visible = desk.options.folder_commands;
   ChkSound.on = desk.options.SoundOn;

@@ -62,6 +62,7 @@ class FrmMain : public Form {
   Label LblEmitters{*this, "LblEmitters"};
 
   Command Cmd_Nodes;
+  Command Cmd_Winter;
   Command Cmd_Recent;
   Command Cmd_CurFL;
   Command CmdFF;
@@ -102,6 +103,7 @@ class FrmMain : public Form {
   void ShowResultsFromMenu();
   void OpenResults();
   void RerunAfterChange();
+  void OpenWinter();
   void ShowNodes();
   void ShowCurrentStudy();
   void OpenStudy();

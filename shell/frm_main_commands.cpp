@@ -205,6 +205,20 @@ void FrmMain::RerunAfterChange() {
   desk.navigator.Show(screen::kPump);
 }
 
+void FrmMain::OpenWinter() {
+  if (!SettleTitle() || AskToOpenKeptSheet(desk) || !NeedsPipes()) return;
+  const Study& study = bench.study;
+  if (study.EmitterCount == 0 || !bench.workspace.HasBytes(work_file::kEmitters)) {
+    bench.Show(message::kNoEmitterData);
+  } else if (study.emitters_unchecked) {
+    bench.Show(message::kEmittersUnchecked);
+  } else if (!ResultsHold(study)) {
+    bench.Show(message::kNoSummerResults);
+  } else {
+    ShowInsteadOfMenu(desk.navigator, screen::kWinter);
+  }
+}
+
 void FrmMain::ShowNodes() {
   if (HasRows()) {
     ShowNodeReport(desk, false);

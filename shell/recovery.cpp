@@ -11,6 +11,7 @@
 #include "study/date_text.h"
 #include "study/fluid_library.h"
 #include "study/kept_sheet.h"
+#include "study/kept_winter.h"
 #include "study/load_study.h"
 #include "study/pipe_choice.h"
 #include "study/safety_copies.h"
@@ -228,6 +229,7 @@ bool AcceptRecovery(Desk& desk, const FoundLeftOver& found) {
   if (loaded) {
     study.fluid_assumed = study.fluid_assumed || fluid_damaged;
     MendEmitters(bench);
+    TellIfFailed(bench, TakeKeptWinter(bench.workspace));
     return true;
   }
   TellLoadFailure(bench, loaded.error());
@@ -256,7 +258,8 @@ bool SetDamagedAside(Desk& desk) {
   std::string names;
   std::vector<std::string_view> damaged;
   for (const std::string_view name :
-       {work_file::kStatistics, work_file::kEmitters, work_file::kFluid, work_file::kWinter}) {
+       {work_file::kStatistics, work_file::kEmitters, work_file::kFluid, work_file::kWinter,
+        work_file::kWinterInWork}) {
     if (!IsDamaged(desk.bench, name)) continue;
     names += (names.empty() ? "" : ", ") + std::string(name);
     damaged.push_back(name);

@@ -118,6 +118,19 @@ void BringSheetBack(Desk& desk, const std::filesystem::path& copy) {
                                 std::move(bytes).value()));
 }
 
+// Winter's entry that was kept beside the rows of a safety copy, if it is of as many rows.
+void BringWinterBack(Workbench& bench, const std::filesystem::path& copy) {
+  auto bytes = bench.workspace.outer_disk().Read(copy / work_file::kWinterInWork);
+  if (!bytes && bytes.error().IsMissing()) return;
+  if (!bytes) {
+    TellError(bench, bytes.error());
+    return;
+  }
+  const auto rows = bench.workspace.Read(work_file::kRows);
+  if (!rows || rows->size() != bytes->size()) return;
+  TellIfFailed(bench, bench.workspace.Write(work_file::kWinter, std::move(bytes).value()));
+}
+
 }  // namespace
 
 bool SaveStudy(Desk& desk) {
@@ -207,6 +220,7 @@ bool OpenChosen(Desk& desk, const std::filesystem::path& path, RecentList recent
     if (!copy.empty()) {
       CountAsBroughtBack(bench, copy);
       BringSheetBack(desk, copy);
+      BringWinterBack(bench, copy);
     }
     NoteOrigin(bench.workspace, study.study_path.empty() ? study.origin_path : study.study_path);
     return true;

@@ -14,9 +14,9 @@ constexpr const char* kUnreadableTitle = " !!... ΠΡΟΣΟΧΗ ...!! ";
 // Without one of these the study cannot come back as it was left.
 constexpr std::array kRowsInWork = {work_file::kRows, work_file::kSummerRows,
                                     work_file::kRowsBeforeChange, work_file::kSheetInWork};
-constexpr std::array kFilesBeside = {work_file::kRebuilt, work_file::kFirstRows,
-                                     work_file::kFluid,   work_file::kWinter,
-                                     work_file::kSheet,   work_file::kSheetIntro};
+constexpr std::array kFilesBeside = {
+    work_file::kRebuilt,      work_file::kFirstRows, work_file::kFluid,     work_file::kWinter,
+    work_file::kWinterInWork, work_file::kSheet,     work_file::kSheetIntro};
 
 struct UnreadableFile {
   std::string name;

@@ -9,6 +9,7 @@
 #include "study/companions.h"
 #include "study/date_text.h"
 #include "study/kept_sheet.h"
+#include "study/kept_winter.h"
 #include "study/study_extensions.h"
 #include "study/study_file_names.h"
 #include "study/study_origin.h"
@@ -119,9 +120,9 @@ void RemoveOldCopies(Disk& disk, const fs::path& above, const fs::path& in_use) 
 
 // Files that hold what was entered: a copy without one of them is none.
 bool HoldsEntries(std::string_view work_name) {
-  constexpr std::array kEntered = {work_file::kRows,       work_file::kFluid,
-                                   work_file::kWinter,     work_file::kSheet,
-                                   work_file::kSheetIntro, work_file::kSheetInWork};
+  constexpr std::array kEntered = {
+      work_file::kRows,       work_file::kFluid,       work_file::kWinter,      work_file::kSheet,
+      work_file::kSheetIntro, work_file::kSheetInWork, work_file::kWinterInWork};
   return std::ranges::find(kEntered, work_name) != kEntered.end();
 }
 
@@ -231,6 +232,7 @@ bool IsSaved(const Workbench& bench) {
   const auto rows = bench.workspace.ReadIfThere(work_file::kRows);
   if (!rows) return false;
   if (rows->empty()) return !bench.workspace.HasBytes(work_file::kSheet);
+  if (IsWinterKept(bench.workspace)) return false;
   const fs::path& path = bench.study.study_path;
   if (path.empty() || path == kEscapePath) return false;
   const Disk& disk = bench.workspace.outer_disk();
@@ -318,7 +320,8 @@ bool IsDamaged(const Workbench& bench, std::string_view work_name) {
   if (!bench.workspace.Read(work_name)) return false;  // missing, or nobody knows
   if (work_name == work_file::kStatistics) return !IsSound<StatRow>(bench, work_name);
   if (work_name == work_file::kFluid) return !IsSound<FluidRow>(bench, work_name);
-  if (work_name == work_file::kEmitters || work_name == work_file::kWinter) {
+  if (work_name == work_file::kEmitters || work_name == work_file::kWinter ||
+      work_name == work_file::kWinterInWork) {
     return !IsSound<SectionRow>(bench, work_name);
   }
   return false;

@@ -19,8 +19,8 @@ struct SafetyFolders {
 };
 
 /// True when what was entered (rows, fluid, winter rows) is, byte by byte, in the files at
-/// `study path`, and neither the sheet nor an unchecked list of emitters holds what the rows do
-/// not. Without rows and without any sheet there is nothing to lose, and it is true too.
+/// `study path`, and neither the sheet, winter's entry nor an unchecked list of emitters holds what
+/// they do not. Without rows and without any sheet there is nothing to lose, and it is true too.
 bool IsSaved(const Workbench& bench);
 
 /// Before the study in the work files is thrown away: copies it to safety unless it is saved

@@ -20,6 +20,7 @@ constexpr const char* kErrors = "ERRORS.TMP";
 constexpr const char* kSequence = "SEQUENT.TMP";
 constexpr const char* kStatistics = "STATIST.TMP";
 constexpr const char* kWinter = "WINTCIRC.TMP";
+constexpr const char* kWinterInWork = "WINTCIRC.@@@";
 constexpr const char* kSheet = "Spread.ss2";
 constexpr const char* kSheetInWork = "Spread.@@@";
 constexpr const char* kSheetIntro = "Intro.ss2";
@@ -35,7 +36,7 @@ inline constexpr std::array kAll = {
     kResults,     kEmitters,         kEmittersInWork, kRebuilt,          kPostponed,
     kGeneralData, kErrors,           kSequence,       kStatistics,       kWinter,
     kSheet,       kSheetIntro,       kFirstRows,      kFirstRowsOld,     kFluid,
-    kFlowReport,  kOrigin,           kSheetInWork};
+    kFlowReport,  kOrigin,           kSheetInWork,    kWinterInWork};
 
 /// Files that outlive a study.
 constexpr const char* kRecentFiles = "RecentFiles.txt";

@@ -5,8 +5,10 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QKeyEvent>
+#include <QTimer>
 #include <algorithm>
 #include <fstream>
+#include <functional>
 #include <stdexcept>
 
 #include "bench/bench_program.h"
@@ -17,6 +19,7 @@
 #include "desktop/theme.h"
 #include "engine/calculation_command.h"
 #include "entry/frm_data_sheet.h"
+#include "entry/frm_winter.h"
 #include "entry/sheet_columns.h"
 #include "entry/sheet_pages.h"
 #include "shell/study_dialogs.h"
@@ -111,6 +114,37 @@ class Session {
   int PaintingsOfEntry() {
     Window(screen::kSheet).installEventFilter(&paintings_);
     return paintings_.count;
+  }
+
+  void ShowWinter() {
+    program_.windows().Show(screen::kWinter);
+    Draw(screen::kWinter);
+  }
+  void CloseWinter() { program_.windows().Close(screen::kWinter); }
+
+  /// Three fifths of the emitters' flows and drops into the winter form, which must be shown.
+  void FillWinter() {
+    auto& form = dynamic_cast<FrmWinter&>(*program_.windows().FormOf(screen::kWinter));
+    std::string text;
+    for (const WinterLine& line : SummerValues(program_.desk().bench)) {
+      text += FormatNumber(line.flow_lh * 0.6F, program_.desk().separators) + "\t" +
+              FormatNumber(line.drop * 0.6F, program_.desk().separators) + "\n";
+    }
+    program_.desk().clipboard.SetText(text);
+    form.Run(form.CmdPasteFromClpbrd);
+  }
+  /// Runs it, to the box of its pump, which is closed then.
+  void RunWinter(const std::function<void()>& at_the_box) {
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, [&] {
+      QWidget* box = QApplication::activeModalWidget();
+      if (box == nullptr) return;
+      box->repaint();
+      at_the_box();
+      box->close();
+    });
+    look.start(0);
+    Press(screen::kWinter, Qt::Key_Return, {}, Qt::ControlModifier);
   }
 
   void ShowStudies(const std::filesystem::path& folder) {
@@ -253,6 +287,41 @@ void OpenEntryOf999(benchmark::State& state) {
   }
 }
 BENCHMARK(OpenEntryOf999)->Apply(RepeatTen);
+
+void OpenWinterOf330(benchmark::State& state) {
+  StudyOf999 open;
+  Session& session = open.session;
+  session.Calculate();
+  session.desk().bench.study.results_valid = true;
+  QElapsedTimer watch;
+  for (auto _ : state) {
+    watch.start();
+    session.ShowWinter();
+    Note(state, watch, 0);
+    session.CloseWinter();
+  }
+}
+BENCHMARK(OpenWinterOf330)->Apply(RepeatTen);
+
+void RunWinterOf330(benchmark::State& state) {
+  StudyOf999 open;
+  Session& session = open.session;
+  session.Calculate();
+  session.desk().bench.study.results_valid = true;
+  session.ShowWinter();
+  session.FillWinter();
+  QElapsedTimer watch;
+  for (auto _ : state) {
+    bool shown = false;
+    watch.start();
+    session.RunWinter([&] {
+      if (!shown) Note(state, watch, 2);  // before the copies of the rows
+      shown = true;
+    });
+    if (!shown) throw std::runtime_error("no winter");
+  }
+}
+BENCHMARK(RunWinterOf330)->Apply(RepeatTen);
 
 // A key, to what it changed painted anew; it must change the draft, or must not.
 void PressInEntry(Session& session, int key, const QString& text, Qt::KeyboardModifiers modifiers,

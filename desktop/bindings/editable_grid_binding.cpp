@@ -35,6 +35,17 @@ void EditableGridBinding::HearUser(const Act& act) {
   };
   connect(&view(), &QTableView::doubleClicked, this, open);
   if (frozen_ != nullptr) connect(frozen_, &QTableView::doubleClicked, this, open);
+  if (grid_.opens_by_right_click) {
+    view().setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(&view(), &QWidget::customContextMenuRequested, this, [this](const QPoint& at) {
+      const QModelIndex meant = view().indexAt(at);
+      if (!meant.isValid()) return;
+      act_([&] {
+        grid_.GoTo(model().PlaceOf(meant));
+        grid_.Open();
+      });
+    });
+  }
   for (const QScrollBar* bar : {view().horizontalScrollBar(), view().verticalScrollBar()}) {
     connect(bar, &QScrollBar::valueChanged, this, [this] { PlaceEditor(); });
   }

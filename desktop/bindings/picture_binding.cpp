@@ -5,6 +5,7 @@
 #include "desktop/widgets/pictures/junction_picture.h"
 #include "desktop/widgets/pictures/outlet_bars.h"
 #include "desktop/widgets/pictures/pipe_picture.h"
+#include "desktop/widgets/pictures/winter_bars.h"
 #include "desktop/widgets/results/branch_chain.h"
 #include "desktop/widgets/results/drop_shares.h"
 #include "desktop/widgets/results/section_steps.h"
@@ -60,6 +61,7 @@ std::unique_ptr<Binding> MakePictureBinding(Control& part, QWidget& widget, cons
   if (auto chain = Join<ChainContent, BranchChain>(part, widget, act)) return chain;
   if (auto junction = Join<JunctionContent, JunctionPicture>(part, widget, act)) return junction;
   if (auto bars = Join<OutletChartContent, OutletBars>(part, widget, act)) return bars;
+  if (auto bars = Join<WinterChartContent, WinterBars>(part, widget, act)) return bars;
   return Join<PipeContent, PipePicture>(part, widget, act);
 }
 

@@ -17,6 +17,9 @@ enum CellLook {
   kAlarmLook = 4,     ///< what it says needs to be put right; on a number: what some cell says
   kLockedLook = 8,    ///< shown in the grey of what cannot be changed
   kStrongLook = 16,   ///< bold, in the primary colour
+  kOpenLook = 32,     ///< on the ground of what can be changed
+  kRefusedLook = 64,  ///< what was entered is not taken
+  kBoldLook = 128,
 };
 
 }  // namespace kalvo

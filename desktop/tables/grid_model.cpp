@@ -56,8 +56,13 @@ QModelIndex GridModel::IndexOf(GridPlace place) const {
              : index(static_cast<int>(found - grid_.order().begin()), place.column);
 }
 
-int GridModel::LookOf(GridPlace place, Tone tone) const {
+int GridModel::LookOf(GridPlace place, const GridCell& cell) const {
+  const Tone tone = cell.tone;
+  const GridColumn& column = grid_.columns()[static_cast<std::size_t>(place.column)];
   int look = IsLocked(place.column) ? kLockedLook : 0;
+  if (column.open) look |= kOpenLook;
+  if (column.bold) look |= kBoldLook;
+  if (cell.refused) look |= kRefusedLook;
   if (grid_.IsMarked(place.row)) look |= kCriticalLook;
   if (tone == Tone::kAlarm) look |= kAlarmLook;
   if (tone == Tone::kImposed) look |= kImposedLook;
@@ -91,7 +96,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
     case Qt::AccessibleTextRole:
       return SpokenCell(place);
     case kLookRole:
-      return LookOf(place, cell.tone);
+      return LookOf(place, cell);
     default:
       return {};
   }

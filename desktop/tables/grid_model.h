@@ -32,7 +32,7 @@ class GridModel : public QAbstractTableModel {
   [[nodiscard]] QString SpokenCell(const GridPlace& place) const;
   void TellCells(int first, int last);
   [[nodiscard]] bool IsLocked(int column) const;
-  [[nodiscard]] int LookOf(GridPlace place, Tone tone) const;
+  [[nodiscard]] int LookOf(GridPlace place, const GridCell& cell) const;
   [[nodiscard]] int LookOf(int row) const;
 
   Grid& grid_;

@@ -30,8 +30,8 @@ void SheetDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   const Theme& theme = ActiveTheme();
   const auto* view = qobject_cast<const QAbstractItemView*>(option.widget);
   const QModelIndex current = view == nullptr ? QModelIndex() : view->currentIndex();
-  const bool selected = option.state.testFlag(QStyle::State_Selected) ||
-                        (tints_current_row_ && current.row() == index.row());
+  const bool selected = option.state.testFlag(QStyle::State_Selected);
+  const bool tinted = tints_current_row_ && current.row() == index.row();
   const bool odd = option.features.testFlag(QStyleOptionViewItem::Alternate);
   const Cell cell{option.rect,
                   index.data(Qt::DisplayRole).toString(),
@@ -41,6 +41,9 @@ void SheetDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                   index.column()};
   painter->save();
   painter->fillRect(option.rect, selected                           ? theme.soft
+                                 : IsLook(cell.look, kRefusedLook)  ? theme.errbg
+                                 : IsLook(cell.look, kOpenLook)     ? theme.okbg
+                                 : tinted                           ? theme.soft
                                  : IsLook(cell.look, kCriticalLook) ? theme.critbg
                                  : odd                              ? theme.zebra
                                                                     : theme.surface);
@@ -55,6 +58,9 @@ void SheetDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   if (current == index) {
     painter->setPen(view->hasFocus() ? QPen(theme.primary, 2) : QPen(theme.border, 1));
     painter->setBrush(Qt::NoBrush);
+    painter->drawRect(QRectF(option.rect).adjusted(1, 1, -1, -1));
+  } else if (IsLook(cell.look, kRefusedLook)) {
+    painter->setPen(QPen(theme.err, 2));
     painter->drawRect(QRectF(option.rect).adjusted(1, 1, -1, -1));
   }
   painter->restore();
@@ -105,7 +111,8 @@ void SheetDelegate::DrawContent(QPainter& painter, const Cell& cell,
   bold_.UseFont(bold_font);
   const QRect inside = cell.rect.adjusted(kSidePadding, 0, -kSidePadding, 0);
   const bool strong = IsLook(cell.look, kStrongLook);
-  const bool bold = strong || (cell.column == 0 && IsLook(cell.look, kCriticalLook));
+  const bool bold = strong || IsLook(cell.look, kBoldLook) ||
+                    (cell.column == 0 && IsLook(cell.look, kCriticalLook));
   LaidOut& laid_out = bold ? bold_ : plain_;
   QString value = cell.text;
   Qt::Alignment alignment = cell.alignment;

@@ -622,6 +622,7 @@ TEST(Sheet, AnEndThatFailsBringsTheRowsBack) {
               sheet.user.sound,
               sheet.user.viewer,
               sheet.user.clipboard,
+              sheet.user.printer,
               Separators{',', '.'}};
     sheet.form = std::make_unique<FrmData_Sheet>(desk);
     sheet.form->Load();

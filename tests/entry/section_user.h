@@ -35,7 +35,7 @@ class SectionUser {
 
   void Press(const Key& key) {
     if (front() == nullptr) return;
-    PressAsOnAScreen(*front(), key);
+    PressKey(*front(), key);
     Follow();
   }
   void Press(KeyCode code) { Press(Plain(code)); }

@@ -11,21 +11,6 @@
 
 namespace kalvo {
 
-/// What the form leaves of a key edits the text in focus, as on a screen.
-inline void PressAsOnAScreen(Form& form, const Key& key) {
-  const bool taken = form.Press(key);
-  auto* field = dynamic_cast<Field*>(form.focus());
-  if (taken || field == nullptr) return;
-  if (key.code == KeyCode::kBackspace || key.code == KeyCode::kDelete) {
-    form.Type(*field, {"", "", ""});
-  } else if (key.IsText() && key.character != 0) {
-    std::string piece;
-    AppendUtf8(piece, key.character);
-    const std::string before = field->whole_selected ? "" : field->text;
-    form.Type(*field, {before, piece, ""});
-  }
-}
-
 /// The sheet of a study with a title and general data, driven by keys.
 class SheetUser {
  public:
@@ -55,7 +40,7 @@ class SheetUser {
   }
 
   void Press(const Key& key) {
-    PressAsOnAScreen(*form, key);
+    PressKey(*form, key);
     form->Derive();
   }
   void Press(KeyCode code) { Press(Plain(code)); }

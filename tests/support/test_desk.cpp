@@ -56,6 +56,18 @@ void TypeInto(Form& form, Field& field, std::string_view text) {
   }
 }
 
+void PressKey(Form& form, const Key& key) {
+  const bool taken = form.Press(key);
+  auto* field = dynamic_cast<Field*>(form.focus());
+  if (taken || field == nullptr) return;
+  const bool deletes = key.code == KeyCode::kBackspace || key.code == KeyCode::kDelete;
+  if (deletes) form.Type(*field, {});
+  if (!key.IsText() || key.character == 0) return;
+  std::string piece;
+  AppendUtf8(piece, key.character);
+  form.Type(*field, {field->whole_selected ? "" : field->text, piece, ""});
+}
+
 bool PasteInto(Form& form, Field& field, std::string_view text) {
   form.MoveFocus(&field);
   return form.Type(field, {{}, text, {}});

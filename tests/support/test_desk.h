@@ -111,6 +111,10 @@ class TestDesk {
 /// character is a key. Characters that the field refuses are lost, as on a screen.
 void TypeInto(Form& form, Field& field, std::string_view text);
 
+/// The user presses a key where the keyboard is. What the form leaves edits the text there, as on a
+/// screen.
+void PressKey(Form& form, const Key& key);
+
 /// The user pastes over the whole text. False when the field refuses it.
 bool PasteInto(Form& form, Field& field, std::string_view text);
 

@@ -1,4 +1,4 @@
-#include "results/winter_boxes.h"
+#include "entry/winter_boxes.h"
 
 #include "study/numeric_text.h"
 #include "study/rounding.h"
@@ -41,11 +41,16 @@ Box WinterFlowBox(const WinterLine& line, float summer_flow_lh) {
           box_style::kYesNo};
 }
 
-Box KeepWinterBox() {
-  return {"  ! !   ΠΡΟΣΟΧΗ   ! ! ",
-          {"        !! Αν ΔΕΝ σώσετε τα Δεδομένα για τον Χειμώνα, αυτά θα χαθούν !!        ",
-           "                          Θέλετε να < σωθούν > τα Δεδομένα ??                 "},
-          box_style::kYesNo};
+Box KeepWinterBox(bool with_sections) {
+  Box box{"  ! !   ΠΡΟΣΟΧΗ   ! ! ",
+          {"        !! Αν ΔΕΝ σώσετε τα Δεδομένα για τον Χειμώνα, αυτά θα χαθούν !!        "},
+          box_style::kYesNoCancel};
+  if (with_sections) {
+    box.lines.emplace_back("        (Μαζί τους σώζονται και τα Δεδομένα των Τμημάτων)        ");
+  }
+  box.lines.emplace_back(
+      "                          Θέλετε να < σωθούν > τα Δεδομένα ??                 ");
+  return box;
 }
 
 Box WinterPumpBox(const SectionRow& first_row, Separators separators) {

@@ -1,4 +1,4 @@
-#include "results/winter_boxes.h"
+#include "entry/winter_boxes.h"
 
 #include <gtest/gtest.h>
 
@@ -15,7 +15,12 @@ TEST(WinterBoxes, NameTheSectionAndWhatIsWrongThere) {
   EXPECT_NE(WinterFlowBox({2, 5, 300, 9}, 300).lines[1].find("ίση"), std::string::npos);
   EXPECT_NE(WinterFlowBox({2, 5, 301, 9}, 300).lines[1].find("μεγαλύτερη"), std::string::npos);
   EXPECT_EQ(WinterFlowBox({2, 5, 301, 9}, 300).style, box_style::kYesNo);
-  EXPECT_EQ(KeepWinterBox().style, box_style::kYesNo);
+}
+
+TEST(WinterBoxes, AskAtTheCloseWithoutThrowingDataAwayUnasked) {
+  EXPECT_EQ(KeepWinterBox(false).style, box_style::kYesNoCancel);  // yes is the default
+  EXPECT_EQ(KeepWinterBox(false).lines.size(), 2U);
+  EXPECT_NE(KeepWinterBox(true).lines[1].find("Τμημάτων"), std::string::npos);
 }
 
 TEST(WinterBoxes, TellThePump) {
