@@ -13,6 +13,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QProgressBar>
+#include <QScrollArea>
 #include <QTimer>
 #include <algorithm>
 #include <utility>
@@ -24,6 +25,7 @@ namespace kalvo {
 namespace {
 
 constexpr int kSelfRunnerStepMs = 40;
+constexpr int kFieldAroundCaret = 16;
 
 bool IsOperable(const QWidget& widget) {
   return qobject_cast<const QAbstractButton*>(&widget) != nullptr ||
@@ -63,6 +65,16 @@ constexpr const char* kFollowsCommand = "followsCommand";
 QString MenuCaption(std::string_view caption, bool from_outside) {
   QString text = ToQt(caption).trimmed();
   return from_outside ? text.replace(QLatin1Char('&'), QStringLiteral("&&")) : text;
+}
+
+// By itself a scroll area follows no focus but that of Tab. It looks at the caret, which a field
+// surrounds by that much.
+void BringInSight(QWidget& widget) {
+  for (QWidget* around = widget.parentWidget(); around != nullptr;
+       around = around->parentWidget()) {
+    if (auto* area = qobject_cast<QScrollArea*>(around))
+      area->ensureWidgetVisible(&widget, 0, kFieldAroundCaret);
+  }
 }
 
 // The command's key as a menu shows it, at the right.
@@ -258,6 +270,7 @@ void Binder::FollowFocus() {
       const UnderWay under_way(depth_);  // the form knows of this move
       bound.binding->widget()->setFocus(Qt::OtherFocusReason);
     }
+    BringInSight(*bound.binding->widget());
     bound.binding->Paint();
   }
 }

@@ -4,6 +4,7 @@
 
 #include <ui_frm_calcs.h>
 #include <ui_frm_cur_fl.h>
+#include <ui_frm_data.h>
 #include <ui_frm_data_sheet.h>
 #include <ui_frm_dt_sheet_help.h>
 #include <ui_frm_editor.h>
@@ -28,9 +29,11 @@
 #include <ui_frm_tau_cross_s.h>
 #include <ui_frm_title.h>
 #include <ui_frm_winter.h>
+#include <ui_frm_what.h>
 #include <ui_frm_ypodo.h>
 
 #include "entry/frm_cur_fl.h"
+#include "entry/frm_data.h"
 #include "entry/frm_data_sheet.h"
 #include "entry/frm_dt_sheet_help.h"
 #include "entry/frm_err.h"
@@ -39,8 +42,10 @@
 #include "entry/frm_go_to.h"
 #include "entry/frm_liquid.h"
 #include "entry/frm_soma.h"
+#include "entry/frm_tau_cross.h"
 #include "entry/frm_tau_cross_s.h"
 #include "entry/frm_winter.h"
+#include "entry/frm_what.h"
 #include "entry/frm_ypodo.h"
 #include "results/frm_res.h"
 #include "results/frm_res_gn.h"
@@ -82,6 +87,8 @@ constexpr Screen kScreens[] = {
     {screen::kGeneralData, &MakeForm<FrmGenData>, &SetUp<Ui::FrmGenData>},
     {screen::kCurrentStudy, &MakeForm<FrmCurFL>, &SetUp<Ui::FrmCurFL>},
     {screen::kSheet, &MakeForm<FrmData_Sheet>, &SetUp<Ui::FrmData_Sheet>},
+    {screen::kSections, &MakeForm<FrmData>, &SetUp<Ui::FrmData>},
+    {screen::kEntryChoice, &MakeForm<FrmWhat>, &SetUp<Ui::FrmWhat>},
     {screen::kSheetHelp, &MakeForm<FrmDtSheet_Help>, &SetUp<Ui::FrmDtSheet_Help>},
     {screen::kMissingValues, &MakeForm<FrmERR>, &SetUp<Ui::FrmERR>},
     {screen::kEmitters, &MakeForm<FrmSoma>, &SetUp<Ui::FrmSoma>},
@@ -90,6 +97,7 @@ constexpr Screen kScreens[] = {
     {screen::kMemoryValues, &MakeForm<FrmF12>, &SetUp<Ui::FrmF12>},
     {screen::kGoTo, &MakeForm<FrmGoTo>, &SetUp<Ui::FrmGoTo>},
     {screen::kTees, &MakeForm<FrmTauCross_S>, &SetUp<Ui::FrmTauCross_S>, screen::kSheet},
+    {screen::kFormTees, &MakeForm<FrmTauCross>, &SetUp<Ui::FrmTauCross_S>, screen::kSections},
     {screen::kOldStudy, &MakeForm<FrmOldStudy>, &SetUp<Ui::FrmOldStudy>},
     {screen::kStudies, &MakeForm<FrmOpenSave>, &SetUp<Ui::FrmOpenSave>},
     {screen::kRecent, &MakeForm<FrmRecFiles_S>, &SetUp<Ui::FrmRecFiles_S>},

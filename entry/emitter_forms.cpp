@@ -50,10 +50,12 @@ bool AskToLeaveAtOnce(Workbench& bench, const std::string& why) {
 }
 
 void LeaveEntry(Desk& desk, std::string_view own_screen) {
-  desk.screens.edit_mode = false;
-  desk.navigator.Show(screen::kMain);
-  for (const std::string_view beside : {screen::kTees, screen::kSheet}) {
-    if (desk.navigator.IsOpen(beside)) desk.navigator.Close(beside);
+  const std::string_view next = desk.screens.back_to_sheet ? screen::kSheet : screen::kMain;
+  desk.screens.edit_mode = desk.screens.back_to_sheet;
+  desk.navigator.Show(next);
+  for (const std::string_view beside :
+       {screen::kTees, screen::kSheet, screen::kFormTees, screen::kSections}) {
+    if (beside != next && desk.navigator.IsOpen(beside)) desk.navigator.Close(beside);
   }
   desk.navigator.Close(own_screen);
 }

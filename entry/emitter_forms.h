@@ -40,7 +40,8 @@ bool AreEmpty(std::span<Field* const> fields);
 /// A value is missing: asks whether to leave all the same; staying is the default.
 bool AskToLeaveAtOnce(Workbench& bench, const std::string& why);
 
-/// Back to the main menu: closes the form and what entry has opened beside it.
+/// Back to the main menu, or to the sheet that entry came from: closes the form and what entry has
+/// opened beside it.
 void LeaveEntry(Desk& desk, std::string_view own_screen);
 
 /// Runs `action`; a file that said no is told. True: it went well.

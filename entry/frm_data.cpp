@@ -387,6 +387,7 @@ void FrmData::DeriveHead() {
   LblOf.text = is_new_ ? "νέο" : "από " + std::to_string(count());
   ChkSoundD.on = desk.options.SoundOn;
   Cmd_Ins.caption = insert_mode_ ? kCancelCaption : kInsertCaption;
+  Cmd_Ins.icon = insert_mode_ ? "exclamation" : "insert";
   const DraftHistory& history = sitting_.draft.history();
   Cmd_Undo.caption = "Αναίρεση" + (history.CanUndo() ? " : " + history.ToUndo().name : "");
   Cmd_Redo.caption = "Επανάληψη" + (history.CanRedo() ? " : " + history.ToRedo().name : "");

@@ -10,9 +10,12 @@ constexpr std::string_view kFullHint = "Δεν προστέθηκε: το πλή
 
 }  // namespace
 
-FrmTauCross_S::FrmTauCross_S(Desk& shared_desk)
+FrmTauCross_S::FrmTauCross_S(Desk& shared_desk, std::string_view own_screen)
     : Form(shared_desk),
-      Cmd_Close(*this, "Cmd_Close", "Κλείσιμο", [this] { Close(); }, {Plain(KeyCode::kEscape)}) {
+      Cmd_Close(*this, "Cmd_Close", "Κλείσιμο", [this] { Close(); }, {Plain(KeyCode::kEscape)}),
+      own_screen_(own_screen) {
+  LblKeys.text = std::string("Κάθε πάτημα προσθέτει · από ") +
+                 (own_screen == screen::kTees ? "το φύλλο" : "τη φόρμα") + ": Shift + γράμμα";
   title = "ΚΑΤΑΧΩΡΗΣΗ < ΤΑΥ > ΚΑΙ < ΣΤΑΥΡΩΝ >, ΣΕ ΔΙΑΚΛΑΔΩΣΕΙΣ";
   for (const TeePicture picture : kTeePictures) {
     Junction& drawn = pictures.emplace_back(*this, "Pic" + std::string(NameOf(picture)));
@@ -44,7 +47,11 @@ void FrmTauCross_S::MakeMenus() {
 void FrmTauCross_S::Load() { Focus(Cmd_Close); }
 
 void FrmTauCross_S::Activate() {
-  if (desk.screens.tee_counters == nullptr) desk.navigator.Close(screen::kTees);
+  if (desk.screens.tee_counters == nullptr) {
+    desk.navigator.Close(own_screen_);
+  } else {
+    desk.screens.tee_counters->Shown();
+  }
 }
 
 bool FrmTauCross_S::OtherKey(const Key& key) {
@@ -65,7 +72,7 @@ void FrmTauCross_S::PressLetter(char letter) {
 }
 
 void FrmTauCross_S::Close() {
-  desk.navigator.Close(screen::kTees);
+  desk.navigator.Close(own_screen_);
   if (desk.screens.tee_counters != nullptr) desk.screens.tee_counters->BringToFront();
 }
 

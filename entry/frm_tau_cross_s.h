@@ -12,10 +12,10 @@ namespace kalvo {
 /// that is the section. It follows the current section of the screen that has the counters.
 class FrmTauCross_S : public Form {
  public:
-  explicit FrmTauCross_S(Desk& shared_desk);
+  explicit FrmTauCross_S(Desk& shared_desk) : FrmTauCross_S(shared_desk, screen::kTees) {}
 
   void Load() override;
-  /// Without counters to serve it closes.
+  /// Tells its screen that it shows; without counters to serve it closes.
   void Activate() override;
   bool MayClose() override;
   /// The keys of the letters, whatever the layout.
@@ -28,6 +28,7 @@ class FrmTauCross_S : public Form {
   Label LblAntiTee{*this, "LblAntiTee"};
   Label LblSymboTee{*this, "LblSymboTee"};
   Label LblHint{*this, "LblHint"};
+  Label LblKeys{*this, "LblKeys"};
   Label LblTeesApart{*this, "LblTeesApart", "< ΤΑΥ >  (Οι Ροές Αποκλίνουν) "};
   Label LblTeesTogether{*this, "LblTeesTogether", " < ΤΑΥ >  (Οι Ροές Συγκλίνουν) "};
   Label LblCrossesApart{*this, "LblCrossesApart", " < ΣΤΑΥΡΟΙ > (Ροές Αποκλίνουν) "};
@@ -37,6 +38,10 @@ class FrmTauCross_S : public Form {
   std::deque<Label> effects;      ///< LblEffect_A to LblEffect_T
   Command Cmd_Close;
 
+ protected:
+  /// `own_screen` is the name under which it shows.
+  FrmTauCross_S(Desk& shared_desk, std::string_view own_screen);
+
  private:
   void MakeMenus();
   void PressLetter(char letter);
@@ -44,6 +49,7 @@ class FrmTauCross_S : public Form {
   void DeriveCounts();
   void DeriveEffects();
 
+  std::string_view own_screen_;
   std::string refused_for_;  ///< the section whose count is full; empty: none
 };
 

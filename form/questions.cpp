@@ -28,6 +28,12 @@ std::optional<bool> AskToRecover(Desk& desk, OfferedStudy offered) {
   return std::exchange(desk.questions.recover, std::nullopt);
 }
 
+std::optional<EntryChoice> AskHowToEnter(Desk& desk) {
+  desk.questions.entry_choice.reset();
+  desk.navigator.ShowModal(screen::kEntryChoice);
+  return std::exchange(desk.questions.entry_choice, std::nullopt);
+}
+
 std::string ChooseViewer(Desk& desk) {
   desk.questions.viewer.clear();
   desk.navigator.ShowModal(screen::kViewer);

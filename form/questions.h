@@ -32,12 +32,17 @@ struct OfferedStudy {
   bool sheet = false;  ///< its sheet holds what the rows do not
 };
 
+/// What section entry does with the rows that there are: it shows the first, or a new one after
+/// the last.
+enum class EntryChoice { kCorrect, kGoOn };
+
 struct Questions {
   FileDialogMode file_mode = FileDialogMode::kOpen;
   std::optional<ChosenFile> file;
   std::function<void(Method)> run;  ///< what `FrmCalcs` calls with the method chosen
   OfferedStudy offered;             ///< what `FrmOldStudy` offers back
   std::optional<bool> recover;
+  std::optional<EntryChoice> entry_choice;
   std::string viewer;               ///< `FrmEditor`: "NotePad", "WordPad" or nothing
   bool section_of_results = false;  ///< `FrmGoTo` serves a view of results
 };
@@ -52,6 +57,9 @@ void RunByChosenMethod(Desk& desk, const std::function<void(Method)>& run);
 /// Whether the study in work that an earlier run left shall be brought back; nothing when the
 /// window was closed.
 std::optional<bool> AskToRecover(Desk& desk, OfferedStudy offered);
+
+/// What entry shall do with the rows that there are; nothing when the user does not want to enter.
+std::optional<EntryChoice> AskHowToEnter(Desk& desk);
 
 /// The program that shall show a text; empty when none was chosen.
 std::string ChooseViewer(Desk& desk);

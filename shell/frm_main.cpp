@@ -73,6 +73,7 @@ FrmMain::FrmMain(Desk& shared_desk)
     }
   };
   ChkSound.on_toggle = [this] { desk.options.SoundOn = ChkSound.on; };
+  ChkDataKind.on_toggle = [this] { desk.options.ChkDataKind = ChkDataKind.on; };
   for (std::size_t i = 0; i < kRecentInMenu; ++i) {
     Mnu_Recent.emplace_back(*this, "Mnu_Recent" + std::to_string(i + 1), "", [this, i] {
       const std::filesystem::path file = recent_[i];  // the list may change
@@ -221,6 +222,7 @@ void FrmMain::Derive() {
   Mnu_Method.visible = study.SystemClosed();
   CmdFF.visible = desk.options.folder_commands;
   ChkSound.on = desk.options.SoundOn;
+  ChkDataKind.on = desk.options.ChkDataKind;
   LblFolder.text = "Folder: " + desk.data_folder.string();
 }
 

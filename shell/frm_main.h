@@ -52,6 +52,7 @@ class FrmMain : public Form {
   Choice Cbo_PipeKind{*this, "Cbo_PipeKind"};
   Label LblMaterial{*this, "LblMaterial"};
   Command CmdLiquid;
+  Toggle ChkDataKind{*this, "ChkDataKind", " ΔΕΔΟΜΕΝΑ ΣΕ ΜΟΡΦΗ SpreadSheet "};
   Label LblFluidAssumed{*this, "LblFluidAssumed"};
   Label LblFlow{*this, "LblFlow"};
   Label LblHead{*this, "LblHead"};
@@ -95,6 +96,7 @@ class FrmMain : public Form {
   void AcceptTitle();
   void OpenGeneralData();
   void OpenSections();
+  void ShowSections();
   void OpenEmitterData();
   void Calculate(bool choose_method);
   void EndCalculation(CommandEnd end);

@@ -9,6 +9,7 @@
 #include "shell/message_table.h"
 #include "shell/study_dialogs.h"
 #include "study/date_text.h"
+#include "study/kept_sheet.h"
 #include "study/message_codes.h"
 #include "study/recent_files.h"
 #include "study/study_title.h"
@@ -95,7 +96,21 @@ void FrmMain::OpenSections() {
   if (bench.workspace.Exists(work_file::kRows) && !HasRows()) {
     bench.workspace.Delete(work_file::kRows);
   }
-  ShowInsteadOfMenu(desk.navigator, screen::kSheet);
+  ShowSections();
+}
+
+// What a sheet kept is not lost sight of: it opens whatever the option says.
+void FrmMain::ShowSections() {
+  if (desk.options.ChkDataKind || IsSheetKept(bench.workspace)) {
+    ShowInsteadOfMenu(desk.navigator, screen::kSheet);
+    return;
+  }
+  if (HasRows()) {
+    const auto choice = AskHowToEnter(desk);
+    if (!choice) return;
+    desk.screens.entry_goes_on = *choice == EntryChoice::kGoOn;
+  }
+  ShowInsteadOfMenu(desk.navigator, screen::kSections);
 }
 
 void FrmMain::OpenEmitterData() {

@@ -13,7 +13,7 @@ void LabelBinding::Paint() {
     widget_.setText(text);
     widget_.setAccessibleName(text.trimmed());
   }
-  const QString tone = ToneName(label_.tone);
+  const QString tone = text.isEmpty() ? QString() : ToneName(label_.tone);  // has a ground
   SetStyleProperty(widget_, "tone", tone.isEmpty() ? designed_tone_ : tone);
 }
 

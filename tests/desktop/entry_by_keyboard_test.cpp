@@ -97,6 +97,31 @@ struct Typist : ShownProgram {
     Press(Qt::Key_Return, Qt::ControlModifier);
   }
 
+  // The same one by one: every field is gone through, and Enter in the last leads to the next row.
+  void EnterSectionsInTheForm(const std::vector<SectionRow>& rows) {
+    program.desk().options.ChkDataKind = false;
+    At(screen::kMain);
+    Press(Qt::Key_T, Qt::ControlModifier);
+    At(screen::kSections);
+    for (const SectionRow& row : rows) {
+      const SectionEntry entry = EntryOf(row, kGreek);
+      std::vector<std::string> texts;
+      if (row.RecordNumber > 1 && !study.SystemOpen()) texts.push_back(entry.left);
+      if (row.RecordNumber > 1) texts.push_back(entry.right);
+      for (const auto& [text, field] : kEntryNumbers) texts.push_back(entry.*text);
+      for (const std::string& text : texts) {
+        if (text == kSource) {
+          Type("a");
+          continue;  // the key leads on by itself
+        }
+        Type(text);
+        Press(Qt::Key_Return);
+      }
+      if (&row != &rows.back()) Press(Qt::Key_Return);
+    }
+    Press(Qt::Key_Return, Qt::ControlModifier);
+  }
+
   // Pipes and plant by their own parts; only the first is given by keys alone everywhere.
   void ChoosePipes(int position) {
     At(screen::kMain);
@@ -178,12 +203,17 @@ void ExpectSameSections(const std::vector<SectionRow>& entered,
   }
 }
 
-TEST(EntryByKeyboard, LeadsFromAnEmptyProgramToTheFanCoilFloorsPump) {
+using EnterSections = void (Typist::*)(const std::vector<SectionRow>& rows);
+
+// In the sheet, and in the form.
+class EntryByKeyboard : public testing::TestWithParam<EnterSections> {};
+
+TEST_P(EntryByKeyboard, LeadsFromAnEmptyProgramToTheFanCoilFloorsPump) {
   CalculatedSample sample("fancoil.PCK");
   const std::vector<SectionRow> rows = sample.Rows();
   Typist user(SystemKind::kClosed);
   user.EnterTitleAndGeneralData("Κλιματισμός ορόφου", sample.study);
-  user.EnterSections(rows);
+  (user.*GetParam())(rows);
   user.EnterEmitters(rows);
   user.Calculate();
   ExpectSameSections(user.Rows(), rows);
@@ -192,19 +222,22 @@ TEST(EntryByKeyboard, LeadsFromAnEmptyProgramToTheFanCoilFloorsPump) {
   RecordProperty("keys", user.keys);
 }
 
-TEST(EntryByKeyboard, LeadsToTheHousesPump) {
+TEST_P(EntryByKeyboard, LeadsToTheHousesPump) {
   CalculatedSample sample("house.PCA");
   const std::vector<SectionRow> rows = sample.Rows();
   Typist user(SystemKind::kOpen);
   user.ChoosePipes(1);
   user.EnterTitleAndGeneralData("Ύδρευση κατοικίας", sample.study);
-  user.EnterSections(rows);
+  (user.*GetParam())(rows);
   user.EnterOutlets(rows);
   user.Calculate();
   ExpectSameSections(user.Rows(), rows);
   EXPECT_EQ(user.study.PumpHead, sample.study.PumpHead);
   RecordProperty("keys", user.keys);
 }
+
+INSTANTIATE_TEST_SUITE_P(Screens, EntryByKeyboard,
+                         testing::Values(&Typist::EnterSections, &Typist::EnterSectionsInTheForm));
 
 }  // namespace
 }  // namespace kalvo

@@ -182,6 +182,7 @@ TEST_P(AllScreensIn, ShowACalculatedStudyWhole) {
     Surround(desk);
     TeeCountersInMemory counters;
     counters.counts[1] = "1";
+    if (screen.name == screen::kFormTees) counters.table = TeeTable::kForm;
     desk.desk.screens.tee_counters = &counters;
     desk.study.study.recovery = true;  // the menu leaves the study as it is
     QWidget design;

@@ -167,6 +167,19 @@ TEST_F(EmitterForm, ItsEndStoresTheRecordInHandAndReturnsToTheMenu) {
   EXPECT_FALSE(test.study.results_valid || desk.screens.edit_mode);
 }
 
+TEST_F(EmitterForm, ItsEndLeadsToTheSheetThatEntryIsOnItsWayBackTo) {
+  Open();
+  desk.screens.back_to_sheet = true;
+  for (const std::string_view screen : {screen::kFormTees, screen::kSections}) {
+    navigator.Show(screen);
+  }
+  navigator.log.clear();
+  Click(form, form.SSCmdBack);
+  EXPECT_EQ(Joined(navigator.log),
+            "show FrmData_Sheet|close FrmTauCross|close FrmData|close FrmSoma");
+  EXPECT_TRUE(desk.screens.edit_mode);
+}
+
 TEST_F(EmitterForm, RefusesToEndOnAnUnfinishedRecord) {
   Open();
   TypeInto(form, form.Text4, "");

@@ -1,4 +1,4 @@
-#include "entry/frm_tau_cross_s.h"
+#include "entry/frm_tau_cross.h"
 
 #include <gtest/gtest.h>
 
@@ -98,6 +98,24 @@ TEST_F(TeeForm, SoundsAndGivesTheKeysBackWhenItCloses) {
   EXPECT_EQ(navigator.log,
             (std::vector<std::string>{"close FrmTauCross_S", "close FrmTauCross_S"}));
   EXPECT_EQ(desk.screens.tee_counters, &counters);
+}
+
+TEST_F(TeeForm, ServesTheSectionFormUnderItsOwnNameByItsOwnTable) {
+  EXPECT_EQ(counters.shown, 1);
+  counters.table = TeeTable::kForm;
+  FrmTauCross beside_form(desk);
+  beside_form.Load();
+  beside_form.Activate();
+  beside_form.Derive();
+  EXPECT_EQ(counters.shown, 2);
+  EXPECT_EQ(beside_form.Get<Label>("LblEffect_R").text, "Διέλευση +2");
+  for (const char32_t letter : U"der") beside_form.Press(Typed(letter));
+  beside_form.Derive();
+  EXPECT_EQ(beside_form.LblDieTee.text, "2");
+  EXPECT_EQ(beside_form.LblSymboTee.text, "1");
+  beside_form.Press(Plain(KeyCode::kEscape));
+  EXPECT_EQ(navigator.log, std::vector<std::string>{"close FrmTauCross"});
+  EXPECT_EQ(counters.brought, 1);
 }
 
 TEST_F(TeeForm, ClosesWhereThereIsNothingToServe) {

@@ -282,6 +282,36 @@ TEST_F(MainMenu, OffersToOpenTheSheetThatWasKeptBeforeItUsesTheRows) {
   EXPECT_TRUE(test.workspace.Exists(work_file::kRows));
 }
 
+TEST_F(MainMenu, EntersSectionsInTheSheetOrOneByOneAsTheUserLikes) {
+  test.study.study_title = "Κτίριο";
+  test.study.MeanTemp = test.study.MeanVel = 1;
+  form.Derive();
+  EXPECT_TRUE(form.ChkDataKind.on);
+  const auto opened = [this](std::string_view screen) {
+    form.Press(Ctrl('T'));
+    const bool is_open = navigator.IsOpen(screen) && navigator.log.back() == "hide FrmMain";
+    navigator.Close(screen);
+    return is_open;
+  };
+  EXPECT_TRUE(opened(screen::kSheet));
+  form.ChkDataKind.Set(false);
+  EXPECT_FALSE(desk.options.ChkDataKind);
+  EXPECT_TRUE(opened(screen::kSections)) << "without rows there is nothing to choose";
+
+  PutStudy();
+  for (const auto choice : {EntryChoice::kCorrect, EntryChoice::kGoOn}) {
+    navigator.Expect(screen::kEntryChoice, [&] { desk.questions.entry_choice = choice; });
+    EXPECT_TRUE(opened(screen::kSections));
+    EXPECT_EQ(desk.screens.entry_goes_on, choice == EntryChoice::kGoOn);
+  }
+  navigator.Expect(screen::kEntryChoice, [] {});
+  form.Press(Ctrl('T'));
+  EXPECT_EQ(navigator.log.back(), "modal FrmWhat") << "given up";
+
+  ASSERT_TRUE(test.workspace.Write(work_file::kSheetInWork, "cells").ok());
+  EXPECT_TRUE(opened(screen::kSheet)) << "where something is kept";
+}
+
 TEST_F(MainMenu, TellsOfAStudyThatCameWithoutItsFluid) {
   PutStudy();
   EXPECT_FALSE(form.LblFluidAssumed.visible);

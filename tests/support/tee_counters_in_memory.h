@@ -19,12 +19,14 @@ class TeeCountersInMemory : public TeeCounters {
     if (after) counts = *after;
     return after.has_value();
   }
+  void Shown() override { ++shown; }
   void BringToFront() override { ++brought; }
 
   TeeTable table = TeeTable::kSheet;
   std::string section = "Τμήμα 13 : 6 / 7";
   TeeTexts counts;
   std::string pressed;  ///< the letters so far
+  int shown = 0;        ///< how often the window has come to the front
   int brought = 0;      ///< how often its screen was to come to the front
 };
 

@@ -2,7 +2,6 @@
 
 #include <QCheckBox>
 #include <QEvent>
-#include <QLabel>
 #include <QLayout>
 
 #include "desktop/widgets/buttons/hint_button.h"
@@ -27,8 +26,9 @@ void CommandRail::SetIconsOnly(bool icons_only) {
 
 void CommandRail::Dress() {
   for (HintButton* button : findChildren<HintButton*>()) button->SetIconOnly(icons_only_);
-  for (QLabel* label : findChildren<QLabel*>()) {
-    if (label->property("role") == "heading") label->setVisible(!icons_only_);
+  for (QWidget* child : findChildren<QWidget*>()) {
+    const QVariant role = child->property("role");
+    if (role == "heading" || role == "wide") child->setVisible(!icons_only_);
   }
   for (QCheckBox* box : findChildren<QCheckBox*>()) {
     if (icons_only_ != box->text().isEmpty()) {

@@ -5,7 +5,7 @@
 namespace kalvo {
 
 /// The card of commands at the left of a window: HintButtons under headings (QLabels with the role
-/// "heading"). In a narrow window only the icons are left.
+/// "heading"). In a narrow window only the icons are left; what has the role "wide" goes too.
 class CommandRail : public QFrame {
   Q_OBJECT
 

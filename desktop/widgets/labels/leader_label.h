@@ -6,8 +6,10 @@ namespace kalvo {
 
 /// A caption that leads to the value at its right: a closing run of four or more dots is not
 /// painted, a dotted line runs to the right edge in its place. text() keeps the whole caption.
+/// With `lines` of 2 it breaks into two where its place is narrow.
 class LeaderLabel : public QLabel {
   Q_OBJECT
+  Q_PROPERTY(int lines MEMBER lines_)
 
  public:
   using QLabel::QLabel;
@@ -20,6 +22,9 @@ class LeaderLabel : public QLabel {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+
+ private:
+  int lines_ = 1;
 };
 
 }  // namespace kalvo

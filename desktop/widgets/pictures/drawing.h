@@ -5,6 +5,7 @@
 
 class QPainter;
 class QRectF;
+class QString;
 
 namespace kalvo {
 
@@ -13,5 +14,11 @@ void DrawArrow(QPainter& painter, const QPointF& from, const QPointF& to, const 
 
 /// A horizontal pipe with open ends: filled softly between its two walls.
 void DrawPipe(QPainter& painter, const QRectF& pipe);
+
+/// Half the width of a node of that radius, which is wider where its name is long.
+double NodeHalfWidth(const QString& name, double radius);
+
+/// A node with its name in it.
+void DrawNode(QPainter& painter, const QPointF& centre, double radius, const QString& name);
 
 }  // namespace kalvo

@@ -15,11 +15,6 @@ constexpr double kCutPipeHalf = 13;
 constexpr double kCentreY = 28;
 constexpr int kPipeHeight = 84;
 
-double NodeHalfWidth(const QString& name) {
-  const QFontMetricsF metrics(ThemeFont(kHeadPoints, true));
-  return qMax(kNodeRadius, metrics.horizontalAdvance(name) / 2 + 10);
-}
-
 }  // namespace
 
 PipePicture::PipePicture(QWidget* parent) : PaintedPicture(parent) {
@@ -43,29 +38,21 @@ void PipePicture::paintEvent(QPaintEvent*) {
   const Theme& theme = ActiveTheme();
   DrawPipe(painter, QRectF(from - QPointF(0, kCutPipeHalf), to + QPointF(0, kCutPipeHalf)));
   constexpr double kArrowGap = 20;
-  DrawArrow(painter, from + QPointF(NodeHalfWidth(ToQt(pipe_.from)) + kArrowGap, 0),
-            to - QPointF(NodeHalfWidth(ToQt(pipe_.to)) + kArrowGap, 0), theme.primary);
-  DrawNode(painter, from, ToQt(pipe_.from), ToQt(pipe_.from_note));
-  DrawNode(painter, to, ToQt(pipe_.to), ToQt(pipe_.to_note));
+  DrawArrow(painter, from + QPointF(NodeHalfWidth(ToQt(pipe_.from), kNodeRadius) + kArrowGap, 0),
+            to - QPointF(NodeHalfWidth(ToQt(pipe_.to), kNodeRadius) + kArrowGap, 0), theme.primary);
+  DrawNodeWithNote(painter, from, ToQt(pipe_.from), ToQt(pipe_.from_note));
+  DrawNodeWithNote(painter, to, ToQt(pipe_.to), ToQt(pipe_.to_note));
   painter.setFont(ThemeFont(kHintPoints));
   painter.setPen(theme.ink2);
   painter.drawText(QRectF(2 * kNodeInset, kCentreY + 16, width() - 4 * kNodeInset, 20),
                    Qt::AlignCenter, ToQt(pipe_.caption));
 }
 
-void PipePicture::DrawNode(QPainter& painter, const QPointF& centre, const QString& name,
-                           const QString& note) const {
-  const Theme& theme = ActiveTheme();
-  const double half = NodeHalfWidth(name);
-  const QRectF node(centre.x() - half, centre.y() - kNodeRadius, 2 * half, 2 * kNodeRadius);
-  painter.setPen(QPen(theme.primary, 2.5));
-  painter.setBrush(theme.surface);
-  painter.drawRoundedRect(node, kNodeRadius, kNodeRadius);
-  painter.setFont(ThemeFont(kHeadPoints, true));
-  painter.setPen(theme.ink);
-  painter.drawText(node, Qt::AlignCenter, name);
+void PipePicture::DrawNodeWithNote(QPainter& painter, const QPointF& centre, const QString& name,
+                                   const QString& note) const {
+  DrawNode(painter, centre, kNodeRadius, name);
   painter.setFont(ThemeFont(kHintPoints));
-  painter.setPen(theme.ink3);
+  painter.setPen(ActiveTheme().ink3);
   painter.drawText(
       QRectF(centre.x() - kNodeInset, centre.y() + kNodeRadius + 4, 2 * kNodeInset, 20),
       Qt::AlignCenter, note);

@@ -20,8 +20,8 @@ class PipePicture : public PaintedPicture {
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  void DrawNode(QPainter& painter, const QPointF& centre, const QString& name,
-                const QString& note) const;
+  void DrawNodeWithNote(QPainter& painter, const QPointF& centre, const QString& name,
+                        const QString& note) const;
 
   PipeContent pipe_;
 };
