@@ -175,6 +175,25 @@ TEST_F(SectionWindow, BringsTheFieldThatHasTheKeysInSight) {
   EXPECT_EQ(area->widget()->width(), view.width()) << "nothing is to be scrolled sideways";
 }
 
+TEST_F(SectionWindow, TakesTheValuesOfAnotherSectionFromAListInTheRail) {
+  Key(Qt::Key_PageDown);
+  Key(Qt::Key_PageDown);
+  for (const int width : {1366, 960}) {
+    window->resize(width, 688);
+    Part<QPushButton>(screen::kSections, "Cmd_Same").click();
+    QApplication::processEvents();
+    EXPECT_EQ(FocusName(), "CboSame");
+    EXPECT_FALSE(Part<QPushButton>(screen::kSections, "Cmd_Same").isEnabled());
+    EXPECT_EQ(Part<QLabel>(screen::kSections, "Lbl_Same").isVisible(), width > 960);
+    ExpectNothingClipped(*window);
+    KeepPicture(*window, QString("sections-same-%1").arg(width));
+    Key(Qt::Key_Up);
+    Key(Qt::Key_Return);
+    EXPECT_EQ(FocusName(), "Txt2");
+  }
+  EXPECT_EQ(Text("Txt7"), "2");
+}
+
 TEST_F(SectionWindow, AMissingLengthIsMarkedAsItIsTyped) {
   const auto& length = Part<QLabel>(screen::kSections, "LblCheckLength");
   Type("0");
