@@ -28,8 +28,8 @@
 #include <ui_frm_soma.h>
 #include <ui_frm_tau_cross_s.h>
 #include <ui_frm_title.h>
-#include <ui_frm_winter.h>
 #include <ui_frm_what.h>
+#include <ui_frm_winter.h>
 #include <ui_frm_ypodo.h>
 
 #include "entry/frm_cur_fl.h"
@@ -44,8 +44,8 @@
 #include "entry/frm_soma.h"
 #include "entry/frm_tau_cross.h"
 #include "entry/frm_tau_cross_s.h"
-#include "entry/frm_winter.h"
 #include "entry/frm_what.h"
+#include "entry/frm_winter.h"
 #include "entry/frm_ypodo.h"
 #include "results/frm_res.h"
 #include "results/frm_res_gn.h"

@@ -10,12 +10,14 @@
 #include "entry/sheet_columns.h"
 #include "entry/sheet_view.h"
 #include "form/tell.h"
+#include "study/kept_sheet.h"
 #include "study/message_codes.h"
 
 namespace kalvo {
 namespace {
 
 const char* const kNewEntry = "ΚΑΤΑΧΩΡΗΣΗ ΔΕΔΟΜΕΝΩΝ ΤΜΗΜΑΤΩΝ ΣΩΛΗΝΩΝ";
+constexpr std::string_view kGreekSource = "ΑΝΤ";
 const char* const kCorrection = "ΔΙΟΡΘΩΣΗ ΔΕΔΟΜΕΝΩΝ ΤΜΗΜΑΤΩΝ ΣΩΛΗΝΩΝ";
 
 }  // namespace
@@ -55,7 +57,8 @@ FrmData::FrmData(Desk& shared_desk)
       keeping_(sitting_, bench),
       fields_{&Txt0,  &Txt1,  &Txt2,  &Txt6,  &Txt7,  &Txt8,  &Txt9, &Txt10,
               &Txt11, &Txt12, &Txt13, &Txt14, &Txt15, &Txt16, &Txt17} {
-  for (Command* freely : {&Cmd_Help, &Cmd_End, &CmdShift_F12, &Cmd_Undo, &Cmd_Redo, &CmdEscape}) {
+  for (Command* freely :
+       {&Cmd_Help, &Cmd_End, &CmdShift_F12, &Cmd_Undo, &Cmd_Redo, &CmdEscape, &Cmd_Ins, &Cmd_Del}) {
     freely->leaves_freely = true;
   }
   for (Command* itself : {&Cmd_Ins, &Cmd_Del, &Cmd_End, &CmdShift_F12, &CmdEscape}) {
@@ -71,8 +74,9 @@ FrmData::~FrmData() {
 
 void FrmData::SetUpFields() {
   Txt0.max_bytes = Txt1.max_bytes = kLongestName;
-  Txt1.forbids = [](std::string_view text) {
-    const bool fits = text.find_first_not_of("0123456789ANT") == std::string_view::npos;
+  Txt1.forbids = [this](std::string_view text) {
+    const bool fits = text == kGreekSource || text.size() < Txt1.text.size() ||
+                      text.find_first_not_of("0123456789ANT") == std::string_view::npos;
     return fits ? "" : "Εδώ γράφονται μόνο αριθμοί, ή ANT";
   };
   for (std::size_t i = 0; i < fields_.size(); ++i) {
@@ -81,6 +85,9 @@ void FrmData::SetUpFields() {
     field.on_leave = [this, &field] { return LeaveField(field); };
     field.enter_to = i + 1 < fields_.size() ? static_cast<Control*>(fields_[i + 1]) : &Cmd_Next;
   }
+  Txt1.on_change = [this] {
+    if (Txt1.text == kGreekSource) Txt1.text = kSource;
+  };
   CboSame.takes_same = true;
   CboSame.on_select = [this] { TakeSame(CboSame.selected + 1); };
   ChkSoundD.on_toggle = [this] { desk.options.SoundOn = ChkSoundD.on; };
@@ -115,7 +122,7 @@ void FrmData::MakeMenus() {
 }
 
 void FrmData::Load() {
-  begun_ = goes_on_ || TellIfFailed(bench, sitting_.Begin());
+  begun_ = goes_on_ || (!IsSheetKept(bench.workspace) && TellIfFailed(bench, sitting_.Begin()));
   if (!begun_) return;
   if (!goes_on_) {
     const bool goes_on = std::exchange(desk.screens.entry_goes_on, false);
@@ -137,7 +144,9 @@ void FrmData::Load() {
 
 void FrmData::ShowFirst() {
   const int from_sheet = std::clamp<int>(bench.study.CurrentRow, 1, std::max(count(), 1));
-  if (count() == 0 || (IsPlain() && sitting_.continues)) {
+  if (IsPlain() && sitting_.continues) {
+    ShowPastLast();
+  } else if (count() == 0) {
     ShowNewRow();
   } else {
     ShowRow(goes_on_ ? from_sheet : 1);
@@ -178,7 +187,9 @@ void FrmData::Show(const SheetRow& texts) {
   for (Field* field : fields_) {
     field->Show(texts.texts.at(static_cast<std::size_t>(ColumnOf(field))));
   }
-  if (IsOpen()) Txt0.Show(std::to_string(bench.study.CurrentRow));
+  if (IsOpen() && bench.study.CurrentRow <= kMostSections) {
+    Txt0.Show(std::to_string(bench.study.CurrentRow));
+  }
   Txt0.locked = IsOpen();
   Txt1.locked = bench.study.CurrentRow == 1;
   snapshot_ = texts;
@@ -251,7 +262,9 @@ bool FrmData::LeaveRight() {
 
 bool FrmData::Fits(Field& field) {
   const int column = ColumnOf(&field);
-  if (!field.edited() || CountDecimalSeparators(field.text, desk.separators) > 1) return true;
+  const bool looked_at = field.edited() && IsNumberColumn(column) &&
+                         CountDecimalSeparators(field.text, desk.separators) <= 1;
+  if (!looked_at) return true;
   if (AcceptedText(field.Trimmed(), column, desk.separators)) return true;
   bench.Show(message::kNumberTooLarge);
   return Erase(field);
@@ -262,7 +275,7 @@ bool FrmData::LeaveField(Field& field) {
   if (&field == &Txt1 && !LeaveRight()) return false;
   if (!Fits(field)) return false;
   if (field.edited()) TakeFields("Καταχώρηση");
-  if (lags_ && MissingLines(sitting_.draft).empty()) PutLagging();
+  if (lags_) PutLagging();
   return true;
 }
 
@@ -371,6 +384,7 @@ void FrmData::ShowHelp() {
 
 void FrmData::Derive() {
   if (!begun_) return;
+  if (CboSame.visible && focus() != &CboSame) CloseSame();
   DeriveHead();
   DeriveChecks();
   DeriveHint();
@@ -382,7 +396,7 @@ void FrmData::DeriveHead() {
   const Study& study = bench.study;
   TxtProgram.text = study.study_title;
   LblCount.text = std::to_string(count()) + (count() == 1 ? " τμήμα" : " τμήματα");
-  LblUnsaved.visible = study.unsaved_changes;
+  LblUnsaved.visible = study.unsaved_changes || lags_ || IsTyped();
   Txt_aa.text = std::to_string(study.CurrentRow);
   LblOf.text = is_new_ ? "νέο" : "από " + std::to_string(count());
   ChkSoundD.on = desk.options.SoundOn;

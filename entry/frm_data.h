@@ -143,6 +143,7 @@ class FrmData : public Form, private TeeCounters {
   [[nodiscard]] bool IsUntouchedNew() const { return is_new_ && !IsTyped(); }
   /// False: a check fails; its message was shown and its field has the focus.
   bool Passes();
+  bool Checked();
   bool StoreRow();
   bool GuardRows();
   bool FollowRows(SectionSitting::RowMove move, int at);
@@ -151,7 +152,9 @@ class FrmData : public Form, private TeeCounters {
   bool LeaveRow();
   void Next();
   void MoveTo(int number);
+  void ShowPastLast();
   void ChooseRow();
+  bool ShowErased();
 
   // Commands.
   void OpenSame();
@@ -176,6 +179,8 @@ class FrmData : public Form, private TeeCounters {
   bool MayTakeNewRow();
   bool SettleOneBranch();
   bool Finish();
+  bool GoToWrongRow();
+  bool MayLeaveUnstored();
   void EndEntry();
   void SwitchToSheet();
   void LeaveByClosing();

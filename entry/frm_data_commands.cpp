@@ -24,11 +24,11 @@ void FrmData::OpenSame() {
 void FrmData::CloseSame() {
   Cmd_Same.enabled = true;
   CboSame.visible = Lbl_Same.visible = false;
+  if (focus() == &CboSame) Focus(Txt2);
 }
 
 void FrmData::TakeSame(int number) {
   CloseSame();
-  Focus(Txt2);
   if (number < 1 || number > count()) return;
   const SheetRow from = sitting_.draft.At(number - 1);
   for (Field* field : fields_) {
@@ -68,14 +68,14 @@ void FrmData::Insert() {
     CancelInsert();
     return;
   }
-  if (!FieldsFit() || !Passes() || !StoreRow()) return;
+  if (!Checked() || !StoreRow()) return;
   desk.Click();
   if (count() >= kMostSections) {
     Tell("Έως 999 τμήματα");
     desk.sound.Beep();
     return;
   }
-  if (!GuardRows()) return;
+  if (GoToWrongRow() || !GuardRows()) return;
   SectionDraft& draft = sitting_.draft;
   const std::size_t steps = draft.history().depth();
   const SectionRow present = bench.study.row;
@@ -102,7 +102,8 @@ void FrmData::CancelInsert() {
   if (UndoInsert(bench)) {
     FollowRows(SectionSitting::RowMove::kNone, 0);
   } else {
-    TellIfFailed(bench, sitting_.PutRows(sitting_.Rows()));
+    lags_ = true;
+    PutLagging();
   }
   ShowRow(bench.study.CurrentRow);
   FocusAgain();
@@ -115,9 +116,14 @@ void FrmData::Delete() {
     DropNewRow();
     return;
   }
-  if (!FieldsFit() || !Passes() || !StoreRow()) return;
+  if (!Checked() || !StoreRow()) return;
   desk.Click();
-  if (bench.Show(message::kDeleteSection) != Answer::kYes || !GuardRows()) return;
+  if (bench.Show(message::kDeleteSection) != Answer::kYes) return;
+  if (GoToWrongRow() || !GuardRows()) return;
+  if (IsOpen() && count() > kMostSections) {
+    Tell("Πάνω από 999 τμήματα : οι α/α δεν χωρούν στα ονόματα");
+    return;
+  }
   LeaveInsertMode();
   const int number = bench.study.CurrentRow;
   const int before = count();
@@ -125,7 +131,10 @@ void FrmData::Delete() {
     const SectionDraft::Action step(sitting_.draft, "Διαγραφή τμήματος",
                                     {row(), sheet_column::kLength});
     if (!TellIfFailed(bench, DeleteSectionRow(bench)) || before < 2) return;
-    if (!FollowRows(SectionSitting::RowMove::kRemoved, number - 1)) return;
+    if (!FollowRows(SectionSitting::RowMove::kRemoved, number - 1)) {
+      ShowRow(number);
+      return;
+    }
   }
   ShowRow(std::min(number, count()));
   FocusAgain();
@@ -145,6 +154,7 @@ void FrmData::TellFedRows(int number) {
 
 // A new row that is not in the file yet.
 void FrmData::DropNewRow() {
+  one_branch_ = false;
   if (row() < sitting_.draft.Count()) {
     const SectionDraft::Action step(sitting_.draft, "Διαγραφή τμήματος",
                                     {row(), sheet_column::kLength});

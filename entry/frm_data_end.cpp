@@ -36,9 +36,21 @@ bool FrmData::Finish() {
   if (!MayTakeNewRow()) return false;
   const bool nothing = count() == 0 && IsUntouchedNew();
   if (nothing) return true;
-  if (!SettleOneBranch() || !FieldsFit() || !Passes() || !StoreRow()) return false;
+  if (!FieldsFit() || !SettleOneBranch() || !Checked() || !StoreRow()) return false;
   LeaveInsertMode();
-  return TellIfFailed(bench, sitting_.Settle());
+  return !GoToWrongRow() && GuardRows() && TellIfFailed(bench, sitting_.Settle());
+}
+
+// Rows that were taken back to what they were while they were typed keep entry from ending.
+bool FrmData::GoToWrongRow() {
+  if (!lags_ || PutLagging()) return false;
+  const auto wrong = sitting_.FirstWrongRow();
+  if (!wrong) return true;
+  ShowRow(*wrong + 1);
+  if (!Checked()) return true;
+  Tell("Λείπει το όνομα του τμήματος");
+  Focus(Txt0.text.empty() ? Txt0 : Txt1);
+  return true;
 }
 
 void FrmData::EndEntry() {
@@ -74,17 +86,39 @@ bool FrmData::MayClose() {
 
 // As a move; a row that must not be stored is given up only if the user says so.
 void FrmData::LeaveByClosing() {
-  if (!IsUntouchedNew()) {
-    const bool fits = FieldsFit();
-    const bool right = fits && !FirstFault(Texts(), row(), desk.separators);
-    if (!right && !MayDropRow()) return;
-    if (right && !StoreRow()) return;
+  const bool as_shown = !is_new_ && Texts().texts == snapshot_.texts;
+  if (!IsUntouchedNew() && !as_shown) {
+    const bool right = FieldsFit() && LeaveLeft() && !FirstFault(Texts(), row(), desk.separators);
+    if (right ? !StoreRow() && !MayLeaveUnstored() : !MayDropRow()) return;
   }
   desk.Click();
-  sitting_.End();
+  if (lags_ && !PutLagging()) {
+    if (!MayLeaveUnstored()) return;
+  } else if (TellIfFailed(bench, sitting_.Settle()) || MayLeaveUnstored()) {
+    if (!sitting_.WantsKeeping({})) sitting_.End();
+  } else {
+    return;
+  }
   Leave(screen::kMain);
 }
 
+// What cannot go into the rows stays in the kept sheet, and where that cannot be, the user is
+// asked.
+bool FrmData::MayLeaveUnstored() {
+  const Answer answer =
+      bench.Ask({" !!... ΠΡΟΣΟΧΗ ...!! ",
+                 {"Τα Τμήματα δεν πέρασαν όλα στην Μελέτη.",
+                  "Να κλείσει η φόρμα, και να φυλαχθούν όπως είναι για την επόμενη φορά ??"},
+                 box_style::kDefaultNo});
+  if (answer != Answer::kYes) return false;
+  const auto told = keeping_.KeepNow(PendingTexts());
+  if (!told) return true;
+  return bench.Ask({" !!... ΠΡΟΣΟΧΗ ...!! ",
+                    {told->text, "Να κλείσει, και να χαθούν οι τελευταίες αλλαγές ??"},
+                    box_style::kDefaultNo}) == Answer::kYes;
+}
+
+// The row shows again what the file has, so that nothing of it is kept.
 bool FrmData::MayDropRow() {
   const Answer answer = bench.Ask(
       {" !!... ΠΡΟΣΟΧΗ ...!! ",
@@ -104,6 +138,8 @@ void FrmData::Leave(std::string_view next) {
   try {
     desk.navigator.Show(next);
   } catch (const std::exception&) {
+    desk.screens.section_sitting.reset();
+    desk.screens.back_to_sheet = desk.screens.edit_mode = false;
     desk.navigator.Show(screen::kMain);
     throw;
   }

@@ -3,7 +3,9 @@
 
 #include "entry/frm_data.h"
 #include "entry/sheet_columns.h"
+#include "entry/sheet_view.h"
 #include "form/tell.h"
+#include "study/message_codes.h"
 
 namespace kalvo {
 
@@ -20,12 +22,33 @@ bool FrmData::Passes() {
   return false;
 }
 
-// What the file has already is not written again.
+// All that bars a row from being left, also by a command that leaves its field freely.
+bool FrmData::Checked() {
+  if (!FieldsFit()) return false;
+  if (!LeaveLeft()) {
+    Focus(Txt0);
+    return false;
+  }
+  const bool named =
+      !Txt1.edited() ||
+      AcceptedText(Txt1.Trimmed(), sheet_column::kRight, desk.separators).has_value();
+  if (named) return Passes();
+  bench.Show(message::kWrongFeeder);
+  Txt1.refused = true;
+  Focus(Txt1);
+  return false;
+}
+
+// What the file has already is not written again. Rows that lag go there once none of them is
+// wrong.
 bool FrmData::StoreRow() {
   const std::string action = is_new_ ? "Νέο τμήμα" : "Καταχώρηση";
   const SectionDraft::Action step(sitting_.draft, action, {row(), std::max(ColumnOf(focus()), 0)});
   TakeFields(action);
-  if (lags_) return PutLagging();
+  if (lags_) {
+    PutLagging();
+    return true;
+  }
   if (sitting_.IsStored(row())) return true;
   if (!GuardRows()) return false;
   const SectionEntry entry = EntryOfSheetRow(sitting_.draft.At(row()));
@@ -51,53 +74,42 @@ bool FrmData::GuardRows() {
   return true;
 }
 
-// After steps were taken back, or done again: all rows at once, when none lacks a name or a length.
+// After steps were taken back, or done again: all rows at once, when none is wrong that was not so
+// when entry began. The row on show stays, a new one too.
 bool FrmData::PutLagging() {
-  const auto missing = MissingLines(sitting_.draft);
-  if (!missing.empty()) {
-    Tell(missing.front());
-    return false;
-  }
-  if (!TellIfFailed(bench, sitting_.PutRows(sitting_.Rows()))) return false;
-  lags_ = is_new_ = false;
+  if (sitting_.FirstWrongRow()) return false;
+  const std::int16_t here = bench.study.CurrentRow;
+  const Outcome put = sitting_.PutRows(sitting_.Rows());
+  bench.study.CurrentRow = here;
+  if (!TellIfFailed(bench, put)) return false;
+  lags_ = false;
+  is_new_ = here > count();
   return true;
 }
 
-bool FrmData::LeaveRow() {
-  if (IsUntouchedNew()) return true;
-  return FieldsFit() && Passes() && StoreRow();
-}
+bool FrmData::LeaveRow() { return IsUntouchedNew() || (Checked() && StoreRow()); }
 
 void FrmData::MoveTo(int number) {
   const bool to_last = number == kLastRow;
-  if (number == 0 || number == bench.study.CurrentRow) return;
-  if (to_last && bench.study.CurrentRow == count()) return;
-  if (!LeaveRow()) return;
+  const int target = to_last ? count() : number;
+  if (target < 1 || target == bench.study.CurrentRow || !LeaveRow()) return;
   LeaveInsertMode();
-  ShowRow(to_last ? count() : number);
+  ShowRow(to_last ? count() : target);
   FocusAgain();
 }
 
 void FrmData::Next() {
   if (one_branch_) {
     EndEntry();
-    one_branch_ = false;
     return;
   }
-  if (!FieldsFit() || !Passes() || !StoreRow()) return;
+  if (!Checked() || !StoreRow()) return;
   LeaveInsertMode();
   const int next = bench.study.CurrentRow + 1;
-  const bool goes_on = IsPlain() || sitting_.continues;
   if (next <= count()) {
     ShowRow(next);
-  } else if (!goes_on) {
-    ShowRow(next - 1);
-  } else if (next > kMostSections) {
-    ShowRow(next - 1);
-    Tell("Έως 999 τμήματα");
-    desk.sound.Beep();
   } else {
-    ShowNewRow();
+    ShowPastLast();
   }
   if (IsPlain() || is_new_) {
     FocusFirst();
@@ -106,22 +118,43 @@ void FrmData::Next() {
   }
 }
 
-// The list moves `CurrentRow` itself; entry from nothing takes no notice of it.
+// A new row where entry goes on, else the last one again.
+void FrmData::ShowPastLast() {
+  const bool goes_on = IsPlain() || sitting_.continues;
+  if (count() == 0 || (goes_on && count() < kMostSections)) {
+    ShowNewRow();
+    return;
+  }
+  ShowRow(count());
+  if (!goes_on) return;
+  Tell("Έως 999 τμήματα");
+  desk.sound.Beep();
+}
+
+// Entry from nothing takes no notice of the list.
 void FrmData::ChooseRow() {
-  if (!IsUntouchedNew() && (!FieldsFit() || !Passes())) return;
-  const std::int16_t here = bench.study.CurrentRow;
-  desk.navigator.ShowModal(screen::kGoTo);
-  const std::int16_t chosen = std::exchange(bench.study.CurrentRow, here);
-  if (IsPlain() || chosen > count()) return;
+  if (!IsUntouchedNew() && !Checked()) return;
+  const auto chosen = ChooseSection(desk);
+  if (IsPlain() || !chosen || *chosen > count()) return;
   desk.Click();
   if (!LeaveRow()) return;
   LeaveInsertMode();
-  ShowRow(chosen);
+  ShowRow(*chosen);
   FocusAgain();
 }
 
+// A field whose text was erased shows again what the draft has.
+bool FrmData::ShowErased() {
+  const bool erased = std::ranges::any_of(fields_, &Field::refused);
+  if (!erased || is_new_) return false;
+  ShowRow(bench.study.CurrentRow);
+  FocusAgain();
+  return true;
+}
+
 void FrmData::GoBack(bool forward) {
-  if (IsTyped() && FieldsFit()) TakeFields("Καταχώρηση");
+  if (!FieldsFit() || ShowErased()) return;
+  if (IsTyped()) TakeFields("Καταχώρηση");
   SectionDraft& draft = sitting_.draft;
   const auto place = forward ? draft.Redo() : draft.Undo();
   if (!place) {
@@ -130,12 +163,13 @@ void FrmData::GoBack(bool forward) {
     return;
   }
   LeaveInsertMode();
+  one_branch_ = false;
   lags_ = true;
-  if (MissingLines(draft).empty()) PutLagging();
+  PutLagging();
   if (place->row < draft.Count()) {
     ShowRow(place->row + 1);
   } else {
-    ShowNewRow();
+    ShowPastLast();
   }
   Field& field =
       FieldOf(place->column == sheet_column::kSlash ? sheet_column::kLength : place->column);

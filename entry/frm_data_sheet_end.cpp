@@ -67,6 +67,7 @@ void FrmData_Sheet::Leave(std::string_view next) {
   try {
     desk.navigator.Show(next);
   } catch (const std::exception&) {
+    desk.screens.section_sitting.reset();
     desk.navigator.Show(screen::kMain);
     throw;
   }

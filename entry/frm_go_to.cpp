@@ -57,6 +57,7 @@ bool FrmGoTo::OtherKey(const Key& key) {
 void FrmGoTo::Go() {
   if (!LstSections.HasSelection()) return;
   bench.study.CurrentRow = static_cast<std::int16_t>(LstSections.selected + 1);
+  desk.questions.section_chosen = true;
   desk.navigator.Close(screen::kGoTo);
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <numeric>
 
+#include "entry/row_checks.h"
 #include "entry/sheet_columns.h"
 #include "study/by_number.h"
 #include "study/kept_sheet.h"
@@ -199,6 +200,22 @@ Outcome SectionSitting::PutRows(const DraftRows& made) {
   return Done{};
 }
 
+std::optional<int> SectionSitting::FirstWrongRow() const {
+  const SheetImage begun = ImageOfRows(base(), draft.kind(), desk_.separators);
+  for (int row = 0, count = draft.Count(); row < count; ++row) {
+    const SheetRow& texts = draft.At(row);
+    const bool nameless =
+        texts.texts[sheet_column::kLeft].empty() || texts.texts[sheet_column::kRight].empty();
+    const bool wrong = nameless || SeparatorFault(texts, desk_.separators) ||
+                       IsLengthWrong(texts, desk_.separators);
+    if (!wrong) continue;
+    SheetRow before = texts.origin > 0 ? ByNumber(begun.rows, texts.origin) : SheetRow{};
+    before.texts[sheet_column::kSlash].clear();
+    if (texts.origin == 0 || before.texts != texts.texts) return row;
+  }
+  return std::nullopt;
+}
+
 bool SectionSitting::IsStored(int row) const {
   const auto at = static_cast<std::size_t>(row);
   if (at >= as_rows_.rows.size()) return false;
@@ -242,6 +259,7 @@ Outcome SectionSitting::FollowRows(RowMove move, int at) {
 // Where the draft says what entry began with, the rows do so in all they hold, results too.
 Outcome SectionSitting::Settle() {
   DraftRows made = Rows();
+  if (!made.changed && !has_emitters_) return Done{};  // no row was ever written
   if (!made.changed) return PutRows(made);
   made.rows = rows_;
   return SettleDraftRows(bench_, made, base_);

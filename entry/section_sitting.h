@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -59,6 +60,9 @@ class SectionSitting {
 
   /// The rows as the files of this sitting have them.
   [[nodiscard]] const std::vector<SectionRow>& rows() const { return rows_; }
+  /// The first row that lacks a name or a length, or has a number that is none, and was not so when
+  /// entry began. Rows count from 0.
+  [[nodiscard]] std::optional<int> FirstWrongRow() const;
   /// The draft says of a row what the files say.
   [[nodiscard]] bool IsStored(int row) const;
   /// Before an operation on the work file of rows: puts right what something else has changed in

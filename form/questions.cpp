@@ -40,6 +40,15 @@ std::string ChooseViewer(Desk& desk) {
   return std::exchange(desk.questions.viewer, {});
 }
 
+std::optional<int> ChooseSection(Desk& desk) {
+  const std::int16_t here = desk.bench.study.CurrentRow;
+  desk.questions.section_chosen = false;
+  desk.navigator.ShowModal(screen::kGoTo);
+  const std::int16_t chosen = std::exchange(desk.bench.study.CurrentRow, here);
+  return std::exchange(desk.questions.section_chosen, false) ? std::optional<int>(chosen)
+                                                             : std::nullopt;
+}
+
 void ChooseResultRow(Desk& desk) {
   desk.questions.section_of_results = true;
   desk.navigator.ShowModal(screen::kGoTo);

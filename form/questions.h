@@ -44,6 +44,7 @@ struct Questions {
   std::optional<bool> recover;
   std::optional<EntryChoice> entry_choice;
   std::string viewer;               ///< `FrmEditor`: "NotePad", "WordPad" or nothing
+  bool section_chosen = false;      ///< what `FrmGoTo` was left with
   bool section_of_results = false;  ///< `FrmGoTo` serves a view of results
 };
 
@@ -63,6 +64,9 @@ std::optional<EntryChoice> AskHowToEnter(Desk& desk);
 
 /// The program that shall show a text; empty when none was chosen.
 std::string ChooseViewer(Desk& desk);
+
+/// The number of a section chosen from the list of all; nothing: none was. `CurrentRow` stays.
+std::optional<int> ChooseSection(Desk& desk);
 
 /// Moves `CurrentRow` to a section chosen from the list of all.
 void ChooseResultRow(Desk& desk);

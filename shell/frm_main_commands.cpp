@@ -101,6 +101,7 @@ void FrmMain::OpenSections() {
 
 // What a sheet kept is not lost sight of: it opens whatever the option says.
 void FrmMain::ShowSections() {
+  desk.screens.section_sitting.reset();
   if (desk.options.ChkDataKind || IsSheetKept(bench.workspace)) {
     ShowInsteadOfMenu(desk.navigator, screen::kSheet);
     return;

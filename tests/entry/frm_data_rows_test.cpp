@@ -313,5 +313,116 @@ TEST(SectionRows, ADiskThatFailsOnceIsToldAndTheNextTrySucceeds) {
   }
 }
 
+TEST(SectionRows, EveryCommandWithoutRows) {
+  SectionUser user;
+  user.Open();
+  FrmData& form = *user.form;
+  for (Command* command : {&form.Cmd_First, &form.Cmd_Prev, &form.Cmd_Last, &form.Cmd_Same,
+                           &form.Cmd_Undo, &form.Cmd_Redo, &form.CmdNoTau, &form.Cmd_Del}) {
+    user.Run(*command);
+    EXPECT_EQ(user.Shown(), "1 : ANT/1 · ") << command->name();
+  }
+  user.Run(form.Cmd_Del);
+  user.Press(KeyCode::kEscape);
+  EXPECT_EQ(user.LastScreen(), "show FrmMain");
+  EXPECT_FALSE(user.user.test.workspace.Exists(work_file::kRows));
+}
+
+TEST(SectionRows, StepsTakenBackNeverBarTheWay) {
+  SectionUser open(SystemKind::kOpen, {"1/ANT 5m", "2/1 6m", "3/2 7m", "4/1 8m"});
+  open.Open();
+  open.Next();
+  open.Run(open.form->Cmd_Ins);
+  open.Next();
+  open.TypeIn(open.form->Txt2, "9");
+  open.form->MoveFocus(&open.form->Txt6);
+  open.Press(Ctrl('Z'));
+  open.Next();
+  EXPECT_EQ(open.form->Txt_aa.text, "4") << "an own number that lags bars nothing";
+  open.Run(open.form->Cmd_End);
+  EXPECT_EQ(open.LastScreen(), "show FrmYpodo");
+
+  SectionUser user(SystemKind::kClosed, kChain);
+  user.OpenSheet();
+  for (int row = 0; row < 4; ++row) user.sheet->fpSpread1.GoTo({row, 3});
+  user.sheet->fpSpread1.SelectBlock({0, 3, 3, 3});
+  user.Press(KeyCode::kDelete);
+  user.desk.clipboard.SetText("1\n2\n3\n4\n");
+  user.sheet->fpSpread1.GoTo({0, 3});
+  user.Press(Ctrl('V'));
+  user.Press(Shift(KeyCode::kF12));
+  user.Press(Ctrl('Z'));
+  EXPECT_EQ(user.Shown(), "1 : ANT/1 · ");
+  EXPECT_EQ(user.user.test.Row(2).Length, 2) << "rows without lengths wait";
+  for (const char* length : {"5", "6", "7"}) {
+    user.TypeIn(user.form->Txt2, length);
+    user.Next();
+  }
+  user.Run(user.form->Cmd_End);
+  EXPECT_EQ(user.Shown(), "4 : 3/ANT · ") << "the end leads to what is missing";
+  user.TypeIn(user.form->Txt2, "8");
+  user.Run(user.form->Cmd_End);
+  EXPECT_EQ(user.LastScreen(), "show FrmMain");
+  EXPECT_EQ(user.user.test.Row(4).Length, 8);
+}
+
+TEST(SectionRows, EndsThatLeaveAFieldFreelyStillLookAtIt) {
+  SectionUser user(SystemKind::kClosed, kChain);
+  user.Open();
+  user.TypeIn(user.form->Txt0, "5");
+  user.Run(user.form->Cmd_End);
+  EXPECT_EQ(NamesIn(user), "ANT/1|1/2|2/3|3/ANT") << "row 1 begins at the source";
+  SectionUser nameless(SystemKind::kClosed, kChain);
+  nameless.Open();
+  nameless.Next();
+  nameless.TypeIn(nameless.form->Txt0, "");
+  nameless.Run(nameless.form->Cmd_End);
+  EXPECT_EQ(nameless.form->focus(), &nameless.form->Txt0);
+  EXPECT_EQ(NamesIn(nameless), "ANT/1|1/2|2/3|3/ANT");
+}
+
+TEST(SectionRows, TheListOfOtherSectionsGivesTheKeysBack) {
+  SectionUser user(SystemKind::kClosed, kChain);
+  user.Open();
+  user.Next();
+  user.Run(user.form->Cmd_Same);
+  user.Next();
+  EXPECT_EQ(user.Shown(), "3 : 2/3 · 7");
+  EXPECT_EQ(user.form->focus(), &user.form->Txt2);
+  EXPECT_TRUE(user.form->Cmd_Same.enabled);
+}
+
+TEST(SectionRows, NoSectionAfterThe999th) {
+  std::vector<std::string> names;
+  for (int number = 1; number <= 999; ++number) {
+    names.push_back((number == 1 ? "ANT" : std::to_string(number - 1)) + "/" +
+                    (number == 999 ? "ANT" : std::to_string(number)) + " 5m");
+  }
+  const std::vector<std::string_view> network(names.begin(), names.end());
+  SectionUser user(SystemKind::kClosed, network);
+  user.desk.screens.entry_goes_on = true;
+  user.Open();
+  EXPECT_EQ(user.form->Txt_aa.text, "999");
+  user.Next();
+  EXPECT_EQ(user.form->Txt_aa.text, "999");
+  user.Run(user.form->Cmd_Ins);
+  EXPECT_EQ(user.user.test.Rows().size(), 999U);
+}
+
+TEST(SectionRows, ADiskThatTakesNothingLetsOneOut) {
+  SectionUser user(SystemKind::kClosed, kChain);
+  user.Open();
+  user.TypeIn(user.form->Txt2, "9");
+  user.disk.FailAfterBytes(0);
+  user.user.test.prompter.Expect(" !!... ΠΡΟΣΟΧΗ ...!! ", Answer::kNo);
+  user.Close();
+  ASSERT_NE(user.form, nullptr);
+  user.user.test.prompter.Expect(" !!... ΠΡΟΣΟΧΗ ...!! ", Answer::kYes);
+  user.user.test.prompter.Expect(" !!... ΠΡΟΣΟΧΗ ...!! ", Answer::kYes);
+  user.Close();
+  EXPECT_EQ(user.LastScreen(), "show FrmMain");
+  EXPECT_EQ(user.user.test.Row(1).Length, 5);
+}
+
 }  // namespace
 }  // namespace kalvo

@@ -299,6 +299,7 @@ TEST(SectionForm, GoToChecksStoresAndJumps) {
   const auto choose = [&](int number) {
     user.user.navigator.Expect(screen::kGoTo, [&user, number] {
       user.study().CurrentRow = static_cast<std::int16_t>(number);
+      user.desk.questions.section_chosen = true;
     });
     user.Press(KeyCode::kF5);
   };

@@ -11,7 +11,7 @@ namespace {
 
 using Use = std::function<void(FrmWhat&)>;
 
-std::optional<EntryChoice> Answer(const Use& use) {
+std::optional<EntryChoice> ChosenBy(const Use& use) {
   TestDesk test;
   test.navigator.Expect(screen::kEntryChoice, [&] {
     FrmWhat form(test.desk);
@@ -44,16 +44,16 @@ TEST(EntryChoiceForm, GivesTheOptionThatIsChosen) {
          form.Run(form.SSCommand1);
        },
        EntryChoice::kCorrect}};
-  for (const auto& [use, choice] : ways) EXPECT_EQ(Answer(use), choice);
+  for (const auto& [use, choice] : ways) EXPECT_EQ(ChosenBy(use), choice);
 }
 
 TEST(EntryChoiceForm, ClosedGivesNothing) {
-  EXPECT_EQ(Answer([](FrmWhat& form) {
+  EXPECT_EQ(ChosenBy([](FrmWhat& form) {
               form.SSOption2.Set(true);
               form.Press(Plain(KeyCode::kEscape));
             }),
             std::nullopt);
-  EXPECT_EQ(Answer([](FrmWhat& form) { EXPECT_TRUE(form.MayClose()); }), std::nullopt);
+  EXPECT_EQ(ChosenBy([](FrmWhat& form) { EXPECT_TRUE(form.MayClose()); }), std::nullopt);
 }
 
 }  // namespace

@@ -96,7 +96,9 @@ class Rambler {
     const auto number = static_cast<std::int16_t>(
         1 + dice_.Below(static_cast<int>(user_.user.test.Rows().size()) + 1));
     user_.user.navigator.on_modal = [&](std::string_view screen) {
-      if (screen == screen::kGoTo) user_.study().CurrentRow = number;
+      if (screen != screen::kGoTo) return;
+      user_.study().CurrentRow = number;
+      user_.desk.questions.section_chosen = true;
     };
     user_.Press(KeyCode::kF5);
   }
