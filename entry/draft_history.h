@@ -37,7 +37,13 @@ struct WholeChange {
   std::vector<SheetRow> after;
 };
 
-using DraftChange = std::variant<CellChange, RowsChange, NumberShift, WholeChange>;
+/// The plant is in another section.
+struct PlantChange {
+  int before = 0;
+  int after = 0;
+};
+
+using DraftChange = std::variant<CellChange, RowsChange, NumberShift, WholeChange, PlantChange>;
 
 /// What one action of the user did to the draft.
 struct DraftStep {

@@ -77,12 +77,6 @@ std::int16_t NumberFrom(const std::vector<int>& origins, int origin) {
   return ToInt16(static_cast<double>(at - origins.begin()) + 1);
 }
 
-// The plant's section follows its row; 0 when that is gone, and a number above the rows stays.
-std::int16_t PlantOf(const std::vector<int>& origins, std::int16_t plant, std::size_t base_rows) {
-  if (plant < 1 || static_cast<std::size_t>(plant) > base_rows) return plant;
-  return NumberFrom(origins, plant);
-}
-
 // The first so many rows are where they were.
 bool IsBegin(const std::vector<int>& origins, std::size_t count) {
   for (std::size_t i = 0; i < count; ++i) {
@@ -264,7 +258,7 @@ DraftRows RowsOfDraft(const SectionDraft& draft, const DraftBase& base, const St
     made.rows.push_back(MakeRow(draft.At(row), row + 1, base.rows, study, separators));
     made.origins.push_back(draft.At(row).origin);
   }
-  made.plant = PlantOf(made.origins, base.plant_section, base.rows.size());
+  made.plant = ToInt16(draft.plant());
   CompareWithBase(made, base.rows);
   if (made.changed) {
     FinishRows(made, base.plant_section);

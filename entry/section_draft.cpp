@@ -151,6 +151,24 @@ void SectionDraft::Apply(const WholeChange& change, bool forward) {
   changes_.Reset();
 }
 
+void SectionDraft::Apply(const PlantChange& change, bool forward) {
+  plant_ = forward ? change.after : change.before;
+}
+
+void SectionDraft::MovePlant(int section) {
+  if (section != plant_) Do(PlantChange{plant_, section});
+}
+
+// Both are asked before the rows come or go.
+void SectionDraft::PlantMakesRoom(int at, int count) {
+  if (plant_ > at && plant_ <= Count()) MovePlant(plant_ + count);
+}
+
+void SectionDraft::PlantLosesRows(int at, int count) {
+  if (plant_ <= at || plant_ > Count()) return;
+  MovePlant(plant_ <= at + count ? 0 : plant_ - count);
+}
+
 void SectionDraft::Set(int row, int column, std::string_view text) {
   const std::string before = Text(row, column);
   if (before == text) return;
@@ -166,6 +184,7 @@ void SectionDraft::Set(int row, int column, std::string_view text) {
 void SectionDraft::InsertRows(int at, int count) {
   if (count <= 0) return;
   const bool open = kind_ == SystemKind::kOpen;
+  PlantMakesRoom(at, count);
   if (open) Do(NumberShift{at + 1, count});
   RowsChange change{at, true, std::vector<SheetRow>(static_cast<std::size_t>(count))};
   for (int i = 0; open && i < count; ++i) {
@@ -189,6 +208,7 @@ void SectionDraft::EmptyNames(int first, int last) {
 void SectionDraft::RemoveRows(int at, int count) {
   count = std::min(count, static_cast<int>(rows_.size()) - at);
   if (at < 0 || count <= 0) return;
+  PlantLosesRows(at, count);
   const auto first = rows_.begin() + at;
   RowsChange change{at, false, {first, first + count}};
   Do(std::move(change));
@@ -205,9 +225,15 @@ void SectionDraft::RemoveRows(int at, int count) {
   }
 }
 
-void SectionDraft::InsertRow(int at, SheetRow row) { Do(RowsChange{at, true, {std::move(row)}}); }
+void SectionDraft::InsertRow(int at, SheetRow row) {
+  PlantMakesRoom(at, 1);
+  Do(RowsChange{at, true, {std::move(row)}});
+}
 
-void SectionDraft::RemoveRow(int at) { Do(RowsChange{at, false, {At(at)}}); }
+void SectionDraft::RemoveRow(int at) {
+  PlantLosesRows(at, 1);
+  Do(RowsChange{at, false, {At(at)}});
+}
 
 void SectionDraft::Replace(std::vector<SheetRow> rows) {
   for (SheetRow& row : rows) {
@@ -215,7 +241,13 @@ void SectionDraft::Replace(std::vector<SheetRow> rows) {
   }
   WholeChange change{rows_, std::move(rows)};
   if (change.after.empty()) change.after.push_back(FirstRow());
-  if (change.before != change.after) Do(std::move(change));
+  if (change.before == change.after) return;
+  const int origin = plant_ > 0 ? At(plant_ - 1).origin : 0;
+  const auto row = std::ranges::find(change.after, origin, &SheetRow::origin);
+  const bool found = row != change.after.end();
+  const int section = found ? static_cast<int>(row - change.after.begin()) + 1 : 0;
+  Do(std::move(change));
+  if (origin > 0) MovePlant(section);
 }
 
 std::optional<GridPlace> SectionDraft::Undo() {

@@ -17,6 +17,10 @@ class SectionDraft {
   /// A new sitting; without rows the first one bears the names that it begins with. `edited`: it
   /// goes on with a sheet that was edited already.
   void Begin(SheetImage image, bool edited = false);
+  /// The section of the plant, counted from 1, as the sitting begins; 0: none.
+  void BeginPlant(int section) { plant_ = section; }
+  /// The same now: it follows its row, 0 once that is gone; a number above the rows stays.
+  [[nodiscard]] int plant() const { return plant_; }
   /// The rows up to the last one that says something, as a file keeps them.
   [[nodiscard]] SheetImage Image() const;
 
@@ -77,6 +81,10 @@ class SectionDraft {
   void Apply(const RowsChange& change, bool forward);
   void Apply(const NumberShift& change, bool forward);
   void Apply(const WholeChange& change, bool forward);
+  void Apply(const PlantChange& change, bool forward);
+  void MovePlant(int section);
+  void PlantMakesRoom(int at, int count);
+  void PlantLosesRows(int at, int count);
   void Do(DraftChange change);
   /// Names that are a number from `first` to `last`.
   void EmptyNames(int first, int last);
@@ -87,6 +95,7 @@ class SectionDraft {
 
   SystemKind kind_ = SystemKind::kClosed;
   int base_rows_ = 0;
+  int plant_ = 0;
   bool edited_ = false;
   std::vector<SheetRow> rows_;
   DraftHistory history_;

@@ -45,6 +45,17 @@ void SectionSitting::NoteRows(std::vector<SectionRow> rows, std::vector<int> ori
   as_rows_ = ImageOfRows(rows_, bench_.study.system_kind, desk_.separators);
 }
 
+// The plant follows its row; a number above the rows stays.
+void SectionSitting::BeginDraft(SheetImage image, bool edited) {
+  const int plant = base_.plant_section;
+  const auto row = std::ranges::find(image.rows, plant, &SheetRow::origin);
+  const bool among = plant >= 1 && plant <= static_cast<int>(base().size());
+  const bool found = among && row != image.rows.end();
+  const int section = found ? static_cast<int>(row - image.rows.begin()) + 1 : 0;
+  draft.Begin(std::move(image), edited);
+  draft.BeginPlant(among ? section : plant);
+}
+
 Outcome SectionSitting::Begin() {
   if (Outcome read = ReadBase(); !read) return read;
   const auto kept = bench_.workspace.Status(work_file::kSheetInWork);
@@ -52,7 +63,7 @@ Outcome SectionSitting::Begin() {
   if (kept->has_value()) {
     if (Outcome taken = TakeKept(); !taken) return taken;
   } else {
-    draft.Begin(ImageOfRows(base(), bench_.study.system_kind, desk_.separators));
+    BeginDraft(ImageOfRows(base(), bench_.study.system_kind, desk_.separators));
   }
   kept_revision_ = draft.revision();
   return CopyFirstRows();
@@ -71,13 +82,13 @@ Outcome SectionSitting::TakeKept() {
   }
   FindOrigins(image.value(), base());
   left_out_ = LeaveOutMisfits(image.value());
-  draft.Begin(*std::move(image), true);
+  BeginDraft(*std::move(image), true);
   return Done{};
 }
 
 Outcome SectionSitting::BeginWithRows() {
   if (Outcome read = ReadBase(); !read) return read;
-  draft.Begin(ImageOfRows(base(), bench_.study.system_kind, desk_.separators));
+  BeginDraft(ImageOfRows(base(), bench_.study.system_kind, desk_.separators));
   if (Outcome copied = CopyFirstRows(); !copied) return copied;
   DropKeptSheet(bench_.workspace);
   kept_revision_ = draft.revision();

@@ -84,6 +84,7 @@ class SectionSitting {
   Outcome ReadBaseEmitters();
   Outcome CopyFirstRows();
   Outcome TakeKept();
+  void BeginDraft(SheetImage image, bool edited = false);
   void NoteRows(std::vector<SectionRow> rows, std::vector<int> origins);
   [[nodiscard]] std::string Encoded(const SheetImage& image) const;
   [[nodiscard]] SheetImage ImageWith(const Pending& pending) const;

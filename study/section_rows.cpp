@@ -137,7 +137,7 @@ Outcome DeleteSectionRow(Workbench& bench) {
   }
   const std::int16_t place = study.CurrentRow;
   std::int16_t plant = study.plant_section;
-  if (plant >= place) {
+  if (plant >= place && static_cast<std::size_t>(plant) <= rows->size()) {
     plant = plant == place ? std::int16_t{0} : Moved(plant, -1);
   }
   return ChangeRows(bench, WithoutRow(*rows, place, study.SystemOpen()), plant);
@@ -158,7 +158,8 @@ Outcome InsertSectionRow(Workbench& bench) {
       !copied) {
     return copied;
   }
-  const bool follows = study.plant_section >= place;
+  const bool follows =
+      study.plant_section >= place && static_cast<std::size_t>(study.plant_section) <= rows->size();
   return ChangeRows(bench, std::move(grown), Moved(study.plant_section, follows ? 1 : 0));
 }
 
@@ -176,7 +177,8 @@ Outcome UndoInsert(Workbench& bench) {
       !moved) {
     return moved;
   }
-  const bool follows = study.plant_section > study.CurrentRow;
+  const bool follows = study.plant_section > study.CurrentRow &&
+                       static_cast<std::size_t>(study.plant_section) <= rows->size() + 1;
   TakeRows(study, *rows, Moved(study.plant_section, follows ? -1 : 0));
   return Done{};
 }

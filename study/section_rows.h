@@ -7,8 +7,8 @@ namespace kalvo {
 /// Deletes the study's `CurrentRow` and numbers the rows behind it anew. In an open network the
 /// first half of each name becomes the row's number; feeder numbers stay as they are. Without rows
 /// or with only one: message 121 and nothing is done. The row in hand is then the one that took
-/// the place, or the last. Plant section, count and section table follow; an emitter's data in
-/// other files stay. Counts as an unsaved change; results are no
+/// the place, or the last. Plant section (unless its number is above the rows), count and section
+/// table follow; an emitter's data in other files stay. Counts as an unsaved change; results are no
 /// longer valid, and emitters must be checked before a calculation.
 /// Faults: 5 for a number of more than three digits in an open network; nothing is then changed.
 Outcome DeleteSectionRow(Workbench& bench);

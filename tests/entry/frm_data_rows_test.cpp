@@ -424,5 +424,31 @@ TEST(SectionRows, ADiskThatTakesNothingLetsOneOut) {
   EXPECT_EQ(user.user.test.Row(1).Length, 5);
 }
 
+TEST(SectionRows, ThePlantFollowsARowThatIsNewToo) {
+  SectionUser user;
+  user.study().plant_section = 3;
+  user.Open();
+  for (const char* length : {"5", "6", "7", "8"}) {
+    user.TypeIn(user.form->Txt2, length);
+    user.Next();
+  }
+  user.Press(KeyCode::kPageUp);
+  EXPECT_EQ(user.user.test.Row(3).Auxi, 2);
+  user.Run(user.form->Cmd_First);
+  user.Next();
+  user.Run(user.form->Cmd_Ins);
+  EXPECT_EQ(user.study().plant_section, 4);
+  user.Next();
+  user.Next();
+  for (int number = 1; number <= 5; ++number) {
+    EXPECT_EQ(user.user.test.Row(number).Auxi, number == 4 ? 2 : 0) << number;
+    EXPECT_EQ(user.user.test.Row(number).BurChil, 4);
+  }
+  while (user.study().plant_section == 4) user.Press(Ctrl('Z'));
+  EXPECT_EQ(user.study().plant_section, 3);
+  EXPECT_EQ(user.user.test.Row(3).Auxi, 2);
+  EXPECT_EQ(user.user.test.Row(4).Auxi, 0);
+}
+
 }  // namespace
 }  // namespace kalvo
