@@ -185,6 +185,7 @@ class FrmData : public Form, private TeeCounters {
   void SwitchToSheet();
   void LeaveByClosing();
   bool MayDropRow();
+  void GiveRowUp();
   void Leave(std::string_view next);
 
   void DeriveHead();

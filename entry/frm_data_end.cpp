@@ -87,19 +87,33 @@ bool FrmData::MayClose() {
 // As a move; a row that must not be stored is given up only if the user says so.
 void FrmData::LeaveByClosing() {
   const bool as_shown = !is_new_ && Texts().texts == snapshot_.texts;
+  bool stored = true;
   if (!IsUntouchedNew() && !as_shown) {
-    const bool right = FieldsFit() && LeaveLeft() && !FirstFault(Texts(), row(), desk.separators);
-    if (right ? !StoreRow() && !MayLeaveUnstored() : !MayDropRow()) return;
+    if (!FieldsFit() || !LeaveLeft() || FirstFault(Texts(), row(), desk.separators)) {
+      if (!MayDropRow()) return;
+      GiveRowUp();
+    } else {
+      stored = StoreRow();
+    }
   }
   desk.Click();
-  if (lags_ && !PutLagging()) {
-    if (!MayLeaveUnstored()) return;
-  } else if (TellIfFailed(bench, sitting_.Settle()) || MayLeaveUnstored()) {
-    if (!sitting_.WantsKeeping({})) sitting_.End();
-  } else {
+  stored = stored && (!lags_ || PutLagging()) && TellIfFailed(bench, sitting_.Settle());
+  if (stored) {
+    sitting_.End();
+  } else if (!MayLeaveUnstored()) {
     return;
   }
   Leave(screen::kMain);
+}
+
+// What the file has of the row counts again.
+void FrmData::GiveRowUp() {
+  const SectionDraft::Action step(sitting_.draft, "Επαναφορά τμήματος", {row(), 0});
+  if (is_new_) {
+    if (row() < sitting_.draft.Count()) sitting_.draft.RemoveRow(row());
+  } else if (!lags_) {
+    sitting_.TakeStored(row());
+  }
 }
 
 // What cannot go into the rows stays in the kept sheet, and where that cannot be, the user is
@@ -111,6 +125,7 @@ bool FrmData::MayLeaveUnstored() {
                   "Να κλείσει η φόρμα, και να φυλαχθούν όπως είναι για την επόμενη φορά ??"},
                  box_style::kDefaultNo});
   if (answer != Answer::kYes) return false;
+  bench.workspace.Delete(work_file::kFirstRows);
   const auto told = keeping_.KeepNow(PendingTexts());
   if (!told) return true;
   return bench.Ask({" !!... ΠΡΟΣΟΧΗ ...!! ",
@@ -118,7 +133,6 @@ bool FrmData::MayLeaveUnstored() {
                     box_style::kDefaultNo}) == Answer::kYes;
 }
 
-// The row shows again what the file has, so that nothing of it is kept.
 bool FrmData::MayDropRow() {
   const Answer answer = bench.Ask(
       {" !!... ΠΡΟΣΟΧΗ ...!! ",

@@ -237,6 +237,14 @@ bool SectionSitting::IsStored(int row) const {
   return true;
 }
 
+void SectionSitting::TakeStored(int row) {
+  for (int column = 0; column < kSheetColumns; ++column) {
+    if (column == sheet_column::kSlash) continue;
+    draft.Set(row, column,
+              ByNumber(as_rows_.rows, row + 1).texts.at(static_cast<std::size_t>(column)));
+  }
+}
+
 Result<bool> SectionSitting::GuardRows() {
   if (Outcome read = ReadBaseEmitters(); !read) return read.error();
   const auto bytes = bench_.workspace.ReadIfThere(work_file::kRows);
@@ -256,14 +264,7 @@ Outcome SectionSitting::FollowRows(RowMove move, int at) {
     origins.push_back(draft.At(static_cast<int>(row)).origin);
   }
   NoteRows(*std::move(rows), std::move(origins));
-  for (int row = 0; row < static_cast<int>(as_rows_.rows.size()); ++row) {
-    for (int column = 0; column < kSheetColumns; ++column) {
-      if (column == sheet_column::kSlash) continue;
-      draft.Set(
-          row, column,
-          as_rows_.rows[static_cast<std::size_t>(row)].texts.at(static_cast<std::size_t>(column)));
-    }
-  }
+  for (int row = 0; row < static_cast<int>(as_rows_.rows.size()); ++row) TakeStored(row);
   return Done{};
 }
 

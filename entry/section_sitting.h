@@ -65,6 +65,8 @@ class SectionSitting {
   [[nodiscard]] std::optional<int> FirstWrongRow() const;
   /// The draft says of a row what the files say.
   [[nodiscard]] bool IsStored(int row) const;
+  /// The draft says of a row again what the files say.
+  void TakeStored(int row);
   /// Before an operation on the work file of rows: puts right what something else has changed in
   /// it, or took away, since this sitting wrote or read it. True: it had to.
   Result<bool> GuardRows();

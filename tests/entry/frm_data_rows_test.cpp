@@ -190,6 +190,7 @@ TEST(SectionRows, ClosingARowThatIsWrongAsksFirst) {
   user.user.test.prompter.Expect(" !!... ΠΡΟΣΟΧΗ ...!! ", Answer::kYes);
   user.Press(KeyCode::kEscape);
   EXPECT_EQ(user.LastScreen(), "show FrmMain");
+  EXPECT_FALSE(user.study().unsaved_changes);
   EXPECT_EQ(user.user.test.Bytes(), rows);
   EXPECT_FALSE(user.user.test.workspace.Exists(work_file::kSheetInWork));
 }
