@@ -76,7 +76,7 @@ WinterOutcome WinterSitting::Run(const AcceptFlow& accept) {
   Require(Keep(values_, true));
   pump_.reset();
   void_ = false;
-  const WinterOutcome outcome = duty_.Run(values_.temperature, values_.lines, accept);
+  WinterOutcome outcome = duty_.Run(values_.temperature, values_.lines, accept);
   if (!ReachedTheFile(outcome.end)) told_ = told;
   if (outcome.end == WinterEnd::kCalculated) TakeResults();
   // What the winter file tells needs no other. One that cannot be kept now is tried again.
