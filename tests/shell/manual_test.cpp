@@ -1,0 +1,400 @@
+// The studies of the manual, entered as its chapters say and compared with what they promise.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <map>
+#include <span>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "entry/frm_data.h"
+#include "entry/frm_data_sheet.h"
+#include "entry/frm_gen_data.h"
+#include "entry/frm_soma.h"
+#include "entry/frm_ypodo.h"
+#include "entry/sheet_columns.h"
+#include "results/frm_res_sheet.h"
+#include "shell/frm_calcs.h"
+#include "shell/frm_file_os.h"
+#include "shell/frm_kind.h"
+#include "shell/frm_main.h"
+#include "study/pipe_list.h"
+#include "study/real_disk.h"
+#include "tests/shell/open_forms.h"
+#include "tests/support/calculated_case.h"
+#include "tests/support/markdown.h"
+#include "tests/support/test_desk.h"
+
+namespace kalvo {
+namespace {
+
+namespace fs = std::filesystem;
+
+Markdown Chapter(const std::string& name) {
+  return ReadMarkdown(fs::path(KALVO_SOURCE_DIR) / "docs/manual" / name);
+}
+
+// A stacked head as it is read: hyphens that part a word go.
+std::string HeadRead(std::string_view stacked) {
+  std::string head;
+  for (const std::string& piece : SplitAt(InOneLine(stacked), "-")) {
+    head += piece.starts_with(' ') ? piece.substr(1) : piece;
+  }
+  return head;
+}
+
+std::map<std::string_view, FormFactory> Makers() {
+  return {{screen::kKind, &MakeForm<FrmKind>},
+          {screen::kMain, &MakeForm<FrmMain>},
+          {screen::kGeneralData, &MakeForm<FrmGenData>},
+          {screen::kSheet, &MakeForm<FrmData_Sheet>},
+          {screen::kSections, &MakeForm<FrmData>},
+          {screen::kEmitters, &MakeForm<FrmSoma>},
+          {screen::kOutlets, &MakeForm<FrmYpodo>},
+          {screen::kMethod, &MakeForm<FrmCalcs>},
+          {screen::kFiles, &MakeForm<FrmFileOS>},
+          {screen::kResultsSheet, &MakeForm<FrmRes_Sheet>}};
+}
+
+// The program over the delivered libraries, and an engineer with a chapter beside it.
+class Reader {
+ public:
+  explicit Reader(const std::string& chapter_name) : chapter(Chapter(chapter_name)) {
+    for (const auto& entry : fs::directory_iterator(KALVO_LIBRARY_DIR)) {
+      EXPECT_TRUE(test.outer_disk
+                      .Write(test.workspace.library_folder() / entry.path().filename(),
+                             RealDisk().Read(entry.path()).value())
+                      .ok());
+    }
+    test.pipes = BuildPipeList(test.workspace, EmptyLibraries::kSkip).value();
+    test.study.system_kind = SystemKind::kNone;
+    desk.data_folder = kStudies;
+    EXPECT_TRUE(test.outer_disk.MakeFolder(kStudies).ok());
+    forms.Attach(desk);
+    forms.Show(screen::kKind);
+  }
+  Reader(const Reader&) = delete;
+  Reader& operator=(const Reader&) = delete;
+  ~Reader() {
+    forms.CloseAll();
+    desk.screens.section_sitting.reset();
+  }
+
+  template <typename FormType>
+  FormType& At() {
+    return forms.Front<FormType>();
+  }
+  template <typename FormType>
+  void Press(const Key& key) {
+    PressKey(At<FormType>(), key);
+  }
+  // The text, key by key; that of the source by its first letter.
+  template <typename FormType>
+  void Type(std::string_view text) {
+    for (std::string_view rest = text == kSource ? "a" : text; !rest.empty();) {
+      Press<FormType>(Typed(TakeCharacter(rest)));
+    }
+  }
+
+  void EnterUpToTheSections(char kind) {
+    Press<FrmKind>(Alt(kind));
+    Press<FrmKind>(Plain(KeyCode::kEnter));
+    Press<FrmMain>(Plain(KeyCode::kF2));
+    Type<FrmMain>(chapter.Value("ΘΕΜΑ-ΤΙΤΛΟΣ"));
+    Press<FrmMain>(Plain(KeyCode::kEnter));
+    forms.uses[std::string(screen::kGeneralData)] = [this](Form& form) {
+      EnterGeneralData(dynamic_cast<FrmGenData&>(form));
+    };
+    Press<FrmMain>(Ctrl('G'));
+  }
+
+  void EnterGeneralData(FrmGenData& form) {
+    const auto has_title = [wanted = chapter.Value("Σύστημα Σωλήνων")](const std::string& entry) {
+      return Trim(entry) == wanted;
+    };
+    const auto& entries = form.CboPipes.entries;
+    const auto pipes = std::ranges::find_if(entries, has_title);
+    ASSERT_NE(pipes, entries.end());
+    form.CboPipes.Select(static_cast<int>(pipes - entries.begin()));
+    TypeInto(form, form.Text4, chapter.Value("Μέση Θερμοκρασία Ρέοντος Μέσου, σε [ °C ]"));
+    TypeInto(form, form.Text6, chapter.Value("Μέση Ταχύτητα Υγρού, στο Δίκτυο, σε [ m/sec ]"));
+    if (form.ChkChiller.visible) {
+      form.ChkChiller.Set(true);
+      TypeInto(form, form.Text8, chapter.Value(form.ChkChiller.caption));
+    }
+    form.Press(Ctrl(KeyCode::kEnter));
+  }
+
+  // "Shift+C" of the tee's column, as often as the line says; other columns give nothing.
+  template <typename FormType>
+  void PressTees(const CsvLine& line) {
+    for (const auto& [head, letter] : tee_letters) {
+      const auto cell = line.find(head);
+      if (cell == line.end() || cell->second.empty()) continue;
+      for (int count = std::stoi(cell->second); count > 0; --count) {
+        Press<FormType>(ShiftTyped(static_cast<char32_t>(letter)));
+      }
+    }
+  }
+
+  void CalculateAndCompare() {
+    forms.uses[std::string(screen::kMethod)] = [](Form& form) {
+      form.Press(Plain(KeyCode::kEnter));
+    };
+    Press<FrmMain>(Plain(KeyCode::kF9));
+    const auto& results = At<FrmRes_Sheet>();
+    EXPECT_EQ(results.frame.LblFlow.text, chapter.Value("Παροχή Αντλίας, σε [m³/h]"));
+    EXPECT_EQ(results.frame.LblHead.text, chapter.Value("Μανομετρικό΄Ύψος Αντλίας, σε [m w.g.]"));
+    EXPECT_EQ(results.LblCount.text, chapter.Value("ΣΥΝ. ΤΜΗΜΑΤΩΝ"));
+    std::string branch;
+    for (const std::string& node : results.ChainCritical.nodes) {
+      branch += (branch.empty() ? "" : ", ") + node;
+    }
+    EXPECT_EQ(branch, chapter.Table("Δυσμενέστερος κλάδος").front().at("Δυσμενέστερος κλάδος"));
+    const Grid& table = results.fpSpread1;
+    for (const CsvLine& line : chapter.Table("α/α", HeadRead(table.columns()[2].header))) {
+      for (int column = 0; column < table.column_count(); ++column) {
+        const std::string head = HeadRead(table.columns()[static_cast<std::size_t>(column)].header);
+        EXPECT_EQ(table.At(std::stoi(line.at("α/α")) - 1, column).text, line.at(head))
+            << line.at("α/α") << ", " << head;
+      }
+    }
+  }
+
+  void Save(const std::string& file) {
+    Press<FrmRes_Sheet>(Plain(KeyCode::kEscape));
+    forms.uses[std::string(screen::kFiles)] = [](Form& form) {
+      form.Press(Plain(KeyCode::kEnter));
+    };
+    Press<FrmMain>(Ctrl('S'));
+    EXPECT_TRUE(test.outer_disk.Exists(kStudies / file));
+    EXPECT_TRUE(At<FrmMain>().LblSaved.visible);
+    EXPECT_FALSE(At<FrmMain>().LblUnsaved.visible);
+  }
+
+  // All that was entered is what the delivered sample has.
+  void CompareWithSample(const std::string& file) {
+    const CalculatedCase sample(fs::path(KALVO_SAMPLES_DIR) / file, KALVO_LIBRARY_DIR);
+    const std::vector<SectionRow> expected = sample.Rows();
+    const std::vector<SectionRow> rows = test.Rows();
+    ASSERT_EQ(rows.size(), expected.size());
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+      SCOPED_TRACE(i + 1);
+      EXPECT_EQ(rows[i].Name, expected[i].Name);
+      EXPECT_EQ(rows[i].Thema, expected[i].Thema);
+      EXPECT_EQ(rows[i].Auxi, expected[i].Auxi);
+      EXPECT_EQ(rows[i].SomaDrop, expected[i].SomaDrop);
+      EXPECT_EQ(rows[i].HeightDiff, expected[i].HeightDiff);
+      for (const auto& [text, field] : kEntryNumbers) {
+        std::visit([&](auto member) { EXPECT_EQ(rows[i].*member, expected[i].*member); }, field);
+      }
+    }
+  }
+
+  Markdown chapter;
+  TestBench test;
+  OpenForms forms{Makers()};
+  CountedSound sound;
+  NotedViewer viewer;
+  MemoryClipboard clipboard;
+  NotedPrinter printer;
+  Desk desk{test.bench, forms, sound, viewer, clipboard, printer, Separators{',', '.'}};
+  // Columns of tees with the letter that the manual names for them.
+  std::vector<std::pair<std::string, char>> tee_letters;
+};
+
+// Heads of the sheet's columns that are typed into, in their order; the last two are left out.
+std::vector<std::string> TypedHeads(SystemKind kind) {
+  std::vector<std::string> heads;
+  for (const SheetColumn& column : SheetColumns()) {
+    if (std::string_view(column.Head(kind)) != kSlashText) {
+      heads.push_back(HeadRead(column.Head(kind)));
+    }
+  }
+  heads.resize(heads.size() - 2);
+  return heads;
+}
+
+class FloorReader : public Reader {
+ public:
+  FloorReader() : Reader("01-fancoil.md") {
+    for (const CsvLine& line : chapter.Table("πλήκτρο", "στήλη")) {
+      tee_letters.emplace_back(line.at("στήλη"), line.at("πλήκτρο").at(kLetterAt));
+    }
+  }
+
+  void EnterSheet() {
+    const std::vector<CsvLine> lines = chapter.Table("α/α", heads_.front());
+    ASSERT_EQ(lines.size(), 62U);
+    Press<FrmMain>(Ctrl('T'));
+    for (int row = 0; row < kPastedFrom; ++row) {
+      TypeRow(row, lines[static_cast<std::size_t>(row)]);
+    }
+    FillDown();
+    Paste(lines);
+    TakeBack();
+    EXPECT_EQ(At<FrmData_Sheet>().LblMissing.text, "Κενά που λείπουν: 0");
+    Press<FrmData_Sheet>(Ctrl(KeyCode::kEnter));
+  }
+
+  void EnterEmitters() {
+    for (const CsvLine& line : chapter.Table("α/α", "ΠΤΩΣΗ ΠΙΕΣΗΣ [mm w.g.]")) {
+      Enter(line.at("α/α"));
+      EXPECT_EQ(At<FrmSoma>().Text2.text, line.at("ΟΝΟΜΑΣΙΑ ΤΜΗΜΑΤΟΣ"));
+      Enter(line.at("ΠΑΡΟΧΗ [Lit/h]"));
+      Enter(line.at("ΠΤΩΣΗ ΠΙΕΣΗΣ [mm w.g.]"));
+      Press<FrmSoma>(Plain(KeyCode::kEnter));
+    }
+    EXPECT_EQ(At<FrmSoma>().LblTotal.text, "20");
+    EXPECT_EQ(At<FrmSoma>().LblFlow.text, "7,44");
+    auto& form = At<FrmSoma>();
+    form.Run(form.SSCmdBack);
+  }
+
+ private:
+  static constexpr std::size_t kLetterAt = 7;  // of "`Shift+C`"
+  // As the chapter tells, from 0.
+  static constexpr int kFilledFrom = 21;
+  static constexpr int kFilledTo = 29;
+  static constexpr int kPastedFrom = 31;
+  static constexpr int kThrough = sheet_column::kDiaTee + 1;
+
+  void Enter(std::string_view text) {
+    Type<FrmSoma>(text);
+    Press<FrmSoma>(Plain(KeyCode::kEnter));
+  }
+
+  [[nodiscard]] bool IsTee(const std::string& head) const {
+    return std::ranges::count(tee_letters, head, &std::pair<std::string, char>::first) != 0;
+  }
+
+  void TypeRow(int row, const CsvLine& line) {
+    const auto& grid = At<FrmData_Sheet>().fpSpread1;
+    const bool begun = grid.current().column == sheet_column::kRight;  // past the source
+    for (const std::string& head : std::span(heads_).subspan(begun ? 1 : 0)) {
+      if (!IsTee(head)) Type<FrmData_Sheet>(line.at(head));
+      Press<FrmData_Sheet>(Plain(KeyCode::kEnter));
+    }
+    ASSERT_EQ(grid.current().row, row);
+    const bool filled = row > kFilledFrom && row <= kFilledTo;
+    if (!filled) PressTees<FrmData_Sheet>(line);
+    while (grid.current().row == row) Press<FrmData_Sheet>(Plain(KeyCode::kEnter));
+  }
+
+  void FillDown() {
+    auto& sheet = At<FrmData_Sheet>();
+    sheet.fpSpread1.GoTo({kFilledFrom, kThrough});
+    for (int row = kFilledFrom; row < kFilledTo; ++row) {
+      Press<FrmData_Sheet>(Shift(KeyCode::kDown));
+    }
+    Press<FrmData_Sheet>(Plain(KeyCode::kF7));
+    EXPECT_EQ(sheet.draft().Text(kFilledTo, kThrough), "1");
+  }
+
+  void Paste(const std::vector<CsvLine>& lines) {
+    std::string text;
+    for (const CsvLine& line : std::span(lines).subspan(kPastedFrom)) {
+      std::string cells;
+      for (const std::string& head : heads_) {
+        cells += (cells.empty() ? "" : "\t") + line.at(head);
+      }
+      text += cells + "\n";
+    }
+    clipboard.SetText(text);
+    At<FrmData_Sheet>().fpSpread1.GoTo({kPastedFrom, 0});
+    Press<FrmData_Sheet>(Ctrl('V'));
+  }
+
+  void TakeBack() {
+    auto& sheet = At<FrmData_Sheet>();
+    sheet.fpSpread1.GoTo({0, sheet_column::kLength});
+    Press<FrmData_Sheet>(Plain(KeyCode::kDelete));
+    EXPECT_EQ(sheet.draft().Text(0, sheet_column::kLength), "");
+    Press<FrmData_Sheet>(Ctrl('Z'));
+    EXPECT_EQ(sheet.draft().Text(0, sheet_column::kLength), "18");
+  }
+
+  std::vector<std::string> heads_ = TypedHeads(SystemKind::kClosed);
+};
+
+class HouseReader : public Reader {
+ public:
+  HouseReader() : Reader("02-house.md") {
+    tee_letters = {{"<ΤΑΥ> ΣΕ ΔΙΑΚΛΑΔΩΣΗ [τεμ.]", 'C'}, {"<ΤΑΥ> ΣΕ ΔΙΕΛΕΥΣΗ [τεμ.]", 'A'}};
+  }
+
+  void EnterSections() {
+    At<FrmMain>().ChkDataKind.Set(false);
+    Press<FrmMain>(Ctrl('T'));
+    const std::vector<CsvLine> lines = chapter.Table("α/α", heads_[1]);
+    for (const CsvLine& line : lines) {
+      EXPECT_EQ(At<FrmData>().Txt0.text, line.at("α/α"));
+      TypeFields(line);
+      PressTees<FrmData>(line);
+      Press<FrmData>(&line == &lines.back() ? Ctrl(KeyCode::kEnter) : Plain(KeyCode::kPageDown));
+    }
+    EXPECT_TRUE(test.prompter.codes().empty());
+  }
+
+  void EnterOutlets() {
+    for (const CsvLine& line : chapter.Table("α/α", "ΠΙΕΣΗ ΡΟΗΣ [m w.g.]")) {
+      EXPECT_EQ(At<FrmYpodo>().Text1.text, line.at("α/α"));
+      EXPECT_EQ(At<FrmYpodo>().Text2.text, line.at("ΟΝΟΜΑΣΙΑ ΤΜΗΜΑΤΟΣ"));
+      for (const char* head : {"ΠΑΡΟΧΗ [Lit/h]", "ΠΙΕΣΗ ΡΟΗΣ [m w.g.]", "ΥΨΟΣ ΑΠΟ ΑΝΤΛΙΑ [m]"}) {
+        Type<FrmYpodo>(line.at(head));
+        Press<FrmYpodo>(Plain(KeyCode::kEnter));
+      }
+      Press<FrmYpodo>(Plain(KeyCode::kEnter));
+    }
+    Press<FrmYpodo>(Plain(KeyCode::kEnter));  // the focus is on the way out
+  }
+
+ private:
+  // Field by field by Enter; what shows already is passed.
+  void TypeFields(const CsvLine& line) {
+    FrmData& form = At<FrmData>();
+    const std::array<Field*, 12> fields = {&form.Txt1,  &form.Txt2,  &form.Txt6,  &form.Txt7,
+                                           &form.Txt8,  &form.Txt9,  &form.Txt10, &form.Txt11,
+                                           &form.Txt12, &form.Txt13, &form.Txt14, &form.Txt15};
+    for (std::size_t i = form.focus() == fields[0] ? 0 : 1; i < fields.size(); ++i) {
+      ASSERT_EQ(form.focus(), fields[i]) << heads_[i + 1];
+      const auto cell = line.find(heads_[i + 1]);
+      const std::string wanted = cell == line.end() ? "" : cell->second;
+      const bool tee = heads_[i + 1].starts_with("<ΤΑΥ>");
+      const bool zero = wanted.empty() && ParseNumber(fields[i]->text, desk.separators) == 0;
+      if (!tee && !zero && fields[i]->text != wanted) {
+        Type<FrmData>(wanted.empty() ? "0" : wanted);
+      }
+      if (form.focus() == fields[i]) Press<FrmData>(Plain(KeyCode::kEnter));
+    }
+  }
+
+  std::vector<std::string> heads_ = TypedHeads(SystemKind::kOpen);
+};
+
+TEST(Manual, TheFloorGivesThePumpThatItsChapterPromises) {
+  FloorReader user;
+  user.EnterUpToTheSections('K');
+  user.EnterSheet();
+  user.EnterEmitters();
+  user.CompareWithSample("fancoil.PCK");
+  user.CalculateAndCompare();
+  user.Save("Κλιματισμός ορόφου γραφείων με fan coil.PCK");
+}
+
+TEST(Manual, TheHouseGivesThePumpThatItsChapterPromises) {
+  HouseReader user;
+  user.EnterUpToTheSections('A');
+  user.EnterSections();
+  user.EnterOutlets();
+  user.CompareWithSample("house.PCA");
+  user.CalculateAndCompare();
+  user.Save("Ύδρευση διώροφης κατοικίας.PCA");
+}
+
+}  // namespace
+}  // namespace kalvo

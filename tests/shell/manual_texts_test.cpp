@@ -1,0 +1,145 @@
+// Captions, messages, keys and pictures of the manual are those of the program.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <map>
+#include <set>
+#include <string>
+
+#include "entry/frm_data.h"
+#include "entry/frm_data_sheet.h"
+#include "entry/frm_gen_data.h"
+#include "entry/frm_soma.h"
+#include "entry/frm_tau_cross_s.h"
+#include "entry/frm_winter.h"
+#include "entry/frm_ypodo.h"
+#include "results/frm_res.h"
+#include "results/frm_res_gn.h"
+#include "results/frm_res_sheet.h"
+#include "shell/frm_kind.h"
+#include "shell/frm_main.h"
+#include "tests/support/markdown.h"
+#include "tests/support/test_desk.h"
+
+namespace kalvo {
+namespace {
+
+namespace fs = std::filesystem;
+
+const fs::path kRoot = KALVO_SOURCE_DIR;
+
+std::map<std::string, Markdown> AllChapters() {
+  std::map<std::string, Markdown> chapters;
+  for (const auto& entry : fs::directory_iterator(kRoot / "docs/manual")) {
+    chapters[entry.path().filename().string()] = ReadMarkdown(entry.path());
+  }
+  return chapters;
+}
+
+void Replace(std::string& text, std::string_view what, std::string_view by) {
+  std::string made;
+  for (const std::string& piece : SplitAt(text, what)) {
+    made += piece + std::string(by);
+  }
+  text = made.substr(0, made.size() - by.size());
+}
+
+// Everything that sources and designs of the program have in quotes or as text, in one line: pieces
+// of a literal joined, letters for Alt without their mark.
+std::string ProgramTexts() {
+  std::string texts;
+  for (const char* floor : {"study", "form", "entry", "results", "shell", "desktop"}) {
+    for (const auto& entry : fs::recursive_directory_iterator(kRoot / floor)) {
+      const std::string end = entry.path().extension().string();
+      if (end != ".cpp" && end != ".h" && end != ".ui") continue;
+      std::string text = InOneLine(ReadMarkdown(entry.path()).text);
+      Replace(text, "\" \"", "");
+      Replace(text, "\\n", " ");
+      texts += text + "\n";
+    }
+  }
+  for (const auto& [what, by] : {std::pair{"&lt;", "<"}, {"&gt;", ">"}, {"&amp;", ""}, {"&", ""}}) {
+    Replace(texts, what, by);
+  }
+  return texts;
+}
+
+// What a key is called, whatever the order of its modifiers.
+std::multiset<std::string> Words(std::string_view key) {
+  std::multiset<std::string> words;
+  for (const std::string& word : SplitAt(key, "+")) {
+    const std::string letters = word.substr(0, word.find('\0'));
+    if (!letters.empty()) words.insert(letters);
+  }
+  return words;
+}
+
+bool HasKey(const Command& command, const std::string& key) {
+  const auto is_same = [&](const Key& own) { return Words(KeyText(own)) == Words(key); };
+  return std::ranges::any_of(command.keys, is_same) || Words(command.hint) == Words(key);
+}
+
+bool HasCommand(const Form& form, const std::string& caption, const std::string& key) {
+  return std::ranges::any_of(form.controls(), [&](const Control* part) {
+    const auto* command = dynamic_cast<const Command*>(part);
+    return command != nullptr &&
+           InOneLine(" " + command->caption).find(caption) != std::string::npos &&
+           HasKey(*command, key);
+  });
+}
+
+TEST(ManualTexts, LinksAndPicturesAreThere) {
+  for (const auto& [name, chapter] : AllChapters()) {
+    for (const std::string& target : chapter.Targets()) {
+      EXPECT_TRUE(fs::exists(kRoot / "docs/manual" / target)) << name << ": " << target;
+    }
+  }
+}
+
+TEST(ManualTexts, WhatIsInBoldIsOnAScreen) {
+  const std::string texts = ProgramTexts();
+  for (const auto& [name, chapter] : AllChapters()) {
+    if (name == "README.md") continue;
+    for (const std::string& bold : chapter.Between("**")) {
+      EXPECT_NE(texts.find(bold), std::string::npos) << name << ": " << bold;
+    }
+  }
+}
+
+TEST(ManualTexts, KeysAreThoseOfTheirCommands) {
+  const std::map<std::string, FormFactory> forms = {
+      {"Αρχή", &MakeForm<FrmKind>},
+      {"Βασικό μενού", &MakeForm<FrmMain>},
+      {"Γενικά δεδομένα", &MakeForm<FrmGenData>},
+      {"Φύλλο τμημάτων", &MakeForm<FrmData_Sheet>},
+      {"Φόρμα τμημάτων", &MakeForm<FrmData>},
+      {"Ταυ και σταυροί", &MakeForm<FrmTauCross_S>},
+      {"Σώματα", &MakeForm<FrmSoma>},
+      {"Υποδοχείς", &MakeForm<FrmYpodo>},
+      {"Αποτελέσματα, ο πίνακας", &MakeForm<FrmRes_Sheet>},
+      {"Αποτελέσματα, ένα τμήμα τη φορά", &MakeForm<FrmRes>},
+      {"Η αντλία", &MakeForm<FrmResGn>},
+      {"Χειμώνας", &MakeForm<FrmWinter>}};
+  const auto parts = AllChapters().at("03-keys.md").Parts();
+  EXPECT_EQ(parts.size(), forms.size() + 1) << "the print has no screen of its own";
+  for (const auto& [heading, make] : forms) {
+    TestDesk user;
+    const auto form = make(user.desk);
+    if (heading == "Βασικό μενού") {
+      form->Load();
+      form->Derive();
+    }
+    for (const auto& cells : parts.at(heading).Lines()) {
+      const bool caption = cells.size() == 2 && cells[1].starts_with("**");
+      if (!caption) continue;
+      const std::string command = Markdown{cells[1]}.Between("**").front();
+      EXPECT_TRUE(HasCommand(*form, command, Markdown{cells[0]}.Between("`").front()))
+          << heading << ": " << cells[0] << " " << command;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace kalvo
