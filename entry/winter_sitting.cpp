@@ -61,6 +61,7 @@ void WinterSitting::Change(float& value, float number) {
   void_ = true;
   duty_.PutValues(values_);
   told_ = values_;
+  kept_.reset();  // the winter file has another value than it was kept with
 }
 
 void WinterSitting::Set(std::size_t line, WinterValue what, float number) {

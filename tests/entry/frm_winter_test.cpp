@@ -457,5 +457,21 @@ TEST(WinterForm, ADiskThatIsFullTellsThatNothingIsKept) {
   EXPECT_TRUE(winter.form->LblPump.visible);
 }
 
+// The value that a run was made with, typed again after another: the winter file has the other one.
+TEST(WinterForm, AValueThatComesBackAfterARunIsKeptToo) {
+  WinterUser winter;
+  winter.TypeValues();
+  winter.Press(Ctrl(KeyCode::kEnter));
+  for (const char32_t digit : {U'1', U'5'}) {
+    winter.GoTo(0, 4);
+    winter.Press(Typed(digit));
+    winter.form->fpSpread1.Accept();
+  }
+  winter.form->Idle(0.5);
+  FrmWinter next(winter.desk());
+  next.Load();
+  EXPECT_EQ(WinterUser::CellsOf(next), winter.Cells());
+}
+
 }  // namespace
 }  // namespace kalvo
