@@ -13,7 +13,7 @@
 #include "cli/winter_values.h"
 #include "engine/checks.h"
 #include "engine/trap.h"
-#include "entry/winter_boxes.h"
+#include "entry/winter/winter_boxes.h"
 #include "results/study_report.h"
 #include "study/message_codes.h"
 

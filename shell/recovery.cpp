@@ -4,7 +4,7 @@
 #include <utility>
 #include <vector>
 
-#include "entry/draft_rows.h"
+#include "entry/sections/draft_rows.h"
 #include "form/tell.h"
 #include "shell/open_study.h"
 #include "shell/unreadable_work.h"

@@ -8,7 +8,7 @@
 
 #include "desktop/key_chord.h"
 #include "desktop/qt_text.h"
-#include "entry/emitter_forms.h"
+#include "entry/emitters/emitter_forms.h"
 #include "tests/desktop/calculated_desk.h"
 #include "tests/desktop/pictures.h"
 #include "tests/desktop/shown_desk.h"

@@ -17,7 +17,7 @@
 #include "desktop/widgets/pictures/junction_picture.h"
 #include "desktop/widgets/results/sheet_legend.h"
 #include "desktop/window_pair.h"
-#include "entry/tee_cases.h"
+#include "entry/tees/tee_cases.h"
 #include "tests/desktop/pictures.h"
 
 namespace kalvo {

@@ -12,7 +12,7 @@
 #include "desktop/print_notice.h"
 #include "desktop/print_service.h"
 #include "desktop/qt_printer.h"
-#include "entry/frm_data_sheet.h"
+#include "entry/sheet/frm_data_sheet.h"
 #include "tests/desktop/pictures.h"
 #include "tests/desktop/shown_desk.h"
 

@@ -24,7 +24,7 @@
 
 #include "desktop/qt_text.h"
 #include "desktop/theme.h"
-#include "entry/frm_liquid.h"
+#include "entry/general/frm_liquid.h"
 #include "study/codepage.h"
 #include "study/fluid_library.h"
 #include "study/recent_files.h"

@@ -11,7 +11,7 @@
 #include <QWheelEvent>
 
 #include "desktop/qt_clipboard.h"
-#include "entry/frm_data_sheet.h"
+#include "entry/sheet/frm_data_sheet.h"
 #include "tests/desktop/shown_desk.h"
 
 namespace kalvo {

@@ -7,7 +7,7 @@
 
 #include "desktop/tables/cell_roles.h"
 #include "desktop/theme.h"
-#include "entry/frm_winter.h"
+#include "entry/winter/frm_winter.h"
 #include "tests/desktop/calculated_desk.h"
 #include "tests/desktop/pictures.h"
 #include "tests/desktop/shown_desk.h"

@@ -2,10 +2,10 @@
 
 #include <set>
 
-#include "entry/emitter_forms.h"
-#include "entry/frm_f12.h"
-#include "entry/frm_soma.h"
-#include "entry/frm_ypodo.h"
+#include "entry/emitters/emitter_forms.h"
+#include "entry/emitters/frm_f12.h"
+#include "entry/emitters/frm_soma.h"
+#include "entry/emitters/frm_ypodo.h"
 #include "tests/entry/walk.h"
 #include "tests/support/test_desk.h"
 

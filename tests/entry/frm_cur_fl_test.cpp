@@ -1,4 +1,4 @@
-#include "entry/frm_cur_fl.h"
+#include "entry/general/frm_cur_fl.h"
 
 #include <gtest/gtest.h>
 

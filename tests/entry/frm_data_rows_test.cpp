@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "entry/section_entry_forms.h"
+#include "entry/sections/section_entry_forms.h"
 #include "tests/entry/section_user.h"
 #include "tests/support/failing_disk.h"
 

@@ -1,4 +1,4 @@
-#include "entry/frm_data.h"
+#include "entry/section_form/frm_data.h"
 
 #include <gtest/gtest.h>
 

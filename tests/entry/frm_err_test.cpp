@@ -1,4 +1,4 @@
-#include "entry/frm_err.h"
+#include "entry/general/frm_err.h"
 
 #include <gtest/gtest.h>
 

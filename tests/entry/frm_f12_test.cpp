@@ -1,4 +1,4 @@
-#include "entry/frm_f12.h"
+#include "entry/emitters/frm_f12.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "entry/frm_gen_data.h"
+#include "entry/general/frm_gen_data.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "entry/frm_go_to.h"
+#include "entry/sections/frm_go_to.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "entry/frm_liquid.h"
+#include "entry/general/frm_liquid.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
-#include "entry/frm_soma.h"
+#include "entry/emitters/frm_soma.h"
 
 #include <gtest/gtest.h>
 
-#include "entry/emitter_forms.h"
+#include "entry/emitters/emitter_forms.h"
 #include "tests/support/test_desk.h"
 
 namespace kalvo {

@@ -1,4 +1,4 @@
-#include "entry/frm_tau_cross.h"
+#include "entry/tees/frm_tau_cross.h"
 
 #include <gtest/gtest.h>
 

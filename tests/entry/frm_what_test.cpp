@@ -1,4 +1,4 @@
-#include "entry/frm_what.h"
+#include "entry/sections/frm_what.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "entry/frm_winter.h"
+#include "entry/winter/frm_winter.h"
 
 #include <gtest/gtest.h>
 

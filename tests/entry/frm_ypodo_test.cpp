@@ -1,8 +1,8 @@
-#include "entry/frm_ypodo.h"
+#include "entry/emitters/frm_ypodo.h"
 
 #include <gtest/gtest.h>
 
-#include "entry/emitter_forms.h"
+#include "entry/emitters/emitter_forms.h"
 #include "tests/support/test_desk.h"
 
 namespace kalvo {

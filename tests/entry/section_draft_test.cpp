@@ -1,10 +1,10 @@
-#include "entry/section_draft.h"
+#include "entry/sections/section_draft.h"
 
 #include <gtest/gtest.h>
 
 #include <random>
 
-#include "entry/sheet_columns.h"
+#include "entry/sections/sheet_columns.h"
 
 namespace kalvo {
 namespace {

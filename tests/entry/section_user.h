@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "entry/frm_data.h"
+#include "entry/section_form/frm_data.h"
 #include "tests/entry/sheet_user.h"
 #include "tests/support/failing_disk.h"
 #include "tests/support/test_desk.h"

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "entry/section_entry_forms.h"
-#include "entry/sheet_columns.h"
+#include "entry/sections/section_entry_forms.h"
+#include "entry/sections/sheet_columns.h"
 #include "tests/entry/section_user.h"
 #include "tests/entry/walk.h"
 

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "entry/sheet_pages.h"
+#include "entry/sheet/sheet_pages.h"
 #include "form/print_table.h"
 #include "study/export_folder.h"
 #include "tests/entry/sheet_user.h"

@@ -5,11 +5,17 @@
 #include <string_view>
 #include <vector>
 
-#include "entry/frm_data_sheet.h"
-#include "entry/section_sitting.h"
+#include "entry/sections/section_sitting.h"
+#include "entry/sheet/frm_data_sheet.h"
 #include "tests/support/test_desk.h"
 
 namespace kalvo {
+
+/// The smallest networks with an emitter, and with two outlets.
+inline const std::vector<std::string_view> kLoop = {"ANT/1 5m", "1/2 5m 300l/h soma 800mm",
+                                                    "2/ANT 5m"};
+inline const std::vector<std::string_view> kTree = {"1/ANT 5m", "2/1 5m 300l/h soma 2m",
+                                                    "3/1 5m 200l/h soma 2m"};
 
 /// The sheet of a study with a title and general data, driven by keys.
 class SheetUser {

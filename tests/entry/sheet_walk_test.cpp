@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "entry/sheet_columns.h"
+#include "entry/sections/sheet_columns.h"
 #include "study/kept_sheet.h"
 #include "study/sheet_file.h"
 #include "tests/entry/sheet_user.h"

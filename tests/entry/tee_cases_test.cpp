@@ -1,4 +1,4 @@
-#include "entry/tee_cases.h"
+#include "entry/tees/tee_cases.h"
 
 #include <gtest/gtest.h>
 

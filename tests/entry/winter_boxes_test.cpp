@@ -1,4 +1,4 @@
-#include "entry/winter_boxes.h"
+#include "entry/winter/winter_boxes.h"
 
 #include <gtest/gtest.h>
 

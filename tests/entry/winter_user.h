@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "engine/calculation_command.h"
-#include "entry/frm_winter.h"
+#include "entry/winter/frm_winter.h"
 #include "tests/support/test_desk.h"
 
 namespace kalvo {

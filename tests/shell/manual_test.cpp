@@ -11,12 +11,12 @@
 #include <utility>
 #include <vector>
 
-#include "entry/frm_data.h"
-#include "entry/frm_data_sheet.h"
-#include "entry/frm_gen_data.h"
-#include "entry/frm_soma.h"
-#include "entry/frm_ypodo.h"
-#include "entry/sheet_columns.h"
+#include "entry/emitters/frm_soma.h"
+#include "entry/emitters/frm_ypodo.h"
+#include "entry/general/frm_gen_data.h"
+#include "entry/section_form/frm_data.h"
+#include "entry/sections/sheet_columns.h"
+#include "entry/sheet/frm_data_sheet.h"
 #include "results/frm_res_sheet.h"
 #include "shell/frm_calcs.h"
 #include "shell/frm_file_os.h"

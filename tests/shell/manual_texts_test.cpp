@@ -8,13 +8,13 @@
 #include <set>
 #include <string>
 
-#include "entry/frm_data.h"
-#include "entry/frm_data_sheet.h"
-#include "entry/frm_gen_data.h"
-#include "entry/frm_soma.h"
-#include "entry/frm_tau_cross_s.h"
-#include "entry/frm_winter.h"
-#include "entry/frm_ypodo.h"
+#include "entry/emitters/frm_soma.h"
+#include "entry/emitters/frm_ypodo.h"
+#include "entry/general/frm_gen_data.h"
+#include "entry/section_form/frm_data.h"
+#include "entry/sheet/frm_data_sheet.h"
+#include "entry/tees/frm_tau_cross_s.h"
+#include "entry/winter/frm_winter.h"
 #include "results/frm_res.h"
 #include "results/frm_res_gn.h"
 #include "results/frm_res_sheet.h"

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "entry/frm_winter.h"
+#include "entry/winter/frm_winter.h"
 #include "results/frm_res.h"
 #include "results/frm_res_gn.h"
 #include "results/frm_res_sheet.h"

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "entry/tee_counters.h"
+#include "entry/tees/tee_counters.h"
 
 namespace kalvo {
 

@@ -1,0 +1,162 @@
+#include <algorithm>
+#include <exception>
+
+#include "entry/section_form/frm_data.h"
+#include "entry/sections/section_entry_forms.h"
+#include "entry/sections/sheet_columns.h"
+#include "form/tell.h"
+
+namespace kalvo {
+
+// A new row that was only shown is no section unless the user says so.
+bool FrmData::MayTakeNewRow() {
+  if (!IsUntouchedNew() || count() == 0) return true;
+  const Answer answer = bench.Ask({" !!... ΠΡΟΣΟΧΗ ...!! ",
+                                   {"Το νέο Τμήμα " + std::to_string(bench.study.CurrentRow) +
+                                        " έχει μόνο τις τιμές με τις οποίες εμφανίστηκε.",
+                                    "Να καταχωρηθεί ?? (Όχι : η καταχώρηση τελειώνει χωρίς αυτό)"},
+                                   box_style::kDefaultNo});
+  if (answer == Answer::kNo) ShowRow(count());
+  return answer == Answer::kNo || answer == Answer::kYes;
+}
+
+// One section that goes from the source to the source is meant only if the user says so.
+bool FrmData::SettleOneBranch() {
+  const bool says_so = Txt0.Trimmed() == kSource && Txt1.Trimmed() == kSource;
+  if (IsOpen() || row() > 0 || one_branch_ || says_so || count() > 1) return true;
+  one_branch_ = AskOneBranch();
+  Txt0.Show(kSource);
+  Txt1.Show(one_branch_ ? kSource : "1");
+  TakeFields("Κόμβος ANT");
+  return one_branch_;
+}
+
+// Everything that the fields say is in the file.
+bool FrmData::Finish() {
+  if (!MayTakeNewRow()) return false;
+  const bool nothing = count() == 0 && IsUntouchedNew();
+  if (nothing) return true;
+  if (!FieldsFit() || !SettleOneBranch() || !Checked() || !StoreRow()) return false;
+  LeaveInsertMode();
+  return !GoToWrongRow() && GuardRows() && TellIfFailed(bench, sitting_.Settle());
+}
+
+// Rows that were taken back to what they were while they were typed keep entry from ending.
+bool FrmData::GoToWrongRow() {
+  if (!lags_ || PutLagging()) return false;
+  const auto wrong = sitting_.FirstWrongRow();
+  if (!wrong) return true;
+  ShowRow(*wrong + 1);
+  if (!Checked()) return true;
+  Tell("Λείπει το όνομα του τμήματος");
+  Focus(Txt0.text.empty() ? Txt0 : Txt1);
+  return true;
+}
+
+void FrmData::EndEntry() {
+  if (!Finish()) return;
+  desk.Click();
+  const DraftRows made = sitting_.Rows();
+  const bool ends = !made.changed && desk.screens.edit_mode;
+  const std::string_view next = ends ? screen::kMain : ScreenAfterEntry(desk, made);
+  sitting_.End();
+  Leave(next);
+}
+
+// Rows that came in or went send the emitters before the sheet.
+void FrmData::SwitchToSheet() {
+  if (!Finish()) return;
+  desk.Click();
+  const DraftRows made = sitting_.Rows();
+  bench.study.CurrentRow =
+      std::min<std::int16_t>(bench.study.CurrentRow, static_cast<std::int16_t>(count()));
+  if (!made.inside || made.rows.empty()) {
+    Leave(screen::kSheet);
+    return;
+  }
+  sitting_.End();
+  desk.screens.back_to_sheet = true;
+  Leave(IsOpen() ? screen::kOutlets : screen::kEmitters);
+}
+
+bool FrmData::MayClose() {
+  LeaveByClosing();
+  return false;
+}
+
+// As a move; a row that must not be stored is given up only if the user says so.
+void FrmData::LeaveByClosing() {
+  const bool as_shown = !is_new_ && Texts().texts == snapshot_.texts;
+  bool stored = true;
+  if (!IsUntouchedNew() && !as_shown) {
+    if (!FieldsFit() || !LeaveLeft() || FirstFault(Texts(), row(), desk.separators)) {
+      if (!MayDropRow()) return;
+      GiveRowUp();
+    } else {
+      stored = StoreRow();
+    }
+  }
+  desk.Click();
+  stored = stored && (!lags_ || PutLagging()) && TellIfFailed(bench, sitting_.Settle());
+  if (stored) {
+    sitting_.End();
+  } else if (!MayLeaveUnstored()) {
+    return;
+  }
+  Leave(screen::kMain);
+}
+
+// What the file has of the row counts again.
+void FrmData::GiveRowUp() {
+  const SectionDraft::Action step(sitting_.draft, "Επαναφορά τμήματος", {row(), 0});
+  if (is_new_) {
+    if (row() < sitting_.draft.Count()) sitting_.draft.RemoveRow(row());
+  } else if (!lags_) {
+    sitting_.TakeStored(row());
+  }
+}
+
+// What cannot go into the rows stays in the kept sheet, and where that cannot be, the user is
+// asked.
+bool FrmData::MayLeaveUnstored() {
+  const Answer answer =
+      bench.Ask({" !!... ΠΡΟΣΟΧΗ ...!! ",
+                 {"Τα Τμήματα δεν πέρασαν όλα στην Μελέτη.",
+                  "Να κλείσει η φόρμα, και να φυλαχθούν όπως είναι για την επόμενη φορά ??"},
+                 box_style::kDefaultNo});
+  if (answer != Answer::kYes) return false;
+  bench.workspace.Delete(work_file::kFirstRows);
+  const auto told = keeping_.KeepNow(PendingTexts());
+  if (!told) return true;
+  return bench.Ask({" !!... ΠΡΟΣΟΧΗ ...!! ",
+                    {told->text, "Να κλείσει, και να χαθούν οι τελευταίες αλλαγές ??"},
+                    box_style::kDefaultNo}) == Answer::kYes;
+}
+
+bool FrmData::MayDropRow() {
+  const Answer answer = bench.Ask(
+      {" !!... ΠΡΟΣΟΧΗ ...!! ",
+       {"Οι τιμές του Τμήματος δεν μπορούν να καταχωρηθούν.", "Να κλείσει η φόρμα χωρίς αυτές ??"},
+       box_style::kDefaultNo});
+  return answer == Answer::kYes;
+}
+
+void FrmData::Leave(std::string_view next) {
+  Study& study = bench.study;
+  study.CurrentRow = std::min(study.CurrentRow, study.SectionCount);
+  if (desk.screens.tee_counters == this) desk.screens.tee_counters = nullptr;
+  if (next == screen::kMain) desk.screens.edit_mode = false;
+  if (next != screen::kSheet) desk.screens.section_sitting.reset();
+  desk.navigator.Close(screen::kFormTees);
+  desk.navigator.Close(screen::kSections);
+  try {
+    desk.navigator.Show(next);
+  } catch (const std::exception&) {
+    desk.screens.section_sitting.reset();
+    desk.screens.back_to_sheet = desk.screens.edit_mode = false;
+    desk.navigator.Show(screen::kMain);
+    throw;
+  }
+}
+
+}  // namespace kalvo
