@@ -1,5 +1,6 @@
 #include "study/codepage.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 
@@ -28,6 +29,19 @@ constexpr std::array<std::uint16_t, 128> kHighHalf = {
     0x03C0, 0x03C1, 0x03C2, 0x03C3, 0x03C4, 0x03C5, 0x03C6, 0x03C7,  // F0
     0x03C8, 0x03C9, 0x03CA, 0x03CB, 0x03CC, 0x03CD, 0x03CE, 0xF8FB,  // F8
 };
+
+constexpr char32_t kGreekBegin = 0x0370;
+constexpr char32_t kGreekEnd = 0x0400;
+
+// Bytes of the Greek characters, of which texts are made for the most part; 0 for one without.
+constexpr auto kGreekBytes = [] {
+  std::array<char, kGreekEnd - kGreekBegin> bytes{};
+  for (std::size_t i = 0; i < kHighHalf.size(); ++i) {
+    if (kHighHalf[i] < kGreekBegin || kHighHalf[i] >= kGreekEnd) continue;
+    bytes[kHighHalf[i] - kGreekBegin] = static_cast<char>(i + 0x80);
+  }
+  return bytes;
+}();
 
 // Length of the sequence that a lead byte opens, 0 for a byte that opens none.
 int SequenceLength(unsigned char lead) {
@@ -102,12 +116,13 @@ std::optional<char> CodePageByte(char32_t character) {
   if (character < 0x80) {
     return static_cast<char>(character);
   }
-  for (std::size_t i = 0; i < kHighHalf.size(); ++i) {
-    if (kHighHalf[i] == character) {
-      return static_cast<char>(i + 0x80);
-    }
+  if (character >= kGreekBegin && character < kGreekEnd) {
+    const char byte = kGreekBytes[character - kGreekBegin];
+    return byte == 0 ? std::nullopt : std::optional(byte);
   }
-  return std::nullopt;
+  const auto* at = std::ranges::find(kHighHalf, character);
+  if (at == kHighHalf.end()) return std::nullopt;
+  return static_cast<char>(at - kHighHalf.begin() + 0x80);
 }
 
 std::string ToCodePage(std::string_view utf8) {

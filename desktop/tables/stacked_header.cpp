@@ -29,6 +29,14 @@ QStringList BrokenWords(const QString& text) {
   return words;
 }
 
+int CountLines(const HeadLines& lines) {
+  return static_cast<int>(lines.words.size()) + (lines.unit.isEmpty() ? 0 : 1);
+}
+
+int HeightOf(int lines) {
+  return lines * QFontMetrics(ThemeFont(kKeyPoints)).lineSpacing() + 2 * kPadding;
+}
+
 }  // namespace
 
 HeadLines StackedLines(const QString& head) {
@@ -68,16 +76,16 @@ QSize StackedHeader::sectionSizeFromContents(int column) const {
   const QFontMetrics metrics(ThemeFont(kKeyPoints));
   int width = metrics.horizontalAdvance(lines.unit);
   for (const QString& word : lines.words) width = qMax(width, metrics.horizontalAdvance(word));
-  const qsizetype count = lines.words.size() + (lines.unit.isEmpty() ? 0 : 1);
-  return {width + 2 * kPadding, static_cast<int>(count) * metrics.lineSpacing() + 2 * kPadding};
+  return {width + 2 * kPadding, HeightOf(CountLines(lines))};
 }
 
+// A table asks for it at every change of its shape, so no text is measured.
 QSize StackedHeader::sizeHint() const {
-  int height = 0;
+  int lines = 0;
   for (int column = 0; column < count(); ++column) {
-    if (!isSectionHidden(column)) height = qMax(height, sectionSizeFromContents(column).height());
+    if (!isSectionHidden(column)) lines = qMax(lines, CountLines(LinesOf(column)));
   }
-  return {QHeaderView::sizeHint().width(), height};
+  return {defaultSectionSize(), HeightOf(lines)};
 }
 
 void StackedHeader::paintSection(QPainter* painter, const QRect& rect, int column) const {
