@@ -6,6 +6,7 @@
 #include "engine/row_store.h"
 #include "engine/trap.h"
 #include "engine/winter_values.h"
+#include "study/calculation_boxes.h"
 #include "study/rounding.h"
 #include "study/tables.h"
 
@@ -68,9 +69,10 @@ RunEnd RunOnRows(Workbench& bench, Method method) {
     return RunEnd::kViscosity;
   }
   WriteStatistics(bench);
-  // A winter file that cannot be read or written keeps nobody from summer's results; no winter
-  // results are looked at without a run of theirs.
-  static_cast<void>(EmptyWinterResults(bench.workspace).ok());
+  // A winter file that cannot be read or written keeps nobody from summer's results.
+  if (const Outcome emptied = EmptyWinterResults(bench.workspace); !emptied) {
+    bench.Ask(StaleWinterBox(emptied.error()));
+  }
   return RunEnd::kCalculated;
 }
 

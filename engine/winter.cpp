@@ -143,7 +143,6 @@ WinterDuty::WinterDuty(Workbench& bench) : bench_(bench) {
 
 WinterOutcome WinterDuty::Run(float temperature, const std::vector<WinterLine>& lines,
                               const AcceptFlow& accept) {
-  results_.reset();
   WinterOutcome outcome{WinterEnd::kBrokenOff};
   RunTrapped(bench_, [&] { outcome = CheckAndRun(temperature, lines, accept); });
   bench_.study.CalcAborted = outcome.end == WinterEnd::kBrokenOff;
@@ -172,6 +171,7 @@ WinterOutcome WinterDuty::CheckAndRun(float temperature, const std::vector<Winte
 }
 
 WinterOutcome WinterDuty::Calculate(float temperature, const std::vector<WinterLine>& lines) {
+  results_.reset();
   // The passes work on a study of their own: the open one stays that of the summer.
   Study study = bench_.study;
   study.MeanTemp = temperature;
@@ -197,6 +197,7 @@ WinterOutcome WinterDuty::Calculate(float temperature, const std::vector<WinterL
 
 void WinterDuty::PutValues(const WinterValues& values) {
   results_.reset();
+  Require(bench_.workspace.Read(work_file::kRows));  // rows that are gone are no empty table
   const std::vector<SectionRow> rows =
       RowsOfWinterValues(Require(bench_.workspace.Rows().ReadAll()), values);
   Require(bench_.workspace.Write(work_file::kWinter, EncodeRows<SectionRow>(rows)));
@@ -215,8 +216,12 @@ void WinterDuty::ShowResults() {
   Summer summer{Require(workspace.Read(work_file::kRows)), bench_.study};
   Require(workspace.Copy(work_file::kRows, work_file::kSummerRows));
   Require(workspace.Flush(work_file::kSummerRows));
-  Require(workspace.Copy(work_file::kWinter, work_file::kRows));
   summer_ = std::move(summer);
+  // A copy that fails may have taken their place all the same.
+  if (const Outcome copied = workspace.Copy(work_file::kWinter, work_file::kRows); !copied) {
+    HideResults();
+    throw Fault(copied.error());
+  }
   Study& study = bench_.study;
   study.MeanTemp = results_->MeanTemp;
   study.TotalFlowM3h = results_->TotalFlowM3h;
@@ -232,7 +237,9 @@ void WinterDuty::HideResults() {
     return;
   }
   Workspace& workspace = bench_.workspace;
-  Require(workspace.Write(work_file::kRows, summer_->rows));
+  if (Require(workspace.ReadIfThere(work_file::kRows)) != summer_->rows) {
+    Require(workspace.Write(work_file::kRows, summer_->rows));
+  }
   Require(workspace.Flush(work_file::kRows));
   bench_.study = std::move(summer_->study);
   summer_.reset();
@@ -250,7 +257,7 @@ void WinterDuty::Settle(WinterData data) {
   } else if (winter_before_) {
     Require(workspace.Write(work_file::kWinter, *winter_before_));
   } else {
-    workspace.Delete(work_file::kWinter);
+    Require(workspace.Remove(work_file::kWinter));
   }
 }
 

@@ -9,8 +9,9 @@
 namespace kalvo {
 namespace {
 
-// Refills the tables that the report is made from. False: a file cannot be read, which was told.
-bool RefreshTables(Workbench& bench) {
+// Refills the tables that the report is made from; while winter's results are looked at, the table
+// of emitters is winter's. False: a file cannot be read, which was told.
+bool RefreshTables(Workbench& bench, bool winter) {
   const auto rows = bench.workspace.Rows().ReadAll();
   const auto emitters = bench.workspace.Rows(work_file::kEmitters).ReadAll();
   if (!rows || !emitters) {
@@ -19,13 +20,13 @@ bool RefreshTables(Workbench& bench) {
   }
   const auto fault = RunTrapped(bench, [&] {
     RefreshSectionTable(bench.study, *rows);
-    RefreshEmitterTable(bench.study, *emitters);
+    if (!winter) RefreshEmitterTable(bench.study, *emitters);
   });
   return !fault;
 }
 
-void WriteReport(Workbench& bench) {
-  if (!RefreshTables(bench)) return;
+void WriteReport(Workbench& bench, bool winter) {
+  if (!RefreshTables(bench, winter)) return;
   bool summed = true;
   RunTrapped(bench, [&] { summed = WriteSectionFlows(bench); });
   if (!summed) ShowLostWalk(bench);
@@ -37,7 +38,8 @@ void ShowNodeReport(Desk& desk, bool test_single_section) {
   Workbench& bench = desk.bench;
   bench.workspace.Delete(work_file::kFlowReport);
   const bool single = test_single_section && bench.study.SingleSection;
-  if (!single && bench.workspace.HasBytes(work_file::kRows)) WriteReport(bench);
+  if (!single && bench.workspace.HasBytes(work_file::kRows))
+    WriteReport(bench, desk.screens.WinterPump);
   if (!bench.workspace.Exists(work_file::kFlowReport)) return;
   if (ChooseViewer(desk).empty()) return;
   TellIfFailed(bench, desk.viewer.Open(bench.workspace.Path(work_file::kFlowReport)));

@@ -44,4 +44,11 @@ Box FluidMisfitBox() {
           box_style::kStop};
 }
 
+Box StaleWinterBox(const FileError& error) {
+  return {
+      "...!! ΠΡΟΣΟΧΗ !!...",
+      {"... Τα αποτελέσματα του Χειμώνα ΔΕΝ ισχύουν πλέον, και δεν διαγράφονται ...", error.Line()},
+      box_style::kStop};
+}
+
 }  // namespace kalvo

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "study/prompter.h"
+#include "study/result.h"
 
 namespace kalvo {
 
@@ -11,5 +12,8 @@ Box CalcErrorBox(int code);
 
 /// The box for a viscosity that was given for another mean temperature than the study's.
 Box FluidMisfitBox();
+
+/// The box for results of a winter duty that hold no longer and could not be emptied.
+Box StaleWinterBox(const FileError& error);
 
 }  // namespace kalvo

@@ -22,6 +22,15 @@ Outcome Workspace::Write(std::string_view name, std::string bytes) {
 
 void Workspace::Delete(std::string_view name) { static_cast<void>(work_disk_->Remove(Path(name))); }
 
+Outcome Workspace::Remove(std::string_view name) {
+  Delete(name);
+  const auto status = Status(name);
+  if (!status) {
+    return status.error();
+  }
+  return *status ? Outcome(FileError{Path(name), "Το αρχείο δεν διαγράφεται"}) : Outcome(Done{});
+}
+
 Outcome Workspace::Copy(std::string_view from, std::string_view to) {
   Pause();
   Result<std::string> bytes = Read(from);

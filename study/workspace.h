@@ -50,6 +50,8 @@ class Workspace {
   [[nodiscard]] Result<std::string> ReadIfThere(std::string_view name) const;
   /// Deletes the file; that it is missing, or stays, is no error.
   void Delete(std::string_view name);
+  /// Deletes the file; that it stays, or cannot be looked at, is an error.
+  Outcome Remove(std::string_view name);
   /// `to` becomes a copy of `from`, after the pause.
   Outcome Copy(std::string_view from, std::string_view to);
   /// `from` takes the place of `to`, after the pause: what reads as delete, pause and rename.

@@ -146,11 +146,7 @@ void TakeDraftRows(Study& study, const DraftRows& made, const DraftBase& base) {
 }
 
 Outcome WriteRows(Workspace& workspace, const Rows& rows) {
-  if (rows.empty()) {
-    workspace.Delete(work_file::kRows);
-    if (!workspace.Exists(work_file::kRows)) return Done{};
-    return FileError{workspace.Path(work_file::kRows), "Το αρχείο δεν διαγράφεται"};
-  }
+  if (rows.empty()) return workspace.Remove(work_file::kRows);
   if (Outcome written = workspace.Rows().WriteAll(rows); !written) return written;
   return workspace.Flush(work_file::kRows);
 }

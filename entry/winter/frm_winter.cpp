@@ -18,6 +18,10 @@ namespace {
 constexpr std::string_view kGridTitle =
     "Καθορισμός Παροχών Νερού και Πτώσεων Πίεσης Σωμάτων, για τον Χειμώνα";
 
+bool ChangesCells(const Key& key) {
+  return key == Plain(KeyCode::kDelete) || key == Ctrl('V') || key == Shift(KeyCode::kInsert);
+}
+
 constexpr Key kAboveKeys[] = {Plain(KeyCode::kF5), Plain(KeyCode::kF6), Plain(KeyCode::kF7),
                               Plain(KeyCode::kF8), Plain(KeyCode::kF9), Plain(KeyCode::kF10)};
 
@@ -38,7 +42,10 @@ FrmWinter::FrmWinter(Desk& shared_desk)
                   {Plain(KeyCode::kDelete)}) {
   title = "Καθορισμός Παροχών Υγρού και Πτώσεων Πίεσης Σωμάτων, για τον Χειμώνα";
   TxtMeanT.enter_to = &fpSpread1;
-  TxtMeanT.on_change = [this] { TakeTemperature(); };
+  TxtMeanT.on_leave = [this] {
+    TakeTemperature();
+    return true;
+  };
   fpSpread1.row_noun = "Σώμα στο Τμήμα";
   fpSpread1.enter_goes_down = fpSpread1.opens_selected = fpSpread1.opens_by_right_click = true;
   fpSpread1.text_of = [this](GridPlace at) {
@@ -64,6 +71,18 @@ void FrmWinter::Load() {
   SetUpWinterGrid(fpSpread1, *sitting_, desk.separators);
   fpSpread1.GoTo({0, WinterColumnOf(WinterValue::kFlow)});
   Focus(fpSpread1);
+  TellOtherLengths();
+}
+
+// A length that winter was given once stays although the section's has been changed since.
+void FrmWinter::TellOtherLengths() {
+  std::string sections;
+  for (std::size_t i = 0; i < sitting_->summer().size(); ++i) {
+    const WinterLine& summer = sitting_->summer()[i];
+    if (sitting_->values().lines[i].length_m == summer.length_m) continue;
+    sections += (sections.empty() ? "" : ", ") + std::to_string(summer.section);
+  }
+  if (!sections.empty()) Tell("Μήκος άλλο από του θέρους έχουν τα τμήματα : " + sections);
 }
 
 bool FrmWinter::Begin() {
@@ -115,10 +134,12 @@ bool FrmWinter::AcceptCell(GridPlace place, const std::string& text) {
 }
 
 bool FrmWinter::FirstKey(const Key& key) {
+  if (!sitting_) return false;
   const bool on_grid = focus() == &fpSpread1 || focus() == &fpSpread1.editor;
-  if (!on_grid || !sitting_) return false;
-  // These act on an open cell, too.
-  if (std::ranges::count(kAboveKeys, key) != 0) {
+  const bool copies_above = std::ranges::count(kAboveKeys, key) != 0;
+  // Cells change only where the keyboard is.
+  if (!on_grid) return copies_above || (focus() != &TxtMeanT && ChangesCells(key));
+  if (copies_above) {  // on an open cell, too
     Run(CmdAbove);
     return true;
   }
@@ -275,6 +296,7 @@ bool FrmWinter::MayClose() {
 
 WinterValues FrmWinter::Typed() const {
   WinterValues values = sitting_->values();
+  values.temperature = ToSingle(TxtMeanT.Number(desk.separators));
   const GridPlace at = fpSpread1.current();
   const auto what = WinterValueOf(at.column);
   if (fpSpread1.editing() && what) {

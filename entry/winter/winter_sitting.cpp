@@ -8,14 +8,6 @@
 namespace kalvo {
 namespace {
 
-Result<bool> DropKeptWinter(Workspace& workspace) {
-  workspace.Delete(work_file::kWinterInWork);
-  const auto status = workspace.Status(work_file::kWinterInWork);
-  if (!status) return status.error();
-  if (!*status) return false;
-  return FileError{workspace.Path(work_file::kWinterInWork), "Το αρχείο δεν διαγράφεται"};
-}
-
 WinterValues FirstValues(std::vector<WinterLine> lines) {
   for (WinterLine& line : lines) {
     line.flow_lh = line.drop = 0;
@@ -75,9 +67,8 @@ WinterOutcome WinterSitting::Run(const AcceptFlow& accept) {
   kept_.reset();
   const auto told = std::exchange(told_, std::nullopt);
   Require(Keep(values_, true));
-  pump_.reset();
-  void_ = false;
   WinterOutcome outcome = duty_.Run(values_.temperature, values_.lines, accept);
+  if (!duty_.has_results()) pump_.reset();
   if (!ReachedTheFile(outcome.end)) told_ = told;
   if (outcome.end == WinterEnd::kCalculated) TakeResults();
   // What the winter file tells needs no other. One that cannot be kept now is tried again.
@@ -88,6 +79,7 @@ WinterOutcome WinterSitting::Run(const AcceptFlow& accept) {
 
 // Results that cannot be forced onto the medium, or read, do not take the place of what is kept.
 void WinterSitting::TakeResults() {
+  void_ = false;
   pump_ = Require(bench_.workspace.Rows(work_file::kWinter).Read(1));
   if (bench_.workspace.Flush(work_file::kWinter)) {
     told_ = WinterValuesIn(bench_, work_file::kWinter);
@@ -95,7 +87,10 @@ void WinterSitting::TakeResults() {
 }
 
 Result<bool> WinterSitting::Write(const WinterValues& typed) {
-  if (typed == told_) return DropKeptWinter(bench_.workspace);
+  if (typed == told_) {
+    const Outcome dropped = bench_.workspace.Remove(work_file::kWinterInWork);
+    return dropped ? Result<bool>(false) : dropped.error();
+  }
   const std::vector<SectionRow> rows = RowsOfWinterValues(rows_, typed);
   Outcome written = bench_.workspace.Write(work_file::kWinterInWork, EncodeRows<SectionRow>(rows));
   return written ? Result<bool>(true) : written.error();
@@ -119,9 +114,7 @@ void WinterSitting::End(WinterData data) {
   }
   if (HasChanged()) duty_.Settle(data);
   duty_.Close();
-  if (const Result<bool> dropped = DropKeptWinter(bench_.workspace); !dropped) {
-    throw Fault(dropped.error());
-  }
+  Require(bench_.workspace.Remove(work_file::kWinterInWork));
 }
 
 }  // namespace kalvo

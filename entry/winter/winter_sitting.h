@@ -27,7 +27,8 @@ class WinterSitting {
   void Set(std::size_t line, WinterValue what, float number);
   void SetTemperature(float temperature);
 
-  /// The run on these values, which are kept before. Faults: kFile; there are no results then.
+  /// The run on these values, which are kept before. One that is refused leaves the results that
+  /// hold. Faults: kFile; there are no results then.
   WinterOutcome Run(const AcceptFlow& accept);
   /// Row 1 of the last run; nothing while no results hold.
   [[nodiscard]] const std::optional<SectionRow>& pump() const { return pump_; }

@@ -7,7 +7,6 @@
 #include "engine/lost_walk.h"
 #include "study/message_codes.h"
 #include "tests/entry/winter_user.h"
-#include "tests/support/failing_disk.h"
 
 namespace kalvo {
 namespace {
@@ -213,9 +212,62 @@ TEST(WinterForm, AChangeMakesTheResultsVoidAndEmptiesThemInTheFile) {
   winter.Run(winter.form->Cmd_Res);
   EXPECT_EQ(winter.test().prompter.codes(), (std::vector<int>{140, 140}));
   run();
+  TypeInto(*winter.form, winter.form->TxtMeanT, "70");
+  winter.GoTo(0, 4);
+  EXPECT_TRUE(winter.form->LblPump.visible) << "the same temperature typed again is no change";
   TypeInto(*winter.form, winter.form->TxtMeanT, "45");
+  winter.GoTo(0, 4);
   winter.form->Derive();
   EXPECT_TRUE(winter.form->LblVoid.visible);
+}
+
+TEST(WinterForm, ARunThatIsRefusedLeavesWhatHeldAndWhatDidNot) {
+  WinterUser winter;
+  winter.TypeValues();
+  winter.GoTo(0, 5);
+  winter.Type("300");  // as in summer
+  winter.Press(KeyCode::kEnter);
+  winter.test().prompter.Expect(kAttentionTitle, Answer::kYes);
+  winter.Press(Ctrl(KeyCode::kEnter));
+  const std::string run = winter.test().Bytes(work_file::kWinter);
+  winter.test().prompter.Expect(kAttentionTitle, Answer::kNo);
+  winter.Press(Ctrl(KeyCode::kEnter));
+  EXPECT_TRUE(winter.form->LblPump.visible) << "no value has changed";
+  EXPECT_FALSE(winter.IsKept());
+  winter.GoTo(0, 5);
+  winter.Type("0");
+  winter.Press(KeyCode::kEnter);
+  winter.Press(Ctrl(KeyCode::kEnter));
+  EXPECT_TRUE(winter.form->LblVoid.visible) << "nothing was calculated";
+  EXPECT_NE(winter.test().Bytes(work_file::kWinter), run);
+}
+
+TEST(WinterForm, KeysChangeCellsOnlyWhereTheKeyboardIs) {
+  WinterUser winter;
+  winter.TypeValues();
+  const std::string cells = winter.Cells();
+  winter.user.clipboard.SetText("7");
+  winter.GoTo(1, 5);
+  winter.form->Focus(winter.form->TxtMeanT);
+  winter.Press(KeyCode::kF7);
+  EXPECT_EQ(winter.form->focus(), &winter.form->TxtMeanT);
+  winter.form->Focus(winter.form->Cmd_WCirc);
+  for (const Key& key : {Plain(KeyCode::kF7), Plain(KeyCode::kDelete), Ctrl('V')}) {
+    winter.Press(key);
+  }
+  EXPECT_EQ(winter.Cells(), cells);
+}
+
+TEST(WinterForm, SaysWhichLengthsAreNotThoseOfSummer) {
+  WinterUser winter;
+  winter.TypeValues();
+  winter.Close(Answer::kYes);
+  auto rows = winter.test().Rows();
+  rows[2].Length = 15;
+  ASSERT_TRUE(winter.test().workspace.Rows().WriteAll(rows).ok());
+  winter.Open();
+  EXPECT_EQ(winter.Cells(), "5,0 250,0 210,5 | 5,0 150,0 160,0");
+  EXPECT_EQ(winter.form->LblStatus.text, "Μήκος άλλο από του θέρους έχουν τα τμήματα : 3");
 }
 
 TEST(WinterForm, BeginsWithTheValuesOfTheWinterFile) {
@@ -375,86 +427,6 @@ TEST(WinterForm, BlocksAreCopiedAndPasted) {
   winter.GoTo(0, 5);
   winter.form->Derive();
   EXPECT_EQ(winter.form->LblStatus.text, "");
-}
-
-TEST(WinterForm, IsLeftWhenItsFilesCannotBeRead) {
-  WinterUser winter;
-  for (const char* damaged : {work_file::kWinter, work_file::kWinterInWork}) {
-    ASSERT_TRUE(winter.test().workspace.Write(damaged, "odd").ok());
-    winter.user.navigator.log.clear();
-    winter.Open();
-    EXPECT_EQ(winter.user.navigator.log,
-              (std::vector<std::string>{"show FrmMain", "close FrmWinter"}));
-    EXPECT_NE(winter.Box().find(damaged), std::string::npos);
-    EXPECT_EQ(winter.test().Bytes(damaged), "odd");
-    winter.test().workspace.Delete(damaged);
-    winter.Press(Ctrl(KeyCode::kEnter));
-    winter.Press(KeyCode::kF7);
-    winter.Press(Ctrl('V'));
-    EXPECT_FALSE(winter.form->Idle(9));
-  }
-}
-
-// Types, runs and closes; false when something kept the form open.
-bool UseAll(WinterUser& winter) {
-  winter.TypeValues();
-  winter.form->Idle(0.3);
-  winter.form->Idle(6);
-  winter.Press(Ctrl(KeyCode::kEnter));
-  winter.GoTo(0, 4);
-  winter.Type("6");
-  winter.Press(KeyCode::kEnter);
-  winter.form->Idle(0.3);
-  winter.Press(Ctrl(KeyCode::kEnter));
-  winter.Close(Answer::kYes);
-  return !winter.user.navigator.log.empty();
-}
-
-TEST(WinterForm, ADiskThatFailsAnywhereIsToldAndNothingIsLost) {
-  int failures = 0;
-  for (int operation = 1; operation < 80; ++operation) {
-    WinterUser winter;
-    FailingDisk disk(winter.test().work_disk);
-    winter.WorkOn(disk);
-    const std::string summer = winter.test().Bytes();
-    winter.Open();
-    disk.FailAtOperation(operation, FailingDisk::Lasting::kOnce);
-    const bool closed = UseAll(winter);
-    const bool reached = disk.operations() >= operation;
-    failures += reached ? 1 : 0;
-    if (!closed) {
-      EXPECT_EQ(winter.Cells(), "6,0 250,0 210,5 | 5,0 150,0 160,0") << operation;
-      winter.Close(Answer::kYes);
-    }
-    EXPECT_EQ(winter.test().Bytes(), summer) << operation;
-    EXPECT_FALSE(winter.user.navigator.log.empty()) << operation;
-    EXPECT_FALSE(winter.test().workspace.Exists(work_file::kSummerRows)) << operation;
-    const auto row = winter.test().Rows(work_file::kWinter).at(1);
-    EXPECT_EQ(row.WaterFlow, 250.0F) << operation;
-    EXPECT_EQ(row.Length, 6.0F) << operation;
-    if (!reached) break;
-  }
-  EXPECT_GT(failures, 20);
-}
-
-TEST(WinterForm, ADiskThatIsFullTellsThatNothingIsKept) {
-  WinterUser winter;
-  FailingDisk disk(winter.test().work_disk);
-  winter.WorkOn(disk);
-  winter.Open();
-  winter.TypeValues();
-  disk.FailAfterBytes(0);
-  EXPECT_TRUE(winter.form->Idle(0.3));
-  EXPECT_EQ(winter.form->LblStatus.tone, Tone::kAlarm);
-  EXPECT_FALSE(winter.form->Idle(1)) << "not at every moment again";
-  winter.Press(Ctrl(KeyCode::kEnter));
-  EXPECT_FALSE(winter.form->LblPump.visible);
-  EXPECT_NE(winter.Box().find("WINTCIRC"), std::string::npos);
-  winter.Close(Answer::kYes);
-  EXPECT_TRUE(winter.user.navigator.log.empty()) << "the form stays with its values";
-  disk.Mend();
-  winter.Press(Ctrl(KeyCode::kEnter));
-  EXPECT_TRUE(winter.form->LblPump.visible);
 }
 
 // The value that a run was made with, typed again after another: the winter file has the other one.

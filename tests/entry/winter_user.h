@@ -58,7 +58,7 @@ class WinterUser {
     form->Derive();
   }
   void GoTo(int row, int column) {
-    form->Focus(form->fpSpread1);
+    form->MoveFocus(&form->fpSpread1);
     form->fpSpread1.GoTo({row, column});
   }
 

@@ -51,7 +51,7 @@ class WinterWanderer {
         if (dice_.Below(10) == 0) return CloseAndOpen();
         return winter_.form->LostFocus();
       default:
-        form.Focus(form.fpSpread1);
+        form.MoveFocus(&form.fpSpread1);
         for (int i = dice_.Below(4); i >= 0; --i) winter_.Press(Typed(dice_.Of(kTyped)));
         if (dice_.Below(2) == 0) winter_.Press(KeyCode::kEnter);
     }
@@ -67,7 +67,7 @@ class WinterWanderer {
       }
     }
     winter_.user.clipboard.SetText(text);
-    winter_.form->Focus(winter_.form->fpSpread1);
+    winter_.form->MoveFocus(&winter_.form->fpSpread1);
     winter_.Press(Ctrl('V'));
   }
 

@@ -79,6 +79,12 @@ TEST_F(WinterRoad, ResultsAreThoseOfTheWinterAndLeadBackToItsForm) {
   EXPECT_FALSE(sheet.panel.StepsDrop.lines.empty()) << "explained by the winter's fluid";
   EXPECT_EQ(sheet.LblNotes.text.find("ταχύτητα"), std::string::npos)
       << "there is no design velocity";
+  winter.user.navigator.Expect(screen::kViewer,
+                               [this] { winter.user.desk.questions.viewer = "NotePad"; });
+  sheet.Run(sheet.Cmd_Nodes);
+  EXPECT_NE(winter.test().Bytes(work_file::kFlowReport).find("250"), std::string::npos)
+      << "winter's flows are summed";
+  EXPECT_EQ(study.EmitterTable[0].flow_lh, 250.0);
   winter.form->Idle(9);  // hidden, it keeps nothing
   EXPECT_FALSE(winter.IsKept());
   sheet.Run(sheet.Cmd_Back);
@@ -285,7 +291,7 @@ TEST(DeliveredWinter, TypedInGivesItsFile) {
   FrmWinter form(desk);
   form.Load();
   TypeInto(form, form.TxtMeanT, "45");
-  form.Focus(form.fpSpread1);
+  form.MoveFocus(&form.fpSpread1);
   for (const float WinterLine::*value : {&WinterLine::flow_lh, &WinterLine::drop}) {
     for (const WinterLine& line : values) {
       const std::string text = FormatNumber(line.*value, desk.separators);
@@ -301,6 +307,18 @@ TEST(DeliveredWinter, TypedInGivesItsFile) {
   form.Run(form.Cmd_Close);
   EXPECT_TRUE(floor.workspace->Read(work_file::kRows).value() == summer);
   EXPECT_TRUE(floor.workspace->Read(work_file::kWinter).value() == delivered);
+}
+
+TEST_F(WinterRoad, ResultsOfOtherDiametersThatStayInTheFileAreTold) {
+  winter.TypeValues();
+  winter.Press(Ctrl(KeyCode::kEnter));
+  winter.Close(Answer::kYes);
+  UnreadableDisk disk(winter.test().work_disk);
+  disk.Bar(work_file::kWinter);
+  winter.WorkOn(disk);
+  winter.test().study.results_valid = false;
+  EXPECT_EQ(Calculate(winter.desk().bench, Method::kFlowOnly), CommandEnd::kCalculated);
+  EXPECT_NE(winter.Box().find("Χειμώνα"), std::string::npos);
 }
 
 }  // namespace

@@ -37,6 +37,19 @@ class FailingDisk : public ForwardingDisk {
   /// Bytes written so far.
   [[nodiscard]] std::size_t written() const { return written_; }
 
+  /// That read alone fails, counted from 1.
+  void FailAtRead(int number) {
+    bad_read_ = number;
+    reads_ = 0;
+  }
+  /// Reads since the last FailAtRead().
+  [[nodiscard]] int reads() const { return reads_; }
+
+  [[nodiscard]] Result<std::string> Read(const std::filesystem::path& path) const override {
+    if (++reads_ == bad_read_) return FileError{path, "Σφάλμα του δίσκου"};
+    return inner_.Read(path);
+  }
+
   Outcome Write(const std::filesystem::path& path, std::string bytes) override {
     const bool fails = NextFails();
     const std::size_t fits = std::min(room_, fails ? bytes.size() / 2 : bytes.size());
@@ -74,6 +87,8 @@ class FailingDisk : public ForwardingDisk {
   int first_bad_ = kNever;
   int last_bad_ = kNever;
   int operations_ = 0;
+  int bad_read_ = kNever;
+  mutable int reads_ = 0;
 };
 
 /// A disk on which some files cannot be read: each is there, and every look at it or its bytes is

@@ -24,6 +24,16 @@ void ChipLabel::paintEvent(QPaintEvent*) {
   painter.setPen(ink);
   painter.drawText(area.adjusted(kChipIcon + kChipGap, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter,
                    text());
+  DrawAside(painter, area);
+}
+
+void ChipLabel::DrawAside(QPainter& painter, const QRect& area) const {
+  QFont light = font();
+  light.setWeight(QFont::Normal);
+  const int room = area.width() - sizeHint().width();
+  if (aside_.isEmpty() || QFontMetrics(light).horizontalAdvance(aside_) > room) return;
+  painter.setFont(light);
+  painter.drawText(area, Qt::AlignRight | Qt::AlignVCenter, aside_);
 }
 
 }  // namespace kalvo

@@ -4,10 +4,12 @@
 
 namespace kalvo {
 
-/// A chip whose text stands after the icon :/icons/<iconName>.svg, in the text's colour.
+/// A chip: the icon :/icons/<iconName>.svg, the text in its colour, and where there is room at the
+/// right a lighter one.
 class ChipLabel : public QLabel {
   Q_OBJECT
   Q_PROPERTY(QString iconName MEMBER icon_name_)
+  Q_PROPERTY(QString aside MEMBER aside_)
 
  public:
   using QLabel::QLabel;
@@ -19,7 +21,10 @@ class ChipLabel : public QLabel {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  void DrawAside(QPainter& painter, const QRect& area) const;
+
   QString icon_name_;
+  QString aside_;
 };
 
 }  // namespace kalvo
