@@ -19,7 +19,6 @@ constexpr int kExclamation = 48;
 constexpr int kInformation = 64;
 constexpr int kYesNoCancel = 35;
 constexpr int kYesNo = 36;
-constexpr int kWarnYesNo = 52;
 constexpr int kStopDefaultNo = 276;
 constexpr int kWarnDefaultNo = 308;
 constexpr int kDefaultNo = 292;

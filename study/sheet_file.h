@@ -28,7 +28,7 @@ struct SheetRow {
 
 struct SheetImage {
   SystemKind kind = SystemKind::kNone;
-  int base_rows = 0;  ///< rows of `DATARES.TMP` when entry began
+  int base_rows = 0;  ///< rows of `DATARES.TMP` when the sheet was kept
   std::vector<SheetRow> rows;
 
   bool operator==(const SheetImage&) const = default;

@@ -2,12 +2,15 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "entry/winter/frm_winter.h"
 #include "results/frm_res.h"
 #include "results/frm_res_gn.h"
 #include "results/frm_res_sheet.h"
 #include "shell/frm_main.h"
 #include "shell/recovery.h"
+#include "shell/study_dialogs.h"
 #include "study/kept_winter.h"
 #include "study/safety_copies.h"
 #include "study/study_reset.h"
@@ -231,6 +234,15 @@ TEST_F(WinterRoad, WhatIsKeptCountsAsUnsavedAndGoesIntoASafetyCopy) {
   EXPECT_EQ(*kept, test.Bytes(work_file::kWinterInWork));
   test.workspace.DeleteWorkFiles();
   EXPECT_FALSE(winter.IsKept());
+
+  const auto copy = kStudies / kSafetyFolder / copies[0];
+  const auto files = NamesIn(test.outer_disk, copy);
+  const auto study =
+      std::ranges::find_if(files, [](const std::string& name) { return name.ends_with(".PCK"); });
+  ASSERT_NE(study, files.end());
+  ASSERT_TRUE(OpenChosen(winter.user.desk, copy / *study, RecentList::kLeave));
+  winter.Open();
+  EXPECT_EQ(winter.Cells(), "5,0 250,0 210,5 | 5,0 150,0 160,0") << "brought back with the copy";
 }
 
 TEST_F(WinterRoad, ADamagedFileOfKeptValuesBarsNoRecovery) {
