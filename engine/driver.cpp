@@ -73,6 +73,9 @@ RunEnd RunOnRows(Workbench& bench, Method method) {
   if (const Outcome emptied = EmptyWinterResults(bench.workspace); !emptied) {
     bench.Ask(StaleWinterBox(emptied.error()));
   }
+  // Rows of a change of diameters that these no longer have anything to do with.
+  bench.workspace.Delete(work_file::kPreviousRows);
+  bench.workspace.Delete(work_file::kRowsBeforeChange);
   return RunEnd::kCalculated;
 }
 

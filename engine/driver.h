@@ -23,6 +23,7 @@ void ResetCalcFields(Study& study, RowTable& rows);
 /// single section, which is closed instead), then statistics. Once the rows are written the results
 /// are no longer valid; where they cannot be written the study's values stay, too. Broken off:
 /// `CalcAborted` is set and the rows are written as far as they came. The design velocity stays.
+/// A run that ends well deletes `DATARES.PRV` and `DATARES.@@@`, whose rows it has replaced.
 RunEnd RunPasses(Workbench& bench, Method method);
 
 /// The automatic run. A closed system always takes the first method, an open one that of its last

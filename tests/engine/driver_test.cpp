@@ -89,6 +89,20 @@ TEST(Run, ThatIsBrokenOffLeavesTheRowsBeforeAndNoStatistics) {
   EXPECT_EQ(bench.study.failed_row, 2);
 }
 
+TEST(Run, ThatEndsWellDropsTheCopiesOfAnOlderChangeOfDiameters) {
+  for (const bool ends_well : {false, true}) {
+    TestBench bench;
+    bench.PutNetwork(kLoop);
+    for (const char* name : {work_file::kPreviousRows, work_file::kRowsBeforeChange}) {
+      ASSERT_TRUE(bench.workspace.Copy(work_file::kRows, name).ok());
+    }
+    if (!ends_well) bench.ChangeRow(2, [](SectionRow& row) { row.WaterFlow = 0; });
+    RunCalculation(bench.bench);
+    EXPECT_EQ(bench.workspace.Exists(work_file::kPreviousRows), !ends_well);
+    EXPECT_EQ(bench.workspace.Exists(work_file::kRowsBeforeChange), !ends_well);
+  }
+}
+
 TEST(Run, OnAnUnreadableFileIsReportedOnce) {
   TestBench bench;
   bench.PutNetwork(kLoop);
