@@ -173,16 +173,24 @@ RunEnd RunCalculation(Workbench& bench) {
   return RunPasses(bench, study.SystemClosed() ? Method::kFlowOnly : study.method);
 }
 
-bool RefindCriticalBranch(Workbench& bench) {
+bool RefindCriticalBranch(Workbench& bench, const RowTable& rows) {
   try {
-    const RowTable store = ReadRows(bench.workspace);
     bench.study.critical_branch =
-        IsLoneSection(store.rows()) ? "1" : BranchText(ChainOfResults(bench, store));
+        IsLoneSection(rows.rows()) ? "1" : BranchText(ChainOfResults(bench, rows));
   } catch (const Fault& fault) {
     bench.NoteFault(fault);
     return false;
   }
   return !bench.study.critical_branch.empty();
+}
+
+bool RefindCriticalBranch(Workbench& bench) {
+  const auto rows = bench.workspace.Rows().ReadAll();
+  if (!rows) {
+    bench.NoteFault(Fault(rows.error()));
+    return false;
+  }
+  return RefindCriticalBranch(bench, RowTable(*rows));
 }
 
 }  // namespace kalvo

@@ -53,5 +53,7 @@ void ChangeRows(Workbench& bench, const std::function<void(RowTable& rows)>& wor
 /// come to the drop that the rows announce. No row is written and nothing is told. False: there is
 /// no such branch, or a fault kept it from being found and the study's stays as it was.
 bool RefindCriticalBranch(Workbench& bench);
+/// The same for rows in memory.
+bool RefindCriticalBranch(Workbench& bench, const RowTable& rows);
 
 }  // namespace kalvo

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "engine/kept_results.h"
 #include "engine/pipe_stats.h"
 #include "engine/row_store.h"
 #include "engine/trap.h"
@@ -11,18 +12,21 @@ namespace kalvo {
 
 namespace {
 
-// Takes the mark off every row whose diameter is that of the session's first rows again.
-void MergeFirstMarks(const Workspace& workspace, RowTable& rows) {
-  if (!workspace.HasBytes(work_file::kFirstRows)) {
+// What came back to the first rows of the session is as it was there: a row its mark, and once
+// every row is back all results.
+void ComeBack(Workbench& bench, const RowTable& first, RowTable& rows) {
+  if (first.count() != rows.count()) {
     return;
   }
-  const RowTable first = ReadRows(workspace, work_file::kFirstRows);
-  const int count = std::min(first.count(), rows.count());
-  for (int number = 1; number <= count; ++number) {
+  for (int number = 1; number <= rows.count(); ++number) {
     SectionRow& row = rows.At(number);
-    if (std::fabs(row.InDiameter) == first.At(number).InDiameter) {
-      row.InDiameter = first.At(number).InDiameter;
+    const float diameter = first.At(number).InDiameter;
+    if (std::fabs(row.InDiameter) == std::fabs(diameter)) {
+      row.InDiameter = diameter;
     }
+  }
+  if (HaveSameDiameters(first, rows)) {
+    TakeKeptResults(bench, first, rows);
   }
 }
 
@@ -32,12 +36,13 @@ RunEnd RunFixed(Workbench& bench) {
   if (!pass) {
     return RunEnd::kViscosity;
   }
+  const RowTable first = ReadRows(bench.workspace, work_file::kFirstRows);
   PostponedFile postponed(bench.workspace);
   const auto run = [&](RowTable& rows) {
     study.SingleSection = rows.count() == 1;
     RecalculateRows(study, rows, *pass);
     FindPressures(study, rows, *pass, Method::kFlowOnly, postponed.Note());
-    MergeFirstMarks(bench.workspace, rows);
+    ComeBack(bench, first, rows);
   };
   ChangeRows(bench, run, [] {});
   WriteStatistics(bench);

@@ -10,9 +10,10 @@ namespace kalvo {
 Result<bool> DiametersDiffer(const Workspace& workspace, std::string_view older);
 
 /// The run on the diameters that the rows have, overruled ones (negative) included: no pipe choice,
-/// no balancing, the method recorded stays. Quantities anew; marks of rows that came back to the
-/// diameter of `FIRSTONE.TMP` are cleared; the rows become `DATARES.PRV`. Unless it ends in
-/// kCalculated `DATARES.PRV` stays and a new calculation is needed.
+/// no balancing, the method recorded stays. Quantities anew; a row that came back to the diameter
+/// of `FIRSTONE.TMP` gets the mark that it has there, and once no nominal diameter differs from
+/// that file its results stand again; the rows become `DATARES.PRV`. Unless it ends in kCalculated
+/// `DATARES.PRV` stays and a new calculation is needed.
 RunEnd Rerun(Workbench& bench);
 
 /// Rerun() if a diameter changed since `DATARES.PRV` was written, marking the study changed.

@@ -4,6 +4,7 @@
 #include <map>
 
 #include "engine/branches.h"
+#include "engine/kept_results.h"
 #include "engine/row_store.h"
 
 namespace kalvo {
@@ -12,10 +13,7 @@ namespace {
 
 // What the passes of a winter fill in; the pipes are those of summer.
 void EmptyResults(SectionRow& row) {
-  for (float SectionRow::*const result :
-       {&SectionRow::PAR, &SectionRow::DP, &SectionRow::Velocity, &SectionRow::Reynolds,
-        &SectionRow::Lamda, &SectionRow::FrictionRate, &SectionRow::TotalDrop,
-        &SectionRow::AvaiPres}) {
+  for (float SectionRow::*const result : kRunResults) {
     row.*result = 0;
   }
 }

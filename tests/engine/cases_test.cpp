@@ -30,6 +30,9 @@ TEST_P(Cases, ComeOutByBothMethods) {
     const std::string found = std::exchange(calculated.study.critical_branch, {});
     RefindCriticalBranch(calculated.bench);
     EXPECT_EQ(calculated.study.critical_branch, found) << result << ", as a load finds it";
+    ASSERT_TRUE(calculated.workspace->Copy(work_file::kRows, work_file::kFirstRows).ok());
+    ASSERT_EQ(Rerun(calculated.bench), RunEnd::kCalculated);
+    ExpectResults(calculated, kCases / (result + ".csv"));
   }
 }
 
@@ -52,8 +55,26 @@ TEST_P(Cases, ComeOutOnFixedDiameters) {
     return;
   }
   CalculatedCase calculated(StudyFile(name), kCases / "library");
+  const std::vector<SectionRow> imposed = calculated.Rows();
   ASSERT_EQ(Rerun(calculated.bench), RunEnd::kCalculated);
   ExpectResults(calculated, kCases / (name + ".csv"));
+
+  // As changes of a session of results, and back on the diameters of its first rows.
+  CalculatedCase session(StudyFile(GetParam()), kCases / "library");
+  ASSERT_EQ(Calculate(session.bench, Method::kFlowOnly), CommandEnd::kCalculated);
+  const auto first = session.Rows();
+  ASSERT_TRUE(session.workspace->Copy(work_file::kRows, work_file::kFirstRows).ok());
+  ASSERT_TRUE(session.workspace->Rows().WriteAll(imposed).ok());
+  ASSERT_EQ(Rerun(session.bench), RunEnd::kCalculated);
+  ExpectResults(session, kCases / (name + ".csv"));
+  auto back = session.Rows();
+  for (std::size_t i = 0; i < back.size(); ++i) {
+    back[i].NomiDiam = first[i].NomiDiam;
+    back[i].InDiameter = -std::fabs(first[i].InDiameter);
+  }
+  ASSERT_TRUE(session.workspace->Rows().WriteAll(back).ok());
+  ASSERT_EQ(Rerun(session.bench), RunEnd::kCalculated);
+  ExpectResults(session, kCases / (std::string(GetParam()) + "-method1.csv"));
 }
 
 INSTANTIATE_TEST_SUITE_P(Closed, Cases,

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "engine/calculation_command.h"
+#include "tests/support/random_network.h"
 #include "tests/support/test_bench.h"
 
 namespace kalvo {
@@ -91,6 +92,85 @@ TEST(Rerun, ClosesALoneSection) {
   Rerun(bench.bench);
   EXPECT_EQ(bench.Row(1).DP, bench.Row(1).TotalDrop);
   EXPECT_EQ(bench.study.CriticalDrop, bench.Row(1).TotalDrop);
+}
+
+// What a run leaves behind for its user.
+struct Results {
+  explicit Results(const TestBench& bench)
+      : rows(bench.Bytes()),
+        flow(bench.study.TotalFlowM3h),
+        drop(bench.study.CriticalDrop),
+        head(bench.study.PumpHead),
+        branch(bench.study.critical_branch) {}
+  std::string rows;
+  float flow, drop, head;
+  std::string branch;
+};
+
+void ExpectResults(const TestBench& bench, const Results& expected, const char* when) {
+  const Results now(bench);
+  EXPECT_TRUE(now.rows == expected.rows) << when;
+  EXPECT_EQ(now.flow, expected.flow) << when;
+  EXPECT_EQ(now.drop, expected.drop) << when;
+  EXPECT_EQ(now.head, expected.head) << when;
+  EXPECT_EQ(now.branch, expected.branch) << when;
+}
+
+void ExpectTheWayBack(std::uint32_t seed, SystemKind kind, Method method) {
+  TestBench bench(kind);
+  bench.PutRows(RandomNetwork(seed, kind));
+  ASSERT_EQ(Calculate(bench.bench, method), CommandEnd::kCalculated);
+  ASSERT_TRUE(bench.workspace.Copy(work_file::kRows, work_file::kFirstRows).ok());
+  const Results first(bench);
+  EXPECT_EQ(Rerun(bench.bench), RunEnd::kCalculated);
+  ExpectResults(bench, first, "nothing changed");
+
+  const int number = 1 + static_cast<int>(seed) % bench.study.SectionCount;
+  const SectionRow before = bench.Row(number);
+  bench.ChangeRow(number, [](SectionRow& row) {
+    row.NomiDiam = FixedText<15>::FromUtf8("?");
+    row.InDiameter = -1.25F * row.InDiameter;
+  });
+  EXPECT_EQ(Rerun(bench.bench), RunEnd::kCalculated);
+  EXPECT_NE(bench.Row(number).TotalDrop, before.TotalDrop);
+  bench.ChangeRow(number, [&before](SectionRow& row) {
+    row.NomiDiam = before.NomiDiam;
+    row.InDiameter = -before.InDiameter;
+    row.Client = FixedText<51>::FromUtf8("Μελετητής");
+  });
+  EXPECT_EQ(Rerun(bench.bench), RunEnd::kCalculated);
+  EXPECT_EQ(bench.Row(number).Client.Utf8(), "Μελετητής") << "no result";
+  bench.ChangeRow(number, [&before](SectionRow& row) { row.Client = before.Client; });
+  ExpectResults(bench, first, "and back");
+  EXPECT_TRUE(bench.prompter.boxes().empty());
+}
+
+TEST(Rerun, OnTheDiametersOfTheSessionsFirstRowsGivesTheirResults) {
+  for (std::uint32_t seed = 1; seed <= CountOfRandomStudies(); ++seed) {
+    for (const SystemKind kind : {SystemKind::kClosed, SystemKind::kOpen}) {
+      for (const Method method : {Method::kFlowOnly, Method::kFlowAndPressure}) {
+        SCOPED_TRACE("seed " + std::to_string(seed) + ", " +
+                     (kind == SystemKind::kOpen ? "open" : "closed") + ", method " +
+                     std::to_string(static_cast<int>(method)));
+        ExpectTheWayBack(seed, kind, method);
+      }
+    }
+  }
+}
+
+TEST(Rerun, GivesARowThatCameBackTheMarkThatItHadFirst) {
+  TestBench bench;
+  PutFirstCalculation(bench);
+  Overrule(bench, 2, "2", -53.1F);  // in an earlier session
+  Rerun(bench.bench);
+  ASSERT_TRUE(bench.workspace.Copy(work_file::kRows, work_file::kFirstRows).ok());
+  Overrule(bench, 2, "1", -27.3F);
+  Rerun(bench.bench);
+  Overrule(bench, 2, "2", 53.1F);
+  Overrule(bench, 3, "1/2", -16.1F);
+  Rerun(bench.bench);
+  EXPECT_EQ(bench.Row(2).InDiameter, -53.1F);
+  EXPECT_EQ(bench.Row(3).InDiameter, -16.1F);
 }
 
 TEST(RerunIfChanged, WaitsForAnotherNominalDiameter) {

@@ -65,15 +65,8 @@ void ExpectSameAgain(std::uint32_t seed, SystemKind kind, Method method) {
   EXPECT_TRUE(bench.prompter.boxes().empty());
 }
 
-// KALVO_RANDOM_STUDIES in the environment has more of them tried.
-std::uint32_t CountOfStudies() {
-  constexpr std::uint32_t kEachTime = 50;
-  const char* more = std::getenv("KALVO_RANDOM_STUDIES");
-  return more == nullptr ? kEachTime : static_cast<std::uint32_t>(std::strtoul(more, nullptr, 10));
-}
-
 TEST(OpenedAgain, AnyStudyHasItsPlantItsBranchAndItsPump) {
-  for (std::uint32_t seed = 1; seed <= CountOfStudies(); ++seed) {
+  for (std::uint32_t seed = 1; seed <= CountOfRandomStudies(); ++seed) {
     for (const SystemKind kind : {SystemKind::kClosed, SystemKind::kOpen}) {
       for (const Method method : {Method::kFlowOnly, Method::kFlowAndPressure}) {
         SCOPED_TRACE("seed " + std::to_string(seed) + ", " +

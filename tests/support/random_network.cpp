@@ -1,6 +1,7 @@
 #include "tests/support/random_network.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <random>
 #include <span>
 #include <string>
@@ -158,6 +159,12 @@ class Builder {
 std::vector<SectionRow> RandomNetwork(std::uint32_t seed, SystemKind kind) {
   Builder builder(seed);
   return kind == SystemKind::kOpen ? builder.Open() : builder.Closed();
+}
+
+std::uint32_t CountOfRandomStudies() {
+  constexpr std::uint32_t kEachTime = 50;
+  const char* more = std::getenv("KALVO_RANDOM_STUDIES");
+  return more == nullptr ? kEachTime : static_cast<std::uint32_t>(std::strtoul(more, nullptr, 10));
 }
 
 }  // namespace kalvo

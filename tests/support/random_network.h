@@ -13,4 +13,7 @@ namespace kalvo {
 /// plant section somewhere. The same seed gives the same rows everywhere.
 std::vector<SectionRow> RandomNetwork(std::uint32_t seed, SystemKind kind);
 
+/// How many seeds a test tries: 50, or what KALVO_RANDOM_STUDIES in the environment says.
+std::uint32_t CountOfRandomStudies();
+
 }  // namespace kalvo
