@@ -29,12 +29,18 @@ void FollowRows(Workbench& bench, const SectionRow& first) {
   });
 }
 
+// The rows stand: copies from before go, the one first that the next start would put over them.
+void DropOlderRows(Workspace& workspace) {
+  workspace.Delete(work_file::kRowsBeforeChange);
+  workspace.Delete(work_file::kFirstRows);
+}
+
 // False: the old rows could not be brought back.
 bool SettleDiameters(Workbench& bench, const std::function<void()>& show_again) {
   if (bench.Show(message::kKeepDiameters) == Answer::kYes) {
     if (!TellIfFailed(bench, bench.workspace.Flush(work_file::kRows))) return false;
     TellIfFailed(bench, EmptyWinterResults(bench.workspace));
-    bench.workspace.Delete(work_file::kFirstRows);
+    DropOlderRows(bench.workspace);
     show_again();
     bench.Ask({kSettledTitle,
                {"ΕΠΙΚΥΡΩΣΗ ΑΛΛΑΓΩΝ ΔΙΑΜΕΤΡΩΝ : Ισχύουν εφεξής οι ΝΕΕΣ ΔΙΑΜΕΤΡΟΙ ΣΩΛΗΝΩΝ"},
@@ -124,8 +130,7 @@ void GoBack(Desk& desk, std::string_view view, const std::function<void()>& show
   desk.navigator.Close(screen::kPump);
   if (!desk.screens.WinterPump) desk.navigator.Close(view);
   if (settled && TellIfFailed(bench, bench.workspace.Flush(work_file::kRows))) {
-    bench.workspace.Delete(work_file::kFirstRows);
-    bench.workspace.Delete(work_file::kRowsBeforeChange);
+    DropOlderRows(bench.workspace);
   }
   EndSession(desk);
 }
@@ -136,7 +141,7 @@ void LeaveByWindow(Desk& desk) {
   desk.screens.results_view = ResultsView::kOne;
   Workspace& workspace = desk.bench.workspace;
   if (workspace.Rows().Read(1) && workspace.Flush(work_file::kRows)) {
-    workspace.Delete(work_file::kFirstRows);
+    DropOlderRows(workspace);
   }
   EndSession(desk);
 }

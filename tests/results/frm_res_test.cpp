@@ -189,10 +189,12 @@ TEST_F(OneResult, KeepsItsFrameWhenOldDiametersComeBack) {
 }
 
 TEST_F(OneResult, LeavesTheRowsAsTheyAreWhenItsWindowIsClosed) {
-  Impose(2);
+  ImposeFromMenu(2);
   desk.screens.ChangeFormOpen = true;
   EXPECT_TRUE(form.MayClose());
   EXPECT_EQ(test.Row(2).InDiameter, -53.1F);
+  EXPECT_FALSE(test.workspace.Exists(work_file::kRowsBeforeChange))
+      << "it would be put over what is entered from now on";
   EXPECT_TRUE(desk.screens.ResultsLeft);
   EXPECT_FALSE(desk.screens.ChangeFormOpen);
   EXPECT_FALSE(test.workspace.Exists(work_file::kFirstRows));
