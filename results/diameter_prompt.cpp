@@ -17,19 +17,17 @@ PromptEnd Recalculate(Desk& desk, const std::vector<SectionRow>& rows) {
     bench.Show(message::kNoDiameters);
     return PromptEnd::kNothing;
   }
-  if (!TellIfFailed(bench, bench.workspace.Flush(work_file::kRows))) return PromptEnd::kNothing;
-  bench.workspace.Delete(work_file::kRowsBeforeChange);
   const RunEnd end = [&] {
     const WaitShown wait(desk.navigator);
     return Rerun(bench);
   }();
-  desk.navigator.Close(screen::kResults);
-  desk.screens.ResultsLeft = false;
-  if (end == RunEnd::kCalculated) {
-    desk.navigator.Show(screen::kPump);
-  } else {
-    LeaveByWindow(desk);
+  if (end != RunEnd::kCalculated) return PromptEnd::kFailed;
+  if (TellIfFailed(bench, bench.workspace.Flush(work_file::kRows))) {
+    bench.workspace.Delete(work_file::kRowsBeforeChange);
   }
+  desk.screens.ResultsLeft = false;
+  desk.navigator.Close(screen::kResults);
+  desk.navigator.Show(screen::kPump);
   return PromptEnd::kRecalculated;
 }
 

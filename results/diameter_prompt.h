@@ -20,9 +20,11 @@ enum class PromptEnd {
   kNothing,       ///< all stays
   kBroughtBack,   ///< the rows from before the change stand again
   kRecalculated,  ///< the view was closed, the summary of the new results shows
+  kFailed,        ///< the calculation did not come about; the way back stays open
 };
 
-/// Asks whether to calculate on the changed diameters, and does what was answered.
+/// Asks whether to calculate on the changed diameters, and does what was answered. The rows from
+/// before the change stay in `DATARES.@@@` until new results have taken their place.
 PromptEnd AskAboutChange(Desk& desk, const std::vector<SectionRow>& rows);
 
 }  // namespace kalvo

@@ -189,7 +189,8 @@ bool FrmRes::MayRun(bool goes_on_unchanged) {
   if (change != WaitingChange::kChanged) {
     return change == WaitingChange::kNone || goes_on_unchanged;
   }
-  if (AskAboutChange(desk, *rows) == PromptEnd::kBroughtBack) ShowRow();
+  const PromptEnd end = AskAboutChange(desk, *rows);
+  if (end == PromptEnd::kBroughtBack || end == PromptEnd::kFailed) ShowRow();
   return false;
 }
 

@@ -139,14 +139,21 @@ TEST_F(OneResult, KeepsThePumpDeadWhileAnUnusedCopyLies) {
   EXPECT_EQ(navigator.log.back(), "show FrmResGn");
 }
 
-TEST_F(OneResult, EndsARerunThatBreaksOffAtTheMainMenu) {
+TEST_F(OneResult, KeepsTheWayBackWhenTheCalculationOnAChangeBreaksOff) {
+  const std::string before = test.Bytes();
   ImposeFromMenu(2);
   test.ChangeRow(3, [](SectionRow& row) { row.WaterFlow = 0; });
   test.prompter.Expect(304, Answer::kYes);
   Click(form, form.CmdDiff);
   EXPECT_FALSE(test.prompter.boxes().empty());
   EXPECT_TRUE(test.study.recalculation_needed);
-  EXPECT_EQ(navigator.log.back(), "show FrmMain");
+  EXPECT_EQ(test.Bytes(work_file::kRowsBeforeChange), before);
+  EXPECT_EQ(test.Bytes(work_file::kFirstRows), before);
+  EXPECT_TRUE(TakeLog().empty()) << "the section still shows";
+  test.prompter.Expect(304, Answer::kNo);
+  test.prompter.Expect(306, Answer::kYes);
+  Click(form, form.CmdPump);
+  EXPECT_EQ(test.Bytes(), before);
 }
 
 TEST_F(OneResult, HelpsWithItsKeysAndTogglesTheSound) {
