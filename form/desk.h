@@ -46,6 +46,10 @@ struct ScreenState {
   bool WinterPump = false;
   bool edit_mode = false;  ///< section or emitter entry began with rows, or with a list
   bool ResultsLeft = false;
+  /// Whether the study was unsaved when its rows were kept, as the first of a session of results
+  /// and before a change of diameters.
+  bool first_rows_unsaved = false;
+  bool rows_before_change_unsaved = false;
   /// Values that F12 puts into the fields: flow in l/h and drop in mm w.g. of an emitter.
   std::array<float, 2> emitter_memory{kNoMemory, kNoMemory};
   /// Flow in l/h, flow pressure in m w.g. and height in m of an outlet.

@@ -50,7 +50,7 @@ PromptEnd AskAboutChange(Desk& desk, const std::vector<SectionRow>& rows) {
       return Recalculate(desk, rows);
     case Answer::kNo:
       if (desk.bench.Show(message::kBringDiametersBack) == Answer::kYes &&
-          BringBackRows(desk.bench, work_file::kRowsBeforeChange)) {
+          BringBackRows(desk, work_file::kRowsBeforeChange)) {
         return PromptEnd::kBroughtBack;
       }
       return PromptEnd::kNothing;

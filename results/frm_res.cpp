@@ -92,7 +92,7 @@ void FrmRes::Load() {
   ShowRow();
 }
 
-void FrmRes::Activate() { CountAsShown(bench); }
+void FrmRes::Activate() { CountAsShown(desk); }
 
 void FrmRes::Derive() { ChkSoundR.on = desk.options.SoundOn; }
 

@@ -53,7 +53,7 @@ void FrmResGn::TakePump(const SectionRow& first) {
 
 void FrmResGn::Activate() {
   desk.navigator.HideWait();
-  CountAsShown(bench);
+  CountAsShown(desk);
 }
 
 void FrmResGn::Derive() { ChkSoundRG.on = desk.options.SoundOn; }

@@ -45,7 +45,7 @@ void FrmRes_Sheet::Load() {
   Focus(fpSpread1);
 }
 
-void FrmRes_Sheet::Activate() { CountAsShown(bench); }
+void FrmRes_Sheet::Activate() { CountAsShown(desk); }
 
 void FrmRes_Sheet::ShowRows() {
   auto rows = TakeResultRows(bench);

@@ -3,7 +3,7 @@
 #include <limits>
 #include <utility>
 
-#include "engine/driver.h"
+#include "engine/kept_results.h"
 #include "engine/lost_walk.h"
 #include "engine/rerun.h"
 #include "engine/sizing.h"
@@ -17,16 +17,24 @@ namespace {
 
 constexpr const char* kSettledTitle = "!!... ΠΡΟΣΟΧΗ ...!!";
 
+// Whether the rows in that file were unsaved when they were kept.
+bool& UnsavedWhenKept(Desk& desk, std::string_view kept) {
+  return kept == work_file::kFirstRows ? desk.screens.first_rows_unsaved
+                                       : desk.screens.rows_before_change_unsaved;
+}
+
 // What the study knows of the rows follows rows that were brought back.
-void FollowRows(Workbench& bench, const SectionRow& first) {
-  Study& study = bench.study;
-  study.TotalFlowM3h = first.PAR;
-  study.PumpHead = static_cast<float>(first.DP / 1000.0);
-  study.CriticalDrop = first.DP;
+void FollowRows(Workbench& bench, std::vector<SectionRow> rows) {
   RunTrapped(bench, [&] {
-    RefindCriticalBranch(bench);
+    FollowResults(bench, RowTable(std::move(rows)));
     RecountQuantities(bench);
   });
+}
+
+// The rows are the ones that changes of diameters are found against.
+void MakePreviousRows(Workbench& bench) {
+  const Outcome copied = bench.workspace.Copy(work_file::kRows, work_file::kPreviousRows);
+  if (!TellIfFailed(bench, copied)) bench.workspace.Delete(work_file::kPreviousRows);
 }
 
 // The rows stand: copies from before go, the one first that the next start would put over them.
@@ -36,7 +44,8 @@ void DropOlderRows(Workspace& workspace) {
 }
 
 // False: the old rows could not be brought back.
-bool SettleDiameters(Workbench& bench, const std::function<void()>& show_again) {
+bool SettleDiameters(Desk& desk, const std::function<void()>& show_again) {
+  Workbench& bench = desk.bench;
   if (bench.Show(message::kKeepDiameters) == Answer::kYes) {
     if (!TellIfFailed(bench, bench.workspace.Flush(work_file::kRows))) return false;
     TellIfFailed(bench, EmptyWinterResults(bench.workspace));
@@ -47,7 +56,7 @@ bool SettleDiameters(Workbench& bench, const std::function<void()>& show_again) 
                box_style::kInformation});
     return true;
   }
-  if (!BringBackRows(bench, work_file::kFirstRows)) return false;
+  if (!BringBackRows(desk, work_file::kFirstRows)) return false;
   show_again();
   bench.Ask({kSettledTitle,
              {"ΑΚΥΡΩΣΗ ΑΛΛΑΓΩΝ ΔΙΑΜΕΤΡΩΝ : Ισχύουν οι ΠΑΛΑΙΕΣ ΔΙΑΜΕΤΡΟΙ ΣΩΛΗΝΩΝ"},
@@ -82,11 +91,26 @@ void OpenView(Desk& desk) {
   const bool begins = std::exchange(desk.screens.results_begin, false);
   if ((begins || !bench.workspace.HasBytes(work_file::kFirstRows)) &&
       bench.workspace.HasBytes(work_file::kRows)) {
-    TellIfFailed(bench, bench.workspace.Copy(work_file::kRows, work_file::kFirstRows));
+    KeepRows(desk, work_file::kFirstRows);
   }
 }
 
-void CountAsShown(Workbench& bench) {
+bool KeepRows(Desk& desk, std::string_view kept) {
+  Workbench& bench = desk.bench;
+  UnsavedWhenKept(desk, kept) = bench.study.unsaved_changes;
+  bench.workspace.Pause();
+  auto rows = bench.workspace.Read(work_file::kRows);
+  if (!rows) {
+    TellError(bench, rows.error());
+    return false;
+  }
+  if (TellIfFailed(bench, bench.workspace.Write(kept, *std::move(rows)))) return true;
+  bench.workspace.Delete(kept);  // of an earlier session, perhaps of other rows
+  return false;
+}
+
+void CountAsShown(Desk& desk) {
+  Workbench& bench = desk.bench;
   Study& study = bench.study;
   if (study.results_valid || study.recalculation_needed ||
       !bench.workspace.HasBytes(work_file::kRows)) {
@@ -95,6 +119,7 @@ void CountAsShown(Workbench& bench) {
   study.results_valid = true;
   study.lost_walk = FindLostWalk(study);
   study.unsaved_changes = true;
+  desk.screens.first_rows_unsaved = true;
 }
 
 void ShowCriticalBranch(Workbench& bench) {
@@ -102,15 +127,19 @@ void ShowCriticalBranch(Workbench& bench) {
   bench.Show(message::kCriticalBranch);
 }
 
-bool BringBackRows(Workbench& bench, std::string_view kept) {
+bool BringBackRows(Desk& desk, std::string_view kept) {
+  Workbench& bench = desk.bench;
   const Outcome moved = bench.workspace.MoveOver(kept, work_file::kRows);
   if (!TellIfFailed(bench, moved)) return false;
-  const auto rows = TakeResultRows(bench);
+  bench.study.recalculation_needed = false;
+  bench.study.unsaved_changes = UnsavedWhenKept(desk, kept);
+  MakePreviousRows(bench);
+  auto rows = TakeResultRows(bench);
   if (!rows) {
     TellError(bench, rows.error());
     return false;
   }
-  FollowRows(bench, rows->front());
+  FollowRows(bench, *std::move(rows));
   return true;
 }
 
@@ -124,7 +153,7 @@ void GoBack(Desk& desk, std::string_view view, const std::function<void()>& show
   if (!differ) {
     TellError(bench, differ.error());
   } else if (*differ) {
-    settled = SettleDiameters(bench, show_again);
+    settled = SettleDiameters(desk, show_again);
   }
   desk.screens.results_view = ResultsView::kOne;
   desk.navigator.Close(screen::kPump);

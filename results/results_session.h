@@ -25,15 +25,21 @@ Result<std::vector<SectionRow>> TakeResultRows(Workbench& bench);
 /// session begins the rows are kept as its first.
 void OpenView(Desk& desk);
 
+/// Keeps the rows, calculated ones, for a way back: as `FIRSTONE.TMP` or `DATARES.@@@`. False: they
+/// cannot be kept, which the user was told; where they can be read, no older ones stay in their
+/// place.
+bool KeepRows(Desk& desk, std::string_view kept);
+
 /// Results that are looked at become the study's, unless a new calculation is needed.
-void CountAsShown(Workbench& bench);
+void CountAsShown(Desk& desk);
 
 /// Shows message 302. A single section is its own critical branch.
 void ShowCriticalBranch(Workbench& bench);
 
 /// The rows kept in the work file `kept` stand again, with the study's totals, critical branch and
-/// quantities. False: they could not be brought back, and the user was told why.
-bool BringBackRows(Workbench& bench, std::string_view kept);
+/// quantities; they are calculated ones, and unsaved if they were so when they were kept.
+/// False: they could not be brought back, and the user was told why.
+bool BringBackRows(Desk& desk, std::string_view kept);
 
 /// Back from a view: whether new diameters shall stand is asked, the session ends and the main menu
 /// shows. `show_again` shows the rows anew after an answer.

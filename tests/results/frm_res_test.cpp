@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/results/results_desk.h"
+#include "tests/support/failing_disk.h"
 
 namespace kalvo {
 namespace {
@@ -154,6 +155,67 @@ TEST_F(OneResult, KeepsTheWayBackWhenTheCalculationOnAChangeBreaksOff) {
   test.prompter.Expect(306, Answer::kYes);
   Click(form, form.CmdPump);
   EXPECT_EQ(test.Bytes(), before);
+}
+
+TEST_F(OneResult, BringsBackRowsThatNeedNoNewCalculation) {
+  for (const bool unsaved : {false, true}) {
+    for (const bool at_back : {false, true}) {
+      SCOPED_TRACE((unsaved ? "unsaved" : "saved") + std::string(at_back ? ", at Back" : ""));
+      FrmRes view(desk);
+      test.study.unsaved_changes = unsaved;
+      desk.screens.results_begin = true;
+      view.Load();
+      view.Activate();
+      const std::string before = test.Bytes();
+      ImposeFromMenu(2);
+      test.ChangeRow(3, [](SectionRow& row) { row.WaterFlow = 0; });
+      test.prompter.Expect(304, Answer::kYes);
+      Click(view, view.CmdDiff);
+      EXPECT_TRUE(test.study.recalculation_needed && test.study.unsaved_changes);
+      if (at_back) {
+        test.prompter.Expect(307, Answer::kNo);
+        Click(view, view.CmdBack);
+      } else {
+        test.prompter.Expect(304, Answer::kNo);
+        test.prompter.Expect(306, Answer::kYes);
+        Click(view, view.CmdDiff);
+      }
+      EXPECT_EQ(test.Bytes(), before);
+      EXPECT_EQ(test.Bytes(work_file::kPreviousRows), before);
+      EXPECT_FALSE(test.study.recalculation_needed);
+      EXPECT_EQ(test.study.unsaved_changes, unsaved);
+    }
+  }
+}
+
+TEST(FullDisk, LeavesNoRowsOfAnEarlierSessionAsTheFirst) {
+  ResultsDesk desk;
+  std::vector<SectionRow> older = desk.test.Rows();
+  older[1].NomiDiam = FixedText<15>::FromUtf8("older");
+  ASSERT_TRUE(desk.test.workspace.Rows(work_file::kFirstRows).WriteAll(older).ok());
+  FailingDisk full(desk.test.work_disk);
+  full.FailAfterBytes(0);
+  desk.test.workspace = Workspace(full, TestBench::kProgramFolder, desk.test.outer_disk,
+                                  TestBench::kLibraryFolder, desk.test.clock);
+  FrmRes form(desk.desk);
+  form.Load();
+  ASSERT_EQ(desk.test.prompter.boxes().size(), 1U);
+  const std::string rows = desk.test.Bytes();
+  Click(form, form.CmdBack);
+  EXPECT_TRUE(desk.test.prompter.codes().empty()) << "there is no way back to ask about";
+  EXPECT_EQ(desk.test.Bytes(), rows);
+}
+
+TEST(FreshResults, StayUnsavedWhenTheirDiametersComeBack) {
+  ResultsDesk desk;
+  desk.test.study.results_valid = false;
+  FrmRes form(desk.desk);
+  form.Load();
+  form.Activate();
+  desk.Impose(2);
+  desk.test.prompter.Expect(307, Answer::kNo);
+  Click(form, form.CmdBack);
+  EXPECT_TRUE(desk.test.study.unsaved_changes) << "no file has these results";
 }
 
 TEST_F(OneResult, HelpsWithItsKeysAndTogglesTheSound) {

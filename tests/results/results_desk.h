@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "engine/calculation_command.h"
+#include "results/results_session.h"
 #include "study/tables.h"
 #include "tests/support/test_desk.h"
 
@@ -35,11 +36,12 @@ class ResultsDesk : public TestDesk {
       row.NomiDiam = FixedText<15>::FromUtf8(name);
       row.InDiameter = -diameter_mm;
     });
+    test.study.unsaved_changes = true;
   }
 
   /// The same from the menu: the rows before it are kept.
   void ImposeFromMenu(int number) {
-    EXPECT_TRUE(test.workspace.Copy(work_file::kRows, work_file::kRowsBeforeChange).ok());
+    EXPECT_TRUE(KeepRows(desk, work_file::kRowsBeforeChange));
     Impose(number);
   }
 
