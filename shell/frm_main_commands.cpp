@@ -153,8 +153,10 @@ void FrmMain::EndCalculation(CommandEnd end) {
       bench.Show(message::kNamesToBeChecked);
       return;
     case CommandEnd::kCalculated:
-    case CommandEnd::kShowOld:
       OpenResults();
+      return;
+    case CommandEnd::kShowOld:
+      ShowResults();  // those that need a new calculation are none to be shown
       return;
     case CommandEnd::kRefused:
     case CommandEnd::kCapacity:

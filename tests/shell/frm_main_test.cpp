@@ -123,6 +123,20 @@ TEST_F(MainMenu, SaysWhyACommandCannotRun) {
   EXPECT_TRUE(navigator.log == std::vector<std::string>{"hide FrmKind"});
 }
 
+TEST_F(MainMenu, ShowsNoOldResultsThatNeedANewCalculation) {
+  test.PutNetwork({"ANT/1 5m", "1/2 5m soma 300l/h 500mm", "2/ANT 5m"});
+  ASSERT_EQ(Calculate(test.bench, Method::kFlowOnly), CommandEnd::kCalculated);
+  test.study.results_valid = true;
+  navigator.log.clear();
+  for (const bool needed : {true, false}) {
+    test.study.recalculation_needed = needed;
+    test.prompter.Expect(190, Answer::kNo);
+    Click(form, form.Cmd_Calc);
+    EXPECT_EQ(test.prompter.codes().back(), needed ? 301 : 190);
+    EXPECT_EQ(navigator.log.empty(), needed);
+  }
+}
+
 TEST_F(MainMenu, SaysOfResultsOfALostNetworkThatTheyDoNotHold) {
   test.PutNetwork({"ANT/1 5m", "1/2 5m soma 300l/h 500mm", "2/ANT 5m"});
   ASSERT_EQ(Calculate(test.bench, Method::kFlowOnly), CommandEnd::kCalculated);
