@@ -71,6 +71,20 @@ Result<bool> DiametersDiffer(const Workspace& workspace, std::string_view older)
                      });
 }
 
+Result<bool> ChangeWaits(const Workspace& workspace) {
+  if (const auto rows = workspace.Rows().ReadAll(); !rows) {
+    return rows.error();
+  }
+  for (const char* const older :
+       {work_file::kPreviousRows, work_file::kRowsBeforeChange, work_file::kFirstRows}) {
+    if (workspace.HasBytes(older)) {
+      const auto differ = DiametersDiffer(workspace, older);
+      return !differ || *differ;
+    }
+  }
+  return false;
+}
+
 RunEnd Rerun(Workbench& bench) {
   Study& study = bench.study;
   study.CalcAborted = false;

@@ -9,6 +9,12 @@ namespace kalvo {
 /// read.
 Result<bool> DiametersDiffer(const Workspace& workspace, std::string_view older);
 
+/// Whether a row has another diameter than the one that its results are for: no re-run has followed
+/// the change yet. The rows of the last re-run tell, without them those from before the change,
+/// without them the first of the session; which cannot be read leaves it to a re-run.
+/// Error: the rows cannot be read.
+Result<bool> ChangeWaits(const Workspace& workspace);
+
 /// The run on the diameters that the rows have, overruled ones (negative) included: no pipe choice,
 /// no balancing, the method recorded stays. Quantities anew; a row that came back to the diameter
 /// of `FIRSTONE.TMP` gets the mark that it has there, and once no nominal diameter differs from

@@ -220,6 +220,7 @@ void FrmRes::ShowHelp() {
 
 void FrmRes::ShowSheet() {
   if (desk.screens.ChangeFormOpen) return;
+  RerunWaitingChange(desk);
   desk.screens.results_view = ResultsView::kSheet;
   desk.navigator.Show(screen::kResultsSheet);
 }

@@ -10,7 +10,9 @@
 #include "engine/trap.h"
 #include "engine/winter_values.h"
 #include "form/tell.h"
+#include "form/wait.h"
 #include "study/message_codes.h"
+#include "study/tables.h"
 
 namespace kalvo {
 namespace {
@@ -43,13 +45,21 @@ void DropOlderRows(Workspace& workspace) {
   workspace.Delete(work_file::kFirstRows);
 }
 
+// New diameters are those of the study from now on.
+void LetDiametersStand(Workbench& bench) {
+  TellIfFailed(bench, EmptyWinterResults(bench.workspace));
+  if (const auto rows = bench.workspace.Rows().ReadAll()) {
+    KeepCalculatedDiameters(bench.study, *rows);
+  }
+  DropOlderRows(bench.workspace);
+}
+
 // False: the old rows could not be brought back.
 bool SettleDiameters(Desk& desk, const std::function<void()>& show_again) {
   Workbench& bench = desk.bench;
   if (bench.Show(message::kKeepDiameters) == Answer::kYes) {
     if (!TellIfFailed(bench, bench.workspace.Flush(work_file::kRows))) return false;
-    TellIfFailed(bench, EmptyWinterResults(bench.workspace));
-    DropOlderRows(bench.workspace);
+    LetDiametersStand(bench);
     show_again();
     bench.Ask({kSettledTitle,
                {"ΕΠΙΚΥΡΩΣΗ ΑΛΛΑΓΩΝ ΔΙΑΜΕΤΡΩΝ : Ισχύουν εφεξής οι ΝΕΕΣ ΔΙΑΜΕΤΡΟΙ ΣΩΛΗΝΩΝ"},
@@ -143,10 +153,20 @@ bool BringBackRows(Desk& desk, std::string_view kept) {
   return true;
 }
 
+bool RerunWaitingChange(Desk& desk) {
+  if (desk.screens.WinterPump) return false;  // its rows are the winter's
+  const auto waits = ChangeWaits(desk.bench.workspace);
+  if (!waits || !*waits) return false;
+  const WaitShown wait(desk.navigator);
+  Rerun(desk.bench);
+  return true;
+}
+
 void GoBack(Desk& desk, std::string_view view, const std::function<void()>& show_again) {
   Workbench& bench = desk.bench;
   CloseOneDiameter(desk);
   if (desk.screens.WinterPump) desk.navigator.Close(view);
+  if (RerunWaitingChange(desk)) show_again();
   const auto differ = DiametersDiffer(bench.workspace, work_file::kFirstRows);
   // Older rows are kept as long as the present ones are not what they should be.
   bool settled = differ && bench.workspace.HasBytes(work_file::kRows);
@@ -168,9 +188,11 @@ void LeaveByWindow(Desk& desk) {
   CloseOneDiameter(desk);
   desk.navigator.Close(screen::kPump);
   desk.screens.results_view = ResultsView::kOne;
-  Workspace& workspace = desk.bench.workspace;
-  if (workspace.Rows().Read(1) && workspace.Flush(work_file::kRows)) {
-    DropOlderRows(workspace);
+  Workbench& bench = desk.bench;
+  RerunWaitingChange(desk);
+  if (bench.workspace.Rows().Read(1) && bench.workspace.Flush(work_file::kRows)) {
+    const auto differ = DiametersDiffer(bench.workspace, work_file::kFirstRows);
+    differ&&* differ ? LetDiametersStand(bench) : DropOlderRows(bench.workspace);
   }
   EndSession(desk);
 }

@@ -41,12 +41,16 @@ void ShowCriticalBranch(Workbench& bench);
 /// False: they could not be brought back, and the user was told why.
 bool BringBackRows(Desk& desk, std::string_view kept);
 
-/// Back from a view: whether new diameters shall stand is asked, the session ends and the main menu
-/// shows. `show_again` shows the rows anew after an answer.
+/// The calculation that a change of diameters still waits for, before anything else than the
+/// section's own view deals with the rows. Gives whether one was made, or tried.
+bool RerunWaitingChange(Desk& desk);
+
+/// Back from a view: a change that waits is calculated, whether new diameters shall stand is asked,
+/// the session ends and the main menu shows. `show_again` shows the rows anew after an answer.
 void GoBack(Desk& desk, std::string_view view, const std::function<void()>& show_again);
 
-/// A view was closed by its window: the rows stay as they are, a change of diameters goes on
-/// waiting, the session ends and what it was opened from shows.
+/// A view was closed by its window: a change that waits is calculated, the diameters stand, the
+/// session ends and what it was opened from shows.
 void LeaveByWindow(Desk& desk);
 
 /// The form for one diameter closes when it is open.

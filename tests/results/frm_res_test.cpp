@@ -188,6 +188,61 @@ TEST_F(OneResult, BringsBackRowsThatNeedNoNewCalculation) {
   }
 }
 
+// How a view with a change that waits may be left.
+enum class Way { kBack, kCloseBox, kSheet };
+
+TEST_F(OneResult, CalculatesAChangeThatWaitsBeforeItIsLeft) {
+  for (const Way way : {Way::kBack, Way::kCloseBox, Way::kSheet}) {
+    for (const bool runs : {true, false}) {
+      SCOPED_TRACE("way " + std::to_string(static_cast<int>(way)) + (runs ? "" : ", broken off"));
+      ResultsDesk leaving;
+      TestBench& bench = leaving.test;
+      FrmRes view(leaving.desk);
+      view.Load();
+      view.Activate();
+      bench.study.unsaved_changes = false;
+      ASSERT_TRUE(bench.workspace.Write(work_file::kWinter, bench.Bytes()).ok());
+      const SectionRow before = bench.Row(2);
+      leaving.ImposeFromMenu(2);
+      if (!runs) bench.ChangeRow(6, [](SectionRow& row) { row.WaterFlow = 0; });
+      if (way == Way::kBack) {
+        bench.prompter.Expect(307, Answer::kYes);
+        Click(view, view.CmdBack);
+      } else if (way == Way::kCloseBox) {
+        EXPECT_TRUE(view.MayClose());
+      } else {
+        Click(view, view.SSCommand1);
+        EXPECT_EQ(leaving.navigator.log.back(), "show FrmRes_Sheet");
+      }
+      const SectionRow after = bench.Row(2);
+      EXPECT_EQ(after.NomiDiam.Utf8(), "2");
+      EXPECT_LT(after.Velocity, before.Velocity) << "no row keeps the results of another diameter";
+      EXPECT_LT(after.TotalDrop, before.TotalDrop);
+      EXPECT_EQ(bench.study.recalculation_needed, !runs);
+      EXPECT_TRUE(bench.study.unsaved_changes);
+      if (way == Way::kSheet) continue;
+      EXPECT_EQ(bench.study.CalculatedDiameters[1].Utf8(), "2");
+      EXPECT_EQ(bench.Rows(work_file::kWinter)[1].TotalDrop, 0) << "of other pipes";
+      EXPECT_FALSE(bench.workspace.Exists(work_file::kRowsBeforeChange));
+    }
+  }
+}
+
+TEST_F(OneResult, MakesNoRunWhereNoChangeWaits) {
+  ImposeFromMenu(2);
+  EXPECT_TRUE(RerunWaitingChange(desk));
+  EXPECT_FALSE(RerunWaitingChange(desk));
+  ASSERT_TRUE(test.workspace.Write(work_file::kPreviousRows, "odd").ok());
+  EXPECT_TRUE(RerunWaitingChange(desk)) << "nobody knows what it holds";
+  Impose(3);
+  desk.screens.WinterPump = true;
+  EXPECT_FALSE(RerunWaitingChange(desk)) << "the rows are the winter's";
+  desk.screens.WinterPump = false;
+  ASSERT_TRUE(test.workspace.Write(work_file::kRows, "odd").ok());
+  EXPECT_FALSE(RerunWaitingChange(desk));
+  EXPECT_EQ(test.Bytes(), "odd");
+}
+
 TEST(FullDisk, LeavesNoRowsOfAnEarlierSessionAsTheFirst) {
   ResultsDesk desk;
   std::vector<SectionRow> older = desk.test.Rows();
