@@ -132,6 +132,7 @@ struct OutletColumn {
 struct OutletChartContent {
   std::vector<OutletColumn> columns;
   int current = -1;  ///< the column of the outlet in hand; -1: none
+  char decimal = '.';
   bool operator==(const OutletChartContent&) const = default;
 };
 using OutletChart = Picture<OutletChartContent>;

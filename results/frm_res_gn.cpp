@@ -13,7 +13,7 @@ FrmResGn::FrmResGn(Desk& shared_desk)
       Cmd_Nodes(*this, "Cmd_Nodes", " Έλεγχος Κόμβων Τμημάτων ",
                 [this] { ShowNodeReport(desk, false); }),
       SSCommand1(*this, "SSCommand1", "Αναλυτική Παρουσίαση Τμημάτων Σωλήνων",
-                 [this] { ShowSections(); }, {Plain(KeyCode::kEnter)}) {
+                 [this] { ShowSections(); }, {Plain(KeyCode::kEnter), Plain(KeyCode::kEscape)}) {
   title = "ΠΑΡΟΥΣΙΑΣΗ ΤΩΝ  ΑΠΟΤΕΛΕΣΜΑΤΩΝ ΓΙΑ ΤΗΝ ΑΝΤΛΙΑ ΤΟΥ ΔΙΚΤΥΟΥ";
   Text6.locked = Text8.locked = true;
   ChkSoundRG.on_toggle = [this] { desk.options.SoundOn = ChkSoundRG.on; };

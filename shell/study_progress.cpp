@@ -31,6 +31,9 @@ std::string NextSentence(const Study& study, Step next, bool untouched) {
     return study.SystemOpen() ? "οι υποδοχείς θέλουν έλεγχο πριν από νέους υπολογισμούς."
                               : "τα σώματα θέλουν έλεγχο πριν από νέους υπολογισμούς.";
   }
+  if (study.recalculation_needed && study.came_by_recovery) {
+    return "η μελέτη επανήλθε όπως έμεινε, χρειάζονται νέοι υπολογισμοί.";
+  }
   if (study.recalculation_needed) return "τα δεδομένα άλλαξαν, χρειάζονται νέοι υπολογισμοί.";
   if (IsLost(study)) return "τα αποτελέσματα δεν ισχύουν, κάποιος κλάδος του δικτύου χάνεται.";
   switch (next) {

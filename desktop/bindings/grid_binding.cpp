@@ -33,6 +33,10 @@ void GridBinding::DressTable() {
   cells_delegate_.SetTintsCurrentRow(view_.property("tintsCurrentRow").toBool());
   view_.setItemDelegate(&cells_delegate_);
   view_.setModel(&model_);
+  connect(view_.selectionModel(), &QItemSelectionModel::currentChanged, this,
+          [this](const QModelIndex& now, const QModelIndex& before) {
+            RepaintTintedRows(view_, now, before);
+          });
   view_.setEditTriggers(QAbstractItemView::NoEditTriggers);
   view_.setTabKeyNavigation(false);  // Tab leads on to the commands
 }

@@ -4,6 +4,7 @@
 #include <QHeaderView>
 #include <QScrollBar>
 
+#include "desktop/tables/sheet_delegate.h"
 #include "desktop/tables/stacked_header.h"
 
 namespace kalvo {
@@ -81,7 +82,8 @@ void FrozenColumns::FollowSize() {
   Place();
 }
 
-void FrozenColumns::CurrentChanged(const QModelIndex& now) {
+void FrozenColumns::CurrentChanged(const QModelIndex& now, const QModelIndex& before) {
+  RepaintTintedRows(*this, now, before);
   if (now.isValid() && now.column() < columns_) table_.horizontalScrollBar()->setValue(0);
 }
 

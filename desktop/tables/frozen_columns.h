@@ -25,7 +25,7 @@ class FrozenColumns : public QTableView {
   void TakeOverLook();
   void FollowScrolling();
   void Place();
-  void CurrentChanged(const QModelIndex& now);
+  void CurrentChanged(const QModelIndex& now, const QModelIndex& before);
 
   QTableView& table_;
   int columns_;

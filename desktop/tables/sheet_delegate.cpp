@@ -66,6 +66,16 @@ void SheetDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   painter->restore();
 }
 
+void RepaintTintedRows(const QTableView& view, const QModelIndex& now, const QModelIndex& before) {
+  if (now.row() == before.row()) return;
+  QWidget* cells = view.viewport();
+  for (const QModelIndex& index : {now, before}) {
+    if (!index.isValid()) continue;
+    cells->update(0, view.rowViewportPosition(index.row()), cells->width(),
+                  view.rowHeight(index.row()));
+  }
+}
+
 void SheetDelegate::LaidOut::UseFont(const QFont& wanted) {
   if (font == wanted && lines.size() <= kMostLaidOut) return;
   font = wanted;

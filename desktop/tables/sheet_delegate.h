@@ -4,6 +4,7 @@
 #include <QList>
 #include <QStaticText>
 #include <QStyledItemDelegate>
+#include <QTableView>
 
 namespace kalvo {
 
@@ -62,6 +63,10 @@ class SheetDelegate : public QStyledItemDelegate {
   mutable LaidOut plain_;
   mutable LaidOut bold_;
 };
+
+/// Paints the rows of two cells anew where they are not the same: the view does so with the cells
+/// alone, and the tint is the whole row's.
+void RepaintTintedRows(const QTableView& view, const QModelIndex& now, const QModelIndex& before);
 
 /// A diameter as a chip in the cell's BackgroundRole; with kImposedLook bold, with a dark edge and
 /// a pencil.

@@ -137,6 +137,7 @@ void FrmYpodo::ShowListRow(int row) {
 }
 
 void FrmYpodo::ShowChart() {
+  Chart.decimal = desk.separators.decimal;
   Chart.columns.clear();
   Chart.current = -1;
   for (int index = 1; index <= count(); ++index) {

@@ -38,6 +38,25 @@ constexpr std::array<SheetColumn, kSheetColumns> kColumns = {{
 
 std::span<const SheetColumn> SheetColumns() { return kColumns; }
 
+std::string HeadInWords(int column, SystemKind kind) {
+  std::string words;
+  bool parted = false;
+  for (const char* at = kColumns.at(static_cast<std::size_t>(column)).Head(kind); *at != 0; ++at) {
+    if (*at == ' ') {
+      parted = parted || !words.empty();
+      continue;
+    }
+    if (*at == '-') {  // a word that goes on in the next line
+      while (at[1] == ' ') ++at;
+      continue;
+    }
+    if (parted) words += ' ';
+    parted = false;
+    words += *at;
+  }
+  return words;
+}
+
 std::vector<GridColumn> SheetGridColumns(SystemKind kind) {
   std::vector<GridColumn> columns;
   for (const SheetColumn& column : kColumns) {

@@ -49,6 +49,8 @@ struct SheetColumn {
 
 /// All of them.
 std::span<const SheetColumn> SheetColumns();
+/// A column's head as a sentence names it, its broken words whole.
+std::string HeadInWords(int column, SystemKind kind);
 
 /// The same as columns of a grid, and how their cells are typed into.
 std::vector<GridColumn> SheetGridColumns(SystemKind kind);

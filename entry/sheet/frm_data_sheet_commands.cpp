@@ -18,7 +18,7 @@ constexpr std::size_t kMostListed = 10;
 std::string RefusedLine(const CellText& cell, SystemKind kind) {
   std::string line = "Σειρά " + std::to_string(cell.row + 1);
   if (cell.column < kSheetColumns) {
-    line += std::string(", ") + SheetColumns()[static_cast<std::size_t>(cell.column)].Head(kind);
+    line += std::string(", ") + HeadInWords(cell.column, kind);
   }
   constexpr std::size_t kLongest = 30;
   return line + " : " + FirstCharacters(cell.text, kLongest);

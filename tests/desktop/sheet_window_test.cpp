@@ -4,6 +4,7 @@
 #include <QClipboard>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QPaintEvent>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTableView>
@@ -138,6 +139,30 @@ TEST_F(SheetWindow, TheGreekLayoutNamesTheSourceAndPressesTees) {
   EXPECT_EQ(Cell(1, 2), QStringLiteral("ANT"));
   EXPECT_EQ(Cell(1, 9), QStringLiteral("1"));
   EXPECT_FALSE(Editor().isVisible());
+}
+
+// What of a widget is painted.
+class PaintedRegion : public QObject {
+ public:
+  QRegion region;
+
+ private:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::Paint) region += static_cast<QPaintEvent*>(event)->region();
+    return QObject::eventFilter(watched, event);
+  }
+};
+
+TEST_F(SheetWindow, TheTintGoesWithTheCursor) {
+  ClickCell(0, 3);
+  PaintedRegion painted;
+  Table().viewport()->installEventFilter(&painted);
+  Key(Qt::Key_Down);
+  QApplication::processEvents();
+  for (const int row : {0, 1}) {
+    const QRect far_cell = Table().visualRect(Table().model()->index(row, 7));
+    EXPECT_TRUE(painted.region.contains(far_cell)) << row;
+  }
 }
 
 TEST_F(SheetWindow, CopiesToTheRealClipboardAndZoomsByTheWheel) {

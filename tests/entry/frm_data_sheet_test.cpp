@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "entry/sections/sheet_columns.h"
 #include "tests/entry/sheet_user.h"
 
 namespace kalvo {
@@ -230,6 +231,10 @@ TEST(Sheet, RefusesPastedNumbersThatNoCellReads) {
   EXPECT_EQ(sheet.Line(0), "ANT|/|1|" + most + "|||4");
   EXPECT_EQ(sheet.Line(1), "1|/|2|5");
   EXPECT_EQ(sheet.user.test.prompter.boxes().back().lines.size(), 4U) << "each is told";
+  EXPECT_NE(sheet.user.test.prompter.boxes().back().lines[1].find(", ΓΩΝ. [τεμ.]"),
+            std::string::npos);
+  EXPECT_EQ(HeadInWords(0, SystemKind::kClosed), "ΑΡΧ. ΚΟΜΒΟΣ");
+  EXPECT_EQ(HeadInWords(9, SystemKind::kClosed), "<ΤΑΥ> ΣΕ ΔΙΑΚΛΑΔΩΣΗ [τεμ.]");
 }
 
 TEST(Sheet, FindsRoundAndSaysWhatIsRemarkable) {

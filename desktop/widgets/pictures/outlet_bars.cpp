@@ -96,8 +96,9 @@ void OutletBars::DrawLines(QPainter& painter, const Scale& scale) const {
     painter.setPen(QPen(i == 0 ? theme.ink2 : theme.line, i == 0 ? 1.5 : 1));
     painter.drawLine(QPointF(scale.area.left(), y), QPointF(scale.area.right(), y));
     painter.setPen(theme.ink2);
+    const QString height = QString::number(i * scale.step).replace('.', QChar(chart_.decimal));
     painter.drawText(QRectF(0, y - kWordsHeight / 2, kScaleWidth - 6, kWordsHeight),
-                     Qt::AlignRight | Qt::AlignVCenter, QString::number(i * scale.step));
+                     Qt::AlignRight | Qt::AlignVCenter, height);
   }
 }
 
