@@ -10,7 +10,7 @@ namespace kalvo {
 namespace {
 
 // The open pass of the first method rounds it, no other does.
-float HeadOf(const Study& study, const SectionRow& first) {
+float PumpHeadOf(const Study& study, const SectionRow& first) {
   const float head = ToSingle(first.DP / 1000.0);
   const bool rounded = study.SystemOpen() && MethodOf(first) == Method::kFlowOnly;
   return rounded ? ToSingle(RoundTo(head, 4)) : head;
@@ -42,7 +42,7 @@ void FollowResults(Workbench& bench, const RowTable& rows) {
   const SectionRow& first = rows.At(1);
   study.TotalFlowM3h = first.PAR;
   study.CriticalDrop = first.DP;
-  study.PumpHead = HeadOf(study, first);
+  study.PumpHead = PumpHeadOf(study, first);
   RefindCriticalBranch(bench, rows);
 }
 

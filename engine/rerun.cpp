@@ -30,24 +30,48 @@ void ComeBack(Workbench& bench, const RowTable& first, RowTable& rows) {
   }
 }
 
-RunEnd RunFixed(Workbench& bench) {
+using ChangeOfRows = std::function<void(RowTable& rows)>;
+
+// `written` follows the rows.
+RunEnd RunFixed(Workbench& bench, const ChangeOfRows& change, bool& written) {
   Study& study = bench.study;
-  const auto pass = TakePassConditions(bench);
-  if (!pass) {
-    return RunEnd::kViscosity;
-  }
   const RowTable first = ReadRows(bench.workspace, work_file::kFirstRows);
   PostponedFile postponed(bench.workspace);
+  const auto pass = HoldPassConditions(bench.workspace, study, study.MeanTemp);
   const auto run = [&](RowTable& rows) {
+    change(rows);
+    if (!pass) return;
     study.SingleSection = rows.count() == 1;
     RecalculateRows(study, rows, *pass);
     FindPressures(study, rows, *pass, Method::kFlowOnly, postponed.Note());
     ComeBack(bench, first, rows);
   };
-  ChangeRows(bench, run, [] {});
+  ChangeRows(bench, run, [&written] { written = true; });
+  if (!pass) {
+    TellFluidMisfit(bench);
+    return RunEnd::kViscosity;
+  }
   WriteStatistics(bench);
   Require(bench.workspace.Copy(work_file::kRows, work_file::kPreviousRows));
   return RunEnd::kCalculated;
+}
+
+RunEnd RunFixedTrapped(Workbench& bench, const ChangeOfRows& change, bool& written) {
+  Study& study = bench.study;
+  const std::int16_t row_before = study.CurrentRow;
+  RunEnd end = RunEnd::kCalculated;
+  if (RunTrapped(bench, [&] { end = RunFixed(bench, change, written); })) {
+    end = RunEnd::kBrokenOff;
+  }
+  study.CurrentRow = row_before;
+  study.CalcAborted = end == RunEnd::kBrokenOff;
+  return end;
+}
+
+void SettleFlags(Study& study, RunEnd end) {
+  study.unsaved_changes = true;
+  study.recalculation_needed = end != RunEnd::kCalculated;
+  study.came_by_recovery = study.came_by_recovery && study.recalculation_needed;
 }
 
 }  // namespace
@@ -86,18 +110,17 @@ Result<bool> ChangeWaits(const Workspace& workspace) {
 }
 
 RunEnd Rerun(Workbench& bench) {
-  Study& study = bench.study;
-  study.CalcAborted = false;
-  study.unsaved_changes = true;
-  const std::int16_t row_before = study.CurrentRow;
-  RunEnd end = RunEnd::kCalculated;
-  if (RunTrapped(bench, [&] { end = RunFixed(bench); })) {
-    end = RunEnd::kBrokenOff;
-  }
-  study.CurrentRow = row_before;
-  study.CalcAborted = end == RunEnd::kBrokenOff;
-  study.recalculation_needed = end != RunEnd::kCalculated;
-  study.came_by_recovery = study.came_by_recovery && study.recalculation_needed;
+  bool written = false;
+  const RunEnd end = RunFixedTrapped(
+      bench, [](RowTable&) {}, written);
+  SettleFlags(bench.study, end);
+  return end;
+}
+
+RunEnd RerunChanged(Workbench& bench, const ChangeOfRows& change) {
+  bool written = false;
+  const RunEnd end = RunFixedTrapped(bench, change, written);
+  if (written) SettleFlags(bench.study, end);
   return end;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "engine/driver.h"
 
 namespace kalvo {
@@ -21,6 +23,12 @@ Result<bool> ChangeWaits(const Workspace& workspace);
 /// that file its results stand again; the rows become `DATARES.PRV`. Unless it ends in kCalculated
 /// `DATARES.PRV` stays and a new calculation is needed.
 RunEnd Rerun(Workbench& bench);
+
+/// The same on rows that `change` changes first. Change and results are written at once, so that
+/// whatever happens the rows are those from before or those from after; where they cannot be
+/// written the study keeps its results. A run that the fluid or a fault ends leaves the rows
+/// changed.
+RunEnd RerunChanged(Workbench& bench, const std::function<void(RowTable& rows)>& change);
 
 /// Rerun() if a diameter changed since `DATARES.PRV` was written, marking the study changed.
 /// Gives whether it ran. Error: a file cannot be read.

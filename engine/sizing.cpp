@@ -64,13 +64,6 @@ void SizeRow(Study& study, const PassConditions& pass, Method method, SectionRow
   SetMethod(row, method);
 }
 
-const PipeRow& PipeOfDiameter(const std::vector<PipeRow>& library, float diameter) {
-  const auto found = std::find_if(library.begin(), library.end(), [diameter](const PipeRow& pipe) {
-    return pipe.inner_diameter == diameter;
-  });
-  return found == library.end() ? library.back() : *found;
-}
-
 void RecalculateRow(Study& study, const PassConditions& pass, SectionRow& row) {
   const float diameter = std::fabs(row.InDiameter);
   const PipeRow& pipe = PipeOfDiameter(pass.library, diameter);
@@ -92,6 +85,13 @@ void FillRows(Study& study, RowTable& table, const PassConditions& pass, Fill&& 
 }
 
 }  // namespace
+
+const PipeRow& PipeOfDiameter(const std::vector<PipeRow>& library, float diameter) {
+  const auto found = std::find_if(library.begin(), library.end(), [diameter](const PipeRow& pipe) {
+    return pipe.inner_diameter == diameter;
+  });
+  return found == library.end() ? library.back() : *found;
+}
 
 PassConditions ReadPassConditions(const Workspace& workspace, const Study& study,
                                   float temperature) {

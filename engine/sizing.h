@@ -36,6 +36,9 @@ std::optional<PassConditions> TakePassConditions(Workbench& bench);
 /// Area of a pipe size in m².
 inline double AreaM2(const PipeRow& pipe) { return static_cast<double>(pipe.area) / 1'000'000.0; }
 
+/// The first pipe of that inner diameter in mm, the last of the library when there is none.
+const PipeRow& PipeOfDiameter(const std::vector<PipeRow>& library, float diameter);
+
 /// Picks a pipe for every row from flow and design velocity and fills its results; rebuilds the
 /// quantities. `method` is recorded in the rows. A flow beyond the largest pipe raises `MeanVel`
 /// for the rows after it. Faults: those of the hydraulics; rows before the failing one are filled.
