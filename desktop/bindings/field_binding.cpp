@@ -1,5 +1,6 @@
 #include "desktop/bindings/field_binding.h"
 
+#include <QEvent>
 #include <QToolTip>
 #include <algorithm>
 #include <utility>
@@ -20,6 +21,7 @@ FieldBinding::FieldBinding(Form& form, Field& field, QLineEdit& edit, const Act&
     const TextEdit done = WhatWasDone(text);
     act([&] { form.Type(field_, {done.before, done.piece, done.after}); });
   });
+  edit.installEventFilter(this);
   connect(&edit, &QLineEdit::selectionChanged, this, [this] { NotePlace(); });
   connect(&edit, &QLineEdit::cursorPositionChanged, this, [this] { NotePlace(); });
 }
@@ -49,6 +51,15 @@ void FieldBinding::PaintText() {
   const int cursor = edit_.cursorPosition() + longer;
   edit_.setText(text);
   if (edit_.hasFocus()) edit_.setCursorPosition(cursor);
+}
+
+// A double click selects a number whole, its decimal sign and both sides of it.
+bool FieldBinding::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::MouseButtonDblClick || !field_.numeric()) {
+    return Binding::eventFilter(watched, event);
+  }
+  edit_.selectAll();
+  return true;
 }
 
 void FieldBinding::NotePlace() {

@@ -15,6 +15,9 @@ class FieldBinding : public Binding {
   void Paint() override;
   [[nodiscard]] QWidget* widget() const override { return &edit_; }
 
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
  private:
   struct TextEdit {
     std::string before;

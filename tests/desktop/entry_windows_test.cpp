@@ -46,6 +46,15 @@ struct NetworkDesk : TestDesk {
   Desk shown{test.bench, windows, sound, viewer, clipboard, printer, Separators{',', '.'}};
 };
 
+TEST(GeneralDataWindow, ADoubleClickSelectsANumberWhole) {
+  NetworkDesk desk;
+  desk.Open(screen::kGeneralData);
+  auto& temperature = desk.Part<QLineEdit>(screen::kGeneralData, "Text4");
+  ASSERT_EQ(temperature.text(), QStringLiteral("12,5"));
+  QTest::mouseDClick(&temperature, Qt::LeftButton, {}, {6, temperature.height() / 2});
+  EXPECT_EQ(temperature.selectedText(), QStringLiteral("12,5"));
+}
+
 TEST(GeneralDataWindow, OpensTheFieldOfThePlantWithItsOption) {
   NetworkDesk desk;
   desk.Open(screen::kGeneralData);
