@@ -192,7 +192,11 @@ void LeaveByWindow(Desk& desk) {
   RerunWaitingChange(desk);
   if (bench.workspace.Rows().Read(1) && bench.workspace.Flush(work_file::kRows)) {
     const auto differ = DiametersDiffer(bench.workspace, work_file::kFirstRows);
-    differ&&* differ ? LetDiametersStand(bench) : DropOlderRows(bench.workspace);
+    if (differ && *differ) {
+      LetDiametersStand(bench);
+    } else {
+      DropOlderRows(bench.workspace);
+    }
   }
   EndSession(desk);
 }
