@@ -10,6 +10,7 @@
 #include "cli/greek_help.h"
 #include "cli/library_commands.h"
 #include "cli/outlets_command.h"
+#include "cli/quantities_command.h"
 #include "cli/show_command.h"
 #include "cli/study_commands.h"
 #include "cli/winter_command.h"
@@ -70,6 +71,7 @@ class Program {
     Add<FlowsCommand>();
     Add<OutletsCommand>();
     Add<ExplainCommand>();
+    Add<QuantitiesCommand>();
     Add<WinterCommand>();
     Add<PipesCommand>();
     Add<FluidsCommand>();

@@ -5,6 +5,7 @@
 #include <charconv>
 
 #include "engine/fittings.h"
+#include "results/quantities.h"
 #include "study/pressure_units.h"
 
 namespace kalvo {
@@ -62,6 +63,39 @@ std::string Quoted(std::string text, char cell_end) {
   return quoted + "\"";
 }
 
+char CellEnd(Separators separators) { return separators.decimal == ',' ? ';' : ','; }
+
+// The shortest decimal that reads back to the value.
+std::string ShortestText(float value, char decimal) {
+  std::array<char, 64> buffer{};
+  char* end =
+      std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::fixed)
+          .ptr;
+  std::replace(buffer.data(), end, '.', decimal);
+  return {buffer.data(), end};
+}
+
+// Texts beside the nominal name say the same of every size.
+template <typename Visitor>
+void ForEachQuantity(const StatRow& pipe, Visitor&& visit) {
+  ForEachField(pipe, [&visit](std::string_view name, const auto& value) {
+    using Value = std::decay_t<decltype(value)>;
+    if constexpr (std::is_arithmetic_v<Value> || std::is_same_v<Value, FixedText<12>>) {
+      visit(name, value);
+    }
+  });
+}
+
+std::string QuantityCell(std::int16_t value, Separators /*separators*/) {
+  return std::to_string(value);
+}
+std::string QuantityCell(float value, Separators separators) {
+  return ShortestText(value, separators.decimal);
+}
+std::string QuantityCell(const FixedText<12>& value, Separators separators) {
+  return Quoted(value.Utf8(), CellEnd(separators));
+}
+
 // A line's cells by their column, each field of the row put in by its kind.
 class LineCells {
  public:
@@ -69,15 +103,7 @@ class LineCells {
 
   void Put(std::size_t column, std::int16_t value) { cells_[column] = std::to_string(value); }
 
-  // The shortest decimal that reads back to the value.
-  void Put(std::size_t column, float value) {
-    std::array<char, 64> buffer{};
-    char* end =
-        std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::fixed)
-            .ptr;
-    std::replace(buffer.data(), end, '.', decimal_);
-    cells_[column].assign(buffer.data(), end);
-  }
+  void Put(std::size_t column, float value) { cells_[column] = ShortestText(value, decimal_); }
 
   // A name keeps its blanks in front.
   template <std::size_t N>
@@ -109,7 +135,7 @@ CsvReport::CsvReport(const Console& console, PressureUnits units, bool with_file
       separators_(console.csv_separators) {}
 
 void CsvReport::PrintHead() const {
-  const char end = separators_.decimal == ',' ? ';' : ',';
+  const char end = CellEnd(separators_);
   console_.out << kUtf8Mark;
   if (with_file_) {
     console_.out << "Study" << end;
@@ -128,7 +154,7 @@ void CsvReport::PrintHead() const {
 }
 
 void CsvReport::Print(const StudyReport& report) const {
-  const char end = separators_.decimal == ',' ? ';' : ',';
+  const char end = CellEnd(separators_);
   const std::vector<std::size_t> columns = ColumnsOfFields();
   const std::string first_cell = with_file_ ? Quoted(report.file, end) + end : "";
   LineCells cells(separators_.decimal, end);
@@ -151,6 +177,24 @@ void CsvReport::Print(const StudyReport& report) const {
       }
     }
     console_.out << line << '\n';
+  }
+}
+
+void PrintQuantitiesCsv(const Console& console, const StudyReport& report) {
+  const Separators separators = console.csv_separators;
+  const char end = CellEnd(separators);
+  console.out << kUtf8Mark;
+  ForEachQuantity(StatRow{},
+                  [&](std::string_view name, const auto&) { console.out << name << end; });
+  console.out << "Water_l\n";
+  for (const StatRow& pipe : report.pipes) {
+    ForEachQuantity(pipe, [&](std::string_view /*name*/, const auto& value) {
+      console.out << QuantityCell(value, separators) << end;
+    });
+    if (report.water_litres) {
+      console.out << ShortestText(static_cast<float>(WaterContent({&pipe, 1})), separators.decimal);
+    }
+    console.out << '\n';
   }
 }
 

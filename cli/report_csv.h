@@ -24,4 +24,8 @@ class CsvReport {
   Separators separators_;
 };
 
+/// The quantities as such text, a line per size of the pipe system, columns named as the fields of
+/// its record and litres of water behind them.
+void PrintQuantitiesCsv(const Console& console, const StudyReport& report);
+
 }  // namespace kalvo

@@ -115,14 +115,36 @@ Json LostWalkOf(const StudyReport& report) {
                           : Json(nullptr);
 }
 
+Json PipesOf(const StudyReport& report) {
+  Json pipes = Json::array();
+  for (const StatRow& pipe : report.pipes) {
+    pipes.push_back(PipeOf(pipe));
+  }
+  return pipes;
+}
+
+const char* SystemOf(const StudyReport& report) {
+  return report.kind == SystemKind::kOpen ? "open" : "closed";
+}
+
+int MethodNumber(const StudyReport& report) {
+  return report.method ? static_cast<int>(*report.method) : 0;
+}
+
+double WaterOf(const StudyReport& report) { return RoundTo(report.water_litres.value_or(0.0), 3); }
+
+std::string TextOf(const Json& json) {
+  return json.dump(2, ' ', false, Json::error_handler_t::replace);
+}
+
 Json JsonOf(const StudyReport& report, PressureUnits units) {
   Json json = {{"study", report.file},
                {"title", report.title},
-               {"system", report.kind == SystemKind::kOpen ? "open" : "closed"},
+               {"system", SystemOf(report)},
                {"fluid", report.fluid},
                {"fluid_assumed", report.fluid_assumed},
                {"pipe_system", report.pipe_system},
-               {"method", report.method ? static_cast<int>(*report.method) : 0},
+               {"method", MethodNumber(report)},
                {"fixed_diameters", report.fixed_diameters},
                {"mean_temperature_c", Plain(report.mean_temperature)},
                {"design_velocity_m_s", Plain(report.design_velocity)},
@@ -135,7 +157,7 @@ Json JsonOf(const StudyReport& report, PressureUnits units) {
     json["residual_pressure_mm_wg"] = kResidualPressure;
     json["outlets"] = OutletsOf(report);
   } else {
-    json["water_content_l"] = RoundTo(report.water_litres.value_or(0.0), 3);
+    json["water_content_l"] = WaterOf(report);
   }
   if (units == PressureUnits::kPascal) {
     json["critical_drop_kpa"] = KiloPascal(report.critical_drop);
@@ -144,10 +166,7 @@ Json JsonOf(const StudyReport& report, PressureUnits units) {
   for (const SectionRow& row : report.rows) {
     json["sections"].push_back(SectionOf(report, row, units));
   }
-  json["pipes"] = Json::array();
-  for (const StatRow& pipe : report.pipes) {
-    json["pipes"].push_back(PipeOf(pipe));
-  }
+  json["pipes"] = PipesOf(report);
   json["notes"] = {{"above_design_velocity", report.notes.above_design_velocity},
                    {"on_largest_pipe", report.notes.on_largest_pipe},
                    {"negative_drop", report.notes.negative_drop},
@@ -164,7 +183,22 @@ std::string JsonText(const std::vector<StudyReport>& reports, PressureUnits unit
     all.push_back(JsonOf(report, units));
   }
   const Json& whole = as_array || all.empty() ? all : all.front();
-  return whole.dump(2, ' ', false, Json::error_handler_t::replace);
+  return TextOf(whole);
+}
+
+std::string QuantitiesJsonText(const StudyReport& report) {
+  Json json = {{"study", report.file},
+               {"title", report.title},
+               {"system", SystemOf(report)},
+               {"pipe_system", report.pipe_system},
+               {"method", MethodNumber(report)},
+               {"lost_walk", LostWalkOf(report)},
+               {"counted_anew", !report.recount.empty()}};
+  if (report.water_litres) {
+    json["water_content_l"] = WaterOf(report);
+  }
+  json["pipes"] = PipesOf(report);
+  return TextOf(json);
 }
 
 }  // namespace kalvo

@@ -7,6 +7,7 @@
 #include "engine/fittings.h"
 #include "engine/notes.h"
 #include "engine/open_network.h"
+#include "results/quantities.h"
 #include "results/result_notes.h"
 #include "study/by_number.h"
 #include "study/numeric_text.h"
@@ -26,8 +27,19 @@ class ReportPrinter {
     console_.out << '\n';
     PrintSections();
     PrintOutlets();
-    PrintPipes();
+    if (!report_.pipes.empty()) {
+      console_.out << '\n';
+      PrintPipes();
+    }
     PrintNotes();
+  }
+
+  void PrintQuantities() {
+    PrintTitle();
+    PrintFact(console_, "Σύστημα σωλήνων", report_.pipe_system);
+    PrintFact(console_, "Τρόπος υπολογισμού", MethodText(report_.method));
+    console_.out << '\n';
+    PrintPipes();
   }
 
  private:
@@ -42,14 +54,18 @@ class ReportPrinter {
     return WithEnoughDecimals(value, decimals, console_.separators);
   }
 
+  void PrintTitle() {
+    console_.out << console_.Heading(
+                        Printable(report_.title.empty() ? report_.file : report_.title))
+                 << '\n';
+    PrintFact(console_, "Μελέτη", report_.file);
+  }
+
   void PrintHead() {
     const auto fact = [this](std::string label, const std::string& text) {
       PrintFact(console_, std::move(label), text);
     };
-    console_.out << console_.Heading(
-                        Printable(report_.title.empty() ? report_.file : report_.title))
-                 << '\n';
-    fact("Μελέτη", report_.file);
+    PrintTitle();
     fact("Παροχή αντλίας", Lone(report_.total_flow_m3h, 2) + " m³/h");
     std::string head = Lone(report_.pump_head_m, 2) + " m w.g.";
     if (pascal_) {
@@ -180,27 +196,20 @@ class ReportPrinter {
   }
 
   void PrintPipes() {
-    if (report_.pipes.empty()) {
-      return;
-    }
-    console_.out << '\n';
     std::vector<TextColumn> columns = {{"Διάμετρος", "", true}, {"Μήκος", "m"}};
     for (const Fitting& fitting : kFittings) {
       if (fitting.total != nullptr) columns.push_back({fitting.head[0], fitting.head[1]});
     }
     TextTable table(columns);
     for (const StatRow& pipe : report_.pipes) {
+      if (!IsInUse(pipe)) continue;
       std::vector<std::string> cells = {pipe.NomiDiameter.Utf8(), Text(pipe.Length, 2)};
-      bool used = pipe.Length != 0.0F;
       for (const Fitting& fitting : kFittings) {
         if (fitting.total == nullptr) continue;
         const float count = pipe.*fitting.total;
-        used = used || count != 0.0F;
         cells.push_back(count == 0.0F ? kNoValue : FormatNumber(count, console_.separators));
       }
-      if (used) {
-        table.Add(std::move(cells));
-      }
+      table.Add(std::move(cells));
     }
     table.Print(console_);
     if (report_.water_litres) {
@@ -235,6 +244,10 @@ void PrintFact(const Console& console, std::string label, const std::string& tex
 
 void PrintReport(const Console& console, const StudyReport& report, PressureUnits units) {
   ReportPrinter(console, report, units).Print();
+}
+
+void PrintQuantities(const Console& console, const StudyReport& report) {
+  ReportPrinter(console, report, PressureUnits::kWaterGauge).PrintQuantities();
 }
 
 }  // namespace kalvo

@@ -26,6 +26,7 @@
 #include <ui_frm_res_sheet.h>
 #include <ui_frm_safety.h>
 #include <ui_frm_soma.h>
+#include <ui_frm_stat_s.h>
 #include <ui_frm_tau_cross_s.h>
 #include <ui_frm_title.h>
 #include <ui_frm_what.h>
@@ -50,6 +51,7 @@
 #include "results/frm_res.h"
 #include "results/frm_res_gn.h"
 #include "results/frm_res_sheet.h"
+#include "results/frm_stat_s.h"
 #include "shell/frm_calcs.h"
 #include "shell/frm_editor.h"
 #include "shell/frm_error.h"
@@ -76,6 +78,7 @@ constexpr Screen kScreens[] = {
     {screen::kResults, &MakeForm<FrmRes>, &SetUp<Ui::FrmRes>},
     {screen::kPump, &MakeForm<FrmResGn>, &SetUp<Ui::FrmResGn>},
     {screen::kResultsSheet, &MakeForm<FrmRes_Sheet>, &SetUp<Ui::FrmRes_Sheet>},
+    {screen::kQuantities, &MakeForm<FrmStatS>, &SetUp<Ui::FrmStatS>},
     {screen::kTitle, &MakeForm<FrmTitle>, &SetUp<Ui::FrmTitle>},
     {screen::kMain, &MakeForm<FrmMain>, &SetUp<Ui::FrmMain>},
     {screen::kKind, &MakeForm<FrmKind>, &SetUp<Ui::FrmKind>},

@@ -154,15 +154,21 @@ void RecalculateRows(Workbench& bench) {
   }
 }
 
+std::vector<StatRow> CountQuantities(const std::vector<PipeRow>& library,
+                                     const std::vector<SectionRow>& rows) {
+  Study counted;
+  StartPipeStats(counted, library);
+  for (const SectionRow& row : rows) {
+    const PipeRow& pipe = PipeOfDiameter(library, std::fabs(row.InDiameter));
+    AddToPipeStats(counted, pipe, row, AreaM2(pipe));
+  }
+  return std::move(counted.PipeStats);
+}
+
 void RecountQuantities(Workbench& bench) {
   const std::vector<PipeRow> library =
       Require(ReadPipeSystem(bench.workspace, bench.study.pipe_system_number));
-  const RowTable store = ReadRows(bench.workspace);
-  StartPipeStats(bench.study, library);
-  for (const SectionRow& row : store.rows()) {
-    const PipeRow& pipe = PipeOfDiameter(library, std::fabs(row.InDiameter));
-    AddToPipeStats(bench.study, pipe, row, AreaM2(pipe));
-  }
+  bench.study.PipeStats = CountQuantities(library, ReadRows(bench.workspace).rows());
   WriteStatistics(bench);
 }
 

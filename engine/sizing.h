@@ -52,6 +52,10 @@ void RecalculateRows(Study& study, RowTable& rows, const PassConditions& pass);
 void SizePipes(Workbench& bench, Method method);
 void RecalculateRows(Workbench& bench);
 
+/// The quantities of rows as they stand, a line per size of the library. Faults: kOverflow.
+std::vector<StatRow> CountQuantities(const std::vector<PipeRow>& library,
+                                     const std::vector<SectionRow>& rows);
+
 /// The quantities and `STATIST.TMP` anew from rows as they stand; the rows stay. Faults: kFile.
 void RecountQuantities(Workbench& bench);
 

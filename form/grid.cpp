@@ -7,8 +7,9 @@
 
 namespace kalvo {
 
-void Grid::Reset(std::vector<GridColumn> columns, int rows) {
+void Grid::Reset(std::vector<GridColumn> columns, int rows, int blank) {
   columns_ = std::move(columns);
+  blank_ = blank;
   cells_.assign(columns_.size() * static_cast<std::size_t>(rows), GridCell{});
   marked_.assign(static_cast<std::size_t>(rows), false);
   order_.resize(static_cast<std::size_t>(rows));
@@ -65,7 +66,7 @@ void Grid::Mark(int row, bool marked) {
 }
 
 void Grid::SetCurrent(GridPlace place) {
-  current_.row = std::clamp(place.row, 0, std::max(row_count() - 1, 0));
+  current_.row = std::clamp(place.row, 0, std::max(row_count() - blank_ - 1, 0));
   current_.column = std::clamp(place.column, 0, std::max(column_count() - 1, 0));
 }
 
@@ -84,10 +85,11 @@ bool Grid::Before(int a, int b) const {
 
 void Grid::Sort() {
   std::iota(order_.begin(), order_.end(), 0);
+  const std::span<int> filled(order_.data(), order_.size() - static_cast<std::size_t>(blank_));
   if (sort_order_ == SortOrder::kRising) {
-    std::ranges::stable_sort(order_, [this](int a, int b) { return Before(a, b); });
+    std::ranges::stable_sort(filled, [this](int a, int b) { return Before(a, b); });
   } else if (sort_order_ == SortOrder::kFalling) {
-    std::ranges::stable_sort(order_, [this](int a, int b) { return Before(b, a); });
+    std::ranges::stable_sort(filled, [this](int a, int b) { return Before(b, a); });
   }
 }
 
@@ -112,6 +114,12 @@ std::string Grid::Copy(std::span<const GridPlace> places) const {
       wanted.begin(), wanted.end(),
       [](const GridPlace& a, const GridPlace& b) { return a.column < b.column; });
   std::string text;
+  if (copies_heads) {
+    for (int column = first->column; column <= last->column; ++column) {
+      text +=
+          (column == first->column ? "" : "\t") + columns_[static_cast<std::size_t>(column)].header;
+    }
+  }
   for (const int row : order_) {
     std::string line;
     bool any = false;

@@ -20,6 +20,7 @@ struct GridColumn {
   bool chips = false;          ///< cells are painted as chips in the colour of their tone
   bool open = false;           ///< cells have the ground of what can be changed
   bool bold = false;
+  bool centred = false;
 };
 
 struct GridCell {
@@ -27,7 +28,8 @@ struct GridCell {
   Tone tone = Tone::kPlain;
   std::optional<double> value{};  ///< what the column is sorted by instead of the text
   std::string tip{};
-  bool refused = false;  ///< marked until it changes
+  bool refused = false;           ///< marked until it changes
+  std::optional<double> share{};  ///< 0 to 1, painted as a bar below the text
   bool operator==(const GridCell&) const = default;
 };
 
@@ -51,15 +53,18 @@ class Grid : public Control {
 
   std::string row_noun;               ///< what a row is, for reading aloud: "Τμήμα"
   std::string mark_name;              ///< what a marked row is
+  bool copies_heads = false;          ///< Copy() begins with the heads of its columns
   std::function<void()> on_move;      ///< the current cell was moved by the user
   std::function<void()> on_activate;  ///< double click or Enter on the current cell
 
-  /// Empties the table and gives it these columns and as many rows.
-  void Reset(std::vector<GridColumn> columns, int rows);
+  /// Empties the table and gives it these columns and as many rows. The last `blank` of them hold
+  /// nothing, cannot be reached and stay where they are; such a table gets no rows inserted.
+  void Reset(std::vector<GridColumn> columns, int rows, int blank = 0);
 
   [[nodiscard]] const std::vector<GridColumn>& columns() const { return columns_; }
   [[nodiscard]] int row_count() const { return static_cast<int>(order_.size()); }
   [[nodiscard]] int column_count() const { return static_cast<int>(columns_.size()); }
+  [[nodiscard]] bool IsBlank(int row) const { return row >= row_count() - blank_; }
   [[nodiscard]] const GridCell& At(int row, int column) const;
   void Set(int row, int column, GridCell cell);
 
@@ -85,7 +90,7 @@ class Grid : public Control {
   [[nodiscard]] const std::vector<int>& order() const { return order_; }
 
   /// The cells as tab-separated text, rows in the order shown, each cell at its column: places
-  /// between them are empty.
+  /// between them are empty. Heads come on one line.
   [[nodiscard]] std::string Copy(std::span<const GridPlace> places) const;
 
   /// Asks the front-end for the columns' widths as they were at first.
@@ -103,6 +108,7 @@ class Grid : public Control {
   std::vector<GridCell> cells_;
   std::vector<bool> marked_;
   std::vector<int> order_;
+  int blank_ = 0;
   GridPlace current_;
   int sort_column_ = -1;
   SortOrder sort_order_ = SortOrder::kNone;

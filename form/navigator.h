@@ -35,6 +35,7 @@ constexpr std::string_view kCurrentStudy = "FrmCurFL";
 constexpr std::string_view kResults = "FrmRes";
 constexpr std::string_view kResultsSheet = "FrmRes_Sheet";
 constexpr std::string_view kPump = "FrmResGn";
+constexpr std::string_view kQuantities = "FrmStatS";
 constexpr std::string_view kOneDiameter = "FrmAvaiD";
 constexpr std::string_view kWinter = "FrmWinter";
 }  // namespace screen

@@ -22,6 +22,7 @@ FrmRes::FrmRes(Desk& shared_desk)
     : Form(shared_desk),
       CmdPump(*this, "CmdPump", "Αντλία", [this] { ShowPump(); }),
       CmdDiff(*this, "CmdDiff", "Δυσμεν. Κλαδος", [this] { ShowWorstBranch(); }),
+      CmdExar(*this, "CmdExar", "Προμέτρηση", [this] { ShowBill(); }),
       Cmd_Nodes(*this, "Cmd_Nodes", " Έλεγχος Κόμβων Τμημάτων ",
                 [this] { ShowNodeReport(desk, true); }),
       CmdHelp(*this, "CmdHelp", "Βοήθεια πλήκτρων", [this] { ShowHelp(); }, {Plain(KeyCode::kF1)}),
@@ -60,6 +61,7 @@ void FrmRes::BuildMenus() {
              {},
              {"mnuResPres_Pump", CmdPump.caption, &CmdPump},
              {"mnuResPresd_Dif", CmdDiff.caption, &CmdDiff},
+             {"mnuResPres_Prom", CmdExar.caption, &CmdExar},
              {},
              {"mnuResPres_Sound", CmdSound.caption, &CmdSound},
              {},
@@ -71,7 +73,8 @@ void FrmRes::BuildMenus() {
                    {"mnuPUForm_GoTo", kGoToCaption, &CmdGoTo},
                    {},
                    {"mnuPUForm_Pump", CmdPump.caption, &CmdPump},
-                   {"mnuPUForm_Diff", CmdDiff.caption, &CmdDiff}};
+                   {"mnuPUForm_Diff", CmdDiff.caption, &CmdDiff},
+                   {"mnuPUForm_Prom", CmdExar.caption, &CmdExar}};
 }
 
 void FrmRes::Load() {
@@ -203,6 +206,10 @@ void FrmRes::ShowPump() {
   desk.screens.ResultsLeft = true;
   desk.navigator.Close(screen::kPump);  // one that is open tells of the rows before
   desk.navigator.Show(screen::kPump);
+}
+
+void FrmRes::ShowBill() {
+  if (MayRun(false)) desk.navigator.ShowModal(screen::kQuantities);
 }
 
 void FrmRes::ShowHelp() {

@@ -23,6 +23,7 @@ class FrmRes : public Form {
 
   Command CmdPump;
   Command CmdDiff;
+  Command CmdExar;
   Command Cmd_Nodes;
   Command CmdHelp;
   Toggle ChkSoundR{*this, "ChkSoundR", " On-Off Ήχων "};
@@ -63,6 +64,7 @@ class FrmRes : public Form {
   void ChooseRow();
   void ShowWorstBranch();
   void ShowPump();
+  void ShowBill();
   /// A command that a waiting change of diameters may ask about first. True: it may go on;
   /// `goes_on_unchanged` says whether it does where the diameters are as calculated.
   bool MayRun(bool goes_on_unchanged);

@@ -17,6 +17,8 @@ FrmRes_Sheet::FrmRes_Sheet(Desk& shared_desk)
       CmdDiff(*this, "CmdDiff", "Δυσμεν. Κλαδος", [this] { ShowCriticalBranch(bench); }),
       Cmd_Nodes(*this, "Cmd_Nodes", " Έλεγχος Κόμβων Τμημάτων ",
                 [this] { ShowNodeReport(desk, true); }),
+      CmdExar(*this, "CmdExar", "Προμέτρηση",
+              [this] { desk.navigator.ShowModal(screen::kQuantities); }),
       Cmd_Headers(*this, "Cmd_Headers", " Επαναφορά Πλάτους Στηλών ",
                   [this] { fpSpread1.RestoreWidths(); }),
       Cmd_Back(*this, "Cmd_Back", " Επιστροφή στο Βασικό Menu ",

@@ -25,6 +25,7 @@ class FrmRes_Sheet : public Form {
 
   Command CmdDiff;
   Command Cmd_Nodes;
+  Command CmdExar;
   Toggle ChkCritical{*this, "ChkCritical", "Επισήμανση δυσμ. κλάδου"};
   Command Cmd_Headers;
 

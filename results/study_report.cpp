@@ -33,6 +33,16 @@ void TakeRows(StudyReport& report, std::vector<SectionRow> rows, std::string_vie
   }
 }
 
+void TakeQuantities(StudyReport& report, const Workbench& bench) {
+  if (auto quantities = ReadQuantities(bench.workspace, bench.study)) {
+    report.recount = quantities->RecountText();
+    report.pipes = std::move(quantities->lines);
+  }
+  if (report.kind == SystemKind::kClosed) {
+    report.water_litres = WaterContent(report.pipes);
+  }
+}
+
 // What the study tells of summer and winter alike.
 StudyReport BeginReport(const Workbench& bench, const std::string& file) {
   const Study& study = bench.study;
@@ -68,10 +78,7 @@ StudyReport MakeReport(const Workbench& bench, const std::string& file) {
   report.design_velocity = study.MeanVel;
   report.total_flow_m3h = study.TotalFlowM3h;
   report.pump_head_m = study.PumpHead;
-  report.pipes = study.PipeStats;
-  if (study.SystemClosed()) {
-    report.water_litres = WaterContent(report.pipes);
-  }
+  TakeQuantities(report, bench);
   report.lost_walk = FindLostWalk(study);
   auto rows = bench.workspace.Rows().ReadAll();
   TakeRows(report, rows ? std::move(rows).value() : std::vector<SectionRow>(),

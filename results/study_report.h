@@ -30,7 +30,8 @@ struct StudyReport {
   std::vector<int> critical;   ///< section numbers in order
   std::string critical_nodes;  ///< "ANT - 1 - 2 - ANT", of an open system "ANT - 1 - 9"
   std::vector<SectionRow> rows;
-  std::vector<StatRow> pipes;          ///< sizes in use and not
+  std::vector<StatRow> pipes;          ///< sizes in use and not; none where nothing is counted
+  std::string recount;                 ///< why they are not the study's list, empty when they are
   std::optional<double> water_litres;  ///< of a closed system
   std::vector<OutletSpare> outlets;    ///< of an open system
   std::optional<LostWalk> lost_walk;   ///< the network cannot be walked: the results do not hold

@@ -18,10 +18,7 @@ EditableGridBinding::EditableGridBinding(EditableGrid& grid, QTableView& view)
   editor_.setProperty("role", "cell");
   editor_.hide();
   view.viewport()->installEventFilter(this);
-  if (const int columns = view.property("frozenColumns").toInt(); columns > 0) {
-    frozen_ = new FrozenColumns(view, columns);
-    frozen_->viewport()->installEventFilter(this);
-  }
+  if (frozen() != nullptr) frozen()->viewport()->installEventFilter(this);
 }
 
 void EditableGridBinding::HearUser(const Act& act) {
@@ -34,7 +31,7 @@ void EditableGridBinding::HearUser(const Act& act) {
     act_([this] { grid_.Open(); });
   };
   connect(&view(), &QTableView::doubleClicked, this, open);
-  if (frozen_ != nullptr) connect(frozen_, &QTableView::doubleClicked, this, open);
+  if (frozen() != nullptr) connect(frozen(), &QTableView::doubleClicked, this, open);
   if (grid_.opens_by_right_click) {
     view().setContextMenuPolicy(Qt::CustomContextMenu);
     connect(&view(), &QWidget::customContextMenuRequested, this, [this](const QPoint& at) {
@@ -101,7 +98,7 @@ void EditableGridBinding::PaintZoom() {
   view().setFont(font);
   view().verticalHeader()->setDefaultSectionSize(row_height_ * zoom_ / 100);
   RestoreWidths();
-  if (frozen_ != nullptr) frozen_->FollowSize();
+  if (frozen() != nullptr) frozen()->FollowSize();
 }
 
 void EditableGridBinding::PlaceEditor() {

@@ -3,14 +3,13 @@
 #include <QLineEdit>
 
 #include "desktop/bindings/grid_binding.h"
-#include "desktop/tables/frozen_columns.h"
 #include "form/editable_grid.h"
 
 namespace kalvo {
 
 /// A grid that can be edited and its table. The form moves, selects and edits; the table shows that
 /// and hands in what the mouse does. The editor is a line in the table that the editor's own part
-/// is bound to. A table with the property `frozenColumns` keeps so many in sight.
+/// is bound to.
 class EditableGridBinding : public GridBinding {
  public:
   EditableGridBinding(EditableGrid& grid, QTableView& view);
@@ -30,7 +29,6 @@ class EditableGridBinding : public GridBinding {
 
   EditableGrid& grid_;
   QLineEdit& editor_;
-  FrozenColumns* frozen_ = nullptr;
   Act act_;
   double points_ = 0;  ///< of the table's font at first
   int row_height_ = 0;

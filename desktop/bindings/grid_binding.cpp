@@ -29,7 +29,11 @@ void GridBinding::Join(const Act& act) {
 void GridBinding::DressTable() {
   head_->setStretchLastSection(view_.horizontalHeader()->stretchLastSection());
   view_.setHorizontalHeader(head_);
+  const QHeaderView* designed = view_.verticalHeader();
+  const bool unnumbered =
+      designed->testAttribute(Qt::WA_WState_ExplicitShowHide) && designed->isHidden();
   view_.setVerticalHeader(new RowHeader(&view_));
+  if (unnumbered) view_.verticalHeader()->hide();
   cells_delegate_.SetTintsCurrentRow(view_.property("tintsCurrentRow").toBool());
   view_.setItemDelegate(&cells_delegate_);
   view_.setModel(&model_);
@@ -39,6 +43,9 @@ void GridBinding::DressTable() {
           });
   view_.setEditTriggers(QAbstractItemView::NoEditTriggers);
   view_.setTabKeyNavigation(false);  // Tab leads on to the commands
+  if (const int columns = view_.property("frozenColumns").toInt(); columns > 0) {
+    frozen_ = new FrozenColumns(view_, columns);
+  }
 }
 
 void GridBinding::HearUser(const Act& act) {

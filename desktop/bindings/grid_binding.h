@@ -3,13 +3,14 @@
 #include <QTableView>
 
 #include "desktop/bindings/binding.h"
+#include "desktop/tables/frozen_columns.h"
 #include "desktop/tables/grid_model.h"
 #include "desktop/tables/sheet_delegate.h"
 #include "desktop/tables/stacked_header.h"
 
 namespace kalvo {
 
-/// A grid and its table.
+/// A grid and its table. A table with the property `frozenColumns` keeps so many in sight.
 class GridBinding : public Binding {
  public:
   GridBinding(Grid& grid, QTableView& view);
@@ -30,6 +31,8 @@ class GridBinding : public Binding {
   [[nodiscard]] QTableView& view() const { return view_; }
   [[nodiscard]] const GridModel& model() const { return model_; }
   [[nodiscard]] bool painting() const { return painting_; }
+  /// nullptr without frozen columns.
+  [[nodiscard]] FrozenColumns* frozen() const { return frozen_; }
 
  private:
   void DressTable();
@@ -44,6 +47,7 @@ class GridBinding : public Binding {
   StackedHeader* head_;
   SheetDelegate cells_delegate_;
   DiameterDelegate chips_delegate_;
+  FrozenColumns* frozen_ = nullptr;
   bool by_user_ = false;  ///< the user has set a column's width
   bool sharing_ = false;
   int widths_ = -1;

@@ -7,6 +7,7 @@ namespace kalvo {
 /// What the model of a table or list may say of a cell beyond Qt's own roles.
 enum CellRole {
   kLookRole = Qt::UserRole + 100,  ///< int, CellLook of the cell; of a row's number: of the row
+  kShareRole,                      ///< double, 0 to 1: painted as a bar; none where it is no number
   kDepthRole,                      ///< int: how deep a list's line stands in its tree
 };
 

@@ -26,6 +26,11 @@ QVariant BackgroundOf(Tone tone) {
   return {};
 }
 
+Qt::AlignmentFlag SideOf(const GridColumn& column) {
+  if (column.centred) return Qt::AlignHCenter;
+  return column.number ? Qt::AlignRight : Qt::AlignLeft;
+}
+
 }  // namespace
 
 // "Τμήμα 7/27, ΠΤΩΣΗ ΠΙΕΣΗΣ, 2.830,5, δυσμενέστερος κλάδος"
@@ -59,9 +64,9 @@ QModelIndex GridModel::IndexOf(GridPlace place) const {
 int GridModel::LookOf(GridPlace place, const GridCell& cell) const {
   const Tone tone = cell.tone;
   const GridColumn& column = grid_.columns()[static_cast<std::size_t>(place.column)];
-  int look = IsLocked(place.column) ? kLockedLook : 0;
+  int look = IsLocked(place.column) || tone == Tone::kQuiet ? kLockedLook : 0;
   if (column.open) look |= kOpenLook;
-  if (column.bold) look |= kBoldLook;
+  if (column.bold && tone != Tone::kQuiet) look |= kBoldLook;
   if (cell.refused) look |= kRefusedLook;
   if (grid_.IsMarked(place.row)) look |= kCriticalLook;
   if (tone == Tone::kAlarm) look |= kAlarmLook;
@@ -88,7 +93,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
     case Qt::DisplayRole:
       return ToQt(cell.text);
     case Qt::TextAlignmentRole:
-      return static_cast<int>(Qt::AlignVCenter | (column.number ? Qt::AlignRight : Qt::AlignLeft));
+      return static_cast<int>(Qt::AlignVCenter | SideOf(column));
     case Qt::BackgroundRole:
       return BackgroundOf(cell.tone);
     case Qt::ToolTipRole:
@@ -97,9 +102,16 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
       return SpokenCell(place);
     case kLookRole:
       return LookOf(place, cell);
+    case kShareRole:
+      return cell.share ? QVariant(*cell.share) : QVariant();
     default:
       return {};
   }
+}
+
+Qt::ItemFlags GridModel::flags(const QModelIndex& index) const {
+  const bool blank = index.isValid() && grid_.IsBlank(index.row());
+  return blank ? Qt::NoItemFlags : QAbstractTableModel::flags(index);
 }
 
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {

@@ -15,6 +15,8 @@ constexpr int kSidePadding = 9;
 constexpr double kChipInset = 5;
 constexpr double kChipRadius = 4;
 constexpr int kPencil = 14;
+constexpr int kBarInset = 6;
+constexpr int kBarHeight = 2;
 
 // What a text may be wider than its place before it is cut.
 constexpr int kOverhang = 4;
@@ -47,6 +49,7 @@ void SheetDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                                  : IsLook(cell.look, kCriticalLook) ? theme.critbg
                                  : odd                              ? theme.zebra
                                                                     : theme.surface);
+  DrawShare(*painter, option.rect, index.data(kShareRole));
   DrawContent(*painter, cell, index);
   if (family_ends_.contains(index.column())) {
     // Beside the grid line, which the view draws over whatever lies there.
@@ -74,6 +77,14 @@ void RepaintTintedRows(const QTableView& view, const QModelIndex& now, const QMo
     cells->update(0, view.rowViewportPosition(index.row()), cells->width(),
                   view.rowHeight(index.row()));
   }
+}
+
+void SheetDelegate::DrawShare(QPainter& painter, const QRect& rect, const QVariant& share) {
+  if (!share.isValid()) return;
+  const double width = (rect.width() - 2 * kBarInset) * share.toDouble();
+  painter.fillRect(
+      QRectF(rect.left() + kBarInset, rect.bottom() - kBarHeight - 1, width, kBarHeight),
+      ActiveTheme().water);
 }
 
 void SheetDelegate::LaidOut::UseFont(const QFont& wanted) {
@@ -105,7 +116,9 @@ void SheetDelegate::DrawLine(QPainter& painter, const QRect& rect, Qt::Alignment
     painter.drawText(rect, static_cast<int>(alignment | Qt::AlignVCenter), elided);
     return;
   }
-  const double left = alignment.testFlag(Qt::AlignRight) ? spare.width() : 0;
+  const double left = alignment.testFlag(Qt::AlignRight)     ? spare.width()
+                      : alignment.testFlag(Qt::AlignHCenter) ? spare.width() / 2
+                                                             : 0;
   // Onto whole pixels: the painter would take the one above.
   const double pixels = painter.device()->devicePixelRatioF();
   const double top = std::floor(spare.height() / 2 * pixels + 0.5) / pixels;

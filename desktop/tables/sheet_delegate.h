@@ -10,7 +10,8 @@ namespace kalvo {
 
 /// Cells of a sheet: rows of the critical branch tinted with their name (column 0) in bold, the
 /// selection over the tint, a ring around the current cell, strong lines between families of
-/// columns. A text "label : value" has its label at the left in grey and its value at the right.
+/// columns. A text "label : value" has its label at the left in grey and its value at the right. A
+/// share is a bar below the text.
 /// Wants a model with the roles of cell_roles.h, whose texts and alignments are all it takes beside
 /// them.
 class SheetDelegate : public QStyledItemDelegate {
@@ -55,6 +56,7 @@ class SheetDelegate : public QStyledItemDelegate {
     const Line& Of(const QString& text);
   };
 
+  static void DrawShare(QPainter& painter, const QRect& rect, const QVariant& share);
   static void DrawLine(QPainter& painter, const QRect& rect, Qt::Alignment alignment,
                        const QString& text, LaidOut& laid_out);
 

@@ -64,7 +64,8 @@ TEST(BadInput, StudyThatCannotBeReadIsToldAndLeftAsItIs) {
           {"calc", study, "--fixed"},
           {"check", study},
           {"show", study},
-          {"explain", study, "1"}}) {
+          {"explain", study, "1"},
+          {"quantities", study}}) {
       const Told told = bench.Run(arguments);
       EXPECT_EQ(told.code, 3) << bad.reason << " " << arguments.front();
       EXPECT_EQ(told.out, "") << bad.reason;

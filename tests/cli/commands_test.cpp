@@ -112,8 +112,8 @@ TEST_F(Commands, HelpSpeaksGreekAndNamesEveryArgument) {
   const Told help = Kalvo({"--help"});
   EXPECT_EQ(help.code, 0);
   EXPECT_THAT(help.out, StartsWith("Kalvoflume: "));
-  for (const char* command :
-       {"calc", "check", "show", "flows", "outlets", "explain", "winter", "pipes", "fluids"}) {
+  for (const char* command : {"calc", "check", "show", "flows", "outlets", "explain", "quantities",
+                              "winter", "pipes", "fluids"}) {
     EXPECT_THAT(help.out, HasSubstr("\n  " + std::string(command) + " "));
     const Told told = Kalvo({command, "--help"});
     EXPECT_THAT(told.out, HasSubstr("Χρήση: kalvo " + std::string(command) + " [ΕΠΙΛΟΓΕΣ]"));

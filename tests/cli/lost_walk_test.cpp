@@ -38,6 +38,7 @@ class LostWalkRun : public testing::Test {
          {std::vector<std::string>{"show", study},
           {"explain", study, "1"},
           {"explain", study, "1", "--method", "1"},
+          {"quantities", study, "--format", "json"},
           {"calc", study},
           {"calc", study, "--method", "2"},
           {"calc", study, "--fixed", "--format", "csv"}}) {

@@ -1,8 +1,13 @@
 // The windows of results over the delivered sample and over the longest study.
 #include <gtest/gtest.h>
 
+#include <QClipboard>
 #include <QElapsedTimer>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QScrollBar>
 #include <QTableView>
+#include <QTest>
 
 #include "desktop/theme.h"
 #include "tests/desktop/calculated_desk.h"
@@ -78,6 +83,39 @@ TEST(ResultsWindows, OpenTheLongestStudyAtOnce) {
   RecordProperty("milliseconds", static_cast<int>(timer.elapsed()));
   EXPECT_LT(timer.elapsed(), 1000) << "far above what it takes on a busy machine";
   EXPECT_EQ(sheet.findChild<QTableView*>("fpSpread1")->model()->rowCount(), 999);
+}
+
+TEST(QuantitiesWindow, LeavesTheRowsBelowThePipeSystemAlone) {
+  CalculatedDesk desk(KALVO_SAMPLES_DIR "/hotel.PCK");
+  QWidget& window = desk.Open(screen::kQuantities, {1060, 800});
+  auto& table = *window.findChild<QTableView*>("fpSpread1");
+  const auto sizes = static_cast<int>(desk.study.study.PipeStats.size());
+  ASSERT_LT(sizes, 27);
+  EXPECT_EQ(table.model()->rowCount(), 27);
+  EXPECT_FALSE(table.verticalHeader()->isVisible());
+  EXPECT_TRUE(window.findChild<QPushButton*>("Cmd_Close")->hasFocus());
+  EXPECT_FALSE(window.findChild<QWidget*>("LblWater")->isVisible());
+  table.setFocus();
+  QTest::keyClick(&table, Qt::Key_End, Qt::ControlModifier);
+  EXPECT_EQ(table.currentIndex().row(), sizes - 1);
+  QTest::keyClick(&table, Qt::Key_Down);
+  EXPECT_EQ(table.currentIndex().row(), sizes - 1);
+  const QPoint below = table.visualRect(table.model()->index(sizes, 2)).center();
+  QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, below);
+  EXPECT_EQ(table.currentIndex().row(), sizes - 1);
+  table.selectAll();
+  QTest::keyClick(&table, Qt::Key_C, Qt::ControlModifier);
+  const QStringList lines = QGuiApplication::clipboard()->text().split(QLatin1Char('\n'));
+  EXPECT_EQ(lines.size(), sizes + 1);
+  EXPECT_TRUE(lines.front().startsWith("ΔΙΑΘΕΣΙΜΕΣ ΟΝΟΜΑΣΤΙΚΕΣ"));
+}
+
+TEST(QuantitiesWindow, NeedsNoSidewaysScrollingAtItsLeastSize) {
+  CalculatedDesk desk(KALVO_SAMPLES_DIR "/hotel.PCK");
+  QWidget& window = desk.Open(screen::kQuantities, {900, 600});
+  const auto& table = *window.findChild<QTableView*>("fpSpread1");
+  EXPECT_EQ(table.horizontalScrollBar()->maximum(), 0);
+  ExpectNothingClipped(window);
 }
 
 }  // namespace

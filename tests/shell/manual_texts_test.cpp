@@ -18,6 +18,7 @@
 #include "results/frm_res.h"
 #include "results/frm_res_gn.h"
 #include "results/frm_res_sheet.h"
+#include "results/frm_stat_s.h"
 #include "shell/frm_kind.h"
 #include "shell/frm_main.h"
 #include "tests/support/markdown.h"
@@ -120,6 +121,7 @@ TEST(ManualTexts, KeysAreThoseOfTheirCommands) {
       {"Υποδοχείς", &MakeForm<FrmYpodo>},
       {"Αποτελέσματα, ο πίνακας", &MakeForm<FrmRes_Sheet>},
       {"Αποτελέσματα, ένα τμήμα τη φορά", &MakeForm<FrmRes>},
+      {"Η προμέτρηση", &MakeForm<FrmStatS>},
       {"Η αντλία", &MakeForm<FrmResGn>},
       {"Χειμώνας", &MakeForm<FrmWinter>}};
   const auto parts = AllChapters().at("03-keys.md").Parts();
