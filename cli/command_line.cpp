@@ -6,6 +6,7 @@
 #include <new>
 
 #include "cli/calc_command.h"
+#include "cli/diameters_command.h"
 #include "cli/explain_command.h"
 #include "cli/greek_help.h"
 #include "cli/library_commands.h"
@@ -72,6 +73,7 @@ class Program {
     Add<OutletsCommand>();
     Add<ExplainCommand>();
     Add<QuantitiesCommand>();
+    Add<DiametersCommand>();
     Add<WinterCommand>();
     Add<PipesCommand>();
     Add<FluidsCommand>();

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 
+#include "cli/csv_cell.h"
 #include "engine/fittings.h"
 #include "results/quantities.h"
 #include "study/pressure_units.h"
@@ -11,8 +11,6 @@
 namespace kalvo {
 
 namespace {
-
-constexpr const char* kUtf8Mark = "\xEF\xBB\xBF";
 
 // Fields of the row before and behind the fittings' counts.
 constexpr auto kColumnsBefore = std::to_array<std::string_view>(
@@ -49,32 +47,6 @@ std::vector<std::size_t> ColumnsOfFields() {
   return columns;
 }
 
-std::string Quoted(std::string text, char cell_end) {
-  const auto needs_quotes = [cell_end](char c) {
-    return c == cell_end || c == '"' || c == '\n' || c == '\r';
-  };
-  if (std::none_of(text.begin(), text.end(), needs_quotes)) {
-    return text;
-  }
-  std::string quoted = "\"";
-  for (const char c : text) {
-    quoted.append(c == '"' ? 2 : 1, c);
-  }
-  return quoted + "\"";
-}
-
-char CellEnd(Separators separators) { return separators.decimal == ',' ? ';' : ','; }
-
-// The shortest decimal that reads back to the value.
-std::string ShortestText(float value, char decimal) {
-  std::array<char, 64> buffer{};
-  char* end =
-      std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::fixed)
-          .ptr;
-  std::replace(buffer.data(), end, '.', decimal);
-  return {buffer.data(), end};
-}
-
 // Texts beside the nominal name say the same of every size.
 template <typename Visitor>
 void ForEachQuantity(const StatRow& pipe, Visitor&& visit) {
@@ -90,10 +62,10 @@ std::string QuantityCell(std::int16_t value, Separators /*separators*/) {
   return std::to_string(value);
 }
 std::string QuantityCell(float value, Separators separators) {
-  return ShortestText(value, separators.decimal);
+  return CsvNumber(value, separators.decimal);
 }
 std::string QuantityCell(const FixedText<12>& value, Separators separators) {
-  return Quoted(value.Utf8(), CellEnd(separators));
+  return CsvText(value.Utf8(), CellEnd(separators));
 }
 
 // A line's cells by their column, each field of the row put in by its kind.
@@ -103,14 +75,14 @@ class LineCells {
 
   void Put(std::size_t column, std::int16_t value) { cells_[column] = std::to_string(value); }
 
-  void Put(std::size_t column, float value) { cells_[column] = ShortestText(value, decimal_); }
+  void Put(std::size_t column, float value) { cells_[column] = CsvNumber(value, decimal_); }
 
   // A name keeps its blanks in front.
   template <std::size_t N>
   void Put(std::size_t column, const FixedText<N>& value) {
     const std::string_view bytes = value.bytes();
     cells_[column] =
-        Quoted(FromCodePage(bytes.substr(0, bytes.find_last_not_of(' ') + 1)), cell_end_);
+        CsvText(FromCodePage(bytes.substr(0, bytes.find_last_not_of(' ') + 1)), cell_end_);
   }
 
   void AppendTo(std::string& line) const {
@@ -156,7 +128,7 @@ void CsvReport::PrintHead() const {
 void CsvReport::Print(const StudyReport& report) const {
   const char end = CellEnd(separators_);
   const std::vector<std::size_t> columns = ColumnsOfFields();
-  const std::string first_cell = with_file_ ? Quoted(report.file, end) + end : "";
+  const std::string first_cell = with_file_ ? CsvText(report.file, end) + end : "";
   LineCells cells(separators_.decimal, end);
   std::string line;
   for (const SectionRow& row : report.rows) {
@@ -192,7 +164,7 @@ void PrintQuantitiesCsv(const Console& console, const StudyReport& report) {
       console.out << QuantityCell(value, separators) << end;
     });
     if (report.water_litres) {
-      console.out << ShortestText(static_cast<float>(WaterContent({&pipe, 1})), separators.decimal);
+      console.out << CsvNumber(static_cast<float>(WaterContent({&pipe, 1})), separators.decimal);
     }
     console.out << '\n';
   }

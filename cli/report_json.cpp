@@ -2,10 +2,9 @@
 
 #include <nlohmann/json.hpp>
 
-#include <array>
-#include <charconv>
 #include <cmath>
 
+#include "cli/number_text.h"
 #include "engine/fittings.h"
 #include "engine/open_network.h"
 #include "study/pressure_units.h"
@@ -17,19 +16,10 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-// A 32-bit value as the shortest decimal that reads back to it, not as its 64-bit expansion.
-double Plain(float value) {
-  std::array<char, 64> buffer{};
-  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value).ptr;
-  double plain = 0;
-  std::from_chars(buffer.data(), end, plain);
-  return plain;
-}
+double Pascal(float mm_wg) { return PlainValue(static_cast<float>(PascalOf(mm_wg))); }
+double KiloPascal(float mm_wg) { return PlainValue(static_cast<float>(KiloPascalOf(mm_wg))); }
 
-double Pascal(float mm_wg) { return Plain(static_cast<float>(PascalOf(mm_wg))); }
-double KiloPascal(float mm_wg) { return Plain(static_cast<float>(KiloPascalOf(mm_wg))); }
-
-Json NumberIn(float value) { return Plain(value); }
+Json NumberIn(float value) { return PlainValue(value); }
 Json NumberIn(std::int16_t value) { return value; }
 
 Json FittingsOf(const SectionRow& row) {
@@ -38,8 +28,8 @@ Json FittingsOf(const SectionRow& row) {
     fittings[std::string(fitting.key)] =
         std::visit([&row](auto field) { return NumberIn(row.*field); }, fitting.count);
   }
-  fittings["other_drop_mm_wg"] = Plain(row.OtherDrop_mm);
-  fittings["other_length_m"] = Plain(row.OtherDrop_m);
+  fittings["other_drop_mm_wg"] = PlainValue(row.OtherDrop_mm);
+  fittings["other_length_m"] = PlainValue(row.OtherDrop_m);
   return fittings;
 }
 
@@ -47,26 +37,26 @@ Json SectionOf(const StudyReport& report, const SectionRow& row, PressureUnits u
   Json section = {{"number", row.RecordNumber},
                   {"name", FromCodePage(Trim(row.Name.bytes()))},
                   {"critical", report.IsCritical(row.RecordNumber)},
-                  {"length_m", Plain(row.Length)},
+                  {"length_m", PlainValue(row.Length)},
                   {"nominal_diameter", row.NomiDiam.Utf8()},
-                  {"inner_diameter_mm", Plain(std::fabs(row.InDiameter))},
+                  {"inner_diameter_mm", PlainValue(std::fabs(row.InDiameter))},
                   {"diameter_imposed", std::signbit(row.InDiameter)},
-                  {"area_m2", Plain(row.Area)},
-                  {"flow_lh", Plain(row.WaterFlow)},
-                  {"velocity_m_s", Plain(row.Velocity)},
-                  {"reynolds", Plain(row.Reynolds)},
-                  {"friction_factor", Plain(row.Lamda)},
-                  {"friction_mm_wg_per_m", Plain(row.FrictionRate)},
-                  {"drop_mm_wg", Plain(row.TotalDrop)},
-                  {"available_mm_wg", Plain(row.AvaiPres)},
+                  {"area_m2", PlainValue(row.Area)},
+                  {"flow_lh", PlainValue(row.WaterFlow)},
+                  {"velocity_m_s", PlainValue(row.Velocity)},
+                  {"reynolds", PlainValue(row.Reynolds)},
+                  {"friction_factor", PlainValue(row.Lamda)},
+                  {"friction_mm_wg_per_m", PlainValue(row.FrictionRate)},
+                  {"drop_mm_wg", PlainValue(row.TotalDrop)},
+                  {"available_mm_wg", PlainValue(row.AvaiPres)},
                   {"plant_marker", row.Auxi},
                   {"fittings", FittingsOf(row)}};
   const bool open = report.kind == SystemKind::kOpen;
   if (open) {
-    section["flow_pressure_m_wg"] = Plain(row.SomaDrop);
-    section["height_m"] = Plain(row.HeightDiff);
+    section["flow_pressure_m_wg"] = PlainValue(row.SomaDrop);
+    section["height_m"] = PlainValue(row.HeightDiff);
   } else {
-    section["emitter_drop_mm_wg"] = Plain(row.SomaDrop);
+    section["emitter_drop_mm_wg"] = PlainValue(row.SomaDrop);
   }
   if (units == PressureUnits::kPascal) {
     section["friction_pa_per_m"] = Pascal(row.FrictionRate);
@@ -80,20 +70,20 @@ Json SectionOf(const StudyReport& report, const SectionRow& row, PressureUnits u
 
 Json PipeOf(const StatRow& pipe) {
   Json json = {{"nominal_diameter", pipe.NomiDiameter.Utf8()},
-               {"inner_diameter_mm", Plain(pipe.InDiameter)},
-               {"length_m", Plain(pipe.Length)},
-               {"volume_m3", Plain(pipe.FluidVolume)}};
+               {"inner_diameter_mm", PlainValue(pipe.InDiameter)},
+               {"length_m", PlainValue(pipe.Length)},
+               {"volume_m3", PlainValue(pipe.FluidVolume)}};
   for (const Fitting& fitting : kFittings) {
     if (fitting.total != nullptr) {
-      json[std::string(fitting.key)] = Plain(pipe.*fitting.total);
+      json[std::string(fitting.key)] = PlainValue(pipe.*fitting.total);
     }
   }
   return json;
 }
 
 Json PumpOf(const StudyReport& report, PressureUnits units) {
-  Json pump = {{"flow_m3h", Plain(report.total_flow_m3h)},
-               {"head_m_wg", Plain(report.pump_head_m)}};
+  Json pump = {{"flow_m3h", PlainValue(report.total_flow_m3h)},
+               {"head_m_wg", PlainValue(report.pump_head_m)}};
   if (units == PressureUnits::kPascal) {
     pump["head_kpa"] = KiloPascal(report.critical_drop);
   }
@@ -146,10 +136,10 @@ Json JsonOf(const StudyReport& report, PressureUnits units) {
                {"pipe_system", report.pipe_system},
                {"method", MethodNumber(report)},
                {"fixed_diameters", report.fixed_diameters},
-               {"mean_temperature_c", Plain(report.mean_temperature)},
-               {"design_velocity_m_s", Plain(report.design_velocity)},
+               {"mean_temperature_c", PlainValue(report.mean_temperature)},
+               {"design_velocity_m_s", PlainValue(report.design_velocity)},
                {"pump", PumpOf(report, units)},
-               {"critical_drop_mm_wg", Plain(report.critical_drop)},
+               {"critical_drop_mm_wg", PlainValue(report.critical_drop)},
                {"critical_branch", report.critical},
                {"critical_nodes", report.critical_nodes},
                {"lost_walk", LostWalkOf(report)}};

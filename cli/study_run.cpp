@@ -81,7 +81,11 @@ int CalculateOnFixedDiameters(const Console& console, Session& session) {
     bench.Show(message::kNoResults);
     return exit_code::kRefused;
   }
-  switch (Rerun(bench)) {
+  return TellRunEnd(console, session, Rerun(bench));
+}
+
+int TellRunEnd(const Console& console, Session& session, RunEnd end) {
+  switch (end) {
     case RunEnd::kBrokenOff:
       return TellBrokenOff(console, session, session.Rows());
     case RunEnd::kViscosity:

@@ -12,6 +12,9 @@ int CalculateStudy(const Console& console, Session& session, Method method);
 /// The same on the diameters that the sections have, by the method they were calculated with.
 int CalculateOnFixedDiameters(const Console& console, Session& session);
 
+/// Tells what kept a run from its end. The exit code of it.
+int TellRunEnd(const Console& console, Session& session, RunEnd end);
+
 /// Tells that a study of the other kind was expected; the exit code of it.
 int RefuseKind(const Console& console, const Session& session, const std::string& file);
 

@@ -64,6 +64,16 @@ int ReplaceDiameters(RowTable& rows, const DiameterChange& change, const RowTabl
   return replaced;
 }
 
+namespace {
+
+int ReplaceAll(RowTable& rows, const std::vector<DiameterChange>& changes, const RowTable& first) {
+  int replaced = 0;
+  for (const DiameterChange& change : changes) replaced += ReplaceDiameters(rows, change, first);
+  return replaced;
+}
+
+}  // namespace
+
 Result<int> ReplaceDiameters(Workbench& bench, const DiameterChange& change) {
   const auto first = bench.workspace.Rows(work_file::kFirstRows).ReadAll();
   if (!first) return first.error();
@@ -89,7 +99,7 @@ ResultComparison CompareResults(const ComparedRows& before, const ComparedRows& 
   return comparison;
 }
 
-ChangeOutcome ChangeDiameters(Workbench& bench, const DiameterChange& change) {
+ChangeOutcome ChangeDiameters(Workbench& bench, const std::vector<DiameterChange>& changes) {
   ChangeOutcome outcome;
   const std::string branch = bench.study.critical_branch;
   RowTable before;
@@ -100,14 +110,17 @@ ChangeOutcome ChangeDiameters(Workbench& bench, const DiameterChange& change) {
     first = ReadRows(bench.workspace, work_file::kFirstRows);
     library = Require(ReadPipeSystem(bench.workspace, bench.study.pipe_system_number));
     RowTable tried = before;
-    outcome.replaced = ReplaceDiameters(tried, change, first);
+    outcome.replaced = ReplaceAll(tried, changes, first);
   };
   if (RunTrapped(bench, prepare)) {
     outcome.end = RunEnd::kBrokenOff;
     return outcome;
   }
-  if (outcome.replaced == 0) return outcome;
-  outcome.end = RerunChanged(bench, [&](RowTable& rows) { ReplaceDiameters(rows, change, first); });
+  if (outcome.replaced == 0) {
+    outcome.comparison = CompareResults({before, branch}, {before, branch}, library);
+    return outcome;
+  }
+  outcome.end = RerunChanged(bench, [&](RowTable& rows) { ReplaceAll(rows, changes, first); });
   if (outcome.end != RunEnd::kCalculated) return outcome;
   RunTrapped(bench, [&] {
     const RowTable after = ReadRows(bench.workspace);

@@ -68,11 +68,11 @@ ResultComparison CompareResults(const ComparedRows& before, const ComparedRows& 
 struct ChangeOutcome {
   RunEnd end = RunEnd::kCalculated;
   int replaced = 0;  ///< 0: every section had the diameter, nothing was calculated
-  std::optional<ResultComparison> comparison;
+  std::optional<ResultComparison> comparison;  ///< nothing unless there are results after it
 };
 
-/// ReplaceDiameters(), the re-run on the new diameters and the comparison. The rows are written
-/// once, with their results; then `STATIST.TMP` and `DATARES.PRV` (RerunChanged()).
-ChangeOutcome ChangeDiameters(Workbench& bench, const DiameterChange& change);
+/// ReplaceDiameters() for each change, the re-run on the new diameters and the comparison. The rows
+/// are written once, with their results; then `STATIST.TMP` and `DATARES.PRV` (RerunChanged()).
+ChangeOutcome ChangeDiameters(Workbench& bench, const std::vector<DiameterChange>& changes);
 
 }  // namespace kalvo
