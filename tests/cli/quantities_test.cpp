@@ -22,6 +22,7 @@ nlohmann::json SumsOf(const nlohmann::json& sections) {
   nlohmann::json sums;
   for (const auto& section : sections) {
     auto& sum = sums[section["nominal_diameter"].get<std::string>()];
+    if (sum.is_null()) sum = nlohmann::json::object();
     sum["length_m"] = sum.value("length_m", 0.0) + section["length_m"].get<double>();
     for (const char* fitting :
          {"elbows", "bends_90", "valves", "straight_valves", "angle_valves", "check_valves"}) {
@@ -129,7 +130,8 @@ TEST_F(QuantitiesOf, AListThatIsMissingForeignOrCutAreToldApart) {
 TEST_F(QuantitiesOf, WhatIsNotCalculatedAreRefusedAsByCalc) {
   const std::string lost = bench_.Put("lost.PCK", Words{"ANT/1 1m", "1/2 1m 9 l/h soma 1mm"});
   EXPECT_EQ(bench_.Run({"quantities", lost}).code, bench_.Run({"calc", lost}).code);
-  const std::string large = bench_.Put("large.PCK", Words{"ANT/ANT 1m 900000 l/h soma 1mm"});
+  const std::string large =
+      bench_.Put("large.PCK", Words{"ANT/1 1m 90000 l/h plant", "1/ANT 1m 90000 l/h soma 100mm"});
   EXPECT_EQ(bench_.Run({"quantities", large}).code, bench_.Run({"calc", large}).code);
   EXPECT_NE(bench_.Run({"quantities", large}).code, 0);
   EXPECT_EQ(bench_.Run({"quantities", large, "--ignore-capacity"}).code,
