@@ -120,7 +120,7 @@ void TakeEntry(SectionRow& row, const SectionEntry& entry, Separators separators
   // What was not edited keeps its whole value, which its text may not show.
   const SectionEntry shown = EntryOf(row, separators);
   SectionRow taken = row;
-  if (entry.left != shown.left || entry.right != shown.right || row.Name.Trimmed().empty()) {
+  if (entry.left != shown.left || entry.right != shown.right) {
     taken.Name = MakeName(TypedNode(entry.left), TypedNode(entry.right));
   }
   for (const auto& [text, field] : kEntryNumbers) {

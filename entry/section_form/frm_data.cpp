@@ -57,11 +57,13 @@ FrmData::FrmData(Desk& shared_desk)
       keeping_(sitting_, bench),
       fields_{&Txt0,  &Txt1,  &Txt2,  &Txt6,  &Txt7,  &Txt8,  &Txt9, &Txt10,
               &Txt11, &Txt12, &Txt13, &Txt14, &Txt15, &Txt16, &Txt17} {
+  // They look at all fields as they were typed.
   for (Command* freely :
-       {&Cmd_Help, &Cmd_End, &CmdShift_F12, &Cmd_Undo, &Cmd_Redo, &CmdEscape, &Cmd_Ins, &Cmd_Del}) {
+       {&Cmd_Help, &Cmd_End, &CmdShift_F12, &Cmd_Undo, &Cmd_Redo, &CmdEscape, &Cmd_Ins, &Cmd_Del,
+        &Cmd_First, &Cmd_Prev, &Cmd_Next, &Cmd_Last, &Cmd_GoTo, &CmdANT}) {
     freely->leaves_freely = true;
   }
-  for (Command* itself : {&Cmd_Ins, &Cmd_Del, &Cmd_End, &CmdShift_F12, &CmdEscape}) {
+  for (Command* itself : {&Cmd_Ins, &Cmd_Del, &Cmd_End, &CmdShift_F12, &CmdEscape, &Cmd_Tau}) {
     itself->sounds_itself = true;
   }
   SetUpFields();
@@ -192,7 +194,6 @@ void FrmData::Show(const SheetRow& texts) {
   }
   Txt0.locked = IsOpen();
   Txt1.locked = bench.study.CurrentRow == 1;
-  snapshot_ = texts;
   CloseSame();
   Tell("");
 }
@@ -219,6 +220,15 @@ void FrmData::ShowNewRow() {
 
 void FrmData::FocusFirst() { Focus(bench.study.CurrentRow == 1 ? Txt2 : IsOpen() ? Txt1 : Txt0); }
 
+// A correction stays in its column.
+void FrmData::FocusAfterMove() {
+  if (IsPlain() || is_new_) {
+    FocusFirst();
+  } else {
+    FocusAgain();
+  }
+}
+
 void FrmData::FocusAgain() {
   auto* field = dynamic_cast<Field*>(focus());
   if (field != nullptr && field->CanEdit()) {
@@ -231,6 +241,17 @@ void FrmData::FocusAgain() {
 bool FrmData::IsTyped() const {
   return std::ranges::any_of(fields_, &Field::edited) ||
          (is_new_ && row() < sitting_.draft.Count());
+}
+
+const SheetRow& FrmData::Before() const {
+  return lags_ ? sitting_.draft.At(row()) : sitting_.Stored(row());
+}
+
+bool FrmData::IsChanged() const {
+  if (is_new_) return IsTyped();
+  return std::ranges::any_of(fields_, [this](const Field* field) {
+    return field->Trimmed() != Before().texts.at(static_cast<std::size_t>(ColumnOf(field)));
+  });
 }
 
 bool FrmData::Erase(Field& field) {
@@ -254,7 +275,7 @@ bool FrmData::LeaveLeft() {
 }
 
 bool FrmData::LeaveRight() {
-  if (!IsEdited(Txt1) || one_branch_) return true;
+  if (!IsEdited(Txt1) || IsOneBranch()) return true;
   const std::string name = Txt1.Trimmed();
   if (name == Txt0.Trimmed()) return Erase(Txt1);
   return ParseNumber(name, desk.separators) != 0 || name == kSource || Erase(Txt1);
@@ -288,7 +309,15 @@ bool FrmData::FieldsFit() {
   return true;
 }
 
-// A number that is edited shows as the sheet shows it from now on.
+bool FrmData::FieldsAgree() {
+  if (!FieldsFit()) return false;
+  if (LeaveLeft()) return true;
+  Focus(Txt0);
+  return false;
+}
+
+// A number that is edited shows as the sheet shows it from now on. A text that no cell takes stays
+// the field's until the row is left, and is told then.
 void FrmData::TakeFields(std::string_view action) {
   const int column = std::max(ColumnOf(focus()), 0);
   const SectionDraft::Action step(sitting_.draft, action, {row(), column});
@@ -296,7 +325,9 @@ void FrmData::TakeFields(std::string_view action) {
     const int at = ColumnOf(field);
     const bool whole = CountDecimalSeparators(field->text, desk.separators) <= 1;
     if (field->edited() && whole) {
-      field->Show(AcceptedText(field->Trimmed(), at, desk.separators).value_or(""));
+      const auto accepted = AcceptedText(field->Trimmed(), at, desk.separators);
+      if (!accepted) continue;
+      field->Show(*accepted);
     }
     sitting_.draft.Set(row(), at, field->Trimmed());
   }
@@ -307,7 +338,17 @@ bool FrmData::PressSource(const Key& key) {
   Txt1.Show(kSource);
   TakeFields("Κόμβος ANT");
   Focus(Txt2);
+  if (key.shift) source_rest_ = U"NT";
   return true;
+}
+
+// The name typed to its end in capitals must not become tees.
+bool FrmData::PressRestOfSource(const Key& key) {
+  if (key.IsText() && key.character == 0 && key.latin == 0) return false;  // Shift by itself
+  const bool goes_on = !source_rest_.empty() && focus() == &Txt2 && key.IsText() &&
+                       key.latin == source_rest_.front();
+  source_rest_ = goes_on ? source_rest_.substr(1) : std::u32string_view();
+  return goes_on;
 }
 
 // The two other drops are typed in whole numbers; a paste may bring decimals.
@@ -325,6 +366,7 @@ bool FrmData::PressTee(const Key& key) {
 }
 
 bool FrmData::FirstKey(const Key& key) {
+  if (PressRestOfSource(key)) return true;
   if (focus() == &CboSame) {
     if (key != Plain(KeyCode::kEscape)) return CboSame.Press(key);
     CloseSame();
@@ -396,7 +438,7 @@ void FrmData::DeriveHead() {
   const Study& study = bench.study;
   TxtProgram.text = study.study_title;
   LblCount.text = std::to_string(count()) + (count() == 1 ? " τμήμα" : " τμήματα");
-  LblUnsaved.visible = study.unsaved_changes || lags_ || IsTyped();
+  LblUnsaved.visible = study.unsaved_changes || lags_ || IsChanged();
   Txt_aa.text = std::to_string(study.CurrentRow);
   LblOf.text = is_new_ ? "νέο" : "από " + std::to_string(count());
   ChkSoundD.on = desk.options.SoundOn;
@@ -423,9 +465,8 @@ void FrmData::DeriveChecks() {
   LblChanged.text.clear();
   for (std::size_t i = 1; i <= fields_.size(); ++i) {
     const Field& field = *fields_[i % fields_.size()];  // the first half of the name comes last
-    const auto at = static_cast<std::size_t>(ColumnOf(&field));
-    if (field.Trimmed() == snapshot_.texts[at] || is_new_) continue;
-    const std::string& before = snapshot_.texts[at];
+    const std::string& before = Before().texts.at(static_cast<std::size_t>(ColumnOf(&field)));
+    if (field.Trimmed() == before || is_new_) continue;
     LblChanged.text = "άλλαξε : " + std::string(FieldWords()[i % fields_.size()].word) + ", ήταν " +
                       (before.empty() ? "κενό" : before);
     break;

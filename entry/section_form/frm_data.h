@@ -114,10 +114,11 @@ class FrmData : public Form, private TeeCounters {
   [[nodiscard]] Field& FieldOf(int column) const;
   [[nodiscard]] SheetRow Texts() const;
   void Show(const SheetRow& texts);
-  /// A row of the file, or the one after the last as a new row.
   void ShowRow(int number);
+  /// The one after the last.
   void ShowNewRow();
   void FocusFirst();
+  void FocusAfterMove();
   /// After a move: the same field, its text selected.
   void FocusAgain();
   void Tell(std::string what, Tone tone = Tone::kAlarm);
@@ -129,23 +130,32 @@ class FrmData : public Form, private TeeCounters {
   static bool Erase(Field& field);
   static bool IsEdited(const Field& field);
   [[nodiscard]] bool IsTyped() const;
+  /// The row on show before it was changed: as in the file, or, where the rows lag, in the draft.
+  [[nodiscard]] const SheetRow& Before() const;
+  /// It says something that is not stored.
+  [[nodiscard]] bool IsChanged() const;
   /// What the fields hold becomes the draft's, as one action.
   void TakeFields(std::string_view action);
   /// False: a number is larger than any row takes.
   bool Fits(Field& field);
   bool FieldsFit();
+  /// The same of all fields, and the first name is one.
+  bool FieldsAgree();
   bool PressSource(const Key& key);
+  bool PressRestOfSource(const Key& key);
   [[nodiscard]] bool PressDecimal(const Key& key) const;
   bool PressTee(const Key& key);
 
   // Moves.
   [[nodiscard]] bool IsPlain() const;
   [[nodiscard]] bool IsUntouchedNew() const { return is_new_ && !IsTyped(); }
-  /// False: a check fails; its message was shown and its field has the focus.
-  bool Passes();
+  /// What bars the row from being left.
+  [[nodiscard]] std::optional<RowFault> Fault() const;
+  /// False: something does; its message was shown and its field has the focus.
   bool Checked();
   bool StoreRow();
   bool GuardRows();
+  bool MayChangeRows();
   bool FollowRows(SectionSitting::RowMove move, int at);
   bool PutLagging();
   /// Checks and stores, or drops a new row that says nothing. False: the row stays.
@@ -177,6 +187,7 @@ class FrmData : public Form, private TeeCounters {
 
   // The end.
   bool MayTakeNewRow();
+  [[nodiscard]] bool IsOneBranch() const;
   bool SettleOneBranch();
   bool Finish();
   bool GoToWrongRow();
@@ -196,6 +207,7 @@ class FrmData : public Form, private TeeCounters {
   [[nodiscard]] std::string SectionText() const override;
   [[nodiscard]] TeeTexts Counts() const override;
   bool Press(char letter) override;
+  [[nodiscard]] std::string Refusal() const override;
   void Shown() override;
   void BringToFront() override;
 
@@ -207,12 +219,14 @@ class FrmData : public Form, private TeeCounters {
   SelfKeeping keeping_;
   bool begun_ = false;
   std::array<Field*, 15> fields_;
-  SheetRow snapshot_;        ///< the row as it was shown
   bool is_new_ = false;      ///< it is not in the file
   bool lags_ = false;        ///< rows do not say what the draft says
   bool one_branch_ = false;  ///< the user has said that there is one section only
   bool insert_mode_ = false;
   std::size_t steps_before_insert_ = 0;
+  std::string rows_before_insert_;   ///< bytes of the file
+  std::u32string_view source_rest_;  ///< letters of the source's name that may still be typed
+  bool held_ = false;                ///< a field could not be left for the last letter of a tee
 };
 
 }  // namespace kalvo

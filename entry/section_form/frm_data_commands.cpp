@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <exception>
 
 #include "entry/section_form/frm_data.h"
 #include "entry/sections/sheet_columns.h"
@@ -48,6 +49,7 @@ bool FrmData::AskOneBranch() {
 }
 
 void FrmData::SetSource() {
+  if (!FieldsAgree()) return;
   if (row() == 0) {
     if (count() > 1) return;
     one_branch_ = AskOneBranch();
@@ -75,9 +77,10 @@ void FrmData::Insert() {
     desk.sound.Beep();
     return;
   }
-  if (GoToWrongRow() || !GuardRows()) return;
+  if (GoToWrongRow() || !MayChangeRows()) return;
   SectionDraft& draft = sitting_.draft;
   const std::size_t steps = draft.history().depth();
+  rows_before_insert_ = EncodeRows<SectionRow>(sitting_.rows());
   const SectionRow present = bench.study.row;
   {
     const SectionDraft::Action step(draft, "Παρεμβολή τμήματος", {row(), sheet_column::kLength});
@@ -94,12 +97,15 @@ void FrmData::Insert() {
   FocusFirst();
 }
 
-// The file of before comes back; where it has gone, the rows are made of the draft.
+// The file of before comes back; where it has gone, or is another one, the rows are made of the
+// draft.
 void FrmData::CancelInsert() {
   LeaveInsertMode();
   SectionDraft& draft = sitting_.draft;
   while (draft.history().depth() > steps_before_insert_) draft.Undo();
-  if (UndoInsert(bench)) {
+  const auto old = bench.workspace.ReadIfThere(work_file::kRowsBeforeInsert);
+  if (old && *old == rows_before_insert_ && UndoInsert(bench)) {
+    const SectionDraft::Action step(draft, kCancelCaption, {row(), sheet_column::kLength});
     FollowRows(SectionSitting::RowMove::kNone, 0);
   } else {
     lags_ = true;
@@ -119,7 +125,7 @@ void FrmData::Delete() {
   if (!Checked() || !StoreRow()) return;
   desk.Click();
   if (bench.Show(message::kDeleteSection) != Answer::kYes) return;
-  if (GoToWrongRow() || !GuardRows()) return;
+  if (GoToWrongRow() || !MayChangeRows()) return;
   if (IsOpen() && count() > kMostSections) {
     Tell("Πάνω από 999 τμήματα : οι α/α δεν χωρούν στα ονόματα");
     return;
@@ -168,12 +174,21 @@ void FrmData::DropNewRow() {
   FocusFirst();
 }
 
+// While the window is open the command does nothing at all.
 void FrmData::OpenTees() {
   if (desk.screens.tee_counters != nullptr) return;
+  desk.Click();
   desk.screens.tee_counters = this;
   TxtProgram.visible = false;
   LblWait.visible = true;
-  desk.navigator.Show(screen::kFormTees);
+  try {
+    desk.navigator.Show(screen::kFormTees);
+  } catch (const std::exception&) {
+    desk.screens.tee_counters = nullptr;
+    Shown();
+    throw;
+  }
+  Cmd_Tau.leaves_freely = true;
 }
 
 void FrmData::Shown() {
@@ -183,6 +198,7 @@ void FrmData::Shown() {
 
 void FrmData::BringToFront() {
   desk.screens.tee_counters = nullptr;
+  Cmd_Tau.leaves_freely = false;
   Shown();
   desk.navigator.Show(screen::kSections);
   Focus(Txt15);
@@ -201,9 +217,16 @@ std::string FrmData::SectionText() const {
 
 TeeTexts FrmData::Counts() const { return {Txt11.text, Txt12.text, Txt13.text, Txt14.text}; }
 
+std::string FrmData::Refusal() const {
+  return held_ ? "Δεν προστέθηκε: η φόρμα έχει ένα πεδίο που πρέπει να διορθωθεί."
+               : TeeCounters::Refusal();
+}
+
 bool FrmData::Press(char letter) {
   const TeeCase* tee = FindTeeCase(static_cast<char32_t>(letter));
-  if (tee == nullptr || !MoveFocus(&Txt15)) return false;
+  if (tee == nullptr) return false;
+  held_ = !MoveFocus(&Txt15);
+  if (held_) return false;
   Focus(Txt15);
   const auto counts = ApplyTeeCase(*tee, Table(), Counts(), desk.separators);
   const std::string name = std::string("< ΤΑΥ > περίπτωσης <") + letter + ">";

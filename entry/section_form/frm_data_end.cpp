@@ -20,11 +20,19 @@ bool FrmData::MayTakeNewRow() {
   return answer == Answer::kNo || answer == Answer::kYes;
 }
 
+// The user has said so, and has not taken it back.
+bool FrmData::IsOneBranch() const {
+  const SectionDraft& draft = sitting_.draft;
+  return one_branch_ && draft.Text(0, sheet_column::kLeft) == kSource &&
+         draft.Text(0, sheet_column::kRight) == kSource;
+}
+
 // One section that goes from the source to the source is meant only if the user says so.
 bool FrmData::SettleOneBranch() {
   const bool says_so = Txt0.Trimmed() == kSource && Txt1.Trimmed() == kSource;
-  if (IsOpen() || row() > 0 || one_branch_ || says_so || count() > 1) return true;
+  if (IsOpen() || row() > 0 || says_so || count() > 1) return true;
   one_branch_ = AskOneBranch();
+  if (!one_branch_ && IsUntouchedNew()) return false;
   Txt0.Show(kSource);
   Txt1.Show(one_branch_ ? kSource : "1");
   TakeFields("Κόμβος ANT");
@@ -54,13 +62,13 @@ bool FrmData::GoToWrongRow() {
 }
 
 void FrmData::EndEntry() {
+  if (count() == 0 && IsUntouchedNew() && !SettleOneBranch()) return;
   if (!Finish()) return;
   desk.Click();
   const DraftRows made = sitting_.Rows();
   const bool ends = !made.changed && desk.screens.edit_mode;
   const std::string_view next = ends ? screen::kMain : ScreenAfterEntry(desk, made);
-  sitting_.End();
-  Leave(next);
+  if (TellIfFailed(bench, sitting_.End())) Leave(next);
 }
 
 // Rows that came in or went send the emitters before the sheet.
@@ -74,7 +82,7 @@ void FrmData::SwitchToSheet() {
     Leave(screen::kSheet);
     return;
   }
-  sitting_.End();
+  if (!TellIfFailed(bench, sitting_.End())) return;
   desk.screens.back_to_sheet = true;
   Leave(IsOpen() ? screen::kOutlets : screen::kEmitters);
 }
@@ -86,10 +94,9 @@ bool FrmData::MayClose() {
 
 // As a move; a row that must not be stored is given up only if the user says so.
 void FrmData::LeaveByClosing() {
-  const bool as_shown = !is_new_ && Texts().texts == snapshot_.texts;
   bool stored = true;
-  if (!IsUntouchedNew() && !as_shown) {
-    if (!FieldsFit() || !LeaveLeft() || FirstFault(Texts(), row(), desk.separators)) {
+  if (IsChanged()) {
+    if (!FieldsFit() || !LeaveLeft() || Fault()) {
       if (!MayDropRow()) return;
       GiveRowUp();
     } else {
@@ -97,13 +104,9 @@ void FrmData::LeaveByClosing() {
     }
   }
   desk.Click();
-  stored = stored && (!lags_ || PutLagging()) && TellIfFailed(bench, sitting_.Settle());
-  if (stored) {
-    sitting_.End();
-  } else if (!MayLeaveUnstored()) {
-    return;
-  }
-  Leave(screen::kMain);
+  stored = stored && (!lags_ || PutLagging()) && (sitting_.rows().empty() || GuardRows()) &&
+           TellIfFailed(bench, sitting_.Settle()) && TellIfFailed(bench, sitting_.End());
+  if (stored || MayLeaveUnstored()) Leave(screen::kMain);
 }
 
 // What the file has of the row counts again.
@@ -117,7 +120,7 @@ void FrmData::GiveRowUp() {
 }
 
 // What cannot go into the rows stays in the kept sheet, and where that cannot be, the user is
-// asked.
+// asked; the rows as entry began stay then.
 bool FrmData::MayLeaveUnstored() {
   const Answer answer =
       bench.Ask({" !!... ΠΡΟΣΟΧΗ ...!! ",
@@ -125,9 +128,11 @@ bool FrmData::MayLeaveUnstored() {
                   "Να κλείσει η φόρμα, και να φυλαχθούν όπως είναι για την επόμενη φορά ??"},
                  box_style::kDefaultNo});
   if (answer != Answer::kYes) return false;
-  bench.workspace.Delete(work_file::kFirstRows);
   const auto told = keeping_.KeepNow(PendingTexts());
-  if (!told) return true;
+  if (!told) {
+    bench.workspace.Delete(work_file::kFirstRows);
+    return true;
+  }
   return bench.Ask({" !!... ΠΡΟΣΟΧΗ ...!! ",
                     {told->text, "Να κλείσει, και να χαθούν οι τελευταίες αλλαγές ??"},
                     box_style::kDefaultNo}) == Answer::kYes;

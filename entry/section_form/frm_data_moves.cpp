@@ -6,36 +6,31 @@
 #include "entry/sections/sheet_view.h"
 #include "form/tell.h"
 #include "study/message_codes.h"
+#include "study/safety_copies.h"
 
 namespace kalvo {
 
 // Entry from nothing, or on after the last row, as against the correction of rows that there are.
 bool FrmData::IsPlain() const { return !desk.screens.edit_mode && !sitting_.from_sheet; }
 
-bool FrmData::Passes() {
-  const auto fault = FirstFault(Texts(), row(), desk.separators);
+std::optional<RowFault> FrmData::Fault() const {
+  const SheetRow texts = Texts();
+  if (const auto fault = SeparatorFault(texts, desk.separators)) return fault;
+  const bool named =
+      !Txt1.edited() || AcceptedText(Txt1.Trimmed(), sheet_column::kRight, desk.separators);
+  if (!named) return RowFault{message::kWrongFeeder, sheet_column::kRight};
+  return FirstFault(texts, row(), desk.separators);
+}
+
+// What was typed stays, unless no row takes it.
+bool FrmData::Checked() {
+  if (!FieldsAgree()) return false;
+  const auto fault = Fault();
   if (!fault) return true;
   bench.Show(fault->message);
   Field& field = FieldOf(fault->column);
   field.refused = true;
   Focus(field);
-  return false;
-}
-
-// All that bars a row from being left, also by a command that leaves its field freely.
-bool FrmData::Checked() {
-  if (!FieldsFit()) return false;
-  if (!LeaveLeft()) {
-    Focus(Txt0);
-    return false;
-  }
-  const bool named =
-      !Txt1.edited() ||
-      AcceptedText(Txt1.Trimmed(), sheet_column::kRight, desk.separators).has_value();
-  if (named) return Passes();
-  bench.Show(message::kWrongFeeder);
-  Txt1.refused = true;
-  Focus(Txt1);
   return false;
 }
 
@@ -50,28 +45,53 @@ bool FrmData::StoreRow() {
     return true;
   }
   if (sitting_.IsStored(row())) return true;
-  if (!GuardRows()) return false;
+  if (!MayChangeRows()) return false;
+  if (lags_) return PutLagging();
   const SectionEntry entry = EntryOfSheetRow(sitting_.draft.At(row()));
   if (!TellIfFailed(bench, StoreSectionRow(bench, entry, desk.separators))) return false;
   is_new_ = false;
-  return FollowRows(SectionSitting::RowMove::kNone, 0);
+  FollowRows(SectionSitting::RowMove::kNone, 0);
+  return !lags_;
 }
 
-// Emitters that could not be written are told; they follow at the latest when entry ends.
+// Where nobody knows what the rows say now they are made of the draft. Emitters that could not be
+// written are told; they follow at the latest when entry ends.
 bool FrmData::FollowRows(SectionSitting::RowMove move, int at) {
-  if (!TellIfFailed(bench, sitting_.FollowRows(move, at))) return false;
+  if (!TellIfFailed(bench, sitting_.FollowRows(move, at))) {
+    lags_ = true;
+    PutLagging();
+    return false;
+  }
   TellIfFailed(bench, sitting_.Settle());
   return true;
 }
 
+// What something else has put there goes to safety; then the rows come back. Where there are none
+// yet, those that come take its place.
 bool FrmData::GuardRows() {
-  const auto mended = sitting_.GuardRows();
-  if (!mended) {
-    TellError(bench, mended.error());
+  const auto differ = sitting_.RowsDiffer();
+  if (!differ) {
+    TellError(bench, differ.error());
     return false;
   }
-  if (*mended) Tell("Το αρχείο των Τμημάτων είχε αλλάξει ή χαθεί : γράφτηκε πάλι");
+  if (!*differ) return true;
+  const bool has_bytes = bench.workspace.HasBytes(work_file::kRows);
+  if (has_bytes && !KeepSafetyCopyAnyway(bench, desk.safety_folders())) return false;
+  if (sitting_.rows().empty()) {
+    lags_ = true;
+  } else if (!TellIfFailed(bench, sitting_.RestoreRows())) {
+    return false;
+  }
+  Box box{" !!... ΠΡΟΣΟΧΗ ...!! ",
+          {"Το αρχείο των Τμημάτων είχε αλλάξει ή χαθεί. Γράφεται πάλι από την φόρμα."},
+          box_style::kExclamation};
+  if (has_bytes) box.lines.emplace_back("Ό,τι είχε φυλάχθηκε σε αντίγραφο ασφαλείας.");
+  bench.Ask(box);
   return true;
+}
+
+bool FrmData::MayChangeRows() {
+  return GuardRows() && TellIfFailed(bench, sitting_.ReadBaseEmitters());
 }
 
 // After steps were taken back, or done again: all rows at once, when none is wrong that was not so
@@ -79,7 +99,7 @@ bool FrmData::GuardRows() {
 bool FrmData::PutLagging() {
   if (sitting_.FirstWrongRow()) return false;
   const std::int16_t here = bench.study.CurrentRow;
-  const Outcome put = sitting_.PutRows(sitting_.Rows());
+  const Outcome put = sitting_.PutRows(sitting_.RowsOfForm());
   bench.study.CurrentRow = here;
   if (!TellIfFailed(bench, put)) return false;
   lags_ = false;
@@ -95,11 +115,11 @@ void FrmData::MoveTo(int number) {
   if (target < 1 || target == bench.study.CurrentRow || !LeaveRow()) return;
   LeaveInsertMode();
   ShowRow(to_last ? count() : target);
-  FocusAgain();
+  FocusAfterMove();
 }
 
 void FrmData::Next() {
-  if (one_branch_) {
+  if (IsOneBranch()) {
     EndEntry();
     return;
   }
@@ -111,11 +131,7 @@ void FrmData::Next() {
   } else {
     ShowPastLast();
   }
-  if (IsPlain() || is_new_) {
-    FocusFirst();
-  } else {
-    FocusAgain();
-  }
+  FocusAfterMove();
 }
 
 // A new row where entry goes on, else the last one again.
@@ -131,9 +147,10 @@ void FrmData::ShowPastLast() {
   desk.sound.Beep();
 }
 
-// Entry from nothing takes no notice of the list.
+// Entry from nothing takes no notice of the list, which is that of the file.
 void FrmData::ChooseRow() {
   if (!IsUntouchedNew() && !Checked()) return;
+  if (lags_ && (!LeaveRow() || GoToWrongRow())) return;
   const auto chosen = ChooseSection(desk);
   if (IsPlain() || !chosen || *chosen > count()) return;
   desk.Click();
@@ -143,17 +160,25 @@ void FrmData::ChooseRow() {
   FocusAgain();
 }
 
-// A field whose text was erased shows again what the draft has.
+// A field whose text was erased, or barred from being taken, shows again what it had.
 bool FrmData::ShowErased() {
-  const bool erased = std::ranges::any_of(fields_, &Field::refused);
-  if (!erased || is_new_) return false;
-  ShowRow(bench.study.CurrentRow);
-  FocusAgain();
-  return true;
+  const bool is_unknown = is_new_ && row() >= sitting_.draft.Count();
+  bool erased = false;
+  for (Field* field : fields_) {
+    const std::string& before = sitting_.draft.Text(row(), ColumnOf(field));
+    if (!field->refused || field->Trimmed() == before) continue;
+    field->Show(before);
+    erased = true;
+  }
+  if (erased && is_unknown) ShowNewRow();
+  if (erased) FocusAgain();
+  return erased;
 }
 
 void FrmData::GoBack(bool forward) {
-  if (!FieldsFit() || ShowErased()) return;
+  if (!FieldsFit()) return;
+  const bool named = LeaveLeft() && LeaveRight();
+  if (ShowErased() || !named) return;
   if (IsTyped()) TakeFields("Καταχώρηση");
   SectionDraft& draft = sitting_.draft;
   const auto place = forward ? draft.Redo() : draft.Undo();
@@ -163,7 +188,6 @@ void FrmData::GoBack(bool forward) {
     return;
   }
   LeaveInsertMode();
-  one_branch_ = false;
   lags_ = true;
   PutLagging();
   if (place->row < draft.Count()) {

@@ -51,12 +51,15 @@ FixedText<7> NameOfTexts(const SheetRow& row) {
   return made.Name;
 }
 
-bool SameSection(const SectionRow& a, const SectionRow& b) {
+bool SaysSame(const SectionRow& a, const SectionRow& b) {
   const auto same_number = [&](const EntryNumber& number) {
     return NumberOf(a, number.field) == NumberOf(b, number.field);
   };
-  return a.RecordNumber == b.RecordNumber && a.Name == b.Name &&
-         std::ranges::all_of(kEntryNumbers, same_number);
+  return a.Name == b.Name && std::ranges::all_of(kEntryNumbers, same_number);
+}
+
+bool SameSection(const SectionRow& a, const SectionRow& b) {
+  return a.RecordNumber == b.RecordNumber && SaysSame(a, b);
 }
 
 // The row in its place, with what its texts say.
@@ -262,6 +265,16 @@ DraftRows RowsOfDraft(const SectionDraft& draft, const DraftBase& base, const St
     made.rows = base.rows;
   }
   return made;
+}
+
+void CountAsForm(DraftRows& made, const DraftBase& base) {
+  for (std::size_t i = 0; i < made.rows.size(); ++i) {
+    SectionRow& row = made.rows[i];
+    const int origin = made.origins[i];
+    const bool same = origin > 0 && SaysSame(row, ByNumber(base.rows, origin));
+    row.TOT =
+        same ? ByNumber(base.rows, origin).TOT : ToInt16(static_cast<double>(made.rows.size()) + 1);
+  }
 }
 
 Outcome FindEmitters(Workbench& bench, const Rows& rows) {

@@ -55,6 +55,10 @@ struct DraftRows {
 DraftRows RowsOfDraft(const SectionDraft& draft, const DraftBase& base, const Study& study,
                       Separators separators);
 
+/// The count of rows as the section form writes it, `TOT`: one more than there are, in each row
+/// that does not say what it said in `base`; the others keep theirs.
+void CountAsForm(DraftRows& made, const DraftBase& base);
+
 /// Makes them the study's: the work file, and what follows from it (SettleDraftRows()). Without
 /// rows the work file goes. Error: the study has not changed, and its rows are `before` as they
 /// were unless the disk refuses that too.

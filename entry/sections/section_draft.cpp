@@ -233,6 +233,7 @@ void SectionDraft::InsertRow(int at, SheetRow row) {
 void SectionDraft::RemoveRow(int at) {
   PlantLosesRows(at, 1);
   Do(RowsChange{at, false, {At(at)}});
+  if (rows_.empty()) Do(RowsChange{0, true, {FirstRow()}});
 }
 
 void SectionDraft::Replace(std::vector<SheetRow> rows) {

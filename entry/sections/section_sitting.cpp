@@ -10,6 +10,15 @@
 #include "study/row_file.h"
 
 namespace kalvo {
+namespace {
+
+std::array<std::string, kSheetColumns> TextsOf(const SheetRow& row) {
+  std::array<std::string, kSheetColumns> texts = row.texts;
+  texts[sheet_column::kSlash].clear();
+  return texts;
+}
+
+}  // namespace
 
 Outcome SectionSitting::ReadBase() {
   auto rows = bench_.workspace.Rows().ReadAll();
@@ -29,7 +38,6 @@ Outcome SectionSitting::CopyFirstRows() {
   return bench_.workspace.Write(work_file::kFirstRows, EncodeRows<SectionRow>(base()));
 }
 
-// Before the first change of the rows the emitters are still those that entry began with.
 Outcome SectionSitting::ReadBaseEmitters() {
   if (has_emitters_) return Done{};
   auto emitters = bench_.workspace.Rows(work_file::kEmitters).ReadAll();
@@ -43,6 +51,16 @@ void SectionSitting::NoteRows(std::vector<SectionRow> rows, std::vector<int> ori
   rows_ = std::move(rows);
   rows_origins_ = std::move(origins);
   as_rows_ = ImageOfRows(rows_, bench_.study.system_kind, desk_.separators);
+  for (int row = 0; row < static_cast<int>(rows_.size()); ++row) {
+    if (IsWrong(Stored(row), row)) known_wrong_.insert(TextsOf(Stored(row)));
+  }
+  SetInDoubt(false);
+}
+
+// The sheet is kept whatever it says while nobody knows what the rows say.
+void SectionSitting::SetInDoubt(bool in_doubt) {
+  if (in_doubt != in_doubt_) kept_revision_ = -1;
+  in_doubt_ = in_doubt;
 }
 
 // The plant follows its row; a number above the rows stays.
@@ -143,8 +161,10 @@ bool SectionSitting::WantsKeeping(const Pending& pending) const {
 Outcome SectionSitting::Keep(const Pending& pending, bool flush) {
   const auto write = [&]() -> Result<bool> {
     const SheetImage image = ImageWith(pending);
-    const bool elsewhere = SaysRows(image);
+    const bool elsewhere = !in_doubt_ && SaysRows(image);
     if (elsewhere) {
+      const bool kept = IsSheetKept(bench_.workspace);
+      if (Outcome flushed = kept ? FlushRows() : Outcome(Done{}); !flushed) return flushed.error();
       DropKeptSheet(bench_.workspace);
     } else if (Outcome kept = KeepSheet(bench_.workspace, bench_.study, work_file::kSheetInWork,
                                         Encoded(image));
@@ -201,62 +221,84 @@ DraftRows SectionSitting::Rows() const {
   return RowsOfDraft(draft, base_, bench_.study, desk_.separators);
 }
 
+DraftRows SectionSitting::RowsOfForm() const {
+  DraftRows made = Rows();
+  if (made.changed) CountAsForm(made, base_);
+  return made;
+}
+
 Outcome SectionSitting::PutRows(const DraftRows& made) {
   if (Outcome read = ReadBaseEmitters(); !read) return read;
-  if (EncodeRows<SectionRow>(made.rows) == EncodeRows<SectionRow>(rows_)) {
-    return SettleDraftRows(bench_, made, base_);
+  if (!in_doubt_ && EncodeRows<SectionRow>(made.rows) == EncodeRows<SectionRow>(rows_)) {
+    Outcome flushed = FlushRows();
+    return flushed ? SettleDraftRows(bench_, made, base_) : flushed;
   }
   if (Outcome put = PutDraftRows(bench_, made, base_, rows_); !put) return put;
   NoteRows(made.rows, made.origins);
+  unflushed_ = false;
   return Done{};
 }
 
+bool SectionSitting::IsWrong(const SheetRow& texts, int row) const {
+  return texts.texts[sheet_column::kLeft].empty() || texts.texts[sheet_column::kRight].empty() ||
+         FirstFault(texts, row, desk_.separators);
+}
+
 std::optional<int> SectionSitting::FirstWrongRow() const {
-  const SheetImage begun = ImageOfRows(base(), draft.kind(), desk_.separators);
   for (int row = 0, count = draft.Count(); row < count; ++row) {
     const SheetRow& texts = draft.At(row);
-    const bool nameless =
-        texts.texts[sheet_column::kLeft].empty() || texts.texts[sheet_column::kRight].empty();
-    const bool wrong = nameless || SeparatorFault(texts, desk_.separators) ||
-                       IsLengthWrong(texts, desk_.separators);
-    if (!wrong) continue;
-    SheetRow before = texts.origin > 0 ? ByNumber(begun.rows, texts.origin) : SheetRow{};
-    before.texts[sheet_column::kSlash].clear();
-    if (texts.origin == 0 || before.texts != texts.texts) return row;
+    if (IsWrong(texts, row) && !known_wrong_.contains(TextsOf(texts))) return row;
   }
   return std::nullopt;
 }
 
-bool SectionSitting::IsStored(int row) const {
+const SheetRow& SectionSitting::Stored(int row) const {
+  static const SheetRow kNone;
   const auto at = static_cast<std::size_t>(row);
-  if (at >= as_rows_.rows.size()) return false;
-  for (int column = 0; column < kSheetColumns; ++column) {
-    const std::string& text = as_rows_.rows[at].texts.at(static_cast<std::size_t>(column));
-    if (column != sheet_column::kSlash && text != draft.Text(row, column)) return false;
-  }
-  return true;
+  return at < as_rows_.rows.size() ? as_rows_.rows[at] : kNone;
+}
+
+bool SectionSitting::IsStored(int row) const {
+  return row < static_cast<int>(rows_.size()) && TextsOf(Stored(row)) == TextsOf(draft.At(row));
 }
 
 void SectionSitting::TakeStored(int row) {
   for (int column = 0; column < kSheetColumns; ++column) {
     if (column == sheet_column::kSlash) continue;
-    draft.Set(row, column,
-              ByNumber(as_rows_.rows, row + 1).texts.at(static_cast<std::size_t>(column)));
+    draft.Set(row, column, Stored(row).texts.at(static_cast<std::size_t>(column)));
   }
 }
 
-Result<bool> SectionSitting::GuardRows() {
-  if (Outcome read = ReadBaseEmitters(); !read) return read.error();
+Result<bool> SectionSitting::RowsDiffer() {
   const auto bytes = bench_.workspace.ReadIfThere(work_file::kRows);
+  const bool same = bytes && *bytes == EncodeRows<SectionRow>(rows_);
+  SetInDoubt(!same);
   if (!bytes) return bytes.error();
-  if (*bytes == EncodeRows<SectionRow>(rows_)) return false;
-  if (Outcome written = bench_.workspace.Rows().WriteAll(rows_); !written) return written.error();
-  return true;
+  return !same;
+}
+
+Outcome SectionSitting::RestoreRows() {
+  Outcome written = bench_.workspace.Rows().WriteAll(rows_);
+  if (!written) return written;
+  SetInDoubt(false);
+  unflushed_ = true;
+  return written;
+}
+
+Outcome SectionSitting::FlushRows() {
+  if (!unflushed_) return Done{};
+  Outcome flushed = bench_.workspace.Flush(work_file::kRows);
+  unflushed_ = !flushed;
+  return flushed;
 }
 
 Outcome SectionSitting::FollowRows(RowMove move, int at) {
   auto rows = bench_.workspace.Rows().ReadAll();
-  if (!rows) return rows.error();
+  if (!rows) {
+    SetInDoubt(true);
+    return rows.error();
+  }
+  unflushed_ = true;
   if (move == RowMove::kInserted) draft.InsertRow(at, {});
   if (move == RowMove::kRemoved) draft.RemoveRow(at);
   std::vector<int> origins;
@@ -273,13 +315,19 @@ Outcome SectionSitting::Settle() {
   DraftRows made = Rows();
   if (!made.changed && !has_emitters_) return Done{};  // no row was ever written
   if (!made.changed) return PutRows(made);
+  if (Outcome read = ReadBaseEmitters(); !read) return read;
   made.rows = rows_;
   return SettleDraftRows(bench_, made, base_);
 }
 
-void SectionSitting::End() {
+Outcome SectionSitting::End() {
+  if (Outcome flushed = FlushRows(); !flushed) {
+    SetInDoubt(true);
+    return flushed;
+  }
   DropKeptSheet(bench_.workspace);
   bench_.workspace.Delete(work_file::kFirstRows);
+  return Done{};
 }
 
 }  // namespace kalvo

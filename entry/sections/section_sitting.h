@@ -1,6 +1,8 @@
 #pragma once
 
+#include <array>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -54,22 +56,30 @@ class SectionSitting {
   Result<Retrieved> Retrieve(GridPlace place);
 
   [[nodiscard]] DraftRows Rows() const;
+  /// The same with the count of rows that the form writes.
+  [[nodiscard]] DraftRows RowsOfForm() const;
   /// Makes rows of the draft, with the flags and the emitters that go with them; writes nothing
   /// where the files say so already. Error: the rows are as they were, the sheet is kept.
   Outcome PutRows(const DraftRows& made);
 
   /// The rows as the files of this sitting have them.
   [[nodiscard]] const std::vector<SectionRow>& rows() const { return rows_; }
-  /// The first row that lacks a name or a length, or has a number that is none, and was not so when
-  /// entry began. Rows count from 0.
+  /// The first row that lacks a name, or that a check bars, and that the file never had. Rows count
+  /// from 0.
   [[nodiscard]] std::optional<int> FirstWrongRow() const;
+  /// What the files say of a row; blank: they have none. Rows count from 0.
+  [[nodiscard]] const SheetRow& Stored(int row) const;
   /// The draft says of a row what the files say.
   [[nodiscard]] bool IsStored(int row) const;
   /// The draft says of a row again what the files say.
   void TakeStored(int row);
-  /// Before an operation on the work file of rows: puts right what something else has changed in
-  /// it, or took away, since this sitting wrote or read it. True: it had to.
-  Result<bool> GuardRows();
+  /// Something else has changed the work file of rows, or took it away, since this sitting wrote or
+  /// read it.
+  Result<bool> RowsDiffer();
+  /// Writes the rows of this sitting in place of what is there.
+  Outcome RestoreRows();
+  /// Before the first change of the rows: the emitters are still those that entry began with.
+  Outcome ReadBaseEmitters();
   /// What an operation did to the rows, beside the texts of single ones.
   enum class RowMove { kNone, kInserted, kRemoved };
   /// After an operation on the work file: the draft takes over what the rows say, in the action
@@ -78,16 +88,21 @@ class SectionSitting {
   /// Emitters and flags as they belong to the rows. Error: the emitters lag, until the next time.
   Outcome Settle();
 
-  /// The sitting is over: nothing of it is needed any more.
-  void End();
+  /// The sitting is over: nothing of it is needed any more. Error: the rows are not on the medium,
+  /// what was kept stays.
+  Outcome End();
 
  private:
+  using Texts = std::array<std::string, kSheetColumns>;
+
   Outcome ReadBase();
-  Outcome ReadBaseEmitters();
   Outcome CopyFirstRows();
   Outcome TakeKept();
   void BeginDraft(SheetImage image, bool edited = false);
   void NoteRows(std::vector<SectionRow> rows, std::vector<int> origins);
+  void SetInDoubt(bool in_doubt);
+  Outcome FlushRows();
+  [[nodiscard]] bool IsWrong(const SheetRow& texts, int row) const;
   [[nodiscard]] std::string Encoded(const SheetImage& image) const;
   [[nodiscard]] SheetImage ImageWith(const Pending& pending) const;
   [[nodiscard]] bool SaysRows(const SheetImage& image) const;
@@ -100,6 +115,9 @@ class SectionSitting {
   std::vector<SectionRow> rows_;
   SheetImage as_rows_;             ///< the sheet that says what they say
   std::vector<int> rows_origins_;  ///< the row of the base that each of them came from
+  std::set<Texts> known_wrong_;    ///< rows that a check bars and that the file had all the same
+  bool in_doubt_ = false;          ///< the file may not say what `rows_` do
+  bool unflushed_ = false;         ///< it was written, and not flushed yet
   bool kept_is_broken_ = false;
   int left_out_ = 0;
   int kept_revision_ = -1;

@@ -16,7 +16,7 @@ FrmData_Sheet::End FrmData_Sheet::EndEntry() {
   if (made.changed && !MayEmptyRows(made)) return End::kStays;
   if (!TellIfFailed(bench, sitting_.PutRows(made))) return End::kFailed;
   const std::string_view next = made.changed ? ScreenAfterEntry(desk, made) : screen::kMain;
-  sitting_.End();
+  if (!TellIfFailed(bench, sitting_.End())) return End::kFailed;
   Leave(next);
   return End::kLeft;
 }

@@ -6,7 +6,6 @@ namespace kalvo {
 namespace {
 
 constexpr std::string_view kPressHint = "Πατήστε το γράμμα του σκέλους που είναι το τμήμα.";
-constexpr std::string_view kFullHint = "Δεν προστέθηκε: το πλήθος δεν περνά το 32.767.";
 
 }  // namespace
 
@@ -68,6 +67,7 @@ void FrmTauCross_S::PressLetter(char letter) {
   refused_for_.clear();
   if (counters->Press(letter)) return;
   refused_for_ = counters->SectionText();
+  refusal_ = counters->Refusal();
   desk.sound.Beep();
 }
 
@@ -84,7 +84,7 @@ bool FrmTauCross_S::MayClose() {
 void FrmTauCross_S::Derive() {
   DeriveCounts();
   DeriveEffects();
-  LblHint.text = refused_for_.empty() ? kPressHint : kFullHint;
+  LblHint.text = refused_for_.empty() ? kPressHint : refusal_;
   LblHint.tone = refused_for_.empty() ? Tone::kPlain : Tone::kAlarm;
 }
 

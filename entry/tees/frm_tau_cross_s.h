@@ -50,7 +50,8 @@ class FrmTauCross_S : public Form {
   void DeriveEffects();
 
   std::string_view own_screen_;
-  std::string refused_for_;  ///< the section whose count is full; empty: none
+  std::string refused_for_;  ///< the section that took no letter; empty: none
+  std::string refusal_;      ///< why
 };
 
 }  // namespace kalvo

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "entry/tees/tee_cases.h"
 
 namespace kalvo {
@@ -18,6 +20,10 @@ class TeeCounters {
   [[nodiscard]] virtual TeeTexts Counts() const = 0;
   /// Applies the case of the letter to the current section. False: refused, nothing has changed.
   virtual bool Press(char letter) = 0;
+  /// Why it was refused.
+  [[nodiscard]] virtual std::string Refusal() const {
+    return "Δεν προστέθηκε: το πλήθος δεν περνά το 32.767.";
+  }
   /// The window has come to the front.
   virtual void Shown() {}
   /// The window closes: the keys go back to the screen that has the counters.

@@ -7,24 +7,8 @@
 namespace kalvo {
 namespace {
 
-const std::vector<std::string_view> kChain = {"ANT/1 5m", "1/2 6m 300l/h soma 800mm",
-                                              "2/3 7m 200l/h soma 900mm", "3/ANT 8m"};
 const std::vector<std::string_view> kFed = {"1/ANT 5m", "2/1 6m", "3/2 7m 200l/h soma 900mm",
                                             "4/1 8m 100l/h soma 500mm"};
-
-std::string EmittersOf(const TestBench& test) {
-  std::string text;
-  for (const SectionRow& row : test.Rows(work_file::kEmitters)) {
-    text += std::to_string(row.RecordNumber) + " ";
-  }
-  return text;
-}
-
-std::string NamesIn(const SectionUser& user) {
-  std::string names = Joined(user.user.test.Names());
-  std::erase(names, ' ');
-  return names;
-}
 
 TEST(SectionRows, AnInsertionStandsAfterAMove) {
   SectionUser user(SystemKind::kClosed, kChain);
@@ -34,8 +18,8 @@ TEST(SectionRows, AnInsertionStandsAfterAMove) {
   user.Run(user.form->Cmd_Ins);
   EXPECT_EQ(user.form->Cmd_Ins.caption, "ΑΚΥΡΩΣΗ");
   EXPECT_EQ(user.Shown(), "2 : 1/2 · 6") << "in the new-row manner";
-  EXPECT_EQ(NamesIn(user), "ANT/1|1/2|1/2|2/3|3/ANT");
-  EXPECT_EQ(EmittersOf(user.user.test), "3 4 ");
+  EXPECT_EQ(user.Names(), "ANT/1|1/2|1/2|2/3|3/ANT");
+  EXPECT_EQ(user.Emitters(), "3 4 ");
   EXPECT_EQ(user.user.test.Row(2).SomaDrop, 0) << "no second emitter";
   EXPECT_EQ(user.user.test.Row(3).SomaDrop, 800);
   EXPECT_EQ(user.study().plant_section, 5);
@@ -43,7 +27,7 @@ TEST(SectionRows, AnInsertionStandsAfterAMove) {
   user.TypeIn(user.form->Txt1, "9");
   user.Next();
   EXPECT_EQ(user.form->Cmd_Ins.caption, "Παρεμβολή");
-  EXPECT_EQ(NamesIn(user), "ANT/1|1/9|1/2|2/3|3/ANT");
+  EXPECT_EQ(user.Names(), "ANT/1|1/9|1/2|2/3|3/ANT");
   user.Run(user.form->Cmd_End);
   EXPECT_EQ(user.LastScreen(), "show FrmSoma") << "emitters have to be looked at";
 }
@@ -78,19 +62,19 @@ TEST(SectionRows, NamesOfAnOpenNetworkAfterInsertAndDelete) {
   user.Open();
   user.Next();
   user.Run(user.form->Cmd_Ins);
-  EXPECT_EQ(NamesIn(user), "1/ANT|2/1|3/1|4/3|4/1")
+  EXPECT_EQ(user.Names(), "1/ANT|2/1|3/1|4/3|4/1")
       << "a row that is fed from before the place keeps its name";
   EXPECT_TRUE(user.DraftSaysRows());
   user.Next();
   user.Run(user.form->Cmd_Last);
   EXPECT_EQ(user.Shown(), "5 : 5/1 · 8") << "its number shows all the same";
   user.Press(KeyCode::kPageUp);
-  EXPECT_EQ(NamesIn(user), "1/ANT|2/1|3/1|4/3|5/1") << "and counts as changed";
+  EXPECT_EQ(user.Names(), "1/ANT|2/1|3/1|4/3|5/1") << "and counts as changed";
   user.Press(Ctrl(KeyCode::kHome));
   user.Next();
   user.user.test.prompter.Expect(120, Answer::kYes);
   user.Run(user.form->Cmd_Del);
-  EXPECT_EQ(NamesIn(user), "1/ANT|2/1|3/3|4/1") << "feeders stay";
+  EXPECT_EQ(user.Names(), "1/ANT|2/1|3/3|4/1") << "feeders stay";
   EXPECT_EQ(user.form->LblStatus.text, "Ελέγξτε το τμήμα τροφοδοσίας στα τμήματα : 3");
   EXPECT_EQ(user.Shown(), "2 : 2/1 · 6");
   user.Run(user.form->Cmd_End);
@@ -124,7 +108,7 @@ TEST(SectionRows, UndoTakesEverythingBackByteForByte) {
     user.Press(ShiftTyped(U'C'));
     user.user.test.prompter.Expect(120, Answer::kYes);
     user.Run(user.form->Cmd_Del);
-    const std::string names = NamesIn(user);
+    const std::string names = user.Names();
     while (user.form->draft().history().CanUndo()) user.Press(Ctrl('Z'));
     EXPECT_EQ(user.user.test.Bytes(), rows);
     EXPECT_EQ(user.user.test.Bytes(work_file::kEmitters), emitters);
@@ -132,7 +116,7 @@ TEST(SectionRows, UndoTakesEverythingBackByteForByte) {
     EXPECT_FALSE(user.study().unsaved_changes);
     EXPECT_EQ(user.study().plant_section, 2);
     while (user.form->draft().history().CanRedo()) user.Press(Ctrl('Y'));
-    EXPECT_EQ(NamesIn(user), names);
+    EXPECT_EQ(user.Names(), names);
     EXPECT_TRUE(user.study().unsaved_changes);
   }
 }
@@ -215,30 +199,11 @@ TEST(SectionRows, WhatIsTypedKeepsItselfUntilItIsInTheRows) {
   EXPECT_EQ(user.sheet->fpSpread1.At(1, 3).text, "4");
 }
 
-TEST(SectionRows, AFileThatSomethingElseTouchedIsPutRight) {
-  for (const std::string_view bytes : {"", "rubbish", "-"}) {
-    SectionUser user(SystemKind::kClosed, kChain);
-    user.Open();
-    user.Next();
-    user.TypeIn(user.form->Txt2, "4");
-    if (bytes == "-") {
-      user.user.test.workspace.Delete(work_file::kRows);
-    } else {
-      ASSERT_TRUE(user.user.test.workspace.Write(work_file::kRows, std::string(bytes)));
-    }
-    user.Next();
-    EXPECT_EQ(user.Shown(), "3 : 2/3 · 7");
-    EXPECT_EQ(user.user.test.Rows().size(), 4U);
-    EXPECT_EQ(user.user.test.Row(2).Length, 4);
-    EXPECT_EQ(user.user.test.Row(2).SomaDrop, 800);
-  }
-}
-
 // What the next start finds: rows of before or after, each emitter with the row that has its
 // values.
 void ExpectInStep(SectionUser& user, const std::string& before, const std::string& after) {
   const TestBench& test = user.user.test;
-  const std::string now = NamesIn(user);
+  const std::string now = user.Names();
   EXPECT_TRUE(now == before || now == after) << now;
   user.form.reset();
   user.sheet.reset();
@@ -278,14 +243,14 @@ TEST(SectionRows, AKillAtAnyStepLeavesRowsAndEmittersInStep) {
       user.Open();
       user.Next();
       deed.prepare(user);
-      if (before.empty()) before = NamesIn(user);
+      if (before.empty()) before = user.Names();
       if (std::string(deed.name) == "delete") user.user.test.prompter.Expect(120, Answer::kYes);
       // Step 0 goes through and counts the operations.
       user.disk.FailAtOperation(step == 0 ? 1000 : step, FailingDisk::Lasting::kFromThenOn);
       deed.run(user);
       if (step == 0) {
         steps = user.disk.operations();
-        after = NamesIn(user);
+        after = user.Names();
       }
       user.disk.Mend();
       ExpectInStep(user, before, after);
@@ -307,10 +272,10 @@ TEST(SectionRows, ADiskThatFailsOnceIsToldAndTheNextTrySucceeds) {
     EXPECT_EQ(user.user.test.Row(2).Length, 4);
     user.Run(user.form->Cmd_Ins);
     if (user.form->Cmd_Ins.caption == "Παρεμβολή") user.Run(user.form->Cmd_Ins);
-    EXPECT_EQ(NamesIn(user), "ANT/1|1/2|2/3|2/3|3/ANT");
+    EXPECT_EQ(user.Names(), "ANT/1|1/2|2/3|2/3|3/ANT");
     EXPECT_TRUE(user.DraftSaysRows());
     user.Run(user.form->Cmd_End);
-    EXPECT_EQ(EmittersOf(user.user.test), "2 4 ");
+    EXPECT_EQ(user.Emitters(), "2 4 ");
   }
 }
 
@@ -372,14 +337,14 @@ TEST(SectionRows, EndsThatLeaveAFieldFreelyStillLookAtIt) {
   user.Open();
   user.TypeIn(user.form->Txt0, "5");
   user.Run(user.form->Cmd_End);
-  EXPECT_EQ(NamesIn(user), "ANT/1|1/2|2/3|3/ANT") << "row 1 begins at the source";
+  EXPECT_EQ(user.Names(), "ANT/1|1/2|2/3|3/ANT") << "row 1 begins at the source";
   SectionUser nameless(SystemKind::kClosed, kChain);
   nameless.Open();
   nameless.Next();
   nameless.TypeIn(nameless.form->Txt0, "");
   nameless.Run(nameless.form->Cmd_End);
   EXPECT_EQ(nameless.form->focus(), &nameless.form->Txt0);
-  EXPECT_EQ(NamesIn(nameless), "ANT/1|1/2|2/3|3/ANT");
+  EXPECT_EQ(nameless.Names(), "ANT/1|1/2|2/3|3/ANT");
 }
 
 TEST(SectionRows, TheListOfOtherSectionsGivesTheKeysBack) {

@@ -94,7 +94,6 @@ TEST(SectionForm, ChecksComeInTheirOrderAndKeepWhatWasTyped) {
   user.TypeIn(form.Txt7, "1,2,3");
   user.TypeIn(form.Txt2, "0");
   user.TypeIn(form.Txt1, "");
-  form.Cmd_Next.leaves_freely = true;  // as by a road that does not leave the field
   EXPECT_EQ(next(), (std::vector<int>{110}));
   EXPECT_EQ(form.focus(), &form.Txt7);
   EXPECT_EQ(form.Txt7.text, "1,2,3");
@@ -102,6 +101,7 @@ TEST(SectionForm, ChecksComeInTheirOrderAndKeepWhatWasTyped) {
   form.Focus(form.Txt2);
   EXPECT_EQ(next(), (std::vector<int>{6}));
   EXPECT_EQ(form.focus(), &form.Txt1);
+  EXPECT_EQ(form.Txt1.text, "");
   user.Press(Typed(U'A'));
   EXPECT_EQ(next(), (std::vector<int>{7})) << "the source too has a length";
   EXPECT_EQ(form.focus(), &form.Txt2);

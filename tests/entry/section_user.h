@@ -13,6 +13,10 @@
 
 namespace kalvo {
 
+/// Two emitters on the way from the source and back.
+inline const std::vector<std::string_view> kChain = {"ANT/1 5m", "1/2 6m 300l/h soma 800mm",
+                                                     "2/3 7m 200l/h soma 900mm", "3/ANT 8m"};
+
 /// The section form of a study with a title and general data, driven by keys, and the sheet where
 /// entry leads there.
 class SectionUser {
@@ -25,6 +29,8 @@ class SectionUser {
     study.study_title = "Γραφεία";
     study.MeanTemp = 80;
     study.MeanVel = 0.75F;
+    desk.data_folder = kStudies;
+    EXPECT_TRUE(user.test.outer_disk.MakeFolder(kStudies).ok());
   }
 
   void Open() { Show(screen::kSections); }
@@ -88,6 +94,20 @@ class SectionUser {
       line += (line.empty() ? "" : "|") + field->text;
     }
     return line;
+  }
+  /// Sections of the emitters in their file.
+  [[nodiscard]] std::string Emitters() const {
+    std::string text;
+    for (const SectionRow& row : user.test.Rows(work_file::kEmitters)) {
+      text += std::to_string(row.RecordNumber) + " ";
+    }
+    return text;
+  }
+  /// "ANT/1|1/2" of the rows in their file.
+  [[nodiscard]] std::string Names() const {
+    std::string names = Joined(user.test.Names());
+    std::erase(names, ' ');
+    return names;
   }
   [[nodiscard]] std::string LastScreen() const { return user.navigator.log.back(); }
   [[nodiscard]] Study& study() { return user.test.study; }

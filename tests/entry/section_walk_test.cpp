@@ -150,7 +150,9 @@ void ExpectAgreement(const SectionUser& user) {
   const SheetImage rows =
       ImageOfRows(user.user.test.Rows(), user.user.test.study.system_kind, user.desk.separators);
   const SectionDraft& draft = user.form->draft();
-  if (!MissingLines(draft).empty()) return;  // the rows wait until nothing is missing
+  // The rows wait until nothing is missing or wrong.
+  if (!MissingLines(draft).empty()) return;
+  if (user.desk.screens.section_sitting->FirstWrongRow()) return;
   const int shown = user.user.test.study.CurrentRow - 1;
   for (int row = 0; row < static_cast<int>(rows.rows.size()); ++row) {
     if (row == shown) continue;

@@ -4,6 +4,7 @@
 #include <csignal>
 #include <functional>
 #include <limits>
+#include <set>
 #include <string>
 #include <string_view>
 
@@ -12,8 +13,8 @@
 namespace kalvo {
 
 /// A disk that runs full after a count of bytes, or fails at one of its changing operations
-/// (Write, Flush, Rename, Remove, MakeFolder, counted from 1). What a failing write got onto the
-/// disk stays there.
+/// (Write, Flush, Rename, Remove, MakeFolder, counted from 1), or once at a read. What a failing
+/// write got onto the disk stays there.
 class FailingDisk : public ForwardingDisk {
  public:
   /// How long a failure that was reached lasts.
@@ -27,8 +28,14 @@ class FailingDisk : public ForwardingDisk {
     last_bad_ = lasting == Lasting::kOnce ? number : kNever;
     operations_ = 0;
   }
+  /// Of the reads of files of that name the one of that number fails, counted from 1 from now on.
+  void FailRead(std::string_view name, int number) {
+    bad_read_ = name;
+    reads_left_ = number;
+  }
   void Mend() {
     room_ = std::numeric_limits<std::size_t>::max();
+    reads_left_ = 0;
     first_bad_ = last_bad_ = kNever;
   }
 
@@ -55,14 +62,19 @@ class FailingDisk : public ForwardingDisk {
     const std::size_t fits = std::min(room_, fails ? bytes.size() / 2 : bytes.size());
     room_ -= fits;
     written_ += fits;
+    flushed_.erase(path.filename().string());
     Outcome outcome = inner_.Write(path, bytes.substr(0, fits));
     return fails || fits < bytes.size() ? Full(path) : outcome;
   }
   Outcome Flush(const std::filesystem::path& path) override {
-    return NextFails() ? Full(path) : inner_.Flush(path);
+    if (NextFails()) return Full(path);
+    flushed_.insert(path.filename().string());
+    return inner_.Flush(path);
   }
   Outcome Rename(const std::filesystem::path& from, const std::filesystem::path& to) override {
-    return NextFails() ? Full(to) : inner_.Rename(from, to);
+    if (NextFails()) return Full(to);
+    flushed_.erase(to.filename().string());
+    return inner_.Rename(from, to);
   }
   Outcome Remove(const std::filesystem::path& path) override {
     return NextFails() ? Full(path) : inner_.Remove(path);
@@ -70,6 +82,14 @@ class FailingDisk : public ForwardingDisk {
   Outcome MakeFolder(const std::filesystem::path& path) override {
     return NextFails() ? Full(path) : inner_.MakeFolder(path);
   }
+  [[nodiscard]] Result<std::string> Read(const std::filesystem::path& path) const override {
+    const bool fails = path.filename() == bad_read_ && reads_left_ > 0 && --reads_left_ == 0;
+    if (fails) return FileError{path, "Σφάλμα του δίσκου"};
+    return inner_.Read(path);
+  }
+
+  /// The file was written last before it was flushed.
+  [[nodiscard]] bool IsFlushed(const std::string& name) const { return flushed_.contains(name); }
 
  private:
   static constexpr int kNever = std::numeric_limits<int>::max();
@@ -82,6 +102,9 @@ class FailingDisk : public ForwardingDisk {
     return operations_ >= first_bad_ && operations_ <= last_bad_;
   }
 
+  std::string bad_read_;
+  mutable int reads_left_ = 0;
+  std::set<std::string> flushed_;
   std::size_t room_ = std::numeric_limits<std::size_t>::max();
   std::size_t written_ = 0;
   int first_bad_ = kNever;
