@@ -154,6 +154,7 @@ class FrmData : public Form, private TeeCounters {
   /// False: something does; its message was shown and its field has the focus.
   bool Checked();
   bool StoreRow();
+  bool PutRow();
   bool GuardRows();
   bool MayChangeRows();
   bool FollowRows(SectionSitting::RowMove move, int at);

@@ -34,12 +34,19 @@ bool FrmData::Checked() {
   return false;
 }
 
-// What the file has already is not written again. Rows that lag go there once none of them is
-// wrong.
+// Once it is in the file the draft says it in the words of the file: "0" for nothing.
 bool FrmData::StoreRow() {
   const std::string action = is_new_ ? "Νέο τμήμα" : "Καταχώρηση";
   const SectionDraft::Action step(sitting_.draft, action, {row(), std::max(ColumnOf(focus()), 0)});
   TakeFields(action);
+  if (!PutRow()) return false;
+  if (!lags_) sitting_.TakeStoredRows();
+  return true;
+}
+
+// What the file has already is not written again. Rows that lag go there once none of them is
+// wrong.
+bool FrmData::PutRow() {
   if (lags_) {
     PutLagging();
     return true;

@@ -269,6 +269,10 @@ void SectionSitting::TakeStored(int row) {
   }
 }
 
+void SectionSitting::TakeStoredRows() {
+  for (int row = 0; row < static_cast<int>(rows_.size()); ++row) TakeStored(row);
+}
+
 Result<bool> SectionSitting::RowsDiffer() {
   const auto bytes = bench_.workspace.ReadIfThere(work_file::kRows);
   const bool same = bytes && *bytes == EncodeRows<SectionRow>(rows_);
@@ -306,7 +310,7 @@ Outcome SectionSitting::FollowRows(RowMove move, int at) {
     origins.push_back(draft.At(static_cast<int>(row)).origin);
   }
   NoteRows(*std::move(rows), std::move(origins));
-  for (int row = 0; row < static_cast<int>(as_rows_.rows.size()); ++row) TakeStored(row);
+  TakeStoredRows();
   return Done{};
 }
 

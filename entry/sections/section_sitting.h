@@ -71,8 +71,9 @@ class SectionSitting {
   [[nodiscard]] const SheetRow& Stored(int row) const;
   /// The draft says of a row what the files say.
   [[nodiscard]] bool IsStored(int row) const;
-  /// The draft says of a row again what the files say.
+  /// The draft says of a row again what the files say, or of all of them; in the action under way.
   void TakeStored(int row);
+  void TakeStoredRows();
   /// Something else has changed the work file of rows, or took it away, since this sitting wrote or
   /// read it.
   Result<bool> RowsDiffer();

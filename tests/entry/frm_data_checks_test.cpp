@@ -69,6 +69,21 @@ TEST(SectionChecks, StepsDoneAgainAreJudgedToo) {
   EXPECT_EQ(first.Names(), "ANT/1|1/2|2/3|3/ANT");
 }
 
+TEST(SectionChecks, RowsThatWaitedAndTheDraftSayTheSame) {
+  SectionUser user(SystemKind::kClosed, kChain);
+  user.Open();
+  user.TypeIn(user.form->Txt2, "1,2,3");
+  user.form->MoveFocus(&user.form->Txt6);
+  user.Press(Ctrl('Z'));
+  user.Press(Ctrl('Y'));
+  EXPECT_EQ(user.Shown(), "1 : ANT/1 · 1,2,3");
+  user.TypeIn(user.form->Txt2, "4");
+  user.TypeIn(user.form->Txt15, "");
+  user.Next();
+  EXPECT_EQ(user.user.test.Row(1).Length, 4);
+  EXPECT_TRUE(user.DraftSaysRows());
+}
+
 // A feeder that a deletion has left as it was is no new mistake.
 TEST(SectionChecks, ADeletionIsDoneAgainWithTheFeedersThatItLeaves) {
   SectionUser user(SystemKind::kOpen, {"1/ANT 5m", "2/1 6m", "3/1 7m", "4/3 8m", "5/3 8m"});
