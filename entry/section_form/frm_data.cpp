@@ -296,7 +296,7 @@ bool FrmData::LeaveField(Field& field) {
   if (&field == &Txt1 && !LeaveRight()) return false;
   if (!Fits(field)) return false;
   if (field.edited()) TakeFields("Καταχώρηση");
-  if (lags_) PutLagging();
+  if (lags_) PutTyped();
   return true;
 }
 

@@ -154,11 +154,11 @@ class FrmData : public Form, private TeeCounters {
   /// False: something does; its message was shown and its field has the focus.
   bool Checked();
   bool StoreRow();
-  bool PutRow();
   bool GuardRows();
   bool MayChangeRows();
   bool FollowRows(SectionSitting::RowMove move, int at);
   bool PutLagging();
+  bool PutTyped();
   /// Checks and stores, or drops a new row that says nothing. False: the row stays.
   bool LeaveRow();
   void Next();
@@ -173,6 +173,7 @@ class FrmData : public Form, private TeeCounters {
   void CloseSame();
   void SetSource();
   bool AskOneBranch();
+  bool HasRoom();
   void Insert();
   void CancelInsert();
   void LeaveInsertMode();

@@ -64,6 +64,21 @@ void FrmData::SetSource() {
   Focus(Txt2);
 }
 
+// In an open network the feeders of the rows behind may grow by one.
+bool FrmData::HasRoom() {
+  std::string why = count() >= kMostSections ? "Έως 999 τμήματα" : "";
+  for (int other = row() + 1; IsOpen() && other < sitting_.draft.Count(); ++other) {
+    const std::string& feeder = sitting_.draft.Text(other, sheet_column::kRight);
+    if (ParseNumber(feeder, desk.separators) < kMostSections) continue;
+    why = "Τμήμα " + std::to_string(other + 1) + ", τροφοδοσία " + feeder +
+          " : ο αριθμός δεν χωρά μετά από παρεμβολή";
+  }
+  if (why.empty()) return true;
+  Tell(why);
+  desk.sound.Beep();
+  return false;
+}
+
 void FrmData::Insert() {
   if (insert_mode_) {
     desk.Click();
@@ -72,12 +87,7 @@ void FrmData::Insert() {
   }
   if (!Checked() || !StoreRow()) return;
   desk.Click();
-  if (count() >= kMostSections) {
-    Tell("Έως 999 τμήματα");
-    desk.sound.Beep();
-    return;
-  }
-  if (GoToWrongRow() || !MayChangeRows()) return;
+  if (GoToWrongRow() || !HasRoom() || !MayChangeRows()) return;
   SectionDraft& draft = sitting_.draft;
   const std::size_t steps = draft.history().depth();
   rows_before_insert_ = EncodeRows<SectionRow>(sitting_.rows());

@@ -34,26 +34,19 @@ bool FrmData::Checked() {
   return false;
 }
 
-// Once it is in the file the draft says it in the words of the file: "0" for nothing.
+// What the file has already is not written again. Rows that lag go there once none of them is
+// wrong.
 bool FrmData::StoreRow() {
   const std::string action = is_new_ ? "Νέο τμήμα" : "Καταχώρηση";
   const SectionDraft::Action step(sitting_.draft, action, {row(), std::max(ColumnOf(focus()), 0)});
   TakeFields(action);
-  if (!PutRow()) return false;
-  if (!lags_) sitting_.TakeStoredRows();
-  return true;
-}
-
-// What the file has already is not written again. Rows that lag go there once none of them is
-// wrong.
-bool FrmData::PutRow() {
   if (lags_) {
-    PutLagging();
+    PutTyped();
     return true;
   }
   if (sitting_.IsStored(row())) return true;
   if (!MayChangeRows()) return false;
-  if (lags_) return PutLagging();
+  if (lags_) return PutTyped();
   const SectionEntry entry = EntryOfSheetRow(sitting_.draft.At(row()));
   if (!TellIfFailed(bench, StoreSectionRow(bench, entry, desk.separators))) return false;
   is_new_ = false;
@@ -111,6 +104,15 @@ bool FrmData::PutLagging() {
   if (!TellIfFailed(bench, put)) return false;
   lags_ = false;
   is_new_ = here > count();
+  return true;
+}
+
+// The draft then says what was typed in the words of the rows: "0" for nothing.
+bool FrmData::PutTyped() {
+  if (!PutLagging()) return false;
+  const SectionDraft::Action step(sitting_.draft, "Καταχώρηση",
+                                  {row(), std::max(ColumnOf(focus()), 0)});
+  sitting_.TakeStoredRows();
   return true;
 }
 

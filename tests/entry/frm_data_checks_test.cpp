@@ -84,6 +84,14 @@ TEST(SectionChecks, RowsThatWaitedAndTheDraftSayTheSame) {
   EXPECT_TRUE(user.DraftSaysRows());
 }
 
+TEST(SectionChecks, NoInsertionWhereAFeederHasNoRoomToGrow) {
+  SectionUser user(SystemKind::kOpen, {"1/ANT 5m", "2/1 6m", "3/999 7m"});
+  user.Open();
+  user.Run(user.form->Cmd_Ins);
+  EXPECT_EQ(user.Names(), "1/ANT|2/1|3/999");
+  EXPECT_NE(user.form->LblStatus.text.find("999"), std::string::npos);
+}
+
 // A feeder that a deletion has left as it was is no new mistake.
 TEST(SectionChecks, ADeletionIsDoneAgainWithTheFeedersThatItLeaves) {
   SectionUser user(SystemKind::kOpen, {"1/ANT 5m", "2/1 6m", "3/1 7m", "4/3 8m", "5/3 8m"});
