@@ -148,7 +148,7 @@ TEST(SectionFiles, AReadThatFailsOnceLosesNothing) {
       user.Next();
       deed.prepare(user);
       if (read == 0) before = user.Names();
-      user.disk.FailRead(work_file::kRows, read);
+      user.disk.FailAtRead(read, work_file::kRows);
       deed.run(user);
       user.disk.Mend();
       user.form->Derive();

@@ -28,15 +28,16 @@ class FailingDisk : public ForwardingDisk {
     last_bad_ = lasting == Lasting::kOnce ? number : kNever;
     operations_ = 0;
   }
-  /// Of the reads of files of that name the one of that number fails, counted from 1 from now on.
-  void FailRead(std::string_view name, int number) {
-    bad_read_ = name;
-    reads_left_ = number;
+  /// Of the reads from now on, of files of that name or without one of all, the one of that number
+  /// fails, counted from 1.
+  void FailAtRead(int number, std::string_view name = {}) {
+    bad_read_ = number;
+    bad_name_ = name;
+    reads_ = 0;
   }
   void Mend() {
     room_ = std::numeric_limits<std::size_t>::max();
-    reads_left_ = 0;
-    first_bad_ = last_bad_ = kNever;
+    first_bad_ = last_bad_ = bad_read_ = kNever;
   }
 
   /// Changing operations since the last FailAtOperation(), those that failed included.
@@ -44,18 +45,8 @@ class FailingDisk : public ForwardingDisk {
   /// Bytes written so far.
   [[nodiscard]] std::size_t written() const { return written_; }
 
-  /// That read alone fails, counted from 1.
-  void FailAtRead(int number) {
-    bad_read_ = number;
-    reads_ = 0;
-  }
-  /// Reads since the last FailAtRead().
+  /// Such reads since the last FailAtRead().
   [[nodiscard]] int reads() const { return reads_; }
-
-  [[nodiscard]] Result<std::string> Read(const std::filesystem::path& path) const override {
-    if (++reads_ == bad_read_) return FileError{path, "Σφάλμα του δίσκου"};
-    return inner_.Read(path);
-  }
 
   Outcome Write(const std::filesystem::path& path, std::string bytes) override {
     const bool fails = NextFails();
@@ -83,8 +74,8 @@ class FailingDisk : public ForwardingDisk {
     return NextFails() ? Full(path) : inner_.MakeFolder(path);
   }
   [[nodiscard]] Result<std::string> Read(const std::filesystem::path& path) const override {
-    const bool fails = path.filename() == bad_read_ && reads_left_ > 0 && --reads_left_ == 0;
-    if (fails) return FileError{path, "Σφάλμα του δίσκου"};
+    const bool counts = bad_name_.empty() || path.filename() == bad_name_;
+    if (counts && ++reads_ == bad_read_) return FileError{path, "Σφάλμα του δίσκου"};
     return inner_.Read(path);
   }
 
@@ -102,8 +93,7 @@ class FailingDisk : public ForwardingDisk {
     return operations_ >= first_bad_ && operations_ <= last_bad_;
   }
 
-  std::string bad_read_;
-  mutable int reads_left_ = 0;
+  std::string bad_name_;
   std::set<std::string> flushed_;
   std::size_t room_ = std::numeric_limits<std::size_t>::max();
   std::size_t written_ = 0;
