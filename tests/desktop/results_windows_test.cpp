@@ -10,6 +10,7 @@
 #include <QTest>
 
 #include "desktop/theme.h"
+#include "results/frm_stat_s.h"
 #include "tests/desktop/calculated_desk.h"
 #include "tests/desktop/pictures.h"
 
@@ -115,7 +116,14 @@ TEST(QuantitiesWindow, NeedsNoSidewaysScrollingAtItsLeastSize) {
   QWidget& window = desk.Open(screen::kQuantities, {900, 600});
   const auto& table = *window.findChild<QTableView*>("fpSpread1");
   EXPECT_EQ(table.horizontalScrollBar()->maximum(), 0);
+  auto& form = dynamic_cast<FrmStatS&>(*desk.windows.FormOf(screen::kQuantities));
+  form.LblWater.text = WaterLine(2178.5, desk.desk.separators);
+  form.LblWater.visible = true;
+  desk.windows.PaintAll();
+  QApplication::processEvents();
+  EXPECT_TRUE(window.findChild<QWidget*>("LblWater")->isVisible());
   ExpectNothingClipped(window);
+  KeepPicture(window, "frm-stat-s-water");
 }
 
 }  // namespace
