@@ -17,11 +17,16 @@
 #include "entry/section_form/frm_data.h"
 #include "entry/sections/sheet_columns.h"
 #include "entry/sheet/frm_data_sheet.h"
+#include "entry/winter/frm_winter.h"
+#include "results/frm_res.h"
+#include "results/frm_res_gn.h"
 #include "results/frm_res_sheet.h"
 #include "shell/frm_calcs.h"
+#include "shell/frm_editor.h"
 #include "shell/frm_file_os.h"
 #include "shell/frm_kind.h"
 #include "shell/frm_main.h"
+#include "study/export_folder.h"
 #include "study/pipe_list.h"
 #include "study/real_disk.h"
 #include "tests/shell/open_forms.h"
@@ -57,7 +62,11 @@ std::map<std::string_view, FormFactory> Makers() {
           {screen::kOutlets, &MakeForm<FrmYpodo>},
           {screen::kMethod, &MakeForm<FrmCalcs>},
           {screen::kFiles, &MakeForm<FrmFileOS>},
-          {screen::kResultsSheet, &MakeForm<FrmRes_Sheet>}};
+          {screen::kResultsSheet, &MakeForm<FrmRes_Sheet>},
+          {screen::kResults, &MakeForm<FrmRes>},
+          {screen::kPump, &MakeForm<FrmResGn>},
+          {screen::kViewer, &MakeForm<FrmEditor>},
+          {screen::kWinter, &MakeForm<FrmWinter>}};
 }
 
 // The program over the delivered libraries, and an engineer with a chapter beside it.
@@ -123,7 +132,9 @@ class Reader {
     TypeInto(form, form.Text4, chapter.Value("Μέση Θερμοκρασία Ρέοντος Μέσου, σε [ °C ]"));
     TypeInto(form, form.Text6, chapter.Value("Μέση Ταχύτητα Υγρού, στο Δίκτυο, σε [ m/sec ]"));
     if (form.ChkChiller.visible) {
-      form.ChkChiller.Set(true);
+      EXPECT_TRUE(form.MoveFocus(&form.ChkChiller));
+      form.Press(Plain(KeyCode::kEnter));
+      EXPECT_EQ(form.focus(), &form.Text8);
       TypeInto(form, form.Text8, chapter.Value(form.ChkChiller.caption));
     }
     form.Press(Ctrl(KeyCode::kEnter));
@@ -165,11 +176,17 @@ class Reader {
     }
   }
 
-  void Save(const std::string& file) {
-    Press<FrmRes_Sheet>(Plain(KeyCode::kEscape));
+  // Under the name that is proposed.
+  void SaveFirst(const std::string& file) {
     forms.uses[std::string(screen::kFiles)] = [](Form& form) {
       form.Press(Plain(KeyCode::kEnter));
     };
+    Save(file);
+    forms.uses.erase(std::string(screen::kFiles));  // it is asked for no more
+  }
+
+  void Save(const std::string& file) {
+    EXPECT_TRUE(At<FrmMain>().LblUnsaved.visible);
     Press<FrmMain>(Ctrl('S'));
     EXPECT_TRUE(test.outer_disk.Exists(kStudies / file));
     EXPECT_TRUE(At<FrmMain>().LblSaved.visible);
@@ -232,7 +249,7 @@ class FloorReader : public Reader {
     ASSERT_EQ(lines.size(), 62U);
     Press<FrmMain>(Ctrl('T'));
     for (int row = 0; row < kPastedFrom; ++row) {
-      TypeRow(row, lines[static_cast<std::size_t>(row)]);
+      TypeRow(row, lines[static_cast<std::size_t>(row)], lines[kCopied]);
     }
     FillDown();
     Paste(lines);
@@ -255,9 +272,116 @@ class FloorReader : public Reader {
     form.Run(form.SSCmdBack);
   }
 
+  // The way by one section to the pump's page and back to the main menu.
+  void LookAtThePump() {
+    Press<FrmRes_Sheet>(Shift(KeyCode::kF12));
+    At<FrmRes>().Run(At<FrmRes>().CmdPump);
+    EXPECT_EQ(At<FrmResGn>().Text2.text, chapter.Value("Παροχή Αντλίας, σε [m³/h]"));
+    Press<FrmResGn>(Plain(KeyCode::kEnter));
+    Press<FrmRes>(Plain(KeyCode::kEscape));
+  }
+
+  void CheckNodes() {
+    forms.uses[std::string(screen::kViewer)] = [](Form& form) {
+      form.Press(Plain(KeyCode::kEnter));
+    };
+    Press<FrmMain>(Ctrl('K'));
+    EXPECT_EQ(viewer.files.size(), 1U);
+  }
+
+  void EnterWinter() {
+    Press<FrmMain>(Ctrl('W'));
+    auto& form = At<FrmWinter>();
+    TypeInto(form, form.TxtMeanT, winter_.Value(kWinterTemperature));
+    Press<FrmWinter>(Plain(KeyCode::kEnter));
+    const std::vector<CsvLine> lines = winter_.Table(form.fpSpread1.columns()[0].header);
+    ASSERT_EQ(static_cast<int>(lines.size()), form.fpSpread1.row_count());
+    for (std::size_t row = 0; row < lines.size(); ++row) {
+      for (const int column : {0, 1}) {
+        EXPECT_EQ(form.fpSpread1.At(static_cast<int>(row), column).text,
+                  lines[row].at(form.fpSpread1.columns()[static_cast<std::size_t>(column)].header));
+      }
+    }
+    for (const std::size_t column : {5U, 6U}) {
+      for (const CsvLine& line : lines) {
+        Type<FrmWinter>(line.at(form.fpSpread1.columns()[column].header));
+        Press<FrmWinter>(Plain(KeyCode::kEnter));
+      }
+    }
+  }
+
+  // The same once more, from a spreadsheet.
+  void PasteWinter() {
+    auto& form = At<FrmWinter>();
+    std::string text;
+    for (const CsvLine& line : winter_.Table(form.fpSpread1.columns()[0].header)) {
+      text += line.at(form.fpSpread1.columns()[5].header) + "\t" +
+              line.at(form.fpSpread1.columns()[6].header) + "\n";
+    }
+    clipboard.SetText(text);
+    form.fpSpread1.GoTo({0, 5});
+    Press<FrmWinter>(Ctrl('V'));
+    EXPECT_FALSE(At<FrmWinter>().LblVoid.visible) << "it says what was typed";
+  }
+
+  void CalculateWinter() {
+    Press<FrmWinter>(Ctrl(KeyCode::kEnter));
+    auto& form = At<FrmWinter>();
+    const std::string flow = winter_.Value("Παροχή");
+    const std::string head = winter_.Value("Μανομετρικό Ύψος");
+    EXPECT_EQ(form.LblFlowWinter.text, flow);
+    EXPECT_EQ(form.LblHeadWinter.text, head);
+    form.Run(form.Cmd_Res);
+    EXPECT_EQ(At<FrmRes_Sheet>().frame.LblFlow.text, flow);
+    EXPECT_EQ(At<FrmRes_Sheet>().frame.LblHead.text, head);
+    Press<FrmRes_Sheet>(Plain(KeyCode::kEscape));
+  }
+
+  void EndWinter() {
+    test.prompter.Expect("  ! !   ΠΡΟΣΟΧΗ   ! ! ", Answer::kYes);
+    Press<FrmWinter>(Plain(KeyCode::kEscape));
+    EXPECT_NE(At<FrmMain>().LblHead.text, winter_.Value("Μανομετρικό Ύψος")) << "summer's is shown";
+  }
+
+  void CompareWinterWithSample(const std::string& file) {
+    const CalculatedCase sample(fs::path(KALVO_SAMPLES_DIR) / file, KALVO_LIBRARY_DIR);
+    const std::vector<SectionRow> expected = sample.Rows(work_file::kWinter);
+    const std::vector<SectionRow> rows = test.Rows(work_file::kWinter);
+    ASSERT_EQ(rows.size(), expected.size());
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+      SCOPED_TRACE(i + 1);
+      EXPECT_EQ(rows[i].MeanTemp, expected[i].MeanTemp);
+      EXPECT_EQ(rows[i].WaterFlow, expected[i].WaterFlow);
+      EXPECT_EQ(rows[i].SomaDrop, expected[i].SomaDrop);
+      EXPECT_EQ(rows[i].TotalDrop, expected[i].TotalDrop);
+    }
+  }
+
+  // On a printer, and where there is none; the study stays as it is.
+  void PrintSheet(const std::string& pdf) {
+    Press<FrmMain>(Ctrl('T'));
+    printer.choice.kind = PrinterChoice::Kind::kPrinter;
+    Press<FrmData_Sheet>(Ctrl('P'));
+    ASSERT_EQ(printer.printed.size(), 1U);
+    const std::string pages = std::to_string(printer.tables.front().pages.size());
+    EXPECT_NE(chapter.text.find("Βγαίνουν " + pages + " σελίδες"), std::string::npos) << pages;
+    EXPECT_EQ(At<FrmData_Sheet>().LblStatus.text, "Στάλθηκε στον εκτυπωτή");
+    printer.choice.kind = PrinterChoice::Kind::kNoPrinter;
+    test.prompter.Expect("Εκτύπωση", Answer::kYes);
+    Press<FrmData_Sheet>(Ctrl('P'));
+    EXPECT_TRUE(test.outer_disk.Exists(kStudies / kExportFolder / pdf));
+    Press<FrmData_Sheet>(Ctrl(KeyCode::kEnter));
+    EXPECT_FALSE(At<FrmMain>().LblUnsaved.visible);
+    EXPECT_TRUE(test.study.results_valid);
+  }
+
  private:
   static constexpr std::size_t kLetterAt = 7;  // of "`Shift+C`"
+  static constexpr std::string_view kWinterTemperature =
+      "Μέση Θερμοκρασία του Υγρού στους Σωλήνες, κατά την Χειμερινή περίοδο, σε [°C]";
+  static constexpr std::size_t kNodes = 2;
   // As the chapter tells, from 0.
+  static constexpr std::size_t kCopied = 2;
   static constexpr int kFilledFrom = 21;
   static constexpr int kFilledTo = 29;
   static constexpr int kPastedFrom = 31;
@@ -272,17 +396,39 @@ class FloorReader : public Reader {
     return std::ranges::count(tee_letters, head, &std::pair<std::string, char>::first) != 0;
   }
 
-  void TypeRow(int row, const CsvLine& line) {
+  // Nothing but its nodes is its own.
+  [[nodiscard]] bool IsSame(const CsvLine& line, const CsvLine& other) const {
+    return std::ranges::all_of(std::span(heads_).subspan(kNodes), [&](const std::string& head) {
+      return line.at(head) == other.at(head);
+    });
+  }
+
+  void TypeRow(int row, const CsvLine& line, const CsvLine& copied) {
     const auto& grid = At<FrmData_Sheet>().fpSpread1;
-    const bool begun = grid.current().column == sheet_column::kRight;  // past the source
-    for (const std::string& head : std::span(heads_).subspan(begun ? 1 : 0)) {
+    ASSERT_EQ(grid.current().row, row);
+    const std::size_t begun = grid.current().column == sheet_column::kRight ? 1 : 0;  // the source
+    const bool takes = row > static_cast<int>(kCopied) && IsSame(line, copied);
+    const std::size_t end = takes ? kNodes : heads_.size();
+    for (const std::string& head : std::span(heads_).subspan(begun, end - begun)) {
       if (!IsTee(head)) Type<FrmData_Sheet>(line.at(head));
       Press<FrmData_Sheet>(Plain(KeyCode::kEnter));
     }
-    ASSERT_EQ(grid.current().row, row);
     const bool filled = row > kFilledFrom && row <= kFilledTo;
-    if (!filled) PressTees<FrmData_Sheet>(line);
-    while (grid.current().row == row) Press<FrmData_Sheet>(Plain(KeyCode::kEnter));
+    if (takes) {
+      TakeSame();
+    } else if (!filled) {
+      PressTees<FrmData_Sheet>(line);
+    }
+    Press<FrmData_Sheet>(Plain(KeyCode::kDown));
+    Press<FrmData_Sheet>(Plain(KeyCode::kHome));
+  }
+
+  void TakeSame() {
+    auto& sheet = At<FrmData_Sheet>();
+    sheet.Run(sheet.CmdSame);
+    Press<FrmData_Sheet>(Plain(KeyCode::kHome));
+    for (std::size_t i = 0; i < kCopied; ++i) Press<FrmData_Sheet>(Plain(KeyCode::kDown));
+    Press<FrmData_Sheet>(Plain(KeyCode::kEnter));
   }
 
   void FillDown() {
@@ -319,6 +465,7 @@ class FloorReader : public Reader {
   }
 
   std::vector<std::string> heads_ = TypedHeads(SystemKind::kClosed);
+  Markdown winter_ = chapter.Parts().at("Ο χειμώνας");
 };
 
 class HouseReader : public Reader {
@@ -377,13 +524,23 @@ class HouseReader : public Reader {
 };
 
 TEST(Manual, TheFloorGivesThePumpThatItsChapterPromises) {
+  const std::string title = "Κλιματισμός ορόφου γραφείων με fan coil";
   FloorReader user;
   user.EnterUpToTheSections('K');
   user.EnterSheet();
   user.EnterEmitters();
   user.CompareWithSample("fancoil.PCK");
   user.CalculateAndCompare();
-  user.Save("Κλιματισμός ορόφου γραφείων με fan coil.PCK");
+  user.LookAtThePump();
+  user.CheckNodes();
+  user.SaveFirst(title + ".PCK");
+  user.EnterWinter();
+  user.CalculateWinter();
+  user.PasteWinter();
+  user.EndWinter();
+  user.Save(title + ".WNT");
+  user.CompareWinterWithSample("fancoil.PCK");
+  user.PrintSheet(title + "_SPREAD.PDF");
 }
 
 TEST(Manual, TheHouseGivesThePumpThatItsChapterPromises) {
@@ -393,7 +550,8 @@ TEST(Manual, TheHouseGivesThePumpThatItsChapterPromises) {
   user.EnterOutlets();
   user.CompareWithSample("house.PCA");
   user.CalculateAndCompare();
-  user.Save("Ύδρευση διώροφης κατοικίας.PCA");
+  user.Press<FrmRes_Sheet>(Plain(KeyCode::kEscape));
+  user.SaveFirst("Ύδρευση διώροφης κατοικίας.PCA");
 }
 
 }  // namespace

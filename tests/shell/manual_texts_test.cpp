@@ -5,8 +5,10 @@
 #include <algorithm>
 #include <filesystem>
 #include <map>
+#include <memory>
 #include <set>
 #include <string>
+#include <vector>
 
 #include "entry/emitters/frm_soma.h"
 #include "entry/emitters/frm_ypodo.h"
@@ -91,6 +93,41 @@ bool HasCommand(const Form& form, const std::string& caption, const std::string&
   });
 }
 
+// The screens by their headings in the chapter of keys.
+std::map<std::string, FormFactory> Screens() {
+  return {{"Αρχή", &MakeForm<FrmKind>},
+          {"Βασικό μενού", &MakeForm<FrmMain>},
+          {"Γενικά δεδομένα", &MakeForm<FrmGenData>},
+          {"Φύλλο τμημάτων", &MakeForm<FrmData_Sheet>},
+          {"Φόρμα τμημάτων", &MakeForm<FrmData>},
+          {"Ταυ και σταυροί", &MakeForm<FrmTauCross_S>},
+          {"Σώματα", &MakeForm<FrmSoma>},
+          {"Υποδοχείς", &MakeForm<FrmYpodo>},
+          {"Αποτελέσματα, ο πίνακας", &MakeForm<FrmRes_Sheet>},
+          {"Αποτελέσματα, ένα τμήμα τη φορά", &MakeForm<FrmRes>},
+          {"Η προμέτρηση", &MakeForm<FrmStatS>},
+          {"Η αντλία", &MakeForm<FrmResGn>},
+          {"Χειμώνας", &MakeForm<FrmWinter>}};
+}
+
+// As it is at first; the main menu names its commands when it is loaded.
+std::unique_ptr<Form> FormOf(const std::string& heading, Desk& desk) {
+  auto form = Screens().at(heading)(desk);
+  if (heading == "Βασικό μενού") {
+    form->Load();
+    form->Derive();
+  }
+  return form;
+}
+
+bool AnyHasCommand(const std::string& caption, const std::string& key) {
+  const auto screens = Screens();
+  return std::ranges::any_of(screens, [&](const auto& screen) {
+    TestDesk user;
+    return HasCommand(*FormOf(screen.first, user.desk), caption, key);
+  });
+}
+
 TEST(ManualTexts, LinksAndPicturesAreThere) {
   for (const auto& [name, chapter] : AllChapters()) {
     for (const std::string& target : chapter.Targets()) {
@@ -110,35 +147,40 @@ TEST(ManualTexts, WhatIsInBoldIsOnAScreen) {
 }
 
 TEST(ManualTexts, KeysAreThoseOfTheirCommands) {
-  const std::map<std::string, FormFactory> forms = {
-      {"Αρχή", &MakeForm<FrmKind>},
-      {"Βασικό μενού", &MakeForm<FrmMain>},
-      {"Γενικά δεδομένα", &MakeForm<FrmGenData>},
-      {"Φύλλο τμημάτων", &MakeForm<FrmData_Sheet>},
-      {"Φόρμα τμημάτων", &MakeForm<FrmData>},
-      {"Ταυ και σταυροί", &MakeForm<FrmTauCross_S>},
-      {"Σώματα", &MakeForm<FrmSoma>},
-      {"Υποδοχείς", &MakeForm<FrmYpodo>},
-      {"Αποτελέσματα, ο πίνακας", &MakeForm<FrmRes_Sheet>},
-      {"Αποτελέσματα, ένα τμήμα τη φορά", &MakeForm<FrmRes>},
-      {"Η προμέτρηση", &MakeForm<FrmStatS>},
-      {"Η αντλία", &MakeForm<FrmResGn>},
-      {"Χειμώνας", &MakeForm<FrmWinter>}};
   const auto parts = AllChapters().at("03-keys.md").Parts();
-  EXPECT_EQ(parts.size(), forms.size() + 1) << "the print has no screen of its own";
-  for (const auto& [heading, make] : forms) {
+  EXPECT_EQ(parts.size(), Screens().size() + 1) << "the print has no screen of its own";
+  for (const auto& [heading, make] : Screens()) {
     TestDesk user;
-    const auto form = make(user.desk);
-    if (heading == "Βασικό μενού") {
-      form->Load();
-      form->Derive();
-    }
+    const auto form = FormOf(heading, user.desk);
     for (const auto& cells : parts.at(heading).Lines()) {
       const bool caption = cells.size() == 2 && cells[1].starts_with("**");
       if (!caption) continue;
       const std::string command = Markdown{cells[1]}.Between("**").front();
       EXPECT_TRUE(HasCommand(*form, command, Markdown{cells[0]}.Between("`").front()))
           << heading << ": " << cells[0] << " " << command;
+    }
+  }
+}
+
+// "**Υπολογισμοί** (`F9`)"
+TEST(ManualTexts, AKeyBesideACaptionRunsIt) {
+  for (const auto& [name, chapter] : AllChapters()) {
+    const std::vector<std::string> pieces = SplitAt(InOneLine(chapter.text), "** (`");
+    for (std::size_t i = 1; i < pieces.size(); ++i) {
+      const std::string caption = SplitAt(pieces[i - 1], "**").back();
+      const std::string key = pieces[i].substr(0, pieces[i].find('`'));
+      EXPECT_TRUE(AnyHasCommand(caption, key)) << name << ": " << caption << " " << key;
+    }
+  }
+}
+
+TEST(ManualTexts, WhatTablesAskAndPromiseIsOnAScreen) {
+  const std::string texts = ProgramTexts();
+  for (const char* name : {"01-fancoil.md", "02-house.md"}) {
+    for (const char* head : {"τι ζητά", "η οθόνη λέει"}) {
+      for (const CsvLine& line : AllChapters().at(name).Table(head)) {
+        EXPECT_NE(texts.find(line.at(head)), std::string::npos) << name << ": " << line.at(head);
+      }
     }
   }
 }
