@@ -278,6 +278,8 @@ class FloorReader : public Reader {
     At<FrmRes>().Run(At<FrmRes>().CmdPump);
     EXPECT_EQ(At<FrmResGn>().Text2.text, chapter.Value("Παροχή Αντλίας, σε [m³/h]"));
     Press<FrmResGn>(Plain(KeyCode::kEnter));
+    EXPECT_FALSE(forms.IsOpen(screen::kPump));
+    forms.Show(screen::kResults);  // the window below
     Press<FrmRes>(Plain(KeyCode::kEscape));
   }
 
