@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include <ui_frm_avai_d.h>
 #include <ui_frm_calcs.h>
 #include <ui_frm_cur_fl.h>
 #include <ui_frm_data.h>
@@ -48,6 +49,7 @@
 #include "entry/tees/frm_tau_cross.h"
 #include "entry/tees/frm_tau_cross_s.h"
 #include "entry/winter/frm_winter.h"
+#include "results/frm_avai_d.h"
 #include "results/frm_res.h"
 #include "results/frm_res_gn.h"
 #include "results/frm_res_sheet.h"
@@ -79,6 +81,8 @@ constexpr Screen kScreens[] = {
     {screen::kPump, &MakeForm<FrmResGn>, &SetUp<Ui::FrmResGn>},
     {screen::kResultsSheet, &MakeForm<FrmRes_Sheet>, &SetUp<Ui::FrmRes_Sheet>},
     {screen::kQuantities, &MakeForm<FrmStatS>, &SetUp<Ui::FrmStatS>},
+    {screen::kOneDiameter, &MakeForm<FrmAvaiD>, &SetUp<Ui::FrmAvaiD>, screen::kResultsSheet,
+     screen::kResults, true},
     {screen::kTitle, &MakeForm<FrmTitle>, &SetUp<Ui::FrmTitle>},
     {screen::kMain, &MakeForm<FrmMain>, &SetUp<Ui::FrmMain>},
     {screen::kKind, &MakeForm<FrmKind>, &SetUp<Ui::FrmKind>},

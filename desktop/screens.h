@@ -13,6 +13,8 @@ struct Screen {
   FormFactory make;
   void (*set_up)(QWidget& window);  ///< puts the designed parts into an empty window
   std::string_view beside = {};     ///< the screen beside whose window it opens
+  std::string_view or_beside = {};  ///< or this one
+  bool level = false;               ///< as high as that window, which stays where it is
 };
 
 /// All screens.

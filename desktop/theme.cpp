@@ -56,6 +56,9 @@ constexpr Theme kLightTheme = {
     .oncalculated_field = Rgb(0x63F58A),
     .imposed_field = Rgb(0xA80F1C),
     .onimposed_field = Rgb(0xFFF04A),
+    .wait = Rgb(0x80FF80),
+    .onwait = Rgb(0x000000),
+    .waitedge = Rgb(0x0A2A10),
 };
 
 constexpr Theme kDarkTheme = {
@@ -94,6 +97,9 @@ constexpr Theme kDarkTheme = {
     .oncalculated_field = kLightTheme.oncalculated_field,
     .imposed_field = kLightTheme.imposed_field,
     .onimposed_field = kLightTheme.onimposed_field,
+    .wait = kLightTheme.wait,
+    .onwait = kLightTheme.onwait,
+    .waitedge = kLightTheme.waitedge,
 };
 
 const Theme& ChooseTheme(const QPalette& desktop, const QString& wish) {

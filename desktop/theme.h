@@ -38,6 +38,7 @@ struct Theme {
   QColor imposed, onimposed;                    ///< likewise, when the user set the diameter
   QColor calculated_field, oncalculated_field;  ///< diameter of the one section shown
   QColor imposed_field, onimposed_field;
+  QColor wait, onwait, waitedge;  ///< likewise, while the diameter waits for its calculation
 };
 
 extern const Theme kLightTheme;
@@ -80,6 +81,9 @@ inline constexpr ThemeToken kThemeTokens[] = {
     {"oncalculated_field", &Theme::oncalculated_field},
     {"imposed_field", &Theme::imposed_field},
     {"onimposed_field", &Theme::onimposed_field},
+    {"wait", &Theme::wait},
+    {"onwait", &Theme::onwait},
+    {"waitedge", &Theme::waitedge},
 };
 
 /// `wish` is "light" or "dark"; anything else asks whether the desktop's windows are dark.

@@ -15,4 +15,8 @@ struct PairPlaces {
 /// one at its right edge.
 PairPlaces PlacesOfPair(QSize first, QSize second, const QRect& free_area);
 
+/// Where a window of that width goes beside another one's frame, which stays: at its right, else at
+/// its left, else over its right edge, always with both tops level.
+QPoint PlaceLevel(int width, const QRect& other, const QRect& free_area);
+
 }  // namespace kalvo

@@ -7,6 +7,7 @@
 #include <QSettings>
 #include <QSplitter>
 #include <QUrl>
+#include <QWindow>
 #include <algorithm>
 #include <cassert>
 #include <stdexcept>
@@ -31,6 +32,16 @@ QString GeometryKey(const QWidget& window) {
 
 QString SplitterKey(const QWidget& window, const QSplitter& splitter) {
   return window.objectName() + QLatin1Char('/') + splitter.objectName();
+}
+
+// Where it lies over its partner it stays in front of it.
+void PlaceLevelWith(QWidget& window, QWidget& partner) {
+  const QRect frame = partner.frameGeometry();
+  const int edges = frame.width() - partner.width();
+  window.resize(window.width(), partner.height());
+  window.move(PlaceLevel(window.width() + edges, frame, partner.screen()->availableGeometry()));
+  window.winId();  // makes the handle
+  window.windowHandle()->setTransientParent(partner.windowHandle());
 }
 
 }  // namespace
@@ -148,8 +159,7 @@ Windows::Open& Windows::OpenScreen(const Screen& screen, bool modal) {
   }
   open.binder->Paint();
   Restore(*open.window);
-  QWidget* partner = WindowOf(screen.beside);
-  if (partner != nullptr && partner->isVisible()) PlaceBeside(open, *partner);
+  PlaceWindow(screen, open);
   return open;
 }
 
@@ -298,6 +308,15 @@ void Windows::Restore(QWidget& window) {
   window.restoreGeometry(settings_->value(GeometryKey(window)).toByteArray());
   for (QSplitter* splitter : window.findChildren<QSplitter*>()) {
     splitter->restoreState(settings_->value(SplitterKey(window, *splitter)).toByteArray());
+  }
+}
+
+void Windows::PlaceWindow(const Screen& screen, Open& open) const {
+  for (const std::string_view name : {screen.beside, screen.or_beside}) {
+    QWidget* partner = WindowOf(name);
+    if (partner == nullptr || !partner->isVisible()) continue;
+    screen.level ? PlaceLevelWith(*open.window, *partner) : PlaceBeside(open, *partner);
+    return;
   }
 }
 

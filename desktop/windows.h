@@ -74,6 +74,8 @@ class Windows : public QObject, public Navigator {
   void Front(Open& open);
   void Remember(const QWidget& window);
   void Restore(QWidget& window);
+  /// Puts a window that opens beside another one in its place.
+  void PlaceWindow(const Screen& screen, Open& open) const;
   static void PlaceBeside(Open& open, QWidget& partner);
   void FocusChanged(QWidget* now);
   void LetFormsIdle();

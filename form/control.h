@@ -32,6 +32,7 @@ enum class Tone {
   kAlarm,
   kCalculated,
   kImposed,
+  kWaiting,  ///< imposed, not calculated yet
   kCritical,
   kStrong,  ///< the source's name
 };

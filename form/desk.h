@@ -31,6 +31,7 @@ enum class ResultsView { kOne = 0, kOneFromSheet = 1, kSheet = 2 };
 
 class TeeCounters;
 class SectionSitting;
+class DiameterView;
 
 /// No value is in memory.
 constexpr float kNoMemory = -1.0F;
@@ -56,10 +57,11 @@ struct ScreenState {
   std::array<float, 3> outlet_memory{kNoMemory, kNoMemory, kNoMemory};
   /// Section entry under way; its screens hand it on to each other.
   std::shared_ptr<SectionSitting> section_sitting;
-  bool entry_goes_on = false;           ///< the section form opens on a new row after the last
-  bool back_to_sheet = false;           ///< the end of the emitters leads to the sheet
-  bool open_kept_sheet = false;         ///< the sheet opens with what was kept, without asking
-  TeeCounters* tee_counters = nullptr;  ///< what the tee window serves; nothing: it is closed
+  bool entry_goes_on = false;             ///< the section form opens on a new row after the last
+  bool back_to_sheet = false;             ///< the end of the emitters leads to the sheet
+  bool open_kept_sheet = false;           ///< the sheet opens with what was kept, without asking
+  TeeCounters* tee_counters = nullptr;    ///< what the tee window serves; nothing: it is closed
+  DiameterView* diameter_view = nullptr;  ///< the view of results that is open; nothing: none is
 };
 
 /// What every form is handed beside the study's workbench.

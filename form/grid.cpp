@@ -94,6 +94,7 @@ void Grid::Sort() {
 }
 
 void Grid::CycleSort(int column) {
+  if (!sortable) return;
   if (column != sort_column_ || sort_order_ == SortOrder::kNone) {
     sort_column_ = column;
     sort_order_ = SortOrder::kRising;

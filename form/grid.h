@@ -54,6 +54,7 @@ class Grid : public Control {
   std::string row_noun;               ///< what a row is, for reading aloud: "Τμήμα"
   std::string mark_name;              ///< what a marked row is
   bool copies_heads = false;          ///< Copy() begins with the heads of its columns
+  bool sortable = true;               ///< the user may choose another order
   std::function<void()> on_move;      ///< the current cell was moved by the user
   std::function<void()> on_activate;  ///< double click or Enter on the current cell
 
@@ -79,6 +80,8 @@ class Grid : public Control {
   [[nodiscard]] GridPlace current() const { return current_; }
   /// The form moves the current cell; outside the table it is brought to the nearest place.
   void SetCurrent(GridPlace place);
+  /// No cell is the current one until the user, or the form, moves to one: its row is -1.
+  void ClearCurrent() { current_ = {-1, -1}; }
   /// The user moves it.
   void MoveTo(GridPlace place);
 

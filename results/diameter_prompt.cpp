@@ -25,6 +25,7 @@ PromptEnd Recalculate(Desk& desk, const std::vector<SectionRow>& rows) {
   if (TellIfFailed(bench, bench.workspace.Flush(work_file::kRows))) {
     bench.workspace.Delete(work_file::kRowsBeforeChange);
   }
+  CloseOneDiameter(desk);  // it serves the view that closes
   desk.screens.ResultsLeft = false;
   desk.navigator.Close(screen::kResults);
   desk.navigator.Show(screen::kPump);

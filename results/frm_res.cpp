@@ -6,6 +6,7 @@
 #include "form/tell.h"
 #include "results/critical_sections.h"
 #include "results/diameter_prompt.h"
+#include "results/diameter_roads.h"
 #include "results/node_report.h"
 #include "results/result_notes.h"
 #include "results/results_session.h"
@@ -25,6 +26,8 @@ FrmRes::FrmRes(Desk& shared_desk)
       CmdExar(*this, "CmdExar", "Προμέτρηση", [this] { ShowBill(); }),
       Cmd_Nodes(*this, "Cmd_Nodes", " Έλεγχος Κόμβων Τμημάτων ",
                 [this] { ShowNodeReport(desk, true); }),
+      CmdChD(*this, "CmdChD", "Αλλαγή διαμέτρου",
+             [this] { ChangeOneDiameter(desk, ChangeRoad::kButton); }),
       CmdHelp(*this, "CmdHelp", "Βοήθεια πλήκτρων", [this] { ShowHelp(); }, {Plain(KeyCode::kF1)}),
       CmdFirst(*this, "CmdFirst", "Πρώτο Τμήμα", [this] { GoToRow(1); }, {Ctrl(KeyCode::kHome)}),
       CmdPrev(*this, "CmdPrev", "Προηγούμενο", [this] { GoToRow(bench.study.CurrentRow - 1); },
@@ -40,7 +43,9 @@ FrmRes::FrmRes(Desk& shared_desk)
       SSCommand1(
           *this, "SSCommand1", " ΕΜΦΑΝΙΣΗ ΤΩΝ ΣΩΛΗΝΩΝ, ΣΕ ΜΟΡΦΗ SpreadSheet ",
           [this] { ShowSheet(); }, OtherViewKeys()),
-      CmdSound(*this, "CmdSound", "On-Off Ήχων", [this] { ChkSoundR.Set(!ChkSoundR.on); }) {
+      CmdSound(*this, "CmdSound", "On-Off Ήχων", [this] { ChkSoundR.Set(!ChkSoundR.on); }),
+      CmdChangeOne(*this, "CmdChangeOne", CmdChD.caption,
+                   [this] { ChangeOneDiameter(desk, ChangeRoad::kMenu); }) {
   for (Field* field : {&TxtName, &TxtLength, &TxtNomiDiam, &TxtWaterFlow, &TxtVelocity,
                        &TxtTotalDrop, &TxtAvaiPres}) {
     field->locked = true;
@@ -48,6 +53,10 @@ FrmRes::FrmRes(Desk& shared_desk)
   LblCritical.tone = Tone::kCritical;
   ChkSoundR.on_toggle = [this] { desk.options.SoundOn = ChkSoundR.on; };
   BuildMenus();
+}
+
+FrmRes::~FrmRes() {
+  if (desk.screens.diameter_view == this) desk.screens.diameter_view = nullptr;
 }
 
 void FrmRes::BuildMenus() {
@@ -65,7 +74,8 @@ void FrmRes::BuildMenus() {
              {},
              {"mnuResPres_Sound", CmdSound.caption, &CmdSound},
              {},
-             {"mnuResPres_Back", CmdBack.caption, &CmdBack}}}};
+             {"mnuResPres_Back", CmdBack.caption, &CmdBack}}},
+           {"Αλλαγή &διαμέτρων", {{"mnuChangeDiam_One", CmdChangeOne.caption, &CmdChangeOne}}}};
   popup.entries = {{"mnuPUForm_First", CmdFirst.caption, &CmdFirst},
                    {"mnuPUForm_Prev", CmdPrev.caption, &CmdPrev},
                    {"mnuPUForm_Next", CmdNext.caption, &CmdNext},
@@ -74,12 +84,15 @@ void FrmRes::BuildMenus() {
                    {},
                    {"mnuPUForm_Pump", CmdPump.caption, &CmdPump},
                    {"mnuPUForm_Diff", CmdDiff.caption, &CmdDiff},
-                   {"mnuPUForm_Prom", CmdExar.caption, &CmdExar}};
+                   {"mnuPUForm_Prom", CmdExar.caption, &CmdExar},
+                   {},
+                   {"mnuPUForm_ChCur", CmdChangeOne.caption, &CmdChangeOne}};
 }
 
 void FrmRes::Load() {
   OpenView(desk);
   desk.navigator.Close(screen::kResultsSheet);
+  desk.screens.diameter_view = this;
   const bool open = bench.study.SystemOpen();
   title = std::string("ΑΠΟΤΕΛΕΣΜΑΤΑ ΥΠΟΛΟΓΙΣΜΩΝ ΣΩΛΗΝΩΝ - < ") + (open ? "ΑΝΟΙΚΤΟ" : "ΚΛΕΙΣΤΟ") +
           " > ΣΥΣΤΗΜΑ ΣΩΛΗΝΩΝ";
@@ -115,6 +128,7 @@ void FrmRes::ShowRow() {
   ShowValues(row);
   ShowWas(row);
   ShowNotes(*rows, row);
+  NoteDisplay(number, row);
 }
 
 void FrmRes::ShowValues(const SectionRow& row) {
@@ -134,9 +148,24 @@ void FrmRes::ShowValues(const SectionRow& row) {
   const std::string right = FromCodePage(Trim(RightNode(row.Name)));
   Pipe.from = open ? right : left;
   Pipe.to = open ? left : right;
+  ShowPipe();
+}
+
+void FrmRes::ShowPipe() {
   Pipe.caption =
       TxtLength.text + " m  ·  " + TxtNomiDiam.text + "  ·  " + TxtWaterFlow.text + " Lit/h";
 }
+
+void FrmRes::ShowReplaced(const SectionRow& row, bool waits) {
+  TxtNomiDiam.Show(row.NomiDiam.Utf8());
+  TxtNomiDiam.tone = waits ? Tone::kWaiting : Tone::kCalculated;
+  LblWas.visible = waits;
+  LblWas.text = "✎ αναμένει υπολογισμό";
+  ShowPipe();
+  NoteDisplay(number(), row, waits);
+}
+
+void FrmRes::BringToFront() { desk.navigator.Show(screen::kResults); }
 
 void FrmRes::ShowWas(const SectionRow& row) {
   LblWas.visible = row.InDiameter < 0;
@@ -168,6 +197,7 @@ void FrmRes::ClearRow() {
   LblCount.text.clear();
   Pipe.from = Pipe.to = Pipe.caption = "";
   LblCritical.visible = LblWas.visible = LblNotes.visible = false;
+  NoteNothing();
 }
 
 void FrmRes::GoToRow(int number) {

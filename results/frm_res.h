@@ -5,19 +5,27 @@
 #include "engine/notes.h"
 #include "form/form.h"
 #include "form/pictures.h"
+#include "results/diameter_view.h"
 #include "results/pump_frame.h"
 
 namespace kalvo {
 
 /// Results of one section at a time.
-class FrmRes : public Form {
+class FrmRes : public Form, public DiameterView {
  public:
   explicit FrmRes(Desk& shared_desk);
+  FrmRes(const FrmRes&) = delete;
+  FrmRes& operator=(const FrmRes&) = delete;
+  ~FrmRes() override;
 
   void Load() override;
   void Activate() override;
   void Derive() override;
   bool MayClose() override;
+
+  void ShowReplaced(const SectionRow& row, bool waits) override;
+  void ShowAgain() override { ShowRow(); }
+  void BringToFront() override;
 
   PumpFrame frame{*this};
 
@@ -25,6 +33,7 @@ class FrmRes : public Form {
   Command CmdDiff;
   Command CmdExar;
   Command Cmd_Nodes;
+  Command CmdChD;
   Command CmdHelp;
   Toggle ChkSoundR{*this, "ChkSoundR", " On-Off Ήχων "};
 
@@ -34,7 +43,7 @@ class FrmRes : public Form {
   PipeDrawing Pipe{*this, "Pipe"};
   Field TxtName{*this, "TxtName"};
   Field TxtLength{*this, "TxtLength"};
-  Label LblWas{*this, "LblWas"};  ///< beside a diameter that the user imposed
+  Label LblWas{*this, "LblWas"};  ///< beside a diameter that the user imposed, or that waits
   Field TxtNomiDiam{*this, "TxtNomiDiam"};
   Field TxtWaterFlow{*this, "TxtWaterFlow"};
   Field TxtVelocity{*this, "TxtVelocity"};
@@ -51,6 +60,7 @@ class FrmRes : public Form {
   Command CmdBack;
   Command SSCommand1;
   Command CmdSound;
+  Command CmdChangeOne;  ///< the menus' entry: its change waits
 
  private:
   void BuildMenus();
@@ -58,6 +68,7 @@ class FrmRes : public Form {
   void ShowRow();
   void ShowValues(const SectionRow& row);
   void ShowWas(const SectionRow& row);
+  void ShowPipe();
   void ShowNotes(const std::vector<SectionRow>& rows, const SectionRow& row);
   void ClearRow();
   void GoToRow(int number);

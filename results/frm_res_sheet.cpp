@@ -6,6 +6,7 @@
 #include "engine/winter.h"
 #include "form/tell.h"
 #include "results/critical_sections.h"
+#include "results/diameter_roads.h"
 #include "results/node_report.h"
 #include "results/result_notes.h"
 #include "results/result_table.h"
@@ -19,6 +20,8 @@ FrmRes_Sheet::FrmRes_Sheet(Desk& shared_desk)
                 [this] { ShowNodeReport(desk, true); }),
       CmdExar(*this, "CmdExar", "Προμέτρηση",
               [this] { desk.navigator.ShowModal(screen::kQuantities); }),
+      CmdChD(*this, "CmdChD", "Αλλαγή διαμέτρου",
+             [this] { ChangeOneDiameter(desk, ChangeRoad::kButton); }),
       Cmd_Headers(*this, "Cmd_Headers", " Επαναφορά Πλάτους Στηλών ",
                   [this] { fpSpread1.RestoreWidths(); }),
       Cmd_Back(*this, "Cmd_Back", " Επιστροφή στο Βασικό Menu ",
@@ -35,8 +38,13 @@ FrmRes_Sheet::FrmRes_Sheet(Desk& shared_desk)
   ChainCritical.caption = "Δυσμενέστερος κλάδος";
 }
 
+FrmRes_Sheet::~FrmRes_Sheet() {
+  if (desk.screens.diameter_view == this) desk.screens.diameter_view = nullptr;
+}
+
 void FrmRes_Sheet::Load() {
   OpenView(desk);
+  desk.screens.diameter_view = this;
   desk.screens.results_view = ResultsView::kSheet;
   desk.navigator.Close(screen::kResults);
   const bool open = bench.study.SystemOpen();
@@ -123,6 +131,7 @@ void FrmRes_Sheet::FollowCurrent() {
   if (rows_.empty()) {
     panel.Clear();
     ShowBranch();
+    NoteNothing();
     return;
   }
   const auto at = static_cast<std::size_t>(fpSpread1.current().row);
@@ -132,7 +141,15 @@ void FrmRes_Sheet::FollowCurrent() {
   panel.Show(row, explainer_.Explain(row),
              spare == spares_.end() ? std::nullopt : std::optional(spare->spare), desk.separators);
   ShowBranch();
+  NoteDisplay(bench.study.CurrentRow, row);
 }
+
+void FrmRes_Sheet::ShowReplaced(const SectionRow& row, bool waits) {
+  ShowReplacedDiameter(fpSpread1, number() - 1, row, waits);
+  NoteDisplay(number(), row, waits);
+}
+
+void FrmRes_Sheet::BringToFront() { desk.navigator.Show(screen::kResultsSheet); }
 
 bool FrmRes_Sheet::OtherKey(const Key& key) { return key == Plain(KeyCode::kF1); }
 

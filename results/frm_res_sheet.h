@@ -5,6 +5,7 @@
 #include "engine/notes.h"
 #include "form/form.h"
 #include "form/pictures.h"
+#include "results/diameter_view.h"
 #include "results/drop_explainer.h"
 #include "results/drop_panel.h"
 #include "results/pump_frame.h"
@@ -12,20 +13,28 @@
 namespace kalvo {
 
 /// Results of all sections in one table, and why the current one has its drop.
-class FrmRes_Sheet : public Form {
+class FrmRes_Sheet : public Form, public DiameterView {
  public:
   explicit FrmRes_Sheet(Desk& shared_desk);
+  FrmRes_Sheet(const FrmRes_Sheet&) = delete;
+  FrmRes_Sheet& operator=(const FrmRes_Sheet&) = delete;
+  ~FrmRes_Sheet() override;
 
   void Load() override;
   void Activate() override;
   bool MayClose() override;
   bool OtherKey(const Key& key) override;
 
+  void ShowReplaced(const SectionRow& row, bool waits) override;
+  void ShowAgain() override { ShowRows(); }
+  void BringToFront() override;
+
   PumpFrame frame{*this};
 
   Command CmdDiff;
   Command Cmd_Nodes;
   Command CmdExar;
+  Command CmdChD;
   Toggle ChkCritical{*this, "ChkCritical", "Επισήμανση δυσμ. κλάδου"};
   Command Cmd_Headers;
 

@@ -62,4 +62,10 @@ void FillResultRow(Grid& grid, int at, const SectionRow& row, const SectionRow* 
   set(kPressure, pressure, Kilopascal(pressure, separators));
 }
 
+void ShowReplacedDiameter(Grid& grid, int at, const SectionRow& row, bool waits) {
+  grid.Set(at, kDiameter,
+           {row.NomiDiam.Utf8(), waits ? Tone::kImposed : Tone::kCalculated,
+            std::fabs(row.InDiameter), waits ? "αναμένει υπολογισμό" : ""});
+}
+
 }  // namespace kalvo

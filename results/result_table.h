@@ -18,4 +18,8 @@ std::vector<GridColumn> ResultColumns();
 void FillResultRow(Grid& grid, int at, const SectionRow& row, const SectionRow* first,
                    const std::vector<std::string>& notes, Separators separators);
 
+/// Shows in the row of the table that `row` has another diameter now. `waits`: one that differs
+/// from the first of the session and is not calculated yet.
+void ShowReplacedDiameter(Grid& grid, int at, const SectionRow& row, bool waits);
+
 }  // namespace kalvo

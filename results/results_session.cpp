@@ -33,12 +33,6 @@ void FollowRows(Workbench& bench, std::vector<SectionRow> rows) {
   });
 }
 
-// The rows are the ones that changes of diameters are found against.
-void MakePreviousRows(Workbench& bench) {
-  const Outcome copied = bench.workspace.Copy(work_file::kRows, work_file::kPreviousRows);
-  if (!TellIfFailed(bench, copied)) bench.workspace.Delete(work_file::kPreviousRows);
-}
-
 // The rows stand: copies from before go, the one first that the next start would put over them.
 void DropOlderRows(Workspace& workspace) {
   workspace.Delete(work_file::kRowsBeforeChange);
@@ -116,6 +110,13 @@ bool KeepRows(Desk& desk, std::string_view kept) {
   }
   if (TellIfFailed(bench, bench.workspace.Write(kept, *std::move(rows)))) return true;
   bench.workspace.Delete(kept);  // of an earlier session, perhaps of other rows
+  return false;
+}
+
+bool MakePreviousRows(Workbench& bench) {
+  const Outcome copied = bench.workspace.Copy(work_file::kRows, work_file::kPreviousRows);
+  if (TellIfFailed(bench, copied)) return true;
+  bench.workspace.Delete(work_file::kPreviousRows);
   return false;
 }
 
@@ -205,6 +206,7 @@ void CloseOneDiameter(Desk& desk) {
   if (!desk.screens.ChangeFormOpen) return;
   desk.navigator.Close(screen::kOneDiameter);
   desk.screens.ChangeFormOpen = false;
+  desk.Click();
 }
 
 }  // namespace kalvo

@@ -30,6 +30,10 @@ void OpenView(Desk& desk);
 /// place.
 bool KeepRows(Desk& desk, std::string_view kept);
 
+/// The rows become the ones that changes of diameters are found against, `DATARES.PRV`. False: they
+/// could not, which the user was told, and none are there.
+bool MakePreviousRows(Workbench& bench);
+
 /// Results that are looked at become the study's, unless a new calculation is needed.
 void CountAsShown(Desk& desk);
 
@@ -53,7 +57,7 @@ void GoBack(Desk& desk, std::string_view view, const std::function<void()>& show
 /// session ends and what it was opened from shows.
 void LeaveByWindow(Desk& desk);
 
-/// The form for one diameter closes when it is open.
+/// The form for one diameter closes when it is open, which is heard.
 void CloseOneDiameter(Desk& desk);
 
 }  // namespace kalvo

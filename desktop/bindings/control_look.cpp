@@ -14,6 +14,8 @@ QString ToneName(Tone tone) {
       return QStringLiteral("calculated");
     case Tone::kImposed:
       return QStringLiteral("imposed");
+    case Tone::kWaiting:
+      return QStringLiteral("waiting");
     case Tone::kCritical:
       return QStringLiteral("crit");
     case Tone::kStrong:

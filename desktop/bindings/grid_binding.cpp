@@ -54,8 +54,10 @@ void GridBinding::HearUser(const Act& act) {
             if (painting_ || !now.isValid()) return;
             act([&] { grid_.MoveTo(model_.PlaceOf(now)); });
           });
-  connect(&view_, &QTableView::doubleClicked, this, [this, act](const QModelIndex&) {
-    if (grid_.on_activate) act(grid_.on_activate);
+  connect(&view_, &QTableView::doubleClicked, this, [this, act](const QModelIndex& meant) {
+    // The form may have kept the current cell off the row that was clicked.
+    const bool reached = model_.PlaceOf(meant).row == grid_.current().row;
+    if (grid_.on_activate && reached) act(grid_.on_activate);
   });
   connect(head_, &QHeaderView::sectionClicked, this,
           [this, act](int column) { act([&] { grid_.CycleSort(column); }); });
@@ -104,6 +106,10 @@ void GridBinding::PaintSortMark() {
 
 void GridBinding::PaintCurrent() {
   const QModelIndex wanted = model_.IndexOf(grid_.current());
+  if (!wanted.isValid() && view_.currentIndex().isValid()) {
+    view_.setCurrentIndex({});
+    view_.clearSelection();
+  }
   if (wanted.isValid() && view_.currentIndex() != wanted) {
     view_.setCurrentIndex(wanted);
     view_.scrollTo(wanted);

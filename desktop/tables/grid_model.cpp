@@ -15,6 +15,7 @@ QVariant BackgroundOf(Tone tone) {
     case Tone::kCalculated:
       return ActiveTheme().calculated;
     case Tone::kImposed:
+    case Tone::kWaiting:
       return ActiveTheme().imposed;
     case Tone::kAlarm:
     case Tone::kCritical:
@@ -70,7 +71,7 @@ int GridModel::LookOf(GridPlace place, const GridCell& cell) const {
   if (cell.refused) look |= kRefusedLook;
   if (grid_.IsMarked(place.row)) look |= kCriticalLook;
   if (tone == Tone::kAlarm) look |= kAlarmLook;
-  if (tone == Tone::kImposed) look |= kImposedLook;
+  if (tone == Tone::kImposed || tone == Tone::kWaiting) look |= kImposedLook;
   if (tone == Tone::kStrong) look |= kStrongLook;
   return look;
 }

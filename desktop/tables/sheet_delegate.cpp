@@ -117,7 +117,7 @@ void SheetDelegate::DrawLine(QPainter& painter, const QRect& rect, Qt::Alignment
     return;
   }
   const double left = alignment.testFlag(Qt::AlignRight)     ? spare.width()
-                      : alignment.testFlag(Qt::AlignHCenter) ? spare.width() / 2
+                      : alignment.testFlag(Qt::AlignHCenter) ? std::floor(spare.width() / 2)
                                                              : 0;
   // Onto whole pixels: the painter would take the one above.
   const double pixels = painter.device()->devicePixelRatioF();

@@ -137,6 +137,14 @@ TEST(WindowPair, IsInTheMiddleOrItsSecondWindowAtTheRightEdge) {
   EXPECT_EQ(narrow.second.x(), 100 + 1920 - 920);
 }
 
+TEST(WindowPair, PutsOneLevelBesideAnotherThatStays) {
+  const QRect results(300, 60, 1000, 700);
+  EXPECT_EQ(PlaceLevel(336, results, {0, 0, 1920, 1080}), QPoint(1308, 60));
+  EXPECT_EQ(PlaceLevel(280, results, {0, 0, 1366, 768}), QPoint(12, 60)) << "room at the left only";
+  EXPECT_EQ(PlaceLevel(336, results, {0, 0, 1366, 768}), QPoint(964, 60)) << "over its right edge";
+  EXPECT_EQ(PlaceLevel(336, {0, 0, 1400, 700}, {0, 0, 1366, 768}), QPoint(1030, 0));
+}
+
 TEST(Pictures, OfRailAndJunctions) {
   for (const Theme* theme : {&kLightTheme, &kDarkTheme}) {
     const QString suffix = theme == &kLightTheme ? "-light" : "-dark";

@@ -57,6 +57,57 @@ TEST(ResultsWindows, ShowTheSampleWholeInBothThemes) {
   ApplyTheme(*qApp, kLightTheme);
 }
 
+TEST(DiameterWindow, ReplacesByItsKeysBesideTheSheetAndGivesThemBack) {
+  CalculatedDesk desk(KALVO_SAMPLES_DIR "/hotel.PCK");
+  QWidget& sheet = desk.Open(screen::kResultsSheet, kSheetSize);
+  sheet.findChild<QPushButton*>("CmdChD")->click();
+  QWidget* window = desk.windows.WindowOf(screen::kOneDiameter);
+  ASSERT_NE(window, nullptr);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window));
+  EXPECT_EQ(window->height(), sheet.height());
+  auto* list = window->findChild<QTableView*>("fpSpread1");
+  EXPECT_FALSE(list->verticalHeader()->isVisible());
+  const QModelIndex now = list->currentIndex();
+  EXPECT_EQ(now.siblingAtColumn(2).data().toString(), QStringLiteral("τώρα"));
+  QTest::keyClick(window->focusWidget(), Qt::Key_Down);
+  QTest::keyClick(window->focusWidget(), Qt::Key_Return);
+  EXPECT_LT(desk.study.Rows()[0].InDiameter, 0);
+  const auto* cells = sheet.findChild<QTableView*>("fpSpread1")->model();
+  EXPECT_EQ(cells->index(0, 2).data(), list->currentIndex().data());
+  EXPECT_EQ(list->currentIndex().row(), now.row() + 1);
+
+  const std::string bytes = desk.study.workspace->Read(work_file::kRows).value();
+  const QRect empty = list->visualRect(list->model()->index(list->model()->rowCount() - 1, 0));
+  QTest::keyClick(window->focusWidget(), Qt::Key_End, Qt::ControlModifier);
+  const int last = list->currentIndex().row();
+  EXPECT_FALSE(list->currentIndex().siblingAtColumn(0).data().toString().isEmpty());
+  QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, empty.center());
+  QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, empty.center());
+  EXPECT_EQ(list->currentIndex().row(), last) << "empty rows are not reached";
+  EXPECT_EQ(desk.study.workspace->Read(work_file::kRows).value(), bytes);
+
+  QTest::keyClick(window->focusWidget(), Qt::Key_Escape);
+  EXPECT_FALSE(desk.windows.IsOpen(screen::kOneDiameter));
+  EXPECT_TRUE(sheet.isVisible());
+}
+
+TEST(DiameterWindow, ShowsWhatWaitsInWordsToo) {
+  CalculatedDesk desk(KALVO_SAMPLES_DIR "/hotel.PCK");
+  QWidget& one = desk.Open(screen::kResults, {1240, 800});
+  Form& form = *desk.windows.FormOf(screen::kResults);
+  form.Run(form.Get<Command>("CmdChangeOne"));
+  QWidget* window = desk.windows.WindowOf(screen::kOneDiameter);
+  ASSERT_NE(window, nullptr);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window));
+  QTest::keyClick(window->focusWidget(), Qt::Key_Down);
+  QTest::keyClick(window->focusWidget(), Qt::Key_Return);
+  EXPECT_EQ(one.findChild<QLineEdit*>("TxtNomiDiam")->property("state").toString(), "waiting");
+  EXPECT_TRUE(one.findChild<QLabel*>("LblWas")->text().contains(QStringLiteral("αναμένει")));
+  ExpectNothingClipped(one);
+  ExpectNothingClipped(*window);
+  KeepPicture(one, "frm-res-waiting");
+}
+
 TEST(ResultsWindows, BringBackWhatASmallWindowHadNoRoomFor) {
   CalculatedDesk desk(KALVO_SAMPLES_DIR "/hotel.PCK");
   QWidget& one = desk.Open(screen::kResults, {1240, 800});

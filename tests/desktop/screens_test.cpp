@@ -185,6 +185,7 @@ TEST_P(AllScreensIn, ShowACalculatedStudyWhole) {
     if (screen.name == screen::kFormTees) counters.table = TeeTable::kForm;
     desk.desk.screens.tee_counters = &counters;
     desk.study.study.recovery = true;  // the menu leaves the study as it is
+    if (screen.name == screen::kOneDiameter) desk.windows.Show(screen::kResultsSheet);
     QWidget design;
     screen.set_up(design);
     QWidget& window = desk.Open(screen.name, design.size());

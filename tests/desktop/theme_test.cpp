@@ -55,6 +55,7 @@ const Pair kTexts[] = {
     {"imposed", &Theme::onimposed, {&Theme::imposed}},
     {"calculated field", &Theme::oncalculated_field, {&Theme::calculated_field}},
     {"imposed field", &Theme::onimposed_field, {&Theme::imposed_field}},
+    {"waiting field", &Theme::onwait, {&Theme::wait}},
 };
 
 const Pair kEdges[] = {

@@ -22,9 +22,13 @@ class ResultsDesk : public TestDesk {
     }
   }
 
-  void Calculate(const std::vector<std::string_view>& lines) {
+  void Calculate(const std::vector<std::string_view>& lines, Method method = Method::kFlowOnly) {
     test.PutNetwork(lines);
-    EXPECT_EQ(kalvo::Calculate(test.bench, Method::kFlowOnly), CommandEnd::kCalculated);
+    CalculateAnew(method);
+  }
+
+  void CalculateAnew(Method method) {
+    EXPECT_EQ(kalvo::Calculate(test.bench, method), CommandEnd::kCalculated);
     KeepCalculatedDiameters(test.study, test.Rows());
     test.study.unsaved_changes = false;
     desk.screens.results_begin = true;

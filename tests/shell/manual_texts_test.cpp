@@ -17,6 +17,7 @@
 #include "entry/sheet/frm_data_sheet.h"
 #include "entry/tees/frm_tau_cross_s.h"
 #include "entry/winter/frm_winter.h"
+#include "results/frm_avai_d.h"
 #include "results/frm_res.h"
 #include "results/frm_res_gn.h"
 #include "results/frm_res_sheet.h"
@@ -106,6 +107,7 @@ std::map<std::string, FormFactory> Screens() {
           {"Αποτελέσματα, ο πίνακας", &MakeForm<FrmRes_Sheet>},
           {"Αποτελέσματα, ένα τμήμα τη φορά", &MakeForm<FrmRes>},
           {"Η προμέτρηση", &MakeForm<FrmStatS>},
+          {"Αλλαγή μιας διαμέτρου", &MakeForm<FrmAvaiD>},
           {"Η αντλία", &MakeForm<FrmResGn>},
           {"Χειμώνας", &MakeForm<FrmWinter>}};
 }

@@ -1,0 +1,56 @@
+#include "results/diameter_roads.h"
+
+#include "engine/rerun.h"
+#include "form/tell.h"
+#include "results/diameter_view.h"
+#include "results/results_session.h"
+#include "study/message_codes.h"
+
+namespace kalvo {
+namespace {
+
+bool IsRefusedInWinter(Desk& desk) {
+  if (!desk.screens.WinterPump) return false;
+  desk.bench.Show(message::kNoChangeInWinter);
+  return true;
+}
+
+bool TakeButtonRoad(Desk& desk) {
+  if (RerunWaitingChange(desk) && desk.screens.diameter_view != nullptr) {
+    desk.screens.diameter_view->ShowAgain();
+  }
+  const bool has_first = desk.bench.workspace.HasBytes(work_file::kFirstRows);
+  return (has_first || KeepRows(desk, work_file::kFirstRows)) && MakePreviousRows(desk.bench);
+}
+
+bool TakeMenuRoad(Desk& desk) {
+  const auto waits = ChangeWaits(desk.bench.workspace);
+  if (!waits) {
+    TellError(desk.bench, waits.error());
+    return false;
+  }
+  return *waits || KeepRows(desk, work_file::kRowsBeforeChange);
+}
+
+}  // namespace
+
+bool TakeRoad(Desk& desk, ChangeRoad road) {
+  if (IsRefusedInWinter(desk)) return false;
+  return road == ChangeRoad::kButton ? TakeButtonRoad(desk) : TakeMenuRoad(desk);
+}
+
+void ChangeOneDiameter(Desk& desk, ChangeRoad road) {
+  if (!desk.screens.ChangeFormOpen) {
+    if (!TakeRoad(desk, road)) return;
+    CloseOtherView(desk);
+    desk.navigator.Hide(screen::kMain);
+  }
+  desk.navigator.Show(screen::kOneDiameter);
+}
+
+void CloseOtherView(Desk& desk) {
+  const bool sheet = desk.screens.results_view == ResultsView::kSheet;
+  desk.navigator.Close(sheet ? screen::kResults : screen::kResultsSheet);
+}
+
+}  // namespace kalvo

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "form/desk.h"
+
+namespace kalvo {
+
+/// The two roads into a change of diameters. What is changed by way of a button is calculated at
+/// once, from `DATARES.PRV`; by way of the menu it waits, and `DATARES.@@@` leads back.
+enum class ChangeRoad { kButton, kMenu };
+
+/// Makes the copies of a road. False: in winter, which is refused by message 402, or where one
+/// cannot be made, which the user was told; no form for a change may open then.
+bool TakeRoad(Desk& desk, ChangeRoad road);
+
+/// Opens the form for the diameter of the section on show, or brings it to the front.
+void ChangeOneDiameter(Desk& desk, ChangeRoad road);
+
+/// The view that is not in use closes.
+void CloseOtherView(Desk& desk);
+
+}  // namespace kalvo

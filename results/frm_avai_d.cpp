@@ -1,0 +1,206 @@
+#include "results/frm_avai_d.h"
+
+#include <algorithm>
+
+#include "form/tell.h"
+#include "form/wait.h"
+#include "results/diameter_roads.h"
+#include "results/results_session.h"
+#include "study/numeric_text.h"
+
+namespace kalvo {
+namespace {
+
+enum PipeColumn { kNominal, kInner, kNow };
+
+constexpr int kLeastRows = 27;
+constexpr int kWidth = 11;
+constexpr int kNowWidth = 6;
+constexpr const char* kNowText = "τώρα";
+constexpr const char* kAtOnce = "Η αντικατάσταση υπολογίζει αμέσως το δίκτυο.";
+constexpr const char* kWaits = "Η αντικατάσταση αναμένει υπολογισμό.";
+
+std::vector<GridColumn> PipeColumns() {
+  const auto column = [](const char* header, int width) {
+    return GridColumn{.header = header, .width = width, .number = false, .centred = true};
+  };
+  return {column("ΟΝΟΜΑΣΤΙΚΗ", kWidth), column("ΕΣΩΤΕΡΙΚΗ\n[mm]", kWidth),
+          column("ΤΩΡΑ", kNowWidth)};
+}
+
+bool BearsDiameter(const PipeRow& pipe, const SectionRow& row) {
+  return pipe.nominal_diameter.Trimmed() == row.NomiDiam.Trimmed();
+}
+
+std::string NowLine(const DiameterView& view, Separators separators) {
+  const std::string now = "Τώρα " + view.row().NomiDiam.Utf8();
+  if (view.waits()) return now + ", αναμένει υπολογισμό.";
+  return now + ", ταχύτητα " +
+         FormatPattern(view.row().Velocity, pattern::kOneDecimal, separators) + " m/sec.";
+}
+
+}  // namespace
+
+FrmAvaiD::FrmAvaiD(Desk& shared_desk)
+    : Form(shared_desk),
+      Cmd_Close(*this, "Cmd_Close", "Κλείσιμο", [this] { Close(); }, {Plain(KeyCode::kEscape)}),
+      CmdReplace(*this, "CmdReplace", "Αντικατάσταση", [this] { Replace(); },
+                 {Plain(KeyCode::kEnter)}) {
+  title = " Διαθέσιμες Διάμετροι ";
+  Cmd_Close.sounds_itself = true;  // as it does wherever else it is closed from
+  fpSpread1.row_noun = "Διάμετρος";
+  fpSpread1.sortable = false;
+  fpSpread1.on_move = [this] { KeepOffEmptyRows(); };
+  fpSpread1.on_activate = [this] { Run(CmdReplace); };
+  menus = {{"&Ενέργειες",
+            {{"mnuActs_Change", CmdReplace.caption, &CmdReplace},
+             {},
+             {"mnuActs_Close", Cmd_Close.caption, &Cmd_Close}}}};
+}
+
+void FrmAvaiD::Load() {
+  fpSpread1.Reset(PipeColumns(), kLeastRows);
+  Focus(fpSpread1);
+  auto pipes = ReadPipeSystem(bench.workspace, bench.study.pipe_system_number);
+  if (!pipes) {
+    TellError(bench, pipes.error());
+    return;
+  }
+  if (desk.screens.diameter_view == nullptr) return;
+  TakeLibrary(*std::move(pipes));
+  Follow(*desk.screens.diameter_view);
+  desk.screens.ChangeFormOpen = true;
+}
+
+void FrmAvaiD::Activate() {
+  if (!desk.screens.ChangeFormOpen) desk.navigator.Close(screen::kOneDiameter);
+}
+
+bool FrmAvaiD::MayClose() {
+  Run(Cmd_Close);
+  return false;
+}
+
+void FrmAvaiD::Derive() {
+  const DiameterView* view = desk.screens.diameter_view;
+  if (view != nullptr && view->displays() != followed_) Follow(*view);
+}
+
+void FrmAvaiD::TakeLibrary(std::vector<PipeRow> pipes) {
+  pipes_ = std::move(pipes);
+  fpSpread1.Reset(PipeColumns(), std::max(kLeastRows, static_cast<int>(pipes_.size())));
+  for (std::size_t i = 0; i < pipes_.size(); ++i) {
+    const auto row = static_cast<int>(i);
+    fpSpread1.Set(row, kNominal, {pipes_[i].nominal_diameter.Utf8()});
+    fpSpread1.Set(row, kInner,
+                  {" [ " + FormatNumber(pipes_[i].inner_diameter, desk.separators) + " ]"});
+  }
+}
+
+void FrmAvaiD::KeepOffEmptyRows() {
+  const GridPlace at = fpSpread1.current();
+  fpSpread1.SetCurrent(
+      {std::min(at.row, static_cast<int>(pipes_.size()) - 1), std::min<int>(at.column, kInner)});
+}
+
+void FrmAvaiD::Follow(const DiameterView& view) {
+  followed_ = view.displays();
+  LblHint.tone = Tone::kPlain;
+  LblHint.text = bench.workspace.HasBytes(work_file::kPreviousRows) ? kAtOnce : kWaits;
+  LblSection.text = view.number() == 0 ? "—" : "Τμήμα " + std::to_string(view.number());
+  LblSectionName.text = view.row().Name.Utf8();
+  LblNow.text = view.number() == 0 ? "" : NowLine(view, desk.separators);
+  const auto bears = [&view](const PipeRow& pipe) { return BearsDiameter(pipe, view.row()); };
+  const auto found = std::ranges::find_if(pipes_, bears);
+  const auto now = static_cast<int>(found - pipes_.begin());
+  for (int row = 0; row < fpSpread1.row_count(); ++row) {
+    const bool is_now = row == now && found != pipes_.end();
+    fpSpread1.Set(row, kNow, {is_now ? kNowText : "", Tone::kQuiet});
+  }
+  if (found == pipes_.end()) {
+    fpSpread1.ClearCurrent();
+  } else {
+    fpSpread1.SetCurrent({now, kNominal});
+  }
+}
+
+void FrmAvaiD::Refuse(std::string_view why) {
+  LblHint.text = why;
+  LblHint.tone = Tone::kAlarm;
+  desk.sound.Beep();
+}
+
+std::optional<PipeRow> FrmAvaiD::ChosenPipe() {
+  const int row = fpSpread1.current().row;
+  if (row < 0 || static_cast<std::size_t>(row) >= pipes_.size()) {
+    Refuse("Επιλέξτε μία διάμετρο της λίστας.");
+    return {};
+  }
+  fpSpread1.SetCurrent({row, kNominal});
+  auto pipes = ReadPipeSystem(bench.workspace, bench.study.pipe_system_number);
+  if (!pipes) {
+    TellError(bench, pipes.error());
+    return {};
+  }
+  const auto at = static_cast<std::size_t>(row);
+  if (at < pipes->size() && (*pipes)[at].nominal_diameter == pipes_[at].nominal_diameter) {
+    return (*pipes)[at];
+  }
+  TakeLibrary(*std::move(pipes));
+  Follow(*desk.screens.diameter_view);
+  Refuse("Η βιβλιοθήκη σωλήνων άλλαξε, επιλέξτε ξανά.");
+  return {};
+}
+
+void FrmAvaiD::Replace() {
+  DiameterView* view = desk.screens.diameter_view;
+  if (view == nullptr || view->number() == 0) return;
+  const auto pipe = ChosenPipe();
+  if (!pipe || BearsDiameter(*pipe, view->row())) return;
+  const DiameterChange change{{view->number()}, *pipe};
+  if (bench.workspace.HasBytes(work_file::kPreviousRows)) {
+    Calculate(change, *view);
+  } else {
+    Store(change, *view);
+  }
+}
+
+void FrmAvaiD::Store(const DiameterChange& change, DiameterView& view) {
+  const auto replaced = ReplaceDiameters(bench, change);
+  if (!replaced) {
+    TellError(bench, replaced.error());
+  } else if (*replaced == 0) {
+    view.ShowAgain();  // it is not what the work file says
+  } else {
+    ShowReplaced(view, view.number());
+  }
+}
+
+void FrmAvaiD::Calculate(const DiameterChange& change, DiameterView& view) {
+  const int number = view.number();
+  const RunEnd end = [&] {
+    const WaitShown wait(desk.navigator);
+    return ChangeDiameters(bench, change).end;
+  }();
+  CloseOtherView(desk);
+  view.ShowAgain();
+  if (end == RunEnd::kCalculated || view.number() != number) return;
+  if (BearsDiameter(change.pipe, view.row())) ShowReplaced(view, number);
+}
+
+void FrmAvaiD::ShowReplaced(DiameterView& view, int number) {
+  const auto row = bench.workspace.Rows().Read(number);
+  if (!row) {
+    TellError(bench, row.error());
+    return;
+  }
+  const auto first = bench.workspace.Rows(work_file::kFirstRows).Read(number);
+  view.ShowReplaced(*row, !first || first->NomiDiam.Trimmed() != row->NomiDiam.Trimmed());
+}
+
+void FrmAvaiD::Close() {
+  CloseOneDiameter(desk);
+  if (desk.screens.diameter_view != nullptr) desk.screens.diameter_view->BringToFront();
+}
+
+}  // namespace kalvo
