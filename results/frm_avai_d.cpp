@@ -180,7 +180,7 @@ void FrmAvaiD::Calculate(const DiameterChange& change, DiameterView& view) {
   const int number = view.number();
   const RunEnd end = [&] {
     const WaitShown wait(desk.navigator);
-    return ChangeDiameters(bench, change).end;
+    return ChangeDiameters(bench, {change}).end;
   }();
   CloseOtherView(desk);
   view.ShowAgain();
