@@ -15,7 +15,7 @@ enum PipeColumn { kNominal, kInner, kNow };
 
 constexpr int kLeastRows = 27;
 constexpr int kWidth = 11;
-constexpr int kNowWidth = 6;
+constexpr int kNowWidth = 5;
 constexpr const char* kNowText = "τώρα";
 constexpr const char* kAtOnce = "Η αντικατάσταση υπολογίζει αμέσως το δίκτυο.";
 constexpr const char* kWaits = "Η αντικατάσταση αναμένει υπολογισμό.";
@@ -24,8 +24,7 @@ std::vector<GridColumn> PipeColumns() {
   const auto column = [](const char* header, int width) {
     return GridColumn{.header = header, .width = width, .number = false, .centred = true};
   };
-  return {column("ΟΝΟΜΑΣΤΙΚΗ", kWidth), column("ΕΣΩΤΕΡΙΚΗ\n[mm]", kWidth),
-          column("ΤΩΡΑ", kNowWidth)};
+  return {column("ΟΝΟΜΑΣΤΙΚΗ", kWidth), column("ΕΣΩΤΕΡΙΚΗ\n[mm]", kWidth), column("", kNowWidth)};
 }
 
 bool BearsDiameter(const PipeRow& pipe, const SectionRow& row) {

@@ -112,7 +112,7 @@ void GridBinding::PaintCurrent() {
   }
   if (wanted.isValid() && view_.currentIndex() != wanted) {
     view_.setCurrentIndex(wanted);
-    view_.scrollTo(wanted);
+    if (view_.isVisible()) view_.scrollTo(wanted);  // else it does so itself once it has its size
   }
 }
 

@@ -103,6 +103,7 @@ TEST(DiameterWindow, ShowsWhatWaitsInWordsToo) {
   QTest::keyClick(window->focusWidget(), Qt::Key_Return);
   EXPECT_EQ(one.findChild<QLineEdit*>("TxtNomiDiam")->property("state").toString(), "waiting");
   EXPECT_TRUE(one.findChild<QLabel*>("LblWas")->text().contains(QStringLiteral("αναμένει")));
+  QApplication::processEvents();
   ExpectNothingClipped(one);
   ExpectNothingClipped(*window);
   KeepPicture(one, "frm-res-waiting");
