@@ -12,6 +12,14 @@ Answer QtPrompter::ShowMessage(int code, const Study& study) {
   return box ? AnswerOf(code, Ask(*box)) : Answer::kNone;
 }
 
+Answer QtPrompter::ShowMessageWith(const MessageFacts& facts, int code, const Study& study) {
+  auto box = MessageFor(code, study, separators_);
+  if (!box) return Answer::kNone;
+  box->facts = facts;
+  box->may_stay_open = true;
+  return AnswerOf(code, Ask(*box));
+}
+
 Answer QtPrompter::Ask(const Box& box) {
   for (int beep = 0; beep < box.beeps; ++beep) {
     sound_.Beep();

@@ -14,6 +14,7 @@ class QtPrompter : public Prompter {
   QtPrompter(Sound& sound, Separators separators) : sound_(sound), separators_(separators) {}
 
   Answer ShowMessage(int code, const Study& study) override;
+  Answer ShowMessageWith(const MessageFacts& facts, int code, const Study& study) override;
   Answer Ask(const Box& box) override;
 
   /// Called with true before a box shows, with false when it has been answered.

@@ -4,6 +4,7 @@
 
 #include <ui_frm_avai_d.h>
 #include <ui_frm_calcs.h>
+#include <ui_frm_compare.h>
 #include <ui_frm_cur_fl.h>
 #include <ui_frm_data.h>
 #include <ui_frm_data_sheet.h>
@@ -50,6 +51,7 @@
 #include "entry/tees/frm_tau_cross_s.h"
 #include "entry/winter/frm_winter.h"
 #include "results/frm_avai_d.h"
+#include "results/frm_compare.h"
 #include "results/frm_res.h"
 #include "results/frm_res_gn.h"
 #include "results/frm_res_sheet.h"
@@ -80,6 +82,7 @@ constexpr Screen kScreens[] = {
     {screen::kResults, &MakeForm<FrmRes>, &SetUp<Ui::FrmRes>},
     {screen::kPump, &MakeForm<FrmResGn>, &SetUp<Ui::FrmResGn>},
     {screen::kResultsSheet, &MakeForm<FrmRes_Sheet>, &SetUp<Ui::FrmRes_Sheet>},
+    {screen::kComparison, &MakeForm<FrmCompare>, &SetUp<Ui::FrmCompare>},
     {screen::kQuantities, &MakeForm<FrmStatS>, &SetUp<Ui::FrmStatS>},
     {screen::kOneDiameter, &MakeForm<FrmAvaiD>, &SetUp<Ui::FrmAvaiD>, screen::kResultsSheet,
      screen::kResults, true},

@@ -24,7 +24,7 @@ bool HaveSameDiameters(const RowTable& a, const RowTable& b) {
   });
 }
 
-void TakeKeptResults(Workbench& bench, const RowTable& kept, RowTable& rows) {
+void CopyKeptResults(const RowTable& kept, RowTable& rows) {
   for (int number = 1; number <= rows.count(); ++number) {
     const SectionRow& from = kept.At(number);
     SectionRow& to = rows.At(number);
@@ -34,6 +34,10 @@ void TakeKeptResults(Workbench& bench, const RowTable& kept, RowTable& rows) {
       to.*result = from.*result;
     }
   }
+}
+
+void TakeKeptResults(Workbench& bench, const RowTable& kept, RowTable& rows) {
+  CopyKeptResults(kept, rows);
   FollowResults(bench, rows);
 }
 

@@ -15,9 +15,11 @@ inline constexpr std::array kRunResults = {
 /// Whether both tables have the same nominal diameters row by row, trimmed, case counts.
 bool HaveSameDiameters(const RowTable& a, const RowTable& b);
 
-/// Diameters, marks and results of `kept` into `rows`, which are of the same network; the totals
-/// and the critical branch of the study follow. Results of a balancing come back only in this way,
-/// since no re-run gives them.
+/// Diameters, marks and results of `kept` into `rows`, which are of the same network.
+void CopyKeptResults(const RowTable& kept, RowTable& rows);
+
+/// The same; the totals and the critical branch of the study follow. Results of a balancing come
+/// back only in this way, since no re-run gives them.
 void TakeKeptResults(Workbench& bench, const RowTable& kept, RowTable& rows);
 
 /// Total flow, pump and critical branch of the study from rows that were calculated before.

@@ -35,6 +35,7 @@ enum class Tone {
   kWaiting,  ///< imposed, not calculated yet
   kCritical,
   kStrong,  ///< the source's name
+  kGood,    ///< it is better than before
 };
 
 /// A text that the form changes.

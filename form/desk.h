@@ -32,6 +32,7 @@ enum class ResultsView { kOne = 0, kOneFromSheet = 1, kSheet = 2 };
 class TeeCounters;
 class SectionSitting;
 class DiameterView;
+class ChangeHistory;
 
 /// No value is in memory.
 constexpr float kNoMemory = -1.0F;
@@ -51,6 +52,9 @@ struct ScreenState {
   /// and before a change of diameters.
   bool first_rows_unsaved = false;
   bool rows_before_change_unsaved = false;
+  std::string first_critical_branch;  ///< of the first rows
+  /// Changes of diameters since the results were opened; nothing: there is none.
+  std::shared_ptr<ChangeHistory> change_history;
   /// Values that F12 puts into the fields: flow in l/h and drop in mm w.g. of an emitter.
   std::array<float, 2> emitter_memory{kNoMemory, kNoMemory};
   /// Flow in l/h, flow pressure in m w.g. and height in m of an outlet.

@@ -12,6 +12,7 @@ void Grid::Reset(std::vector<GridColumn> columns, int rows, int blank) {
   blank_ = blank;
   cells_.assign(columns_.size() * static_cast<std::size_t>(rows), GridCell{});
   marked_.assign(static_cast<std::size_t>(rows), false);
+  numbers_.clear();
   order_.resize(static_cast<std::size_t>(rows));
   std::iota(order_.begin(), order_.end(), 0);
   sort_column_ = -1;
@@ -58,6 +59,19 @@ void Grid::Set(int row, int column, GridCell cell) {
   if (kept == cell) return;
   kept = std::move(cell);
   changes_.Cells(row);
+}
+
+void Grid::SetNumber(int row, int number) {
+  if (numbers_.empty()) {
+    numbers_.resize(order_.size());
+    std::iota(numbers_.begin(), numbers_.end(), 1);
+  }
+  numbers_.at(static_cast<std::size_t>(row)) = number;
+  changes_.Cells(row);
+}
+
+int Grid::NumberOf(int row) const {
+  return numbers_.empty() ? row + 1 : numbers_.at(static_cast<std::size_t>(row));
 }
 
 void Grid::Mark(int row, bool marked) {

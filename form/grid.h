@@ -73,6 +73,10 @@ class Grid : public Control {
   void InsertRows(int at, int count);
   void RemoveRows(int at, int count);
 
+  /// The number beside the row, where it is not that of its place; in a table whose rows stay.
+  void SetNumber(int row, int number);
+  [[nodiscard]] int NumberOf(int row) const;
+
   /// Rows that stand out, such as those of the critical branch.
   void Mark(int row, bool marked);
   [[nodiscard]] bool IsMarked(int row) const { return marked_[static_cast<std::size_t>(row)]; }
@@ -110,6 +114,7 @@ class Grid : public Control {
   std::vector<GridColumn> columns_;
   std::vector<GridCell> cells_;
   std::vector<bool> marked_;
+  std::vector<int> numbers_;  ///< by row; none: those of their places
   std::vector<int> order_;
   int blank_ = 0;
   GridPlace current_;

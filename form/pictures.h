@@ -64,10 +64,20 @@ struct ChainContent {
   std::string caption;
   std::string total;  ///< of the whole chain, with its unit
   std::vector<std::string> nodes;
-  int current = -1;  ///< the stretch on which one is; -1: on none
+  int current = -1;           ///< the stretch on which one is; -1: on none
+  std::vector<int> strong{};  ///< stretches that stand out
   bool operator==(const ChainContent&) const = default;
 };
 using Chain = Picture<ChainContent>;
+
+/// A value before and after a change, as bars one above the other.
+struct BarPairContent {
+  double before = 0;
+  double after = 0;
+  std::string told;  ///< the same in words
+  bool operator==(const BarPairContent&) const = default;
+};
+using BarPair = Picture<BarPairContent>;
 
 /// One section between its nodes with a line of text under it.
 struct PipeContent {

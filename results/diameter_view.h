@@ -15,6 +15,8 @@ class DiameterView {
   virtual void ShowReplaced(const SectionRow& row, bool waits) = 0;
   /// Shows the rows anew, as after a calculation.
   virtual void ShowAgain() = 0;
+  /// Shows that row.
+  virtual void GoTo(int number) = 0;
   /// The form that changes a diameter closes: the keys go back to the view.
   virtual void BringToFront() = 0;
 

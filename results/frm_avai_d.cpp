@@ -44,7 +44,9 @@ FrmAvaiD::FrmAvaiD(Desk& shared_desk)
     : Form(shared_desk),
       Cmd_Close(*this, "Cmd_Close", "Κλείσιμο", [this] { Close(); }, {Plain(KeyCode::kEscape)}),
       CmdReplace(*this, "CmdReplace", "Αντικατάσταση", [this] { Replace(); },
-                 {Plain(KeyCode::kEnter)}) {
+                 {Plain(KeyCode::kEnter)}),
+      CmdUndo(*this, "CmdUndo", "Αναίρεση", [this] { Take(HistoryStep::kUndo); }, {Ctrl('Z')}),
+      CmdRedo(*this, "CmdRedo", "Ξανά", [this] { Take(HistoryStep::kRedo); }, {Ctrl('Y')}) {
   title = " Διαθέσιμες Διάμετροι ";
   Cmd_Close.sounds_itself = true;  // as it does wherever else it is closed from
   fpSpread1.row_noun = "Διάμετρος";
@@ -53,6 +55,8 @@ FrmAvaiD::FrmAvaiD(Desk& shared_desk)
   fpSpread1.on_activate = [this] { Run(CmdReplace); };
   menus = {{"&Ενέργειες",
             {{"mnuActs_Change", CmdReplace.caption, &CmdReplace},
+             {"mnuActs_Undo", CmdUndo.caption, &CmdUndo},
+             {"mnuActs_Redo", CmdRedo.caption, &CmdRedo},
              {},
              {"mnuActs_Close", Cmd_Close.caption, &Cmd_Close}}}};
 }
@@ -157,10 +161,21 @@ void FrmAvaiD::Replace() {
   const auto pipe = ChosenPipe();
   if (!pipe || BearsDiameter(*pipe, view->row())) return;
   const DiameterChange change{{view->number()}, *pipe};
-  if (bench.workspace.HasBytes(work_file::kPreviousRows)) {
-    Calculate(change, *view);
+  MakeChange(desk, [&] {
+    if (bench.workspace.HasBytes(work_file::kPreviousRows)) {
+      Calculate(change, *view);
+    } else {
+      Store(change, *view);
+    }
+  });
+}
+
+void FrmAvaiD::Take(HistoryStep step) {
+  if (HasStep(desk, step)) {
+    StepInResults(desk, step);
   } else {
-    Store(change, *view);
+    Refuse(step == HistoryStep::kUndo ? "Δεν υπάρχει αλλαγή για αναίρεση."
+                                      : "Δεν υπάρχει αναίρεση, για να γίνει ξανά.");
   }
 }
 

@@ -4,6 +4,7 @@
 
 #include "engine/diameter_change.h"
 #include "form/form.h"
+#include "results/change_history.h"
 #include "results/diameter_view.h"
 
 namespace kalvo {
@@ -27,6 +28,8 @@ class FrmAvaiD : public Form {
   Grid fpSpread1{*this, "fpSpread1"};
   Command Cmd_Close;
   Command CmdReplace;
+  Command CmdUndo;
+  Command CmdRedo;
 
  private:
   void TakeLibrary(std::vector<PipeRow> pipes);
@@ -34,6 +37,7 @@ class FrmAvaiD : public Form {
   /// The list goes to the diameter of the row on show.
   void Follow(const DiameterView& view);
   void Replace();
+  void Take(HistoryStep step);
   /// The pipe that is chosen, from the library as it is now; nothing: none is, and why is shown.
   std::optional<PipeRow> ChosenPipe();
   void Refuse(std::string_view why);

@@ -75,7 +75,12 @@ void FrmRes::BuildMenus() {
              {"mnuResPres_Sound", CmdSound.caption, &CmdSound},
              {},
              {"mnuResPres_Back", CmdBack.caption, &CmdBack}}},
-           {"Αλλαγή &διαμέτρων", {{"mnuChangeDiam_One", CmdChangeOne.caption, &CmdChangeOne}}}};
+           {"Αλλαγή &διαμέτρων",
+            {{"mnuChangeDiam_One", CmdChangeOne.caption, &CmdChangeOne},
+             {},
+             {"mnuChangeDiam_Undo", changes.CmdUndo.caption, &changes.CmdUndo},
+             {"mnuChangeDiam_Redo", changes.CmdRedo.caption, &changes.CmdRedo},
+             {"mnuChangeDiam_Compare", changes.CmdCompare.caption, &changes.CmdCompare}}}};
   popup.entries = {{"mnuPUForm_First", CmdFirst.caption, &CmdFirst},
                    {"mnuPUForm_Prev", CmdPrev.caption, &CmdPrev},
                    {"mnuPUForm_Next", CmdNext.caption, &CmdNext},
@@ -125,9 +130,11 @@ void FrmRes::ShowRow() {
   LblNumber.text = std::to_string(number);
   LblCount.text = std::to_string(count);
   const SectionRow& row = ByNumber(*rows, number);
+  const auto first = bench.workspace.Rows(work_file::kFirstRows).ReadAll();
   ShowValues(row);
-  ShowWas(row);
+  ShowWas(row, first && number <= std::ssize(*first) ? &ByNumber(*first, number) : nullptr);
   ShowNotes(*rows, row);
+  changes.Take(*rows, first ? std::optional(*first) : std::nullopt);
   NoteDisplay(number, row);
 }
 
@@ -163,16 +170,16 @@ void FrmRes::ShowReplaced(const SectionRow& row, bool waits) {
   LblWas.text = "✎ αναμένει υπολογισμό";
   ShowPipe();
   NoteDisplay(number(), row, waits);
+  changes.Refresh();
 }
 
 void FrmRes::BringToFront() { desk.navigator.Show(screen::kResults); }
 
-void FrmRes::ShowWas(const SectionRow& row) {
+void FrmRes::ShowWas(const SectionRow& row, const SectionRow* first) {
   LblWas.visible = row.InDiameter < 0;
   if (!LblWas.visible) return;
   LblWas.text = "✎ αλλαγμένη";
-  const auto first = bench.workspace.Rows(work_file::kFirstRows).Read(bench.study.CurrentRow);
-  if (first && first->NomiDiam.Trimmed() != row.NomiDiam.Trimmed()) {
+  if (first != nullptr && first->NomiDiam.Trimmed() != row.NomiDiam.Trimmed()) {
     LblWas.text += ", ήταν " + first->NomiDiam.Utf8();
   }
 }
@@ -213,6 +220,7 @@ void FrmRes::ChooseRow() {
 }
 
 bool FrmRes::MayRun(bool goes_on_unchanged) {
+  if (desk.screens.WinterPump) return true;  // a copy that an earlier session left is summer's
   const auto rows = TakeResultRows(bench);
   if (!rows) {
     TellError(bench, rows.error());

@@ -5,6 +5,7 @@
 #include "engine/notes.h"
 #include "form/form.h"
 #include "form/pictures.h"
+#include "results/change_strip.h"
 #include "results/diameter_view.h"
 #include "results/pump_frame.h"
 
@@ -25,6 +26,7 @@ class FrmRes : public Form, public DiameterView {
 
   void ShowReplaced(const SectionRow& row, bool waits) override;
   void ShowAgain() override { ShowRow(); }
+  void GoTo(int number) override { GoToRow(number); }
   void BringToFront() override;
 
   PumpFrame frame{*this};
@@ -50,6 +52,7 @@ class FrmRes : public Form, public DiameterView {
   Field TxtTotalDrop{*this, "TxtTotalDrop"};
   Field TxtAvaiPres{*this, "TxtAvaiPres"};
   Label LblNotes{*this, "LblNotes"};
+  ChangeStrip changes{*this, desk, [this] { return MayRun(true); }};
 
   Command CmdFirst;
   Command CmdPrev;
@@ -67,7 +70,7 @@ class FrmRes : public Form, public DiameterView {
   /// Shows the current row, read anew.
   void ShowRow();
   void ShowValues(const SectionRow& row);
-  void ShowWas(const SectionRow& row);
+  void ShowWas(const SectionRow& row, const SectionRow* first);
   void ShowPipe();
   void ShowNotes(const std::vector<SectionRow>& rows, const SectionRow& row);
   void ClearRow();

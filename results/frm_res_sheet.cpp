@@ -103,6 +103,7 @@ void FrmRes_Sheet::FillTable() {
                   NoteLinesOf(notes_, rows_[i].RecordNumber), desk.separators);
   }
   MarkCritical();
+  changes.Take(rows_, first ? std::optional(*first) : std::nullopt);
 }
 
 void FrmRes_Sheet::MarkCritical() {
@@ -147,6 +148,12 @@ void FrmRes_Sheet::FollowCurrent() {
 void FrmRes_Sheet::ShowReplaced(const SectionRow& row, bool waits) {
   ShowReplacedDiameter(fpSpread1, number() - 1, row, waits);
   NoteDisplay(number(), row, waits);
+  changes.Refresh();
+}
+
+void FrmRes_Sheet::GoTo(int number) {
+  fpSpread1.SetCurrent({number - 1, fpSpread1.current().column});
+  FollowCurrent();
 }
 
 void FrmRes_Sheet::BringToFront() { desk.navigator.Show(screen::kResultsSheet); }

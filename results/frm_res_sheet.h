@@ -5,6 +5,7 @@
 #include "engine/notes.h"
 #include "form/form.h"
 #include "form/pictures.h"
+#include "results/change_strip.h"
 #include "results/diameter_view.h"
 #include "results/drop_explainer.h"
 #include "results/drop_panel.h"
@@ -27,6 +28,7 @@ class FrmRes_Sheet : public Form, public DiameterView {
 
   void ShowReplaced(const SectionRow& row, bool waits) override;
   void ShowAgain() override { ShowRows(); }
+  void GoTo(int number) override;
   void BringToFront() override;
 
   PumpFrame frame{*this};
@@ -43,6 +45,7 @@ class FrmRes_Sheet : public Form, public DiameterView {
   Chain ChainCritical{*this, "ChainCritical"};
   DropPanel panel{*this};
   Label LblNotes{*this, "LblNotes"};
+  ChangeStrip changes{*this, desk, [] { return true; }};
 
   Command Cmd_Back;
   Command SSCommand1;

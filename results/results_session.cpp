@@ -11,6 +11,9 @@
 #include "engine/winter_values.h"
 #include "form/tell.h"
 #include "form/wait.h"
+#include "results/change_history.h"
+#include "results/compare_with_first.h"
+#include "study/calculation_boxes.h"
 #include "study/message_codes.h"
 #include "study/tables.h"
 
@@ -41,35 +44,54 @@ void DropOlderRows(Workspace& workspace) {
 
 // New diameters are those of the study from now on.
 void LetDiametersStand(Workbench& bench) {
-  TellIfFailed(bench, EmptyWinterResults(bench.workspace));
+  if (const Outcome emptied = EmptyWinterResults(bench.workspace); !emptied) {
+    bench.Ask(StaleWinterBox(emptied.error()));
+  }
   if (const auto rows = bench.workspace.Rows().ReadAll()) {
     KeepCalculatedDiameters(bench.study, *rows);
   }
-  DropOlderRows(bench.workspace);
 }
 
-// False: the old rows could not be brought back.
-bool SettleDiameters(Desk& desk, const std::function<void()>& show_again) {
+Answer AskWhichStand(Desk& desk) {
+  // After a run that failed there is nothing to compare.
+  const auto comparison =
+      desk.bench.study.recalculation_needed ? std::nullopt : CompareWithFirst(desk);
+  return desk.bench.ShowWith(comparison ? FactsOf(*comparison, desk) : MessageFacts{},
+                             message::kKeepDiameters);
+}
+
+/// What became of the question at the end of a session.
+enum class Settled {
+  kYes,
+  kNo,    ///< what was chosen could not be done
+  kOpen,  ///< nothing was chosen
+};
+
+Settled SettleDiameters(Desk& desk, const std::function<void()>& show_again) {
   Workbench& bench = desk.bench;
-  if (bench.Show(message::kKeepDiameters) == Answer::kYes) {
-    if (!TellIfFailed(bench, bench.workspace.Flush(work_file::kRows))) return false;
+  const Answer answer = AskWhichStand(desk);
+  if (answer == Answer::kNone) return Settled::kOpen;
+  if (answer == Answer::kYes) {
+    if (!TellIfFailed(bench, bench.workspace.Flush(work_file::kRows))) return Settled::kNo;
     LetDiametersStand(bench);
+    DropOlderRows(bench.workspace);
     show_again();
     bench.Ask({kSettledTitle,
                {"ΕΠΙΚΥΡΩΣΗ ΑΛΛΑΓΩΝ ΔΙΑΜΕΤΡΩΝ : Ισχύουν εφεξής οι ΝΕΕΣ ΔΙΑΜΕΤΡΟΙ ΣΩΛΗΝΩΝ"},
                box_style::kInformation});
-    return true;
+    return Settled::kYes;
   }
-  if (!BringBackRows(desk, work_file::kFirstRows)) return false;
+  if (!BringBackRows(desk, work_file::kFirstRows)) return Settled::kNo;
   show_again();
   bench.Ask({kSettledTitle,
              {"ΑΚΥΡΩΣΗ ΑΛΛΑΓΩΝ ΔΙΑΜΕΤΡΩΝ : Ισχύουν οι ΠΑΛΑΙΕΣ ΔΙΑΜΕΤΡΟΙ ΣΩΛΗΝΩΝ"},
              box_style::kInformation});
-  return true;
+  return Settled::kYes;
 }
 
 // What the results were opened from shows.
 void EndSession(Desk& desk) {
+  desk.screens.change_history.reset();
   desk.navigator.Show(desk.screens.WinterPump ? screen::kWinter : screen::kMain);
 }
 
@@ -93,6 +115,7 @@ void OpenView(Desk& desk) {
   desk.navigator.Hide(screen::kMain);
   bench.study.CurrentRow = 1;
   const bool begins = std::exchange(desk.screens.results_begin, false);
+  if (begins) desk.screens.change_history.reset();
   if ((begins || !bench.workspace.HasBytes(work_file::kFirstRows)) &&
       bench.workspace.HasBytes(work_file::kRows)) {
     KeepRows(desk, work_file::kFirstRows);
@@ -102,6 +125,8 @@ void OpenView(Desk& desk) {
 bool KeepRows(Desk& desk, std::string_view kept) {
   Workbench& bench = desk.bench;
   UnsavedWhenKept(desk, kept) = bench.study.unsaved_changes;
+  if (kept == work_file::kFirstRows)
+    desk.screens.first_critical_branch = bench.study.critical_branch;
   bench.workspace.Pause();
   auto rows = bench.workspace.Read(work_file::kRows);
   if (!rows) {
@@ -150,6 +175,8 @@ bool BringBackRows(Desk& desk, std::string_view kept) {
     TellError(bench, rows.error());
     return false;
   }
+  auto& history = desk.screens.change_history;
+  if (history != nullptr) history->CutBackTo(RowTable(*rows));
   FollowRows(bench, *std::move(rows));
   return true;
 }
@@ -174,7 +201,9 @@ void GoBack(Desk& desk, std::string_view view, const std::function<void()>& show
   if (!differ) {
     TellError(bench, differ.error());
   } else if (*differ) {
-    settled = SettleDiameters(desk, show_again);
+    const Settled end = SettleDiameters(desk, show_again);
+    if (end == Settled::kOpen) return;
+    settled = end == Settled::kYes;
   }
   desk.screens.results_view = ResultsView::kOne;
   desk.navigator.Close(screen::kPump);
@@ -193,11 +222,9 @@ void LeaveByWindow(Desk& desk) {
   RerunWaitingChange(desk);
   if (bench.workspace.Rows().Read(1) && bench.workspace.Flush(work_file::kRows)) {
     const auto differ = DiametersDiffer(bench.workspace, work_file::kFirstRows);
-    if (differ && *differ) {
-      LetDiametersStand(bench);
-    } else {
-      DropOlderRows(bench.workspace);
-    }
+    if (!differ) TellError(bench, differ.error());
+    if (!differ || *differ) LetDiametersStand(bench);
+    if (differ) DropOlderRows(bench.workspace);
   }
   EndSession(desk);
 }

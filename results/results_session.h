@@ -42,6 +42,7 @@ void ShowCriticalBranch(Workbench& bench);
 
 /// The rows kept in the work file `kept` stand again, with the study's totals, critical branch and
 /// quantities; they are calculated ones, and unsaved if they were so when they were kept.
+/// Changes of diameters that were made on rows after them can no longer be taken back.
 /// False: they could not be brought back, and the user was told why.
 bool BringBackRows(Desk& desk, std::string_view kept);
 
@@ -50,7 +51,8 @@ bool BringBackRows(Desk& desk, std::string_view kept);
 bool RerunWaitingChange(Desk& desk);
 
 /// Back from a view: a change that waits is calculated, whether new diameters shall stand is asked,
-/// the session ends and the main menu shows. `show_again` shows the rows anew after an answer.
+/// the session ends and the main menu shows; an answer left open leaves the results open.
+/// `show_again` shows the rows anew after an answer.
 void GoBack(Desk& desk, std::string_view view, const std::function<void()>& show_again);
 
 /// A view was closed by its window: a change that waits is calculated, the diameters stand, the

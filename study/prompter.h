@@ -25,6 +25,20 @@ constexpr int kDefaultNo = 292;
 constexpr int kDefaultCancel = 547;
 }  // namespace box_style
 
+/// What helps to answer a question, shown above it: lines of a caption and a value, and a table
+/// that unfolds.
+struct MessageFacts {
+  struct Line {
+    std::string caption;
+    std::string value;
+    bool operator==(const Line&) const = default;
+  };
+  std::vector<Line> lines;
+  std::string table_caption;
+  std::vector<std::string> heads;
+  std::vector<std::vector<std::string>> rows;
+};
+
 /// A message box: its title, its lines and its style, and how often the program beeps before it
 /// shows.
 struct Box {
@@ -32,6 +46,8 @@ struct Box {
   std::vector<std::string> lines;
   int style = box_style::kStop;
   int beeps = 0;
+  MessageFacts facts{};        ///< shown above the lines
+  bool may_stay_open = false;  ///< Esc leaves it unanswered
 };
 
 /// The beeps before a numbered message and before the box of a run-time fault.
@@ -47,6 +63,12 @@ class Prompter {
 
   /// Shows the numbered message; values that its text inserts come from `study`.
   virtual Answer ShowMessage(int code, const Study& study) = 0;
+
+  /// The same below facts that help to answer it, which may be left open with Esc: kNone. Who
+  /// cannot show facts asks without.
+  virtual Answer ShowMessageWith(const MessageFacts& /*facts*/, int code, const Study& study) {
+    return ShowMessage(code, study);
+  }
 
   /// Shows a box that carries its own text.
   virtual Answer Ask(const Box& box) = 0;

@@ -24,6 +24,10 @@ class Workbench {
 
   /// Shows a numbered message; what was answered if it asks.
   Answer Show(int code) { return prompter.ShowMessage(code, study); }
+  /// The same below facts that help to answer; kNone when the question was left open.
+  Answer ShowWith(const MessageFacts& facts, int code) {
+    return prompter.ShowMessageWith(facts, code, study);
+  }
   /// The same for a box with its own text.
   Answer Ask(const Box& box) { return prompter.Ask(box); }
 

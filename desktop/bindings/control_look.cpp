@@ -18,6 +18,8 @@ QString ToneName(Tone tone) {
       return QStringLiteral("waiting");
     case Tone::kCritical:
       return QStringLiteral("crit");
+    case Tone::kGood:
+      return QStringLiteral("good");
     case Tone::kStrong:
     case Tone::kPlain:
       break;

@@ -21,6 +21,7 @@ enum CellLook {
   kOpenLook = 32,     ///< on the ground of what can be changed
   kRefusedLook = 64,  ///< what was entered is not taken
   kBoldLook = 128,
+  kGoodLook = 256,  ///< better than before
 };
 
 }  // namespace kalvo

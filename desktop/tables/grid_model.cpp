@@ -20,6 +20,7 @@ QVariant BackgroundOf(Tone tone) {
     case Tone::kAlarm:
     case Tone::kCritical:
     case Tone::kStrong:
+    case Tone::kGood:
     case Tone::kPlain:
     case Tone::kQuiet:
       break;
@@ -73,6 +74,7 @@ int GridModel::LookOf(GridPlace place, const GridCell& cell) const {
   if (tone == Tone::kAlarm) look |= kAlarmLook;
   if (tone == Tone::kImposed || tone == Tone::kWaiting) look |= kImposedLook;
   if (tone == Tone::kStrong) look |= kStrongLook;
+  if (tone == Tone::kGood) look |= kGoodLook;
   return look;
 }
 
@@ -119,7 +121,7 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
   if (orientation == Qt::Vertical) {
     if (section >= grid_.row_count()) return {};
     const int row = grid_.order()[static_cast<std::size_t>(section)];
-    if (role == Qt::DisplayRole) return row + 1;
+    if (role == Qt::DisplayRole) return grid_.NumberOf(row);
     return role == kLookRole ? QVariant(LookOf(row)) : QVariant();
   }
   const GridColumn& column = grid_.columns()[static_cast<std::size_t>(section)];

@@ -140,7 +140,7 @@ void SheetDelegate::DrawContent(QPainter& painter, const Cell& cell,
   QString value = cell.text;
   Qt::Alignment alignment = cell.alignment;
   if (const qsizetype colon = value.indexOf(" : "); colon >= 0) {
-    painter.setPen(theme.ink3);
+    painter.setPen(IsLook(cell.look, kGoodLook) ? theme.ok : theme.ink3);
     DrawLine(painter, inside, Qt::AlignLeft, value.left(colon).trimmed(), laid_out);
     value = value.mid(colon + 3).trimmed();
     alignment = Qt::AlignRight;

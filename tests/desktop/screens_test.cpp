@@ -24,6 +24,7 @@
 
 #include "desktop/qt_text.h"
 #include "desktop/theme.h"
+#include "engine/diameter_change.h"
 #include "entry/general/frm_liquid.h"
 #include "study/codepage.h"
 #include "study/fluid_library.h"
@@ -176,9 +177,24 @@ void Surround(CalculatedDesk& desk) {
                   .ok());
 }
 
+// Three larger pipes where the hotel loses most.
+RunEnd EnlargeThree(CalculatedDesk& desk) {
+  Workbench& bench = desk.study.bench;
+  const auto library = ReadPipeSystem(bench.workspace, bench.study.pipe_system_number);
+  const auto pipe = [&library](std::string_view name) {
+    const auto bears = [name](const PipeRow& row) { return row.nominal_diameter.Utf8() == name; };
+    return *std::ranges::find_if(*library, bears);
+  };
+  return ChangeDiameters(bench, {{{7, 12}, pipe("1 1/4")}, {{1}, pipe("6")}}).end;
+}
+
 TEST_P(AllScreensIn, ShowACalculatedStudyWhole) {
   for (const Screen& screen : Screens()) {
     CalculatedDesk desk(Samples() / "hotel.PCK");
+    if (screen.name == screen::kComparison) {
+      desk.Open(screen::kResultsSheet, {1352, 904});
+      ASSERT_EQ(EnlargeThree(desk), RunEnd::kCalculated);
+    }
     Surround(desk);
     TeeCountersInMemory counters;
     counters.counts[1] = "1";

@@ -1,10 +1,13 @@
 #include "desktop/widgets/boxes/message_box.h"
 
+#include <QGridLayout>
 #include <QHBoxLayout>
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
 #include <QRegularExpression>
+#include <QTableWidget>
 #include <QVBoxLayout>
 
 #include "desktop/icons.h"
@@ -73,6 +76,31 @@ bool SpeaksOfYesAndNo(const QStringList& lines) {
   return lines.join('\n').contains(words);
 }
 
+QTableWidget* MakeTable(const MessageFacts& facts) {
+  constexpr int kTableHeight = 230;
+  const auto columns = static_cast<int>(facts.heads.size());
+  auto* table = new QTableWidget(static_cast<int>(facts.rows.size()), columns);
+  for (int column = 0; column < columns; ++column) {
+    const auto at = static_cast<std::size_t>(column);
+    table->setHorizontalHeaderItem(column,
+                                   new QTableWidgetItem(QString::fromStdString(facts.heads[at])));
+    for (int row = 0; row < table->rowCount(); ++row) {
+      const auto& cells = facts.rows[static_cast<std::size_t>(row)];
+      auto* item = new QTableWidgetItem(QString::fromStdString(cells[at]));
+      item->setTextAlignment(Qt::AlignVCenter | (column == 1 ? Qt::AlignLeft : Qt::AlignRight));
+      table->setItem(row, column, item);
+    }
+  }
+  table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  table->setTabKeyNavigation(false);
+  table->verticalHeader()->hide();
+  table->resizeColumnsToContents();
+  table->setFixedHeight(kTableHeight);
+  table->setAccessibleName(QString::fromStdString(facts.table_caption));
+  table->hide();
+  return table;
+}
+
 QString CaptionOf(Answer answer, bool with_english) {
   switch (answer) {
     case Answer::kYes:
@@ -92,7 +120,7 @@ QString CaptionOf(Answer answer, bool with_english) {
 MessageBox::MessageBox(const Box& box, QWidget* parent)
     : QDialog(parent),
       // The last button is cancel, no, or OK.
-      escape_answer_(StyleOf(box.style).buttons.back()),
+      escape_answer_(box.may_stay_open ? Answer::kNone : StyleOf(box.style).buttons.back()),
       answer_(escape_answer_) {
   const QString title = QString::fromStdString(box.title).trimmed();
   setWindowTitle(title);
@@ -102,6 +130,7 @@ MessageBox::MessageBox(const Box& box, QWidget* parent)
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
   column->setSizeConstraint(QLayout::SetFixedSize);
+  if (!box.facts.lines.empty()) column->addWidget(MakeFacts(box.facts));
   column->addWidget(MakeBody(box), 1);
   column->addWidget(MakeBar(box));
 }
@@ -134,6 +163,42 @@ QWidget* MessageBox::MakeBody(const Box& box) {
   lines->addStretch();
   row->addLayout(lines);
   body->setMinimumHeight(kDisc + 78);
+  return body;
+}
+
+QWidget* MessageBox::MakeFacts(const MessageFacts& facts) {
+  auto* card = new QFrame;
+  card->setProperty("role", "card");
+  auto* column = new QVBoxLayout(card);
+  column->setContentsMargins(16, 12, 16, 12);
+  column->setSpacing(6);
+  auto* lines = new QGridLayout;
+  lines->setHorizontalSpacing(24);
+  for (const auto& [caption, value] : facts.lines) {
+    auto* name = new QLabel(QString::fromStdString(caption));
+    name->setProperty("role", "unit");
+    auto* text = new QLabel(QString::fromStdString(value));
+    text->setProperty("role", "bold");
+    text->setAccessibleName(name->text() + ' ' + text->text());
+    const int row = lines->rowCount();
+    lines->addWidget(name, row, 0);
+    lines->addWidget(text, row, 1);
+  }
+  lines->setColumnStretch(1, 1);
+  column->addLayout(lines);
+  if (!facts.rows.empty()) {
+    QTableWidget* table = MakeTable(facts);
+    auto* unfold = new QPushButton(QString::fromStdString(facts.table_caption));
+    unfold->setCheckable(true);
+    unfold->setAutoDefault(false);
+    connect(unfold, &QPushButton::toggled, table, &QWidget::setVisible);
+    column->addWidget(unfold, 0, Qt::AlignLeft);
+    column->addWidget(table);
+  }
+  auto* body = new QWidget;
+  auto* around = new QVBoxLayout(body);
+  around->setContentsMargins(24, 20, 24, 0);
+  around->addWidget(card);
   return body;
 }
 

@@ -33,6 +33,8 @@ class MessageBox : public QDialog {
 
  private:
   QWidget* MakeBody(const Box& box);
+  /// Captions with their values, and under them the table that a button unfolds.
+  QWidget* MakeFacts(const MessageFacts& facts);
   QWidget* MakeBar(const Box& box);
 
   QList<QPushButton*> buttons_;

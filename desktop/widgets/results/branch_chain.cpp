@@ -72,7 +72,8 @@ void BranchChain::DrawSections(QPainter& painter) const {
     const double from = NodeX(i);
     const double to = NodeX(i + 1);
     const bool current = i == branch_.current;
-    painter.setPen(QPen(color, current ? 6 : 2.5, Qt::SolidLine, Qt::FlatCap));
+    const bool strong = std::ranges::count(branch_.strong, static_cast<int>(i)) != 0;
+    painter.setPen(QPen(color, current || strong ? 6 : 2.5, Qt::SolidLine, Qt::FlatCap));
     painter.drawLine(QPointF(from, kChainY), QPointF(to, kChainY));
     if (to - from < kNarrowestForArrow) continue;
     const QPointF tip((from + to) / 2 + 4, kChainY);

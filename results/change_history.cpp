@@ -1,0 +1,97 @@
+#include "results/change_history.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "engine/kept_results.h"
+#include "engine/rerun.h"
+#include "form/tell.h"
+#include "form/wait.h"
+#include "results/diameter_roads.h"
+#include "results/diameter_view.h"
+#include "results/results_session.h"
+
+namespace kalvo {
+namespace {
+
+ResultsSnapshot TakeLast(std::vector<ResultsSnapshot>& steps) {
+  ResultsSnapshot last = std::move(steps.back());
+  steps.pop_back();
+  return last;
+}
+
+bool IsChangedFrom(const Workbench& bench, const RowTable& before) {
+  auto rows = bench.workspace.Rows().ReadAll();
+  return !rows || !HaveSameDiameters(before, RowTable(*std::move(rows)));
+}
+
+}  // namespace
+
+void ChangeHistory::Undone(ResultsSnapshot now) {
+  TakeLast(done_);
+  undone_.push_back(std::move(now));
+}
+
+void ChangeHistory::Redone(ResultsSnapshot now) {
+  TakeLast(undone_);
+  done_.push_back(std::move(now));
+}
+
+void ChangeHistory::CutBackTo(const RowTable& rows) {
+  undone_.clear();
+  const auto stands_again = [&rows](const ResultsSnapshot& before) {
+    return HaveSameDiameters(before.rows, rows);
+  };
+  done_.erase(std::ranges::find_if(done_, stands_again), done_.end());
+}
+
+void MakeChange(Desk& desk, const std::function<void()>& change) {
+  auto before = TakeSnapshot(desk.bench);
+  if (!before) {
+    TellError(desk.bench, before.error());
+    return;
+  }
+  change();
+  if (!IsChangedFrom(desk.bench, before->rows)) return;
+  auto& history = desk.screens.change_history;
+  if (history == nullptr) history = std::make_shared<ChangeHistory>();
+  history->Add(*std::move(before));
+}
+
+bool HasStep(const Desk& desk, HistoryStep step) {
+  const auto& history = desk.screens.change_history;
+  if (history == nullptr) return false;
+  return step == HistoryStep::kUndo ? history->CanUndo() : history->CanRedo();
+}
+
+bool TakeStep(Desk& desk, HistoryStep step) {
+  if (!HasStep(desk, step)) return false;
+  ChangeHistory& history = *desk.screens.change_history;
+  auto now = TakeSnapshot(desk.bench);
+  if (!now) {
+    TellError(desk.bench, now.error());
+    return false;
+  }
+  const bool undo = step == HistoryStep::kUndo;
+  const ResultsSnapshot& wanted = undo ? history.ToUndo() : history.ToRedo();
+  TellIfFailed(desk.bench, BringBack(desk.bench, wanted));
+  if (IsChangedFrom(desk.bench, wanted.rows)) return false;
+  undo ? history.Undone(*std::move(now)) : history.Redone(*std::move(now));
+  return true;
+}
+
+bool StepInResults(Desk& desk, HistoryStep step) {
+  if (!TakeStep(desk, step)) return false;
+  CloseOtherView(desk);
+  if (desk.screens.results_view == ResultsView::kSheet) {
+    RerunWaitingChange(desk);
+  } else {
+    const WaitShown wait(desk.navigator);
+    const auto ran = RerunIfChanged(desk.bench);
+    if (!ran) TellError(desk.bench, ran.error());
+  }
+  if (desk.screens.diameter_view != nullptr) desk.screens.diameter_view->ShowAgain();
+  return true;
+}
+
+}  // namespace kalvo
