@@ -4,6 +4,7 @@
 
 #include <ui_frm_avai_d.h>
 #include <ui_frm_calcs.h>
+#include <ui_frm_chang.h>
 #include <ui_frm_compare.h>
 #include <ui_frm_cur_fl.h>
 #include <ui_frm_data.h>
@@ -51,6 +52,7 @@
 #include "entry/tees/frm_tau_cross_s.h"
 #include "entry/winter/frm_winter.h"
 #include "results/frm_avai_d.h"
+#include "results/frm_chang.h"
 #include "results/frm_compare.h"
 #include "results/frm_res.h"
 #include "results/frm_res_gn.h"
@@ -86,6 +88,7 @@ constexpr Screen kScreens[] = {
     {screen::kQuantities, &MakeForm<FrmStatS>, &SetUp<Ui::FrmStatS>},
     {screen::kOneDiameter, &MakeForm<FrmAvaiD>, &SetUp<Ui::FrmAvaiD>, screen::kResultsSheet,
      screen::kResults, true},
+    {screen::kManyDiameters, &MakeForm<FrmChang>, &SetUp<Ui::FrmChang>},
     {screen::kTitle, &MakeForm<FrmTitle>, &SetUp<Ui::FrmTitle>},
     {screen::kMain, &MakeForm<FrmMain>, &SetUp<Ui::FrmMain>},
     {screen::kKind, &MakeForm<FrmKind>, &SetUp<Ui::FrmKind>},

@@ -74,6 +74,15 @@ void SettleFlags(Study& study, RunEnd end) {
   study.came_by_recovery = study.came_by_recovery && study.recalculation_needed;
 }
 
+// The file of the rows that the results belong to; nullptr: there is none.
+const char* CalculatedRowsOf(const Workspace& workspace) {
+  for (const char* const file :
+       {work_file::kPreviousRows, work_file::kRowsBeforeChange, work_file::kFirstRows}) {
+    if (workspace.HasBytes(file)) return file;
+  }
+  return nullptr;
+}
+
 }  // namespace
 
 Result<bool> DiametersDiffer(const Workspace& workspace, std::string_view older) {
@@ -99,14 +108,22 @@ Result<bool> ChangeWaits(const Workspace& workspace) {
   if (const auto rows = workspace.Rows().ReadAll(); !rows) {
     return rows.error();
   }
-  for (const char* const older :
-       {work_file::kPreviousRows, work_file::kRowsBeforeChange, work_file::kFirstRows}) {
-    if (workspace.HasBytes(older)) {
-      const auto differ = DiametersDiffer(workspace, older);
-      return !differ || *differ;
-    }
+  const char* const older = CalculatedRowsOf(workspace);
+  if (older == nullptr) return false;
+  const auto differ = DiametersDiffer(workspace, older);
+  return !differ || *differ;
+}
+
+std::vector<bool> WaitingRows(const Workspace& workspace, std::span<const SectionRow> rows) {
+  std::vector<bool> waiting(rows.size(), false);
+  const char* const older = CalculatedRowsOf(workspace);
+  if (older == nullptr) return waiting;
+  const auto calculated = workspace.Rows(older).ReadAll();
+  if (!calculated) return waiting;
+  for (std::size_t i = 0; i < rows.size() && i < calculated->size(); ++i) {
+    waiting[i] = rows[i].NomiDiam.Trimmed() != (*calculated)[i].NomiDiam.Trimmed();
   }
-  return false;
+  return waiting;
 }
 
 RunEnd Rerun(Workbench& bench) {

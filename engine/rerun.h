@@ -1,6 +1,8 @@
 #pragma once
 
 #include <functional>
+#include <span>
+#include <vector>
 
 #include "engine/driver.h"
 
@@ -16,6 +18,9 @@ Result<bool> DiametersDiffer(const Workspace& workspace, std::string_view older)
 /// without them the first of the session; which cannot be read leaves it to a re-run.
 /// Error: the rows cannot be read.
 Result<bool> ChangeWaits(const Workspace& workspace);
+
+/// The same row by row: those of `rows` whose change waits. Which cannot be told counts as "no".
+std::vector<bool> WaitingRows(const Workspace& workspace, std::span<const SectionRow> rows);
 
 /// The run on the diameters that the rows have, overruled ones (negative) included: no pipe choice,
 /// no balancing, the method recorded stays. Quantities anew; a row that came back to the diameter

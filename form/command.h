@@ -26,6 +26,7 @@ class Command : public Control {
   std::string hint;       ///< shown there instead of a key
   std::string icon;       ///< instead of the one that the window has for it
   std::string spoken;     ///< read aloud instead of the caption
+  std::string described;  ///< read aloud after it: what it would do now
   std::function<void()> action;
   bool leaves_freely = false;  ///< runs whatever the field with the focus thinks of being left
   bool sounds_itself = false;  ///< its action sounds, once its tests have passed

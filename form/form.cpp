@@ -133,6 +133,9 @@ bool Form::Press(const Key& key) {
     const EditableGrid::KeyEnd end = grid->Press(key);
     if (end != EditableGrid::KeyEnd::kNotMine) return end == EditableGrid::KeyEnd::kTaken;
   }
+  if (auto* grid = dynamic_cast<Grid*>(focus_); grid != nullptr && grid->PressToSelect(key)) {
+    return true;
+  }
   if (auto* field = dynamic_cast<Field*>(focus_)) {
     if (PressInField(*field, key)) return true;
     if (field->CanEdit() && EditsText(key)) return false;

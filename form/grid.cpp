@@ -13,6 +13,7 @@ void Grid::Reset(std::vector<GridColumn> columns, int rows, int blank) {
   cells_.assign(columns_.size() * static_cast<std::size_t>(rows), GridCell{});
   marked_.assign(static_cast<std::size_t>(rows), false);
   numbers_.clear();
+  selected_.assign(static_cast<std::size_t>(rows), false);
   order_.resize(static_cast<std::size_t>(rows));
   std::iota(order_.begin(), order_.end(), 0);
   sort_column_ = -1;
@@ -26,6 +27,7 @@ void Grid::InsertRows(int at, int count) {
   const auto columns = static_cast<std::ptrdiff_t>(columns_.size());
   cells_.insert(cells_.begin() + at * columns, static_cast<std::size_t>(count * columns), {});
   marked_.insert(marked_.begin() + at, static_cast<std::size_t>(count), false);
+  selected_.insert(selected_.begin() + at, static_cast<std::size_t>(count), false);
   RenewOrder();
   if (current_.row >= at) SetCurrent({current_.row + count, current_.column});
   changes_.Rows(GridChange::Kind::kInserted, at, at + count - 1);
@@ -36,6 +38,7 @@ void Grid::RemoveRows(int at, int count) {
   const auto columns = static_cast<std::ptrdiff_t>(columns_.size());
   cells_.erase(cells_.begin() + at * columns, cells_.begin() + (at + count) * columns);
   marked_.erase(marked_.begin() + at, marked_.begin() + at + count);
+  selected_.erase(selected_.begin() + at, selected_.begin() + at + count);
   RenewOrder();
   const int row = current_.row < at ? current_.row : std::max(current_.row - count, at);
   SetCurrent({row, current_.column});
@@ -88,6 +91,39 @@ void Grid::MoveTo(GridPlace place) {
   const GridPlace before = current_;
   SetCurrent(place);
   if (current_ != before && on_move) on_move();
+}
+
+void Grid::Select(int row, bool selected) {
+  selected_.at(static_cast<std::size_t>(row)) = selected && selects_rows && !IsBlank(row);
+}
+
+std::vector<int> Grid::SelectedRows() const {
+  std::vector<int> rows;
+  for (int row = 0; row < row_count(); ++row) {
+    if (IsSelected(row)) rows.push_back(row);
+  }
+  return rows;
+}
+
+void Grid::TakeSelection(std::span<const int> rows) {
+  const std::vector<bool> before = selected_;
+  selected_.assign(selected_.size(), false);
+  for (const int row : rows) Select(row, true);
+  if (selected_ != before && on_select) on_select();
+}
+
+bool Grid::PressToSelect(const Key& key) {
+  const bool toggles = key.code == KeyCode::kCharacter && key.character == U' ' && !key.alt;
+  if (!selects_rows || (!toggles && key != Ctrl('A'))) return false;
+  std::vector<int> rows = SelectedRows();
+  if (!toggles) {
+    rows.resize(static_cast<std::size_t>(row_count() - blank_));
+    std::iota(rows.begin(), rows.end(), 0);
+  } else if (std::erase(rows, current_.row) == 0 && current_.row >= 0) {
+    rows.push_back(current_.row);
+  }
+  TakeSelection(rows);
+  return true;
 }
 
 bool Grid::Before(int a, int b) const {

@@ -9,6 +9,7 @@
 
 #include "form/control.h"
 #include "form/grid_change.h"
+#include "form/key.h"
 
 namespace kalvo {
 
@@ -21,6 +22,8 @@ struct GridColumn {
   bool open = false;           ///< cells have the ground of what can be changed
   bool bold = false;
   bool centred = false;
+  bool names = false;  ///< bold in a selected row
+  bool marks = false;  ///< has the marks of its row: of the branch, and of being selected
 };
 
 struct GridCell {
@@ -30,6 +33,7 @@ struct GridCell {
   std::string tip{};
   bool refused = false;           ///< marked until it changes
   std::optional<double> share{};  ///< 0 to 1, painted as a bar below the text
+  bool left = false;              ///< left aligned, whatever its column
   bool operator==(const GridCell&) const = default;
 };
 
@@ -55,7 +59,9 @@ class Grid : public Control {
   std::string mark_name;              ///< what a marked row is
   bool copies_heads = false;          ///< Copy() begins with the heads of its columns
   bool sortable = true;               ///< the user may choose another order
+  bool selects_rows = false;          ///< the user selects whole rows, any number of them
   std::function<void()> on_move;      ///< the current cell was moved by the user
+  std::function<void()> on_select;    ///< the user has selected other rows
   std::function<void()> on_activate;  ///< double click or Enter on the current cell
 
   /// Empties the table and gives it these columns and as many rows. The last `blank` of them hold
@@ -89,6 +95,17 @@ class Grid : public Control {
   /// The user moves it.
   void MoveTo(GridPlace place);
 
+  /// The form selects a row, or no more; one that holds nothing is never selected.
+  void Select(int row, bool selected);
+  [[nodiscard]] bool IsSelected(int row) const { return selected_[static_cast<std::size_t>(row)]; }
+  /// Rows of the table, rising, however they are shown.
+  [[nodiscard]] std::vector<int> SelectedRows() const;
+  /// The user selects these rows of the table, and no others.
+  void TakeSelection(std::span<const int> rows);
+  /// A key that selects whole rows: Space the current one, or no more, Ctrl+A all. False: it is not
+  /// the grid's own.
+  bool PressToSelect(const Key& key);
+
   /// The user asks for the next order by this column: rising, falling, as the rows stand.
   void CycleSort(int column);
   [[nodiscard]] int sort_column() const { return sort_column_; }
@@ -115,6 +132,7 @@ class Grid : public Control {
   std::vector<GridCell> cells_;
   std::vector<bool> marked_;
   std::vector<int> numbers_;  ///< by row; none: those of their places
+  std::vector<bool> selected_;
   std::vector<int> order_;
   int blank_ = 0;
   GridPlace current_;

@@ -38,6 +38,7 @@ constexpr std::string_view kPump = "FrmResGn";
 constexpr std::string_view kQuantities = "FrmStatS";
 constexpr std::string_view kOneDiameter = "FrmAvaiD";
 constexpr std::string_view kComparison = "FrmCompare";
+constexpr std::string_view kManyDiameters = "FrmChang";
 constexpr std::string_view kWinter = "FrmWinter";
 }  // namespace screen
 

@@ -48,6 +48,14 @@ void ChangeOneDiameter(Desk& desk, ChangeRoad road) {
   desk.navigator.Show(screen::kOneDiameter);
 }
 
+void ChangeManyDiameters(Desk& desk, ChangeRoad road) {
+  if (desk.screens.ChangeFormOpen) {
+    desk.bench.Show(message::kNoMassChange);
+    return;
+  }
+  if (TakeRoad(desk, road)) desk.navigator.ShowModal(screen::kManyDiameters);
+}
+
 void CloseOtherView(Desk& desk) {
   const bool sheet = desk.screens.results_view == ResultsView::kSheet;
   desk.navigator.Close(sheet ? screen::kResults : screen::kResultsSheet);

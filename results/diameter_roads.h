@@ -15,6 +15,10 @@ bool TakeRoad(Desk& desk, ChangeRoad road);
 /// Opens the form for the diameter of the section on show, or brings it to the front.
 void ChangeOneDiameter(Desk& desk, ChangeRoad road);
 
+/// Opens the form for the diameters of many sections, over the view. While the one for a single
+/// section is open it is refused by message 401.
+void ChangeManyDiameters(Desk& desk, ChangeRoad road);
+
 /// The view that is not in use closes.
 void CloseOtherView(Desk& desk);
 

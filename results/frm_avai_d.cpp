@@ -5,6 +5,7 @@
 #include "form/tell.h"
 #include "form/wait.h"
 #include "results/diameter_roads.h"
+#include "results/library_pipes.h"
 #include "results/results_session.h"
 #include "study/numeric_text.h"
 
@@ -21,14 +22,8 @@ constexpr const char* kAtOnce = "Η αντικατάσταση υπολογίζ�
 constexpr const char* kWaits = "Η αντικατάσταση αναμένει υπολογισμό.";
 
 std::vector<GridColumn> PipeColumns() {
-  const auto column = [](const char* header, int width) {
-    return GridColumn{.header = header, .width = width, .number = false, .centred = true};
-  };
-  return {column("ΟΝΟΜΑΣΤΙΚΗ", kWidth), column("ΕΣΩΤΕΡΙΚΗ\n[mm]", kWidth), column("", kNowWidth)};
-}
-
-bool BearsDiameter(const PipeRow& pipe, const SectionRow& row) {
-  return pipe.nominal_diameter.Trimmed() == row.NomiDiam.Trimmed();
+  return {CentredColumn("ΟΝΟΜΑΣΤΙΚΗ", kWidth), CentredColumn("ΕΣΩΤΕΡΙΚΗ\n[mm]", kWidth),
+          CentredColumn("", kNowWidth)};
 }
 
 std::string NowLine(const DiameterView& view, Separators separators) {
@@ -92,12 +87,7 @@ void FrmAvaiD::Derive() {
 void FrmAvaiD::TakeLibrary(std::vector<PipeRow> pipes) {
   pipes_ = std::move(pipes);
   fpSpread1.Reset(PipeColumns(), std::max(kLeastRows, static_cast<int>(pipes_.size())));
-  for (std::size_t i = 0; i < pipes_.size(); ++i) {
-    const auto row = static_cast<int>(i);
-    fpSpread1.Set(row, kNominal, {pipes_[i].nominal_diameter.Utf8()});
-    fpSpread1.Set(row, kInner,
-                  {" [ " + FormatNumber(pipes_[i].inner_diameter, desk.separators) + " ]"});
-  }
+  ShowPipes(fpSpread1, pipes_, desk.separators);
 }
 
 void FrmAvaiD::KeepOffEmptyRows() {
@@ -135,24 +125,14 @@ void FrmAvaiD::Refuse(std::string_view why) {
 
 std::optional<PipeRow> FrmAvaiD::ChosenPipe() {
   const int row = fpSpread1.current().row;
-  if (row < 0 || static_cast<std::size_t>(row) >= pipes_.size()) {
-    Refuse("Επιλέξτε μία διάμετρο της λίστας.");
-    return {};
+  PipeChoice choice = ChoosePipe(bench, pipes_, row);
+  if (choice.pipe) fpSpread1.SetCurrent({row, kNominal});
+  if (choice.changed_library) {
+    TakeLibrary(*std::move(choice.changed_library));
+    Follow(*desk.screens.diameter_view);
   }
-  fpSpread1.SetCurrent({row, kNominal});
-  auto pipes = ReadPipeSystem(bench.workspace, bench.study.pipe_system_number);
-  if (!pipes) {
-    TellError(bench, pipes.error());
-    return {};
-  }
-  const auto at = static_cast<std::size_t>(row);
-  if (at < pipes->size() && (*pipes)[at].nominal_diameter == pipes_[at].nominal_diameter) {
-    return (*pipes)[at];
-  }
-  TakeLibrary(*std::move(pipes));
-  Follow(*desk.screens.diameter_view);
-  Refuse("Η βιβλιοθήκη σωλήνων άλλαξε, επιλέξτε ξανά.");
-  return {};
+  if (!choice.refusal.empty()) Refuse(choice.refusal);
+  return choice.pipe;
 }
 
 void FrmAvaiD::Replace() {

@@ -28,6 +28,8 @@ FrmRes::FrmRes(Desk& shared_desk)
                 [this] { ShowNodeReport(desk, true); }),
       CmdChD(*this, "CmdChD", "Αλλαγή διαμέτρου",
              [this] { ChangeOneDiameter(desk, ChangeRoad::kButton); }),
+      CmdNewD(*this, "CmdNewD", "Μαζική αλλαγή",
+              [this] { ChangeManyDiameters(desk, ChangeRoad::kButton); }),
       CmdHelp(*this, "CmdHelp", "Βοήθεια πλήκτρων", [this] { ShowHelp(); }, {Plain(KeyCode::kF1)}),
       CmdFirst(*this, "CmdFirst", "Πρώτο Τμήμα", [this] { GoToRow(1); }, {Ctrl(KeyCode::kHome)}),
       CmdPrev(*this, "CmdPrev", "Προηγούμενο", [this] { GoToRow(bench.study.CurrentRow - 1); },
@@ -45,7 +47,9 @@ FrmRes::FrmRes(Desk& shared_desk)
           [this] { ShowSheet(); }, OtherViewKeys()),
       CmdSound(*this, "CmdSound", "On-Off Ήχων", [this] { ChkSoundR.Set(!ChkSoundR.on); }),
       CmdChangeOne(*this, "CmdChangeOne", CmdChD.caption,
-                   [this] { ChangeOneDiameter(desk, ChangeRoad::kMenu); }) {
+                   [this] { ChangeOneDiameter(desk, ChangeRoad::kMenu); }),
+      CmdChangeMany(*this, "CmdChangeMany", CmdNewD.caption,
+                    [this] { ChangeManyDiameters(desk, ChangeRoad::kMenu); }) {
   for (Field* field : {&TxtName, &TxtLength, &TxtNomiDiam, &TxtWaterFlow, &TxtVelocity,
                        &TxtTotalDrop, &TxtAvaiPres}) {
     field->locked = true;
@@ -91,7 +95,8 @@ void FrmRes::BuildMenus() {
                    {"mnuPUForm_Diff", CmdDiff.caption, &CmdDiff},
                    {"mnuPUForm_Prom", CmdExar.caption, &CmdExar},
                    {},
-                   {"mnuPUForm_ChCur", CmdChangeOne.caption, &CmdChangeOne}};
+                   {"mnuPUForm_ChCur", CmdChangeOne.caption, &CmdChangeOne},
+                   {"mnuPUForm_ChMass", CmdChangeMany.caption, &CmdChangeMany}};
 }
 
 void FrmRes::Load() {

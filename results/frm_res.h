@@ -36,6 +36,7 @@ class FrmRes : public Form, public DiameterView {
   Command CmdExar;
   Command Cmd_Nodes;
   Command CmdChD;
+  Command CmdNewD;
   Command CmdHelp;
   Toggle ChkSoundR{*this, "ChkSoundR", " On-Off Ήχων "};
 
@@ -63,7 +64,8 @@ class FrmRes : public Form, public DiameterView {
   Command CmdBack;
   Command SSCommand1;
   Command CmdSound;
-  Command CmdChangeOne;  ///< the menus' entry: its change waits
+  Command CmdChangeOne;   ///< the menus' entry: its change waits
+  Command CmdChangeMany;  ///< the same for many sections
 
  private:
   void BuildMenus();

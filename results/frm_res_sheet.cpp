@@ -22,6 +22,8 @@ FrmRes_Sheet::FrmRes_Sheet(Desk& shared_desk)
               [this] { desk.navigator.ShowModal(screen::kQuantities); }),
       CmdChD(*this, "CmdChD", "Αλλαγή διαμέτρου",
              [this] { ChangeOneDiameter(desk, ChangeRoad::kButton); }),
+      CmdNewD(*this, "CmdNewD", "Μαζική αλλαγή",
+              [this] { ChangeManyDiameters(desk, ChangeRoad::kButton); }),
       Cmd_Headers(*this, "Cmd_Headers", " Επαναφορά Πλάτους Στηλών ",
                   [this] { fpSpread1.RestoreWidths(); }),
       Cmd_Back(*this, "Cmd_Back", " Επιστροφή στο Βασικό Menu ",

@@ -37,6 +37,7 @@ class FrmRes_Sheet : public Form, public DiameterView {
   Command Cmd_Nodes;
   Command CmdExar;
   Command CmdChD;
+  Command CmdNewD;
   Toggle ChkCritical{*this, "ChkCritical", "Επισήμανση δυσμ. κλάδου"};
   Command Cmd_Headers;
 

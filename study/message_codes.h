@@ -37,6 +37,7 @@ constexpr int kNoDiameters = 305;
 constexpr int kBringDiametersBack = 306;
 constexpr int kKeepDiameters = 307;
 constexpr int kNoSuchSection = 400;
+constexpr int kNoMassChange = 401;
 constexpr int kNoChangeInWinter = 402;
 constexpr int kNoSummerResults = 403;
 constexpr int kWinterTemperature = 405;

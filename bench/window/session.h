@@ -83,9 +83,7 @@ class Session {
     program_.windows().Show(screen::kResultsSheet);
     Draw(screen::kResultsSheet);
   }
-  [[nodiscard]] Form& FormOf(std::string_view screen) {
-    return *program_.windows().FormOf(screen);
-  }
+  [[nodiscard]] Form& FormOf(std::string_view screen) { return *program_.windows().FormOf(screen); }
   void CloseSheet() { program_.windows().Close(screen::kResultsSheet); }
 
   void ShowEntry() {

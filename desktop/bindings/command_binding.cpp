@@ -22,6 +22,10 @@ void CommandBinding::Paint() {
   }
   const QString spoken = ToQt(command_.spoken);
   if (!spoken.isEmpty() && button_.accessibleName() != spoken) button_.setAccessibleName(spoken);
+  const QString described = ToQt(command_.described);
+  if (!described.isEmpty() && button_.accessibleDescription() != described) {
+    button_.setAccessibleDescription(described);
+  }
   const QString hint = ToQt(command_.Hint());
   if (button_.property("hint").toString() != hint) button_.setProperty("hint", hint);
   const QString icon = ToQt(command_.icon);

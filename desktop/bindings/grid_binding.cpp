@@ -24,6 +24,7 @@ GridBinding::GridBinding(Grid& grid, QTableView& view)
 void GridBinding::Join(const Act& act) {
   HearHead();
   HearUser(act);
+  if (grid_.selects_rows) HearSelection(act);
 }
 
 void GridBinding::DressTable() {
@@ -37,6 +38,10 @@ void GridBinding::DressTable() {
   cells_delegate_.SetTintsCurrentRow(view_.property("tintsCurrentRow").toBool());
   view_.setItemDelegate(&cells_delegate_);
   view_.setModel(&model_);
+  if (grid_.selects_rows) {
+    view_.setSelectionBehavior(QAbstractItemView::SelectRows);
+    view_.setSelectionMode(QAbstractItemView::ExtendedSelection);
+  }
   connect(view_.selectionModel(), &QItemSelectionModel::currentChanged, this,
           [this](const QModelIndex& now, const QModelIndex& before) {
             RepaintTintedRows(view_, now, before);
@@ -63,6 +68,18 @@ void GridBinding::HearUser(const Act& act) {
           [this, act](int column) { act([&] { grid_.CycleSort(column); }); });
 }
 
+void GridBinding::HearSelection(const Act& act) {
+  connect(view_.selectionModel(), &QItemSelectionModel::selectionChanged, this, [this, act] {
+    if (painting_) return;
+    std::vector<int> rows;
+    const std::vector<bool> shown = SelectionShown();
+    for (std::size_t at = 0; at < shown.size(); ++at) {
+      if (shown[at]) rows.push_back(grid_.order()[at]);
+    }
+    act([&] { grid_.TakeSelection(rows); });
+  });
+}
+
 void GridBinding::HearHead() {
   head_->setSectionsClickable(true);
   if (view_.property("fillsWidth").toBool()) {
@@ -79,6 +96,7 @@ void GridBinding::Paint() {
   PaintSortMark();
   if (widths_ != grid_.width_revision() || columns_ != grid_.column_count()) RestoreWidths();
   PaintCurrent();
+  if (grid_.selects_rows) PaintSelection();
   painting_ = false;
 }
 
@@ -104,8 +122,42 @@ void GridBinding::PaintSortMark() {
                                                    : Qt::AscendingOrder);
 }
 
+std::vector<bool> GridBinding::SelectionShown() const {
+  std::vector<bool> shown(grid_.order().size(), false);
+  for (const QItemSelectionRange& range : view_.selectionModel()->selection()) {
+    for (int at = range.top(); at <= range.bottom(); ++at) {
+      shown[static_cast<std::size_t>(at)] = !grid_.IsBlank(at);
+    }
+  }
+  return shown;
+}
+
+// At once, in as few ranges as there are: each call would paint.
+void GridBinding::PaintSelection() {
+  std::vector<bool> wanted;
+  for (const int row : grid_.order()) wanted.push_back(grid_.IsSelected(row));
+  if (wanted == SelectionShown()) return;
+  QItemSelection ranges;
+  const auto count = static_cast<int>(wanted.size());
+  const int last_column = grid_.column_count() - 1;
+  for (int first = 0; first < count; ++first) {
+    if (!wanted[static_cast<std::size_t>(first)]) continue;
+    int last = first;
+    while (last + 1 < count && wanted[static_cast<std::size_t>(last) + 1]) ++last;
+    ranges.append(QItemSelectionRange(model_.index(first, 0), model_.index(last, last_column)));
+    first = last;
+  }
+  view_.selectionModel()->select(ranges, QItemSelectionModel::ClearAndSelect);
+}
+
+// Where rows are selected the current cell selects none.
 void GridBinding::PaintCurrent() {
   const QModelIndex wanted = model_.IndexOf(grid_.current());
+  if (grid_.selects_rows && view_.currentIndex() != wanted) {
+    view_.selectionModel()->setCurrentIndex(wanted, QItemSelectionModel::NoUpdate);
+    if (view_.isVisible()) view_.scrollTo(wanted);
+    return;
+  }
   if (!wanted.isValid() && view_.currentIndex().isValid()) {
     view_.setCurrentIndex({});
     view_.clearSelection();

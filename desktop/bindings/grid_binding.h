@@ -10,7 +10,8 @@
 
 namespace kalvo {
 
-/// A grid and its table. A table with the property `frozenColumns` keeps so many in sight.
+/// A grid and its table. Rows that are selected in one are in the other. A table with the property
+/// `frozenColumns` keeps so many in sight.
 class GridBinding : public Binding {
  public:
   GridBinding(Grid& grid, QTableView& view);
@@ -38,6 +39,10 @@ class GridBinding : public Binding {
   void DressTable();
   void HearHead();
   void PaintSortMark();
+  void HearSelection(const Act& act);
+  void PaintSelection();
+  /// By rows as they are shown: what the view has selected, without those that hold nothing.
+  [[nodiscard]] std::vector<bool> SelectionShown() const;
   void DressColumns();
   void ShareWidths();
 

@@ -21,7 +21,12 @@ enum CellLook {
   kOpenLook = 32,     ///< on the ground of what can be changed
   kRefusedLook = 64,  ///< what was entered is not taken
   kBoldLook = 128,
-  kGoodLook = 256,  ///< better than before
+  kMarksLook = 256,    ///< the marks of its row are in it: of the branch, of being selected
+  kWaitingLook = 512,  ///< this diameter waits for its calculation
+  kGoodLook = 1024,    ///< better than before
 };
+
+/// Stands beside a diameter that waits.
+inline constexpr const char* kWaitingWord = "αναμένει";
 
 }  // namespace kalvo

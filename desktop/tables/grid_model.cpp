@@ -15,8 +15,9 @@ QVariant BackgroundOf(Tone tone) {
     case Tone::kCalculated:
       return ActiveTheme().calculated;
     case Tone::kImposed:
-    case Tone::kWaiting:
       return ActiveTheme().imposed;
+    case Tone::kWaiting:
+      return ActiveTheme().wait;
     case Tone::kAlarm:
     case Tone::kCritical:
     case Tone::kStrong:
@@ -39,8 +40,10 @@ Qt::AlignmentFlag SideOf(const GridColumn& column) {
 QString GridModel::SpokenCell(const GridPlace& place) const {
   const GridColumn& column = grid_.columns()[static_cast<std::size_t>(place.column)];
   const std::string& first = grid_.At(place.row, 0).text;
-  QStringList words = {ToQt(grid_.row_noun + " " + first).trimmed(), ToQt(column.header),
-                       ToQt(grid_.At(place.row, place.column).text)};
+  const GridCell& cell = grid_.At(place.row, place.column);
+  QStringList words = {ToQt(grid_.row_noun + " " + first).simplified(), ToQt(column.header),
+                       ToQt(cell.text)};
+  if (cell.tone == Tone::kWaiting) words << kWaitingWord;
   if (grid_.IsMarked(place.row)) words << ToQt(grid_.mark_name);
   words.removeAll(QString());
   return words.join(QStringLiteral(", "));
@@ -69,10 +72,13 @@ int GridModel::LookOf(GridPlace place, const GridCell& cell) const {
   int look = IsLocked(place.column) || tone == Tone::kQuiet ? kLockedLook : 0;
   if (column.open) look |= kOpenLook;
   if (column.bold && tone != Tone::kQuiet) look |= kBoldLook;
+  if (column.names && grid_.IsSelected(place.row)) look |= kBoldLook;
+  if (column.marks) look |= kMarksLook;
   if (cell.refused) look |= kRefusedLook;
   if (grid_.IsMarked(place.row)) look |= kCriticalLook;
   if (tone == Tone::kAlarm) look |= kAlarmLook;
-  if (tone == Tone::kImposed || tone == Tone::kWaiting) look |= kImposedLook;
+  if (tone == Tone::kImposed) look |= kImposedLook;
+  if (tone == Tone::kWaiting) look |= kWaitingLook;
   if (tone == Tone::kStrong) look |= kStrongLook;
   if (tone == Tone::kGood) look |= kGoodLook;
   return look;
@@ -96,7 +102,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
     case Qt::DisplayRole:
       return ToQt(cell.text);
     case Qt::TextAlignmentRole:
-      return static_cast<int>(Qt::AlignVCenter | SideOf(column));
+      return static_cast<int>(Qt::AlignVCenter | (cell.left ? Qt::AlignLeft : SideOf(column)));
     case Qt::BackgroundRole:
       return BackgroundOf(cell.tone);
     case Qt::ToolTipRole:

@@ -15,6 +15,8 @@ constexpr int kSidePadding = 9;
 constexpr double kChipInset = 5;
 constexpr double kChipRadius = 4;
 constexpr int kPencil = 14;
+constexpr int kMarkBar = 3;
+constexpr int kMarkIcon = 14;
 constexpr int kBarInset = 6;
 constexpr int kBarHeight = 2;
 
@@ -50,6 +52,7 @@ void SheetDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                                  : odd                              ? theme.zebra
                                                                     : theme.surface);
   DrawShare(*painter, option.rect, index.data(kShareRole));
+  if (IsLook(cell.look, kMarksLook)) DrawMarks(*painter, cell, selected);
   DrawContent(*painter, cell, index);
   if (family_ends_.contains(index.column())) {
     // Beside the grid line, which the view draws over whatever lies there.
@@ -77,6 +80,16 @@ void RepaintTintedRows(const QTableView& view, const QModelIndex& now, const QMo
     cells->update(0, view.rowViewportPosition(index.row()), cells->width(),
                   view.rowHeight(index.row()));
   }
+}
+
+void SheetDelegate::DrawMarks(QPainter& painter, const Cell& cell, bool selected) {
+  const Theme& theme = ActiveTheme();
+  const QRect& rect = cell.rect;
+  if (selected) painter.fillRect(rect.left(), rect.top(), kMarkBar, rect.height(), theme.primary);
+  if (!IsLook(cell.look, kCriticalLook)) return;
+  painter.drawPixmap(
+      rect.left() + kSidePadding, rect.top() + (rect.height() - kMarkIcon) / 2,
+      IconPixmap("critical", kMarkIcon, painter.device()->devicePixelRatioF(), theme.crit));
 }
 
 void SheetDelegate::DrawShare(QPainter& painter, const QRect& rect, const QVariant& share) {
@@ -134,8 +147,9 @@ void SheetDelegate::DrawContent(QPainter& painter, const Cell& cell,
   bold_.UseFont(bold_font);
   const QRect inside = cell.rect.adjusted(kSidePadding, 0, -kSidePadding, 0);
   const bool strong = IsLook(cell.look, kStrongLook);
-  const bool bold = strong || IsLook(cell.look, kBoldLook) ||
-                    (cell.column == 0 && IsLook(cell.look, kCriticalLook));
+  const bool bold =
+      strong || IsLook(cell.look, kBoldLook) ||
+      (cell.column == 0 && IsLook(cell.look, kCriticalLook) && !IsLook(cell.look, kMarksLook));
   LaidOut& laid_out = bold ? bold_ : plain_;
   QString value = cell.text;
   Qt::Alignment alignment = cell.alignment;
@@ -152,6 +166,16 @@ void SheetDelegate::DrawContent(QPainter& painter, const Cell& cell,
   DrawLine(painter, inside, alignment, value, laid_out);
 }
 
+// The diameter, and the word beside it at the right end.
+void DiameterDelegate::DrawWaiting(QPainter& painter, const QRectF& chip, const QString& text) {
+  const QFont word = ThemeFont(kHintPoints);
+  const QRectF inside = chip.adjusted(6, 0, -8, 0);
+  const double taken = QFontMetricsF(word).horizontalAdvance(kWaitingWord) + kChipInset;
+  painter.drawText(inside.adjusted(0, 0, -taken, 0), Qt::AlignRight | Qt::AlignVCenter, text);
+  painter.setFont(word);
+  painter.drawText(inside, Qt::AlignRight | Qt::AlignVCenter, kWaitingWord);
+}
+
 void DiameterDelegate::DrawContent(QPainter& painter, const Cell& cell,
                                    const QModelIndex& index) const {
   const Theme& theme = ActiveTheme();
@@ -161,17 +185,22 @@ void DiameterDelegate::DrawContent(QPainter& painter, const Cell& cell,
     return;
   }
   const bool imposed = IsLook(cell.look, kImposedLook);
-  const QColor text = imposed ? theme.onimposed : theme.oncalculated;
+  const bool waiting = IsLook(cell.look, kWaitingLook);
+  const QColor text = imposed ? theme.onimposed : waiting ? theme.onwait : theme.oncalculated;
   const QRectF chip = QRectF(cell.rect).adjusted(kChipInset, 3.5, -kChipInset, -3.5);
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(imposed ? QPen(text, 1) : QPen(Qt::NoPen));
+  painter.setPen(imposed ? QPen(text, 1) : waiting ? QPen(theme.waitedge, 1) : QPen(Qt::NoPen));
   painter.setBrush(qvariant_cast<QBrush>(background));
   painter.drawRoundedRect(chip, kChipRadius, kChipRadius);
   QFont font = cell.font;
-  font.setBold(imposed);
+  font.setBold(imposed || waiting);
   painter.setFont(font);
   painter.setPen(text);
-  painter.drawText(chip.adjusted(6, 0, -8, 0), Qt::AlignRight | Qt::AlignVCenter, cell.text);
+  if (waiting) {
+    DrawWaiting(painter, chip, cell.text);
+  } else {
+    painter.drawText(chip.adjusted(6, 0, -8, 0), Qt::AlignRight | Qt::AlignVCenter, cell.text);
+  }
   if (imposed) {
     painter.drawPixmap(QPointF(chip.left() + 6, chip.center().y() - kPencil / 2.0),
                        IconPixmap("edit", kPencil, painter.device()->devicePixelRatioF(), text));

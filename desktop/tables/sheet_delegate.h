@@ -11,7 +11,8 @@ namespace kalvo {
 /// Cells of a sheet: rows of the critical branch tinted with their name (column 0) in bold, the
 /// selection over the tint, a ring around the current cell, strong lines between families of
 /// columns. A text "label : value" has its label at the left in grey and its value at the right. A
-/// share is a bar below the text.
+/// share is a bar below the text. A cell with kMarksLook has a bar at its left where the row is
+/// selected, and the icon of the branch.
 /// Wants a model with the roles of cell_roles.h, whose texts and alignments are all it takes beside
 /// them.
 class SheetDelegate : public QStyledItemDelegate {
@@ -56,6 +57,7 @@ class SheetDelegate : public QStyledItemDelegate {
     const Line& Of(const QString& text);
   };
 
+  static void DrawMarks(QPainter& painter, const Cell& cell, bool selected);
   static void DrawShare(QPainter& painter, const QRect& rect, const QVariant& share);
   static void DrawLine(QPainter& painter, const QRect& rect, Qt::Alignment alignment,
                        const QString& text, LaidOut& laid_out);
@@ -71,7 +73,7 @@ class SheetDelegate : public QStyledItemDelegate {
 void RepaintTintedRows(const QTableView& view, const QModelIndex& now, const QModelIndex& before);
 
 /// A diameter as a chip in the cell's BackgroundRole; with kImposedLook bold, with a dark edge and
-/// a pencil.
+/// a pencil, with kWaitingLook bold, with the word for it.
 class DiameterDelegate : public SheetDelegate {
   Q_OBJECT
 
@@ -80,6 +82,9 @@ class DiameterDelegate : public SheetDelegate {
 
  protected:
   void DrawContent(QPainter& painter, const Cell& cell, const QModelIndex& index) const override;
+
+ private:
+  static void DrawWaiting(QPainter& painter, const QRectF& chip, const QString& text);
 };
 
 }  // namespace kalvo

@@ -26,6 +26,8 @@
 #include "desktop/theme.h"
 #include "engine/diameter_change.h"
 #include "entry/general/frm_liquid.h"
+#include "results/diameter_roads.h"
+#include "results/frm_chang.h"
 #include "study/codepage.h"
 #include "study/fluid_library.h"
 #include "study/recent_files.h"
@@ -188,6 +190,18 @@ RunEnd EnlargeThree(CalculatedDesk& desk) {
   return ChangeDiameters(bench, {{{7, 12}, pipe("1 1/4")}, {{1}, pipe("6")}}).end;
 }
 
+// Some sections have got another diameter, others are selected for the next one.
+void UseManyDiameters(CalculatedDesk& desk) {
+  auto& form = dynamic_cast<FrmChang&>(*desk.windows.FormOf(screen::kManyDiameters));
+  form.fpSpread1.TakeSelection(std::vector{2, 8});
+  form.fpSpread2.MoveTo({6, 0});
+  form.Run(form.CmdChange);
+  form.fpSpread1.TakeSelection(std::vector{1, 4, 5, 6, 9});
+  form.fpSpread2.MoveTo({5, 0});
+  desk.windows.PaintAll();
+  QApplication::processEvents();
+}
+
 TEST_P(AllScreensIn, ShowACalculatedStudyWhole) {
   for (const Screen& screen : Screens()) {
     CalculatedDesk desk(Samples() / "hotel.PCK");
@@ -204,9 +218,14 @@ TEST_P(AllScreensIn, ShowACalculatedStudyWhole) {
     if (screen.name == screen::kOneDiameter) {
       desk.Open(screen::kResultsSheet, {1352, 904}).findChild<QPushButton*>("CmdChD")->click();
     }
+    if (screen.name == screen::kManyDiameters) {
+      desk.Open(screen::kResultsSheet, {1352, 904});
+      ASSERT_TRUE(TakeRoad(desk.desk, ChangeRoad::kButton));
+    }
     QWidget design;
     screen.set_up(design);
     QWidget& window = desk.Open(screen.name, design.size());
+    if (screen.name == screen::kManyDiameters) UseManyDiameters(desk);
     SCOPED_TRACE(screen.name);
     ExpectNothingClipped(window);
     KeepPicture(window, PictureName(screen.name));

@@ -171,5 +171,61 @@ TEST(GridRules, SortingChangesTheViewOnlyAndTheThirdTimeRestoresIt) {
   EXPECT_EQ(grid.At(1, 1).text, "1200");
 }
 
+// A grid of five rows, the last of which holds nothing, with the focus.
+struct RowSelection : ::testing::Test {
+  RowSelection() {
+    grid.selects_rows = true;
+    grid.on_select = [this] { ++told; };
+    grid.Reset({{"ΟΝΟΜΑ", 8, false}}, 5, 1);
+    for (int row = 0; row < 4; ++row) grid.Set(row, 0, {std::string(1, "cadb"[row])});
+    form.Focus(grid);
+  }
+  using Rows = std::vector<int>;
+
+  TestDesk desk;
+  SmallForm form{desk.desk};
+  Grid grid{form, "grid"};
+  int told = 0;
+};
+
+TEST_F(RowSelection, IsOfTheTablesRowsWhateverTheOrderShown) {
+  grid.TakeSelection(Rows{3, 1, 4, 1});
+  EXPECT_EQ(grid.SelectedRows(), (Rows{1, 3})) << "what holds nothing is never selected";
+  grid.CycleSort(0);
+  EXPECT_EQ(grid.order().front(), 1);
+  EXPECT_EQ(grid.SelectedRows(), (Rows{1, 3}));
+  grid.TakeSelection(Rows{3, 1});
+  EXPECT_EQ(told, 1) << "it is the same";
+  grid.Select(0, true);
+  EXPECT_TRUE(grid.IsSelected(0));
+  EXPECT_EQ(told, 1) << "the form knows what it does itself";
+  grid.Reset({{"ΟΝΟΜΑ", 8, false}}, 5, 1);
+  EXPECT_EQ(grid.SelectedRows(), Rows());
+}
+
+TEST_F(RowSelection, FollowsRowsThatComeAndGo) {
+  grid.Reset({{"ΟΝΟΜΑ", 8, false}}, 4);
+  grid.TakeSelection(Rows{0, 2});
+  grid.InsertRows(1, 2);
+  EXPECT_EQ(grid.SelectedRows(), (Rows{0, 4}));
+  grid.RemoveRows(0, 2);
+  EXPECT_EQ(grid.SelectedRows(), Rows{2});
+}
+
+TEST_F(RowSelection, IsMadeBySpaceAndCtrlAOnAnyKeyboard) {
+  grid.MoveTo({2, 0});
+  EXPECT_TRUE(form.Press(Typed(' ')));
+  EXPECT_TRUE(form.Press(Ctrl(' ')));
+  EXPECT_EQ(grid.SelectedRows(), Rows());
+  EXPECT_TRUE(form.Press(Typed(' ')));
+  grid.MoveTo({0, 0});
+  EXPECT_TRUE(form.Press(Typed(' ')));
+  EXPECT_EQ(grid.SelectedRows(), (Rows{0, 2}));
+  EXPECT_TRUE(form.Press(Ctrl('A')));
+  EXPECT_EQ(grid.SelectedRows(), (Rows{0, 1, 2, 3}));
+  grid.selects_rows = false;
+  EXPECT_FALSE(form.Press(Ctrl('A'))) << "a grid of cells leaves the key to the table";
+}
+
 }  // namespace
 }  // namespace kalvo

@@ -18,6 +18,7 @@
 #include "entry/tees/frm_tau_cross_s.h"
 #include "entry/winter/frm_winter.h"
 #include "results/frm_avai_d.h"
+#include "results/frm_chang.h"
 #include "results/frm_res.h"
 #include "results/frm_res_gn.h"
 #include "results/frm_res_sheet.h"
@@ -108,6 +109,7 @@ std::map<std::string, FormFactory> Screens() {
           {"Αποτελέσματα, ένα τμήμα τη φορά", &MakeForm<FrmRes>},
           {"Η προμέτρηση", &MakeForm<FrmStatS>},
           {"Αλλαγή μιας διαμέτρου", &MakeForm<FrmAvaiD>},
+          {"Αλλαγή πολλών διαμέτρων", &MakeForm<FrmChang>},
           {"Η αντλία", &MakeForm<FrmResGn>},
           {"Χειμώνας", &MakeForm<FrmWinter>}};
 }

@@ -1,6 +1,7 @@
 #include "desktop/widgets/results/sheet_legend.h"
 
 #include <QPainter>
+#include <span>
 
 #include "desktop/icons.h"
 #include "desktop/theme.h"
@@ -15,11 +16,21 @@ struct Entry {
   const char* icon;  // may be empty
 };
 
-constexpr Entry kEntries[] = {
+constexpr Entry kBranch = {"δυσμενέστερος κλάδος", &Theme::critbg, &Theme::crit, "critical"};
+constexpr Entry kOfResults[] = {
     {"υπολογισμένη διάμετρος", &Theme::calculated, &Theme::calculated, ""},
     {"διάμετρος που αλλάξατε", &Theme::imposed, &Theme::onimposed, "edit"},
-    {"δυσμενέστερος κλάδος", &Theme::critbg, &Theme::crit, "critical"},
+    kBranch,
 };
+constexpr Entry kOfChange[] = {
+    {"νέα διάμετρος, αναμένει υπολογισμό", &Theme::wait, &Theme::waitedge, ""},
+    kBranch,
+};
+
+std::span<const Entry> EntriesOf(const SheetLegend& legend) {
+  if (legend.OfChange()) return kOfChange;
+  return kOfResults;
+}
 
 constexpr QSize kChip(26, 16);
 constexpr int kIcon = 14;
@@ -35,15 +46,22 @@ int WidthOf(const Entry& entry) {
 
 SheetLegend::SheetLegend(QWidget* parent) : QWidget(parent) {
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-  QStringList spoken;
-  for (const Entry& entry : kEntries) spoken << entry.text;
   setAccessibleName("Υπόμνημα");
+  SetOfChange(false);
+}
+
+void SheetLegend::SetOfChange(bool of_change) {
+  of_change_ = of_change;
+  QStringList spoken;
+  for (const Entry& entry : EntriesOf(*this)) spoken << entry.text;
   setAccessibleDescription(spoken.join(", "));
+  updateGeometry();
+  update();
 }
 
 QSize SheetLegend::sizeHint() const {
   int width = 0;
-  for (const Entry& entry : kEntries) width += WidthOf(entry) + kEntryGap;
+  for (const Entry& entry : EntriesOf(*this)) width += WidthOf(entry) + kEntryGap;
   return {width - kEntryGap, 20};
 }
 
@@ -53,7 +71,7 @@ void SheetLegend::paintEvent(QPaintEvent*) {
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setFont(ThemeFont(kHintPoints));
   int left = 0;
-  for (const Entry& entry : kEntries) {
+  for (const Entry& entry : EntriesOf(*this)) {
     const QRectF chip(left + 0.5, (height() - kChip.height()) / 2.0 + 0.5, kChip.width() - 1,
                       kChip.height() - 1);
     painter.setPen(theme.*entry.edge);
