@@ -41,6 +41,10 @@ void MakeChange(Desk& desk, const std::function<void()>& change);
 
 enum class HistoryStep { kUndo, kRedo };
 
+/// Why a step cannot be made.
+inline constexpr const char* kNothingToUndo = "Δεν υπάρχει αλλαγή διαμέτρου για αναίρεση.";
+inline constexpr const char* kNothingToRedo = "Δεν υπάρχει αναίρεση, για να γίνει ξανά.";
+
 /// Whether there is such a step.
 bool HasStep(const Desk& desk, HistoryStep step);
 

@@ -11,8 +11,6 @@ namespace {
 
 constexpr const char* kNoResults =
     "Ο υπολογισμός με τις νέες διαμέτρους ΔΕΝ ολοκληρώθηκε, τα αποτελέσματα ΔΕΝ ισχύουν.";
-constexpr const char* kNothingToUndo = "Δεν υπάρχει αλλαγή διαμέτρου για αναίρεση.";
-constexpr const char* kNothingToRedo = "Δεν υπάρχει αναίρεση, για να γίνει ξανά.";
 
 using Rows = std::vector<SectionRow>;
 

@@ -154,8 +154,7 @@ void FrmAvaiD::Take(HistoryStep step) {
   if (HasStep(desk, step)) {
     StepInResults(desk, step);
   } else {
-    Refuse(step == HistoryStep::kUndo ? "Δεν υπάρχει αλλαγή για αναίρεση."
-                                      : "Δεν υπάρχει αναίρεση, για να γίνει ξανά.");
+    Refuse(step == HistoryStep::kUndo ? kNothingToUndo : kNothingToRedo);
   }
 }
 

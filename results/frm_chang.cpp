@@ -60,6 +60,16 @@ void Offer(Choice& choice, std::vector<std::string> entries) {
                                              : 0;
 }
 
+// Numbers of the sections whose diameters differ.
+std::vector<int> Differing(const std::vector<SectionRow>& before,
+                           const std::vector<SectionRow>& after) {
+  std::vector<int> sections;
+  for (std::size_t i = 0; i < after.size() && i < before.size(); ++i) {
+    if (after[i].NomiDiam != before[i].NomiDiam) sections.push_back(static_cast<int>(i) + 1);
+  }
+  return sections;
+}
+
 }  // namespace
 
 FrmChang::FrmChang(Desk& shared_desk)
@@ -71,6 +81,8 @@ FrmChang::FrmChang(Desk& shared_desk)
       CmdNone(*this, "CmdNone", "Καμία επιλογή", [this] { fpSpread1.TakeSelection({}); }),
       CmdBack(*this, "CmdBack", "Επιστροφή στα Αποτελέσματα", [this] { Back(); },
               {Plain(KeyCode::kEscape)}),
+      CmdUndo(*this, "CmdUndo", "Αναίρεση", [this] { Take(HistoryStep::kUndo); }, {Ctrl('Z')}),
+      CmdRedo(*this, "CmdRedo", "Ξανά", [this] { Take(HistoryStep::kRedo); }, {Ctrl('Y')}),
       CmdChange(*this, "CmdChange", "Αντικατάσταση των Διαμέτρων", [this] { Change(); },
                 {Ctrl(KeyCode::kEnter)}) {
   title = "Αλλαγή Διαμέτρων Σωλήνων";
@@ -99,6 +111,9 @@ FrmChang::FrmChang(Desk& shared_desk)
   LblHint.tone = Tone::kAlarm;
   menus = {{"&Ενέργειες",
             {{"mnuActs_Change", CmdChange.caption, &CmdChange},
+             {},
+             {"mnuActs_Undo", CmdUndo.caption, &CmdUndo},
+             {"mnuActs_Redo", CmdRedo.caption, &CmdRedo},
              {},
              {"mnuActs_Back", CmdBack.caption, &CmdBack}}}};
 }
@@ -299,7 +314,23 @@ void FrmChang::Change() {
   PipeChoice choice = ChoosePipe(bench, pipes_, fpSpread2.current().row);
   if (choice.changed_library) ShowLibrary(*std::move(choice.changed_library));
   if (!choice.refusal.empty()) Refuse(choice.refusal);
-  if (choice.pipe) Replace({selected, *choice.pipe});
+  if (choice.pipe) MakeChange(desk, [&] { Replace({selected, *choice.pipe}); });
+}
+
+void FrmChang::Take(HistoryStep step) {
+  const bool undo = step == HistoryStep::kUndo;
+  if (!HasStep(desk, step)) {
+    Refuse(undo ? kNothingToUndo : kNothingToRedo);
+    return;
+  }
+  const std::vector<SectionRow> before = rows_;
+  LblHint.text.clear();
+  if (!TakeStep(desk, step) || !ReadSections()) return;
+  for (const int section : Differing(before, rows_)) {
+    undo ? static_cast<void>(replaced_.erase(section))
+         : static_cast<void>(replaced_.insert(section));
+  }
+  ShowSections();
 }
 
 void FrmChang::Replace(const DiameterChange& change) {
@@ -312,9 +343,8 @@ void FrmChang::Replace(const DiameterChange& change) {
     return;
   }
   if (!ReadSections()) return;
-  for (std::size_t i = 0; i < rows_.size() && i < before.size(); ++i) {
-    if (rows_[i].NomiDiam != before[i].NomiDiam) replaced_.insert(static_cast<int>(i) + 1);
-  }
+  const Sections changed = Differing(before, rows_);
+  replaced_.insert(changed.begin(), changed.end());
   ShowSections();
 }
 

@@ -7,6 +7,7 @@
 
 #include "engine/diameter_change.h"
 #include "form/form.h"
+#include "results/change_history.h"
 #include "results/section_picks.h"
 
 namespace kalvo {
@@ -49,6 +50,8 @@ class FrmChang : public Form {
   Label LblRest{*this, "LblRest"};      ///< which sections it leaves, and when all is calculated
 
   Command CmdBack;
+  Command CmdUndo;
+  Command CmdRedo;
   Command CmdChange;
 
  private:
@@ -76,6 +79,7 @@ class FrmChang : public Form {
   [[nodiscard]] const PipeRow* Pipe() const;
 
   void Change();
+  void Take(HistoryStep step);
   void Replace(const DiameterChange& change);
   void Refuse(std::string_view why);
   void Back();

@@ -6,8 +6,8 @@
 #include "entry/emitters/frm_f12.h"
 #include "entry/emitters/frm_soma.h"
 #include "entry/emitters/frm_ypodo.h"
-#include "tests/entry/walk.h"
 #include "tests/support/test_desk.h"
+#include "tests/support/walk.h"
 
 namespace kalvo {
 namespace {

@@ -5,7 +5,7 @@
 #include "entry/sections/section_entry_forms.h"
 #include "entry/sections/sheet_columns.h"
 #include "tests/entry/section_user.h"
-#include "tests/entry/walk.h"
+#include "tests/support/walk.h"
 
 namespace kalvo {
 namespace {

@@ -4,7 +4,7 @@
 #include "study/kept_sheet.h"
 #include "study/sheet_file.h"
 #include "tests/entry/sheet_user.h"
-#include "tests/entry/walk.h"
+#include "tests/support/walk.h"
 
 namespace kalvo {
 namespace {

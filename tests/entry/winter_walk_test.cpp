@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "tests/entry/walk.h"
 #include "tests/entry/winter_user.h"
 #include "tests/support/failing_disk.h"
+#include "tests/support/walk.h"
 
 namespace kalvo {
 namespace {

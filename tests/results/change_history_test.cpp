@@ -50,7 +50,7 @@ TEST_F(History, StepsBackAndForthGiveTheSameBytes) {
   }
   EXPECT_EQ(view->TxtNomiDiam.tone, Tone::kCalculated);
   EXPECT_TRUE(form->Press(Ctrl('Z'))) << "the list takes steps too";
-  EXPECT_EQ(form->LblHint.text, "Δεν υπάρχει αλλαγή για αναίρεση.");
+  EXPECT_EQ(form->LblHint.text, kNothingToUndo);
   EXPECT_TRUE(form->Press(Ctrl('Y')));
   EXPECT_EQ(StateOf(test), states[1]);
   EXPECT_TRUE(view->Press(Ctrl('Y')));
@@ -75,7 +75,7 @@ TEST_F(History, TheLineSaysWhatTheChangesComeTo) {
   EXPECT_EQ(view->changes.LblChanges.text,
             "Οι διάμετροι είναι όπως στο άνοιγμα : μανομετρικό " + head + " m w.g.");
   Click(*view, view->changes.CmdUndo);
-  EXPECT_EQ(view->changes.LblChanges.text, "Δεν υπάρχει αλλαγή διαμέτρου για αναίρεση.");
+  EXPECT_EQ(view->changes.LblChanges.text, kNothingToUndo);
   EXPECT_EQ(sound.beeps, 1);
 }
 
