@@ -76,7 +76,12 @@ void GridBinding::HearSelection(const Act& act) {
     for (std::size_t at = 0; at < shown.size(); ++at) {
       if (shown[at]) rows.push_back(grid_.order()[at]);
     }
-    act([&] { grid_.TakeSelection(rows); });
+    act([&] {
+      // A key moves to the row that it selects; that is told only afterwards.
+      const QModelIndex now = view_.currentIndex();
+      if (now.isValid()) grid_.MoveTo(model_.PlaceOf(now));
+      grid_.TakeSelection(rows);
+    });
   });
 }
 

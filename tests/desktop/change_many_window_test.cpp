@@ -80,6 +80,7 @@ TEST_F(ManyWindow, SelectsRowsByTheMouse) {
 TEST_F(ManyWindow, SelectsRowsByKeys) {
   Press(Qt::Key_Down);
   ExpectSelected({1});
+  EXPECT_EQ(table->currentIndex().row(), 1);
   Press(Qt::Key_Down, Qt::ShiftModifier);
   Press(Qt::Key_Down, Qt::ShiftModifier);
   ExpectSelected({1, 2, 3});
