@@ -6,6 +6,7 @@
 #include <QHeaderView>
 #include <QTableView>
 #include <QTest>
+#include <QTimer>
 
 #include "results/diameter_roads.h"
 #include "results/frm_chang.h"
@@ -152,6 +153,27 @@ TEST_F(ManyWindow, ReplacesWhatThePicksHaveSelected) {
   Press(Qt::Key_Escape);
   EXPECT_FALSE(desk.windows.IsOpen(screen::kManyDiameters));
   EXPECT_LT(desk.study.Rows()[static_cast<std::size_t>(selected.front())].InDiameter, 0);
+}
+
+TEST_F(ManyWindow, IsOverItsViewUntilItIsLeft) {
+  desk.windows.Close(screen::kManyDiameters);
+  QWidget& sheet = *desk.windows.WindowOf(screen::kResultsSheet);
+  const auto* cells = sheet.findChild<QTableView*>("fpSpread1")->model();
+  const QString before = cells->index(0, 2).data().toString();
+  QTimer::singleShot(0, &sheet, [&] {
+    window = desk.windows.WindowOf(screen::kManyDiameters);
+    ASSERT_NE(window, nullptr);
+    EXPECT_TRUE(window->isModal());
+    Press(Qt::Key_Space);
+    form().fpSpread2.MoveTo({11, 0});
+    Press(Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_EQ(cells->index(0, 2).data().toString(), before) << "it shows on the way back";
+    window->close();
+  });
+  sheet.findChild<QPushButton*>("CmdNewD")->click();
+  EXPECT_FALSE(desk.windows.IsOpen(screen::kManyDiameters));
+  EXPECT_NE(cells->index(0, 2).data().toString(), before);
+  EXPECT_TRUE(sheet.isVisible());
 }
 
 TEST_F(ManyWindow, SelectsInTheLongestStudyWithoutDelay) {
