@@ -31,7 +31,7 @@ struct ResultsOf999 : StudyOf999 {
     DiameterChange change;
     for (int number = 1; number <= 999; number += 2) change.sections.push_back(number);
     large = !large;
-    change.pipe = library[library.size() - (large ? 1 : 2)];
+    change.pipe = library[large ? 4 : 3];
     if (ChangeDiameters(session.desk().bench, {change}).end != RunEnd::kCalculated) {
       throw std::runtime_error("the change is not calculated");
     }
@@ -96,7 +96,6 @@ void CompareOf999(benchmark::State& state) {
     watch.start();
     comparison.Load();
     session.Repaint();
-    session.Draw(screen::kComparison);
     Note(state, watch, 0);
   }
 }
