@@ -7,6 +7,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QTableWidget>
 #include <QTest>
 #include <QTimer>
 
@@ -15,6 +16,7 @@
 #include "desktop/widgets/boxes/wait_card.h"
 #include "desktop/widgets/buttons/hint_button.h"
 #include "desktop/widgets/labels/leader_label.h"
+#include "tests/desktop/calculated_desk.h"
 #include "tests/desktop/pictures.h"
 
 namespace kalvo {
@@ -132,6 +134,40 @@ TEST(MessageBox, NamesTheEnglishAnswersWhereTheTextDoes) {
   EXPECT_LE(box.sizeHint().width(), 640);
 }
 
+// Message 307 with what the new diameters come to.
+Box AskedWithFacts() {
+  Box box = BoxOf(kNoIsDefault);
+  box.facts.lines = {{"Μανομετρικό΄Ύψος Αντλίας", "9,06 → 6,88 m w.g.  (−2,18 m w.g.  ·  −24,1 %)"},
+                     {"Παροχή Αντλίας", "3,20 m³/h, όπως πριν"},
+                     {"Δυσμενέστερος κλάδος", "ο ίδιος κλάδος"}};
+  box.facts.table_caption = "Τμήματα που διαφέρουν : 2";
+  box.facts.heads = {"α/α", "ΟΝΟΜΑΣΙΑ", "ΔΙΑΜΕΤΡΟΣ πριν", "μετά"};
+  box.facts.rows = {{"12", "5/6", "3/4", "1"}, {"13", "6/7", "1/2", "3/4"}};
+  box.may_stay_open = true;
+  return box;
+}
+
+TEST(MessageBox, ShowsFactsAboveItsQuestionAndUnfoldsTheirTable) {
+  MessageBox box(AskedWithFacts());
+  box.show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&box));
+  EXPECT_EQ(QApplication::focusWidget(), box.Buttons()[1]) << "the answer, not the table";
+  auto* table = box.findChild<QTableWidget*>();
+  ASSERT_NE(table, nullptr);
+  EXPECT_FALSE(table->isVisible());
+  const int folded = box.height();
+  for (auto* button : box.findChildren<QPushButton*>()) {
+    if (button->isCheckable()) button->click();
+  }
+  EXPECT_TRUE(table->isVisible());
+  EXPECT_EQ(table->item(1, 3)->text(), "3/4");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return box.height() > folded; }, 1000));
+  EXPECT_TRUE(box.accessibleDescription().contains("6,88"));
+  ExpectNothingClipped(box);
+  QTest::keyClick(&box, Qt::Key_Escape);
+  EXPECT_EQ(box.GivenAnswer(), Answer::kNone) << "it may stay open";
+}
+
 QWidget* CommandsForLooking() {
   auto* commands = new QWidget;
   auto* form = new QFormLayout(commands);
@@ -167,6 +203,8 @@ TEST(Pictures, OfTheSmallWidgets) {
         "(No) ?? ...");
     MessageBox stop(long_box);
     KeepPicture(stop, "stop" + suffix);
+    MessageBox facts(AskedWithFacts());
+    KeepPicture(facts, "facts" + suffix);
   }
   ApplyTheme(*qApp, kLightTheme);
 }

@@ -125,7 +125,11 @@ MessageBox::MessageBox(const Box& box, QWidget* parent)
   const QString title = QString::fromStdString(box.title).trimmed();
   setWindowTitle(title);
   setAccessibleName(title);
-  setAccessibleDescription(title + '\n' + PaintedLines(box).join('\n'));
+  QStringList spoken = {title};
+  for (const auto& [caption, value] : box.facts.lines) {
+    spoken << QString::fromStdString(caption + ' ' + value);
+  }
+  setAccessibleDescription((spoken + PaintedLines(box)).join('\n'));
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
