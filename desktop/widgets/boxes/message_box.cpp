@@ -162,10 +162,10 @@ QWidget* MessageBox::MakeBody(const Box& box) {
     label->ensurePolished();
     const int width = label->fontMetrics().horizontalAdvance(line) + 2;
     label->setFixedWidth(qBound(narrowest_text, width, widest_text));
-    lines->addWidget(label);
+    lines->addWidget(label, 0, Qt::AlignLeft);
   }
   lines->addStretch();
-  row->addLayout(lines);
+  row->addLayout(lines, 1);
   body->setMinimumHeight(kDisc + 78);
   return body;
 }
