@@ -72,7 +72,9 @@ QStringList PrintArguments(const QPrinter& printer, std::string_view name) {
 Result<bool> HandToPrintService(const QStringList& arguments, const QByteArray& pdf,
                                 std::string_view notice) {
   PrintNotice shown(notice, 0);
+  bool failed = false;  // a wait that runs out is no failure, although it sets the process's error
   QProcess process;
+  QObject::connect(&process, &QProcess::errorOccurred, [&failed] { failed = true; });
   process.start(PrintCommand(), arguments);
   process.write(pdf);
   process.closeWriteChannel();
@@ -86,8 +88,8 @@ Result<bool> HandToPrintService(const QStringList& arguments, const QByteArray& 
     if (!goes_on) return false;
     return Refused(QStringLiteral("δεν απαντά"));
   }
-  const bool taken = process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0 &&
-                     process.error() == QProcess::UnknownError;
+  const bool taken =
+      !failed && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
   if (taken) return true;
   return Refused(QString::fromLocal8Bit(process.readAllStandardError()));
 }

@@ -38,7 +38,8 @@ std::string WritePdf(Desk& desk, const PrintedTable& table, const std::filesyste
 }
 
 std::string PrintWithoutPrinter(Desk& desk, const PrintedTable& table, std::string_view pdf_name) {
-  const auto folder = EnsureExportFolder(desk.bench.workspace.outer_disk(), desk.data_folder);
+  Disk& disk = desk.bench.workspace.outer_disk();
+  const auto folder = ExportFolder(disk, desk.data_folder);
   if (!folder) return Failed(desk, folder.error());
   const std::filesystem::path file = *folder / pdf_name;
   const Answer answer = desk.bench.Ask(
@@ -46,6 +47,7 @@ std::string PrintWithoutPrinter(Desk& desk, const PrintedTable& table, std::stri
        {"Δεν υπάρχει διαθέσιμος εκτυπωτής.", "Να δημιουργηθεί Αρχείο PDF ??", file.string()},
        box_style::kYesNo});
   if (answer != Answer::kYes || !MayReplace(desk, file)) return kPrintCancelled;
+  if (Outcome made = disk.MakeFolder(*folder); !made) return Failed(desk, made.error());
   return WritePdf(desk, table, file);
 }
 

@@ -10,11 +10,21 @@ namespace kalvo {
 /// Folder of reports and other output, below that of the studies.
 constexpr const char* kExportFolder = "ASCII";
 
-/// The folder of that name below `above`, ignoring case; made when none is there.
+/// The folder of that name below `above`, ignoring case, whether it is there or not.
+Result<std::filesystem::path> FolderBelow(const Disk& disk, const std::filesystem::path& above,
+                                          std::string_view name);
+
+/// The same; made when it is not there.
 Result<std::filesystem::path> EnsureFolderBelow(Disk& disk, const std::filesystem::path& above,
                                                 std::string_view name);
 
-/// The export folder of `data_folder`, made when it is not there.
+/// The export folder of `data_folder`.
+inline Result<std::filesystem::path> ExportFolder(const Disk& disk,
+                                                  const std::filesystem::path& data_folder) {
+  return FolderBelow(disk, data_folder, kExportFolder);
+}
+
+/// The same; made when it is not there.
 inline Result<std::filesystem::path> EnsureExportFolder(Disk& disk,
                                                         const std::filesystem::path& data_folder) {
   return EnsureFolderBelow(disk, data_folder, kExportFolder);

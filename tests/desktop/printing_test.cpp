@@ -107,7 +107,7 @@ class Service {
 };
 
 TEST(Printing, HandsThePdfToThePrintService) {
-  const Service service("echo \"$@\" > told\ncat > got\n");
+  const Service service("echo \"$@\" > told\nsleep 0.3\ncat > got\n");  // it takes its time
   QPrinter printer;
   printer.setPageLayout({QPageSize(QPageSize::A4), QPageLayout::Landscape, {}});
   printer.setCopyCount(3);

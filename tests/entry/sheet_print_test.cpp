@@ -127,6 +127,7 @@ TEST(PrintTable, MakesAPdfInTheExportFolderWhereThereIsNoPrinter) {
   desk.test.prompter.Expect("Εκτύπωση", Answer::kNo);
   EXPECT_EQ(desk.Print(), "Η εκτύπωση ακυρώθηκε");
   EXPECT_TRUE(desk.Exports().empty());
+  EXPECT_FALSE(desk.disk.Exists(desk.kExports)) << "no folder for nothing";
 
   desk.test.prompter.Expect("Εκτύπωση", Answer::kYes);
   EXPECT_EQ(desk.Print(), "Δημιουργήθηκε το Αρχείο < Κτίριο_SPREAD.PDF >");
@@ -172,6 +173,7 @@ TEST(PrintTable, KeepsTheOldPdfUntilTheNewOneIsWhole) {
 TEST(PrintTable, TellsAnExportFolderThatCannotBeMade) {
   WithoutPrinter desk;
   desk.disk.FailAtOperation(1, FailingDisk::Lasting::kFromThenOn);
+  desk.test.prompter.Expect("Εκτύπωση", Answer::kYes);
   EXPECT_EQ(desk.Print(), "Η εκτύπωση ΔΕΝ έγινε");
   EXPECT_TRUE(desk.printer.tables.empty());
 }
