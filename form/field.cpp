@@ -145,7 +145,7 @@ void Field::TakeText(std::string typed) {
 }
 
 void Field::Enter(Separators separators) {
-  if (numeric() && CanEdit()) text = StripThousands(text, separators);
+  if (numeric() && strips_thousands && CanEdit()) text = StripThousands(text, separators);
   whole_selected = true;
 }
 

@@ -34,6 +34,7 @@ class Field : public Control {
   bool whole_selected = false;
   bool highlight_dropped = false;  ///< the front-end takes the highlight off the text
   bool one_separator = true;       ///< a number with more is not left
+  bool strips_thousands = true;    ///< a number loses thousands separators when it gets the focus
   std::size_t max_bytes = 0;       ///< characters of the code page; 0: no limit
   Tone tone = Tone::kPlain;
   Control* enter_to = nullptr;      ///< the part that Enter moves to
@@ -80,8 +81,8 @@ class Field : public Control {
   /// changes, when the piece has a character that is not the field's, or no room at all.
   bool Type(const Edit& edit, Separators separators);
 
-  /// The focus comes: a numeric field loses its thousands separators, and the whole text is
-  /// selected.
+  /// The focus comes: a numeric field loses its thousands separators, unless it keeps them, and the
+  /// whole text is selected.
   void Enter(Separators separators);
 
  private:

@@ -3,10 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "entry/section_form/section_fields.h"
-#include "entry/section_form/section_sketch.h"
 #include "entry/sections/section_entry_forms.h"
-#include "entry/sections/sheet_checks.h"
 #include "entry/sections/sheet_columns.h"
 #include "entry/sections/sheet_view.h"
 #include "form/tell.h"
@@ -76,6 +73,7 @@ FrmData::~FrmData() {
 
 void FrmData::SetUpFields() {
   Txt0.max_bytes = Txt1.max_bytes = kLongestName;
+  Txt0.strips_thousands = false;
   Txt1.forbids = [this](std::string_view text) {
     const bool fits = text == kGreekSource || text.size() < Txt1.text.size() ||
                       text.find_first_not_of("0123456789ANT") == std::string_view::npos;
@@ -208,14 +206,18 @@ void FrmData::ShowRow(int number) {
   Show(sitting_.draft.At(number - 1));
 }
 
-// It takes over what the row shown last has.
+// It takes over what the last row says.
 void FrmData::ShowNewRow() {
   Study& study = bench.study;
   const int number = count() + 1;
+  SheetRow shown = SheetRowOf(EntryForNewRow(number, study.system_kind, nullptr, desk.separators));
+  for (int column = sheet_column::kLength; column < kSheetColumns && count() > 0; ++column) {
+    std::string& text = shown.texts.at(static_cast<std::size_t>(column));
+    if (text.empty()) text = sitting_.draft.Text(count() - 1, column);
+  }
   study.CurrentRow = static_cast<std::int16_t>(number);
   is_new_ = true;
-  const SectionRow* previous = count() == 0 ? nullptr : &study.row;
-  Show(SheetRowOf(EntryForNewRow(number, study.system_kind, previous, desk.separators)));
+  Show(shown);
 }
 
 void FrmData::FocusFirst() { Focus(bench.study.CurrentRow == 1 ? Txt2 : IsOpen() ? Txt1 : Txt0); }
@@ -295,8 +297,9 @@ bool FrmData::LeaveField(Field& field) {
   if (&field == &Txt0 && !LeaveLeft()) return false;
   if (&field == &Txt1 && !LeaveRight()) return false;
   if (!Fits(field)) return false;
-  if (field.edited()) TakeFields("Καταχώρηση");
-  if (lags_) PutTyped();
+  const SectionDraft::Action step(sitting_.draft, kStoring, {row(), ColumnOf(&field)});
+  if (field.edited()) TakeFields(kStoring);
+  if (lags_) TakeWords(PutLagging());
   return true;
 }
 
@@ -422,66 +425,6 @@ void FrmData::ShowHelp() {
           box_style::kInformation};
   box.beeps = kAlarmBeeps;
   bench.Ask(box);
-}
-
-void FrmData::Derive() {
-  if (!begun_) return;
-  if (CboSame.visible && focus() != &CboSame) CloseSame();
-  DeriveHead();
-  DeriveChecks();
-  DeriveHint();
-  LblSketch.text = SectionText();
-  static_cast<SectionSketchContent&>(PicSection) = SketchOf(sitting_.draft, row(), Texts());
-}
-
-void FrmData::DeriveHead() {
-  const Study& study = bench.study;
-  TxtProgram.text = study.study_title;
-  LblCount.text = std::to_string(count()) + (count() == 1 ? " τμήμα" : " τμήματα");
-  LblUnsaved.visible = study.unsaved_changes || lags_ || IsChanged();
-  Txt_aa.text = std::to_string(study.CurrentRow);
-  LblOf.text = is_new_ ? "νέο" : "από " + std::to_string(count());
-  ChkSoundD.on = desk.options.SoundOn;
-  Cmd_Ins.caption = insert_mode_ ? kCancelCaption : kInsertCaption;
-  Cmd_Ins.icon = insert_mode_ ? "exclamation" : "insert";
-  const DraftHistory& history = sitting_.draft.history();
-  Cmd_Undo.caption = "Αναίρεση" + (history.CanUndo() ? " : " + history.ToUndo().name : "");
-  Cmd_Redo.caption = "Επανάληψη" + (history.CanRedo() ? " : " + history.ToRedo().name : "");
-}
-
-void FrmData::DeriveChecks() {
-  const SheetRow texts = Texts();
-  const auto check = [](Label& label, bool wrong, const char* fine, const char* fault) {
-    label.text = wrong ? fault : fine;
-    label.tone = wrong ? Tone::kAlarm : Tone::kCalculated;
-  };
-  check(LblCheckName, IsNameWrong(texts, row(), desk.separators), "όνομα", "όνομα λάθος");
-  check(LblCheckLength, IsLengthWrong(texts, desk.separators), "μήκος", "μήκος μηδενικό");
-  check(LblCheckPoints, SeparatorFault(texts, desk.separators).has_value(), "υποδιαστολές",
-        "πάνω από μία υποδιαστολή");
-  const RowRemarks remarks = RemarksOf(sitting_.draft, row(), texts);
-  LblRemarks.text = remarks.text;
-  LblRemarks.tone = remarks.fault ? Tone::kAlarm : Tone::kQuiet;
-  LblChanged.text.clear();
-  for (std::size_t i = 1; i <= fields_.size(); ++i) {
-    const Field& field = *fields_[i % fields_.size()];  // the first half of the name comes last
-    const std::string& before = Before().texts.at(static_cast<std::size_t>(ColumnOf(&field)));
-    if (field.Trimmed() == before || is_new_) continue;
-    LblChanged.text = "άλλαξε : " + std::string(FieldWords()[i % fields_.size()].word) + ", ήταν " +
-                      (before.empty() ? "κενό" : before);
-    break;
-  }
-}
-
-void FrmData::DeriveHint() {
-  const int column = ColumnOf(focus());
-  LblHintHead.text.clear();
-  LblHint.text.clear();
-  if (column < 0) return;
-  const auto place =
-      static_cast<std::size_t>(std::ranges::find(fields_, focus()) - fields_.begin());
-  LblHintHead.text = FieldWords()[place].caption;
-  LblHint.text = HintOf(column, IsOpen());
 }
 
 }  // namespace kalvo

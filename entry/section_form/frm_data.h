@@ -96,6 +96,7 @@ class FrmData : public Form, private TeeCounters {
  private:
   static constexpr const char* kInsertCaption = "Παρεμβολή";
   static constexpr const char* kCancelCaption = "ΑΚΥΡΩΣΗ";
+  static constexpr const char* kStoring = "Καταχώρηση";
   static constexpr int kLastRow = -1;
 
   void MakeMenus();
@@ -157,8 +158,13 @@ class FrmData : public Form, private TeeCounters {
   bool GuardRows();
   bool MayChangeRows();
   bool FollowRows(SectionSitting::RowMove move, int at);
-  bool PutLagging();
-  bool PutTyped();
+  /// What became of rows that lag: they are in the file, one of them is wrong, or a file failed and
+  /// that was told.
+  enum class Put { kDone, kWaits, kFailed };
+  Put PutLagging();
+  Put PutDraft();
+  /// False: it failed.
+  bool TakeWords(Put put);
   /// Checks and stores, or drops a new row that says nothing. False: the row stays.
   bool LeaveRow();
   void Next();

@@ -54,6 +54,7 @@ void FrmData::SetSource() {
     if (count() > 1) return;
     one_branch_ = AskOneBranch();
     if (!one_branch_) {
+      if (IsUntouchedNew()) return;
       Txt1.Show("1");
       TakeFields("Κόμβος ANT");
       return;
@@ -114,12 +115,14 @@ void FrmData::CancelInsert() {
   SectionDraft& draft = sitting_.draft;
   while (draft.history().depth() > steps_before_insert_) draft.Undo();
   const auto old = bench.workspace.ReadIfThere(work_file::kRowsBeforeInsert);
-  if (old && *old == rows_before_insert_ && UndoInsert(bench)) {
+  if (!GuardRows()) {
+    lags_ = true;
+  } else if (old && *old == rows_before_insert_ && UndoInsert(bench)) {
     const SectionDraft::Action step(draft, kCancelCaption, {row(), sheet_column::kLength});
     FollowRows(SectionSitting::RowMove::kNone, 0);
   } else {
     lags_ = true;
-    PutLagging();
+    PutDraft();
   }
   ShowRow(bench.study.CurrentRow);
   FocusAgain();

@@ -41,19 +41,17 @@ bool FrmData::SettleOneBranch() {
 
 // Everything that the fields say is in the file.
 bool FrmData::Finish() {
-  if (!MayTakeNewRow()) return false;
-  const bool nothing = count() == 0 && IsUntouchedNew();
-  if (nothing) return true;
-  if (!FieldsFit() || !SettleOneBranch() || !Checked() || !StoreRow()) return false;
+  if (count() == 0 && IsUntouchedNew()) return true;
+  if (!Checked() || !StoreRow()) return false;
   LeaveInsertMode();
   return !GoToWrongRow() && GuardRows() && TellIfFailed(bench, sitting_.Settle());
 }
 
 // Rows that were taken back to what they were while they were typed keep entry from ending.
 bool FrmData::GoToWrongRow() {
-  if (!lags_ || PutLagging()) return false;
+  const Put put = lags_ ? PutLagging() : Put::kDone;
+  if (put != Put::kWaits) return put == Put::kFailed;
   const auto wrong = sitting_.FirstWrongRow();
-  if (!wrong) return true;
   ShowRow(*wrong + 1);
   if (!Checked()) return true;
   Tell("Λείπει το όνομα του τμήματος");
@@ -62,8 +60,7 @@ bool FrmData::GoToWrongRow() {
 }
 
 void FrmData::EndEntry() {
-  if (count() == 0 && IsUntouchedNew() && !SettleOneBranch()) return;
-  if (!Finish()) return;
+  if (!MayTakeNewRow() || !FieldsFit() || !SettleOneBranch() || !Finish()) return;
   desk.Click();
   const DraftRows made = sitting_.Rows();
   const bool ends = !made.changed && desk.screens.edit_mode;
@@ -71,8 +68,10 @@ void FrmData::EndEntry() {
   if (TellIfFailed(bench, sitting_.End())) Leave(next);
 }
 
-// Rows that came in or went send the emitters before the sheet.
+// Rows that came in or went send the emitters before the sheet. A new row that was only shown is
+// dropped.
 void FrmData::SwitchToSheet() {
+  if (IsUntouchedNew() && count() > 0) ShowRow(count());
   if (!Finish()) return;
   desk.Click();
   const DraftRows made = sitting_.Rows();
@@ -92,31 +91,38 @@ bool FrmData::MayClose() {
   return false;
 }
 
-// As a move; a row that must not be stored is given up only if the user says so.
+// As a move; a row that must not be stored is given up only if the user says so, or waits with the
+// rows that lag.
 void FrmData::LeaveByClosing() {
   bool stored = true;
   if (IsChanged()) {
-    if (!FieldsFit() || !LeaveLeft() || Fault()) {
+    if (FieldsFit() && LeaveLeft() && !Fault()) {
+      stored = StoreRow();
+    } else if (lags_) {
+      stored = false;
+    } else {
       if (!MayDropRow()) return;
       GiveRowUp();
-    } else {
-      stored = StoreRow();
     }
   }
   desk.Click();
-  stored = stored && (!lags_ || PutLagging()) && (sitting_.rows().empty() || GuardRows()) &&
-           TellIfFailed(bench, sitting_.Settle()) && TellIfFailed(bench, sitting_.End());
+  stored = stored && (!lags_ || PutLagging() == Put::kDone) &&
+           (sitting_.rows().empty() || GuardRows()) && TellIfFailed(bench, sitting_.Settle()) &&
+           TellIfFailed(bench, sitting_.End());
   if (stored || MayLeaveUnstored()) Leave(screen::kMain);
 }
 
 // What the file has of the row counts again.
 void FrmData::GiveRowUp() {
-  const SectionDraft::Action step(sitting_.draft, "Επαναφορά τμήματος", {row(), 0});
   if (is_new_) {
-    if (row() < sitting_.draft.Count()) sitting_.draft.RemoveRow(row());
-  } else if (!lags_) {
+    DropNewRow();
+    return;
+  }
+  {
+    const SectionDraft::Action step(sitting_.draft, "Επαναφορά τμήματος", {row(), 0});
     sitting_.TakeStored(row());
   }
+  ShowRow(bench.study.CurrentRow);
 }
 
 // What cannot go into the rows stays in the kept sheet, and where that cannot be, the user is
@@ -130,7 +136,7 @@ bool FrmData::MayLeaveUnstored() {
   if (answer != Answer::kYes) return false;
   const auto told = keeping_.KeepNow(PendingTexts());
   if (!told) {
-    bench.workspace.Delete(work_file::kFirstRows);
+    sitting_.DropFirstRows();
     return true;
   }
   return bench.Ask({" !!... ΠΡΟΣΟΧΗ ...!! ",

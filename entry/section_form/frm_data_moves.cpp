@@ -37,16 +37,13 @@ bool FrmData::Checked() {
 // What the file has already is not written again. Rows that lag go there once none of them is
 // wrong.
 bool FrmData::StoreRow() {
-  const std::string action = is_new_ ? "Νέο τμήμα" : "Καταχώρηση";
+  const std::string action = is_new_ ? "Νέο τμήμα" : kStoring;
   const SectionDraft::Action step(sitting_.draft, action, {row(), std::max(ColumnOf(focus()), 0)});
   TakeFields(action);
-  if (lags_) {
-    PutTyped();
-    return true;
-  }
+  if (lags_) return TakeWords(PutLagging());
   if (sitting_.IsStored(row())) return true;
   if (!MayChangeRows()) return false;
-  if (lags_) return PutTyped();
+  if (lags_) return TakeWords(PutDraft());
   const SectionEntry entry = EntryOfSheetRow(sitting_.draft.At(row()));
   if (!TellIfFailed(bench, StoreSectionRow(bench, entry, desk.separators))) return false;
   is_new_ = false;
@@ -59,7 +56,7 @@ bool FrmData::StoreRow() {
 bool FrmData::FollowRows(SectionSitting::RowMove move, int at) {
   if (!TellIfFailed(bench, sitting_.FollowRows(move, at))) {
     lags_ = true;
-    PutLagging();
+    PutDraft();
     return false;
   }
   TellIfFailed(bench, sitting_.Settle());
@@ -95,25 +92,36 @@ bool FrmData::MayChangeRows() {
 }
 
 // After steps were taken back, or done again: all rows at once, when none is wrong that was not so
-// when entry began. The row on show stays, a new one too.
-bool FrmData::PutLagging() {
-  if (sitting_.FirstWrongRow()) return false;
+// when entry began. What an attempt that failed has left in the file is nobody else's.
+FrmData::Put FrmData::PutLagging() {
+  if (sitting_.FirstWrongRow()) return Put::kWaits;
+  return sitting_.put_failed() || GuardRows() ? PutDraft() : Put::kFailed;
+}
+
+// Whatever the file says. The row on show stays, a new one too.
+FrmData::Put FrmData::PutDraft() {
+  if (sitting_.FirstWrongRow()) return Put::kWaits;
   const std::int16_t here = bench.study.CurrentRow;
   const Outcome put = sitting_.PutRows(sitting_.RowsOfForm());
   bench.study.CurrentRow = here;
-  if (!TellIfFailed(bench, put)) return false;
+  if (!TellIfFailed(bench, put)) return Put::kFailed;
   lags_ = false;
   is_new_ = here > count();
-  return true;
+  return Put::kDone;
 }
 
-// The draft then says what was typed in the words of the rows: "0" for nothing.
-bool FrmData::PutTyped() {
-  if (!PutLagging()) return false;
-  const SectionDraft::Action step(sitting_.draft, "Καταχώρηση",
-                                  {row(), std::max(ColumnOf(focus()), 0)});
-  sitting_.TakeStoredRows();
-  return true;
+// The draft, and the fields, then say what was typed in the words of the rows: "0" for nothing.
+bool FrmData::TakeWords(Put put) {
+  if (put == Put::kDone) {
+    sitting_.TakeStoredRows();
+    for (Field* field : fields_) {
+      const int column = ColumnOf(field);
+      const std::string& text = sitting_.draft.Text(row(), column);
+      const bool takes = IsNumberColumn(column) && !field->edited() && field->Trimmed() != text;
+      if (takes) field->Show(text);
+    }
+  }
+  return put != Put::kFailed;
 }
 
 bool FrmData::LeaveRow() { return IsUntouchedNew() || (Checked() && StoreRow()); }
@@ -159,7 +167,8 @@ void FrmData::ShowPastLast() {
 // Entry from nothing takes no notice of the list, which is that of the file.
 void FrmData::ChooseRow() {
   if (!IsUntouchedNew() && !Checked()) return;
-  if (lags_ && (!LeaveRow() || GoToWrongRow())) return;
+  const bool put = !lags_ || (IsUntouchedNew() ? PutLagging() != Put::kFailed : StoreRow());
+  if (!put) return;
   const auto chosen = ChooseSection(desk);
   if (IsPlain() || !chosen || *chosen > count()) return;
   desk.Click();
@@ -188,7 +197,7 @@ void FrmData::GoBack(bool forward) {
   if (!FieldsFit()) return;
   const bool named = LeaveLeft() && LeaveRight();
   if (ShowErased() || !named) return;
-  if (IsTyped()) TakeFields("Καταχώρηση");
+  if (IsTyped()) TakeFields(kStoring);
   SectionDraft& draft = sitting_.draft;
   const auto place = forward ? draft.Redo() : draft.Undo();
   if (!place) {

@@ -145,7 +145,7 @@ void TakeDraftRows(Study& study, const DraftRows& made, const DraftBase& base) {
   study.unsaved_changes = base.unsaved_changes || made.changed;
   study.results_valid = base.results_valid && !made.changed;
   study.NameErrors = base.NameErrors || (study.SystemOpen() && made.feeders_changed);
-  study.emitters_unchecked = base.emitters_unchecked || (made.moved && study.EmitterCount > 0);
+  study.emitters_unchecked = base.emitters_unchecked || (made.moved && base.has_emitters);
 }
 
 Outcome WriteRows(Workspace& workspace, const Rows& rows) {
@@ -243,10 +243,10 @@ void FindOrigins(SheetImage& image, const Rows& base) {
 }
 
 DraftBase BaseOf(const Study& study, Rows rows) {
-  return {std::move(rows),         {},
-          study.plant_section,     study.unsaved_changes,
-          study.results_valid,     study.NameErrors,
-          study.emitters_unchecked};
+  return {std::move(rows),          {},
+          study.plant_section,      study.unsaved_changes,
+          study.results_valid,      study.NameErrors,
+          study.emitters_unchecked, study.EmitterCount > 0};
 }
 
 DraftRows RowsOfDraft(const SectionDraft& draft, const DraftBase& base, const Study& study,

@@ -32,6 +32,7 @@ struct DraftBase {
   bool results_valid = false;
   bool NameErrors = false;
   bool emitters_unchecked = false;
+  bool has_emitters = false;
 };
 
 /// The study as it is, save its emitters.

@@ -55,6 +55,7 @@ void SectionSitting::NoteRows(std::vector<SectionRow> rows, std::vector<int> ori
     if (IsWrong(Stored(row), row)) known_wrong_.insert(TextsOf(Stored(row)));
   }
   SetInDoubt(false);
+  put_failed_ = false;
 }
 
 // The sheet is kept whatever it says while nobody knows what the rows say.
@@ -233,7 +234,11 @@ Outcome SectionSitting::PutRows(const DraftRows& made) {
     Outcome flushed = FlushRows();
     return flushed ? SettleDraftRows(bench_, made, base_) : flushed;
   }
-  if (Outcome put = PutDraftRows(bench_, made, base_, rows_); !put) return put;
+  if (Outcome put = PutDraftRows(bench_, made, base_, rows_); !put) {
+    SetInDoubt(true);
+    put_failed_ = true;
+    return put;
+  }
   NoteRows(made.rows, made.origins);
   unflushed_ = false;
   return Done{};
@@ -322,6 +327,11 @@ Outcome SectionSitting::Settle() {
   if (Outcome read = ReadBaseEmitters(); !read) return read;
   made.rows = rows_;
   return SettleDraftRows(bench_, made, base_);
+}
+
+void SectionSitting::DropFirstRows() {
+  const auto differ = RowsDiffer();
+  if (differ && !*differ && FlushRows()) bench_.workspace.Delete(work_file::kFirstRows);
 }
 
 Outcome SectionSitting::End() {

@@ -61,6 +61,8 @@ class SectionSitting {
   /// Makes rows of the draft, with the flags and the emitters that go with them; writes nothing
   /// where the files say so already. Error: the rows are as they were, the sheet is kept.
   Outcome PutRows(const DraftRows& made);
+  /// The last PutRows() failed, and may have left anything in the file.
+  [[nodiscard]] bool put_failed() const { return put_failed_; }
 
   /// The rows as the files of this sitting have them.
   [[nodiscard]] const std::vector<SectionRow>& rows() const { return rows_; }
@@ -89,6 +91,8 @@ class SectionSitting {
   /// Emitters and flags as they belong to the rows. Error: the emitters lag, until the next time.
   Outcome Settle();
 
+  /// The copy of the rows as entry began goes if those of now are on the medium.
+  void DropFirstRows();
   /// The sitting is over: nothing of it is needed any more. Error: the rows are not on the medium,
   /// what was kept stays.
   Outcome End();
@@ -118,7 +122,8 @@ class SectionSitting {
   std::vector<int> rows_origins_;  ///< the row of the base that each of them came from
   std::set<Texts> known_wrong_;    ///< rows that a check bars and that the file had all the same
   bool in_doubt_ = false;          ///< the file may not say what `rows_` do
-  bool unflushed_ = false;         ///< it was written, and not flushed yet
+  bool put_failed_ = false;
+  bool unflushed_ = false;  ///< it was written, and not flushed yet
   bool kept_is_broken_ = false;
   int left_out_ = 0;
   int kept_revision_ = -1;

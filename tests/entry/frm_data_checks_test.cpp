@@ -62,11 +62,34 @@ TEST(SectionChecks, StepsDoneAgainAreJudgedToo) {
 
   SectionUser first(SystemKind::kClosed, kChain);
   first.Open();
-  first.TypeIn(first.form->Txt0, "5");
+  first.TypeIn(first.form->Txt2, "0");
+  first.form->MoveFocus(&first.form->Txt6);
   first.Press(Ctrl('Z'));
+  EXPECT_EQ(first.Shown(), "1 : ANT/1 · 5");
   first.Press(Ctrl('Y'));
+  EXPECT_EQ(first.Shown(), "1 : ANT/1 · 0");
   first.Run(first.form->Cmd_End);
-  EXPECT_EQ(first.Names(), "ANT/1|1/2|2/3|3/ANT");
+  EXPECT_EQ(first.user.test.prompter.codes(), (std::vector<int>{7}));
+  EXPECT_EQ(first.user.test.Row(1).Length, 5) << "the rows wait";
+}
+
+// They come by a file, or by a paste into the sheet.
+TEST(SectionChecks, ANameThatCannotBeTypedStaysUntilItIsEdited) {
+  SectionUser user(SystemKind::kClosed, kChain);
+  user.user.test.ChangeRow(2, [](SectionRow& row) { row.Name = MakeName("1.2", "2"); });
+  user.study().results_valid = true;
+  const std::string rows = user.user.test.Bytes();
+  user.Open();
+  user.Next();
+  FrmData& form = *user.form;
+  form.MoveFocus(&form.Txt0);
+  EXPECT_EQ(user.Shown(), "2 : 1.2/2 · 6");
+  user.Next();
+  user.Press(KeyCode::kPageUp);
+  EXPECT_EQ(form.focus(), &form.Txt0);
+  user.Press(KeyCode::kEscape);
+  EXPECT_TRUE(user.user.test.Bytes() == rows);
+  EXPECT_TRUE(user.study().results_valid);
 }
 
 TEST(SectionChecks, RowsThatWaitedAndTheDraftSayTheSame) {
@@ -237,6 +260,68 @@ TEST(SectionChecks, RowsThatLagComeBeforeTheListOfSections) {
   });
   user.Press(KeyCode::kF5);
   EXPECT_EQ(user.Shown(), "4 : 3/ANT · 8");
+}
+
+// Lengths of all rows are taken back to what they were while they were typed: nothing.
+void TakeLengthsBack(SectionUser& user) {
+  user.OpenSheet();
+  user.sheet->fpSpread1.SelectBlock({0, 3, 3, 3});
+  user.Press(KeyCode::kDelete);
+  user.desk.clipboard.SetText("1\n2\n3\n4\n");
+  user.sheet->fpSpread1.GoTo({0, 3});
+  user.Press(Ctrl('V'));
+  user.Press(Shift(KeyCode::kF12));
+  user.Press(Ctrl('Z'));
+  ASSERT_EQ(user.Shown(), "1 : ANT/1 · ");
+}
+
+TEST(SectionChecks, RowsThatWaitBarNoJump) {
+  SectionUser user(SystemKind::kClosed, kChain);
+  TakeLengthsBack(user);
+  user.TypeIn(user.form->Txt2, "5");
+  user.user.navigator.Expect(screen::kGoTo, [&user] {
+    user.study().CurrentRow = 3;
+    user.desk.questions.section_chosen = true;
+  });
+  user.Press(KeyCode::kF5);
+  EXPECT_EQ(user.Shown(), "3 : 2/3 · ");
+}
+
+TEST(SectionChecks, ARowThatIsWrongWaitsWithTheRowsThatWait) {
+  SectionUser user(SystemKind::kClosed, kChain);
+  TakeLengthsBack(user);
+  user.TypeIn(user.form->Txt6, "2");
+  user.user.test.prompter.Expect(" !!... ΠΡΟΣΟΧΗ ...!! ", Answer::kYes);
+  user.Press(KeyCode::kEscape);
+  EXPECT_EQ(user.LastScreen(), "show FrmMain");
+  EXPECT_EQ(user.user.test.prompter.boxes().size(), 1U) << "one question";
+  user.OpenSheet();
+  EXPECT_EQ(user.sheet->fpSpread1.At(0, 4).text, "2");
+}
+
+TEST(SectionChecks, OneFailureIsToldOnceWhileRowsLag) {
+  SectionUser user(SystemKind::kClosed, {"ANT/1 5m 2 bends", "1/2 6m", "2/ANT 7m"});
+  user.Open();
+  user.TypeIn(user.form->Txt2, "3");
+  user.Next();
+  user.disk.FailAtOperation(1, FailingDisk::Lasting::kFromThenOn);
+  user.Press(Ctrl('Z'));
+  const auto& boxes = user.user.test.prompter.boxes();
+  for (Command* command : {&user.form->Cmd_End, &user.form->Cmd_Ins, &user.form->Cmd_Next}) {
+    const std::size_t before = boxes.size();
+    user.Run(*command);
+    EXPECT_EQ(boxes.size(), before + 1) << command->name();
+  }
+  user.form->Focus(user.form->Txt7);
+  user.disk.Mend();
+  user.TypeIn(user.form->Txt7, "");
+  user.form->MoveFocus(&user.form->Txt8);
+  EXPECT_EQ(user.form->Txt7.text, "0") << "in the words of the rows";
+  user.Press(Ctrl('Z'));
+  EXPECT_EQ(user.form->Txt7.text, "2") << "one edit is one step";
+  EXPECT_TRUE(user.DraftSaysRows());
+  EXPECT_EQ(NamesIn(user.user.test.outer_disk, kStudies / kSafetyFolder).size(), 0U)
+      << "nobody else has touched the rows";
 }
 
 }  // namespace

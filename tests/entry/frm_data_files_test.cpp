@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "tests/entry/section_user.h"
 
 namespace kalvo {
@@ -102,6 +104,56 @@ TEST(SectionFiles, WhatSomethingElseDidToTheRowsIsPutRightAndKept) {
   }
 }
 
+// A step back or forward makes the rows anew, and so do the words that end an insertion.
+TEST(SectionFiles, AStepKeepsWhatSomethingElsePutInPlaceOfTheRows) {
+  struct Step {
+    const char* name;
+    std::function<void(SectionUser&)> prepare;
+    std::function<void(SectionUser&)> run;
+    float length_of_2;
+  };
+  const auto change = [](SectionUser& user) {
+    user.TypeIn(user.form->Txt2, "4");
+    user.Next();
+  };
+  const auto insert = [](SectionUser& user) { user.Run(user.form->Cmd_Ins); };
+  const auto back = [](SectionUser& user) { user.Press(Ctrl('Z')); };
+  const std::vector<Step> steps = {
+      {"undo", change, back, 6},
+      {"redo",
+       [&](SectionUser& user) {
+         change(user);
+         back(user);
+       },
+       [](SectionUser& user) { user.Press(Ctrl('Y')); }, 4},
+      {"the end of an insertion", insert, insert, 6},
+  };
+  for (const Step& step : steps) {
+    for (const bool readable : {true, false}) {
+      SCOPED_TRACE(step.name);
+      SectionUser user(SystemKind::kClosed, kChain);
+      const auto copies = [&] {
+        return NamesIn(user.user.test.outer_disk, kStudies / kSafetyFolder).size();
+      };
+      user.Open();
+      user.Next();
+      step.prepare(user);
+      ASSERT_TRUE(user.user.test.workspace.Write(work_file::kRows, "foreign"));
+      if (!readable) user.disk.FailAtRead(1, work_file::kRows);
+      step.run(user);
+      EXPECT_EQ(user.user.test.prompter.boxes().size(), 1U) << "it is told";
+      EXPECT_EQ(copies(), readable ? 1U : 0U);
+      if (!readable) {
+        EXPECT_EQ(user.user.test.Bytes(), "foreign") << "nobody knew what it holds";
+        user.Press(KeyCode::kEscape);
+        EXPECT_EQ(copies(), 1U);
+      }
+      EXPECT_EQ(user.Names(), "ANT/1|1/2|2/3|3/ANT");
+      EXPECT_EQ(user.user.test.Row(2).Length, step.length_of_2);
+    }
+  }
+}
+
 TEST(SectionFiles, ANewStudyTakesThePlaceOfRowsThatAppeared) {
   SectionUser user;
   user.Open();
@@ -116,8 +168,8 @@ TEST(SectionFiles, ANewStudyTakesThePlaceOfRowsThatAppeared) {
   EXPECT_EQ(NamesIn(user.user.test.outer_disk, kStudies / kSafetyFolder).size(), 1U);
 }
 
-// The rows cannot be read once, whichever of its reads that is: after Escape all is as it was, or
-// as the deed makes it.
+// A file cannot be read once, whichever of its reads that is: after Escape all is as it was, or as
+// the deed makes it.
 TEST(SectionFiles, AReadThatFailsOnceLosesNothing) {
   struct Deed {
     const char* name;
@@ -141,14 +193,18 @@ TEST(SectionFiles, AReadThatFailsOnceLosesNothing) {
   for (const Deed& deed : deeds) {
     std::string before;
     std::string after;
-    for (int read = 0; read <= 6; ++read) {
-      SCOPED_TRACE(std::string(deed.name) + " " + std::to_string(read));
+    for (int i = 0; i <= 18; ++i) {
+      const int read = i == 0 ? 0 : (i - 1) % 6 + 1;
+      const char* const file =
+          std::array{work_file::kRows, work_file::kEmitters, work_file::kRowsBeforeInsert}.at(
+              i == 0 ? 0 : static_cast<std::size_t>(i - 1) / 6);
+      SCOPED_TRACE(std::string(deed.name) + " " + file + " " + std::to_string(read));
       SectionUser user(SystemKind::kClosed, kChain);
       user.Open();
       user.Next();
       deed.prepare(user);
       if (read == 0) before = user.Names();
-      user.disk.FailAtRead(read, work_file::kRows);
+      user.disk.FailAtRead(read, file);
       deed.run(user);
       user.disk.Mend();
       user.form->Derive();
@@ -200,6 +256,51 @@ TEST(SectionFiles, RowsAreOnTheMediumBeforeAnOlderCopyGoes) {
   user.Press(KeyCode::kEscape);
   EXPECT_EQ(user.user.test.Bytes(work_file::kFirstRows), "(missing)");
   EXPECT_TRUE(user.disk.IsFlushed(work_file::kRows));
+}
+
+TEST(SectionFiles, RowsOfTheBeginningStayAsLongAsThoseOfNowAreNotOnTheMedium) {
+  SectionUser user(SystemKind::kClosed, kChain);
+  user.Open();
+  user.TypeIn(user.form->Txt2, "6,5");
+  user.Next();
+  user.TypeIn(user.form->Txt2, "0");
+  user.disk.FailFlushesOf(work_file::kRows);
+  const auto close = [&](Answer leaves) {
+    user.user.test.prompter.Expect(kAttention, leaves);
+    user.Press(KeyCode::kEscape);
+    EXPECT_TRUE(user.user.test.workspace.Exists(work_file::kFirstRows));
+  };
+  user.user.test.prompter.Expect(kAttention, Answer::kYes);  // drops the row
+  close(Answer::kNo);
+  ASSERT_NE(user.form, nullptr);
+  EXPECT_EQ(user.Shown(), "2 : 1/2 · 6") << "what was dropped is gone";
+  close(Answer::kYes);
+  EXPECT_EQ(user.LastScreen(), "show FrmMain");
+  user.disk.Mend();
+  user.OpenSheet();
+  EXPECT_EQ(user.sheet->fpSpread1.At(0, 3).text, "6,5");
+  EXPECT_EQ(user.sheet->fpSpread1.At(1, 3).text, "6");
+}
+
+TEST(SectionFiles, RowsThatCouldNeitherBeWrittenNorRestoredAreWrittenAgain) {
+  SectionUser user(SystemKind::kClosed, kChain);
+  user.Open();
+  user.Next();
+  user.Run(user.form->Cmd_Ins);
+  user.TypeIn(user.form->Txt2, "4");
+  user.Next();
+  while (user.form->draft().history().CanUndo()) user.Press(Ctrl('Z'));
+  while (user.form->draft().history().CanRedo()) user.Press(Ctrl('Y'));
+  user.form->Idle(6);
+  const std::string names = user.Names();
+  constexpr int kEmittersWritten = 3;  // after the rows are written and flushed
+  user.disk.FailAtOperation(kEmittersWritten, FailingDisk::Lasting::kFromThenOn);
+  while (user.form->draft().history().CanUndo()) user.Press(Ctrl('Z'));
+  user.disk.Mend();
+  while (user.form->draft().history().CanRedo()) user.Press(Ctrl('Y'));
+  user.form->Idle(6);
+  EXPECT_EQ(user.Names(), names);
+  EXPECT_TRUE(user.DraftSaysRows());
 }
 
 TEST(SectionFiles, RowsOfTheBeginningStayWhereNothingCanBeKept) {

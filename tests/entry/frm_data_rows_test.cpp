@@ -115,10 +115,54 @@ TEST(SectionRows, UndoTakesEverythingBackByteForByte) {
     EXPECT_TRUE(user.study().results_valid);
     EXPECT_FALSE(user.study().unsaved_changes);
     EXPECT_EQ(user.study().plant_section, 2);
+    EXPECT_FALSE(user.study().emitters_unchecked);
+    EXPECT_FALSE(user.study().NameErrors);
     while (user.form->draft().history().CanRedo()) user.Press(Ctrl('Y'));
     EXPECT_EQ(user.Names(), names);
     EXPECT_TRUE(user.study().unsaved_changes);
   }
+}
+
+TEST(SectionRows, AnEmitterThatLosesItsSectionHasToBeLookedAtAlsoIfItIsTheOnlyOne) {
+  SectionUser user(SystemKind::kClosed,
+                   {"ANT/1 5m", "1/2 6m 300l/h soma 800mm", "2/3 7m", "3/ANT 8m"});
+  user.Open();
+  user.Next();
+  const auto remove = [&user] {
+    user.user.test.prompter.Expect(120, Answer::kYes);
+    user.Run(user.form->Cmd_Del);
+  };
+  remove();
+  user.Press(Ctrl('Z'));
+  EXPECT_FALSE(user.study().emitters_unchecked);
+  remove();
+  EXPECT_EQ(user.Emitters(), "0 ");
+  user.TypeIn(user.form->Txt2, "4");
+  user.Press(KeyCode::kPageUp);
+  EXPECT_TRUE(user.study().emitters_unchecked);
+  user.Press(KeyCode::kEscape);
+  EXPECT_TRUE(user.study().emitters_unchecked);
+}
+
+TEST(SectionRows, TheWayBackToTheSheetAsksNothing) {
+  SectionUser single(SystemKind::kClosed, {"ANT/1 5m"});
+  single.OpenSheet();
+  single.Press(Shift(KeyCode::kF12));
+  single.Press(Shift(KeyCode::kF12));
+  ASSERT_NE(single.sheet, nullptr);
+  EXPECT_EQ(single.Names(), "ANT/1");
+
+  SectionUser user;
+  user.OpenSheet();
+  for (const char key : {'1', '\n', '4', '\n'}) {
+    user.Press(key == '\n' ? Plain(KeyCode::kEnter) : Typed(static_cast<char32_t>(key)));
+  }
+  user.Press(Shift(KeyCode::kF12));
+  user.Next();
+  EXPECT_EQ(user.Shown(), "2 : 1/2 · 4");
+  user.Press(Shift(KeyCode::kF12));
+  ASSERT_NE(user.sheet, nullptr) << "a row that was only shown is dropped";
+  EXPECT_EQ(user.Names(), "ANT/1");
 }
 
 TEST(SectionRows, OneHistoryAcrossTheSwitches) {

@@ -185,14 +185,17 @@ TEST(SectionForm, TheFourRoadsOfNext) {
 }
 
 TEST(SectionForm, GoesOnAfterTheLastRow) {
-  SectionUser user(SystemKind::kClosed, kRing);
+  SectionUser user(SystemKind::kClosed,
+                   {"ANT/1 5m", "1/2 5.5m 300l/h soma 800mm", "2/ANT 7m 2 bends"});
+  user.study().row = {};  // as a study is opened
   user.desk.screens.entry_goes_on = true;
   user.Open();
-  EXPECT_EQ(user.Shown(), "4 : 3/4 · 5");
+  EXPECT_EQ(user.Shown(), "4 : 3/4 · 7");
+  EXPECT_EQ(user.Numbers(), "7|0|2|0|0|0|0|0|0|0|0|0|0");
   EXPECT_EQ(user.form->title, "ΚΑΤΑΧΩΡΗΣΗ ΔΕΔΟΜΕΝΩΝ ΤΜΗΜΑΤΩΝ ΣΩΛΗΝΩΝ");
   EXPECT_FALSE(user.form->CmdShift_F12.visible);
   user.Press(KeyCode::kPageUp);
-  EXPECT_EQ(user.Shown(), "3 : 2/ANT · 5");
+  EXPECT_EQ(user.Shown(), "3 : 2/ANT · 7");
   user.Next();
   user.user.test.prompter.Expect(" !!... ΠΡΟΣΟΧΗ ...!! ", Answer::kCancel);
   user.Run(user.form->Cmd_End);
@@ -201,6 +204,19 @@ TEST(SectionForm, GoesOnAfterTheLastRow) {
   user.Run(user.form->Cmd_End);
   EXPECT_EQ(user.user.test.Rows().size(), 3U);
   EXPECT_EQ(user.LastScreen(), "show FrmSoma");
+}
+
+TEST(SectionForm, NoToTheOneBranchLeavesANewRowUntouched) {
+  SectionUser user;
+  user.Open();
+  user.user.test.prompter.Expect("...! ΠΡΟΣΟΧΗ !...", Answer::kNo);
+  user.Run(user.form->CmdANT);
+  EXPECT_FALSE(user.form->LblUnsaved.visible);
+  user.form->Idle(6);
+  EXPECT_FALSE(user.user.test.workspace.Exists(work_file::kSheetInWork));
+  user.Press(KeyCode::kEscape);
+  EXPECT_EQ(user.LastScreen(), "show FrmMain");
+  EXPECT_EQ(user.user.test.prompter.boxes().size(), 1U) << "there is nothing to drop";
 }
 
 TEST(SectionForm, OneBranchIsAskedForOnce) {

@@ -35,13 +35,18 @@ class FailingDisk : public ForwardingDisk {
     bad_name_ = name;
     reads_ = 0;
   }
+  /// Flushes of files of that name fail from now on.
+  void FailFlushesOf(std::string_view name) { unflushable_ = name; }
   void Mend() {
+    unflushable_.clear();
     room_ = std::numeric_limits<std::size_t>::max();
     first_bad_ = last_bad_ = bad_read_ = kNever;
   }
 
   /// Changing operations since the last FailAtOperation(), those that failed included.
   [[nodiscard]] int operations() const { return operations_; }
+  /// The operation that failed last: "write DATARES.TMP", "flush", "rename to", "remove", "make".
+  [[nodiscard]] const std::string& last_failed() const { return last_failed_; }
   /// Bytes written so far.
   [[nodiscard]] std::size_t written() const { return written_; }
 
@@ -49,7 +54,7 @@ class FailingDisk : public ForwardingDisk {
   [[nodiscard]] int reads() const { return reads_; }
 
   Outcome Write(const std::filesystem::path& path, std::string bytes) override {
-    const bool fails = NextFails();
+    const bool fails = NextFails("write", path);
     const std::size_t fits = std::min(room_, fails ? bytes.size() / 2 : bytes.size());
     room_ -= fits;
     written_ += fits;
@@ -58,20 +63,20 @@ class FailingDisk : public ForwardingDisk {
     return fails || fits < bytes.size() ? Full(path) : outcome;
   }
   Outcome Flush(const std::filesystem::path& path) override {
-    if (NextFails()) return Full(path);
+    if (NextFails("flush", path) || path.filename() == unflushable_) return Full(path);
     flushed_.insert(path.filename().string());
     return inner_.Flush(path);
   }
   Outcome Rename(const std::filesystem::path& from, const std::filesystem::path& to) override {
-    if (NextFails()) return Full(to);
+    if (NextFails("rename to", to)) return Full(to);
     flushed_.erase(to.filename().string());
     return inner_.Rename(from, to);
   }
   Outcome Remove(const std::filesystem::path& path) override {
-    return NextFails() ? Full(path) : inner_.Remove(path);
+    return NextFails("remove", path) ? Full(path) : inner_.Remove(path);
   }
   Outcome MakeFolder(const std::filesystem::path& path) override {
-    return NextFails() ? Full(path) : inner_.MakeFolder(path);
+    return NextFails("make", path) ? Full(path) : inner_.MakeFolder(path);
   }
   [[nodiscard]] Result<std::string> Read(const std::filesystem::path& path) const override {
     const bool counts = bad_name_.empty() || path.filename() == bad_name_;
@@ -88,12 +93,16 @@ class FailingDisk : public ForwardingDisk {
   static Outcome Full(const std::filesystem::path& path) {
     return FileError{path, "Ο δίσκος είναι γεμάτος"};
   }
-  bool NextFails() {
+  bool NextFails(std::string_view what, const std::filesystem::path& path) {
     ++operations_;
-    return operations_ >= first_bad_ && operations_ <= last_bad_;
+    const bool fails = operations_ >= first_bad_ && operations_ <= last_bad_;
+    if (fails) last_failed_ = std::string(what) + " " + path.filename().string();
+    return fails;
   }
 
   std::string bad_name_;
+  std::string unflushable_;
+  std::string last_failed_;
   std::set<std::string> flushed_;
   std::size_t room_ = std::numeric_limits<std::size_t>::max();
   std::size_t written_ = 0;
