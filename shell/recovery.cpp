@@ -39,6 +39,14 @@ void TellSetAside(Desk& desk, const std::string& names) {
                   48});
 }
 
+// Whether rows can be loaded. Error: a pipe library cannot be read, which says nothing of them.
+Result<bool> AreLoadable(const Workbench& bench, const std::filesystem::path& file,
+                         std::string_view bytes) {
+  const auto proved = ProveRows(bench, file, bytes);
+  if (!proved && proved.error().file != file && !proved.error().IsMissing()) return proved.error();
+  return proved.ok();
+}
+
 // `name` takes the place of the rows when it can be loaded; else it is kept aside.
 Moved TakeForRows(Desk& desk, const char* name) {
   Workspace& workspace = desk.bench.workspace;
@@ -46,11 +54,12 @@ Moved TakeForRows(Desk& desk, const char* name) {
   if (!bytes) return bytes.error();
   const auto rows = workspace.ReadIfThere(work_file::kRows);
   if (!rows) return rows.error();
-  const bool loadable = ProveRows(desk.bench, workspace.Path(name), *bytes).ok();
-  if (!loadable || (!rows->empty() && *rows != *bytes)) {
+  const auto loadable = AreLoadable(desk.bench, workspace.Path(name), *bytes);
+  if (!loadable) return loadable.error();
+  if (!*loadable || (!rows->empty() && *rows != *bytes)) {
     if (!KeepSafetyCopyAnyway(desk.bench, desk.safety_folders())) return false;
   }
-  if (!loadable) {
+  if (!*loadable) {
     workspace.Delete(name);
     TellSetAside(desk, name);
     return true;

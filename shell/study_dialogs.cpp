@@ -120,15 +120,24 @@ void BringSheetBack(Desk& desk, const std::filesystem::path& copy) {
 
 // Winter's entry that was kept beside the rows of a safety copy, if it is of as many rows.
 void BringWinterBack(Workbench& bench, const std::filesystem::path& copy) {
-  auto bytes = bench.workspace.outer_disk().Read(copy / work_file::kWinterInWork);
+  const std::filesystem::path file = copy / work_file::kWinterInWork;
+  auto bytes = bench.workspace.outer_disk().Read(file);
   if (!bytes && bytes.error().IsMissing()) return;
   if (!bytes) {
     TellError(bench, bytes.error());
     return;
   }
   const auto rows = bench.workspace.Read(work_file::kRows);
-  if (!rows || rows->size() != bytes->size()) return;
-  TellIfFailed(bench, bench.workspace.Write(work_file::kWinter, std::move(bytes).value()));
+  if (!rows) {
+    TellError(bench, rows.error());
+  } else if (rows->size() != bytes->size()) {
+    bench.Ask({std::string(kAttentionTitle),
+               {"Οι τιμές του Χειμώνα που φυλάχθηκαν είναι άλλου πλήθους Τμημάτων.",
+                "Μένουν, όπως είναι, στο Αντίγραφο Ασφαλείας :", file.string()},
+               box_style::kExclamation});
+  } else {
+    TellIfFailed(bench, bench.workspace.Write(work_file::kWinter, std::move(bytes).value()));
+  }
 }
 
 }  // namespace

@@ -101,6 +101,20 @@ TEST_F(Recovery, AnOlderCopyThatCannotBeLoadedDisplacesNothing) {
   EXPECT_EQ(test.Bytes(work_file::kRowsBeforeChange), rows);
 }
 
+TEST_F(Recovery, ALibraryThatCannotBeReadSaysNothingOfTheRows) {
+  auto winter = test.Rows();
+  winter[0].Length = 99;
+  Leave(work_file::kRows, EncodeRows<SectionRow>(winter));
+  Leave(work_file::kSummerRows, rows);
+  outer.FailAtRead(1, PipeFileName(1));
+  const auto found = SettleWorkFiles(desk);
+  ASSERT_FALSE(found.ok());
+  EXPECT_EQ(found.error().file.filename(), PipeFileName(1));
+  EXPECT_EQ(test.Bytes(work_file::kSummerRows), rows);
+  EXPECT_EQ(Settle().what, LeftOver::kStudy);
+  EXPECT_EQ(test.Bytes(), rows);
+}
+
 TEST_F(Recovery, CutsARestThatIsNoRowAndKeepsTheOriginal) {
   Leave(work_file::kRows, rows + "rest");
   EXPECT_EQ(Settle().rows, 3);
