@@ -6,6 +6,7 @@
 #include "engine/branches.h"
 #include "engine/kept_results.h"
 #include "engine/row_store.h"
+#include "study/tables.h"
 
 namespace kalvo {
 
@@ -18,16 +19,47 @@ void EmptyResults(SectionRow& row) {
   }
 }
 
-bool IsEmitter(const std::vector<WinterLine>& lines, int section) {
-  return std::any_of(lines.begin(), lines.end(),
-                     [section](const WinterLine& line) { return line.section == section; });
+using Rows = std::vector<SectionRow>;
+
+bool HaveSameName(const SectionRow& a, const SectionRow& b) {
+  return a.Name.Trimmed() == b.Name.Trimmed();
 }
 
-// Rows as they were entered: no flow has been summed into them.
-bool HoldOwnFlows(const std::vector<SectionRow>& rows, const std::vector<WinterLine>& lines) {
+bool HaveSameNames(const Rows& a, const Rows& b) {
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(), HaveSameName);
+}
+
+// The only row of that name; null for none and for several.
+const SectionRow* OnlyRowNamedAs(const SectionRow& section, const Rows& rows) {
+  const SectionRow* found = nullptr;
+  for (const SectionRow& row : rows) {
+    if (!HaveSameName(row, section)) {
+      continue;
+    }
+    if (found != nullptr) {
+      return nullptr;
+    }
+    found = &row;
+  }
+  return found;
+}
+
+// The winter row of a section of summer: that of its number where the names agree, else the only
+// one of its name, since rows may have come or gone in between. Null: there is none.
+const SectionRow* WinterRowOf(const SectionRow& section, const Rows& summer, const Rows& winter) {
+  const auto place = static_cast<std::size_t>(section.RecordNumber) - 1;
+  if (place < winter.size() && HaveSameName(winter[place], section)) {
+    return &winter[place];
+  }
+  return OnlyRowNamedAs(section, summer) == nullptr ? nullptr : OnlyRowNamedAs(section, winter);
+}
+
+// Rows as they were entered: no flow has been summed into them. Where every row has an emitter only
+// the results tell; a run leaves no mean velocity, even where its results were emptied later.
+bool HoldOwnFlows(const Rows& rows, const std::vector<const SectionRow*>& emitters) {
   bool others = false;
   for (const SectionRow& row : rows) {
-    if (IsEmitter(lines, row.RecordNumber)) {
+    if (row.HasEmitter() || std::find(emitters.begin(), emitters.end(), &row) != emitters.end()) {
       continue;
     }
     if (row.WaterFlow != 0.0F) {
@@ -35,7 +67,8 @@ bool HoldOwnFlows(const std::vector<SectionRow>& rows, const std::vector<WinterL
     }
     others = true;
   }
-  return others;
+  const SectionRow& first = rows.front();
+  return others || (first.PAR == 0.0F && first.DP == 0.0F && first.MeanVel != 0.0F);
 }
 
 // How many circuits run through each section.
@@ -47,6 +80,13 @@ std::map<int, int> CircuitsThrough(const Study& study) {
     }
   }
   return circuits;
+}
+
+// The same in the network of the winter rows.
+std::map<int, int> CircuitsThrough(Study study, const Rows& winter) {
+  RefreshSectionTable(study, winter);
+  RefreshEmitterTable(study, RowsWithEmitter(winter));
+  return CircuitsThrough(study);
 }
 
 }  // namespace
@@ -66,21 +106,30 @@ std::vector<WinterLine> SummerValues(const Workbench& bench) {
 std::optional<WinterValues> WinterValuesIn(const Workbench& bench, std::string_view work_name) {
   const RowTable winter = ReadRows(bench.workspace, work_name);
   const RowTable summer = ReadRows(bench.workspace);
-  if (winter.count() == 0 || winter.count() != summer.count()) {
+  if (winter.count() == 0) {
     return std::nullopt;
   }
   WinterValues values{winter.At(1).MeanTemp, SummerValues(bench)};
-  const bool own = HoldOwnFlows(winter.rows(), values.lines);
-  const std::map<int, int> circuits = own ? std::map<int, int>() : CircuitsThrough(bench.study);
-  for (WinterLine& line : values.lines) {
-    const SectionRow& row = winter.At(line.section);
+  std::vector<const SectionRow*> rows;
+  for (const WinterLine& line : values.lines) {
+    rows.push_back(WinterRowOf(summer.At(line.section), summer.rows(), winter.rows()));
+  }
+  std::map<int, int> circuits;
+  if (!HoldOwnFlows(winter.rows(), rows)) {
+    circuits = HaveSameNames(winter.rows(), summer.rows())
+                   ? CircuitsThrough(bench.study)
+                   : CircuitsThrough(bench.study, winter.rows());
+  }
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    WinterLine& line = values.lines[i];
     line.flow_lh = line.drop = 0;
-    if (row.Name.Trimmed() != summer.At(line.section).Name.Trimmed()) {
+    if (rows[i] == nullptr) {
       continue;
     }
+    const SectionRow& row = *rows[i];
     line.length_m = row.Length;
     line.drop = row.SomaDrop;
-    const auto through = circuits.find(line.section);
+    const auto through = circuits.find(row.RecordNumber);
     if (through == circuits.end() || through->second <= 1) {
       line.flow_lh = row.WaterFlow;
     }

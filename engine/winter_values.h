@@ -34,9 +34,9 @@ std::vector<WinterLine> SummerValues(const Workbench& bench);
 
 /// The values that the winter rows in the work file tell: of a run, or as they were entered. After
 /// a run the row of a section that leads on to other emitters holds a sum: the emitter's own flow
-/// is not known then. So is nothing but the length of a section that had another name. Nothing:
-/// there are no such rows, or they are of another network. Faults: kFile, 5 for a network that is
-/// too large.
+/// is not known then. Of a network that was another one then, rows are found by their names; an
+/// emitter that has none keeps summer's length and nothing else. Nothing: there are no such rows.
+/// Faults: kFile, 5 for a network that is too large.
 std::optional<WinterValues> WinterValuesIn(const Workbench& bench, std::string_view work_name);
 
 /// Winter rows that hold the values and no results, of the study's rows. Faults: kBadRecordNumber.

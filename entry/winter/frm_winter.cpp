@@ -71,18 +71,31 @@ void FrmWinter::Load() {
   SetUpWinterGrid(fpSpread1, *sitting_, desk.separators);
   fpSpread1.GoTo({0, WinterColumnOf(WinterValue::kFlow)});
   Focus(fpSpread1);
-  TellOtherLengths();
+  TellBeginning();
 }
 
-// A length that winter was given once stays although the section's has been changed since.
-void FrmWinter::TellOtherLengths() {
-  std::string sections;
+// A length that winter was given once stays although the section's has been changed since. Emitters
+// that the earlier values say nothing of begin empty.
+void FrmWinter::TellBeginning() {
+  if (!sitting_->has_earlier_values()) return;
+  std::string lengths;
+  std::string empty;
+  const auto list = [](std::string& sections, int section) {
+    sections += (sections.empty() ? "" : ", ") + std::to_string(section);
+  };
   for (std::size_t i = 0; i < sitting_->summer().size(); ++i) {
     const WinterLine& summer = sitting_->summer()[i];
-    if (sitting_->values().lines[i].length_m == summer.length_m) continue;
-    sections += (sections.empty() ? "" : ", ") + std::to_string(summer.section);
+    const WinterLine& line = sitting_->values().lines[i];
+    if (line.length_m != summer.length_m) list(lengths, summer.section);
+    if (line.flow_lh == 0 || line.drop == 0) list(empty, summer.section);
   }
-  if (!sections.empty()) Tell("Μήκος άλλο από του θέρους έχουν τα τμήματα : " + sections);
+  std::string told;
+  if (!empty.empty()) told = "Χωρίς τιμές του Χειμώνα αρχίζουν τα τμήματα : " + empty;
+  if (!lengths.empty()) {
+    told +=
+        (told.empty() ? "" : ". ") + ("Μήκος άλλο από του θέρους έχουν τα τμήματα : " + lengths);
+  }
+  if (!told.empty()) Tell(told);
 }
 
 bool FrmWinter::Begin() {

@@ -66,7 +66,7 @@ class FrmWinter : public Form {
   void ShowRow(int row);
   void Refuse(GridPlace place);
   void TakeTemperature();
-  void TellOtherLengths();
+  void TellBeginning();
   bool AcceptCell(GridPlace place, const std::string& text);
   /// Takes a value and shows its row.
   void Put(GridPlace place, float number);

@@ -39,10 +39,13 @@ WinterSitting::WinterSitting(Workbench& bench)
   for (const WinterLine& line : summer_) {
     names_.push_back(FromCodePage(ByNumber(rows_, line.section).Name.Trimmed()));
   }
-  first_ = WinterValuesIn(bench, work_file::kWinter).value_or(FirstValues(summer_));
-  told_ = kept_ = first_;
-  values_ = WinterValuesIn(bench, work_file::kWinterInWork).value_or(first_);
+  const auto filed = WinterValuesIn(bench, work_file::kWinter);
+  first_ = filed.value_or(FirstValues(summer_));
+  told_ = first_;
+  const auto kept = WinterValuesIn(bench, work_file::kWinterInWork);
+  values_ = kept.value_or(first_);
   kept_ = values_;
+  has_earlier_values_ = filed || kept;
 }
 
 void WinterSitting::Change(float& value, float number) {
@@ -51,9 +54,7 @@ void WinterSitting::Change(float& value, float number) {
   if (!duty_.has_results()) return;
   pump_.reset();
   void_ = true;
-  duty_.PutValues(values_);
-  told_ = values_;
-  kept_.reset();  // the winter file has another value than it was kept with
+  PutValues();
 }
 
 void WinterSitting::Set(std::size_t line, WinterValue what, float number) {
@@ -80,6 +81,7 @@ WinterOutcome WinterSitting::Run(const AcceptFlow& accept) {
 // Results that cannot be forced onto the medium, or read, do not take the place of what is kept.
 void WinterSitting::TakeResults() {
   void_ = false;
+  pump_.reset();
   pump_ = Require(bench_.workspace.Rows(work_file::kWinter).Read(1));
   if (bench_.workspace.Flush(work_file::kWinter)) {
     told_ = WinterValuesIn(bench_, work_file::kWinter);
@@ -106,15 +108,37 @@ Outcome WinterSitting::Keep(const WinterValues& typed, bool flush) {
                     [this] { return bench_.workspace.Flush(work_file::kWinterInWork); });
 }
 
+// Whatever fails, the sitting goes on with its values, and the study is marked by the last step
+// only.
 void WinterSitting::End(WinterData data) {
-  duty_.HideResults();
-  if (data == WinterData::kKept && HasChanged()) {
-    if (!duty_.has_results()) duty_.PutValues(values_);
-    Require(bench_.workspace.Flush(work_file::kWinter));
-  }
-  if (HasChanged()) duty_.Settle(data);
   duty_.Close();
+  if (data == WinterData::kDropped) {
+    Drop();
+    return;
+  }
+  const bool changed = HasChanged();
+  if (changed && !pump_) PutValues();
+  if (changed) Require(bench_.workspace.Flush(work_file::kWinter));
   Require(bench_.workspace.Remove(work_file::kWinterInWork));
+  if (changed) duty_.Settle(data);
+}
+
+void WinterSitting::PutValues() {
+  duty_.PutValues(values_);
+  told_ = values_;
+  kept_.reset();  // the winter file has another value than it was kept with
+}
+
+// What was kept goes first: the next start would take it for what the user wants.
+void WinterSitting::Drop() {
+  kept_.reset();
+  Require(bench_.workspace.Remove(work_file::kWinterInWork));
+  if (!duty_.HasChanged()) return;
+  // From here on the winter file is not sure to tell the values, or to hold the run.
+  told_.reset();
+  void_ = void_ || pump_;
+  pump_.reset();
+  duty_.Settle(WinterData::kDropped);
 }
 
 }  // namespace kalvo

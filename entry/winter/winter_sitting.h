@@ -21,6 +21,8 @@ class WinterSitting {
   [[nodiscard]] const std::vector<WinterLine>& summer() const { return summer_; }
   [[nodiscard]] const std::vector<std::string>& names() const { return names_; }
   [[nodiscard]] const WinterValues& values() const { return values_; }
+  /// The sitting began with values of an earlier one, as far as these knew its emitters.
+  [[nodiscard]] bool has_earlier_values() const { return has_earlier_values_; }
 
   /// Takes a value. Where it is another one, results there were hold no longer. Faults: kFile; it
   /// is taken all the same.
@@ -53,6 +55,8 @@ class WinterSitting {
  private:
   void Change(float& value, float number);
   void TakeResults();
+  void PutValues();
+  void Drop();
   Result<bool> Write(const WinterValues& typed);
 
   Workbench& bench_;
@@ -66,6 +70,7 @@ class WinterSitting {
   std::optional<WinterValues> kept_;  ///< in either file
   std::optional<SectionRow> pump_;
   bool void_ = false;
+  bool has_earlier_values_ = false;
   KeptEntry file_;
 };
 

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
+
 #include "study/message_codes.h"
 #include "tests/entry/winter_user.h"
 #include "tests/support/failing_disk.h"
@@ -27,19 +30,52 @@ TEST(WinterDisk, IsLeftWhenItsFilesCannotBeRead) {
   }
 }
 
-// Types, runs and closes; false when something kept the form open.
-bool UseAll(WinterUser& winter) {
+// The user was told what the disk said: in a box that names the file, or in the status line.
+bool WasTold(WinterUser& winter) {
+  const auto names_file = [](const Box& box) {
+    const std::string text = Joined(box.lines);
+    return text.find("ίσκο") != std::string::npos && text.find("/") != std::string::npos;
+  };
+  return winter.form->LblStatus.tone == Tone::kAlarm ||
+         std::ranges::any_of(winter.test().prompter.boxes(), names_file);
+}
+
+struct Use {
+  bool closed = false;
+  bool told = false;
+};
+
+// Types, runs and closes.
+Use UseAll(WinterUser& winter) {
+  Use use;
+  const auto look = [&] { use.told = use.told || WasTold(winter); };
   winter.TypeValues();
+  look();
   winter.form->Idle(0.3);
+  look();
   winter.form->Idle(6);
+  look();
   winter.Press(Ctrl(KeyCode::kEnter));
+  look();
   winter.GoTo(0, 4);
   winter.Type("6");
   winter.Press(KeyCode::kEnter);
+  look();
   winter.form->Idle(0.3);
+  look();
   winter.Press(Ctrl(KeyCode::kEnter));
+  look();
   winter.Close(Answer::kYes);
-  return !winter.user.navigator.log.empty();
+  look();
+  use.closed = !winter.user.navigator.log.empty();
+  return use;
+}
+
+// What the form tries again by itself, and what need not succeed: the end of the form would tell.
+bool IsTriedAgain(const std::string& operation) {
+  return std::ranges::count(std::array{"remove RESTBRA.TMP", "remove WINTCIRC.@@@",
+                                       "flush WINTCIRC.TMP", "flush program"},
+                            operation) != 0;
 }
 
 TEST(WinterDisk, ADiskThatFailsAnywhereIsToldAndNothingIsLost) {
@@ -51,10 +87,12 @@ TEST(WinterDisk, ADiskThatFailsAnywhereIsToldAndNothingIsLost) {
     const std::string summer = winter.test().Bytes();
     winter.Open();
     disk.FailAtOperation(operation, FailingDisk::Lasting::kOnce);
-    const bool closed = UseAll(winter);
+    const Use use = UseAll(winter);
     const bool reached = disk.operations() >= operation;
     failures += reached ? 1 : 0;
-    if (!closed) {
+    EXPECT_TRUE(use.told || !reached || (use.closed && IsTriedAgain(disk.last_failed())))
+        << operation << " " << disk.last_failed();
+    if (!use.closed) {
       EXPECT_EQ(winter.Cells(), "6,0 250,0 210,5 | 5,0 150,0 160,0") << operation;
       winter.Close(Answer::kYes);
     }
@@ -98,7 +136,9 @@ TEST(WinterDisk, AReadThatFailsAnywhereIsToldAndNothingIsLost) {
     const std::string summer = winter.test().Bytes();
     winter.Open();
     disk.FailAtRead(read);
-    if (!UseAll(winter)) winter.Close(Answer::kYes);
+    const Use use = UseAll(winter);
+    if (!use.closed) winter.Close(Answer::kYes);
+    EXPECT_TRUE(use.told || disk.reads() < read) << read;
     EXPECT_EQ(winter.test().Bytes(), summer) << read;
     EXPECT_FALSE(winter.user.navigator.log.empty()) << read;
     const auto row = winter.test().Rows(work_file::kWinter).at(1);
@@ -111,21 +151,91 @@ TEST(WinterDisk, AReadThatFailsAnywhereIsToldAndNothingIsLost) {
   EXPECT_LT(failures, 199);
 }
 
-TEST(WinterDisk, ValuesThatAreDeclinedStayOpenUntilTheirFileIsGone) {
+// A form whose values are declined on a disk that fails at one of the operations of its end.
+class DeclinedWinter {
+ public:
+  // `earlier`: there is winter data already. `runs`: the values are calculated.
+  DeclinedWinter(bool earlier, bool runs) {
+    if (earlier) {
+      winter.TypeValues();
+      winter.Press(Ctrl(KeyCode::kEnter));
+      winter.Close(Answer::kYes);
+      winter.test().study.unsaved_changes = false;
+    }
+    before = winter.test().Bytes(work_file::kWinter);
+    winter.user.navigator.log.clear();
+    winter.WorkOn(disk);
+    winter.Open();
+    winter.TypeValues();
+    winter.GoTo(0, 5);
+    winter.Type("222");
+    winter.Press(KeyCode::kEnter);
+    winter.form->Idle(0.3);
+    if (runs) winter.Press(Ctrl(KeyCode::kEnter));
+  }
+
+  // False: it was closed.
+  bool StaysOpenAfterNo(int operation) {
+    disk.FailAtOperation(operation, FailingDisk::Lasting::kOnce);
+    winter.Close(Answer::kNo);
+    winter.form->Derive();
+    return winter.user.navigator.log.empty();
+  }
+
+  // The form shows what its files hold.
+  void ExpectTruth() {
+    EXPECT_NE(winter.Box().find(TestBench::kProgramFolder), std::string::npos) << "it was told";
+    EXPECT_FALSE(winter.test().study.unsaved_changes);
+    EXPECT_EQ(winter.test().Bytes(), summer);
+    if (winter.form->LblPump.visible) {
+      const auto rows = winter.test().Rows(work_file::kWinter);
+      EXPECT_NE(rows.at(0).DP, 0.0F);
+      EXPECT_EQ(rows.at(1).WaterFlow, 222.0F);
+    } else {
+      winter.Run(winter.form->Cmd_Res);
+      EXPECT_EQ(winter.test().prompter.codes().back(), 140);
+    }
+    winter.form->Idle(0.3);
+    FrmWinter next(winter.desk());
+    next.Load();
+    EXPECT_EQ(WinterUser::CellsOf(next), winter.Cells()) << "what is typed keeps itself";
+  }
+
   WinterUser winter;
-  FailingDisk disk(winter.test().work_disk);
-  winter.WorkOn(disk);
-  winter.Open();
-  winter.TypeValues();
-  winter.Press(Ctrl(KeyCode::kEnter));
-  disk.FailAtOperation(1, FailingDisk::Lasting::kFromThenOn);
-  winter.Close(Answer::kNo);
-  EXPECT_TRUE(winter.user.navigator.log.empty());
-  EXPECT_NE(winter.Box().find(work_file::kWinter), std::string::npos);
-  disk.Mend();
-  winter.Close(Answer::kNo);
-  EXPECT_FALSE(winter.test().workspace.Exists(work_file::kWinter));
-  EXPECT_EQ(winter.user.navigator.log.size(), 2U);
+  FailingDisk disk{winter.test().work_disk};
+  std::string before;
+  const std::string summer = winter.test().Bytes();
+};
+
+TEST(WinterDisk, NoFailureWhileValuesAreDeclinedLosesWhatIsWantedAfterAll) {
+  int failures = 0;
+  for (const bool earlier : {false, true}) {
+    for (const bool runs : {false, true}) {
+      for (const Answer second : {Answer::kYes, Answer::kNo}) {
+        for (int operation = 1;; ++operation) {
+          SCOPED_TRACE("earlier " + std::to_string(int{earlier}) + " runs " +
+                       std::to_string(int{runs}) + " operation " + std::to_string(operation));
+          ASSERT_LT(operation, 20);
+          DeclinedWinter declined(earlier, runs);
+          WinterUser& winter = declined.winter;
+          if (!declined.StaysOpenAfterNo(operation)) break;
+          ++failures;
+          declined.ExpectTruth();
+          winter.Close(second);
+          EXPECT_EQ(winter.user.navigator.log.size(), 2U);
+          EXPECT_FALSE(winter.IsKept());
+          EXPECT_EQ(winter.test().Bytes(), declined.summer);
+          EXPECT_EQ(winter.test().study.unsaved_changes, second == Answer::kYes);
+          if (second == Answer::kYes) {
+            EXPECT_EQ(winter.test().Rows(work_file::kWinter).at(1).WaterFlow, 222.0F);
+          } else {
+            EXPECT_EQ(winter.test().Bytes(work_file::kWinter), declined.before);
+          }
+        }
+      }
+    }
+  }
+  EXPECT_GT(failures, 10);
 }
 
 // As on a share that answers too late.

@@ -289,11 +289,62 @@ TEST(WinterForm, BeginsWithTheValuesOfTheWinterFile) {
   ASSERT_TRUE(winter.test().workspace.Rows(work_file::kWinter).WriteAll(rows).ok());
   winter.Open();
   EXPECT_EQ(winter.Cells(), "5,0 - - | 5,0 150,0 160,0");
-  rows.pop_back();
-  ASSERT_TRUE(winter.test().workspace.Rows(work_file::kWinter).WriteAll(rows).ok());
+  EXPECT_EQ(winter.form->LblStatus.text, "Χωρίς τιμές του Χειμώνα αρχίζουν τα τμήματα : 2");
+}
+
+TEST(WinterForm, ValuesFollowTheirSectionsIntoAnotherNetwork) {
+  WinterUser winter;
+  winter.TypeValues();
+  TypeInto(*winter.form, winter.form->TxtMeanT, "45,5");
+  winter.Press(Ctrl(KeyCode::kEnter));
+  winter.Close(Answer::kYes);
+  winter.Put({"ANT/1 5m plant", "1/3 9m soma 200l/h 400mm", "1/6 5m soma 100l/h 50mm",
+              "1/2 5m soma 300l/h 500mm", "2/4 5m", "3/4 5m", "6/4 5m", "4/ANT 5m"});
   winter.Open();
-  EXPECT_EQ(winter.Cells(), "5,0 - - | 5,0 - -") << "of another network";
-  EXPECT_EQ(winter.form->TxtMeanT.text, "70");
+  EXPECT_EQ(winter.Cells(), "5,0 150,0 160,0 | 5,0 - - | 5,0 250,0 210,5");
+  EXPECT_EQ(winter.form->TxtMeanT.text, "45,5");
+  EXPECT_EQ(winter.form->LblStatus.text,
+            "Χωρίς τιμές του Χειμώνα αρχίζουν τα τμήματα : 3. "
+            "Μήκος άλλο από του θέρους έχουν τα τμήματα : 2");
+  winter.GoTo(1, 5);
+  winter.Type("80");
+  winter.Press(KeyCode::kEnter);
+  winter.Close(Answer::kYes);
+  winter.Open();
+  EXPECT_EQ(winter.Cells(), "5,0 150,0 160,0 | 5,0 80,0 - | 5,0 250,0 210,5");
+}
+
+TEST(WinterForm, AFlowThatAnotherNetworkHasSummedStaysEmpty) {
+  WinterUser winter(
+      {"ANT/1 5m plant", "1/2 5m soma 100l/h 50mm", "2/3 5m soma 400l/h 400mm", "3/ANT 5m"});
+  winter.GoTo(0, 5);
+  for (const char* value : {"90", "350", "40", "300"}) {
+    winter.Type(value);
+    winter.Press(KeyCode::kEnter);
+  }
+  winter.Press(Ctrl(KeyCode::kEnter));
+  ASSERT_TRUE(winter.form->LblPump.visible);
+  winter.Close(Answer::kYes);
+  winter.Put({"ANT/1 5m plant", "1/2 5m soma 100l/h 50mm", "2/ANT 5m"});
+  winter.Open();
+  EXPECT_EQ(winter.Cells(), "5,0 - 40,0") << "440 would be that of both";
+}
+
+TEST(WinterForm, FlowsWithoutARunAreKnownWhereEverySectionHasAnEmitter) {
+  WinterUser winter({"ANT/1 5m plant soma 300l/h 500mm", "1/ANT 5m soma 200l/h 400mm"});
+  const std::string cells = "5,0 250,0 210,5 | 5,0 150,0 160,0";
+  winter.TypeValues();
+  winter.Close(Answer::kYes);
+  winter.Open();
+  EXPECT_EQ(winter.Cells(), cells);
+  winter.Press(Ctrl(KeyCode::kEnter));
+  ASSERT_TRUE(winter.form->LblPump.visible);
+  winter.Close(Answer::kYes);
+  winter.Open();
+  EXPECT_EQ(winter.Cells(), "5,0 - 210,5 | 5,0 - 160,0") << "they are sums now";
+  ASSERT_TRUE(EmptyWinterResults(winter.test().workspace).ok());
+  winter.Open();
+  EXPECT_EQ(winter.Cells(), "5,0 - 210,5 | 5,0 - 160,0") << "and stay sums without results";
 }
 
 TEST(WinterForm, AFlowThatTheFileHasSummedStaysEmptyOneThatWasEnteredDoesNot) {

@@ -17,12 +17,17 @@ class WinterUser {
   explicit WinterUser(const std::vector<std::string_view>& network = {
                           "ANT/1 5m plant", "1/2 5m soma 300l/h 500mm", "1/3 5m soma 200l/h 400mm",
                           "2/4 5m", "3/4 5m", "4/ANT 5m"}) {
+    Put(network);
+    Open();
+  }
+
+  /// The study is of that network from now on, calculated; winter's files stay.
+  void Put(const std::vector<std::string_view>& network) {
     user.test.PutNetwork(network);
     EXPECT_EQ(kalvo::Calculate(user.test.bench, Method::kFlowOnly), CommandEnd::kCalculated);
     user.test.study.results_valid = true;
     user.test.study.unsaved_changes = false;
     user.test.study.study_title = "Γραφεία";
-    Open();
   }
 
   /// From here on the program works on that disk, over the one in memory, for that user.
