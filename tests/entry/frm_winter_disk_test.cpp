@@ -151,6 +151,29 @@ TEST(WinterDisk, AReadThatFailsAnywhereIsToldAndNothingIsLost) {
   EXPECT_LT(failures, 199);
 }
 
+TEST(WinterDisk, ALookThatFailsAnywhereLosesNothing) {
+  int failures = 0;
+  for (int look = 1; look < 100; ++look) {
+    WinterUser winter;
+    FailingDisk disk(winter.test().work_disk);
+    winter.WorkOn(disk);
+    const std::string summer = winter.test().Bytes();
+    disk.FailAtLook(look);
+    winter.Open();
+    if (winter.form->fpSpread1.row_count() == 0) winter.Open();  // it could not begin
+    winter.user.navigator.log.clear();
+    if (!UseAll(winter).closed) winter.Close(Answer::kYes);
+    EXPECT_EQ(winter.test().Bytes(), summer) << look;
+    EXPECT_FALSE(winter.user.navigator.log.empty()) << look;
+    EXPECT_FALSE(winter.test().workspace.Exists(work_file::kSummerRows)) << look;
+    EXPECT_EQ(winter.test().Rows(work_file::kWinter).at(1).WaterFlow, 250.0F) << look;
+    if (disk.looks() < look) break;
+    ++failures;
+  }
+  EXPECT_GT(failures, 5);
+  EXPECT_LT(failures, 99);
+}
+
 // A form whose values are declined on a disk that fails at one of the operations of its end.
 class DeclinedWinter {
  public:

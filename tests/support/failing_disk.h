@@ -37,10 +37,15 @@ class FailingDisk : public ForwardingDisk {
   }
   /// Flushes of files of that name fail from now on.
   void FailFlushesOf(std::string_view name) { unflushable_ = name; }
+  /// Of the looks at a file from now on, whether it is there, the one of that number fails.
+  void FailAtLook(int number) {
+    bad_look_ = number;
+    looks_ = 0;
+  }
   void Mend() {
     unflushable_.clear();
     room_ = std::numeric_limits<std::size_t>::max();
-    first_bad_ = last_bad_ = bad_read_ = kNever;
+    first_bad_ = last_bad_ = bad_read_ = bad_look_ = kNever;
   }
 
   /// Changing operations since the last FailAtOperation(), those that failed included.
@@ -52,6 +57,8 @@ class FailingDisk : public ForwardingDisk {
 
   /// Such reads since the last FailAtRead().
   [[nodiscard]] int reads() const { return reads_; }
+  /// The same of looks.
+  [[nodiscard]] int looks() const { return looks_; }
 
   Outcome Write(const std::filesystem::path& path, std::string bytes) override {
     const bool fails = NextFails("write", path);
@@ -84,6 +91,12 @@ class FailingDisk : public ForwardingDisk {
     return inner_.Read(path);
   }
 
+  [[nodiscard]] Result<std::optional<FileStatus>> Status(
+      const std::filesystem::path& path) const override {
+    if (++looks_ == bad_look_) return FileError{path, "Σφάλμα του δίσκου"};
+    return inner_.Status(path);
+  }
+
   /// The file was written last before it was flushed.
   [[nodiscard]] bool IsFlushed(const std::string& name) const { return flushed_.contains(name); }
 
@@ -111,6 +124,8 @@ class FailingDisk : public ForwardingDisk {
   int operations_ = 0;
   int bad_read_ = kNever;
   mutable int reads_ = 0;
+  int bad_look_ = kNever;
+  mutable int looks_ = 0;
 };
 
 /// A disk on which some files cannot be read: each is there, and every look at it or its bytes is
