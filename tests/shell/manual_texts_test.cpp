@@ -19,6 +19,7 @@
 #include "entry/winter/frm_winter.h"
 #include "results/frm_avai_d.h"
 #include "results/frm_chang.h"
+#include "results/frm_compare.h"
 #include "results/frm_res.h"
 #include "results/frm_res_gn.h"
 #include "results/frm_res_sheet.h"
@@ -110,6 +111,7 @@ std::map<std::string, FormFactory> Screens() {
           {"Η προμέτρηση", &MakeForm<FrmStatS>},
           {"Αλλαγή μιας διαμέτρου", &MakeForm<FrmAvaiD>},
           {"Αλλαγή πολλών διαμέτρων", &MakeForm<FrmChang>},
+          {"Σύγκριση", &MakeForm<FrmCompare>},
           {"Η αντλία", &MakeForm<FrmResGn>},
           {"Χειμώνας", &MakeForm<FrmWinter>}};
 }
