@@ -106,6 +106,8 @@ readonly studies='Ανάκληση Αρχείου'
 readonly save='Δημιουργία Αρχείου'
 readonly sheet='ΣΥΓΚΕΝΤΡΩΤΙΚΑ ΑΠΟΤΕΛΕΣΜΑΤΑ'
 readonly one='^ΑΠΟΤΕΛΕΣΜΑΤΑ ΥΠΟΛΟΓΙΣΜΩΝ'
+readonly list='Διαθέσιμες Διάμετροι'
+readonly attention='ΠΡΟΣΟΧΗ'
 readonly go_to='Πήγαινε \(GoTo\)'
 readonly left_over='Ημιτελής Παλαιά Μελέτη'
 
@@ -186,8 +188,57 @@ keys "$save" Return
 see_no_more "$save"
 see_file PFILES/NEO.PCK
 
-stage "killed with results on the screen: they come back"
+# change_one KEY...: from the results of one section, by the menu of the right button.
+change_one() {
+  keys ΑΠΟΤΕΛΕΣΜΑΤΑ Menu
+  sleep 0.5
+  keys ΑΠΟΤΕΛΕΣΜΑΤΑ Up Up Return
+  see "$list"
+  keys "$list" "$@"
+}
+
+rows_differ() { ! cmp -s "$1" "$work/DATARES.TMP"; }
+
+stage "a diameter is changed, calculated, taken back, made again, compared and kept"
 press_to "$main" ctrl+r "$sheet"
+see_file FIRSTONE.TMP
+cp "$work/DATARES.TMP" "$home/rows"
+press_to "$sheet" shift+F12 "$one"
+change_one Down Return
+within 10 rows_differ "$home/rows" || fail "nothing was replaced"
+picture waiting
+keys "$list" Escape
+see_no_more "$list"
+press_to ΑΠΟΤΕΛΕΣΜΑΤΑ shift+F12 "$sheet"
+see_file DATARES.PRV
+cp "$work/DATARES.TMP" "$home/changed"
+keys "$sheet" ctrl+z
+within 10 cmp -s "$home/rows" "$work/DATARES.TMP" || fail "not taken back byte for byte"
+keys "$sheet" ctrl+y
+within 10 cmp -s "$home/changed" "$work/DATARES.TMP" || fail "not made again byte for byte"
+press_to "$sheet" Escape "$attention"
+picture kept
+keys "$attention" n
+press_to "$attention" Return "$main"
+see_no_file FIRSTONE.TMP
+keys "$main" ctrl+s
+within 10 cmp -s "$home/changed" "$work/PFILES/NEO.PCK" || fail "not saved as calculated"
+
+stage "killed with a change that waits: the rows of before come back, the others are kept"
+press_to "$main" ctrl+r "$sheet"
+press_to "$sheet" shift+F12 "$one"
+rm -f "$work/DATARES.PRV" # as after a calculation: a change from the menu waits
+change_one Up Return
+within 10 rows_differ "$home/changed" || fail "nothing was replaced"
+die_by_kill
+start_to_kind
+press_to "$kind" Return "$left_over"
+cmp -s "$home/changed" "$work/DATARES.TMP" || fail "the rows of before do not come back"
+ls "$work"/PFILES/ASFALEIA/* >/dev/null 2>&1 || fail "the displaced rows are not kept"
+press_to "$left_over" Return "$main"
+
+stage "killed with results on the screen: they come back"
+press_to "$main" F9 "$sheet"
 see_file FIRSTONE.TMP
 cp "$work/DATARES.TMP" "$home/rows"
 die_by_kill
