@@ -120,7 +120,10 @@ void FrmRes::Load() {
 
 void FrmRes::Activate() { CountAsShown(desk); }
 
-void FrmRes::Derive() { ChkSoundR.on = desk.options.SoundOn; }
+void FrmRes::Derive() {
+  ChkSoundR.on = desk.options.SoundOn;
+  Pipe.visible = !changes.LblChanges.visible;  // there is room for one of them
+}
 
 void FrmRes::ShowRow() {
   const auto rows = TakeResultRows(bench);

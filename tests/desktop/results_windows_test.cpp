@@ -4,6 +4,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QHeaderView>
+#include <QScrollArea>
 #include <QScrollBar>
 #include <QTableView>
 #include <QTest>
@@ -106,6 +107,9 @@ TEST(DiameterWindow, ShowsWhatWaitsInWordsToo) {
   QApplication::processEvents();
   ExpectNothingClipped(one);
   ExpectNothingClipped(*window);
+  const auto* bar = one.findChild<QScrollArea*>("figures")->verticalScrollBar();
+  EXPECT_TRUE(QTest::qWaitFor([bar] { return bar->maximum() == 0; }, 1000))
+      << "all seven values are in sight beside the line of changes";
   KeepPicture(one, "frm-res-waiting");
 }
 
