@@ -235,8 +235,9 @@ Outcome SectionSitting::PutRows(const DraftRows& made) {
     return flushed ? SettleDraftRows(bench_, made, base_) : flushed;
   }
   if (Outcome put = PutDraftRows(bench_, made, base_, rows_); !put) {
-    SetInDoubt(true);
-    put_failed_ = true;
+    unflushed_ = true;
+    const auto differ = RowsDiffer();
+    put_failed_ = !differ || *differ;
     return put;
   }
   NoteRows(made.rows, made.origins);

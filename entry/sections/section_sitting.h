@@ -61,7 +61,7 @@ class SectionSitting {
   /// Makes rows of the draft, with the flags and the emitters that go with them; writes nothing
   /// where the files say so already. Error: the rows are as they were, the sheet is kept.
   Outcome PutRows(const DraftRows& made);
-  /// The last PutRows() failed, and may have left anything in the file.
+  /// The last PutRows() failed, and the file may not even say again what it did before.
   [[nodiscard]] bool put_failed() const { return put_failed_; }
 
   /// The rows as the files of this sitting have them.
