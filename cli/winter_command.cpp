@@ -34,6 +34,16 @@ int TellEnd(const Console& console, Session& session, WinterEnd end) {
   return exit_code::kRefused;
 }
 
+// Of emitters within the trunk, whose rows hold sums, and of those that came later.
+std::string SectionsWithoutFlow(const std::vector<WinterLine>& lines) {
+  std::string sections;
+  for (const WinterLine& line : lines) {
+    if (line.flow_lh != 0.0F) continue;
+    sections += (sections.empty() ? "" : ", ") + std::to_string(line.section);
+  }
+  return sections;
+}
+
 }  // namespace
 
 std::string WinterCommand::Foot() const {
@@ -84,14 +94,14 @@ int WinterCommand::FindValues(const Console& console, Session& session,
     values.lines = std::move(read).value();
     return exit_code::kDone;
   }
-  const auto unknown = [](const WinterLine& line) { return line.flow_lh == 0.0F; };
-  if (last && std::none_of(last->lines.begin(), last->lines.end(), unknown)) {
+  const std::string unknown = last ? SectionsWithoutFlow(last->lines) : std::string();
+  if (last && unknown.empty()) {
     values.lines = std::move(last->lines);
     return exit_code::kDone;
   }
-  console.err << (last ? "Σώματα μέσα στον κορμό : η μελέτη δεν ξεχωρίζει την παροχή τους για "
-                         "τον Χειμώνα, δώστε τις τιμές με --values\n"
-                       : "Η μελέτη δεν έχει τιμές για τον Χειμώνα : δώστε τις με --values\n");
+  console.err << "Η μελέτη δεν έχει τιμές για τον Χειμώνα"
+              << (last ? ", για τα σώματα των τμημάτων " + unknown : "")
+              << " : δώστε τις με --values\n";
   return exit_code::kWrongUse;
 }
 
