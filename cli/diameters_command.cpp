@@ -11,6 +11,7 @@
 #include "cli/text_table.h"
 #include "engine/lost_walk.h"
 #include "engine/rerun.h"
+#include "engine/winter_values.h"
 #include "study/message_codes.h"
 
 namespace kalvo {
@@ -115,6 +116,11 @@ int DiametersCommand::RunOn(const Console& console, Session& session) {
     return code;
   }
   if (!outcome.comparison) {
+    return exit_code::kBrokenOff;
+  }
+  if (const Outcome emptied = outcome.replaced > 0 ? EmptyWinterResults(bench.workspace) : Done{};
+      !emptied) {
+    console.err << emptied.error().Line() << '\n';
     return exit_code::kBrokenOff;
   }
   session.study().results_valid = true;  // told or saved here, they count as shown

@@ -4,13 +4,11 @@
 
 #include "engine/rerun.h"
 #include "results/pump_frame.h"
+#include "results/results_session.h"
 #include "study/numeric_text.h"
 
 namespace kalvo {
 namespace {
-
-constexpr const char* kNoResults =
-    "Ο υπολογισμός με τις νέες διαμέτρους ΔΕΝ ολοκληρώθηκε, τα αποτελέσματα ΔΕΝ ισχύουν.";
 
 using Rows = std::vector<SectionRow>;
 
@@ -90,12 +88,7 @@ void ChangeStrip::Make(HistoryStep step) {
 }
 
 void ChangeStrip::Compare() {
-  if (!may_compare_()) return;
-  if (desk_.bench.study.recalculation_needed) {
-    desk_.bench.Ask({" !!... ΠΡΟΣΟΧΗ ...!! ", {kNoResults}, box_style::kExclamation});
-    return;
-  }
-  desk_.navigator.ShowModal(screen::kComparison);
+  if (may_compare_()) desk_.navigator.ShowModal(screen::kComparison);
 }
 
 }  // namespace kalvo

@@ -28,6 +28,7 @@ PromptEnd Recalculate(Desk& desk, const std::vector<SectionRow>& rows) {
   CloseOneDiameter(desk);  // it serves the view that closes
   desk.screens.ResultsLeft = false;
   desk.navigator.Close(screen::kResults);
+  desk.navigator.Close(screen::kPump);  // one that is open shows the pump from before
   desk.navigator.Show(screen::kPump);
   return PromptEnd::kRecalculated;
 }

@@ -19,8 +19,12 @@ bool TakeButtonRoad(Desk& desk) {
   if (RerunWaitingChange(desk) && desk.screens.diameter_view != nullptr) {
     desk.screens.diameter_view->ShowAgain();
   }
-  const bool has_first = desk.bench.workspace.HasBytes(work_file::kFirstRows);
-  return (has_first || KeepRows(desk, work_file::kFirstRows)) && MakePreviousRows(desk.bench);
+  // Rows whose calculation failed are no reference: the older copies stand.
+  if (desk.bench.study.recalculation_needed) return true;
+  Workspace& workspace = desk.bench.workspace;
+  const bool has_first = workspace.HasBytes(work_file::kFirstRows);
+  return (has_first || KeepRows(desk, work_file::kFirstRows)) &&
+         TellIfFailed(desk.bench, workspace.Copy(work_file::kRows, work_file::kPreviousRows));
 }
 
 bool TakeMenuRoad(Desk& desk) {
@@ -29,7 +33,8 @@ bool TakeMenuRoad(Desk& desk) {
     TellError(desk.bench, waits.error());
     return false;
   }
-  return *waits || KeepRows(desk, work_file::kRowsBeforeChange);
+  return *waits || desk.bench.study.recalculation_needed ||
+         KeepRows(desk, work_file::kRowsBeforeChange);
 }
 
 }  // namespace

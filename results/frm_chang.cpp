@@ -165,7 +165,10 @@ void FrmChang::ShowSections() {
   if (!fits || fpSpread1.column_count() == 0) {
     fpSpread1.Reset(SectionColumns(), rows, rows - count);
   }
-  for (int row = 0; row < count; ++row) ShowSection(row);
+  for (int row = 0; row < count; ++row) {
+    fpSpread1.Mark(row, false);
+    ShowSection(row);
+  }
   for (const int section : CriticalSections(bench.study.critical_branch, rows_.size())) {
     fpSpread1.Mark(section - 1, true);
   }
@@ -353,12 +356,9 @@ void FrmChang::Back() {
     const WaitShown wait(desk.navigator);
     return RerunIfChanged(bench);
   }();
-  if (!ran) {
-    TellError(bench, ran.error());
-  } else {
-    if (*ran) CloseOtherView(desk);
-    RefreshView();
-  }
+  if (!ran) TellError(bench, ran.error());
+  if (ran && *ran) CloseOtherView(desk);
+  RefreshView();
   desk.navigator.Close(screen::kManyDiameters);
 }
 

@@ -6,6 +6,7 @@
 #include "results/comparison_text.h"
 #include "results/critical_sections.h"
 #include "results/diameter_view.h"
+#include "results/results_session.h"
 #include "study/numeric_text.h"
 
 namespace kalvo {
@@ -112,7 +113,8 @@ void FrmCompare::Load() {
 }
 
 void FrmCompare::Show() {
-  comparison_ = CompareWithFirst(desk);
+  comparison_.reset();
+  if (!bench.study.recalculation_needed) comparison_ = CompareWithFirst(desk);
   const auto rows = bench.workspace.Rows().ReadAll();
   rows_ = rows ? *rows : std::vector<SectionRow>{};
   ShowPump();
@@ -130,6 +132,9 @@ void FrmCompare::ShowPump() {
                          &LblFluidBefore, &LblFluidAfter}) {
       label->text = kNotKnown;
     }
+    for (Label* label : {&LblHeadChange, &LblFlowChange, &LblFluidChange}) label->text.clear();
+    BarsHead.before = BarsHead.after = 0;
+    BarsHead.told.clear();
     return;
   }
   const ResultComparison& comparison = *comparison_;
@@ -263,6 +268,7 @@ void FrmCompare::Take(HistoryStep step) {
     return;
   }
   StepInResults(desk, step);
+  RerunWaitingChange(desk);  // nothing that waits is compared
   Show();
 }
 

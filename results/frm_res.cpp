@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "engine/rerun.h"
 #include "form/tell.h"
 #include "results/critical_sections.h"
 #include "results/diameter_prompt.h"
@@ -81,6 +82,7 @@ void FrmRes::BuildMenus() {
              {"mnuResPres_Back", CmdBack.caption, &CmdBack}}},
            {"Αλλαγή &διαμέτρων",
             {{"mnuChangeDiam_One", CmdChangeOne.caption, &CmdChangeOne},
+             {"mnuChangeDiam_Mass", CmdChangeMany.caption, &CmdChangeMany},
              {},
              {"mnuChangeDiam_Undo", changes.CmdUndo.caption, &changes.CmdUndo},
              {"mnuChangeDiam_Redo", changes.CmdRedo.caption, &changes.CmdRedo},
@@ -236,11 +238,16 @@ bool FrmRes::MayRun(bool goes_on_unchanged) {
   }
   const WaitingChange change = FindWaitingChange(bench, *rows);
   if (change != WaitingChange::kChanged) {
-    return change == WaitingChange::kNone || goes_on_unchanged;
+    return (change == WaitingChange::kNone || goes_on_unchanged) && ResultsHold(desk);
   }
   const PromptEnd end = AskAboutChange(desk, *rows);
   if (end == PromptEnd::kBroughtBack || end == PromptEnd::kFailed) ShowRow();
   return false;
+}
+
+bool FrmRes::MayCompare() {
+  const auto waits = ChangeWaits(bench.workspace);
+  return waits && *waits ? MayRun(true) : ResultsHold(desk);
 }
 
 void FrmRes::ShowWorstBranch() {

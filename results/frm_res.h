@@ -53,7 +53,7 @@ class FrmRes : public Form, public DiameterView {
   Field TxtTotalDrop{*this, "TxtTotalDrop"};
   Field TxtAvaiPres{*this, "TxtAvaiPres"};
   Label LblNotes{*this, "LblNotes"};
-  ChangeStrip changes{*this, desk, [this] { return MayRun(true); }};
+  ChangeStrip changes{*this, desk, [this] { return MayCompare(); }};
 
   Command CmdFirst;
   Command CmdPrev;
@@ -84,6 +84,8 @@ class FrmRes : public Form, public DiameterView {
   /// A command that a waiting change of diameters may ask about first. True: it may go on;
   /// `goes_on_unchanged` says whether it does where the diameters are as calculated.
   bool MayRun(bool goes_on_unchanged);
+  /// What waits is asked about first.
+  bool MayCompare();
   void ShowHelp();
   void ShowSheet();
 };

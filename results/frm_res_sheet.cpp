@@ -15,11 +15,16 @@
 namespace kalvo {
 FrmRes_Sheet::FrmRes_Sheet(Desk& shared_desk)
     : Form(shared_desk),
-      CmdDiff(*this, "CmdDiff", "Δυσμεν. Κλαδος", [this] { ShowCriticalBranch(bench); }),
+      CmdDiff(*this, "CmdDiff", "Δυσμεν. Κλαδος",
+              [this] {
+                if (ResultsHold(desk)) ShowCriticalBranch(bench);
+              }),
       Cmd_Nodes(*this, "Cmd_Nodes", " Έλεγχος Κόμβων Τμημάτων ",
                 [this] { ShowNodeReport(desk, true); }),
       CmdExar(*this, "CmdExar", "Προμέτρηση",
-              [this] { desk.navigator.ShowModal(screen::kQuantities); }),
+              [this] {
+                if (ResultsHold(desk)) desk.navigator.ShowModal(screen::kQuantities);
+              }),
       CmdChD(*this, "CmdChD", "Αλλαγή διαμέτρου",
              [this] { ChangeOneDiameter(desk, ChangeRoad::kButton); }),
       CmdNewD(*this, "CmdNewD", "Μαζική αλλαγή",

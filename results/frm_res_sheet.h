@@ -10,6 +10,7 @@
 #include "results/drop_explainer.h"
 #include "results/drop_panel.h"
 #include "results/pump_frame.h"
+#include "results/results_session.h"
 
 namespace kalvo {
 
@@ -46,7 +47,7 @@ class FrmRes_Sheet : public Form, public DiameterView {
   Chain ChainCritical{*this, "ChainCritical"};
   DropPanel panel{*this};
   Label LblNotes{*this, "LblNotes"};
-  ChangeStrip changes{*this, desk, [] { return true; }};
+  ChangeStrip changes{*this, desk, [this] { return ResultsHold(desk); }};
 
   Command Cmd_Back;
   Command SSCommand1;

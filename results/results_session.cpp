@@ -1,5 +1,6 @@
 #include "results/results_session.h"
 
+#include <algorithm>
 #include <limits>
 #include <utility>
 
@@ -30,16 +31,25 @@ bool& UnsavedWhenKept(Desk& desk, std::string_view kept) {
 
 // What the study knows of the rows follows rows that were brought back.
 void FollowRows(Workbench& bench, std::vector<SectionRow> rows) {
-  RunTrapped(bench, [&] {
+  const auto fault = RunTrapped(bench, [&] {
     FollowResults(bench, RowTable(std::move(rows)));
     RecountQuantities(bench);
   });
+  bench.study.recalculation_needed = fault.has_value();
 }
 
 // The rows stand: copies from before go, the one first that the next start would put over them.
 void DropOlderRows(Workspace& workspace) {
   workspace.Delete(work_file::kRowsBeforeChange);
   workspace.Delete(work_file::kFirstRows);
+}
+
+bool AreAsCalculated(const Workbench& bench) {
+  const auto rows = bench.workspace.Rows().ReadAll();
+  const auto& calculated = bench.study.CalculatedDiameters;
+  return rows && std::ranges::equal(*rows, calculated, [](const SectionRow& row, const auto& name) {
+           return row.NomiDiam.Trimmed() == name.Trimmed();
+         });
 }
 
 // New diameters are those of the study from now on.
@@ -81,12 +91,24 @@ Settled SettleDiameters(Desk& desk, const std::function<void()>& show_again) {
                box_style::kInformation});
     return Settled::kYes;
   }
+  // Else a kill after the next step would put these over the first rows.
+  bench.workspace.Delete(work_file::kRowsBeforeChange);
   if (!BringBackRows(desk, work_file::kFirstRows)) return Settled::kNo;
   show_again();
   bench.Ask({kSettledTitle,
              {"ΑΚΥΡΩΣΗ ΑΛΛΑΓΩΝ ΔΙΑΜΕΤΡΩΝ : Ισχύουν οι ΠΑΛΑΙΕΣ ΔΙΑΜΕΤΡΟΙ ΣΩΛΗΝΩΝ"},
              box_style::kInformation});
   return Settled::kYes;
+}
+
+// Diameters that came back after a calculation that failed have the first results, too. Where the
+// first rows are gone the present diameters stand.
+void LetFirstResultsStand(Desk& desk) {
+  if (!desk.bench.workspace.HasBytes(work_file::kFirstRows)) {
+    if (!AreAsCalculated(desk.bench)) LetDiametersStand(desk.bench);
+  } else if (desk.bench.study.recalculation_needed) {
+    BringBackRows(desk, work_file::kFirstRows);
+  }
 }
 
 // What the results were opened from shows.
@@ -158,6 +180,12 @@ void CountAsShown(Desk& desk) {
   desk.screens.first_rows_unsaved = true;
 }
 
+bool ResultsHold(Desk& desk) {
+  if (!desk.bench.study.recalculation_needed) return true;
+  desk.bench.Ask({" !!... ΠΡΟΣΟΧΗ ...!! ", {kNoResults}, box_style::kExclamation});
+  return false;
+}
+
 void ShowCriticalBranch(Workbench& bench) {
   if (bench.study.SingleSection) bench.study.critical_branch = "1";
   bench.Show(message::kCriticalBranch);
@@ -200,10 +228,11 @@ void GoBack(Desk& desk, std::string_view view, const std::function<void()>& show
   bool settled = differ && bench.workspace.HasBytes(work_file::kRows);
   if (!differ) {
     TellError(bench, differ.error());
+    LetDiametersStand(bench);
   } else if (*differ) {
-    const Settled end = SettleDiameters(desk, show_again);
-    if (end == Settled::kOpen) return;
-    settled = end == Settled::kYes;
+    if (SettleDiameters(desk, show_again) != Settled::kYes) return;
+  } else if (!desk.screens.WinterPump) {
+    LetFirstResultsStand(desk);
   }
   desk.screens.results_view = ResultsView::kOne;
   desk.navigator.Close(screen::kPump);
@@ -220,11 +249,16 @@ void LeaveByWindow(Desk& desk) {
   desk.screens.results_view = ResultsView::kOne;
   Workbench& bench = desk.bench;
   RerunWaitingChange(desk);
-  if (bench.workspace.Rows().Read(1) && bench.workspace.Flush(work_file::kRows)) {
-    const auto differ = DiametersDiffer(bench.workspace, work_file::kFirstRows);
-    if (!differ) TellError(bench, differ.error());
-    if (!differ || *differ) LetDiametersStand(bench);
-    if (differ) DropOlderRows(bench.workspace);
+  const auto differ = DiametersDiffer(bench.workspace, work_file::kFirstRows);
+  if (!differ) {
+    TellError(bench, differ.error());
+    LetDiametersStand(bench);
+  } else if (!desk.screens.WinterPump) {
+    *differ ? LetDiametersStand(bench) : LetFirstResultsStand(desk);
+  }
+  if (differ && bench.workspace.HasBytes(work_file::kRows) &&
+      TellIfFailed(bench, bench.workspace.Flush(work_file::kRows))) {
+    DropOlderRows(bench.workspace);
   }
   EndSession(desk);
 }

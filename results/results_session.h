@@ -46,12 +46,20 @@ void ShowCriticalBranch(Workbench& bench);
 /// False: they could not be brought back, and the user was told why.
 bool BringBackRows(Desk& desk, std::string_view kept);
 
+inline constexpr const char* kNoResults =
+    "Ο υπολογισμός με τις νέες διαμέτρους ΔΕΝ ολοκληρώθηκε, τα αποτελέσματα ΔΕΝ ισχύουν.";
+
+/// Whether the rows on show have their results. False: the last calculation failed, and the user
+/// was told.
+bool ResultsHold(Desk& desk);
+
 /// The calculation that a change of diameters still waits for, before anything else than the
 /// section's own view deals with the rows. Gives whether one was made, or tried.
 bool RerunWaitingChange(Desk& desk);
 
 /// Back from a view: a change that waits is calculated, whether new diameters shall stand is asked,
-/// the session ends and the main menu shows; an answer left open leaves the results open.
+/// the session ends and the main menu shows. An answer that was left open, or could not be carried
+/// out, leaves the results open.
 /// `show_again` shows the rows anew after an answer.
 void GoBack(Desk& desk, std::string_view view, const std::function<void()>& show_again);
 

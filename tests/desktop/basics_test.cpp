@@ -164,6 +164,9 @@ TEST(MessageBox, ShowsFactsAboveItsQuestionAndUnfoldsTheirTable) {
   EXPECT_TRUE(QTest::qWaitFor([&] { return box.height() > folded; }, 1000));
   EXPECT_TRUE(box.accessibleDescription().contains("6,88"));
   ExpectNothingClipped(box);
+  table->setFocus();
+  QTest::keyClick(table, Qt::Key_Return);
+  EXPECT_TRUE(box.isVisible()) << "Enter in the table answers nothing";
   QTest::keyClick(&box, Qt::Key_Escape);
   EXPECT_EQ(box.GivenAnswer(), Answer::kNone) << "it may stay open";
 }

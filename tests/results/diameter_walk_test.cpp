@@ -264,6 +264,10 @@ class Wanderer : ResultsDesk {
       }
     }
     EXPECT_FLOAT_EQ(test.study.CriticalDrop, rows.At(1).DP);
+    if (pump && pump_shows_) {
+      EXPECT_EQ(pump->Text4.text,
+                FormatPattern(HeadOf(rows.At(1).DP), pattern::kTwoDecimals, walk.separators));
+    }
   }
 
   Dice dice_;

@@ -262,6 +262,12 @@ void MessageBox::keyPressEvent(QKeyEvent* event) {
       return;
     }
   }
+  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  auto* focus = qobject_cast<QPushButton*>(focusWidget());
+  if (enter && !buttons_.contains(focus)) {  // in the facts it answers nothing
+    if (focus != nullptr) focus->click();
+    return;
+  }
   QDialog::keyPressEvent(event);
 }
 
