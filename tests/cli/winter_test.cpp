@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "study/section_row.h"
 #include "tests/cli/cli_bench.h"
 
 namespace kalvo {
@@ -52,6 +53,22 @@ TEST_F(WinterRun, SavesTheFamilyAndGoesOnFromWhatWasSaved) {
   EXPECT_EQ(again.code, 0);
   EXPECT_THAT(again.out, AllOf(HasSubstr("0,48 m³/h"), HasSubstr("45 °C")));
   EXPECT_EQ(bench_.Run({"winter", study_}).code, 2);  // no values there
+}
+
+TEST_F(WinterRun, ResultsOfOtherDiametersAreEmptied) {
+  const std::string saved = bench_.Path("winter.PCK");
+  EXPECT_EQ(Run(kValues, {"--save", saved}).code, 0);
+  const auto winter = [this] {
+    const std::string rows = bench_.Studies().at("winter.WNT");
+    SectionRow first;
+    DecodeRecord(rows.data(), first);
+    return first;
+  };
+  EXPECT_GT(winter().DP, 0);
+  const Told told = bench_.Run({"diameters", saved, "--set", "2=2", "--save", saved});
+  EXPECT_EQ(told.code, 0) << told.err;
+  EXPECT_EQ(winter().DP, 0) << "of the pipes before";
+  EXPECT_EQ(bench_.Run({"winter", saved}).code, 0) << "the values stay";
 }
 
 TEST_F(WinterRun, TakesTablesAsSpreadsheetsWriteThem) {
