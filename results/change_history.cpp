@@ -25,6 +25,12 @@ bool IsChangedFrom(const Workbench& bench, const RowTable& before) {
   return !rows || !HaveSameDiameters(before, RowTable(*std::move(rows)));
 }
 
+// The rows are those that a change from the menu would bring back.
+bool AreRowsBeforeChange(const Workspace& workspace) {
+  const auto differ = DiametersDiffer(workspace, work_file::kRowsBeforeChange);
+  return workspace.HasBytes(work_file::kRowsBeforeChange) && differ && !*differ;
+}
+
 }  // namespace
 
 void ChangeHistory::Undone(ResultsSnapshot now) {
@@ -81,6 +87,8 @@ bool TakeStep(Desk& desk, HistoryStep step) {
 }
 
 bool StepInResults(Desk& desk, HistoryStep step) {
+  Workspace& workspace = desk.bench.workspace;
+  const bool behind = step == HistoryStep::kUndo && AreRowsBeforeChange(workspace);
   if (!TakeStep(desk, step)) return false;
   CloseOtherView(desk);
   if (desk.screens.results_view == ResultsView::kSheet) {
@@ -89,6 +97,10 @@ bool StepInResults(Desk& desk, HistoryStep step) {
     const WaitShown wait(desk.navigator);
     const auto ran = RerunIfChanged(desk.bench);
     if (!ran) TellError(desk.bench, ran.error());
+  }
+  const auto waits = ChangeWaits(workspace);
+  if (behind && waits && !*waits) {
+    TellIfFailed(desk.bench, workspace.Copy(work_file::kRows, work_file::kRowsBeforeChange));
   }
   if (desk.screens.diameter_view != nullptr) desk.screens.diameter_view->ShowAgain();
   return true;

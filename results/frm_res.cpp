@@ -145,7 +145,10 @@ void FrmRes::ShowRow() {
   ShowWas(row, first && number <= std::ssize(*first) ? &ByNumber(*first, number) : nullptr);
   ShowNotes(*rows, row);
   changes.Take(*rows, first ? std::optional(*first) : std::nullopt);
-  NoteDisplay(number, row);
+  // The list of diameters says so, although the row is shown as any other.
+  const bool waits = desk.screens.ChangeFormOpen &&
+                     WaitingRows(bench.workspace, *rows)[static_cast<std::size_t>(number) - 1];
+  NoteDisplay(number, row, waits);
 }
 
 void FrmRes::ShowValues(const SectionRow& row) {

@@ -100,6 +100,22 @@ TEST_F(History, WaitingChangesAreTakenBackStepByStep) {
   EXPECT_FALSE(HasStep(desk, HistoryStep::kRedo));
 }
 
+TEST_F(History, AStepBehindTheCopyOfTheMenuTakesItAlong) {
+  const std::string first = test.Bytes();
+  ASSERT_TRUE(OpenBy(view->CmdChD));
+  ReplaceAt(1, "2");
+  Click(*form, form->Cmd_Close);
+  Bury();
+  ASSERT_TRUE(OpenBy(view->CmdChangeOne));
+  EXPECT_TRUE(view->Press(Ctrl('Z')));
+  Replace("3");
+  test.prompter.Expect(304, Answer::kNo);
+  test.prompter.Expect(306, Answer::kYes);
+  Click(*view, view->CmdDiff);
+  EXPECT_TRUE(test.Bytes() == first) << "not what was taken back";
+  EXPECT_FALSE(HasStep(desk, HistoryStep::kUndo));
+}
+
 TEST_F(History, AWaitingChangeThatWasCalculatedLeadsBackToResults) {
   const std::string first = test.Bytes();
   ASSERT_TRUE(OpenBy(view->CmdChangeOne));
