@@ -140,7 +140,7 @@ void FrmCompare::ShowPump() {
   const ResultComparison& comparison = *comparison_;
   const auto show = [this](BeforeAfter<double> pair, std::string_view pattern, Label& before,
                            Label& after) {
-    const ComparedText text = TextOf(pair, pattern, desk.separators);
+    ComparedText text = TextOf(pair, pattern, desk.separators);
     before.text = text.before;
     after.text = text.after;
     return text;
