@@ -128,6 +128,7 @@ void FrmChang::Load() {
   if (!pipes) TellError(bench, pipes.error());
   ShowLibrary(pipes ? *std::move(pipes) : std::vector<PipeRow>());
   ReadSections();
+  opened_ = rows_;
   ShowSections();
   if (desk.screens.diameter_view != nullptr) {
     fpSpread1.SetCurrent({desk.screens.diameter_view->number() - 1, kNameColumn});
@@ -321,18 +322,19 @@ void FrmChang::Change() {
 }
 
 void FrmChang::Take(HistoryStep step) {
-  const bool undo = step == HistoryStep::kUndo;
   if (!HasStep(desk, step)) {
-    Refuse(undo ? kNothingToUndo : kNothingToRedo);
+    Refuse(step == HistoryStep::kUndo ? kNothingToUndo : kNothingToRedo);
     return;
   }
   const std::vector<SectionRow> before = rows_;
   LblHint.text.clear();
   if (!TakeStep(desk, step) || !ReadSections()) return;
-  for (const int section : Differing(before, rows_)) {
-    undo ? static_cast<void>(replaced_.erase(section))
-         : static_cast<void>(replaced_.insert(section));
-  }
+  const Sections changed = Differing(before, rows_);
+  replaced_.insert(changed.begin(), changed.end());
+  const Sections still = Differing(opened_, rows_);
+  std::erase_if(replaced_, [&](int section) {
+    return std::ranges::count(changed, section) != 0 && std::ranges::count(still, section) == 0;
+  });
   ShowSections();
 }
 

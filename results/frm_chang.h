@@ -88,8 +88,9 @@ class FrmChang : public Form {
   void GoRound();
 
   std::vector<SectionRow> rows_;
-  std::vector<bool> waiting_;  ///< row by row: its calculation is still to come
-  std::set<int> replaced_;     ///< sections that got another diameter here
+  std::vector<SectionRow> opened_;  ///< as the form opened
+  std::vector<bool> waiting_;       ///< row by row: its calculation is still to come
+  std::set<int> replaced_;          ///< sections that got another diameter here
   std::vector<PipeRow> pipes_;
   SectionPicks picks_;
   Sections emitters_;                ///< those of CboWay

@@ -267,6 +267,28 @@ TEST_F(ManyDiameters, LeavesTheMarkOffWhereADiameterComesBack) {
   EXPECT_TRUE(test.prompter.codes().empty()) << "no diameters differ";
 }
 
+TEST_F(ManyDiameters, TakesBackOneCommandAtATime) {
+  const std::string before = test.Bytes();
+  EXPECT_TRUE(Within(view->CmdNewD, [&](FrmChang& form) {
+    Replace(form, {2, 3}, "4");
+    const GridCell once = form.fpSpread1.At(1, 3);
+    Replace(form, {2}, "3");
+    EXPECT_TRUE(form.Press(Ctrl('Z')));
+    EXPECT_EQ(form.fpSpread1.At(1, 2).text, "4");
+    EXPECT_EQ(form.fpSpread1.At(1, 3), once) << "it is replaced still";
+    EXPECT_TRUE(form.Press(Ctrl('Z')));
+    EXPECT_EQ(form.fpSpread1.At(1, 2).tone, Tone::kPlain);
+    EXPECT_TRUE(test.Bytes() == before);
+    EXPECT_TRUE(form.Press(Ctrl('Z')));
+    EXPECT_EQ(form.LblHint.text, kNothingToUndo);
+    EXPECT_TRUE(form.Press(Ctrl('Y')));
+    EXPECT_EQ(form.fpSpread1.At(1, 3), once);
+    EXPECT_TRUE(form.Press(Ctrl('Z')));
+    Click(form, form.CmdBack);
+  }));
+  EXPECT_TRUE(test.Bytes() == before);
+}
+
 TEST_F(ManyDiameters, SaysWhyNothingIsReplaced) {
   const std::string before = test.Bytes();
   EXPECT_TRUE(Within(view->CmdNewD, [&](FrmChang& form) {
