@@ -79,7 +79,7 @@ class Grid : public Control {
   void InsertRows(int at, int count);
   void RemoveRows(int at, int count);
 
-  /// The number beside the row, where it is not that of its place; in a table whose rows stay.
+  /// The number of the row, where it is not that of its place; in a table whose rows stay.
   void SetNumber(int row, int number);
   [[nodiscard]] int NumberOf(int row) const;
 

@@ -26,8 +26,8 @@ class ChangeStrip {
   Command CmdRedo;
   Command CmdCompare;
   Label LblChanges;
-  Command CmdUndoHere;     ///< beside the line
-  Command CmdCompareHere;  ///< beside the line
+  Command CmdUndoHere;     ///< next to the line
+  Command CmdCompareHere;  ///< next to the line
 
  private:
   void Make(HistoryStep step);

@@ -11,7 +11,7 @@ namespace kalvo {
 /// found out, and the user was told why.
 std::optional<ResultComparison> CompareWithFirst(Desk& desk);
 
-/// The comparison beside the question whether new diameters shall stand.
+/// The comparison above the question whether new diameters shall stand.
 MessageFacts FactsOf(const ResultComparison& comparison, const Desk& desk);
 
 }  // namespace kalvo

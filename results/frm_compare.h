@@ -10,7 +10,7 @@
 
 namespace kalvo {
 
-/// Results as they were opened beside those of the diameters now.
+/// Results as they were opened next to those of the diameters now.
 class FrmCompare : public Form {
  public:
   explicit FrmCompare(Desk& shared_desk);

@@ -9,7 +9,7 @@
 namespace kalvo {
 namespace {
 
-// 999 sections calculated, their results sheet on show and the list of diameters beside it.
+// 999 sections calculated, their results sheet on show and the list of diameters next to it.
 struct ResultsOf999 : StudyOf999 {
   ResultsOf999() {
     session.Calculate();

@@ -26,7 +26,7 @@ enum CellLook {
   kGoodLook = 1024,    ///< better than before
 };
 
-/// Stands beside a diameter that waits.
+/// Next to a diameter that waits.
 inline constexpr const char* kWaitingWord = "αναμένει";
 
 }  // namespace kalvo

@@ -166,7 +166,7 @@ void SheetDelegate::DrawContent(QPainter& painter, const Cell& cell,
   DrawLine(painter, inside, alignment, value, laid_out);
 }
 
-// The diameter, and the word beside it at the right end.
+// The diameter, and the word next to it at the right end.
 void DiameterDelegate::DrawWaiting(QPainter& painter, const QRectF& chip, const QString& text) {
   const QFont word = ThemeFont(kHintPoints);
   const QRectF inside = chip.adjusted(6, 0, -8, 0);

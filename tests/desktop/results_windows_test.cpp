@@ -109,7 +109,7 @@ TEST(DiameterWindow, ShowsWhatWaitsInWordsToo) {
   ExpectNothingClipped(*window);
   const auto* bar = one.findChild<QScrollArea*>("figures")->verticalScrollBar();
   EXPECT_TRUE(QTest::qWaitFor([bar] { return bar->maximum() == 0; }, 1000))
-      << "all seven values are in sight beside the line of changes";
+      << "all seven values are in sight next to the line of changes";
   KeepPicture(one, "frm-res-waiting");
 }
 
