@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QPainter>
 #include <QRegularExpression>
+#include <QScreen>
 #include <QTableWidget>
 #include <QVBoxLayout>
 
@@ -196,6 +197,7 @@ QWidget* MessageBox::MakeFacts(const MessageFacts& facts) {
     unfold->setCheckable(true);
     unfold->setAutoDefault(false);
     connect(unfold, &QPushButton::toggled, table, &QWidget::setVisible);
+    connect(unfold, &QPushButton::toggled, this, [this] { KeepOnScreen(); });
     column->addWidget(unfold, 0, Qt::AlignLeft);
     column->addWidget(table);
   }
@@ -204,6 +206,13 @@ QWidget* MessageBox::MakeFacts(const MessageFacts& facts) {
   around->setContentsMargins(24, 20, 24, 0);
   around->addWidget(card);
   return body;
+}
+
+void MessageBox::KeepOnScreen() {
+  layout()->activate();  // it has its new height then
+  const QRect free = screen()->availableGeometry();
+  const int lowest = free.bottom() - frameGeometry().height() + 1;
+  if (y() > lowest) move(x(), qMax(free.top(), lowest));
 }
 
 QWidget* MessageBox::MakeBar(const Box& box) {

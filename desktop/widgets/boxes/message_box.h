@@ -35,6 +35,8 @@ class MessageBox : public QDialog {
   QWidget* MakeBody(const Box& box);
   /// Captions with their values, and under them the table that a button unfolds.
   QWidget* MakeFacts(const MessageFacts& facts);
+  /// The buttons stay in reach when the table unfolds.
+  void KeepOnScreen();
   QWidget* MakeBar(const Box& box);
 
   QList<QPushButton*> buttons_;
