@@ -102,13 +102,13 @@ Settled SettleDiameters(Desk& desk, const std::function<void()>& show_again) {
 }
 
 // Diameters that came back after a calculation that failed have the first results, too. Where the
-// first rows are gone the present diameters stand.
-void LetFirstResultsStand(Desk& desk) {
+// first rows are gone the present diameters stand. False: the first rows could not be brought back.
+bool LetFirstResultsStand(Desk& desk) {
   if (!desk.bench.workspace.HasBytes(work_file::kFirstRows)) {
     if (!AreAsCalculated(desk.bench)) LetDiametersStand(desk.bench);
-  } else if (desk.bench.study.recalculation_needed) {
-    BringBackRows(desk, work_file::kFirstRows);
+    return true;
   }
+  return !desk.bench.study.recalculation_needed || BringBackRows(desk, work_file::kFirstRows);
 }
 
 // What the results were opened from shows.
@@ -232,7 +232,7 @@ void GoBack(Desk& desk, std::string_view view, const std::function<void()>& show
   } else if (*differ) {
     if (SettleDiameters(desk, show_again) != Settled::kYes) return;
   } else if (!desk.screens.WinterPump) {
-    LetFirstResultsStand(desk);
+    settled = LetFirstResultsStand(desk) && settled;
   }
   desk.screens.results_view = ResultsView::kOne;
   desk.navigator.Close(screen::kPump);
@@ -250,13 +250,16 @@ void LeaveByWindow(Desk& desk) {
   Workbench& bench = desk.bench;
   RerunWaitingChange(desk);
   const auto differ = DiametersDiffer(bench.workspace, work_file::kFirstRows);
+  bool settled = differ.ok();
   if (!differ) {
     TellError(bench, differ.error());
     LetDiametersStand(bench);
+  } else if (*differ) {
+    LetDiametersStand(bench);
   } else if (!desk.screens.WinterPump) {
-    *differ ? LetDiametersStand(bench) : LetFirstResultsStand(desk);
+    settled = LetFirstResultsStand(desk);
   }
-  if (differ && bench.workspace.HasBytes(work_file::kRows) &&
+  if (settled && bench.workspace.HasBytes(work_file::kRows) &&
       TellIfFailed(bench, bench.workspace.Flush(work_file::kRows))) {
     DropOlderRows(bench.workspace);
   }

@@ -3,22 +3,19 @@
 #include <optional>
 
 #include "results/frm_avai_d.h"
-#include "tests/results/results_desk.h"
+#include "tests/results/view_desk.h"
 
 namespace kalvo {
 
 /// Results with a view, and beside it the form, once a command of the view has opened it.
 template <typename View>
-struct DiameterDesk : ResultsDesk {
-  explicit DiameterDesk(SystemKind kind = SystemKind::kClosed) : ResultsDesk(kind) {}
+struct DiameterDesk : ViewDesk<View> {
+  using ViewDesk<View>::ViewDesk;
+  using ResultsDesk::desk;
+  using ResultsDesk::navigator;
+  using ResultsDesk::TakeLog;
+  using ViewDesk<View>::view;
 
-  void Load() {
-    view.emplace(desk);
-    view->Load();
-    view->Activate();
-    test.study.unsaved_changes = false;
-    TakeLog();
-  }
   /// Gives whether the command asked for the form; it is open then.
   bool OpenBy(Command& command) {
     TakeLog();
@@ -54,7 +51,6 @@ struct DiameterDesk : ResultsDesk {
     return row < 0 ? "(none)" : form->fpSpread1.At(row, 0).text;
   }
 
-  std::optional<View> view;
   std::optional<FrmAvaiD> form;
 };
 

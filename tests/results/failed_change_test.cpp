@@ -12,8 +12,8 @@ namespace kalvo {
 namespace {
 
 // Whatever is replaced, no calculation comes about: a section has no flow.
-struct FailedChange : DiameterDesk<FrmRes>, ::testing::Test {
-  FailedChange() {
+struct FailedDesk : DiameterDesk<FrmRes> {
+  FailedDesk() {
     Load();
     first = test.Bytes();
     EXPECT_TRUE(OpenBy(view->CmdChD));
@@ -25,6 +25,7 @@ struct FailedChange : DiameterDesk<FrmRes>, ::testing::Test {
   std::string first;
   std::string own;
 };
+struct FailedChange : FailedDesk, ::testing::Test {};
 
 TEST_F(FailedChange, IsNoReferenceForTheNextOne) {
   const std::string previous = test.Bytes(work_file::kPreviousRows);
@@ -57,6 +58,24 @@ TEST_F(FailedChange, TakenBackGivesTheFirstResultsWithoutAQuestion) {
   Click(*view, view->CmdBack);
   EXPECT_TRUE(test.Bytes() == first);
   EXPECT_FALSE(test.study.recalculation_needed);
+}
+
+TEST(FailedChangeOnAFailingDisk, KeepsTheFirstRowsUntilTheyAreBack) {
+  bool reached = true;
+  for (int operation = 1; reached; ++operation) {
+    SCOPED_TRACE(operation);
+    FailedDesk desk;
+    TestBench& test = desk.test;
+    desk.Replace(desk.own);
+    FailingDisk disk(test.work_disk);
+    test.workspace = Workspace(disk, TestBench::kProgramFolder, test.outer_disk,
+                               TestBench::kLibraryFolder, test.clock);
+    disk.FailAtOperation(operation, FailingDisk::Lasting::kOnce);
+    Click(*desk.view, desk.view->CmdBack);
+    reached = disk.operations() >= operation;
+    EXPECT_TRUE(test.Bytes() == desk.first || (test.workspace.Exists(work_file::kFirstRows) &&
+                                               test.Bytes(work_file::kFirstRows) == desk.first));
+  }
 }
 
 TEST(WaitingChange, IsCalculatedBeforeItIsCompared) {

@@ -2,25 +2,20 @@
 
 #include <gtest/gtest.h>
 
-#include <optional>
-
 #include "results/frm_chang.h"
-#include "tests/results/results_desk.h"
+#include "tests/results/view_desk.h"
 
 namespace kalvo {
 
 /// Results with a view, and over it the form, once a command of the view has opened it.
 template <typename View>
-struct ManyDesk : ResultsDesk {
-  explicit ManyDesk(SystemKind kind = SystemKind::kClosed) : ResultsDesk(kind) {}
+struct ManyDesk : ViewDesk<View> {
+  using ViewDesk<View>::ViewDesk;
+  using ResultsDesk::desk;
+  using ResultsDesk::navigator;
+  using ResultsDesk::TakeLog;
+  using ViewDesk<View>::view;
 
-  void Load() {
-    view.emplace(desk);
-    view->Load();
-    view->Activate();
-    test.study.unsaved_changes = false;
-    TakeLog();
-  }
   /// The user presses a command and does this in the form that it shows. Gives whether it did.
   template <typename Use>
   bool Within(Command& command, const Use& use) {
@@ -67,8 +62,6 @@ struct ManyDesk : ResultsDesk {
   [[nodiscard]] std::string Bracketed(float mm) const {
     return "[ " + FormatNumber(mm, desk.separators) + " ]";
   }
-
-  std::optional<View> view;
 };
 
 }  // namespace kalvo
