@@ -31,8 +31,8 @@ std::optional<CommandEnd> AskCapacity(Workbench& bench) {
   return go_on ? std::nullopt : std::optional(CommandEnd::kCapacity);
 }
 
-CommandEnd Run(Workbench& bench, Method method) {
-  switch (RunPasses(bench, method)) {
+CommandEnd EndOf(RunEnd end) {
+  switch (end) {
     case RunEnd::kViscosity:
       return CommandEnd::kViscosity;
     case RunEnd::kBrokenOff:
@@ -138,18 +138,20 @@ std::optional<CommandEnd> CheckNetwork(Workbench& bench, Network& network) {
   return network.lone_section ? std::nullopt : CheckClosedNetwork(bench, network);
 }
 
-CommandEnd RunAsked(Workbench& bench, const ChooseMethod& choose, const Network& network) {
+CommandEnd RunAsked(Workbench& bench, const ChooseRun& choose, const Network& network) {
   if (const auto end = AskCapacity(bench)) {
     return *end;
   }
   const bool rebuild = bench.study.SystemClosed() && !network.lone_section && !network.has_results;
   CommandEnd end = CommandEnd::kCancelled;
-  choose([&](Method method) {
+  const auto make = [&](const std::function<RunEnd()>& run) {
     const SummedFlows* flows = network.flows ? &*network.flows : nullptr;
     const bool broken =
         rebuild && RunTrapped(bench, [&] { RebuildEmitterData(bench, flows); }).has_value();
-    end = broken ? Abort(bench.study) : Run(bench, method);
-  });
+    end = broken ? Abort(bench.study) : EndOf(run());
+  };
+  choose({[&](Method method) { make([&] { return RunPasses(bench, method); }); },
+          [&] { make([&] { return RunKeepingPipes(bench); }); }});
   return end;
 }
 
@@ -177,7 +179,7 @@ bool HasResults(const std::vector<SectionRow>& rows) {
   return !rows.empty() && rows.front().PAR != 0.0F && rows.front().DP != 0.0F;
 }
 
-CommandEnd Calculate(Workbench& bench, const ChooseMethod& choose) {
+CommandEnd Calculate(Workbench& bench, const ChooseRun& choose) {
   const Study& study = bench.study;
   if (const int message = GateMessage(bench); message != 0) {
     bench.Show(message);
@@ -197,7 +199,7 @@ CommandEnd Calculate(Workbench& bench, const ChooseMethod& choose) {
 }
 
 CommandEnd Calculate(Workbench& bench, Method method) {
-  return Calculate(bench, [method](const RunByMethod& run) { run(method); });
+  return Calculate(bench, [method](const CalculationRuns& runs) { runs.by_method(method); });
 }
 
 }  // namespace kalvo

@@ -46,18 +46,38 @@ Branch ChainOfResults(const Workbench& bench, const RowTable& rows) {
   return ReadCriticalBranch(bench.study, rows).chain;
 }
 
-RunEnd RunOnRows(Workbench& bench, Method method) {
+// What of the study every row repeats; pressures emptied.
+void SetHeaderValues(Study& study, RowTable& rows) {
+  study.SectionCount = ToInt16(rows.count());
+  // A re-run goes by the row's own word, which may be that of a pipe system chosen before.
+  const auto material = FixedText<78>::FromUtf8(study.pipe_material);
+  for (SectionRow& row : rows.rows()) {
+    row.Material = material;
+    row.MeanTemp = study.MeanTemp;
+    row.FileNumber = study.pipe_system_number;
+    row.MeanVel = study.MeanVel;
+    row.PAR = 0;
+    row.DP = 0;
+    row.AvaiPres = 0;
+  }
+}
+
+// Pipes and pressures of rows whose results are empty.
+using Passes =
+    std::function<void(RowTable& rows, const PassConditions& pass, const NotePostponed& note)>;
+
+RunEnd RunOnRows(Workbench& bench, const std::function<void(RowTable& rows)>& reset,
+                 const Passes& passes) {
   Study& study = bench.study;
   PostponedFile postponed(bench.workspace);
   std::optional<PassConditions> pass;
   const bool calculates = study.system_kind != SystemKind::kNone;
   const auto run = [&](RowTable& rows) {
-    ResetCalcFields(study, rows);
+    reset(rows);
     if (!calculates) return;
     pass = HoldPassConditions(bench.workspace, study, study.MeanTemp);
     if (!pass) return;
-    SizePipes(study, rows, *pass, method);
-    FindPressures(study, rows, *pass, method, postponed.Note());
+    passes(rows, *pass, postponed.Note());
     KeepCalculatedDiameters(study, rows.rows());
   };
   ChangeRows(bench, run, [&study] { study.results_valid = false; });
@@ -79,6 +99,27 @@ RunEnd RunOnRows(Workbench& bench, Method method) {
   return RunEnd::kCalculated;
 }
 
+// What every run leaves of the study, however it ends.
+RunEnd RunTrappedOnRows(Workbench& bench, const std::function<RunEnd()>& run) {
+  Study& study = bench.study;
+  study.CalcAborted = false;
+  const std::int16_t row_before = study.CurrentRow;
+  // Row 1 has it too; sizing may raise the study's own value for the run.
+  const float design_velocity = study.MeanVel;
+  RunEnd end = RunEnd::kCalculated;
+  if (RunTrapped(bench, [&] { end = run(); })) {
+    end = RunEnd::kBrokenOff;
+  }
+  study.MeanVel = design_velocity;
+  study.CalcAborted = end == RunEnd::kBrokenOff;
+  study.CurrentRow = row_before;
+  if (study.system_kind != SystemKind::kNone && end == RunEnd::kCalculated) {
+    study.recalculation_needed = false;
+    study.came_by_recovery = false;
+  }
+  return end;
+}
+
 }  // namespace
 
 bool IsLoneSection(const std::vector<SectionRow>& rows) {
@@ -86,17 +127,8 @@ bool IsLoneSection(const std::vector<SectionRow>& rows) {
 }
 
 void ResetCalcFields(Study& study, RowTable& rows) {
-  study.SectionCount = ToInt16(rows.count());
-  // A re-run goes by the row's own word, which may be that of a pipe system chosen before.
-  const auto material = FixedText<78>::FromUtf8(study.pipe_material);
+  SetHeaderValues(study, rows);
   for (SectionRow& row : rows.rows()) {
-    row.Material = material;
-    row.MeanTemp = study.MeanTemp;
-    row.FileNumber = study.pipe_system_number;
-    row.MeanVel = study.MeanVel;
-    row.PAR = 0;
-    row.DP = 0;
-    row.AvaiPres = 0;
     row.NomiDiam = {};
   }
 }
@@ -149,23 +181,24 @@ void ChangeRows(Workbench& bench, const std::function<void(RowTable& rows)>& wor
 
 RunEnd RunPasses(Workbench& bench, Method method) {
   Study& study = bench.study;
-  study.CalcAborted = false;
   study.method = method;
-  const std::int16_t row_before = study.CurrentRow;
-  // Row 1 has it too; sizing may raise the study's own value for the run.
-  const float design_velocity = study.MeanVel;
-  RunEnd end = RunEnd::kCalculated;
-  if (RunTrapped(bench, [&] { end = RunOnRows(bench, method); })) {
-    end = RunEnd::kBrokenOff;
-  }
-  study.MeanVel = design_velocity;
-  study.CalcAborted = end == RunEnd::kBrokenOff;
-  study.CurrentRow = row_before;
-  if (study.system_kind != SystemKind::kNone && end == RunEnd::kCalculated) {
-    study.recalculation_needed = false;
-    study.came_by_recovery = false;
-  }
-  return end;
+  const auto reset = [&study](RowTable& rows) { ResetCalcFields(study, rows); };
+  const auto passes = [&](RowTable& rows, const PassConditions& pass, const NotePostponed& note) {
+    SizePipes(study, rows, pass, method);
+    FindPressures(study, rows, pass, method, note);
+  };
+  return RunTrappedOnRows(bench, [&] { return RunOnRows(bench, reset, passes); });
+}
+
+RunEnd RunKeepingPipes(Workbench& bench) {
+  Study& study = bench.study;
+  const auto reset = [&study](RowTable& rows) { SetHeaderValues(study, rows); };
+  const auto passes = [&](RowTable& rows, const PassConditions& pass, const NotePostponed& note) {
+    const Method recorded = MethodOf(rows.At(1)).value_or(Method::kFlowOnly);
+    SizeMissingPipes(study, rows, pass, recorded);
+    FindPressures(study, rows, pass, Method::kFlowOnly, note);
+  };
+  return RunTrappedOnRows(bench, [&] { return RunOnRows(bench, reset, passes); });
 }
 
 RunEnd RunCalculation(Workbench& bench) {

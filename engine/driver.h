@@ -26,6 +26,10 @@ void ResetCalcFields(Study& study, RowTable& rows);
 /// A run that ends well deletes `DATARES.PRV` and `DATARES.@@@`, whose rows it has replaced.
 RunEnd RunPasses(Workbench& bench, Method method);
 
+/// The same with the pipes that the rows have: only a row without a diameter, or with one that the
+/// pipe system has not, is sized. Nothing is balanced; the method recorded in row 1 stays.
+RunEnd RunKeepingPipes(Workbench& bench);
+
 /// The automatic run. A closed system always takes the first method, an open one that of its last
 /// run.
 RunEnd RunCalculation(Workbench& bench);

@@ -140,6 +140,24 @@ void RecalculateRows(Study& study, RowTable& table, const PassConditions& pass) 
   FillRows(study, table, pass, [&](SectionRow& row) { RecalculateRow(study, pass, row); });
 }
 
+bool KeepsDiameter(const std::vector<PipeRow>& library, const SectionRow& row) {
+  return std::ranges::any_of(library, [&row](const PipeRow& pipe) {
+    return pipe.inner_diameter == std::fabs(row.InDiameter) &&
+           pipe.nominal_diameter.Trimmed() == row.NomiDiam.Trimmed();
+  });
+}
+
+void SizeMissingPipes(Study& study, RowTable& table, const PassConditions& pass, Method method) {
+  FillRows(study, table, pass, [&](SectionRow& row) {
+    if (!KeepsDiameter(pass.library, row)) {
+      SizeRow(study, pass, method, row);
+      return;
+    }
+    RecalculateRow(study, pass, row);
+    SetMethod(row, method);
+  });
+}
+
 void SizePipes(Workbench& bench, Method method) {
   if (const auto pass = TakePassConditions(bench)) {
     RowStore store(bench.workspace);

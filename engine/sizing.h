@@ -47,8 +47,16 @@ void SizePipes(Study& study, RowTable& rows, const PassConditions& pass, Method 
 /// The same on the diameters that the rows have; their method and diameter stay as they are.
 void RecalculateRows(Study& study, RowTable& rows, const PassConditions& pass);
 
-/// Both on the rows of the study, read and written; the user is told when the fluid does not fit.
-/// Faults: kFile, too.
+/// Whether a row has a diameter that SizeMissingPipes() leaves it: one of the library, by name and
+/// size.
+bool KeepsDiameter(const std::vector<PipeRow>& library, const SectionRow& row);
+
+/// Sizes the rows that have no diameter, or one that the library has not, as SizePipes() does; the
+/// others are calculated on theirs. `method` is recorded in all.
+void SizeMissingPipes(Study& study, RowTable& rows, const PassConditions& pass, Method method);
+
+/// The first two on the rows of the study, read and written; the user is told when the fluid does
+/// not fit. Faults: kFile, too.
 void SizePipes(Workbench& bench, Method method);
 void RecalculateRows(Workbench& bench);
 

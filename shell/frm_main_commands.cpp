@@ -6,6 +6,7 @@
 #include "form/wait.h"
 #include "results/node_report.h"
 #include "shell/frm_main.h"
+#include "shell/imposed_diameters.h"
 #include "shell/message_table.h"
 #include "shell/study_dialogs.h"
 #include "study/date_text.h"
@@ -128,12 +129,16 @@ void FrmMain::OpenEmitterData() {
 void FrmMain::Calculate(bool choose_method) {
   if (!SettleTitle() || AskToOpenKeptSheet(desk)) return;
   const bool ask = choose_method || bench.study.SystemOpen();
-  const auto choose = [&](const RunByMethod& run) {
-    if (!ask) {
-      run(Method::kFlowOnly);
-      return;
+  const auto choose = [&](const CalculationRuns& runs) {
+    const ImposedDiameters imposed = AskAboutImposedDiameters(bench);
+    if (imposed == ImposedDiameters::kUndecided) return;
+    if (imposed == ImposedDiameters::kStay) {
+      runs.keeping_pipes();
+    } else if (ask) {
+      RunByChosenMethod(desk, runs.by_method);
+    } else {
+      runs.by_method(Method::kFlowOnly);
     }
-    RunByChosenMethod(desk, run);
   };
   const CommandEnd end = [&] {
     const WaitShown wait(desk.navigator);

@@ -5,6 +5,7 @@
 #include "form/open_kept_sheet.h"
 #include "form/tell.h"
 #include "form/wait.h"
+#include "shell/imposed_diameters.h"
 #include "shell/message_table.h"
 #include "shell/messages.h"
 #include "shell/open_study.h"
@@ -145,7 +146,7 @@ void BringWinterBack(Workbench& bench, const std::filesystem::path& copy) {
 bool SaveStudy(Desk& desk) {
   Workbench& bench = desk.bench;
   Study& study = bench.study;
-  if (NothingToSave(bench)) return false;
+  if (NothingToSave(bench) || !MaySaveWithoutImposed(bench)) return false;
   const bool unsaved = std::exchange(study.unsaved_changes, true);
   const std::optional<ChosenFile> target = ChooseTarget(desk);
   study.unsaved_changes = unsaved;
@@ -161,7 +162,7 @@ bool SaveToOwnFile(Desk& desk) {
   Study& study = bench.study;
   if (study.study_path == kEscapePath) study.study_path = study.last_study_path;
   if (study.study_path.empty()) return SaveStudy(desk);
-  if (NothingToSave(bench)) return false;
+  if (NothingToSave(bench) || !MaySaveWithoutImposed(bench)) return false;
   const auto disk = SettleStudy(bench.workspace.outer_disk(), study.study_path);
   if (!disk) {
     TellError(bench, disk.error());

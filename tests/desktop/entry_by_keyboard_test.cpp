@@ -182,7 +182,7 @@ struct Typist : ShownProgram {
 struct CalculatedSample : CalculatedCase {
   explicit CalculatedSample(const char* name)
       : CalculatedCase(std::filesystem::path(KALVO_SAMPLES_DIR) / name, KALVO_LIBRARY_DIR) {
-    EXPECT_EQ(kalvo::Calculate(bench, [](const auto& run) { run(Method::kFlowOnly); }),
+    EXPECT_EQ(kalvo::Calculate(bench, [](const auto& runs) { runs.by_method(Method::kFlowOnly); }),
               CommandEnd::kCalculated);
   }
 };

@@ -249,7 +249,7 @@ TEST(OpenCommand, NamesThatWereNotCheckedSinceAChangeAreRefused) {
 TEST(OpenCommand, AClosedChoiceLeavesTheRows) {
   TestBench bench(SystemKind::kOpen);
   PutOpen(bench);
-  EXPECT_EQ(Calculate(bench.bench, [](const RunByMethod& /*run*/) {}), CommandEnd::kCancelled);
+  EXPECT_EQ(Calculate(bench.bench, [](const CalculationRuns& /*runs*/) {}), CommandEnd::kCancelled);
   EXPECT_FALSE(HasResults(bench.Rows()));
   EXPECT_EQ(Calculate(bench, Method::kFlowAndPressure), CommandEnd::kCalculated);
   EXPECT_EQ(bench.Row(1).INILAMDA, 2.0F);
