@@ -58,9 +58,8 @@ OrderedJson SectionJson(const ChangedSection& section) {
 void PrintTotals(const Console& console, const ResultComparison& comparison, bool closed) {
   const auto pattern = [&console](std::string_view known) {
     return
-        [&console, known](double value) { return FormatPattern(value, known, console.separators); };
+        [&console, known](auto value) { return FormatPattern(value, known, console.separators); };
   };
-  const auto as_it_is = [](const std::string& text) { return text; };
   TextTable totals({{"", "", true}, {"πριν", ""}, {"μετά", ""}});
   totals.Add(CellsOf("Παροχή αντλίας [m³/h]", comparison.flow, pattern(pattern::kTwoDecimals)));
   totals.Add(CellsOf("Μανομετρικό ύψος [m w.g.]", comparison.head, pattern(pattern::kTwoDecimals)));
@@ -68,10 +67,11 @@ void PrintTotals(const Console& console, const ResultComparison& comparison, boo
     totals.Add(CellsOf("Περιεκτικότητα [Lit]", LitresOf(comparison.fluid_content),
                        pattern(pattern::kOneDecimal)));
   }
-  if (comparison.critical_branch.Differs()) {
-    totals.Add(CellsOf("Δυσμενέστερος κλάδος", comparison.critical_branch, as_it_is));
-  }
   totals.Print(console);
+  if (comparison.critical_branch.Differs()) {  // chains as long as the network
+    console.out << "Δυσμενέστερος κλάδος πριν : " << comparison.critical_branch.before << '\n'
+                << "Δυσμενέστερος κλάδος μετά : " << comparison.critical_branch.after << '\n';
+  }
 }
 
 }  // namespace

@@ -11,6 +11,7 @@ namespace {
 constexpr int kDelayMs = 150;
 // The card stands over the bar at the foot of a window.
 constexpr int kAboveBottomBar = 66;
+constexpr int kLeastMargin = 8;
 
 }  // namespace
 
@@ -52,7 +53,8 @@ void WaitIndicator::ShowCard() {
   card_ = new WaitCard(front);
   card_->Begin(waits_.back().text);
   card_->adjustSize();
-  card_->resize(front->width() * 2 / 3, card_->height());
+  const int wide = qMax(front->width() * 2 / 3, card_->width());
+  card_->resize(qMin(wide, front->width() - 2 * kLeastMargin), card_->height());
   card_->move((front->width() - card_->width()) / 2,
               front->height() - card_->height() - kAboveBottomBar);
   card_->show();

@@ -74,13 +74,25 @@ void SettleFlags(Study& study, RunEnd end) {
   study.came_by_recovery = study.came_by_recovery && study.recalculation_needed;
 }
 
-// The file of the rows that the results belong to; nullptr: there is none.
-const char* CalculatedRowsOf(const Workspace& workspace) {
+using Rows = std::vector<SectionRow>;
+
+// The rows that the results belong to, none when no file has them. One that is not there is passed
+// over only when that is sure.
+Result<Rows> CalculatedRows(const Workspace& workspace) {
   for (const char* const file :
        {work_file::kPreviousRows, work_file::kRowsBeforeChange, work_file::kFirstRows}) {
-    if (workspace.HasBytes(file)) return file;
+    auto rows = workspace.Rows(file).ReadAll();
+    if (!rows || !rows->empty()) return rows;
   }
-  return nullptr;
+  return Rows();
+}
+
+bool HaveOtherDiameters(const Rows& before, const Rows& now) {
+  return before.size() < now.size() ||
+         !std::equal(now.begin(), now.end(), before.begin(),
+                     [](const SectionRow& a, const SectionRow& b) {
+                       return a.NomiDiam.Trimmed() == b.NomiDiam.Trimmed();
+                     });
 }
 
 }  // namespace
@@ -94,31 +106,21 @@ Result<bool> DiametersDiffer(const Workspace& workspace, std::string_view older)
   if (!now) {
     return now.error();
   }
-  if (before->empty()) {
-    return false;
-  }
-  return before->size() < now->size() ||
-         !std::equal(now->begin(), now->end(), before->begin(),
-                     [](const SectionRow& a, const SectionRow& b) {
-                       return a.NomiDiam.Trimmed() == b.NomiDiam.Trimmed();
-                     });
+  return !before->empty() && HaveOtherDiameters(*before, *now);
 }
 
 Result<bool> ChangeWaits(const Workspace& workspace) {
-  if (const auto rows = workspace.Rows().ReadAll(); !rows) {
+  const auto rows = workspace.Rows().ReadAll();
+  if (!rows) {
     return rows.error();
   }
-  const char* const older = CalculatedRowsOf(workspace);
-  if (older == nullptr) return false;
-  const auto differ = DiametersDiffer(workspace, older);
-  return !differ || *differ;
+  const auto calculated = CalculatedRows(workspace);
+  return !calculated || (!calculated->empty() && HaveOtherDiameters(*calculated, *rows));
 }
 
 std::vector<bool> WaitingRows(const Workspace& workspace, std::span<const SectionRow> rows) {
   std::vector<bool> waiting(rows.size(), false);
-  const char* const older = CalculatedRowsOf(workspace);
-  if (older == nullptr) return waiting;
-  const auto calculated = workspace.Rows(older).ReadAll();
+  const auto calculated = CalculatedRows(workspace);
   if (!calculated) return waiting;
   for (std::size_t i = 0; i < rows.size() && i < calculated->size(); ++i) {
     waiting[i] = rows[i].NomiDiam.Trimmed() != (*calculated)[i].NomiDiam.Trimmed();
@@ -142,11 +144,16 @@ RunEnd RerunChanged(Workbench& bench, const ChangeOfRows& change) {
 }
 
 Result<bool> RerunIfChanged(Workbench& bench) {
-  Result<bool> differ = DiametersDiffer(bench.workspace, work_file::kPreviousRows);
-  if (differ && *differ) {
+  const auto differ = DiametersDiffer(bench.workspace, work_file::kPreviousRows);
+  if (!differ) {
+    return differ;
+  }
+  const bool failed =
+      bench.study.recalculation_needed && bench.workspace.HasBytes(work_file::kPreviousRows);
+  if (*differ || failed) {
     Rerun(bench);
   }
-  return differ;
+  return *differ || failed;
 }
 
 bool HasAllDiameters(const std::vector<SectionRow>& rows) {

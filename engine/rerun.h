@@ -35,7 +35,8 @@ RunEnd Rerun(Workbench& bench);
 /// changed.
 RunEnd RerunChanged(Workbench& bench, const std::function<void(RowTable& rows)>& change);
 
-/// Rerun() if a diameter changed since `DATARES.PRV` was written, marking the study changed.
+/// Rerun() if a diameter changed since `DATARES.PRV` was written, or the run after a change failed,
+/// marking the study changed.
 /// Gives whether it ran. Error: a file cannot be read.
 Result<bool> RerunIfChanged(Workbench& bench);
 

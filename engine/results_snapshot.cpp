@@ -79,7 +79,10 @@ Outcome BringBack(Workbench& bench, const ResultsSnapshot& snapshot) {
   }
   TakeOver(bench.study, snapshot);
   Outcome followed = WriteFollowers(bench.workspace, snapshot);
-  bench.study.recalculation_needed |= !followed.ok();
+  // A later run on the same diameters may have left its rows: the results are not of that run.
+  const auto waits = ChangeWaits(bench.workspace);
+  const bool forgotten = snapshot.waits && waits && !*waits;
+  bench.study.recalculation_needed |= forgotten || !followed.ok();
   return followed;
 }
 

@@ -31,6 +31,46 @@ bool AreRowsBeforeChange(const Workspace& workspace) {
   return workspace.HasBytes(work_file::kRowsBeforeChange) && differ && !*differ;
 }
 
+// Puts the rows of a step in place.
+bool BringStepBack(Desk& desk, HistoryStep step) {
+  if (!HasStep(desk, step)) return false;
+  ChangeHistory& history = *desk.screens.change_history;
+  auto now = TakeSnapshot(desk.bench);
+  if (!now) {
+    TellError(desk.bench, now.error());
+    return false;
+  }
+  const bool undo = step == HistoryStep::kUndo;
+  const ResultsSnapshot& wanted = undo ? history.ToUndo() : history.ToRedo();
+  TellIfFailed(desk.bench, BringBack(desk.bench, wanted));
+  if (IsChangedFrom(desk.bench, wanted.rows)) return false;
+  undo ? history.Undone(*std::move(now)) : history.Redone(*std::move(now));
+  ClosePump(desk);
+  return true;
+}
+
+// The step, then what follows it. A copy of the rows before a change from the menu goes along with
+// a step behind it: it would bring back what was taken back.
+bool MakeStep(Desk& desk, HistoryStep step, const std::function<void()>& follow) {
+  const Workspace& workspace = desk.bench.workspace;
+  const bool behind = step == HistoryStep::kUndo && AreRowsBeforeChange(workspace);
+  if (!BringStepBack(desk, step)) return false;
+  follow();
+  const auto waits = ChangeWaits(workspace);
+  if (behind && waits && !*waits) KeepRows(desk, work_file::kRowsBeforeChange);
+  return true;
+}
+
+void CalculateStep(Desk& desk) {
+  if (desk.screens.results_view == ResultsView::kSheet) {
+    RerunWaitingChange(desk);
+    return;
+  }
+  const WaitShown wait(desk.navigator);
+  const auto ran = RerunIfChanged(desk.bench);
+  if (!ran) TellError(desk.bench, ran.error());
+}
+
 }  // namespace
 
 void ChangeHistory::Undone(ResultsSnapshot now) {
@@ -59,6 +99,7 @@ void MakeChange(Desk& desk, const std::function<void()>& change) {
   }
   change();
   if (!IsChangedFrom(desk.bench, before->rows)) return;
+  ClosePump(desk);
   auto& history = desk.screens.change_history;
   if (history == nullptr) history = std::make_shared<ChangeHistory>();
   history->Add(*std::move(before));
@@ -71,39 +112,16 @@ bool HasStep(const Desk& desk, HistoryStep step) {
 }
 
 bool TakeStep(Desk& desk, HistoryStep step) {
-  if (!HasStep(desk, step)) return false;
-  ChangeHistory& history = *desk.screens.change_history;
-  auto now = TakeSnapshot(desk.bench);
-  if (!now) {
-    TellError(desk.bench, now.error());
-    return false;
-  }
-  const bool undo = step == HistoryStep::kUndo;
-  const ResultsSnapshot& wanted = undo ? history.ToUndo() : history.ToRedo();
-  TellIfFailed(desk.bench, BringBack(desk.bench, wanted));
-  if (IsChangedFrom(desk.bench, wanted.rows)) return false;
-  undo ? history.Undone(*std::move(now)) : history.Redone(*std::move(now));
-  return true;
+  return MakeStep(desk, step, [] {});
 }
 
 bool StepInResults(Desk& desk, HistoryStep step) {
-  Workspace& workspace = desk.bench.workspace;
-  const bool behind = step == HistoryStep::kUndo && AreRowsBeforeChange(workspace);
-  if (!TakeStep(desk, step)) return false;
-  CloseOtherView(desk);
-  if (desk.screens.results_view == ResultsView::kSheet) {
-    RerunWaitingChange(desk);
-  } else {
-    const WaitShown wait(desk.navigator);
-    const auto ran = RerunIfChanged(desk.bench);
-    if (!ran) TellError(desk.bench, ran.error());
-  }
-  const auto waits = ChangeWaits(workspace);
-  if (behind && waits && !*waits) {
-    TellIfFailed(desk.bench, workspace.Copy(work_file::kRows, work_file::kRowsBeforeChange));
-  }
-  if (desk.screens.diameter_view != nullptr) desk.screens.diameter_view->ShowAgain();
-  return true;
+  const bool made = MakeStep(desk, step, [&desk] {
+    CloseOtherView(desk);
+    CalculateStep(desk);
+  });
+  if (made && desk.screens.diameter_view != nullptr) desk.screens.diameter_view->ShowAgain();
+  return made;
 }
 
 }  // namespace kalvo

@@ -1,5 +1,7 @@
 #include "results/compare_with_first.h"
 
+#include <algorithm>
+
 #include "engine/trap.h"
 #include "form/tell.h"
 #include "results/comparison_text.h"
@@ -59,8 +61,7 @@ std::optional<ResultComparison> CompareWithFirst(Desk& desk) {
 
 MessageFacts FactsOf(const ResultComparison& comparison, const Desk& desk) {
   const Separators separators = desk.separators;
-  const auto flow =
-      TextOf({comparison.flow.before, comparison.flow.after}, pattern::kTwoDecimals, separators);
+  const auto flow = TextOf(comparison.flow, pattern::kTwoDecimals, separators);
   const auto head = RoundedHead(comparison);
   const auto head_text = TextOf(head, pattern::kTwoDecimals, separators);
   MessageFacts facts;
@@ -75,20 +76,25 @@ MessageFacts FactsOf(const ResultComparison& comparison, const Desk& desk) {
         {"Υγρό στο δίκτυο",
          Pair(TextOf(Litres(comparison), pattern::kOneDecimal, separators), " Lit")});
   }
-  facts.lines.push_back({"Δυσμενέστερος κλάδος", comparison.critical_branch.Differs()
-                                                     ? "άλλος από πριν"
-                                                     : "ο ίδιος κλάδος"});
+  const auto& branch = comparison.critical_branch;
+  if (branch.Differs()) {
+    facts.lines.push_back({"Δυσμενέστερος κλάδος πριν", branch.before});
+    facts.lines.push_back({"Δυσμενέστερος κλάδος μετά", branch.after});
+  } else {
+    facts.lines.push_back({"Δυσμενέστερος κλάδος", "ο ίδιος κλάδος"});
+  }
   facts.table_caption = "Τμήματα που διαφέρουν : " + std::to_string(comparison.sections.size());
-  facts.heads = {"α/α",  "ΟΝΟΜΑΣΙΑ",   "ΔΙΑΜΕΤΡΟΣ πριν", "μετά",           "ΤΑΧΥΤΗΤΑ πριν",
-                 "μετά", "ΠΤΩΣΗ πριν", "μετά",           "ΔΙΑΘΕΣΙΜΗ πριν", "μετά"};
-  for (const ChangedSection& section : comparison.sections) {
+  facts.heads = {"α/α",         "ΟΝΟΜΑΣΙΑ", "ΔΙΑΜΕΤΡΟΣ\nπριν", "μετά", "ΤΑΧΥΤΗΤΑ\nπριν", "μετά",
+                 "ΠΤΩΣΗ\nπριν", "μετά",     "ΔΙΑΘΕΣΙΜΗ\nπριν", "μετά"};
+  std::vector<ChangedSection> sections = comparison.sections;
+  std::ranges::stable_partition(
+      sections, [](const ChangedSection& section) { return section.diameter.Differs(); });
+  for (const ChangedSection& section : sections) {
     std::vector<std::string> cells = {std::to_string(section.number), section.name,
                                       section.diameter.Differs() ? section.diameter.before : "",
                                       section.diameter.after};
-    AppendTexts(cells, TextOf({section.velocity.before, section.velocity.after},
-                              pattern::kTwoDecimals, separators));
-    AppendTexts(
-        cells, TextOf({section.drop.before, section.drop.after}, pattern::kOneDecimal, separators));
+    AppendTexts(cells, TextOf(section.velocity, pattern::kTwoDecimals, separators));
+    AppendTexts(cells, TextOf(section.drop, pattern::kOneDecimal, separators));
     AppendTexts(cells, TextOf(ShownPressure(section), pattern::kOneDecimal, separators));
     facts.rows.push_back(std::move(cells));
   }

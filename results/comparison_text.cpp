@@ -11,6 +11,7 @@ namespace {
 
 constexpr const char* kMinus = "−";
 constexpr double kLitresPerM3 = 1000.0;
+constexpr double kMmPerM = 1000.0;
 
 std::string Signed(double value, std::string_view pattern, Separators separators) {
   return (value < 0 ? kMinus : "+") + FormatPattern(std::fabs(value), pattern, separators);
@@ -30,6 +31,12 @@ ComparedText TextOf(BeforeAfter<double> pair, std::string_view pattern, Separato
   return text;
 }
 
+ComparedText TextOf(const BeforeAfter<float>& pair, std::string_view pattern,
+                    Separators separators) {
+  return TextOf(BeforeAfter<double>{ThroughText(pair.before), ThroughText(pair.after)}, pattern,
+                separators);
+}
+
 std::string HeadDifference(BeforeAfter<double> head, Separators separators) {
   std::string text = TextOf(head, pattern::kTwoDecimals, separators).difference;
   if (text.empty()) return "ίδιο";
@@ -42,8 +49,13 @@ std::string HeadDifference(BeforeAfter<double> head, Separators separators) {
 }
 
 BeforeAfter<double> RoundedHead(const ResultComparison& comparison) {
-  const auto rounded = [](double head) { return HeadOf(static_cast<float>(head * 1000.0)); };
-  return {rounded(comparison.head.before), rounded(comparison.head.after)};
+  const BeforeAfter<float> drop = BranchDrop(comparison);
+  return {HeadOf(drop.before), HeadOf(drop.after)};
+}
+
+BeforeAfter<float> BranchDrop(const ResultComparison& comparison) {
+  return {static_cast<float>(comparison.head.before * kMmPerM),
+          static_cast<float>(comparison.head.after * kMmPerM)};
 }
 
 BeforeAfter<double> Litres(const ResultComparison& comparison) {
@@ -51,7 +63,7 @@ BeforeAfter<double> Litres(const ResultComparison& comparison) {
           comparison.fluid_content.after * kLitresPerM3};
 }
 
-BeforeAfter<double> ShownPressure(const ChangedSection& section) {
+BeforeAfter<float> ShownPressure(const ChangedSection& section) {
   return {std::fabs(section.pressure.before), std::fabs(section.pressure.after)};
 }
 

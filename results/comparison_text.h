@@ -18,17 +18,22 @@ struct ComparedText {
 };
 
 ComparedText TextOf(BeforeAfter<double> pair, std::string_view pattern, Separators separators);
+/// The same of values of rows, which read as in the other windows.
+ComparedText TextOf(const BeforeAfter<float>& pair, std::string_view pattern,
+                    Separators separators);
 
 /// The head: with its part of the head before, "−2,18 m w.g. · −24,1 %".
 std::string HeadDifference(BeforeAfter<double> head, Separators separators);
 
 /// The head before and after, rounded as in the results.
 BeforeAfter<double> RoundedHead(const ResultComparison& comparison);
+/// The drop of the critical branch in mm w.g.
+BeforeAfter<float> BranchDrop(const ResultComparison& comparison);
 /// Content of the pipes in litres.
 BeforeAfter<double> Litres(const ResultComparison& comparison);
 
 /// Available pressures without their signs, as in the results.
-BeforeAfter<double> ShownPressure(const ChangedSection& section);
+BeforeAfter<float> ShownPressure(const ChangedSection& section);
 
 /// The sections whose nominal diameter differs.
 int CountNewDiameters(const ResultComparison& comparison);

@@ -16,9 +16,9 @@ bool IsRefusedInWinter(Desk& desk) {
 }
 
 bool TakeButtonRoad(Desk& desk) {
-  if (RerunWaitingChange(desk) && desk.screens.diameter_view != nullptr) {
-    desk.screens.diameter_view->ShowAgain();
-  }
+  const auto ran = RerunWaitingChange(desk);
+  if (!ran) return false;
+  if (*ran && desk.screens.diameter_view != nullptr) desk.screens.diameter_view->ShowAgain();
   // Rows whose calculation failed are no reference: the older copies stand.
   if (desk.bench.study.recalculation_needed) return true;
   Workspace& workspace = desk.bench.workspace;
@@ -58,7 +58,28 @@ void ChangeManyDiameters(Desk& desk, ChangeRoad road) {
     desk.bench.Show(message::kNoMassChange);
     return;
   }
-  if (TakeRoad(desk, road)) desk.navigator.ShowModal(screen::kManyDiameters);
+  if (!TakeRoad(desk, road)) return;
+  desk.navigator.ShowModal(screen::kManyDiameters);
+  if (desk.screens.diameter_view != nullptr) desk.screens.diameter_view->BringToFront();
+}
+
+bool LeadsToOneDiameter(Desk& desk, const Key& key) {
+  if (!desk.screens.ChangeFormOpen) return false;
+  if (key == Plain(KeyCode::kF6)) {
+    desk.navigator.Show(screen::kOneDiameter);
+    return true;
+  }
+  if (key != Plain(KeyCode::kEscape)) return false;
+  CloseOneDiameter(desk);
+  return true;
+}
+
+bool MaySwitchViews(Desk& desk) {
+  if (!desk.screens.ChangeFormOpen) return true;
+  desk.bench.Ask({" !!... ΠΡΟΣΟΧΗ ...!! ",
+                  {"Οι < Διαθέσιμες Διάμετροι > είναι ανοικτές : κλείστε τις πρώτα"},
+                  box_style::kInformation});
+  return false;
 }
 
 void CloseOtherView(Desk& desk) {

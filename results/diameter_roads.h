@@ -1,6 +1,7 @@
 #pragma once
 
 #include "form/desk.h"
+#include "form/key.h"
 
 namespace kalvo {
 
@@ -18,6 +19,14 @@ void ChangeOneDiameter(Desk& desk, ChangeRoad road);
 /// Opens the form for the diameters of many sections, over the view. While the one for a single
 /// section is open it is refused by message 401.
 void ChangeManyDiameters(Desk& desk, ChangeRoad road);
+
+/// While the form for a single section is open a view hands its keys in: F6 leads to the form, Esc
+/// closes it. True: the key is used up.
+bool LeadsToOneDiameter(Desk& desk, const Key& key);
+
+/// Whether one view may give way to the other. False: the form for a single section serves this
+/// one, which the user is told.
+bool MaySwitchViews(Desk& desk);
 
 /// The view that is not in use closes.
 void CloseOtherView(Desk& desk);

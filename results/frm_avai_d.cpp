@@ -79,6 +79,12 @@ bool FrmAvaiD::MayClose() {
   return false;
 }
 
+bool FrmAvaiD::FirstKey(const Key& key) {
+  if (key != Plain(KeyCode::kF6) || desk.screens.diameter_view == nullptr) return false;
+  desk.screens.diameter_view->BringToFront();
+  return true;
+}
+
 void FrmAvaiD::Derive() {
   const DiameterView* view = desk.screens.diameter_view;
   if (view != nullptr && view->displays() != followed_) Follow(*view);

@@ -19,6 +19,7 @@ class FrmAvaiD : public Form {
   /// Without a list, or a view to serve, it closes.
   void Activate() override;
   bool MayClose() override;
+  bool FirstKey(const Key& key) override;
   void Derive() override;
 
   Label LblSection{*this, "LblSection"};

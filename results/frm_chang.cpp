@@ -48,16 +48,16 @@ std::string Counted(std::size_t count) {
   return std::to_string(count) + (count == 1 ? " τμήμα" : " τμήματα");
 }
 
-// Keeps the entry that was selected where it is still there.
+// Keeps the entry that was selected where it is still there, else its place.
 void Offer(Choice& choice, std::vector<std::string> entries) {
   const auto at = static_cast<std::size_t>(choice.selected);
   const std::string before = at < choice.entries.size() ? choice.entries[at] : "";
   choice.entries = std::move(entries);
   const auto found = std::ranges::find(choice.entries, before);
-  const bool kept = found != choice.entries.end();
-  choice.selected = kept                     ? static_cast<int>(found - choice.entries.begin())
-                    : choice.entries.empty() ? -1
-                                             : 0;
+  const auto last = static_cast<int>(choice.entries.size()) - 1;
+  choice.selected = found == choice.entries.end()
+                        ? std::min(std::max(choice.selected, 0), last)
+                        : static_cast<int>(found - choice.entries.begin());
 }
 
 // Numbers of the sections whose diameters differ.
@@ -89,10 +89,10 @@ FrmChang::FrmChang(Desk& shared_desk)
   fpSpread1.row_noun = "Τμήμα";
   fpSpread1.mark_name = "δυσμενέστερος κλάδος";
   fpSpread1.selects_rows = true;
-  fpSpread1.on_select = [this] { LblHint.text.clear(); };
+  fpSpread1.on_select = [this] { ForgetLast(); };
   fpSpread2.row_noun = "Διάμετρος";
   fpSpread2.sortable = false;
-  fpSpread2.on_move = [this] { LblHint.text.clear(); };
+  fpSpread2.on_move = [this] { ForgetLast(); };
   fpSpread2.on_activate = [this] { Run(CmdChange); };
   CmdDiameter.spoken = "Πρόσθεση τμημάτων με την παρούσα διάμετρο";
   CmdBranch.spoken = "Πρόσθεση τμημάτων του κλάδου";
@@ -239,9 +239,15 @@ FrmChang::Sections FrmChang::OfVelocity() const {
   return CboVelocity.selected == kAbove ? picks_.FasterThan(velocity) : picks_.SlowerThan(velocity);
 }
 
-void FrmChang::Add(const Sections& sections) {
+void FrmChang::ForgetLast() {
   LblHint.text.clear();
+  last_change_.clear();
+}
+
+void FrmChang::Add(const Sections& sections) {
+  ForgetLast();
   for (const int section : sections) fpSpread1.Select(section - 1, true);
+  if (!sections.empty()) fpSpread1.SetCurrent({sections.front() - 1, kNameColumn});
   if (sections.empty()) Refuse("Κανένα τμήμα δεν είναι έτσι, η επιλογή μένει όπως ήταν.");
 }
 
@@ -279,7 +285,7 @@ void FrmChang::ShowEffect() {
     having = static_cast<int>(std::ranges::count_if(selected, has));
     const std::size_t getting = selected.size() - static_cast<std::size_t>(having);
     LblEffect.text = getting == 0
-                         ? "Κανένα τμήμα δεν αλλάζει"
+                         ? (last_change_.empty() ? "Κανένα τμήμα δεν αλλάζει" : last_change_)
                          : Counted(getting) + (getting == 1 ? " θα γίνει " : " θα γίνουν ") +
                                pipe->nominal_diameter.Utf8();
   }
@@ -327,7 +333,7 @@ void FrmChang::Take(HistoryStep step) {
     return;
   }
   const std::vector<SectionRow> before = rows_;
-  LblHint.text.clear();
+  ForgetLast();
   if (!TakeStep(desk, step) || !ReadSections()) return;
   const Sections changed = Differing(before, rows_);
   replaced_.insert(changed.begin(), changed.end());
@@ -351,6 +357,8 @@ void FrmChang::Replace(const DiameterChange& change) {
   const Sections changed = Differing(before, rows_);
   replaced_.insert(changed.begin(), changed.end());
   ShowSections();
+  last_change_ = Counted(changed.size()) + (changed.size() == 1 ? " έγινε " : " έγιναν ") +
+                 change.pipe.nominal_diameter.Utf8();
 }
 
 void FrmChang::Back() {

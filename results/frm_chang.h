@@ -69,6 +69,8 @@ class FrmChang : public Form {
   [[nodiscard]] Sections OfBranch() const;
   [[nodiscard]] Sections OfWay() const;
   [[nodiscard]] Sections OfVelocity() const;
+  /// Another selection: what was said of the last command is over.
+  void ForgetLast();
   /// Selects these sections, too.
   void Add(const Sections& sections);
 
@@ -90,7 +92,8 @@ class FrmChang : public Form {
   std::vector<SectionRow> rows_;
   std::vector<SectionRow> opened_;  ///< as the form opened
   std::vector<bool> waiting_;       ///< row by row: its calculation is still to come
-  std::set<int> replaced_;          ///< sections that got another diameter here
+  std::string last_change_;  ///< "3 τμήματα έγιναν 2", until something else is selected
+  std::set<int> replaced_;   ///< sections that got another diameter here
   std::vector<PipeRow> pipes_;
   SectionPicks picks_;
   Sections emitters_;                ///< those of CboWay

@@ -73,15 +73,14 @@ std::string WithTriangle(const ComparedText& text) {
   return std::string(text.falls ? "▼" : "▲") + " : " + text.difference;
 }
 
-void SetPair(Grid& grid, int at, Column before, const ComparedText& text,
-             BeforeAfter<double> pair) {
+void SetPair(Grid& grid, int at, Column before, const ComparedText& text, BeforeAfter<float> pair) {
   const bool same = text.difference.empty();
   grid.Set(at, before, {same ? "" : text.before, Tone::kQuiet, pair.before});
   grid.Set(at, before + 1, {text.after, Tone::kPlain, pair.after});
 }
 
-void SetChange(Grid& grid, int at, Column column, const ComparedText& text,
-               BeforeAfter<double> pair, bool less_is_better) {
+void SetChange(Grid& grid, int at, Column column, const ComparedText& text, BeforeAfter<float> pair,
+               bool less_is_better) {
   const Tone tone = less_is_better && text.falls ? Tone::kGood : Tone::kPlain;
   grid.Set(at, column, {WithTriangle(text), tone, pair.after - pair.before});
 }
@@ -138,7 +137,7 @@ void FrmCompare::ShowPump() {
     return;
   }
   const ResultComparison& comparison = *comparison_;
-  const auto show = [this](BeforeAfter<double> pair, std::string_view pattern, Label& before,
+  const auto show = [this](const auto& pair, std::string_view pattern, Label& before,
                            Label& after) {
     ComparedText text = TextOf(pair, pattern, desk.separators);
     before.text = text.before;
@@ -152,8 +151,7 @@ void FrmCompare::ShowPump() {
   BarsHead.before = head.before;
   BarsHead.after = head.after;
   BarsHead.told = "Μανομετρικό πριν " + head_text.before + ", μετά " + head_text.after + " m w.g.";
-  const auto flow = show({comparison.flow.before, comparison.flow.after}, pattern::kTwoDecimals,
-                         LblFlowBefore, LblFlowAfter);
+  const auto flow = show(comparison.flow, pattern::kTwoDecimals, LblFlowBefore, LblFlowAfter);
   LblFlowChange.text = flow.difference.empty() ? kSameValue : flow.difference + " m³/h";
   const auto fluid = show(Litres(comparison), pattern::kOneDecimal, LblFluidBefore, LblFluidAfter);
   LblFluidChange.text = fluid.difference.empty() ? "ίδιο" : fluid.difference + " Lit";
@@ -169,9 +167,7 @@ void FrmCompare::ShowBranch() {
   LblBranchSame.text = same ? "ο ίδιος κλάδος" : "άλλος κλάδος";
   LblBranchDrop.text = "";
   if (comparison_) {
-    const auto drop = comparison_->head;
-    const auto text =
-        TextOf({drop.before * 1000.0, drop.after * 1000.0}, pattern::kOneDecimal, desk.separators);
+    const auto text = TextOf(BranchDrop(*comparison_), pattern::kOneDecimal, desk.separators);
     LblBranchDrop.text =
         (text.difference.empty() ? text.after : text.before + " → " + text.after) + " mm w.g.";
   }
@@ -218,15 +214,13 @@ void FrmCompare::FillRow(int at, const ChangedSection& section) {
   fpSpread1.Set(at, kDiameterAfter,
                 {section.diameter.after, other ? Tone::kImposed : Tone::kPlain});
   const Separators separators = desk.separators;
-  const BeforeAfter<double> velocity{section.velocity.before, section.velocity.after};
-  const BeforeAfter<double> drop{section.drop.before, section.drop.after};
-  const BeforeAfter<double> pressure = ShownPressure(section);
-  const auto drop_text = TextOf(drop, pattern::kOneDecimal, separators);
+  const BeforeAfter<float> pressure = ShownPressure(section);
+  const auto drop_text = TextOf(section.drop, pattern::kOneDecimal, separators);
   const auto pressure_text = TextOf(pressure, pattern::kOneDecimal, separators);
-  SetPair(fpSpread1, at, kVelocityBefore, TextOf(velocity, pattern::kTwoDecimals, separators),
-          velocity);
-  SetPair(fpSpread1, at, kDropBefore, drop_text, drop);
-  SetChange(fpSpread1, at, kDropChange, drop_text, drop, true);
+  SetPair(fpSpread1, at, kVelocityBefore,
+          TextOf(section.velocity, pattern::kTwoDecimals, separators), section.velocity);
+  SetPair(fpSpread1, at, kDropBefore, drop_text, section.drop);
+  SetChange(fpSpread1, at, kDropChange, drop_text, section.drop, true);
   SetPair(fpSpread1, at, kPressureBefore, pressure_text, pressure);
   SetChange(fpSpread1, at, kPressureChange, pressure_text, pressure, false);
 }
@@ -250,13 +244,14 @@ void FrmCompare::Copy() {
     const ChangedSection& section = *shown_[static_cast<std::size_t>(row)];
     text += '\n' + std::to_string(section.number) + '\t' + section.name + '\t' +
             section.diameter.before + '\t' + section.diameter.after;
-    const auto append = [&](BeforeAfter<double> pair, std::string_view pattern, bool difference) {
+    const auto append = [&](const BeforeAfter<float>& pair, std::string_view pattern,
+                            bool difference) {
       const auto pair_text = TextOf(pair, pattern, desk.separators);
       text += '\t' + pair_text.before + '\t' + pair_text.after;
       if (difference) text += '\t' + pair_text.difference;
     };
-    append({section.velocity.before, section.velocity.after}, pattern::kTwoDecimals, false);
-    append({section.drop.before, section.drop.after}, pattern::kOneDecimal, true);
+    append(section.velocity, pattern::kTwoDecimals, false);
+    append(section.drop, pattern::kOneDecimal, true);
     append(ShownPressure(section), pattern::kOneDecimal, true);
   }
   desk.clipboard.SetText(text);
@@ -268,7 +263,10 @@ void FrmCompare::Take(HistoryStep step) {
     return;
   }
   StepInResults(desk, step);
-  RerunWaitingChange(desk);  // nothing that waits is compared
+  const auto ran = RerunWaitingChange(desk);  // nothing that waits is compared
+  if (ran && *ran && desk.screens.diameter_view != nullptr) {
+    desk.screens.diameter_view->ShowAgain();
+  }
   Show();
 }
 

@@ -146,9 +146,8 @@ void FrmRes::ShowRow() {
   ShowNotes(*rows, row);
   changes.Take(*rows, first ? std::optional(*first) : std::nullopt);
   // The list of diameters says so, although the row is shown as any other.
-  const bool waits = desk.screens.ChangeFormOpen &&
-                     WaitingRows(bench.workspace, *rows)[static_cast<std::size_t>(number) - 1];
-  NoteDisplay(number, row, waits);
+  const std::vector<bool> waiting = WaitingRows(bench.workspace, *rows);
+  NoteDisplay(number, row, waiting[static_cast<std::size_t>(number) - 1]);
 }
 
 void FrmRes::ShowValues(const SectionRow& row) {
@@ -186,7 +185,12 @@ void FrmRes::ShowReplaced(const SectionRow& row, bool waits) {
   changes.Refresh();
 }
 
-void FrmRes::BringToFront() { desk.navigator.Show(screen::kResults); }
+void FrmRes::BringToFront() {
+  Focus(CmdNext);
+  desk.navigator.Show(screen::kResults);
+}
+
+bool FrmRes::FirstKey(const Key& key) { return LeadsToOneDiameter(desk, key); }
 
 void FrmRes::ShowWas(const SectionRow& row, const SectionRow* first) {
   LblWas.visible = row.InDiameter < 0;
@@ -282,8 +286,13 @@ void FrmRes::ShowHelp() {
 }
 
 void FrmRes::ShowSheet() {
-  if (desk.screens.ChangeFormOpen) return;
-  RerunWaitingChange(desk);
+  if (!MaySwitchViews(desk)) return;
+  const auto ran = RerunWaitingChange(desk);
+  if (!ran) return;
+  if (*ran && bench.study.recalculation_needed) {
+    ShowRow();  // its diameters have no results that another view could show
+    return;
+  }
   desk.screens.results_view = ResultsView::kSheet;
   desk.navigator.Show(screen::kResultsSheet);
 }

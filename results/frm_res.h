@@ -25,6 +25,7 @@ class FrmRes : public Form, public DiameterView {
   bool MayClose() override;
 
   void ShowReplaced(const SectionRow& row, bool waits) override;
+  bool FirstKey(const Key& key) override;
   void ShowAgain() override { ShowRow(); }
   void GoTo(int number) override { GoToRow(number); }
   void BringToFront() override;

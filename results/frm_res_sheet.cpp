@@ -32,7 +32,7 @@ FrmRes_Sheet::FrmRes_Sheet(Desk& shared_desk)
       Cmd_Headers(*this, "Cmd_Headers", " Επαναφορά Πλάτους Στηλών ",
                   [this] { fpSpread1.RestoreWidths(); }),
       Cmd_Back(*this, "Cmd_Back", " Επιστροφή στο Βασικό Menu ",
-               [this] { GoBack(desk, screen::kResultsSheet, [this] { ShowRows(); }); },
+               [this] { GoBack(desk, screen::kResultsSheet, [this] { ShowAgain(); }); },
                {Plain(KeyCode::kEscape)}),
       SSCommand1(
           *this, "SSCommand1", " ΕΜΦΑΝΙΣΗ ΕΝΟΣ ΤΜΗΜΑΤΟΣ ΣΩΛΗΝΟΣ, ΑΝΑ ΦΟΡΜΑ ", [this] { ShowOne(); },
@@ -43,6 +43,11 @@ FrmRes_Sheet::FrmRes_Sheet(Desk& shared_desk)
   fpSpread1.mark_name = "δυσμενέστερος κλάδος";
   fpSpread1.on_move = [this] { FollowCurrent(); };
   ChainCritical.caption = "Δυσμενέστερος κλάδος";
+  ChainCritical.on_pick = [this](int stretch) {
+    if (stretch >= 0 && stretch < std::ssize(critical_)) {
+      GoTo(critical_[static_cast<std::size_t>(stretch)]);
+    }
+  };
 }
 
 FrmRes_Sheet::~FrmRes_Sheet() {
@@ -73,6 +78,11 @@ void FrmRes_Sheet::ShowRows() {
   }
   frame.Take(desk, rows->front());
   TakeRows(*std::move(rows));
+}
+
+void FrmRes_Sheet::ShowAgain() {
+  ShowRows();
+  if (!rows_.empty()) frame.TakePump(desk, rows_.front());
 }
 
 void FrmRes_Sheet::TakeRows(std::vector<SectionRow> rows) {
@@ -163,12 +173,17 @@ void FrmRes_Sheet::GoTo(int number) {
   FollowCurrent();
 }
 
-void FrmRes_Sheet::BringToFront() { desk.navigator.Show(screen::kResultsSheet); }
+void FrmRes_Sheet::BringToFront() {
+  Focus(fpSpread1);
+  desk.navigator.Show(screen::kResultsSheet);
+}
+
+bool FrmRes_Sheet::FirstKey(const Key& key) { return LeadsToOneDiameter(desk, key); }
 
 bool FrmRes_Sheet::OtherKey(const Key& key) { return key == Plain(KeyCode::kF1); }
 
 void FrmRes_Sheet::ShowOne() {
-  if (desk.screens.ChangeFormOpen) return;
+  if (!MaySwitchViews(desk)) return;
   desk.screens.results_view = ResultsView::kOneFromSheet;
   desk.navigator.Show(screen::kResults);
 }

@@ -25,10 +25,11 @@ class FrmRes_Sheet : public Form, public DiameterView {
   void Load() override;
   void Activate() override;
   bool MayClose() override;
+  bool FirstKey(const Key& key) override;
   bool OtherKey(const Key& key) override;
 
   void ShowReplaced(const SectionRow& row, bool waits) override;
-  void ShowAgain() override { ShowRows(); }
+  void ShowAgain() override;
   void GoTo(int number) override;
   void BringToFront() override;
 

@@ -26,6 +26,11 @@ void PumpFrame::Take(Desk& desk, const SectionRow& first) {
   LblLiquid.text = "Χρησιμοποιούμενο Υγρό : " + desk.bench.study.fluid_name;
 }
 
+void PumpFrame::TakePump(const Desk& desk, const SectionRow& first) {
+  LblFlow.text = FormatPattern(first.PAR, pattern::kTwoDecimals, desk.separators);
+  LblHead.text = FormatPattern(first.DP / 1000.0, pattern::kTwoDecimals, desk.separators);
+}
+
 double HeadOf(float drop) { return RoundTo(static_cast<double>(drop) / 1000.0, 2); }
 
 std::string TakePipeSystem(Workbench& bench, const SectionRow& first) {

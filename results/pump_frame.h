@@ -11,6 +11,8 @@ class PumpFrame {
 
   /// Makes the row's pipe system the study's, and shows all.
   void Take(Desk& desk, const SectionRow& first);
+  /// Flow and head alone, after the rows have become others.
+  void TakePump(const Desk& desk, const SectionRow& first);
 
   Label LblThema;
   Label LblFlow;

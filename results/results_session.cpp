@@ -29,6 +29,22 @@ bool& UnsavedWhenKept(Desk& desk, std::string_view kept) {
                                        : desk.screens.rows_before_change_unsaved;
 }
 
+Result<std::vector<SectionRow>> ReadResultRows(const Workbench& bench, std::string_view name) {
+  const auto file = bench.workspace.Rows(name);
+  auto rows = file.ReadAll();
+  if (!rows) return rows;
+  if (rows->empty()) return FileError{file.path(), "Δεν υπάρχουν εγγραφές"};
+  if (rows->size() > std::numeric_limits<std::int16_t>::max()) {
+    return FileError{file.path(), "Οι εγγραφές είναι πάρα πολλές"};
+  }
+  return rows;
+}
+
+void CountRows(Study& study, const std::vector<SectionRow>& rows) {
+  study.SectionCount = static_cast<std::int16_t>(rows.size());
+  study.SingleSection = rows.size() == 1;
+}
+
 // What the study knows of the rows follows rows that were brought back.
 void FollowRows(Workbench& bench, std::vector<SectionRow> rows) {
   const auto fault = RunTrapped(bench, [&] {
@@ -120,15 +136,8 @@ void EndSession(Desk& desk) {
 }  // namespace
 
 Result<std::vector<SectionRow>> TakeResultRows(Workbench& bench) {
-  const auto file = bench.workspace.Rows();
-  auto rows = file.ReadAll();
-  if (!rows) return rows;
-  if (rows->empty()) return FileError{file.path(), "Δεν υπάρχουν εγγραφές"};
-  if (rows->size() > std::numeric_limits<std::int16_t>::max()) {
-    return FileError{file.path(), "Οι εγγραφές είναι πάρα πολλές"};
-  }
-  bench.study.SectionCount = static_cast<std::int16_t>(rows->size());
-  bench.study.SingleSection = rows->size() == 1;
+  auto rows = ReadResultRows(bench, work_file::kRows);
+  if (rows) CountRows(bench.study, *rows);
   return rows;
 }
 
@@ -193,43 +202,57 @@ void ShowCriticalBranch(Workbench& bench) {
 
 bool BringBackRows(Desk& desk, std::string_view kept) {
   Workbench& bench = desk.bench;
+  auto rows = ReadResultRows(bench, kept);
+  if (!rows) {
+    TellError(bench, rows.error());
+    return false;
+  }
   const Outcome moved = bench.workspace.MoveOver(kept, work_file::kRows);
   if (!TellIfFailed(bench, moved)) return false;
   bench.study.recalculation_needed = false;
   bench.study.unsaved_changes = UnsavedWhenKept(desk, kept);
   MakePreviousRows(bench);
-  auto rows = TakeResultRows(bench);
-  if (!rows) {
-    TellError(bench, rows.error());
-    return false;
-  }
+  CountRows(bench.study, *rows);
+  ClosePump(desk);
   auto& history = desk.screens.change_history;
   if (history != nullptr) history->CutBackTo(RowTable(*rows));
   FollowRows(bench, *std::move(rows));
   return true;
 }
 
-bool RerunWaitingChange(Desk& desk) {
+void ClosePump(Desk& desk) {
+  if (desk.navigator.IsOpen(screen::kPump)) desk.navigator.Close(screen::kPump);
+}
+
+std::optional<bool> RerunWaitingChange(Desk& desk) {
   if (desk.screens.WinterPump) return false;  // its rows are the winter's
   const auto waits = ChangeWaits(desk.bench.workspace);
-  if (!waits || !*waits) return false;
-  const WaitShown wait(desk.navigator);
-  Rerun(desk.bench);
-  return true;
+  if (!waits) {
+    TellError(desk.bench, waits.error());
+    return std::nullopt;
+  }
+  if (*waits) {
+    const WaitShown wait(desk.navigator);
+    Rerun(desk.bench);
+  }
+  return *waits;
 }
 
 void GoBack(Desk& desk, std::string_view view, const std::function<void()>& show_again) {
   Workbench& bench = desk.bench;
   CloseOneDiameter(desk);
   if (desk.screens.WinterPump) desk.navigator.Close(view);
-  if (RerunWaitingChange(desk)) show_again();
+  const auto ran = RerunWaitingChange(desk);
+  if (!ran) return;
+  if (*ran) show_again();
   const auto differ = DiametersDiffer(bench.workspace, work_file::kFirstRows);
-  // Older rows are kept as long as the present ones are not what they should be.
-  bool settled = differ && bench.workspace.HasBytes(work_file::kRows);
   if (!differ) {
     TellError(bench, differ.error());
-    LetDiametersStand(bench);
-  } else if (*differ) {
+    return;
+  }
+  // Older rows are kept as long as the present ones are not what they should be.
+  bool settled = bench.workspace.HasBytes(work_file::kRows);
+  if (*differ) {
     if (SettleDiameters(desk, show_again) != Settled::kYes) return;
   } else if (!desk.screens.WinterPump) {
     settled = LetFirstResultsStand(desk) && settled;
@@ -248,20 +271,20 @@ void LeaveByWindow(Desk& desk) {
   desk.navigator.Close(screen::kPump);
   desk.screens.results_view = ResultsView::kOne;
   Workbench& bench = desk.bench;
-  RerunWaitingChange(desk);
+  // Nobody knows then whether the results are of these diameters.
+  if (!RerunWaitingChange(desk)) bench.study.recalculation_needed = true;
   const auto differ = DiametersDiffer(bench.workspace, work_file::kFirstRows);
   bool settled = differ.ok();
-  if (!differ) {
-    TellError(bench, differ.error());
-    LetDiametersStand(bench);
-  } else if (*differ) {
-    LetDiametersStand(bench);
+  if (!differ) TellError(bench, differ.error());
+  if (!differ || *differ) {
+    if (!AreAsCalculated(bench)) LetDiametersStand(bench);
   } else if (!desk.screens.WinterPump) {
     settled = LetFirstResultsStand(desk);
   }
-  if (settled && bench.workspace.HasBytes(work_file::kRows) &&
+  if (bench.workspace.HasBytes(work_file::kRows) &&
       TellIfFailed(bench, bench.workspace.Flush(work_file::kRows))) {
-    DropOlderRows(bench.workspace);
+    bench.workspace.Delete(work_file::kRowsBeforeChange);
+    if (settled) bench.workspace.Delete(work_file::kFirstRows);
   }
   EndSession(desk);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -53,9 +54,13 @@ inline constexpr const char* kNoResults =
 /// was told.
 bool ResultsHold(Desk& desk);
 
+/// The rows have become others: the pump's page, if it is open, shows the pump from before.
+void ClosePump(Desk& desk);
+
 /// The calculation that a change of diameters still waits for, before anything else than the
-/// section's own view deals with the rows. Gives whether one was made, or tried.
-bool RerunWaitingChange(Desk& desk);
+/// section's own view deals with the rows. Gives whether one was made, or tried; nothing: the rows
+/// cannot be read, which the user was told.
+std::optional<bool> RerunWaitingChange(Desk& desk);
 
 /// Back from a view: a change that waits is calculated, whether new diameters shall stand is asked,
 /// the session ends and the main menu shows. An answer that was left open, or could not be carried

@@ -64,6 +64,9 @@ void GridBinding::HearUser(const Act& act) {
     const bool reached = model_.PlaceOf(meant).row == grid_.current().row;
     if (grid_.on_activate && reached) act(grid_.on_activate);
   });
+  // A click on the head sorts; it neither selects a column nor moves the current cell.
+  disconnect(head_, &QHeaderView::sectionPressed, &view_, nullptr);
+  disconnect(head_, &QHeaderView::sectionEntered, &view_, nullptr);
   connect(head_, &QHeaderView::sectionClicked, this,
           [this, act](int column) { act([&] { grid_.CycleSort(column); }); });
 }

@@ -88,6 +88,9 @@ TEST(WaitingChange, IsCalculatedBeforeItIsCompared) {
   comparison.Load();
   EXPECT_TRUE(comparison.Press(Ctrl('Y')));
   EXPECT_FALSE(*ChangeWaits(desk.test.workspace));
+  EXPECT_EQ(desk.view->TxtVelocity.text,
+            FormatPattern(desk.test.Row(1).Velocity, pattern::kOneDecimal, desk.desk.separators));
+  EXPECT_EQ(desk.view->LblWas.text.find("αναμένει"), std::string::npos);
   EXPECT_NE(comparison.LblHeadChange.text, "ίδιο");
 }
 

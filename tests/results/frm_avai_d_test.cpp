@@ -323,6 +323,25 @@ TEST_F(OneDiameter, TakesALibraryThatHasChangedAnew) {
   EXPECT_EQ(test.Row(1).NomiDiam.Utf8(), fewer[2].nominal_diameter.Utf8());
 }
 
+TEST_F(OneDiameter, SaysOfASectionShownBeforeThatItWaits) {
+  ASSERT_TRUE(OpenBy(view->CmdChangeOne));
+  Replace("4");
+  EXPECT_TRUE(form->Press(Plain(KeyCode::kEscape)));
+  Bury();
+  Click(*view, view->CmdNext);
+  Click(*view, view->CmdPrev);
+  ASSERT_TRUE(OpenBy(view->CmdChangeOne));
+  EXPECT_EQ(form->LblNow.text, "Τώρα 4, αναμένει υπολογισμό.");
+}
+
+TEST_F(OneDiameter, ClosesThePumpThatIsNoLongerTheNetworks) {
+  Click(*view, view->CmdPump);
+  ASSERT_TRUE(OpenBy(view->CmdChD));
+  ASSERT_TRUE(navigator.IsOpen(screen::kPump));
+  Replace("4");
+  EXPECT_FALSE(navigator.IsOpen(screen::kPump));
+}
+
 TEST_F(OneDiameter, ShowsADiameterThatCannotBeCalculatedAsOneThatWaits) {
   ASSERT_TRUE(OpenBy(view->CmdChD));
   const std::string before = test.Bytes();

@@ -86,8 +86,8 @@ std::string RowsAfter(const ManyRoad& road) {
     EXPECT_EQ(desk.view->fpSpread1.At(0, 2).tone, Tone::kImposed);
     EXPECT_EQ(desk.view->frame.LblHead.text,
               FormatPattern(HeadOf(desk.test.Row(1).DP), "#,##0.00", desk.desk.separators));
-    EXPECT_EQ(desk.TakeLog(),
-              (std::vector<std::string>{"modal FrmChang", "close FrmRes", "close FrmChang"}));
+    EXPECT_EQ(desk.TakeLog(), (std::vector<std::string>{"modal FrmChang", "close FrmRes",
+                                                        "close FrmChang", "show FrmRes_Sheet"}));
     return desk.test.Bytes();
   }
   const bool menu = road.entry == ManyEntry::kMenu;

@@ -70,7 +70,8 @@ TEST_F(ManyDiameters, ChangesNothingWhereNothingIsReplaced) {
       EXPECT_FALSE(form.fpSpread1.At(0, 3).left);
       EXPECT_FALSE(form.MayClose()) << "it closes by its command";
     }));
-    EXPECT_EQ(TakeLog().back(), "close FrmChang");
+    EXPECT_EQ(TakeLog().back(), "show FrmRes");
+    EXPECT_EQ(view->focus(), &view->CmdNext) << "not the command that led there";
     EXPECT_EQ(test.Bytes(), before);
     EXPECT_FALSE(test.study.unsaved_changes);
   }
@@ -322,13 +323,44 @@ TEST_F(ManyDiameters, ShowsDiametersThatCannotBeCalculatedAsThoseThatWait) {
     Replace(form, {1, 2}, "4");
     Click(form, form.CmdBack);
   }));
-  EXPECT_EQ(TakeLog().back(), "close FrmChang");
+  EXPECT_EQ(TakeLog().back(), "show FrmRes");
   EXPECT_FALSE(test.prompter.boxes().empty());
   EXPECT_TRUE(test.study.recalculation_needed);
   EXPECT_EQ(view->TxtNomiDiam.tone, Tone::kWaiting);
   test.prompter.Expect(307, Answer::kNo);
   Click(*view, view->CmdBack);
   EXPECT_EQ(test.Bytes(), before);
+}
+
+TEST_F(ManyDiameters, AreCalculatedOnceTheDiametersOfAFailedRunAreTakenBack) {
+  const SectionRow flow = test.Row(6);
+  EXPECT_TRUE(Change(view->CmdNewD, {2}, "4"));
+  const std::string good = test.Bytes();
+  const std::string own = test.Row(1).NomiDiam.Utf8();
+  EXPECT_TRUE(Within(view->CmdNewD, [&](FrmChang& form) {
+    test.ChangeRow(6, [](SectionRow& row) { row.WaterFlow = 0; });
+    Replace(form, {1}, "4");
+    Click(form, form.CmdBack);
+  }));
+  EXPECT_TRUE(test.study.recalculation_needed);
+  EXPECT_TRUE(Within(view->CmdNewD, [&](FrmChang& form) {
+    test.ChangeRow(6, [&](SectionRow& row) { row.WaterFlow = flow.WaterFlow; });
+    Replace(form, {1}, own);
+    Click(form, form.CmdBack);
+  }));
+  EXPECT_FALSE(test.study.recalculation_needed);
+  EXPECT_TRUE(test.Bytes() == good);
+}
+
+TEST_F(ManyDiameters, TakenBackFromTheMenuAreNotBroughtBackByItsCopy) {
+  EXPECT_TRUE(Change(view->CmdNewD, {1}, "4"));
+  EXPECT_TRUE(Change(view->CmdNewD, {2}, "4"));
+  EXPECT_TRUE(Within(view->CmdChangeMany, [&](FrmChang& form) {
+    EXPECT_TRUE(form.Press(Ctrl('Z')));
+    Click(form, form.CmdBack);
+  }));
+  EXPECT_NE(test.Row(2).NomiDiam.Utf8(), "4");
+  EXPECT_TRUE(test.Bytes(work_file::kRowsBeforeChange) == test.Bytes());
 }
 
 TEST_F(ManyDiameters, StaysUsableWhereTheRowsHaveVanished) {

@@ -199,8 +199,13 @@ TEST_F(ResultsSheet, GoesToTheOtherViewUnlessADiameterIsBeingChanged) {
   desk.screens.ChangeFormOpen = true;
   EXPECT_TRUE(form.Press(Shift(KeyCode::kF12)));
   EXPECT_TRUE(navigator.log.empty());
+  EXPECT_EQ(test.prompter.boxes().size(), 1U) << "why nothing happens";
   EXPECT_TRUE(form.Press(Plain(KeyCode::kF1))) << "swallowed";
-  EXPECT_TRUE(test.prompter.boxes().empty());
+  EXPECT_EQ(test.prompter.boxes().size(), 1U);
+  EXPECT_TRUE(form.Press(Plain(KeyCode::kF6)));
+  EXPECT_EQ(TakeLog(), std::vector<std::string>{"show FrmAvaiD"});
+  EXPECT_TRUE(form.Press(Plain(KeyCode::kEscape))) << "the list alone";
+  EXPECT_EQ(TakeLog(), std::vector<std::string>{"close FrmAvaiD"});
 }
 
 TEST_F(ResultsSheet, TellsOfRowsThatCannotBeRead) {

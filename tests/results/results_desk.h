@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "engine/calculation_command.h"
+#include "engine/rerun.h"
 #include "results/results_session.h"
 #include "study/tables.h"
 #include "tests/support/test_desk.h"
@@ -47,6 +48,16 @@ class ResultsDesk : public TestDesk {
   void ImposeFromMenu(int number) {
     EXPECT_TRUE(KeepRows(desk, work_file::kRowsBeforeChange));
     Impose(number);
+  }
+
+  /// The rows as a run on their diameters leaves them.
+  [[nodiscard]] std::vector<SectionRow> RunOnTheirDiameters() const {
+    TestBench fresh(test.study.system_kind);
+    fresh.PutRows(test.Rows());
+    fresh.study.plant_section = test.study.plant_section;
+    fresh.study.pipe_system_number = test.study.pipe_system_number;
+    EXPECT_EQ(Rerun(fresh.bench), RunEnd::kCalculated);
+    return fresh.Rows();
   }
 
   /// What the navigator was asked for since this was called last.

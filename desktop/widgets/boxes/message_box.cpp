@@ -22,6 +22,7 @@ namespace {
 
 constexpr int kNarrowestBox = 520;
 constexpr int kWidest = 640;
+constexpr int kWidestFact = 400;
 constexpr int kButtonWidth = 104;
 constexpr int kDisc = 52;
 constexpr int kDiscIcon = 30;
@@ -62,10 +63,18 @@ QPixmap IconDisc(BoxIcon icon, double ratio) {
   return disc;
 }
 
+// A chain of sections has no blank to break at.
+QString Breakable(QString text) {
+  static const QRegularExpression link("(?<=\\d)-(?=\\d)");
+  return text.replace(link, QStringLiteral("-\u200B"));
+}
+
 // The blanks around a line centred it once; empty lines at the ends only kept it off the edges.
 QStringList PaintedLines(const Box& box) {
   QStringList lines;
-  for (const std::string& line : box.lines) lines << QString::fromStdString(line).trimmed();
+  for (const std::string& line : box.lines) {
+    lines << Breakable(QString::fromStdString(line).trimmed());
+  }
   while (!lines.isEmpty() && lines.first().isEmpty()) lines.removeFirst();
   while (!lines.isEmpty() && lines.last().isEmpty()) lines.removeLast();
   return lines;
@@ -182,8 +191,13 @@ QWidget* MessageBox::MakeFacts(const MessageFacts& facts) {
   for (const auto& [caption, value] : facts.lines) {
     auto* name = new QLabel(QString::fromStdString(caption));
     name->setProperty("role", "unit");
-    auto* text = new QLabel(QString::fromStdString(value));
+    auto* text = new QLabel(Breakable(QString::fromStdString(value)));
     text->setProperty("role", "bold");
+    text->setTextFormat(Qt::PlainText);
+    text->setWordWrap(true);
+    text->ensurePolished();
+    text->setFixedWidth(qMin(text->fontMetrics().horizontalAdvance(text->text()) + 2, kWidestFact));
+    name->setAlignment(Qt::AlignTop | Qt::AlignLeft);
     text->setAccessibleName(name->text() + ' ' + text->text());
     const int row = lines->rowCount();
     lines->addWidget(name, row, 0);
