@@ -168,7 +168,6 @@ void Surround(CalculatedDesk& desk) {
   desk.desk.version = "Έκδοση 0.1.0";
   desk.desk.questions.offered = {desk.study.study.SectionCount, "Ξενοδοχείο", "/studies/hotel.PCK",
                                  "25/11/2026, 10:30:00"};
-  PutForeignFluid(desk.study.bench);
   for (const char* name : {"single.PCK", "fancoil.PCK", "hotel.PCK"}) {
     ASSERT_TRUE(AddRecentFile(workspace, Samples() / name).ok());
   }
@@ -210,6 +209,8 @@ TEST_P(AllScreensIn, ShowACalculatedStudyWhole) {
       ASSERT_EQ(EnlargeThree(desk), RunEnd::kCalculated);
     }
     Surround(desk);
+    // The drops that the sheet explains are of the fluid that the rows were calculated with.
+    if (screen.name != screen::kResultsSheet) PutForeignFluid(desk.study.bench);
     TeeCountersInMemory counters;
     counters.counts[1] = "1";
     if (screen.name == screen::kFormTees) counters.table = TeeTable::kForm;
@@ -240,6 +241,7 @@ TEST_P(AllScreensIn, ShowACalculatedStudyWhole) {
 TEST_P(AllScreensIn, ShowTheMenuBeforeThereIsAStudy) {
   CalculatedDesk desk(Samples() / "hotel.PCK");
   Surround(desk);
+  PutForeignFluid(desk.study.bench);
   ResetStudy(desk.study.bench);
   QWidget& menu = desk.Open(screen::kMain, {1244, 700});
   ExpectNothingClipped(menu);
