@@ -146,7 +146,7 @@ RunEnd RerunChanged(Workbench& bench, const ChangeOfRows& change) {
 Result<bool> RerunIfChanged(Workbench& bench) {
   const auto differ = DiametersDiffer(bench.workspace, work_file::kPreviousRows);
   if (!differ) {
-    return differ;
+    return differ.error();
   }
   const bool failed =
       bench.study.recalculation_needed && bench.workspace.HasBytes(work_file::kPreviousRows);
