@@ -34,8 +34,20 @@ QString SplitterKey(const QWidget& window, const QSplitter& splitter) {
   return window.objectName() + QLatin1Char('/') + splitter.objectName();
 }
 
+// It may have been left on a larger screen, which is gone.
+void BringOntoScreen(QWidget& window) {
+  const QRect free_area = window.screen()->availableGeometry();
+  window.resize(window.size().boundedTo(free_area.size() - QSize(0, kTitleBar)));
+  const QRect now(window.pos(), window.size() + QSize(0, kTitleBar));
+  const int left = qMax(free_area.left(), qMin(now.left(), free_area.right() + 1 - now.width()));
+  const int top = qMax(free_area.top(), qMin(now.top(), free_area.bottom() + 1 - now.height()));
+  window.move(left, top);
+}
+
 // Where it lies over its partner it stays in front of it.
 void PlaceLevelWith(QWidget& window, QWidget& partner) {
+  // Desktops keep a dialog in front of the window that it belongs to.
+  window.setWindowFlags(Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
   const QRect frame = partner.frameGeometry();
   const int edges = frame.width() - partner.width();
   window.resize(window.width(), partner.height());
@@ -306,6 +318,7 @@ void Windows::Restore(QWidget& window) {
   window.move(free_area.center() - window.rect().center());
   if (!settings_) return;
   window.restoreGeometry(settings_->value(GeometryKey(window)).toByteArray());
+  if (!window.isMaximized()) BringOntoScreen(window);
   for (QSplitter* splitter : window.findChildren<QSplitter*>()) {
     splitter->restoreState(settings_->value(SplitterKey(window, *splitter)).toByteArray());
   }

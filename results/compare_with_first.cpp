@@ -5,6 +5,8 @@
 #include "engine/trap.h"
 #include "form/tell.h"
 #include "results/comparison_text.h"
+#include "results/critical_sections.h"
+#include "results/result_notes.h"
 #include "study/numeric_text.h"
 
 namespace kalvo {
@@ -36,6 +38,21 @@ std::string Pair(const ComparedText& text, std::string_view unit) {
   return text.difference.empty()
              ? text.after + std::string(unit) + ", όπως πριν"
              : text.before + " → " + text.after + std::string(unit) + "  (" + text.difference + ")";
+}
+
+std::string NodesOf(const std::string& branch, const Rows& rows, const Desk& desk) {
+  const std::vector<int> sections = CriticalSections(branch, rows.size());
+  return BranchLine(NodesAlong(desk.bench.study.system_kind, rows, sections));
+}
+
+// A pump that does not reach every outlet is no gain.
+void AppendWarnings(MessageFacts& facts, const Rows& rows, const Desk& desk) {
+  const Study& study = desk.bench.study;
+  const auto library = ReadPipeSystem(desk.bench.workspace, study.pipe_system_number);
+  if (!library || study.SystemClosed()) return;
+  ResultNotes lacking;
+  lacking.outlets_in_need = NotesOf(study.system_kind, rows, *library).outlets_in_need;
+  for (const std::string& line : NoteLines(lacking)) facts.lines.push_back({"ΠΡΟΣΟΧΗ", line});
 }
 
 // Empty where old and new are the same.
@@ -77,15 +94,27 @@ MessageFacts FactsOf(const ResultComparison& comparison, const Desk& desk) {
          Pair(TextOf(Litres(comparison), pattern::kOneDecimal, separators), " Lit")});
   }
   const auto& branch = comparison.critical_branch;
-  if (branch.Differs()) {
-    facts.lines.push_back({"Δυσμενέστερος κλάδος πριν", branch.before});
-    facts.lines.push_back({"Δυσμενέστερος κλάδος μετά", branch.after});
+  const auto rows = desk.bench.workspace.Rows().ReadAll();
+  if (branch.Differs() && rows) {
+    facts.lines.push_back({"Δυσμενέστερος κλάδος πριν", NodesOf(branch.before, *rows, desk)});
+    facts.lines.push_back({"Δυσμενέστερος κλάδος μετά", NodesOf(branch.after, *rows, desk)});
+  } else if (branch.Differs()) {
+    facts.lines.push_back({"Δυσμενέστερος κλάδος", "άλλος από πριν"});
   } else {
     facts.lines.push_back({"Δυσμενέστερος κλάδος", "ο ίδιος κλάδος"});
   }
-  facts.table_caption = "Τμήματα που διαφέρουν : " + std::to_string(comparison.sections.size());
-  facts.heads = {"α/α",         "ΟΝΟΜΑΣΙΑ", "ΔΙΑΜΕΤΡΟΣ\nπριν", "μετά", "ΤΑΧΥΤΗΤΑ\nπριν", "μετά",
-                 "ΠΤΩΣΗ\nπριν", "μετά",     "ΔΙΑΘΕΣΙΜΗ\nπριν", "μετά"};
+  if (rows) AppendWarnings(facts, *rows, desk);
+  facts.table_caption = "▾  Τμήματα που διαφέρουν : " + std::to_string(comparison.sections.size());
+  facts.heads = {"α/α",
+                 "ΟΝΟΜΑΣΙΑ",
+                 "ΔΙΑΜΕΤΡΟΣ\nπριν",
+                 "μετά",
+                 "ΤΑΧΥΤΗΤΑ\n[m/sec]\nπριν",
+                 "μετά",
+                 "ΠΤΩΣΗ\n[mm w.g.]\nπριν",
+                 "μετά",
+                 "ΔΙΑΘΕΣΙΜΗ\n[mm w.g.]\nπριν",
+                 "μετά"};
   std::vector<ChangedSection> sections = comparison.sections;
   std::ranges::stable_partition(
       sections, [](const ChangedSection& section) { return section.diameter.Differs(); });

@@ -39,4 +39,10 @@ std::vector<std::string> NodesAlong(SystemKind kind, std::span<const SectionRow>
   return nodes;
 }
 
+std::string BranchLine(const std::vector<std::string>& nodes) {
+  std::string line;
+  for (const std::string& node : nodes) line += (line.empty() ? "" : " – ") + node;
+  return line;
+}
+
 }  // namespace kalvo

@@ -18,4 +18,7 @@ std::vector<int> CriticalSections(std::string_view branch, std::size_t row_count
 std::vector<std::string> NodesAlong(SystemKind kind, std::span<const SectionRow> rows,
                                     std::span<const int> sections);
 
+/// "ANT – 1 – 5 – ANT"
+std::string BranchLine(const std::vector<std::string>& nodes);
+
 }  // namespace kalvo

@@ -46,7 +46,8 @@ FrmAvaiD::FrmAvaiD(Desk& shared_desk)
   Cmd_Close.sounds_itself = true;  // as it does wherever else it is closed from
   fpSpread1.row_noun = "Διάμετρος";
   fpSpread1.sortable = false;
-  fpSpread1.on_move = [this] { KeepOffEmptyRows(); };
+  // Letters and digits look for a name.
+  fpSpread1.on_move = [this] { fpSpread1.SetCurrent({fpSpread1.current().row, kNominal}); };
   fpSpread1.on_activate = [this] { Run(CmdReplace); };
   menus = {{"&Ενέργειες",
             {{"mnuActs_Change", CmdReplace.caption, &CmdReplace},
@@ -80,6 +81,11 @@ bool FrmAvaiD::MayClose() {
 }
 
 bool FrmAvaiD::FirstKey(const Key& key) {
+  const bool to_end = key == Plain(KeyCode::kEnd);
+  if (to_end || key == Plain(KeyCode::kHome)) {
+    fpSpread1.SetCurrent({to_end ? static_cast<int>(pipes_.size()) - 1 : 0, kNominal});
+    return true;
+  }
   if (key != Plain(KeyCode::kF6) || desk.screens.diameter_view == nullptr) return false;
   desk.screens.diameter_view->BringToFront();
   return true;
@@ -92,14 +98,10 @@ void FrmAvaiD::Derive() {
 
 void FrmAvaiD::TakeLibrary(std::vector<PipeRow> pipes) {
   pipes_ = std::move(pipes);
-  fpSpread1.Reset(PipeColumns(), std::max(kLeastRows, static_cast<int>(pipes_.size())));
+  const auto count = static_cast<int>(pipes_.size());
+  const int rows = std::max(kLeastRows, count);
+  fpSpread1.Reset(PipeColumns(), rows, rows - count);
   ShowPipes(fpSpread1, pipes_, desk.separators);
-}
-
-void FrmAvaiD::KeepOffEmptyRows() {
-  const GridPlace at = fpSpread1.current();
-  fpSpread1.SetCurrent(
-      {std::min(at.row, static_cast<int>(pipes_.size()) - 1), std::min<int>(at.column, kInner)});
 }
 
 void FrmAvaiD::Follow(const DiameterView& view) {

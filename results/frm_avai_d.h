@@ -34,7 +34,6 @@ class FrmAvaiD : public Form {
 
  private:
   void TakeLibrary(std::vector<PipeRow> pipes);
-  void KeepOffEmptyRows();
   /// The list goes to the diameter of the row on show.
   void Follow(const DiameterView& view);
   void Replace();

@@ -51,13 +51,6 @@ std::vector<GridColumn> ComparisonColumns() {
   return columns;
 }
 
-// "ANT – 1 – 5 – ANT"
-std::string BranchLine(const std::vector<std::string>& nodes) {
-  std::string line;
-  for (const std::string& node : nodes) line += (line.empty() ? "" : " – ") + node;
-  return line;
-}
-
 // Places in `sections` of those that are not in `others`.
 std::vector<int> Unshared(const std::vector<int>& sections, const std::vector<int>& others) {
   std::vector<int> places;
@@ -230,7 +223,9 @@ void FrmCompare::GoToSection() {
   if (row < 0 || row >= std::ssize(shown_)) return;
   const int number = shown_[static_cast<std::size_t>(row)]->number;
   desk.navigator.Close(screen::kComparison);
-  if (desk.screens.diameter_view != nullptr) desk.screens.diameter_view->GoTo(number);
+  if (desk.screens.diameter_view == nullptr) return;
+  desk.screens.diameter_view->GoTo(number);
+  desk.screens.diameter_view->BringToFront();
 }
 
 void FrmCompare::Copy() {

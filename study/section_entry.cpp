@@ -143,13 +143,14 @@ void TakeHeader(SectionRow& row, const Study& study) {
 
 void ClearResults(SectionRow& row) {
   row.DP = 0;
-  row.NomiDiam = {};
   for (float SectionRow::*const result :
-       {&SectionRow::Velocity, &SectionRow::Area, &SectionRow::InDiameter, &SectionRow::Reynolds,
-        &SectionRow::Lamda, &SectionRow::FrictionRate, &SectionRow::TotalDrop,
-        &SectionRow::AvaiPres}) {
+       {&SectionRow::Velocity, &SectionRow::Reynolds, &SectionRow::Lamda, &SectionRow::FrictionRate,
+        &SectionRow::TotalDrop, &SectionRow::AvaiPres}) {
     row.*result = 0;
   }
+  if (row.InDiameter < 0) return;
+  row.NomiDiam = {};
+  row.Area = row.InDiameter = 0;
 }
 
 Outcome StoreSectionRow(Workbench& bench, const SectionEntry& entry, Separators separators) {

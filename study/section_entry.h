@@ -78,7 +78,8 @@ void TakeEntry(SectionRow& row, const SectionEntry& entry, Separators separators
 /// `INILAMDA` stay; `TOT` is the caller's.
 void TakeHeader(SectionRow& row, const Study& study);
 
-/// Empties what a calculation fills in, `DP` included. The emitter's own values stay.
+/// Empties what a calculation fills in, `DP` included. The emitter's own values stay, and the
+/// diameter that the user imposed: it is an entry, not a result.
 void ClearResults(SectionRow& row);
 
 /// Writes `entry` to the study's `CurrentRow`, at most one past the last row. A row that was there

@@ -3,6 +3,7 @@
 #include <QClipboard>
 #include <QEvent>
 #include <QGuiApplication>
+#include <QResizeEvent>
 #include <numeric>
 
 #include "desktop/qt_text.h"
@@ -90,8 +91,8 @@ void GridBinding::HearSelection(const Act& act) {
 
 void GridBinding::HearHead() {
   head_->setSectionsClickable(true);
+  view_.viewport()->installEventFilter(this);
   if (view_.property("fillsWidth").toBool()) {
-    view_.viewport()->installEventFilter(this);
     connect(head_, &QHeaderView::sectionResized, this, [this] { by_user_ = !sharing_; });
   }
 }
@@ -109,9 +110,19 @@ void GridBinding::Paint() {
 }
 
 bool GridBinding::eventFilter(QObject* watched, QEvent* event) {
-  const bool fills = view_.property("fillsWidth").toBool();
-  if (event->type() == QEvent::Resize && fills && !by_user_) ShareWidths();
+  if (event->type() == QEvent::Resize && watched == view_.viewport()) {
+    const bool fills = view_.property("fillsWidth").toBool();
+    if (fills && !by_user_) ShareWidths();
+    KeepCurrentInSight(static_cast<QResizeEvent&>(*event));
+  }
   return Binding::eventFilter(watched, event);
+}
+
+// A line that appears under the table must not cover the row in hand.
+void GridBinding::KeepCurrentInSight(const QResizeEvent& resized) {
+  const QRect at = view_.visualRect(view_.currentIndex());
+  const bool was = at.isValid() && at.top() >= 0 && at.bottom() <= resized.oldSize().height();
+  if (was && at.bottom() > resized.size().height()) view_.scrollTo(view_.currentIndex());
 }
 
 bool GridBinding::Copy() {

@@ -41,6 +41,7 @@ class GridBinding : public Binding {
   void PaintSortMark();
   void HearSelection(const Act& act);
   void PaintSelection();
+  void KeepCurrentInSight(const QResizeEvent& resized);
   /// By rows as they are shown: what the view has selected, without those that hold nothing.
   [[nodiscard]] std::vector<bool> SelectionShown() const;
   void DressColumns();

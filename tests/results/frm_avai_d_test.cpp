@@ -32,14 +32,16 @@ TEST_F(OneDiameter, ListsTheLibraryAndFollowsTheRowOnShow) {
 
   form->fpSpread1.MoveTo({0, 1});
   form->Derive();
-  EXPECT_EQ(list.current(), (GridPlace{0, 1})) << "a move in the list moves nothing else";
+  EXPECT_EQ(list.current(), (GridPlace{0, 0})) << "a move in the list moves nothing else";
   EXPECT_EQ(view->LblNumber.text, "1");
   Click(*view, view->CmdNext);
   form->Derive();
   EXPECT_EQ(Chosen(), test.Row(2).NomiDiam.Utf8());
   EXPECT_EQ(form->LblSection.text, "Τμήμα 2");
   form->fpSpread1.MoveTo({20, 2});
-  EXPECT_EQ(list.current(), (GridPlace{9, 1})) << "empty rows are not reached";
+  EXPECT_EQ(list.current(), (GridPlace{9, 0})) << "empty rows are not reached";
+  EXPECT_TRUE(form->Press(Plain(KeyCode::kHome)));
+  EXPECT_EQ(list.current(), (GridPlace{0, 0}));
 }
 
 TEST_F(OneDiameter, OpensOnceAndIsHeardWhenItCloses) {

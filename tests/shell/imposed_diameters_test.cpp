@@ -95,12 +95,11 @@ TEST(ImposedDiameters, AreAskedAboutAtANewCalculationOfResultsThatHold) {
   study.ExpectRowsAsTheyWere();
 }
 
-TEST(ImposedDiameters, StayBesideASectionThatIsSizedAnew) {
+// The sheet empties the results of every row.
+TEST(ImposedDiameters, StayWhereSectionsWereEditedAndTheOthersAreSizedAnew) {
   OverruledStudy study;
-  study.test.ChangeRow(5, [](SectionRow& row) {
-    ClearResults(row);
-    row.Length = 25;
-  });
+  for (int number = 1; number <= 6; ++number) study.test.ChangeRow(number, ClearResults);
+  study.test.ChangeRow(5, [](SectionRow& row) { row.Length = 25; });
   study.test.study.results_valid = false;
   study.Calculate(Answer::kYes);
   const std::vector<SectionRow> now = study.test.Rows();
