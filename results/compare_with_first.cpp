@@ -116,8 +116,8 @@ MessageFacts FactsOf(const ResultComparison& comparison, const Desk& desk) {
                  "ΔΙΑΘΕΣΙΜΗ\n[mm w.g.]\nπριν",
                  "μετά"};
   std::vector<ChangedSection> sections = comparison.sections;
-  std::ranges::stable_partition(
-      sections, [](const ChangedSection& section) { return section.diameter.Differs(); });
+  std::stable_partition(sections.begin(), sections.end(),
+                        [](const ChangedSection& section) { return section.diameter.Differs(); });
   for (const ChangedSection& section : sections) {
     std::vector<std::string> cells = {std::to_string(section.number), section.name,
                                       section.diameter.Differs() ? section.diameter.before : "",

@@ -45,7 +45,7 @@ Box WhetherTheyStay(const ImposedRows& imposed) {
           {"!! Η Μελέτη έχει " + Chosen(imposed.may_stay) + " !!"},
           box_style::kYesNoCancel};
   if (imposed.may_stay < imposed.all) {
-    box.lines.push_back("(όσες ακόμη είναι άλλου Συστήματος Σωλήνων, δεν μένουν)");
+    box.lines.emplace_back("(όσες ακόμη είναι άλλου Συστήματος Σωλήνων, δεν μένουν)");
   }
   box.lines.insert(box.lines.end(),
                    {"< ΝΑΙ > : τα Τμήματα μένουν με τις διαμέτρους που έχουν",
