@@ -11,7 +11,7 @@
 namespace kalvo {
 
 /// The types of the records that are known by name.
-/// Source: [MS-XLS] 2.3.1, Record Enumeration.
+/// Source: [MS-XLS], Record Enumeration.
 namespace biff {
 inline constexpr std::uint16_t kFormula = 0x0006;
 inline constexpr std::uint16_t kEof = 0x000A;
@@ -76,7 +76,7 @@ inline constexpr std::uint16_t kFormat = 0x041E;
 inline constexpr std::uint16_t kSharedFormula = 0x04BC;
 inline constexpr std::uint16_t kBof = 0x0809;
 
-/// The most bytes of a record; what is longer goes on in CONTINUE records ([MS-XLS] 2.1.4).
+/// The most bytes of a record; what is longer goes on in CONTINUE records ([MS-XLS], Record).
 inline constexpr std::size_t kMostBytes = 8224;
 }  // namespace biff
 
@@ -119,11 +119,11 @@ class RecordReader {
   void Skip(std::size_t count) { Bytes(count); }
   /// So many UTF-16 characters as UTF-8, of one byte each or `wide`. Where a CONTINUE record begins
   /// among them a byte says anew which.
-  /// Source: [MS-XLS] 2.5.293, XLUnicodeRichExtendedString.
+  /// Source: [MS-XLS], XLUnicodeRichExtendedString.
   std::string Characters(std::size_t count, bool wide);
-  /// A text with its count (of two bytes) and flags before it: XLUnicodeString ([MS-XLS] 2.5.294).
+  /// A text with its count (of two bytes) and flags before it: XLUnicodeString ([MS-XLS]).
   std::string Text();
-  /// The same with a count of one byte: ShortXLUnicodeString ([MS-XLS] 2.5.240).
+  /// The same with a count of one byte: ShortXLUnicodeString ([MS-XLS]).
   std::string ShortText();
 
   [[nodiscard]] bool ok() const { return ok_; }

@@ -19,7 +19,7 @@ struct CellFont {
   PaperColour colour = 0;
 };
 
-/// In the numbering of the file ([MS-XLS] 2.5.11, BorderStyle).
+/// In the numbering of the file ([MS-XLS], BorderStyle).
 enum class LineStyle {
   kNone,
   kThin,
@@ -42,7 +42,7 @@ struct BorderLine {
   PaperColour colour = 0;
 };
 
-/// In the numbering of the file ([MS-XLS] 2.5.132, HorizAlign). General: numbers to the right,
+/// In the numbering of the file ([MS-XLS], HorizAlign). General: numbers to the right,
 /// texts to the left, the rest in the middle.
 enum class HorizontalAlign {
   kGeneral,
@@ -55,7 +55,7 @@ enum class HorizontalAlign {
   kDistributed
 };
 
-/// In the numbering of the file ([MS-XLS] 2.5.275, VertAlign).
+/// In the numbering of the file ([MS-XLS], VertAlign).
 enum class VerticalAlign { kTop, kCentre, kBottom, kJustify, kDistributed };
 
 /// How a cell looks.
@@ -73,7 +73,7 @@ struct CellFormat {
   BorderLine top;
   BorderLine bottom;
   /// 0 no fill, 1 all of `fill_colour`, 2 to 18 a pattern of it on `fill_background`
-  /// ([MS-XLS] 2.5.111, FillPattern).
+  /// ([MS-XLS], FillPattern).
   int fill_pattern = 0;
   PaperColour fill_colour = 0;
   PaperColour fill_background = 0xFFFFFF;

@@ -10,7 +10,7 @@ namespace kalvo {
 
 namespace {
 
-// Source: [MS-XLS] 2.5.10, BErr.
+// Source: [MS-XLS], BErr.
 constexpr auto kErrorTexts = std::to_array<std::pair<std::uint8_t, std::string_view>>({
     {0x00, "#NULL!"},
     {0x07, "#DIV/0!"},

@@ -40,7 +40,7 @@ class QuietLibrary {
 // The library walks the directory by calling itself, so a chain of very many entries would take it
 // past the end of its stack. Sectors begin at whole multiples of an entry: those that could be
 // entries are counted where they can be.
-// Source: [MS-CFB] 2.6.1, Compound File Directory Entry.
+// Source: [MS-CFB], Compound File Directory Entry.
 bool HasTooManyEntries(std::string_view bytes) {
   std::size_t count = 0;
   for (std::size_t at = kTypeInEntry; at < bytes.size(); at += kDirectoryEntryBytes) {

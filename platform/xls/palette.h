@@ -7,12 +7,12 @@
 
 namespace kalvo {
 
-/// The colours that formats name by number ([MS-XLS] 2.5.161, Icv).
+/// The colours that formats name by number ([MS-XLS], Icv).
 class Palette {
  public:
   /// The one of a workbook without a PALETTE record.
   Palette();
-  /// Takes the colours of a PALETTE record ([MS-XLS] 2.4.188) in place of its own.
+  /// Takes the colours of a PALETTE record ([MS-XLS], Palette) in place of its own.
   void Read(const Record& record);
 
   /// `automatic` for the numbers that name no colour.

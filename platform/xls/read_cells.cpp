@@ -19,7 +19,7 @@ constexpr auto kFormulaParts =
     std::to_array<std::uint16_t>({biff::kString, biff::kSharedFormula, biff::kArray, biff::kTable});
 
 // 30 bits of a whole number, or the upper ones of a double; one bit for hundredths.
-// Source: [MS-XLS] 2.5.217, RkNumber.
+// Source: [MS-XLS], RkNumber.
 double RkValue(std::uint32_t bits) {
   double value = 0;
   if ((bits & 2U) != 0) {
@@ -40,7 +40,7 @@ CellValue NumberOrNothing(double value) {
 }
 
 // The last result of a formula; a text stands in a record of its own.
-// Source: [MS-XLS] 2.5.133, FormulaValue.
+// Source: [MS-XLS], FormulaValue.
 CellValue FormulaResult(RecordReader& reader) {
   const std::string_view bytes = reader.Bytes(8);
   const Record result{0, std::string(bytes), {}};

@@ -98,7 +98,7 @@ std::vector<CellFont> FontsOf(const std::vector<Record>& globals, const Palette&
   return fonts;
 }
 
-// No font has the number 4 ([MS-XLS] 2.5.129, FontIndex).
+// No font has the number 4 ([MS-XLS], FontIndex).
 CellFont FontAt(const std::vector<CellFont>& fonts, unsigned number) {
   const std::size_t place = number > 4 ? number - 1 : number;
   return place < fonts.size() ? fonts[place] : CellFont();
@@ -118,7 +118,7 @@ BorderLine LineOf(unsigned style, unsigned colour, const Palette& palette) {
   return {ChoiceOf(style, LineStyle::kSlantedDashDot), palette.At(colour, kBlack)};
 }
 
-// 0 to 90 counter-clockwise, 91 to 180 clockwise ([MS-XLS] 2.5.301, XFPropTextRotation).
+// 0 to 90 counter-clockwise, 91 to 180 clockwise ([MS-XLS], XFPropTextRotation).
 int RotationOf(unsigned value) {
   const auto angle = static_cast<int>(value);
   return value > 90 && value <= 180 ? 90 - angle : angle;

@@ -66,6 +66,11 @@ void ReadSetup(RecordReader& reader, PageSetup& page) {
   page.footer_margin = ReadInches(reader);
 }
 
+// A count of characters without the space beside the text, as a width: five points of the screen
+// more (ECMA-376 Part 1, 18.3.1.81, sheetFormatPr), in whole steps of eight, where "0" is seven
+// wide. So 8 characters are the 64 points that a new sheet's columns have.
+double DefaultWidth(unsigned characters) { return (characters * 7 + 5 + 7) / 8 * 8 / 7.0; }
+
 void ReadColumns(RecordReader& reader, Sheet& sheet) {
   ColumnSpan span;
   span.first = static_cast<int>(reader.U16());
@@ -135,7 +140,7 @@ void ReadSetting(const Record& record, Sheet& sheet) {
       page.fit_to_pages = (reader.U16() & 0x0100U) != 0;
       break;
     case biff::kDefColWidth:
-      sheet.default_width = reader.U16();
+      sheet.default_width = DefaultWidth(reader.U16());
       break;
     case biff::kStandardWidth:
       sheet.default_width = reader.U16() / 256.0;

@@ -12,7 +12,7 @@ namespace kalvo {
 namespace {
 
 // The built-in name of what is printed, and the token of an area on a sheet.
-// Source: [MS-XLS] 2.4.150, Lbl, and 2.5.198.28, PtgArea3d.
+// Source: [MS-XLS], Lbl and PtgArea3d.
 constexpr unsigned kBuiltIn = 0x20;
 constexpr char kPrintArea = 6;
 constexpr unsigned kArea3d = 0x3B;
@@ -24,7 +24,7 @@ struct SheetEntry {
   std::string name;
 };
 
-// Source: [MS-XLS] 2.4.28, BoundSheet8.
+// Source: [MS-XLS], BoundSheet8.
 Result<SheetEntry> ReadSheetEntry(const Record& record) {
   RecordReader reader(record);
   SheetEntry entry;

@@ -36,7 +36,7 @@ class SharedTexts {
   std::unordered_map<std::string, std::uint32_t> plain_;
 };
 
-/// Reads an SST record ([MS-XLS] 2.4.265). Errors, without a file: it holds less than it tells.
+/// Reads an SST record ([MS-XLS], SST). Errors, without a file: it holds less than it tells.
 Result<SharedTexts> ReadSharedTexts(const Record& record);
 
 /// The SST record of those texts, in that order, to which cells refer `references` times. No part

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <set>
 #include <utility>
 
 #include "platform/xls/sheet_password.h"
@@ -37,27 +38,35 @@ std::uint16_t FormatOfNewCell(const Sheet& sheet, const WorkbookRow& row, int co
   return span != nullptr ? span->format : kUsualFormat;
 }
 
-// Whether a formula is only the remark that the formula of an area, at its first cell, holds here.
-// Source: [MS-XLS] 2.5.198.58 and .93, PtgExp and PtgTbl.
-bool IsPartOfArea(const CellFormula& formula, int first_row, int first_column) {
+// Row and column of the cell that holds the formula of an area.
+using AreaCell = std::pair<unsigned, unsigned>;
+
+// That cell, when a formula is only the remark that the one of the area holds here too.
+// Source: [MS-XLS], PtgExp and PtgTbl.
+std::optional<AreaCell> AreaCellOf(const CellFormula& formula) {
   RecordReader reader(formula.record);
   reader.Skip(22);
   const unsigned token = reader.U8();
   const unsigned row = reader.U16();
   const unsigned column = reader.U16();
-  return reader.ok() && (token == 1 || token == 2) && row == static_cast<unsigned>(first_row) &&
-         column == static_cast<unsigned>(first_column);
+  if (!reader.ok() || (token != 1 && token != 2)) return std::nullopt;
+  return AreaCell{row, column};
 }
 
-// A cell loses its formula. Where it held the formula of an area, the area keeps its results.
-void DropFormula(Sheet& sheet, int row, Cell& cell) {
+// Takes the formula off a cell; one that is of an area is noted.
+void DropFormula(int row, Cell& cell, std::set<AreaCell>& areas) {
   const auto formula = std::exchange(cell.formula, nullptr);
   if (formula == nullptr || formula->after.empty()) return;
-  for (auto& [number, other_row] : sheet.rows) {
-    for (Cell& other : other_row.cells) {
-      if (other.formula != nullptr && IsPartOfArea(*other.formula, row, cell.column)) {
-        other.formula = nullptr;
-      }
+  areas.emplace(static_cast<unsigned>(row), cell.column);
+}
+
+// Areas whose formula is gone keep their results.
+void DropAreas(Sheet& sheet, const std::set<AreaCell>& areas) {
+  if (areas.empty()) return;
+  for (auto& [number, row] : sheet.rows) {
+    for (Cell& cell : row.cells) {
+      const auto area = cell.formula == nullptr ? std::nullopt : AreaCellOf(*cell.formula);
+      if (area && areas.contains(*area)) cell.formula = nullptr;
     }
   }
 }
@@ -69,8 +78,10 @@ void Put(Sheet& sheet, int row, int column, CellValue value) {
     const std::uint16_t format = FormatOfNewCell(sheet, in_row, column);
     place = in_row.cells.insert(place, {static_cast<std::uint16_t>(column), format, {}, nullptr});
   }
-  DropFormula(sheet, row, *place);
   place->value = value;
+  std::set<AreaCell> areas;
+  DropFormula(row, *place, areas);
+  DropAreas(sheet, areas);
 }
 
 // The rows from `first` to `last`, as they arrive elsewhere.
@@ -89,10 +100,12 @@ std::map<int, WorkbookRow> RowsWithout(const Sheet& sheet, int first, int last) 
 void EmptyRows(Sheet& sheet, int first, int last) {
   const auto begin = sheet.rows.lower_bound(first);
   const auto end = sheet.rows.upper_bound(last);
+  std::set<AreaCell> areas;
   for (auto row = begin; row != end; ++row) {
-    for (Cell& cell : row->second.cells) DropFormula(sheet, row->first, cell);
+    for (Cell& cell : row->second.cells) DropFormula(row->first, cell, areas);
   }
   sheet.rows.erase(begin, end);
+  DropAreas(sheet, areas);
   std::erase_if(sheet.merges, [first, last](const CellRange& range) {
     return range.first_row <= last && range.last_row >= first;
   });
@@ -174,10 +187,10 @@ bool AddPageBreak(Sheet& sheet, int row) {
 void SetSheetRowHeight(Sheet& sheet, int row, double points) {
   const double twips = std::isfinite(points) ? points * kTwipsOfPoint : 0;
   WorkbookRow& in_row = sheet.rows[row];
-  in_row.options &= ~kHiddenRow;
-  in_row.options |= kOwnHeight;
-  in_row.height_twips = static_cast<int>(std::clamp(std::round(twips), 0.0, double{kMostTwips}));
-  if (*in_row.height_twips == 0) in_row.options |= kHiddenRow;
+  const auto height = static_cast<int>(std::clamp(std::round(twips), 0.0, double{kMostTwips}));
+  in_row.options &= ~(kHiddenRow | kOwnHeight);
+  in_row.options |= height == 0 ? kHiddenRow : kOwnHeight;
+  in_row.height_twips = height == 0 ? std::nullopt : std::optional(height);
 }
 
 void ProtectSheets(Workbook& workbook, std::string_view password) {

@@ -26,7 +26,7 @@ struct TextRef {
   std::uint32_t index = 0;
 };
 
-/// An error that a formula came to, by its number in the file ([MS-XLS] 2.5.10, BErr).
+/// An error that a formula came to, by its number in the file ([MS-XLS], BErr).
 struct CellError {
   std::uint8_t code = 0;
 };
@@ -79,7 +79,8 @@ struct PageBreak {
 struct ColumnSpan {
   int first = 0;
   int last = 0;
-  double width = 0;  ///< in characters "0" of the default font, the first of the workbook's
+  /// In characters "0" of the workbook's default font, with the space beside the text.
+  double width = 0;
   std::uint16_t format = 0;
   bool hidden = false;
 };
@@ -122,7 +123,7 @@ struct Sheet {
   std::vector<PageBreak> breaks;   ///< by row
   std::vector<int> column_breaks;  ///< a new page begins with that column
   std::vector<ColumnSpan> columns;
-  double default_width = 8;  ///< in characters, as ColumnSpan::width
+  double default_width = 64.0 / 7;  ///< as ColumnSpan::width
   int default_height_twips = 255;
   PageSetup page;
   SheetProtection protection;

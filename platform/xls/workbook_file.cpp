@@ -11,7 +11,7 @@ namespace kalvo {
 
 namespace {
 
-// Names of streams ([MS-XLS] 2.1.2, Compound File Streams).
+// Names of streams ([MS-XLS], Compound File Streams).
 constexpr std::string_view kWorkbookStream = "Workbook";
 constexpr std::string_view kOldWorkbookStream = "Book";  // up to Excel 95
 constexpr std::string_view kEncryptedStream = "EncryptedPackage";

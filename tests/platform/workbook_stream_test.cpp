@@ -198,7 +198,7 @@ TEST(WorkbookStream, ReadsNamedFontsColoursAndWhatIsPrinted) {
   EXPECT_EQ(format.fill_pattern, 1);
   EXPECT_EQ(format.fill_colour, 0xFFFFFFU);
   EXPECT_EQ(workbook.sheets[0].ColumnWidth(3), 10.5);
-  EXPECT_EQ(workbook.sheets[0].ColumnWidth(5), 8);
+  EXPECT_NEAR(workbook.sheets[0].ColumnWidth(5), 9.14, 0.01) << "8 characters and their space";
   EXPECT_EQ(workbook.sheets[0].print_area, (CellRange{0, 58, 0, 8}));
 }
 
