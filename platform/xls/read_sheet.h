@@ -8,7 +8,7 @@ namespace kalvo {
 
 /// How many more cells a workbook may have while it is read.
 struct CellAllowance {
-  std::size_t left = 1'000'000;
+  std::size_t left = 250'000;
 };
 
 /// Fills `sheet` from the records of its substream. Texts and formats of `workbook` are there;

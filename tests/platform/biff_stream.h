@@ -13,10 +13,11 @@ namespace kalvo {
 
 /// Bytes from their values: "06 00 FF".
 inline std::string BytesOf(std::string_view hex) {
+  constexpr std::string_view kDigits = "0123456789ABCDEF";
   std::string bytes;
   for (std::size_t i = 0; i + 1 < hex.size(); i += hex[i] == ' ' ? 1 : 2) {
     if (hex[i] == ' ') continue;
-    bytes += static_cast<char>(std::stoi(std::string(hex.substr(i, 2)), nullptr, 16));
+    bytes += static_cast<char>(kDigits.find(hex[i]) * 16 + kDigits.find(hex[i + 1]));
   }
   return bytes;
 }
@@ -25,7 +26,10 @@ inline std::string BytesOf(std::string_view hex) {
 class BiffStream {
  public:
   BiffStream& Add(std::uint16_t type, std::string_view hex = {}) {
-    AppendRecord(bytes_, {type, BytesOf(hex), {}});
+    return AddBytes(type, BytesOf(hex));
+  }
+  BiffStream& AddBytes(std::uint16_t type, std::string body) {
+    AppendRecord(bytes_, {type, std::move(body), {}});
     return *this;
   }
   [[nodiscard]] const std::string& bytes() const { return bytes_; }
@@ -40,26 +44,20 @@ inline constexpr std::string_view kSheetBof = "00 06 10 00";
 /// A "Workbook" stream: its own records, and a worksheet "Φ1" with the records given. Format 0 is
 /// there, and what `extra` adds.
 inline std::string StreamWith(const BiffStream& sheet, const BiffStream& extra = {}) {
-  const auto globals = [&extra](std::string_view offset) {
+  const auto globals = [&extra](std::size_t offset) {
+    ByteWriter entry;
+    entry.U32(static_cast<std::uint32_t>(offset)).Bytes(BytesOf("00 00 02 01 A6 03 31 00"));
     BiffStream stream;
     stream.Add(biff::kBof, kGlobalsBof);
     stream.Add(biff::kFont, "C8 00 00 00 FF 7F 90 01 00 00 00 00 00 00 05 00 41 72 69 61 6C");
     stream.Add(biff::kXf, "00 00 00 00 01 00 20 00 00 00 00 00 00 00 00 00 00 00 C0 20");
-    stream.Add(biff::kBoundSheet, std::string(offset) + " 00 00 02 01 A6 03 31 00");
+    stream.AddBytes(biff::kBoundSheet, entry.Take());
     return stream.bytes() + extra.bytes() + BiffStream().Add(biff::kEof).bytes();
   };
-  ByteWriter offset;
-  offset.U32(static_cast<std::uint32_t>(globals("00 00 00 00").size()));
-  std::string hex;
-  for (const char byte : offset.Take()) {
-    constexpr std::string_view kDigits = "0123456789ABCDEF";
-    hex += kDigits[static_cast<unsigned char>(byte) >> 4U];
-    hex += kDigits[static_cast<unsigned char>(byte) & 0xFU];
-    hex += ' ';
-  }
   BiffStream begin;
   begin.Add(biff::kBof, kSheetBof);
-  return globals(hex) + begin.bytes() + sheet.bytes() + BiffStream().Add(biff::kEof).bytes();
+  return globals(globals(0).size()) + begin.bytes() + sheet.bytes() +
+         BiffStream().Add(biff::kEof).bytes();
 }
 
 /// A compound file with one stream.

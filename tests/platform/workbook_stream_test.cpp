@@ -262,20 +262,12 @@ TEST(WorkbookStream, WithFormatsInACircleIsRead) {
   EXPECT_EQ(ReasonFor(BiffStream().Add(biff::kBlank, "00 00 00 00 01 00"), extra), "(read)");
 }
 
-TEST(WorkbookStream, OfMillionsOfCellsIsRefused) {
-  std::string row;
-  for (int column = 0; column < 256; ++column) row += " 00 00";
+TEST(WorkbookStream, OfTooManyCellsIsRefused) {
   BiffStream sheet;
-  for (int i = 0; i < 4000; ++i) {
-    ByteWriter number;
-    number.U16(static_cast<unsigned>(i));
-    std::string hex;
-    for (const char byte : number.Take()) {
-      const char digits[] = "0123456789ABCDEF";
-      hex += {digits[static_cast<unsigned char>(byte) / 16],
-              digits[static_cast<unsigned char>(byte) % 16]};
-    }
-    sheet.Add(biff::kMulBlank, hex + " 00 00" + row + " FF 00");
+  for (unsigned row = 0; row < 1000; ++row) {
+    ByteWriter body;
+    body.U16(row).U16(0).Bytes(std::string(512, '\0')).U16(255);
+    sheet.AddBytes(biff::kMulBlank, body.Take());
   }
   EXPECT_EQ(ReasonFor(sheet), workbook_reason::kTooLarge);
 }
