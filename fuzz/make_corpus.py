@@ -168,6 +168,11 @@ SEEDS = {
         "newer": b"\0PK\3\4",
         "stream": b"\1" + workbook(CELLS),
         "encrypted": b"\1" + workbook(CELLS, record(0x2F, bytes(6))),
+        "found_between_rows": b"\1" + workbook(
+            record(0x208, struct.pack("<6HI", 0, 0, 0, 300, 0, 0, 0xF0100)) + record(0x1234) +
+            record(0x203, struct.pack("<HHHd", 1, 0, 0, 1))),
+        "found_no_look": b"\1" + workbook(
+            record(0x208, struct.pack("<6HI", 0, 0, 0, 300, 0, 0, 0x90180))),
         "no_text": b"\1" + workbook(record(0xFD, struct.pack("<HHHI", 0, 1, 0, 99))),
         "continued": b"\1" + workbook(
             CELLS, record(0xFC, struct.pack("<IIHB", 1, 1, 4, 0) + b"ab") +

@@ -37,7 +37,7 @@ void Fill(Workbook& workbook) {
   for (Sheet& sheet : workbook.sheets) {
     if (!sheet.is_worksheet) continue;
     PutText(workbook, sheet, 3, 2, "Ω");
-    PutNumber(sheet, 0, 0, 1.5);
+    PutNumber(workbook, sheet, 0, 0, 1.5);
     CopySheetRows(workbook.sheets.back(), 0, 58, sheet, 59);
     AddPageBreak(sheet, 59);
     SetSheetRowHeight(sheet, 58, 7);

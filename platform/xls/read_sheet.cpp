@@ -69,7 +69,10 @@ void ReadSetup(RecordReader& reader, PageSetup& page) {
 // A count of characters without the space beside the text, as a width: five points of the screen
 // more (ECMA-376 Part 1, 18.3.1.81, sheetFormatPr), in whole steps of eight, where "0" is seven
 // wide. So 8 characters are the 64 points that a new sheet's columns have.
-double DefaultWidth(unsigned characters) { return (characters * 7 + 5 + 7) / 8 * 8 / 7.0; }
+double DefaultWidth(unsigned characters) {
+  const unsigned steps = (characters * 7 + 5 + 7) / 8;
+  return steps * 8 / 7.0;
+}
 
 void ReadColumns(RecordReader& reader, Sheet& sheet) {
   ColumnSpan span;

@@ -132,6 +132,7 @@ Result<Workbook> ReadWorkbookStream(std::string_view stream) {
   const auto entries = SheetEntriesOf(workbook.globals);
   if (!entries) return entries.error();
   WorkbookFormats formats = ReadFormats(workbook.globals);
+  if (formats.formats.empty()) return Because(workbook_reason::kDamaged);
   workbook.formats = std::move(formats.formats);
   workbook.default_font = std::move(formats.default_font);
   if (Outcome texts = TakeTexts(workbook); !texts) return texts.error();

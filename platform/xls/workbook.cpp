@@ -32,10 +32,14 @@ const ColumnSpan* SpanOf(const Sheet& sheet, int column) {
   return found == sheet.columns.end() ? nullptr : &*found;
 }
 
-std::uint16_t FormatOfNewCell(const Sheet& sheet, const WorkbookRow& row, int column) {
-  if ((row.options & kOwnFormat) != 0) return (row.options >> 16U) & 0x0FFFU;
+// Rows and columns may name a look that is not there; a cell has one that is.
+std::uint16_t FormatOfNewCell(const Workbook& workbook, const Sheet& sheet, const WorkbookRow& row,
+                              int column) {
   const ColumnSpan* span = SpanOf(sheet, column);
-  return span != nullptr ? span->format : kUsualFormat;
+  std::uint16_t format = span != nullptr ? span->format : kUsualFormat;
+  if ((row.options & kOwnFormat) != 0) format = (row.options >> 16U) & 0x0FFFU;
+  if (format < workbook.formats.size()) return format;
+  return kUsualFormat < workbook.formats.size() ? kUsualFormat : std::uint16_t{0};
 }
 
 // Row and column of the cell that holds the formula of an area.
@@ -71,11 +75,11 @@ void DropAreas(Sheet& sheet, const std::set<AreaCell>& areas) {
   }
 }
 
-void Put(Sheet& sheet, int row, int column, CellValue value) {
+void Put(const Workbook& workbook, Sheet& sheet, int row, int column, CellValue value) {
   WorkbookRow& in_row = sheet.rows[row];
   auto place = in_row.cells.begin() + (PlaceOf(in_row.cells, column) - in_row.cells.cbegin());
   if (place == in_row.cells.end() || place->column != column) {
-    const std::uint16_t format = FormatOfNewCell(sheet, in_row, column);
+    const std::uint16_t format = FormatOfNewCell(workbook, sheet, in_row, column);
     place = in_row.cells.insert(place, {static_cast<std::uint16_t>(column), format, {}, nullptr});
   }
   place->value = value;
@@ -149,13 +153,13 @@ bool IsInSheet(int row, int column) {
 }
 
 void PutText(Workbook& workbook, Sheet& sheet, int row, int column, std::string_view text) {
-  if (text.empty()) return Put(sheet, row, column, {});
-  Put(sheet, row, column, TextRef{workbook.texts.Add(text)});
+  if (text.empty()) return Put(workbook, sheet, row, column, {});
+  Put(workbook, sheet, row, column, TextRef{workbook.texts.Add(text)});
 }
 
-void PutNumber(Sheet& sheet, int row, int column, double value) {
-  if (!std::isfinite(value)) return Put(sheet, row, column, CellError{kNotANumber});
-  Put(sheet, row, column, value);
+void PutNumber(const Workbook& workbook, Sheet& sheet, int row, int column, double value) {
+  if (!std::isfinite(value)) return Put(workbook, sheet, row, column, CellError{kNotANumber});
+  Put(workbook, sheet, row, column, value);
 }
 
 void CopySheetRows(const Sheet& from, int first, int last, Sheet& to, int target) {

@@ -52,7 +52,7 @@ struct WorkbookRow {
   std::optional<int> height_twips;     ///< none: the sheet's default
   std::uint32_t options = 0x000F0100;  ///< the last four bytes of its record
   std::vector<Cell> cells;             ///< by column
-  std::vector<Record> carried;         ///< what is among its cells and is not known
+  std::vector<Record> carried;  ///< what is not known among cells; goes behind those of its 32 rows
 
   [[nodiscard]] bool IsHidden() const { return (options & 0x20U) != 0; }
 };
@@ -143,7 +143,7 @@ struct Sheet {
 
 struct Workbook {
   std::vector<Sheet> sheets;
-  std::vector<CellFormat> formats;
+  std::vector<CellFormat> formats;  ///< one at least
   SharedTexts texts;
   CellFont default_font;
 
@@ -164,7 +164,7 @@ bool IsInSheet(int row, int column);
 /// format of its row or column. The cell must be in the sheet. A number that is none becomes the
 /// error #NUM!.
 void PutText(Workbook& workbook, Sheet& sheet, int row, int column, std::string_view text);
-void PutNumber(Sheet& sheet, int row, int column, double value);
+void PutNumber(const Workbook& workbook, Sheet& sheet, int row, int column, double value);
 
 /// Copies rows `first` to `last` with cells, formats, heights and the merged cells that are within
 /// them to `target` and on, in the same sheet or another. What was there goes; formulas arrive as

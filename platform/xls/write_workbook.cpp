@@ -83,6 +83,9 @@ class SheetWriter {
       for (auto in_block = begin; in_block != row; ++in_block) {
         WriteCells(in_block->first, in_block->second);
       }
+      for (auto in_block = begin; in_block != row; ++in_block) {
+        for (const Record& record : in_block->second.carried) AppendRecord(stream_, record);
+      }
     }
     WriteAround(sheet_.tail);
   }
@@ -176,7 +179,6 @@ class SheetWriter {
         WriteValue(number, cell);
       }
     }
-    for (const Record& record : row.carried) AppendRecord(stream_, record);
   }
 
   void WriteFormula(const CellFormula& formula) {

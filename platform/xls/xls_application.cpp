@@ -32,7 +32,7 @@ class OpenXls : public OpenWorkbook {
   }
   void PutNumber(int sheet, int row, int column, double value) override {
     Sheet* found = SheetWith(sheet, row, column);
-    if (found != nullptr) kalvo::PutNumber(*found, row - 1, column - 1, value);
+    if (found != nullptr) kalvo::PutNumber(file_.workbook, *found, row - 1, column - 1, value);
   }
   void CopyRows(int from_sheet, RowSpan rows, int to_sheet, int target) override {
     const Sheet* from = SheetWith(from_sheet, rows.first, 1);

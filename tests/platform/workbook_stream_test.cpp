@@ -87,7 +87,7 @@ TEST(WorkbookStream, KeepsWhatItDoesNotKnowInItsPlace) {
   EXPECT_EQ(workbook.sheets[0].page.scale, 85);
   EXPECT_EQ(TypesOf(workbook),
             (std::vector<int>{biff::kBof, 0x1111, biff::kSetup, 0x1112, biff::kDimensions,
-                              biff::kRow, biff::kRow, biff::kBlank, 0x1113, biff::kBlank, 0x1114,
+                              biff::kRow, biff::kRow, biff::kBlank, biff::kBlank, 0x1113, 0x1114,
                               biff::kBof, biff::kSetup, biff::kMergeCells, biff::kEof,
                               biff::kWindow2, 0x1115, biff::kEof}));
   const std::string written = WriteWorkbookStream(workbook);
@@ -156,7 +156,7 @@ TEST(WorkbookStream, KeepsFormulasWithTheirResults) {
 
 TEST(WorkbookStream, LeavesResultsWhereTheFormulaOfAnAreaIsGone) {
   Workbook workbook = Read(Formulas());
-  PutNumber(workbook.sheets[0], 1, 0, 7);
+  PutNumber(workbook, workbook.sheets[0], 1, 0, 7);
   EXPECT_EQ(NumberAt(workbook, 1, 0), 7);
   EXPECT_EQ(NumberAt(workbook, 2, 0), 1.5);
   EXPECT_EQ(workbook.sheets[0].FindCell(2, 0)->formula, nullptr);
@@ -253,6 +253,27 @@ TEST(WorkbookStream, WithSheetsThatShareTheirBytesIsRefused) {
   BiffStream extra;
   for (int i = 0; i < 9; ++i) extra.Add(biff::kBoundSheet, "00 00 00 00 00 00 01 00 41");
   EXPECT_EQ(ReasonFor({}, extra), workbook_reason::kDamaged);
+}
+
+// A row that gives its cells look 9, a column that gives them look 7; there is one look.
+TEST(WorkbookStream, GivesNewCellsALookThatIsThere) {
+  BiffStream sheet;
+  sheet.Add(biff::kColInfo, "00 00 04 00 80 0A 07 00 00 00 00 00");
+  sheet.Add(biff::kRow, "02 00 00 00 09 00 2C 01 00 00 00 00 80 01 09 00");
+  Workbook workbook = Read(sheet);
+  PutNumber(workbook, workbook.sheets[0], 2, 0, 7);
+  PutNumber(workbook, workbook.sheets[0], 3, 1, 7);
+  PutNumber(workbook, workbook.sheets[0], 3, 9, 7);
+  EXPECT_TRUE(ReadWorkbookStream(WriteWorkbookStream(workbook)));
+  EXPECT_EQ(ReadWorkbookStream(BiffStream()
+                                   .Add(biff::kBof, kGlobalsBof)
+                                   .Add(biff::kBoundSheet, "00 00 00 00 00 00 01 00 41")
+                                   .Add(biff::kEof)
+                                   .bytes())
+                .error()
+                .reason,
+            workbook_reason::kDamaged)
+      << "without any look there is no cell";
 }
 
 // A look that hangs on itself: no look is asked what it hangs on.
