@@ -14,9 +14,10 @@ if(TARGET kalvo_desktop)
   list(APPEND bench_programs kalvo_window_bench)
 endif()
 foreach(program IN LISTS bench_programs)
-  target_compile_definitions(${program} PRIVATE KALVO_LIBRARY_DIR="${KALVO_LIBRARY_DIR}"
+  target_compile_definitions(${program} PRIVATE KALVO_SOURCE_DIR="${PROJECT_SOURCE_DIR}"
+                             KALVO_LIBRARY_DIR="${KALVO_LIBRARY_DIR}"
                              KALVO_SAMPLES_DIR="${KALVO_SAMPLES_DIR}"
                              KALVO_BINARY="$<TARGET_FILE:kalvo>")
-  target_link_libraries(${program} PRIVATE kalvo_cli kalvo_warnings)
+  target_link_libraries(${program} PRIVATE kalvo_cli kalvo_platform kalvo_warnings)
   add_dependencies(${program} kalvo kalvo_pipes kalvo_samples)
 endforeach()

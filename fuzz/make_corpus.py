@@ -61,6 +61,40 @@ def rows(closed, results):
         for i, name in enumerate(names))
 
 
+def record(kind, body=b""):
+    """A record of a workbook."""
+    return struct.pack("<HH", kind, len(body)) + body
+
+
+def workbook(cells, more=b""):
+    """The stream of a workbook with one sheet."""
+    def own(offset):
+        return (record(0x809, struct.pack("<HH", 0x600, 5)) +
+                record(0x31, struct.pack("<HHHHHBBBB", 200, 0, 32767, 400, 0, 0, 0, 0, 0) +
+                       b"\5\0Arial") +
+                record(0x41E, struct.pack("<HHB", 164, 5, 0) + b"0.0;@") +
+                record(0xE0, struct.pack("<HHH", 0, 164, 1) + bytes(14)) +
+                record(0x85, struct.pack("<IHBB", offset, 0, 1, 0) + b"A") + more +
+                record(0xFC, struct.pack("<IIHB", 2, 2, 1, 1) + b"\xA9\3" +
+                       struct.pack("<HBH", 2, 8, 1) + b"ab" + bytes(4)) + record(0x0A))
+    return (own(len(own(0))) + record(0x809, struct.pack("<HH", 0x600, 0x10)) + cells +
+            record(0x23E) + record(0x0A))
+
+
+CELLS = (record(0x1B, struct.pack("<HHHH", 1, 59, 0, 255)) + record(0x15, b"\2\0\0&P") +
+         record(0x12, b"\1\0") + record(0x7D, struct.pack("<6H", 0, 3, 2560, 0, 0, 0)) +
+         record(0x200) + record(0x208, struct.pack("<6HI", 0, 0, 9, 300, 0, 0, 0xF0100)) +
+         record(0x203, struct.pack("<HHHd", 0, 0, 0, -2.5)) +
+         record(0xFD, struct.pack("<HHHI", 0, 1, 0, 1)) +
+         record(0xBD, struct.pack("<HHHiHIH", 0, 2, 0, -10, 0, 0x3FF80001, 3)) +
+         record(0xBE, struct.pack("<HHHHH", 0, 4, 0, 0, 5)) +
+         record(0x06, struct.pack("<HHH", 0, 6, 0) + bytes(6) + b"\xFF\xFF" + bytes(6) +
+                struct.pack("<HBHH", 5, 1, 0, 6)) +
+         record(0x4BC, bytes(10)) + record(0x207, b"\1\0\0x") +
+         record(0x205, struct.pack("<HHHBB", 0, 7, 0, 42, 1)) + record(0x1234, b"?") +
+         record(0x3C, b"!") + record(0xE5, struct.pack("<HHHHH", 1, 0, 1, 0, 8)))
+TEMPLATE = (pathlib.Path(__file__).parent.parent / "tests/platform/template.xls").read_bytes()
+
 WATER = fluid(1, "Νερό", -10000, -10000, 1000)
 GLYCOL = fluid(2, "Διάλυμα 25% Προπυλενικής Γλυκόλης σε Νερό", -6, 0.00085, 1260)
 STEEL = b"".join(pipe(i, "STEEL") for i in (1, 2, 3))
@@ -127,6 +161,22 @@ SEEDS = {
         "unquoted": INTRO.replace("\"", "").encode(),
         "cut": INTRO.encode()[:40],
         "large": INTRO.replace("11", "70000").encode(),
+    },
+    "workbook": {
+        "template": b"\0" + TEMPLATE,
+        "cut": b"\0" + TEMPLATE[:4000],
+        "newer": b"\0PK\3\4",
+        "stream": b"\1" + workbook(CELLS),
+        "encrypted": b"\1" + workbook(CELLS, record(0x2F, bytes(6))),
+        "found_between_rows": b"\1" + workbook(
+            record(0x208, struct.pack("<6HI", 0, 0, 0, 300, 0, 0, 0xF0100)) + record(0x1234) +
+            record(0x203, struct.pack("<HHHd", 1, 0, 0, 1))),
+        "found_no_look": b"\1" + workbook(
+            record(0x208, struct.pack("<6HI", 0, 0, 0, 300, 0, 0, 0x90180))),
+        "no_text": b"\1" + workbook(record(0xFD, struct.pack("<HHHI", 0, 1, 0, 99))),
+        "continued": b"\1" + workbook(
+            CELLS, record(0xFC, struct.pack("<IIHB", 1, 1, 4, 0) + b"ab") +
+            record(0x3C, b"\1\xA9\3\xB1\3")),
     },
     "save_journal": {
         "whole": b"\3" + JOURNAL,
