@@ -1,5 +1,6 @@
 # The small build-time programs of tools/ and the data they make: pipe and fluid libraries in
-# <build>/data/library, sample studies in <build>/data/samples, the sound in <build>/data/sound.
+# <build>/data/library, sample studies in <build>/data/samples, the sound in <build>/data/sound; and
+# the templates of reports, copied into <build>/data/templates.
 
 # Every tools/*.cpp is a program but tools/sample_*.cpp, which belong to build_samples.
 kalvo_sources(tool_sources "tools/*.cpp")
@@ -45,3 +46,8 @@ kalvo_data_folder(kalvo_samples "${KALVO_SAMPLES_DIR}" hotel.PCK
                   COMMAND build_samples "${KALVO_LIBRARY_DIR}" "${KALVO_SAMPLES_DIR}")
 add_dependencies(kalvo_samples kalvo_pipes)
 install(DIRECTORY "${KALVO_SAMPLES_DIR}/" DESTINATION share/kalvoflume/samples)
+kalvo_sources(templates "data/templates/*.xls")
+kalvo_data_folder(kalvo_templates "${CMAKE_BINARY_DIR}/data/templates" KALV_RS.xls
+                  DEPENDS ${templates}
+                  COMMAND "${CMAKE_COMMAND}" -E copy ${templates} "${CMAKE_BINARY_DIR}/data/templates")
+install(FILES ${templates} DESTINATION share/kalvoflume/templates)

@@ -124,8 +124,9 @@ Outcome FillProgramFolder(Disk& disk, const fs::path& folder, const fs::path& in
   if (Outcome made = disk.MakeFolder(folder); !made) return made;
   if (const auto readable = disk.List(folder); !readable) return readable.error();
   const bool first = !HoldsLibraries(disk, folder);
-  if (Outcome copied = CopyMissing(disk, installed / "library", folder); !copied) return copied;
-  if (Outcome copied = CopyMissing(disk, installed / "sound", folder); !copied) return copied;
+  for (const char* const part : {"library", "templates", "sound"}) {
+    if (Outcome copied = CopyMissing(disk, installed / part, folder); !copied) return copied;
+  }
   if (!first) return Done{};
   const fs::path studies = folder / "PFILES";
   if (Outcome made = disk.MakeFolder(studies); !made) return made;

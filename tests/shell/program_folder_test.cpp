@@ -77,15 +77,21 @@ TEST(ProgramFolder, GetsWhatItLacksAndKeepsWhatItHas) {
   Put(disk, "/share/library/Liquids.dat", "fluids");
   Put(disk, "/share/samples/hotel.PCK", "hotel");
   Put(disk, "/share/sound/echo.wav", "sound");
+  Put(disk, "/share/templates/KALV_RS.xls", "results");
+  Put(disk, "/share/templates/KALV_PR.xls", "quantities");
   ASSERT_TRUE(FillProgramFolder(disk, "/home/k", "/share").ok());
   EXPECT_EQ(*disk.Read("/home/k/PFILES/hotel.PCK"), "hotel");
 
   Put(disk, "/home/k/0001.WPT", "my own");
+  Put(disk, "/home/k/KALV_RS.xls", "with my logo");
+  ASSERT_TRUE(disk.Rename("/home/k/KALV_PR.xls", "/home/k/kalv_pr.XLS").ok());
   Put(disk, "/share/library/0002.WPT", "added later");
   ASSERT_TRUE(disk.Remove("/home/k/PFILES/hotel.PCK").ok());
   ASSERT_TRUE(FillProgramFolder(disk, "/home/k", "/share").ok());
   EXPECT_EQ(*disk.Read("/home/k/0001.WPT"), "my own");
   EXPECT_EQ(*disk.Read("/home/k/0002.WPT"), "added later");
+  EXPECT_EQ(*disk.Read("/home/k/KALV_RS.xls"), "with my logo");
+  EXPECT_FALSE(disk.Exists("/home/k/KALV_PR.xls")) << "it is there in other letters";
   EXPECT_EQ(*disk.Read("/home/k/echo.wav"), "sound");
   EXPECT_FALSE(disk.Exists("/home/k/PFILES/hotel.PCK")) << "a sample thrown away stays away";
 }
