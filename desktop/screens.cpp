@@ -5,6 +5,8 @@
 #include <ui_frm_avai_d.h>
 #include <ui_frm_calcs.h>
 #include <ui_frm_chang.h>
+#include <ui_frm_cl_pass.h>
+#include <ui_frm_client.h>
 #include <ui_frm_compare.h>
 #include <ui_frm_cur_fl.h>
 #include <ui_frm_data.h>
@@ -51,6 +53,8 @@
 #include "entry/tees/frm_tau_cross.h"
 #include "entry/tees/frm_tau_cross_s.h"
 #include "entry/winter/frm_winter.h"
+#include "results/designer/frm_cl_pass.h"
+#include "results/designer/frm_client.h"
 #include "results/frm_avai_d.h"
 #include "results/frm_chang.h"
 #include "results/frm_compare.h"
@@ -89,6 +93,8 @@ constexpr Screen kScreens[] = {
     {screen::kOneDiameter, &MakeForm<FrmAvaiD>, &SetUp<Ui::FrmAvaiD>, screen::kResultsSheet,
      screen::kResults, true},
     {screen::kManyDiameters, &MakeForm<FrmChang>, &SetUp<Ui::FrmChang>},
+    {screen::kDesigners, &MakeForm<FrmCLient>, &SetUp<Ui::FrmCLient>},
+    {screen::kListPassword, &MakeForm<FrmCLPass>, &SetUp<Ui::FrmCLPass>},
     {screen::kTitle, &MakeForm<FrmTitle>, &SetUp<Ui::FrmTitle>},
     {screen::kMain, &MakeForm<FrmMain>, &SetUp<Ui::FrmMain>},
     {screen::kKind, &MakeForm<FrmKind>, &SetUp<Ui::FrmKind>},

@@ -22,6 +22,7 @@ struct Options {
   bool SoundOn = false;
   bool ChkDataKind = true;      ///< sections are entered in the sheet
   bool folder_commands = true;  ///< `CmdFF` and `CmdCopyFiles` are visible
+  std::string designer;         ///< the name chosen last; empty: none was
 
   bool operator==(const Options&) const = default;
 };
@@ -61,6 +62,8 @@ struct ScreenState {
   std::array<float, 3> outlet_memory{kNoMemory, kNoMemory, kNoMemory};
   /// Section entry under way; its screens hand it on to each other.
   std::shared_ptr<SectionSitting> section_sitting;
+  std::string CurrentDesigner;            ///< chosen in this run; empty: none was
+  std::string AccessPassword;             ///< of the list of designers; empty: it is open
   bool entry_goes_on = false;             ///< the section form opens on a new row after the last
   bool back_to_sheet = false;             ///< the end of the emitters leads to the sheet
   bool open_kept_sheet = false;           ///< the sheet opens with what was kept, without asking

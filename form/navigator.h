@@ -40,6 +40,8 @@ constexpr std::string_view kOneDiameter = "FrmAvaiD";
 constexpr std::string_view kComparison = "FrmCompare";
 constexpr std::string_view kManyDiameters = "FrmChang";
 constexpr std::string_view kWinter = "FrmWinter";
+constexpr std::string_view kDesigners = "FrmCLient";
+constexpr std::string_view kListPassword = "FrmCLPass";
 }  // namespace screen
 
 /// Shows and closes screens. A form that closes itself lives on until the action under way ends.

@@ -49,6 +49,26 @@ std::optional<int> ChooseSection(Desk& desk) {
                                                              : std::nullopt;
 }
 
+void ChooseDesigner(Desk& desk, bool through_program) {
+  desk.questions.designer_for_program = through_program;
+  desk.navigator.ShowModal(screen::kDesigners);
+  desk.questions.designer_for_program = false;
+}
+
+bool AskForListPassword(Desk& desk) {
+  desk.questions.password_use = PasswordUse::kAsk;
+  desk.questions.password_given = false;
+  desk.navigator.ShowModal(screen::kListPassword);
+  return std::exchange(desk.questions.password_given, false);
+}
+
+std::optional<std::string> AskForNewPassword(Desk& desk) {
+  desk.questions.password_use = PasswordUse::kChange;
+  desk.questions.new_password.reset();
+  desk.navigator.ShowModal(screen::kListPassword);
+  return std::exchange(desk.questions.new_password, std::nullopt);
+}
+
 void ChooseResultRow(Desk& desk) {
   desk.questions.section_of_results = true;
   desk.navigator.ShowModal(screen::kGoTo);

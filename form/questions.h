@@ -36,6 +36,9 @@ struct OfferedStudy {
 /// the last.
 enum class EntryChoice { kCorrect, kGoOn };
 
+/// What `FrmCLPass` asks: the password of the list of designers, or a new one as well.
+enum class PasswordUse { kAsk, kChange };
+
 struct Questions {
   FileDialogMode file_mode = FileDialogMode::kOpen;
   std::optional<ChosenFile> file;
@@ -43,9 +46,13 @@ struct Questions {
   OfferedStudy offered;             ///< what `FrmOldStudy` offers back
   std::optional<bool> recover;
   std::optional<EntryChoice> entry_choice;
-  std::string viewer;               ///< `FrmEditor`: "NotePad", "WordPad" or nothing
-  bool section_chosen = false;      ///< what `FrmGoTo` was left with
-  bool section_of_results = false;  ///< `FrmGoTo` serves a view of results
+  std::string viewer;                 ///< `FrmEditor`: "NotePad", "WordPad" or nothing
+  bool section_chosen = false;        ///< what `FrmGoTo` was left with
+  bool section_of_results = false;    ///< `FrmGoTo` serves a view of results
+  bool designer_for_program = false;  ///< `FrmCLient` serves a print through the program
+  PasswordUse password_use = PasswordUse::kAsk;
+  bool password_given = false;
+  std::optional<std::string> new_password;  ///< empty: the list shall be open
 };
 
 /// The file chosen in one of the dialogs for files; nothing: "Escape".
@@ -67,6 +74,16 @@ std::string ChooseViewer(Desk& desk);
 
 /// The number of a section chosen from the list of all; nothing: none was. `CurrentRow` stays.
 std::optional<int> ChooseSection(Desk& desk);
+
+/// Lets the user choose the designer whose name goes on paper, and keep the list of them.
+/// `through_program`: the program prints by itself, which has less room for a name.
+void ChooseDesigner(Desk& desk, bool through_program);
+
+/// True when the user gave `AccessPassword`; what was wrong has been shown.
+bool AskForListPassword(Desk& desk);
+
+/// A new password for the list of designers, from a user who knows the old one; nothing: it stays.
+std::optional<std::string> AskForNewPassword(Desk& desk);
 
 /// Moves `CurrentRow` to a section chosen from the list of all.
 void ChooseResultRow(Desk& desk);

@@ -46,6 +46,20 @@ def pipe(number, material):
             text(f"{number} in", 12) + struct.pack("<6f", 0, 10 * number, 78 * number, 0, 0.045, 0))
 
 
+def scrambled(plain):
+    """A field of the designers' file, padded before."""
+    state, made = 0x0CCE121C, []
+    for byte in plain:
+        state = (state * 1664525 + 1013904223) % 2**32
+        made.append((byte + (state >> 24)) % 256)
+    return bytes(made)
+
+
+def designer(number, name, password="", scramble=scrambled):
+    """A record of 100 bytes."""
+    return struct.pack("<h", number) + scramble(text(name, 78)) + scramble(text(password, 20))
+
+
 def sheet(body):
     """The bytes of a section sheet with that head and those rows."""
     digest = 0xCBF29CE484222325
@@ -124,6 +138,14 @@ SEEDS = {
         "one": b"\1" + GLYCOL,
         "library": b"\2" + WATER + GLYCOL + fluid(3, "Λάδι", 40, 46, 870),
         "odd": b"\2" + WATER + GLYCOL[:30],
+    },
+    "designer_names": {
+        "two": b"\0" + designer(1, "Κ. Παπαδόπουλος", "κλειδί") + designer(2, "J. Smith", "κλειδί"),
+        "plain": b"\1" + designer(1, "Άννα", "7", bytes) + designer(2, "Ώ" * 78, "7", bytes),
+        "twice": b"\1" + designer(1, "Άννα", "", bytes) + designer(2, "Άννα", "", bytes),
+        "odd": b"\0" + designer(1, "Άννα")[:70],
+        "noise": b"\0" + designer(1, "Άννα", "", bytes),
+        "none": b"\0",
     },
     "pipe_library": {
         "one": b"\0\0" + STEEL,

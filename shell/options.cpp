@@ -16,6 +16,7 @@ struct OptionName {
 constexpr std::array kNames = {OptionName{"SoundOn", &Options::SoundOn},
                                OptionName{"ChkDataKind", &Options::ChkDataKind},
                                OptionName{"FolderCommands", &Options::folder_commands}};
+constexpr std::string_view kDesignerStart = "Designer=";
 
 }  // namespace
 
@@ -29,6 +30,7 @@ Options ReadOptions(const Workspace& workspace) {
       if (line == start + "1") options.*option.value = true;
       if (line == start + "0") options.*option.value = false;
     }
+    if (line.starts_with(kDesignerStart)) options.designer = line.substr(kDesignerStart.size());
   }
   return options;
 }
@@ -41,6 +43,7 @@ Outcome WriteOptions(Workspace& workspace, const Options& options) {
   for (const OptionName& option : kNames) {
     text += std::string(option.name) + (options.*option.value ? "=1\n" : "=0\n");
   }
+  if (!options.designer.empty()) text += std::string(kDesignerStart) + options.designer + "\n";
   return workspace.Write(work_file::kOptions, std::move(text));
 }
 

@@ -44,6 +44,7 @@ constexpr const char* kRecentFilesRebuilt = "RecentFiles.@@@";
 constexpr const char* kStudiesIndex = "Studies.std";
 constexpr const char* kDataFolder = "~vamo.wpf";
 constexpr const char* kOptions = "Kalvoflume.opt";
+constexpr const char* kDesigners = "CLIENTS.VAM";
 constexpr const char* kFluids = "Liquids.dat";
 constexpr const char* kFluidsRebuilt = "Liquids.@@@";
 

@@ -29,6 +29,7 @@
 #include "results/diameter_roads.h"
 #include "results/frm_chang.h"
 #include "study/codepage.h"
+#include "study/designer_names.h"
 #include "study/fluid_library.h"
 #include "study/recent_files.h"
 #include "study/safety_copies.h"
@@ -168,6 +169,10 @@ void Surround(CalculatedDesk& desk) {
   desk.desk.version = "Έκδοση 0.1.0";
   desk.desk.questions.offered = {desk.study.study.SectionCount, "Ξενοδοχείο", "/studies/hotel.PCK",
                                  "25/11/2026, 10:30:00"};
+  ASSERT_TRUE(WriteDesigners(workspace, {{"Κ. Παπαδόπουλος", "Ά. Ωμέγας & Συνεργάτες"}, "x"}).ok());
+  desk.desk.screens.CurrentDesigner = "Κ. Παπαδόπουλος";
+  desk.desk.screens.AccessPassword = "x";
+  desk.desk.questions.password_use = PasswordUse::kChange;
   for (const char* name : {"single.PCK", "fancoil.PCK", "hotel.PCK"}) {
     ASSERT_TRUE(AddRecentFile(workspace, Samples() / name).ok());
   }

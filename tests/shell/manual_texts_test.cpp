@@ -17,6 +17,8 @@
 #include "entry/sheet/frm_data_sheet.h"
 #include "entry/tees/frm_tau_cross_s.h"
 #include "entry/winter/frm_winter.h"
+#include "results/designer/frm_cl_pass.h"
+#include "results/designer/frm_client.h"
 #include "results/frm_avai_d.h"
 #include "results/frm_chang.h"
 #include "results/frm_compare.h"
@@ -113,7 +115,9 @@ std::map<std::string, FormFactory> Screens() {
           {"Αλλαγή πολλών διαμέτρων", &MakeForm<FrmChang>},
           {"Σύγκριση", &MakeForm<FrmCompare>},
           {"Η αντλία", &MakeForm<FrmResGn>},
-          {"Χειμώνας", &MakeForm<FrmWinter>}};
+          {"Χειμώνας", &MakeForm<FrmWinter>},
+          {"Μελετητές", &MakeForm<FrmCLient>},
+          {"Password των μελετητών", &MakeForm<FrmCLPass>}};
 }
 
 // As it is at first; the main menu names its commands when it is loaded.

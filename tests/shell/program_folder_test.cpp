@@ -115,10 +115,9 @@ TEST(RememberedOptions, ComeBackAndABrokenFileIsAsAtFirst) {
   TestBench bench;
   EXPECT_FALSE(ReadOptions(bench.workspace).SoundOn);
   EXPECT_TRUE(ReadOptions(bench.workspace).ChkDataKind);
-  Options options{true, false, false};
+  const Options options{true, false, false, "Ά. Ωμέγας = Υιός"};
   ASSERT_TRUE(WriteOptions(bench.workspace, options).ok());
-  EXPECT_TRUE(ReadOptions(bench.workspace).SoundOn);
-  EXPECT_FALSE(ReadOptions(bench.workspace).ChkDataKind);
+  EXPECT_EQ(ReadOptions(bench.workspace), options);
   ASSERT_TRUE(bench.workspace.Write(work_file::kOptions, "\x01SoundOn=9\nChkDataKind=0").ok());
   EXPECT_FALSE(ReadOptions(bench.workspace).SoundOn);
   EXPECT_FALSE(ReadOptions(bench.workspace).ChkDataKind);

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+
+#include "form/desk.h"
+
+namespace kalvo {
+
+/// The designer whose name goes on paper: the one chosen in this run, else `Client` of row 1, else
+/// the one chosen last. Empty: none of them is there. Error: the rows cannot be read.
+Result<std::string> DesignerName(const Desk& desk);
+
+/// Where row 1 has no `Client`, every row gets the designer's name and the study counts as changed.
+/// False: rows could not be read or written, and a box said so.
+bool FillClient(Desk& desk);
+
+}  // namespace kalvo
