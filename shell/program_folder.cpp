@@ -126,6 +126,7 @@ Outcome FillProgramFolder(Disk& disk, const fs::path& folder, const fs::path& in
   const bool first = !HoldsLibraries(disk, folder);
   if (Outcome copied = CopyMissing(disk, installed / "library", folder); !copied) return copied;
   if (Outcome copied = CopyMissing(disk, installed / "sound", folder); !copied) return copied;
+  if (Outcome copied = CopyMissing(disk, installed / "shells", folder); !copied) return copied;
   if (!first) return Done{};
   const fs::path studies = folder / "PFILES";
   if (Outcome made = disk.MakeFolder(studies); !made) return made;

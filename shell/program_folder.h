@@ -30,8 +30,9 @@ struct ProgramPlaces {
 /// one of one kind only.
 ProgramPlaces FindPlaces(Disk& disk, const Surroundings& surroundings);
 
-/// Makes the program folder ready: pipe libraries and fluids of `installed`/library and the sound
-/// of `installed`/sound that it lacks are copied; none is overwritten. A folder that had no library
+/// Makes the program folder ready: pipe libraries and fluids of `installed`/library, the sound of
+/// `installed`/sound and the databases of `installed`/shells that it lacks are copied; none is
+/// overwritten. A folder that had no library
 /// gets the sample studies, too, into `PFILES`. What `installed` lacks is passed over. Error: the
 /// folder cannot be written.
 Outcome FillProgramFolder(Disk& disk, const std::filesystem::path& folder,

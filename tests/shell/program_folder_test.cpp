@@ -77,6 +77,7 @@ TEST(ProgramFolder, GetsWhatItLacksAndKeepsWhatItHas) {
   Put(disk, "/share/library/Liquids.dat", "fluids");
   Put(disk, "/share/samples/hotel.PCK", "hotel");
   Put(disk, "/share/sound/echo.wav", "sound");
+  Put(disk, "/share/shells/KALVMSTR.MDB", "shell");
   ASSERT_TRUE(FillProgramFolder(disk, "/home/k", "/share").ok());
   EXPECT_EQ(*disk.Read("/home/k/PFILES/hotel.PCK"), "hotel");
 
@@ -87,6 +88,7 @@ TEST(ProgramFolder, GetsWhatItLacksAndKeepsWhatItHas) {
   EXPECT_EQ(*disk.Read("/home/k/0001.WPT"), "my own");
   EXPECT_EQ(*disk.Read("/home/k/0002.WPT"), "added later");
   EXPECT_EQ(*disk.Read("/home/k/echo.wav"), "sound");
+  EXPECT_EQ(*disk.Read("/home/k/KALVMSTR.MDB"), "shell");
   EXPECT_FALSE(disk.Exists("/home/k/PFILES/hotel.PCK")) << "a sample thrown away stays away";
 }
 
