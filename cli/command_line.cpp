@@ -8,6 +8,7 @@
 #include "cli/calc_command.h"
 #include "cli/diameters_command.h"
 #include "cli/explain_command.h"
+#include "cli/export_command.h"
 #include "cli/greek_help.h"
 #include "cli/library_commands.h"
 #include "cli/outlets_command.h"
@@ -74,6 +75,7 @@ class Program {
     Add<ExplainCommand>();
     Add<QuantitiesCommand>();
     Add<DiametersCommand>();
+    Add<ExportCommand>();
     Add<WinterCommand>();
     Add<PipesCommand>();
     Add<FluidsCommand>();

@@ -1,6 +1,7 @@
 # The small build-time programs of tools/ and the data they make: pipe and fluid libraries in
-# <build>/data/library, sample studies in <build>/data/samples, the sound in <build>/data/sound; and
-# the templates of reports, copied into <build>/data/templates.
+# <build>/data/library, sample studies in <build>/data/samples, the sound in <build>/data/sound, the
+# shells of the print database in <build>/data/shells; and the templates of reports, copied into
+# <build>/data/templates.
 
 # Every tools/*.cpp is a program but tools/sample_*.cpp, which belong to build_samples.
 kalvo_sources(tool_sources "tools/*.cpp")
@@ -12,6 +13,7 @@ foreach(source IN LISTS tool_sources)
   target_link_libraries(${tool} PRIVATE kalvo_engine kalvo_warnings)
 endforeach()
 target_sources(build_samples PRIVATE ${sample_sources})
+target_link_libraries(build_shells PRIVATE kalvo_jet)
 
 set(KALVO_LIBRARY_DIR "${CMAKE_BINARY_DIR}/data/library")
 set(KALVO_SAMPLES_DIR "${CMAKE_BINARY_DIR}/data/samples")
@@ -41,6 +43,11 @@ kalvo_data_folder(kalvo_sound "${CMAKE_BINARY_DIR}/data/sound" echo.wav
                   DEPENDS build_sound
                   COMMAND build_sound "${CMAKE_BINARY_DIR}/data/sound/echo.wav")
 install(FILES "${CMAKE_BINARY_DIR}/data/sound/echo.wav" DESTINATION share/kalvoflume/sound)
+set(KALVO_SHELLS_DIR "${CMAKE_BINARY_DIR}/data/shells")
+kalvo_data_folder(kalvo_shells "${KALVO_SHELLS_DIR}" KALVMSTR.MDB
+                  DEPENDS build_shells
+                  COMMAND build_shells "${KALVO_SHELLS_DIR}")
+install(DIRECTORY "${KALVO_SHELLS_DIR}/" DESTINATION share/kalvoflume/shells)
 kalvo_data_folder(kalvo_samples "${KALVO_SAMPLES_DIR}" hotel.PCK
                   DEPENDS build_samples "${KALVO_LIBRARY_DIR}/Liquids.dat"
                   COMMAND build_samples "${KALVO_LIBRARY_DIR}" "${KALVO_SAMPLES_DIR}")

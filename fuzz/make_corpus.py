@@ -75,6 +75,11 @@ def rows(closed, results):
         for i, name in enumerate(names))
 
 
+def change(place, value):
+    """Another byte at a place of a database's shell."""
+    return struct.pack(">I", place)[1:] + bytes([value])
+
+
 def record(kind, body=b""):
     """A record of a workbook."""
     return struct.pack("<HH", kind, len(body)) + body
@@ -199,6 +204,16 @@ SEEDS = {
         "continued": b"\1" + workbook(
             CELLS, record(0xFC, struct.pack("<IIHB", 1, 1, 4, 0) + b"ab") +
             record(0x3C, b"\1\xA9\3\xB1\3")),
+    },
+    "print_database": {
+        "noise": b"\0" + bytes(range(256)),
+        "newer": b"\0\0\1\0\0Standard ACE DB\0",
+        "good": b"\1",
+        "indexed": b"\1" + change(6 * 4096 + 47, 1),
+        "many_columns": b"\1" + change(6 * 4096 + 46, 1),
+        "map_elsewhere": b"\1" + change(6 * 4096 + 56, 6),
+        "row_elsewhere": b"\1" + change(8 * 4096 + 15, 0x40),
+        "cut": b"\2\x50\0" + change(0, 0),
     },
     "save_journal": {
         "whole": b"\3" + JOURNAL,

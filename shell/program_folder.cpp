@@ -124,7 +124,7 @@ Outcome FillProgramFolder(Disk& disk, const fs::path& folder, const fs::path& in
   if (Outcome made = disk.MakeFolder(folder); !made) return made;
   if (const auto readable = disk.List(folder); !readable) return readable.error();
   const bool first = !HoldsLibraries(disk, folder);
-  for (const char* const part : {"library", "templates", "sound"}) {
+  for (const char* const part : {"library", "templates", "shells", "sound"}) {
     if (Outcome copied = CopyMissing(disk, installed / part, folder); !copied) return copied;
   }
   if (!first) return Done{};

@@ -31,9 +31,10 @@ struct ProgramPlaces {
 ProgramPlaces FindPlaces(Disk& disk, const Surroundings& surroundings);
 
 /// Makes the program folder ready: pipe libraries and fluids of `installed`/library, the templates
-/// of reports of `installed`/templates and the sound of `installed`/sound that it lacks are copied;
-/// none is overwritten. A folder that had no library gets the sample studies, too, into `PFILES`.
-/// What `installed` lacks is passed over. Error: the folder cannot be written.
+/// of reports of `installed`/templates, the databases of `installed`/shells and the sound of
+/// `installed`/sound that it lacks are copied; none is overwritten. A folder that had no library
+/// gets the sample studies, too, into `PFILES`. What `installed` lacks is passed over. Error: the
+/// folder cannot be written.
 Outcome FillProgramFolder(Disk& disk, const std::filesystem::path& folder,
                           const std::filesystem::path& installed);
 

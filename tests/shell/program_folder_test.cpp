@@ -79,6 +79,7 @@ TEST(ProgramFolder, GetsWhatItLacksAndKeepsWhatItHas) {
   Put(disk, "/share/sound/echo.wav", "sound");
   Put(disk, "/share/templates/KALV_RS.xls", "results");
   Put(disk, "/share/templates/KALV_PR.xls", "quantities");
+  Put(disk, "/share/shells/KALVMSTR.MDB", "shell");
   ASSERT_TRUE(FillProgramFolder(disk, "/home/k", "/share").ok());
   EXPECT_EQ(*disk.Read("/home/k/PFILES/hotel.PCK"), "hotel");
 
@@ -93,6 +94,7 @@ TEST(ProgramFolder, GetsWhatItLacksAndKeepsWhatItHas) {
   EXPECT_EQ(*disk.Read("/home/k/KALV_RS.xls"), "with my logo");
   EXPECT_FALSE(disk.Exists("/home/k/KALV_PR.xls")) << "it is there in other letters";
   EXPECT_EQ(*disk.Read("/home/k/echo.wav"), "sound");
+  EXPECT_EQ(*disk.Read("/home/k/KALVMSTR.MDB"), "shell");
   EXPECT_FALSE(disk.Exists("/home/k/PFILES/hotel.PCK")) << "a sample thrown away stays away";
 }
 
