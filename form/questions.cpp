@@ -49,6 +49,13 @@ std::optional<int> ChooseSection(Desk& desk) {
                                                              : std::nullopt;
 }
 
+void ShowPreview(Desk& desk, PreviewedPages& pages) {
+  desk.questions.previewed = &pages;
+  desk.navigator.ShowModal(screen::kPreview);
+  desk.questions.previewed = nullptr;
+  desk.questions.preview = {};
+}
+
 void ChooseResultRow(Desk& desk) {
   desk.questions.section_of_results = true;
   desk.navigator.ShowModal(screen::kGoTo);

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "form/previewed_pages.h"
 #include "study/method.h"
 
 namespace kalvo {
@@ -43,9 +44,11 @@ struct Questions {
   OfferedStudy offered;             ///< what `FrmOldStudy` offers back
   std::optional<bool> recover;
   std::optional<EntryChoice> entry_choice;
-  std::string viewer;               ///< `FrmEditor`: "NotePad", "WordPad" or nothing
-  bool section_chosen = false;      ///< what `FrmGoTo` was left with
-  bool section_of_results = false;  ///< `FrmGoTo` serves a view of results
+  std::string viewer;                   ///< `FrmEditor`: "NotePad", "WordPad" or nothing
+  bool section_chosen = false;          ///< what `FrmGoTo` was left with
+  bool section_of_results = false;      ///< `FrmGoTo` serves a view of results
+  PreviewFacts preview;                 ///< of the pages that are previewed next
+  PreviewedPages* previewed = nullptr;  ///< what `FrmPreview` shows; nothing: it is closed
 };
 
 /// The file chosen in one of the dialogs for files; nothing: "Escape".
@@ -67,6 +70,10 @@ std::string ChooseViewer(Desk& desk);
 
 /// The number of a section chosen from the list of all; nothing: none was. `CurrentRow` stays.
 std::optional<int> ChooseSection(Desk& desk);
+
+/// Shows pages as they would be printed, with what `Questions::preview` says of them, and returns
+/// when the user has closed them.
+void ShowPreview(Desk& desk, PreviewedPages& pages);
 
 /// Moves `CurrentRow` to a section chosen from the list of all.
 void ChooseResultRow(Desk& desk);

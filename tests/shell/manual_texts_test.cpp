@@ -24,6 +24,7 @@
 #include "results/frm_res_gn.h"
 #include "results/frm_res_sheet.h"
 #include "results/frm_stat_s.h"
+#include "results/printing/frm_preview.h"
 #include "shell/frm_kind.h"
 #include "shell/frm_main.h"
 #include "tests/support/markdown.h"
@@ -113,7 +114,8 @@ std::map<std::string, FormFactory> Screens() {
           {"Αλλαγή πολλών διαμέτρων", &MakeForm<FrmChang>},
           {"Σύγκριση", &MakeForm<FrmCompare>},
           {"Η αντλία", &MakeForm<FrmResGn>},
-          {"Χειμώνας", &MakeForm<FrmWinter>}};
+          {"Χειμώνας", &MakeForm<FrmWinter>},
+          {"Προεπισκόπηση", &MakeForm<FrmPreview>}};
 }
 
 // As it is at first; the main menu names its commands when it is loaded.
