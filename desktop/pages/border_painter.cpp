@@ -31,9 +31,11 @@ const Stroke& StrokeOf(LineStyle style) {
   return kStrokes[place < std::size(kStrokes) ? place : 0];
 }
 
-QPen PenOf(const BorderLine& line) {
+// A line that is thinner than a dot of the device takes a whole one, which a pen of width 0 does.
+QPen PenOf(const BorderLine& line, double dots_of_twip) {
   const Stroke& stroke = StrokeOf(line.style);
-  QPen pen(ColourOf(line.colour), stroke.points * kTwipsOfPoint);
+  const double width = stroke.points * kTwipsOfPoint;
+  QPen pen(ColourOf(line.colour), width * dots_of_twip < 1 ? 0 : width);
   pen.setCapStyle(stroke.dashes.empty() ? Qt::SquareCap : Qt::FlatCap);
   if (!stroke.dashes.empty()) pen.setDashPattern(stroke.dashes);
   return pen;
@@ -74,11 +76,11 @@ void BorderPainter::DrawLine(QPainter& painter, const Line& line, double shift) 
   }
 }
 
-// A line that is thinner than a dot of the screen takes a whole one.
 void BorderPainter::Draw(QPainter& painter) const {
+  const double dots_of_twip = painter.deviceTransform().m11();
   painter.setRenderHint(QPainter::Antialiasing, false);
   for (const Line& line : lines_) {
-    painter.setPen(PenOf(line.look));
+    painter.setPen(PenOf(line.look, dots_of_twip));
     if (line.look.style == LineStyle::kDouble) {
       DrawLine(painter, line, -HalfGap());
       DrawLine(painter, line, HalfGap());

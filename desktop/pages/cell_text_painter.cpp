@@ -11,7 +11,7 @@ namespace kalvo {
 namespace {
 
 constexpr double kTextSide = 2 * kTwipsOfDot;  // between a cell's edge and its text
-constexpr int kSpaceDots = 2;              // of a step of the indent, beside a digit
+constexpr int kSpaceDots = 2;                  // of a step of the indent, beside a digit
 constexpr int kStackedText = 255;              // the rotation of letters one below the other
 constexpr int kOneLineFlags = Qt::TextSingleLine | Qt::TextDontClip;
 
@@ -137,7 +137,8 @@ void CellTextPainter::PaintTurned(const Words& words, const QRectF& place) {
   const bool rises = words.format.rotation > 0;
   // As long as the cell has room in that direction.
   const double length = std::abs(angle) > M_PI / 4 ? place.height() : place.width();
-  const QRectF line(-length / 2 + kTextSide, -place.width() / 2, length - 2 * kTextSide, place.width());
+  const QRectF line(-length / 2 + kTextSide, -place.width() / 2, length - 2 * kTextSide,
+                    place.width());
   painter_.save();
   painter_.setClipRect(place, Qt::IntersectClip);
   painter_.translate(place.center());

@@ -53,7 +53,7 @@ TEST(PageLayout, EndsAPageAtABreakAndWhereTheNextRowHasNoRoom) {
   SetSheetRowHeight(book.sheet(), 10, 0);
   SetSheetRowHeight(book.sheet(), 41, 400);
   SetSheetRowHeight(book.sheet(), 42, 400);
-  EXPECT_EQ(book.Rows(), "0-39 40-41 42-64 65-99") << "a page may hold little";
+  EXPECT_EQ(book.Rows(), "0-39 40-41 42-65 66-99") << "a page may hold little";
   book.sheet().page.top = 30;
   EXPECT_EQ(book.Rows().substr(0, 8), "0-0 1-1 ") << "a row at least, however little room";
 }
@@ -62,8 +62,11 @@ TEST(PageLayout, HoldsAPageAsHighAsThePaperToAHair) {
   HundredRows book;
   book.sheet().page.top = 13 / 25.4;
   book.sheet().page.bottom = 15 / 25.4;
-  for (int row = 0; row < 59; ++row) SetSheetRowHeight(book.sheet(), row, 12.925);
+  for (int row = 0; row < 59; ++row) SetSheetRowHeight(book.sheet(), row, 12.9);
+  SetSheetRowHeight(book.sheet(), 0, 14.65);  // 59 rows of 15257 twips in 15250
   EXPECT_EQ(book.Rows(), "0-58 59-99");
+  SetSheetRowHeight(book.sheet(), 0, 15);
+  EXPECT_EQ(book.Rows(), "0-57 58-99");
 }
 
 TEST(PageLayout, ShowsWhatIsInUseOrThePrintArea) {
@@ -89,8 +92,8 @@ TEST(PageLayout, GoesDownFirstAndThenToTheRight) {
   const PageLayout layout = LayOutPages(book);
   ASSERT_EQ(layout.pages.size(), 6U);
   EXPECT_EQ(layout.pages[1].cells, (CellRange{54, 99, 0, 2}));
-  EXPECT_EQ(layout.pages[2].cells, (CellRange{0, 53, 3, 9})) << "seven of 73 dots in 6.77 inches";
-  EXPECT_EQ(layout.pages[5].cells, (CellRange{54, 99, 10, 11}));
+  EXPECT_EQ(layout.pages[2].cells, (CellRange{0, 53, 3, 10})) << "eight of 73 dots in 6.77 inches";
+  EXPECT_EQ(layout.pages[5].cells, (CellRange{54, 99, 11, 11}));
 }
 
 TEST(PageLayout, PutsThePageWithinItsMarginsOrInTheMiddle) {

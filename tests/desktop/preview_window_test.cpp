@@ -81,8 +81,8 @@ TEST(PreviewWindow, TurnsPagesByKeysAndPictures) {
   user.Press(Qt::Key_End);
   EXPECT_EQ(user.sheet().page(), 29);
   const auto* scroll = user.window->findChild<QScrollArea*>("pages_scroll");
-  EXPECT_EQ(scroll->verticalScrollBar()->value(), scroll->verticalScrollBar()->maximum())
-      << "its picture is in sight";
+  const QPoint foot = user.list().mapTo(scroll->viewport(), user.list().rect().bottomLeft());
+  EXPECT_LT(foot.y(), scroll->viewport()->height() + 10) << "its picture is in sight";
   user.Press(Qt::Key_Home);
   QTest::mouseClick(&user.list(), Qt::LeftButton, {}, {80, 300});
   EXPECT_EQ(user.field(), "2");
@@ -98,7 +98,7 @@ TEST(PreviewWindow, ZoomsAndScrollsByKeysAndWheel) {
   user.Press(Qt::Key_Plus, Qt::ControlModifier);
   user.Press(Qt::Key_0, Qt::ControlModifier);
   EXPECT_TRUE(user.zoom().startsWith("Ολόκληρη"));
-  user.Wheel(2, Qt::ControlModifier);
+  user.Wheel(3, Qt::ControlModifier);
   EXPECT_EQ(user.zoom(), "125 %") << "from what a whole page takes here";
   EXPECT_NEAR(user.sheet().place().width(), 595.3 * 96 / 72 * 1.25, 2);
   QScrollBar& bar = *user.sheet().verticalScrollBar();

@@ -78,7 +78,6 @@ TEST(SheetPainter, DrawsEachBorderOnItsEdgeAndNoneInsideMergedCells) {
   book.Look(1, 1).bottom = {LineStyle::kMedium, kRed & 0xFFFFFFU};
   book.Look(1, 2).left = {LineStyle::kHair, kBlue & 0xFFFFFFU};
   for (const int column : {0, 1}) {
-    book.Look(4, column).left = book.Look(4, column).right = {};
     CellFormat& look = book.Look(4, column);
     look.left = look.right = {LineStyle::kThin, kBlue & 0xFFFFFFU};
   }

@@ -11,9 +11,9 @@ namespace kalvo {
 namespace {
 
 constexpr int kTilePictureWidth = 114;
-constexpr int kTileSide = 8;     // within a tile, around its picture
-constexpr int kTileMargin = 8;   // around all tiles
-constexpr int kTileGap = 6;      // between two
+constexpr int kTileSide = 8;       // within a tile, around its picture
+constexpr int kTileMargin = 8;     // around all tiles
+constexpr int kTileGap = 6;        // between two
 constexpr int kNumberHeight = 28;  // the line of the page's number
 constexpr int kTileRadius = 5;
 constexpr int kMostPictures = 100;
@@ -53,7 +53,8 @@ QSize PageList::sizeHint() const {
 }
 
 QRect PageList::TileOf(int page) const {
-  return {kTileMargin, kTileMargin + page * (TileHeight() + kTileGap), kTilePictureWidth + 2 * kTileSide, TileHeight()};
+  return {kTileMargin, kTileMargin + page * (TileHeight() + kTileGap),
+          kTilePictureWidth + 2 * kTileSide, TileHeight()};
 }
 
 int PageList::PlaceAt(const QPoint& point) const {

@@ -12,7 +12,7 @@ namespace kalvo {
 namespace {
 
 constexpr int kGroundAround = 16;   // between page and window
-constexpr int kWheelNotch = 120;   // of a wheel
+constexpr int kWheelNotch = 120;    // of a wheel
 constexpr int kScreenOverlap = 40;  // of two screenfuls
 constexpr double kPointsOfScreenInch = 72;
 constexpr qint64 kMostStored = 8'000'000;  // dots; a larger page is painted anew each time
