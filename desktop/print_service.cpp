@@ -69,6 +69,13 @@ QStringList PrintArguments(const QPrinter& printer, std::string_view name) {
   return arguments + OwnOptions(printer);
 }
 
+QStringList PrintArguments(std::string_view printer, std::string_view name, int copies) {
+  QStringList arguments{"-d", ToQt(printer), "-t", ToQt(name)};
+  arguments << "-n" << QString::number(std::max(copies, 1));
+  return arguments << "-o"
+                   << "collate=true";
+}
+
 Result<bool> HandToPrintService(const QStringList& arguments, const QByteArray& pdf,
                                 std::string_view notice) {
   PrintNotice shown(notice, 0);

@@ -17,6 +17,9 @@ bool HasPrintService();
 /// What `lp` is told of a printer and what the user has set for it.
 QStringList PrintArguments(const QPrinter& printer, std::string_view name);
 
+/// The same of a printer that is only known by its name, and pages that state their own paper.
+QStringList PrintArguments(std::string_view printer, std::string_view name, int copies);
+
 /// Hands a PDF to the service, showing `notice` meanwhile; false: the user has cancelled. Error:
 /// the service does not take it, with what it says.
 Result<bool> HandToPrintService(const QStringList& arguments, const QByteArray& pdf,

@@ -25,6 +25,7 @@
 #include <ui_frm_main.h>
 #include <ui_frm_old_study.h>
 #include <ui_frm_open_save.h>
+#include <ui_frm_preview.h>
 #include <ui_frm_rec_files.h>
 #include <ui_frm_res.h>
 #include <ui_frm_res_gn.h>
@@ -62,6 +63,7 @@
 #include "results/frm_res_gn.h"
 #include "results/frm_res_sheet.h"
 #include "results/frm_stat_s.h"
+#include "results/printing/frm_preview.h"
 #include "shell/frm_calcs.h"
 #include "shell/frm_editor.h"
 #include "shell/frm_error.h"
@@ -90,6 +92,7 @@ constexpr Screen kScreens[] = {
     {screen::kResultsSheet, &MakeForm<FrmRes_Sheet>, &SetUp<Ui::FrmRes_Sheet>},
     {screen::kComparison, &MakeForm<FrmCompare>, &SetUp<Ui::FrmCompare>},
     {screen::kQuantities, &MakeForm<FrmStatS>, &SetUp<Ui::FrmStatS>},
+    {screen::kPreview, &MakeForm<FrmPreview>, &SetUp<Ui::FrmPreview>},
     {screen::kOneDiameter, &MakeForm<FrmAvaiD>, &SetUp<Ui::FrmAvaiD>, screen::kResultsSheet,
      screen::kResults, true},
     {screen::kManyDiameters, &MakeForm<FrmChang>, &SetUp<Ui::FrmChang>},

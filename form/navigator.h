@@ -42,6 +42,7 @@ constexpr std::string_view kManyDiameters = "FrmChang";
 constexpr std::string_view kWinter = "FrmWinter";
 constexpr std::string_view kDesigners = "FrmCLient";
 constexpr std::string_view kListPassword = "FrmCLPass";
+constexpr std::string_view kPreview = "FrmPreview";
 }  // namespace screen
 
 /// Shows and closes screens. A form that closes itself lives on until the action under way ends.

@@ -6,6 +6,7 @@
 
 #include "form/command.h"
 #include "form/control.h"
+#include "form/page_view.h"
 #include "form/picture_lines.h"
 
 namespace kalvo {
@@ -161,5 +162,6 @@ struct WinterChartContent {
   bool operator==(const WinterChartContent&) const = default;
 };
 using WinterChart = Picture<WinterChartContent>;
+using PageTiles = Picture<PageTilesContent>;
 
 }  // namespace kalvo

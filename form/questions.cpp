@@ -69,6 +69,13 @@ std::optional<std::string> AskForNewPassword(Desk& desk) {
   return std::exchange(desk.questions.new_password, std::nullopt);
 }
 
+void ShowPreview(Desk& desk, PreviewedPages& pages) {
+  desk.questions.previewed = &pages;
+  desk.navigator.ShowModal(screen::kPreview);
+  desk.questions.previewed = nullptr;
+  desk.questions.preview = {};
+}
+
 void ChooseResultRow(Desk& desk) {
   desk.questions.section_of_results = true;
   desk.navigator.ShowModal(screen::kGoTo);

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "form/previewed_pages.h"
 #include "study/method.h"
 
 namespace kalvo {
@@ -53,6 +54,8 @@ struct Questions {
   PasswordUse password_use = PasswordUse::kAsk;
   bool password_given = false;
   std::optional<std::string> new_password;  ///< empty: the list shall be open
+  PreviewFacts preview;                 ///< of the pages that are previewed next
+  PreviewedPages* previewed = nullptr;  ///< what `FrmPreview` shows; nothing: it is closed
 };
 
 /// The file chosen in one of the dialogs for files; nothing: "Escape".
@@ -84,6 +87,10 @@ bool AskForListPassword(Desk& desk);
 
 /// A new password for the list of designers, from a user who knows the old one; nothing: it stays.
 std::optional<std::string> AskForNewPassword(Desk& desk);
+
+/// Shows pages as they would be printed, with what `Questions::preview` says of them, and returns
+/// when the user has closed them.
+void ShowPreview(Desk& desk, PreviewedPages& pages);
 
 /// Moves `CurrentRow` to a section chosen from the list of all.
 void ChooseResultRow(Desk& desk);

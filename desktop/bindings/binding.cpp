@@ -7,6 +7,7 @@
 #include "desktop/bindings/grid_binding.h"
 #include "desktop/bindings/label_binding.h"
 #include "desktop/bindings/list_binding.h"
+#include "desktop/bindings/page_view_binding.h"
 #include "desktop/bindings/picture_binding.h"
 #include "desktop/bindings/toggle_binding.h"
 
@@ -56,6 +57,9 @@ std::unique_ptr<Binding> MakeBinding(Form& form, Control& part, QWidget& widget,
   }
   if (const Pair<Grid, QTableView> pair(part, widget); pair) {
     return MakeGrid<GridBinding>(*pair.part, *pair.widget, act);
+  }
+  if (const Pair<PageView, PageSheet> pair(part, widget); pair) {
+    return std::make_unique<PageViewBinding>(*pair.part, *pair.widget, act);
   }
   return MakePictureBinding(part, widget, act);
 }

@@ -7,6 +7,7 @@
 #include "desktop/widgets/pictures/pipe_picture.h"
 #include "desktop/widgets/pictures/section_picture.h"
 #include "desktop/widgets/pictures/winter_bars.h"
+#include "desktop/widgets/preview/page_list.h"
 #include "desktop/widgets/results/bar_pair.h"
 #include "desktop/widgets/results/branch_chain.h"
 #include "desktop/widgets/results/drop_shares.h"
@@ -64,6 +65,7 @@ std::unique_ptr<Binding> MakePictureBinding(Control& part, QWidget& widget, cons
   if (auto junction = Join<JunctionContent, JunctionPicture>(part, widget, act)) return junction;
   if (auto bars = Join<OutletChartContent, OutletBars>(part, widget, act)) return bars;
   if (auto bars = Join<WinterChartContent, WinterBars>(part, widget, act)) return bars;
+  if (auto tiles = Join<PageTilesContent, PageList>(part, widget, act)) return tiles;
   if (auto bars = Join<BarPairContent, BarPairPicture>(part, widget, act)) return bars;
   if (auto sketch = Join<SectionSketchContent, SectionPicture>(part, widget, act)) return sketch;
   return Join<PipeContent, PipePicture>(part, widget, act);

@@ -17,6 +17,8 @@ struct CellFont {
   bool underlined = false;
   bool struck_out = false;
   PaperColour colour = 0;
+
+  bool operator==(const CellFont&) const = default;
 };
 
 /// In the numbering of the file ([MS-XLS], BorderStyle).
@@ -40,6 +42,8 @@ enum class LineStyle {
 struct BorderLine {
   LineStyle style = LineStyle::kNone;
   PaperColour colour = 0;
+
+  bool operator==(const BorderLine&) const = default;
 };
 
 /// In the numbering of the file ([MS-XLS], HorizAlign). General: numbers to the right,

@@ -5,7 +5,6 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 
@@ -14,6 +13,7 @@
 #include "desktop/qt_printer.h"
 #include "entry/sheet/frm_data_sheet.h"
 #include "tests/desktop/pictures.h"
+#include "tests/desktop/print_service_script.h"
 #include "tests/desktop/shown_desk.h"
 
 namespace kalvo {
@@ -81,33 +81,9 @@ TEST(Printing, CancelStopsIt) {
   EXPECT_EQ(user.text, "Printing - Click Cancel to quit");
 }
 
-// A print service of which the test says what it does with a file.
-class Service {
- public:
-  explicit Service(const char* script) {
-    QFile lp(folder_.filePath("lp"));
-    EXPECT_TRUE(lp.open(QIODevice::WriteOnly));
-    lp.write(QByteArray("#!/bin/sh\ncd '") + QFile::encodeName(folder_.path()) + "'\n" + script);
-    lp.close();
-    lp.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    qputenv("PATH", QFile::encodeName(folder_.path()) + ":" + path_);
-  }
-  ~Service() { qputenv("PATH", path_); }
-  Service(const Service&) = delete;
-  Service& operator=(const Service&) = delete;
-
-  [[nodiscard]] QByteArray Got(const char* name) const {
-    QFile file(folder_.filePath(name));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-  }
-
- private:
-  QTemporaryDir folder_;
-  QByteArray path_ = qgetenv("PATH");
-};
-
 TEST(Printing, HandsThePdfToThePrintService) {
-  const Service service("echo \"$@\" > told\nsleep 0.3\ncat > got\n");  // it takes its time
+  const PrintServiceScript service(
+      "echo \"$@\" > told\nsleep 0.3\ncat > got\n");  // it takes its time
   QPrinter printer;
   printer.setPageLayout({QPageSize(QPageSize::A4), QPageLayout::Landscape, {}});
   printer.setCopyCount(3);
@@ -120,13 +96,13 @@ TEST(Printing, HandsThePdfToThePrintService) {
 
 TEST(Printing, TellsWhatAPrinterThatIsGoneSaysAndCanBeCancelled) {
   {
-    const Service service("echo 'lp: The printer does not exist.' >&2\nexit 1\n");
+    const PrintServiceScript service("echo 'lp: The printer does not exist.' >&2\nexit 1\n");
     const auto printed = HandToPrintService({"-d", "gone"}, QByteArray(1 << 20, ' '), "notice");
     ASSERT_FALSE(printed.ok());
     EXPECT_EQ(printed.error().Line(),
               "Ο εκτυπωτής δεν δέχεται την εκτύπωση : lp: The printer does not exist.");
   }
-  const Service service("exec sleep 60\n");
+  const PrintServiceScript service("exec sleep 60\n");
   Canceller user;
   const auto printed = HandToPrintService({}, "%PDF", "notice");
   EXPECT_TRUE(printed.ok() && !*printed);

@@ -22,6 +22,7 @@
 #include <optional>
 #include <set>
 
+#include "desktop/pages/shown_pages.h"
 #include "desktop/qt_text.h"
 #include "desktop/theme.h"
 #include "engine/diameter_change.h"
@@ -35,6 +36,7 @@
 #include "study/safety_copies.h"
 #include "study/study_reset.h"
 #include "tests/desktop/calculated_desk.h"
+#include "tests/desktop/paper_workbook.h"
 #include "tests/desktop/pictures.h"
 #include "tests/desktop/shown_desk.h"
 #include "tests/support/tee_counters_in_memory.h"
@@ -206,6 +208,22 @@ void UseManyDiameters(CalculatedDesk& desk) {
   QApplication::processEvents();
 }
 
+// A report of three pages as it is previewed.
+struct PreviewedSample {
+  void Attach(Desk& desk) {
+    book.PutPages(3);
+    pages.emplace(book, desk.separators);
+    desk.questions.previewed = &*pages;
+    desk.questions.preview = {.title = "Αποτελέσματα",
+                              .client = "Γραφείο Μελετών Η/Μ Εγκαταστάσεων",
+                              .name = "HOTEL_RCO.XLS",
+                              .note = "604 τμήματα",
+                              .pdf = {}};
+  }
+  PaperWorkbook book;
+  std::optional<ShownPages> pages;
+};
+
 TEST_P(AllScreensIn, ShowACalculatedStudyWhole) {
   for (const Screen& screen : Screens()) {
     CalculatedDesk desk(Samples() / "hotel.PCK");
@@ -220,6 +238,8 @@ TEST_P(AllScreensIn, ShowACalculatedStudyWhole) {
     counters.counts[1] = "1";
     if (screen.name == screen::kFormTees) counters.table = TeeTable::kForm;
     desk.desk.screens.tee_counters = &counters;
+    PreviewedSample preview;
+    preview.Attach(desk.desk);
     desk.study.study.recovery = true;  // the menu leaves the study as it is
     if (screen.name == screen::kOneDiameter) {
       desk.Open(screen::kResultsSheet, {1352, 904}).findChild<QPushButton*>("CmdChD")->click();

@@ -26,6 +26,7 @@
 #include "results/frm_res_gn.h"
 #include "results/frm_res_sheet.h"
 #include "results/frm_stat_s.h"
+#include "results/printing/frm_preview.h"
 #include "shell/frm_kind.h"
 #include "shell/frm_main.h"
 #include "tests/support/markdown.h"
@@ -117,7 +118,8 @@ std::map<std::string, FormFactory> Screens() {
           {"Η αντλία", &MakeForm<FrmResGn>},
           {"Χειμώνας", &MakeForm<FrmWinter>},
           {"Μελετητές", &MakeForm<FrmCLient>},
-          {"Password των μελετητών", &MakeForm<FrmCLPass>}};
+          {"Password των μελετητών", &MakeForm<FrmCLPass>},
+          {"Προεπισκόπηση", &MakeForm<FrmPreview>}};
 }
 
 // As it is at first; the main menu names its commands when it is loaded.
