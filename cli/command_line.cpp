@@ -13,6 +13,7 @@
 #include "cli/library_commands.h"
 #include "cli/outlets_command.h"
 #include "cli/quantities_command.h"
+#include "cli/report_command.h"
 #include "cli/show_command.h"
 #include "cli/study_commands.h"
 #include "cli/winter_command.h"
@@ -74,6 +75,7 @@ class Program {
     Add<OutletsCommand>();
     Add<ExplainCommand>();
     Add<QuantitiesCommand>();
+    Add<ReportCommand>();
     Add<DiametersCommand>();
     Add<ExportCommand>();
     Add<WinterCommand>();

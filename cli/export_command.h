@@ -1,7 +1,7 @@
 #pragma once
 
 #include "cli/study_commands.h"
-#include "results/print_columns.h"
+#include "results/printing/print_columns.h"
 
 namespace kalvo {
 

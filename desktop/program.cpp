@@ -28,6 +28,9 @@ Program::Program(const ProgramPlaces& places, Separators separators)
   desk_.program_folder = places.folder;
   desk_.state_folder = places.state_folder;
   desk_.screens.study_argument = places.study;
+  desk_.file_dialog = &file_dialog_;
+  desk_.spreadsheet = &workbooks_;
+  desk_.print_database = &print_files_;
   desk_.version = "Έκδοση " KALVO_VERSION;
   windows_.SetDesk(desk_);
   windows_.AfterAction([this] { RememberOptions(); });

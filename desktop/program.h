@@ -3,13 +3,16 @@
 #include <QTimer>
 #include <memory>
 
+#include "desktop/pages/qt_workbook_pages.h"
 #include "desktop/qt_clipboard.h"
 #include "desktop/qt_clock.h"
+#include "desktop/qt_file_dialog.h"
 #include "desktop/qt_printer.h"
 #include "desktop/qt_prompter.h"
 #include "desktop/qt_sound.h"
 #include "desktop/qt_viewer.h"
 #include "desktop/windows.h"
+#include "platform/print_files.h"
 #include "shell/fault_file.h"
 #include "shell/program_folder.h"
 #include "study/real_disk.h"
@@ -48,6 +51,8 @@ class Program {
   QtViewer viewer_;
   QtClipboard clipboard_;
   QtPrinter printer_;
+  QtFileDialog file_dialog_;
+  PrintFiles print_files_{disk_};
   QtPrompter prompter_;
   FaultFile fault_file_;
   Workbench bench_;
@@ -55,6 +60,8 @@ class Program {
   Options remembered_;
   QTimer taken_;  ///< runs while a study that came from outside is to be opened
   Desk desk_;
+  QtWorkbookPages pages_{desk_};
+  XlsApplication workbooks_{disk_, pages_};
 };
 
 }  // namespace kalvo

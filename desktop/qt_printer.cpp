@@ -29,6 +29,26 @@ QtPrinter::QtPrinter() : paper_(A4Across()) {}
 
 QtPrinter::~QtPrinter() = default;
 
+std::vector<KnownPrinter> QtPrinter::Known() {
+  std::vector<KnownPrinter> known;
+  if (!HasPrintService()) return known;
+  for (const QPrinterInfo& printer : QPrinterInfo::availablePrinters()) {
+    known.push_back({printer.printerName().toStdString(), printer.description().toStdString(),
+                     printer.makeAndModel().toStdString(), printer.isDefault()});
+  }
+  return known;
+}
+
+std::optional<PrintOrder> QtPrinter::ChooseFrom(const PrintOrder& order) {
+  QPrinter printer(QPrinter::HighResolution);
+  printer.setPrinterName(ToQt(order.printer));
+  printer.setCopyCount(order.copies);
+  QPrintDialog dialog(&printer, QApplication::activeWindow());
+  dialog.setOptions(QAbstractPrintDialog::PrintCollateCopies);
+  if (dialog.exec() != QDialog::Accepted) return std::nullopt;
+  return PrintOrder{printer.printerName().toStdString(), printer.copyCount()};
+}
+
 PrinterChoice QtPrinter::Choose(std::string_view name) {
   paper_ = A4Across();
   if (!HasPrintService() || QPrinterInfo::availablePrinterNames().isEmpty()) {

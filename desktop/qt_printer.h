@@ -15,6 +15,8 @@ class QtPrinter : public Printer {
   QtPrinter();
   ~QtPrinter() override;
 
+  std::vector<KnownPrinter> Known() override;
+  std::optional<PrintOrder> ChooseFrom(const PrintOrder& order) override;
   PrinterChoice Choose(std::string_view name) override;
   Result<std::optional<std::string>> MakePdf(const PrintedTable& table,
                                              std::string_view notice) override;

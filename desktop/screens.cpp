@@ -26,6 +26,7 @@
 #include <ui_frm_old_study.h>
 #include <ui_frm_open_save.h>
 #include <ui_frm_preview.h>
+#include <ui_frm_prnr1.h>
 #include <ui_frm_rec_files.h>
 #include <ui_frm_res.h>
 #include <ui_frm_res_gn.h>
@@ -37,6 +38,7 @@
 #include <ui_frm_title.h>
 #include <ui_frm_what.h>
 #include <ui_frm_winter.h>
+#include <ui_frm_xl_or_not.h>
 #include <ui_frm_ypodo.h>
 
 #include "entry/emitters/frm_f12.h"
@@ -64,6 +66,8 @@
 #include "results/frm_res_sheet.h"
 #include "results/frm_stat_s.h"
 #include "results/printing/frm_preview.h"
+#include "results/printing/frm_prnr1.h"
+#include "results/printing/frm_xl_or_not.h"
 #include "shell/frm_calcs.h"
 #include "shell/frm_editor.h"
 #include "shell/frm_error.h"
@@ -91,6 +95,8 @@ constexpr Screen kScreens[] = {
     {screen::kPump, &MakeForm<FrmResGn>, &SetUp<Ui::FrmResGn>},
     {screen::kResultsSheet, &MakeForm<FrmRes_Sheet>, &SetUp<Ui::FrmRes_Sheet>},
     {screen::kComparison, &MakeForm<FrmCompare>, &SetUp<Ui::FrmCompare>},
+    {screen::kPrintRoute, &MakeForm<FrmXLorNOT>, &SetUp<Ui::FrmXLorNOT>},
+    {screen::kPrint, &MakeForm<FrmPRNR1>, &SetUp<Ui::FrmPRNR1>},
     {screen::kQuantities, &MakeForm<FrmStatS>, &SetUp<Ui::FrmStatS>},
     {screen::kPreview, &MakeForm<FrmPreview>, &SetUp<Ui::FrmPreview>},
     {screen::kOneDiameter, &MakeForm<FrmAvaiD>, &SetUp<Ui::FrmAvaiD>, screen::kResultsSheet,

@@ -9,6 +9,8 @@ namespace {
 
 // Work shorter than this shows no card.
 constexpr int kDelayMs = 150;
+// Painting each step would take longer than the work.
+constexpr int kProgressMs = 40;
 // The card stands over the bar at the foot of a window.
 constexpr int kAboveBottomBar = 66;
 constexpr int kLeastMargin = 8;
@@ -42,9 +44,21 @@ void WaitIndicator::Follow() {
   delay_.stop();
   delete card_;
   if (works) delay_.start();
+  if (works) since_.start();
   if (works && !has_cursor_) QApplication::setOverrideCursor(Qt::WaitCursor);
   if (!works && has_cursor_) QApplication::restoreOverrideCursor();
   has_cursor_ = works;
+}
+
+void WaitIndicator::ShowProgress(const QString& text, int done, int total) {
+  const bool works = !waits_.empty() && waits_.back().holds <= 0;
+  if (!works || since_.elapsed() < kDelayMs) return;
+  if (painted_.isValid() && painted_.elapsed() < kProgressMs && done < total) return;
+  painted_.start();
+  if (card_ == nullptr) ShowCard();
+  if (card_ == nullptr) return;
+  card_->SetProgress(text, done, total);
+  QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
 void WaitIndicator::ShowCard() {

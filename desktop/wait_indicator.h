@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <QPointer>
 #include <QString>
@@ -18,6 +19,8 @@ class WaitIndicator : public QObject {
 
   void Begin(const QString& text);
   void End();
+  /// How far the work has come: painted at once, though the work lets nothing else be painted.
+  void ShowProgress(const QString& text, int done, int total);
   /// It stays away while the user is asked something: to be called when a box or a screen over the
   /// others comes, and with false when it goes.
   void Hold(bool hold);
@@ -34,6 +37,8 @@ class WaitIndicator : public QObject {
   std::vector<Wait> waits_;
   bool has_cursor_ = false;
   QTimer delay_;
+  QElapsedTimer since_;    ///< the work began
+  QElapsedTimer painted_;  ///< its progress, last
   QPointer<WaitCard> card_;
 };
 

@@ -347,4 +347,8 @@ void Windows::ShowWait(std::string_view text) { wait_.Begin(ToQt(text).trimmed()
 
 void Windows::HideWait() { wait_.End(); }
 
+void Windows::ShowProgress(std::string_view text, int done, int total) {
+  wait_.ShowProgress(ToQt(text), done, total);
+}
+
 }  // namespace kalvo

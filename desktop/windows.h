@@ -35,6 +35,7 @@ class Windows : public QObject, public Navigator {
   [[nodiscard]] bool IsOpen(std::string_view screen) const override;
   void ShowWait(std::string_view text) override;
   void HideWait() override;
+  void ShowProgress(std::string_view text, int done, int total) override;
   void EndProgram() override;
 
   /// Form and window of an open screen, nullptr when it is not open.

@@ -34,6 +34,9 @@ class TeeCounters;
 class SectionSitting;
 class DiameterView;
 class ChangeHistory;
+class SpreadsheetApplication;
+class FileDialog;
+class PrintDatabase;
 
 /// No value is in memory.
 constexpr float kNoMemory = -1.0F;
@@ -69,6 +72,11 @@ struct ScreenState {
   bool open_kept_sheet = false;           ///< the sheet opens with what was kept, without asking
   TeeCounters* tee_counters = nullptr;    ///< what the tee window serves; nothing: it is closed
   DiameterView* diameter_view = nullptr;  ///< the view of results that is open; nothing: none is
+  /// The route that `FrmXLorNOT` was left with, at most one; what `FrmPRNR1` prints: 1 data, 2
+  /// results.
+  bool RouteProgram = false;
+  bool RouteExcel = false;
+  int ReportKind = 0;
 };
 
 /// What every form is handed beside the study's workbench.
@@ -87,6 +95,10 @@ struct Desk {
   std::filesystem::path data_folder{};   ///< where studies are kept
   std::filesystem::path state_folder{};  ///< the program's log and scratch notes
   std::string version{};
+  /// What reports are made with; there is none in a program without windows.
+  SpreadsheetApplication* spreadsheet = nullptr;
+  FileDialog* file_dialog = nullptr;
+  PrintDatabase* print_database = nullptr;
 
   [[nodiscard]] SafetyFolders safety_folders() const { return {data_folder, state_folder}; }
 

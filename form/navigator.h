@@ -39,6 +39,8 @@ constexpr std::string_view kQuantities = "FrmStatS";
 constexpr std::string_view kOneDiameter = "FrmAvaiD";
 constexpr std::string_view kComparison = "FrmCompare";
 constexpr std::string_view kManyDiameters = "FrmChang";
+constexpr std::string_view kPrintRoute = "FrmXLorNOT";
+constexpr std::string_view kPrint = "FrmPRNR1";
 constexpr std::string_view kWinter = "FrmWinter";
 constexpr std::string_view kDesigners = "FrmCLient";
 constexpr std::string_view kListPassword = "FrmCLPass";
@@ -63,6 +65,8 @@ class Navigator {
   /// The wait indicator with that text. It shows when the work takes longer than a moment.
   virtual void ShowWait(std::string_view text) = 0;
   virtual void HideWait() = 0;
+  /// How far the work under the wait indicator has come, in its own words.
+  virtual void ShowProgress(std::string_view /*text*/, int /*done*/, int /*total*/) {}
 
   /// Ends the program when the action under way has ended.
   virtual void EndProgram() = 0;

@@ -1,5 +1,6 @@
 #include "form/print_pdf.h"
 
+#include "form/ask_to_replace.h"
 #include "form/tell.h"
 #include "study/export_folder.h"
 
@@ -14,16 +15,6 @@ constexpr const char* kPrintFailed = "Η εκτύπωση ΔΕΝ έγινε";
 PdfEnd Failed(Desk& desk, const FileError& error) {
   TellError(desk.bench, error);
   return {kPrintFailed, {}};
-}
-
-bool MayReplace(Desk& desk, const std::filesystem::path& file) {
-  if (!desk.bench.workspace.outer_disk().Exists(file)) return true;
-  Box box{"  ! !  ΠΡΟΣΟΧΗ  ! ! ",
-          {"... To Αρχείο < " + file.filename().string() + " >, υπάρχει ήδη ...",
-           "... ΘΕΛΕΤΕ ΝΑ ΤΟ ΑΝΤΙΚΑΤΑΣΤΗΣΩ ?? ..."},
-          box_style::kWarnDefaultNo,
-          kAlarmBeeps};
-  return desk.bench.Ask(box) == Answer::kYes;
 }
 
 Result<std::filesystem::path> PlaceOf(const Desk& desk, const std::filesystem::path& file) {
@@ -44,7 +35,7 @@ PdfEnd WritePdf(Desk& desk, const PdfSource& source, const std::filesystem::path
 
 // The export folder is made when it is missing; any other has been named by the user.
 PdfEnd WriteInItsPlace(Desk& desk, const PdfSource& source, const std::filesystem::path& place) {
-  if (!MayReplace(desk, place)) return {kPrintCancelled, {}};
+  if (!AskToReplace(desk.bench, place)) return {kPrintCancelled, {}};
   if (!source.file.has_parent_path()) {
     const Outcome made = desk.bench.workspace.outer_disk().MakeFolder(place.parent_path());
     if (!made) return Failed(desk, made.error());

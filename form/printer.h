@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "form/printed_table.h"
 #include "study/result.h"
@@ -22,10 +23,32 @@ struct PrinterChoice {
   std::filesystem::path file;  ///< of kFile; the user agrees that it is replaced
 };
 
+/// A printer of the system.
+struct KnownPrinter {
+  std::string name;
+  std::string description;
+  std::string driver;
+  bool is_default = false;
+
+  bool operator==(const KnownPrinter&) const = default;
+};
+
+/// On which printer something is printed, and how often.
+struct PrintOrder {
+  std::string printer;
+  int copies = 1;
+};
+
 /// The printers of the desktop, and tables as PDF.
 class Printer {
  public:
   virtual ~Printer() = default;
+
+  /// The system's printers as they are now; none where nobody serves them.
+  virtual std::vector<KnownPrinter> Known() = 0;
+  /// Has the user choose in the desktop's dialogue, which begins with `order`; nothing: it was
+  /// cancelled. The system's default printer stays what it is.
+  virtual std::optional<PrintOrder> ChooseFrom(const PrintOrder& order) = 0;
 
   /// Has the user choose in the desktop's dialogue.
   virtual PrinterChoice Choose(std::string_view name) = 0;

@@ -54,8 +54,8 @@ struct Questions {
   PasswordUse password_use = PasswordUse::kAsk;
   bool password_given = false;
   std::optional<std::string> new_password;  ///< empty: the list shall be open
-  PreviewFacts preview;                 ///< of the pages that are previewed next
-  PreviewedPages* previewed = nullptr;  ///< what `FrmPreview` shows; nothing: it is closed
+  PreviewFacts preview;                     ///< of the pages that are previewed next
+  PreviewedPages* previewed = nullptr;      ///< what `FrmPreview` shows; nothing: it is closed
 };
 
 /// The file chosen in one of the dialogs for files; nothing: "Escape".

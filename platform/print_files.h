@@ -1,6 +1,6 @@
 #pragma once
 
-#include "results/print_database.h"
+#include "results/printing/print_database.h"
 #include "study/disk.h"
 
 namespace kalvo {

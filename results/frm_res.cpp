@@ -9,6 +9,7 @@
 #include "results/diameter_prompt.h"
 #include "results/diameter_roads.h"
 #include "results/node_report.h"
+#include "results/printing/print_study.h"
 #include "results/result_notes.h"
 #include "results/results_session.h"
 #include "study/by_number.h"
@@ -25,6 +26,7 @@ FrmRes::FrmRes(Desk& shared_desk)
       CmdPump(*this, "CmdPump", "Αντλία", [this] { ShowPump(); }),
       CmdDiff(*this, "CmdDiff", "Δυσμεν. Κλαδος", [this] { ShowWorstBranch(); }),
       CmdExar(*this, "CmdExar", "Προμέτρηση", [this] { ShowBill(); }),
+      CmdPrn(*this, "CmdPrn", "Εκτύπωση", [this] { Print(false); }, {Ctrl('P')}),
       Cmd_Nodes(*this, "Cmd_Nodes", " Έλεγχος Κόμβων Τμημάτων ",
                 [this] { ShowNodeReport(desk, true); }),
       CmdChD(*this, "CmdChD", "Αλλαγή διαμέτρου",
@@ -50,7 +52,8 @@ FrmRes::FrmRes(Desk& shared_desk)
       CmdChangeOne(*this, "CmdChangeOne", CmdChD.caption,
                    [this] { ChangeOneDiameter(desk, ChangeRoad::kMenu); }),
       CmdChangeMany(*this, "CmdChangeMany", CmdNewD.caption,
-                    [this] { ChangeManyDiameters(desk, ChangeRoad::kMenu); }) {
+                    [this] { ChangeManyDiameters(desk, ChangeRoad::kMenu); }),
+      CmdPrintResults(*this, "CmdPrintResults", "Εκτύπωση Αποτελεσμάτων", [this] { Print(true); }) {
   for (Field* field : {&TxtName, &TxtLength, &TxtNomiDiam, &TxtWaterFlow, &TxtVelocity,
                        &TxtTotalDrop, &TxtAvaiPres}) {
     field->locked = true;
@@ -86,7 +89,8 @@ void FrmRes::BuildMenus() {
              {},
              {"mnuChangeDiam_Undo", changes.CmdUndo.caption, &changes.CmdUndo},
              {"mnuChangeDiam_Redo", changes.CmdRedo.caption, &changes.CmdRedo},
-             {"mnuChangeDiam_Compare", changes.CmdCompare.caption, &changes.CmdCompare}}}};
+             {"mnuChangeDiam_Compare", changes.CmdCompare.caption, &changes.CmdCompare}}},
+           {"&Εκτυπώσεις", {{"mnuPrinting_Res", CmdPrintResults.caption, &CmdPrintResults}}}};
   popup.entries = {{"mnuPUForm_First", CmdFirst.caption, &CmdFirst},
                    {"mnuPUForm_Prev", CmdPrev.caption, &CmdPrev},
                    {"mnuPUForm_Next", CmdNext.caption, &CmdNext},
@@ -98,7 +102,9 @@ void FrmRes::BuildMenus() {
                    {"mnuPUForm_Prom", CmdExar.caption, &CmdExar},
                    {},
                    {"mnuPUForm_ChCur", CmdChangeOne.caption, &CmdChangeOne},
-                   {"mnuPUForm_ChMass", CmdChangeMany.caption, &CmdChangeMany}};
+                   {"mnuPUForm_ChMass", CmdChangeMany.caption, &CmdChangeMany},
+                   {},
+                   {"mnuPUForm_PrintR", CmdPrintResults.caption, &CmdPrintResults}};
 }
 
 void FrmRes::Load() {
@@ -270,6 +276,12 @@ void FrmRes::ShowPump() {
 
 void FrmRes::ShowBill() {
   if (MayRun(false)) desk.navigator.ShowModal(screen::kQuantities);
+}
+
+void FrmRes::Print(bool by_chosen_route) {
+  if (!MayRun(false)) return;
+  by_chosen_route ? PrintByChosenRoute(desk, ReportKind::kResults)
+                  : PrintBySpreadsheet(desk, ReportKind::kResults);
 }
 
 void FrmRes::ShowHelp() {

@@ -35,6 +35,7 @@ class FrmRes : public Form, public DiameterView {
   Command CmdPump;
   Command CmdDiff;
   Command CmdExar;
+  Command CmdPrn;
   Command Cmd_Nodes;
   Command CmdChD;
   Command CmdNewD;
@@ -65,8 +66,9 @@ class FrmRes : public Form, public DiameterView {
   Command CmdBack;
   Command SSCommand1;
   Command CmdSound;
-  Command CmdChangeOne;   ///< the menus' entry: its change waits
-  Command CmdChangeMany;  ///< the same for many sections
+  Command CmdChangeOne;     ///< the menus' entry: its change waits
+  Command CmdChangeMany;    ///< the same for many sections
+  Command CmdPrintResults;  ///< the menus' entry: by the route that is chosen
 
  private:
   void BuildMenus();
@@ -82,6 +84,7 @@ class FrmRes : public Form, public DiameterView {
   void ShowWorstBranch();
   void ShowPump();
   void ShowBill();
+  void Print(bool by_chosen_route);
   /// A command that a waiting change of diameters may ask about first. True: it may go on;
   /// `goes_on_unchanged` says whether it does where the diameters are as calculated.
   bool MayRun(bool goes_on_unchanged);

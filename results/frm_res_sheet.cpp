@@ -8,6 +8,7 @@
 #include "results/critical_sections.h"
 #include "results/diameter_roads.h"
 #include "results/node_report.h"
+#include "results/printing/print_study.h"
 #include "results/result_notes.h"
 #include "results/result_table.h"
 #include "results/results_session.h"
@@ -25,6 +26,11 @@ FrmRes_Sheet::FrmRes_Sheet(Desk& shared_desk)
               [this] {
                 if (ResultsHold(desk)) desk.navigator.ShowModal(screen::kQuantities);
               }),
+      CmdPrn(*this, "CmdPrn", "Εκτύπωση",
+             [this] {
+               if (ResultsHold(desk)) PrintBySpreadsheet(desk, ReportKind::kResults);
+             },
+             {Ctrl('P')}),
       CmdChD(*this, "CmdChD", "Αλλαγή διαμέτρου",
              [this] { ChangeOneDiameter(desk, ChangeRoad::kButton); }),
       CmdNewD(*this, "CmdNewD", "Μαζική αλλαγή",

@@ -38,6 +38,7 @@ class FrmRes_Sheet : public Form, public DiameterView {
   Command CmdDiff;
   Command Cmd_Nodes;
   Command CmdExar;
+  Command CmdPrn;
   Command CmdChD;
   Command CmdNewD;
   Toggle ChkCritical{*this, "ChkCritical", "Επισήμανση δυσμ. κλάδου"};

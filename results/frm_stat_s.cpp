@@ -4,6 +4,10 @@
 
 #include "engine/trap.h"
 #include "form/tell.h"
+#include "results/designer/designer_lock.h"
+#include "results/printing/make_report.h"
+#include "results/printing/print_study.h"
+#include "results/printing/program_route.h"
 #include "results/quantities_table.h"
 #include "study/numeric_text.h"
 #include "study/pipe_list.h"
@@ -19,19 +23,33 @@ constexpr const char* kUnknown = "—";
 FrmStatS::FrmStatS(Desk& shared_desk)
     : Form(shared_desk),
       CmdWater(*this, "CmdWater", " Ποσότητα Υγρού, στο ΣωληνοΔίκτυο ", [this] { ShowWater(); }),
+      CmdPdf(*this, "CmdPdf", "Αποθήκευση ως PDF", [this] { Save(ReportMode::kPdf); },
+             {CtrlShift('S')}),
+      CmdSave(*this, "CmdSave", "Δημιουργία Αρχείου", [this] { Save(ReportMode::kSave); }),
       Cmd_Close(*this, "Cmd_Close", "Κλείσιμο Φόρμας",
-                [this] { desk.navigator.Close(screen::kQuantities); }, {Plain(KeyCode::kEscape)}) {
+                [this] { desk.navigator.Close(screen::kQuantities); }, {Plain(KeyCode::kEscape)}),
+      CmdPreview(*this, "CmdPreview", "Προεπισκόπηση της Εκτύπωσης (Preview)",
+                 [this] { Preview(); }, {CtrlShift('P')}),
+      CmdOK(*this, "CmdOK", "Εκτύπωση και Επιστροφή", [this] { Print(); }, {Ctrl('P')}) {
   title = "Προμέτρηση Σωλήνων και Εξαρτημάτων";
   fpSpread1.row_noun = "Διάμετρος";
   fpSpread1.copies_heads = true;
   LblWater.visible = false;
-  menus = {{"&Ενέργειες", {{"mnuActs_Close", Cmd_Close.caption, &Cmd_Close}}}};
+  Chk_XL.on = true;
+  menus = {{"&Ενέργειες",
+            {{"mnuActs_Print", CmdOK.caption, &CmdOK},
+             {"mnuActs_Preview", CmdPreview.caption, &CmdPreview},
+             {"mnuActs_Pdf", CmdPdf.caption, &CmdPdf},
+             {"mnuActs_Save", CmdSave.caption, &CmdSave},
+             {},
+             {"mnuActs_Close", Cmd_Close.caption, &Cmd_Close}}}};
 }
 
 void FrmStatS::Load() {
   LblThema.text = Trim(bench.study.study_title);
   LblMaterial.text = MaterialLine(bench.study.pipe_material);
   Show({});
+  printers.Fill(desk);
   Focus(Cmd_Close);
   RunTrapped(bench, [this] {
     const auto quantities = Read();
@@ -44,12 +62,48 @@ void FrmStatS::Load() {
   });
 }
 
-// While winter's results are looked at the network is that of summer, which the list belongs to.
-Result<Quantities> FrmStatS::Read() const {
+std::string_view FrmStatS::RowsOfList() const {
   const bool summer_aside =
       desk.screens.WinterPump && bench.workspace.HasBytes(work_file::kSummerRows);
-  return ReadQuantities(bench.workspace, bench.study,
-                        summer_aside ? work_file::kSummerRows : work_file::kRows);
+  return summer_aside ? work_file::kSummerRows : work_file::kRows;
+}
+
+Result<Quantities> FrmStatS::Read() const {
+  return ReadQuantities(bench.workspace, bench.study, RowsOfList());
+}
+
+void FrmStatS::Derive() { printers.Cbo_Printers.enabled = Chk_XL.on; }
+
+ReportOrder FrmStatS::Order(ReportMode mode) const {
+  return {.code = QuantitiesCodeOf(mode), .rows = RowsOfList()};
+}
+
+void FrmStatS::Print() {
+  if (!Chk_XL.on) {
+    if (MayPrintThroughProgram(desk) && ExportQuantitiesForPrint(desk, RowsOfList())) {
+      DeletePrintScratch(bench.workspace);
+      desk.navigator.Close(screen::kQuantities);
+    }
+    return;
+  }
+  const auto chosen = printers.Choose(desk, 1);
+  if (!chosen) return;
+  ReportOrder order = Order(ReportMode::kPrint);
+  order.printer = chosen->printer;
+  order.copies = chosen->copies;
+  MakeReport(desk, std::move(order));
+}
+
+void FrmStatS::Preview() {
+  if (Chk_XL.on) {
+    MakeReport(desk, Order(ReportMode::kPreview));
+  } else {
+    ExportQuantitiesForPrint(desk, RowsOfList());
+  }
+}
+
+void FrmStatS::Save(ReportMode mode) {
+  MakeReportFile(desk, Order(mode), ReportBaseName(bench.study));
 }
 
 void FrmStatS::Show(const Quantities& quantities) {

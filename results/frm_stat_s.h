@@ -1,7 +1,9 @@
 #pragma once
 
 #include "form/form.h"
+#include "results/printing/printers_part.h"
 #include "results/quantities.h"
+#include "results/reports/report_writer.h"
 
 namespace kalvo {
 
@@ -11,6 +13,7 @@ class FrmStatS : public Form {
   explicit FrmStatS(Desk& shared_desk);
 
   void Load() override;
+  void Derive() override;
 
   Label LblThema{*this, "LblThema"};
   Label LblPipes{*this, "LblPipes"};
@@ -24,13 +27,25 @@ class FrmStatS : public Form {
   Grid fpSpread1{*this, "fpSpread1"};
   Label LblWater{*this, "LblWater"};  ///< what CmdWater has said
   Command CmdWater;
+  Toggle Chk_XL{*this, "Chk_XL", "Εκτύπωση, μέσω του < Microsoft Excel >"};
+  PrintersPart printers{*this};
+  Command CmdPdf;
+  Command CmdSave;
   Command Cmd_Close;
+  Command CmdPreview;
+  Command CmdOK;
 
  private:
+  /// While winter's results are looked at the network is that of summer, which the list belongs to.
+  [[nodiscard]] std::string_view RowsOfList() const;
   [[nodiscard]] Result<Quantities> Read() const;
   void Show(const Quantities& quantities);
   void ShowTotals();
   void ShowWater();
+  [[nodiscard]] ReportOrder Order(ReportMode mode) const;
+  void Print();
+  void Preview();
+  void Save(ReportMode mode);
 
   std::vector<StatRow> lines_;
 };

@@ -47,6 +47,9 @@ FrmMain::FrmMain(Desk& shared_desk)
                 {Ctrl('K')}),
       Cmd_Winter(*this, "Cmd_Winter", "Υπολογισμός Αντλίας Χειμώνα", [this] { OpenWinter(); },
                  {Ctrl('W')}),
+      Cmd_PrnData(*this, "Cmd_PrnData", "Εκτύπωση Δεδομένων", [this] { PrintData(); }, {Ctrl('P')}),
+      Cmd_PrnRes(*this, "Cmd_PrnRes", "Εκτύπωση Αποτελεσμάτων", [this] { PrintResults(); },
+                 {CtrlShift('P')}),
       Cmd_Recent(*this, "Cmd_Recent", "Πρόσφατα Αρχεία ...", [this] { OpenRecent(); },
                  {Shift(KeyCode::kF2), Alt(KeyCode::kF2)}),
       Cmd_CurFL(*this, "Cmd_CurFL", "Στοιχεία Αρχείου υπό Επεξεργασία",
@@ -107,7 +110,10 @@ void FrmMain::MakeMenus() {
              {"Mnu_Method", " ΤΡΟΠΟΣ ΥΠΟΛΟΓΙΣΜΟΥ ΣΩΛΗΝΩΝ ", &Mnu_Method},
              {"Mnu_Avail", "Υπολογισμός Αντλίας Χειμώνα", &Cmd_Winter},
              {"Mnu_Nodes", "Έλεγχος Κόμβων Τμημάτων", &Cmd_Nodes}}},
-           {"Α&ποτελέσματα", {{"Mnu_Results", "Παρουσίαση Αποτελεσμάτων", &Mnu_Results}}}};
+           {"Α&ποτελέσματα", {{"Mnu_Results", "Παρουσίαση Αποτελεσμάτων", &Mnu_Results}}},
+           {"&Εκτυπώσεις",
+            {{"Mnu_PrintD", "Εκτύπωση Δεδομένων", &Cmd_PrnData},
+             {"Mnu_PrintR", "Εκτύπωση Αποτελεσμάτων", &Cmd_PrnRes}}}};
   std::vector<MenuEntry>& study = menus.front().entries;
   for (Command& recent : Mnu_Recent) {
     study.insert(study.end() - 1, {std::string(recent.name()), "", &recent});

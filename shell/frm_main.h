@@ -64,6 +64,8 @@ class FrmMain : public Form {
 
   Command Cmd_Nodes;
   Command Cmd_Winter;
+  Command Cmd_PrnData;
+  Command Cmd_PrnRes;
   Command Cmd_Recent;
   Command Cmd_CurFL;
   Command CmdFF;
@@ -103,6 +105,10 @@ class FrmMain : public Form {
   void ShowFindings();
   void ShowResults();
   void ShowResultsFromMenu();
+  /// Whether a new calculation is needed, which the user is then told.
+  bool RefusesStaleResults();
+  void PrintData();
+  void PrintResults();
   void OpenResults();
   void RerunAfterChange();
   void OpenWinter();

@@ -5,6 +5,7 @@
 #include "form/tell.h"
 #include "form/wait.h"
 #include "results/node_report.h"
+#include "results/printing/print_study.h"
 #include "shell/frm_main.h"
 #include "shell/imposed_diameters.h"
 #include "shell/message_table.h"
@@ -186,17 +187,36 @@ void FrmMain::OpenResults() {
   desk.navigator.Hide(screen::kMain);
 }
 
-void FrmMain::ShowResults() {
-  if (!SettleTitle()) return;
+bool FrmMain::RefusesStaleResults() {
   const Study& study = bench.study;
-  if (study.recalculation_needed) {
-    const bool statistics = bench.workspace.Exists(work_file::kStatistics);
-    bench.Show(statistics && !study.came_by_recovery ? message::kDiametersChanged
-                                                     : message::kNoDiameters);
-    return;
+  if (!study.recalculation_needed) return false;
+  const bool statistics = bench.workspace.Exists(work_file::kStatistics);
+  bench.Show(statistics && !study.came_by_recovery ? message::kDiametersChanged
+                                                   : message::kNoDiameters);
+  return true;
+}
+
+void FrmMain::PrintData() {
+  if (!SettleTitle() || AskToOpenKeptSheet(desk)) return;
+  if (!HasRows()) {
+    bench.Show(message::kNoData);
+  } else if (NeedsPipes()) {
+    PrintByChosenRoute(desk, ReportKind::kData);
   }
-  if (!NeedsPipes()) return;
-  if (!HasRows() || !study.results_valid) {
+}
+
+void FrmMain::PrintResults() {
+  if (!SettleTitle()) return;
+  if (!HasRows()) {
+    bench.Show(message::kNoResults);
+  } else if (!RefusesStaleResults() && NeedsPipes()) {
+    PrintByChosenRoute(desk, ReportKind::kResults);
+  }
+}
+
+void FrmMain::ShowResults() {
+  if (!SettleTitle() || RefusesStaleResults() || !NeedsPipes()) return;
+  if (!HasRows() || !bench.study.results_valid) {
     bench.Show(message::kNoResults);
     return;
   }

@@ -8,7 +8,7 @@
 #include <stdexcept>
 
 #include "platform/jet/print_shell.h"
-#include "results/print_database.h"
+#include "results/printing/print_database.h"
 #include "study/real_disk.h"
 
 namespace kalvo {

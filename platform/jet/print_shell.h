@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "results/print_columns.h"
+#include "results/printing/print_columns.h"
 #include "study/result.h"
 
 namespace kalvo {

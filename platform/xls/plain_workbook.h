@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "results/print_columns.h"
+#include "results/printing/print_columns.h"
 #include "study/result.h"
 
 namespace kalvo {

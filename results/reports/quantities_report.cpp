@@ -6,26 +6,26 @@ namespace {
 std::size_t SizeLines(const ReportSource& source) { return source.sizes.size(); }
 
 template <auto kField>
-CellValue OfSize(const ReportSource& source, std::size_t line) {
+ReportValue OfSize(const ReportSource& source, std::size_t line) {
   return NumberCell(source.sizes[line].*kField);
 }
 
 constexpr HeadCell kHead[] = {
-    {1, 1, [](const ReportSource& source) -> CellValue { return "Μελέτη : " + source.designer; }},
+    {1, 1, [](const ReportSource& source) -> ReportValue { return "Μελέτη : " + source.designer; }},
     {4, 1, StudyTitleCell},
-    {8, 1, [](const ReportSource& source) -> CellValue { return PipeMaterialLine(source); }},
-    {9, 1, [](const ReportSource& source) -> CellValue { return PipeTitle(source); }},
+    {8, 1, [](const ReportSource& source) -> ReportValue { return PipeMaterialLine(source); }},
+    {9, 1, [](const ReportSource& source) -> ReportValue { return PipeTitle(source); }},
     {12, 8, TotalFlowCell},
     {13, 8, PumpHeadCell},
 };
 
 constexpr LineColumn kColumns[] = {
     {1,
-     [](const ReportSource& /*source*/, std::size_t line) -> CellValue {
+     [](const ReportSource& /*source*/, std::size_t line) -> ReportValue {
        return NumberCell(line + 1);
      }},
     {2,
-     [](const ReportSource& source, std::size_t line) -> CellValue {
+     [](const ReportSource& source, std::size_t line) -> ReportValue {
        return source.sizes[line].NomiDiameter.Utf8();
      }},
     {3, OfSize<&StatRow::Length>},

@@ -1,7 +1,6 @@
 #include "results/reports/report_file.h"
 
 #include <algorithm>
-#include <array>
 
 #include "study/export_folder.h"
 #include "study/fixed_text.h"
@@ -12,7 +11,7 @@ namespace kalvo {
 namespace {
 
 constexpr std::string_view kPdfExtension = ".PDF";
-constexpr std::array<std::string_view, 2> kReportExtensions = {".XLS", kPdfExtension};
+constexpr std::string_view kWorkbookExtension = ".XLS";
 
 bool EndsWith(std::string_view name, std::string_view end) {
   return name.size() >= end.size() && EqualIgnoringCase(name.substr(name.size() - end.size()), end);
@@ -31,7 +30,7 @@ std::string PdfSuffix(std::string_view suffix) {
 std::string ReportName(std::string_view name, std::string_view suffix) {
   name = Trim(name);
   std::string_view extension = ExtensionOf(suffix);
-  for (const std::string_view known : kReportExtensions) {
+  for (const std::string_view known : {extension, kWorkbookExtension, kPdfExtension}) {
     if (!EndsWith(name, known)) continue;
     const std::string_view typed = name.substr(name.size() - known.size());
     if (known == extension) extension = typed;

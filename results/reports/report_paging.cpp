@@ -51,7 +51,7 @@ class ReportSheet {
   // Pages count from 0, their rows from 1.
   [[nodiscard]] int RowOn(int page, int row) const { return page * table_.page.height + row; }
 
-  void Put(int row, int column, const CellValue& value) {
+  void Put(int row, int column, const ReportValue& value) {
     if (const auto* text = std::get_if<std::string>(&value)) {
       workbook_.PutText(sheet_, row, column, *text);
     } else if (const auto* number = std::get_if<double>(&value)) {

@@ -4,13 +4,13 @@
 
 namespace kalvo {
 
-CellValue TotalFlowCell(const ReportSource& source) { return NumberCell(source.header().PAR); }
+ReportValue TotalFlowCell(const ReportSource& source) { return NumberCell(source.header().PAR); }
 
-CellValue PumpHeadCell(const ReportSource& source) {
+ReportValue PumpHeadCell(const ReportSource& source) {
   return NumberCell(source.header().DP / 1000.0F);
 }
 
-CellValue StudyTitleCell(const ReportSource& source) { return source.header().Thema.Utf8(); }
+ReportValue StudyTitleCell(const ReportSource& source) { return source.header().Thema.Utf8(); }
 
 std::string PipeTitle(const ReportSource& source) { return source.pipe.title.Utf8(); }
 

@@ -28,19 +28,19 @@ struct ReportSource {
 };
 
 /// What is put into a cell; monostate: nothing is, the cell stays as the template has it.
-using CellValue = std::variant<std::monostate, std::string, double>;
+using ReportValue = std::variant<std::monostate, std::string, double>;
 
 /// A cell in the head of each page: row of the page and column of the sheet, from 1.
 struct HeadCell {
   int row;
   int column;
-  CellValue (*value)(const ReportSource&);
+  ReportValue (*value)(const ReportSource&);
 };
 
 /// A column of the table, and what it holds in the line of that index, from 0.
 struct LineColumn {
   int column;
-  CellValue (*value)(const ReportSource&, std::size_t line);
+  ReportValue (*value)(const ReportSource&, std::size_t line);
 };
 
 /// A page of a sheet, in rows.
@@ -65,15 +65,15 @@ struct ReportTable {
 
 /// A number as a cell gets it: without the digits that its default text does not have.
 template <typename Number>
-CellValue NumberCell(Number value) {
+ReportValue NumberCell(Number value) {
   if constexpr (std::is_integral_v<Number>) return static_cast<double>(value);
   if constexpr (!std::is_integral_v<Number>) return ThroughText(value);
 }
 
 /// `PAR` and pump head of the study, m³/h and m w.g.
-CellValue TotalFlowCell(const ReportSource& source);
-CellValue PumpHeadCell(const ReportSource& source);
-CellValue StudyTitleCell(const ReportSource& source);
+ReportValue TotalFlowCell(const ReportSource& source);
+ReportValue PumpHeadCell(const ReportSource& source);
+ReportValue StudyTitleCell(const ReportSource& source);
 /// Title and material line of the pipe system.
 std::string PipeTitle(const ReportSource& source);
 std::string PipeMaterialLine(const ReportSource& source);

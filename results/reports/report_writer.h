@@ -39,11 +39,11 @@ ReportChoice ChooseReport(int code, ReportKind kind, SystemKind system);
 struct ReportOrder {
   int code = CodeOf(ReportMode::kPreview);
   ReportKind kind = ReportKind::kResults;
-  std::string designer;
-  std::filesystem::path template_folder;
-  std::string printer;  ///< of kPrint
-  int copies = 1;       ///< of kPrint; less than one is one
-  ReportTarget target;  ///< of kSave and kPdf
+  std::string designer{};
+  std::filesystem::path template_folder{};
+  std::string printer{};  ///< of kPrint
+  int copies = 1;         ///< of kPrint; less than one is one
+  ReportTarget target{};  ///< of kSave and kPdf
   std::string_view rows = work_file::kRows;
 };
 

@@ -8,27 +8,27 @@ namespace {
 std::size_t SectionLines(const ReportSource& source) { return source.rows.size(); }
 
 template <auto kField>
-CellValue OfSection(const ReportSource& source, std::size_t line) {
+ReportValue OfSection(const ReportSource& source, std::size_t line) {
   return NumberCell(source.rows[line].*kField);
 }
 
 // Blanks around the slash keep the two nodes in line.
-CellValue SectionName(const ReportSource& source, std::size_t line) {
+ReportValue SectionName(const ReportSource& source, std::size_t line) {
   return FromCodePage(source.rows[line].Name.bytes());
 }
 
-CellValue DiameterOfSection(const ReportSource& source, std::size_t line) {
+ReportValue DiameterOfSection(const ReportSource& source, std::size_t line) {
   const SectionRow& row = source.rows[line];
   if (row.InDiameter == 0.0F) return {};
   const std::string name = row.NomiDiam.Utf8();
   return row.InDiameter > 0.0F ? name : "(" + name + ")";
 }
 
-CellValue KindLine(const ReportSource& source) {
+ReportValue KindLine(const ReportSource& source) {
   return source.kind == SystemKind::kOpen ? "ΑΝΟΙΚΤΟ ΣΥΣΤΗΜΑ ΣΩΛΗΝΩΝ" : "ΚΛΕΙΣΤΟ ΣΥΣΤΗΜΑ ΣΩΛΗΝΩΝ";
 }
 
-CellValue MethodLine(const ReportSource& source) {
+ReportValue MethodLine(const ReportSource& source) {
   const auto method = MethodOf(source.header());
   if (source.kind == SystemKind::kOpen || !method) return {};
   return *method == Method::kFlowOnly
@@ -37,10 +37,10 @@ CellValue MethodLine(const ReportSource& source) {
                "Τροποποίηση των Διαμέτρων >";
 }
 
-CellValue FluidLine(const ReportSource& source) { return "Υγρό : " + source.fluid; }
+ReportValue FluidLine(const ReportSource& source) { return "Υγρό : " + source.fluid; }
 
 // m³/h, of the sections that end in an emitter or outlet.
-CellValue FlowOfEmitters(const ReportSource& source) {
+ReportValue FlowOfEmitters(const ReportSource& source) {
   double flow_lh = 0;
   for (const SectionRow& row : source.rows) {
     if (row.HasEmitter()) flow_lh += ThroughText(row.WaterFlow);
@@ -50,13 +50,13 @@ CellValue FlowOfEmitters(const ReportSource& source) {
 
 constexpr HeadCell kResultsHead[] = {
     {1, 1,
-     [](const ReportSource& source) -> CellValue {
+     [](const ReportSource& source) -> ReportValue {
        return "Μελετητής : " + std::string(Trim(source.designer));
      }},
     {4, 1, StudyTitleCell},
     {6, 7, KindLine},
     {8, 1,
-     [](const ReportSource& source) -> CellValue {
+     [](const ReportSource& source) -> ReportValue {
        return "Είδος Σωλήνων : " + PipeTitle(source);
      }},
     {9, 1, MethodLine},
@@ -76,19 +76,22 @@ constexpr LineColumn kResultsColumns[] = {
 template <int kLastColumn>
 constexpr HeadCell kDataHead[] = {
     {1, 1,
-     [](const ReportSource& source) -> CellValue { return "Μελετητής : " + source.designer; }},
+     [](const ReportSource& source) -> ReportValue { return "Μελετητής : " + source.designer; }},
     {4, 1, StudyTitleCell},
     {6, 6, FluidLine},
     {8, 1,
-     [](const ReportSource& source) -> CellValue {
+     [](const ReportSource& source) -> ReportValue {
        return PipeMaterialLine(source) + "  /  Τυποποίηση Σωλήνων : " + PipeTitle(source);
      }},
     {11, 6,
-     [](const ReportSource& source) -> CellValue { return NumberCell(source.header().MeanTemp); }},
-    {12, 6, [](const ReportSource& source) -> CellValue { return NumberCell(source.rows.size()); }},
+     [](const ReportSource& source) -> ReportValue {
+       return NumberCell(source.header().MeanTemp);
+     }},
+    {12, 6,
+     [](const ReportSource& source) -> ReportValue { return NumberCell(source.rows.size()); }},
     {11, kLastColumn, FlowOfEmitters},
     {12, kLastColumn,
-     [](const ReportSource& source) -> CellValue { return NumberCell(source.header().MeanVel); }},
+     [](const ReportSource& source) -> ReportValue { return NumberCell(source.header().MeanVel); }},
 };
 
 constexpr LineColumn kClosedColumns[] = {

@@ -50,7 +50,7 @@ TEST(WaitCard, CountsTheSections) {
   card.Begin(" ... Παρακαλώ, Περιμένετε ... ");
   const auto* bar = card.findChild<QProgressBar*>();
   EXPECT_EQ(bar->maximum(), 0);
-  card.SetProgress(12, 20);
+  card.SetProgress("τμήμα 12 από 20", 12, 20);
   EXPECT_EQ(bar->value(), 12);
   EXPECT_EQ(bar->maximum(), 20);
   EXPECT_EQ(card.accessibleDescription(), "τμήμα 12 από 20");
@@ -190,7 +190,7 @@ QWidget* CommandsForLooking() {
   }
   auto* wait = new WaitCard;
   wait->Begin(" ... Παρακαλώ, Περιμένετε ... ");
-  wait->SetProgress(12, 20);
+  wait->SetProgress("τμήμα 12 από 20", 12, 20);
   form->addRow(wait);
   return commands;
 }

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "results/print_columns.h"
+#include "results/printing/print_columns.h"
 
 namespace kalvo {
 

@@ -1,10 +1,10 @@
-#include "results/print_columns.h"
+#include "results/printing/print_columns.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 
-#include "results/print_text.h"
+#include "results/printing/print_text.h"
 #include "study/codepage.h"
 #include "study/memory_disk.h"
 

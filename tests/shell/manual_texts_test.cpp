@@ -27,6 +27,8 @@
 #include "results/frm_res_sheet.h"
 #include "results/frm_stat_s.h"
 #include "results/printing/frm_preview.h"
+#include "results/printing/frm_prnr1.h"
+#include "results/printing/frm_xl_or_not.h"
 #include "shell/frm_kind.h"
 #include "shell/frm_main.h"
 #include "tests/support/markdown.h"
@@ -119,7 +121,9 @@ std::map<std::string, FormFactory> Screens() {
           {"Χειμώνας", &MakeForm<FrmWinter>},
           {"Μελετητές", &MakeForm<FrmCLient>},
           {"Password των μελετητών", &MakeForm<FrmCLPass>},
-          {"Προεπισκόπηση", &MakeForm<FrmPreview>}};
+          {"Προεπισκόπηση", &MakeForm<FrmPreview>},
+          {"Επιλογή εκτύπωσης", &MakeForm<FrmXLorNOT>},
+          {"Εκτύπωση δεδομένων και αποτελεσμάτων", &MakeForm<FrmPRNR1>}};
 }
 
 // As it is at first; the main menu names its commands when it is loaded.

@@ -33,6 +33,11 @@ class NotedViewer : public Viewer {
 /// A printer that notes what it was to print. The test sets what its user chooses and what happens.
 class NotedPrinter : public Printer {
  public:
+  std::vector<KnownPrinter> Known() override { return known; }
+  std::optional<PrintOrder> ChooseFrom(const PrintOrder& order) override {
+    asked.push_back(order);
+    return answer ? answer(order) : std::nullopt;
+  }
   PrinterChoice Choose(std::string_view /*name*/) override { return choice; }
   Result<std::optional<std::string>> MakePdf(const PrintedTable& table,
                                              std::string_view notice) override {
@@ -49,6 +54,10 @@ class NotedPrinter : public Printer {
     return true;
   }
 
+  std::vector<KnownPrinter> known;
+  std::vector<PrintOrder> asked;  ///< what the dialogue began with
+  /// What the user does there; none: cancels.
+  std::function<std::optional<PrintOrder>(const PrintOrder&)> answer;
   PrinterChoice choice;
   bool cancels = false;  ///< while pages are made
   std::optional<FileError> refusal;

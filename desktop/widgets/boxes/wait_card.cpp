@@ -35,8 +35,8 @@ void WaitCard::Begin(const QString& label) {
   setAccessibleName(label_->text());
 }
 
-void WaitCard::SetProgress(int done, int total) {
-  count_->setText(QString("τμήμα %1 από %2").arg(done).arg(total));
+void WaitCard::SetProgress(const QString& text, int done, int total) {
+  count_->setText(text);
   bar_->setRange(0, qMax(total, 1));
   bar_->setValue(done);
   setAccessibleDescription(count_->text());

@@ -17,8 +17,8 @@ class WaitCard : public QFrame {
 
   /// Work of unknown length, under the given label.
   void Begin(const QString& label);
-  /// "τμήμα `done` από `total`".
-  void SetProgress(int done, int total);
+  /// How far it is, in words and as a part of the whole.
+  void SetProgress(const QString& text, int done, int total);
 
  private:
   QLabel* label_;

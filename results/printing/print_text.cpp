@@ -1,4 +1,4 @@
-#include "results/print_text.h"
+#include "results/printing/print_text.h"
 
 #include <algorithm>
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "results/print_database.h"
+#include "results/printing/print_database.h"
 #include "study/disk.h"
 #include "study/separators.h"
 

@@ -1,4 +1,4 @@
-#include "results/print_columns.h"
+#include "results/printing/print_columns.h"
 
 #include <algorithm>
 

@@ -1,0 +1,85 @@
+#include "cli/report_command.h"
+
+#include <CLI/CLI.hpp>
+
+#include "platform/xls/xls_application.h"
+#include "results/reports/report_writer.h"
+#include "study/message_codes.h"
+#include "study/path_text.h"
+#include "study/real_disk.h"
+
+namespace kalvo {
+
+namespace {
+
+// There is no screen and no printer here.
+class NoPages : public WorkbookPages {
+ public:
+  Outcome Print(const Workbook& /*workbook*/, std::string_view /*printer*/,
+                int /*copies*/) override {
+    return kRefusal;
+  }
+  Outcome Preview(const Workbook& /*workbook*/) override { return kRefusal; }
+  Result<std::string> MakePdf(const Workbook& /*workbook*/) override { return kRefusal; }
+
+ private:
+  inline static const FileError kRefusal{{}, "Εδώ δεν σχεδιάζονται σελίδες"};
+};
+
+// Installed or built, the templates are next to the libraries.
+std::filesystem::path DeliveredTemplates() {
+  return DeliveredLibrary().parent_path() / "templates";
+}
+
+}  // namespace
+
+std::string ReportCommand::Foot() const {
+  return "Το αρχείο γράφεται ολόκληρο ή καθόλου. Αποτελέσματα και προμέτρηση χρειάζονται μελέτη\n"
+         "με αποτελέσματα: τα γράφει το kalvo calc --save.\n" +
+         Subcommand::Foot();
+}
+
+void ReportCommand::AddArguments(CLI::App& app) {
+  StudyCommand::AddArguments(app);
+  app.add_option("--kind", kind_,
+                 "Τι γράφεται: data δεδομένα, results αποτελέσματα,\n"
+                 "quantities προμέτρηση")
+      ->check(CLI::IsMember({"data", "results", "quantities"}).description(""))
+      ->required()
+      ->type_name("data|results|quantities");
+  app.add_option("--out", out_, "Το αρχείο .XLS")->required()->type_name("ΑΡΧΕΙΟ");
+  app.add_option("--designer", designer_, "Ο Μελετητής που γράφεται στις σελίδες")
+      ->type_name("ΟΝΟΜΑ");
+  app.add_option("--templates", templates_, "Φάκελος με τα πρότυπα KALV_*.xls")
+      ->type_name("ΦΑΚΕΛΟΣ");
+  app.add_flag("--overwrite", overwrite_, "Αντικαθιστά αρχείο που υπάρχει ήδη");
+}
+
+int ReportCommand::RunOn(const Console& console, Session& session) {
+  Workbench bench = session.bench();
+  if (!IsOfData() && !session.study().results_valid) {
+    bench.Show(message::kNoResults);
+    return exit_code::kRefused;
+  }
+  RealDisk disk;
+  const std::filesystem::path target = std::filesystem::absolute(PathFromText(out_));
+  if (!overwrite_ && disk.Exists(target)) {
+    console.err << "Το Αρχείο αυτό, υπάρχει ήδη (--overwrite το αντικαθιστά) : " << target.string()
+                << '\n';
+    return exit_code::kUnwritable;
+  }
+  const std::vector<SectionRow> rows = session.Rows();
+  const bool named = designer_.empty() && !rows.empty();
+  NoPages pages;
+  XlsApplication application(disk, pages);
+  const ReportOrder order{
+      .code =
+          kind_ == "quantities" ? QuantitiesCodeOf(ReportMode::kSave) : CodeOf(ReportMode::kSave),
+      .kind = IsOfData() ? ReportKind::kData : ReportKind::kResults,
+      .designer = named ? rows.front().Client.Utf8() : designer_,
+      .template_folder = templates_.empty() ? DeliveredTemplates() : PathFromText(templates_),
+      .target = {target, false}};
+  return WriteReport(bench, application, order) ? exit_code::kDone : exit_code::kUnwritable;
+}
+
+}  // namespace kalvo

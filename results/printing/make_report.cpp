@@ -1,0 +1,82 @@
+#include "results/printing/make_report.h"
+
+#include "form/ask_to_replace.h"
+#include "form/tell.h"
+#include "form/wait.h"
+#include "results/designer/designer_name.h"
+#include "results/printing/print_study.h"
+
+namespace kalvo {
+namespace {
+
+constexpr const char* kMakesWorkbook =
+    "... Παρακαλώ, Περιμένετε ... Δημιουργείται Αρχείο < Microsoft Excel > ...";
+
+void OfferToOpen(Desk& desk, const std::filesystem::path& file) {
+  const Answer answer =
+      desk.bench.Ask({"Εκτύπωση",
+                      {"Δημιουργήθηκε το Αρχείο :", file.string(), "Θέλετε Άνοιγμα του Αρχείου ??"},
+                      box_style::kDefaultNo});
+  if (answer == Answer::kYes) TellIfFailed(desk.bench, desk.viewer.Open(file));
+}
+
+// What the preview says of the pages.
+PreviewFacts FactsOf(const Desk& desk, const ReportOrder& order, const ReportChoice& choice) {
+  const Study& study = desk.bench.study;
+  const bool quantities = order.code <= kQuantitiesCode;
+  const std::string base = ReportBaseName(study);
+  PreviewFacts facts{.title = quantities                           ? "Προμέτρηση"
+                              : order.kind == ReportKind::kResults ? "Αποτελέσματα"
+                                                                   : "Δεδομένα",
+                     .client = order.designer,
+                     .name = ReportName(base, choice.table->suffix),
+                     .note = std::to_string(study.SectionCount) +
+                             (study.SectionCount == 1 ? " τμήμα" : " τμήματα"),
+                     .pdf = ReportName(base, PdfSuffix(choice.table->suffix))};
+  return facts;
+}
+
+}  // namespace
+
+bool MakeReport(Desk& desk, ReportOrder order) {
+  if (desk.spreadsheet == nullptr) return false;
+  const ReportChoice choice = ChooseReport(order.code, order.kind, desk.bench.study.system_kind);
+  auto designer = DesignerName(desk);
+  if (!designer) {
+    TellError(desk.bench, designer.error());
+    return false;
+  }
+  order.designer = *std::move(designer);
+  order.template_folder = desk.program_folder;
+  if (choice.mode == ReportMode::kPreview) desk.questions.preview = FactsOf(desk, order, choice);
+  const bool saves = choice.mode == ReportMode::kSave;
+  const WaitShown wait(desk.navigator, saves ? kMakesWorkbook : kWaitText);
+  return WriteReport(desk.bench, *desk.spreadsheet, order,
+                     [&desk](std::size_t line, std::size_t count) {
+                       desk.navigator.ShowProgress(ReportProgressText(line, count),
+                                                   static_cast<int>(line), static_cast<int>(count));
+                     });
+}
+
+bool MakeReportFile(Desk& desk, ReportOrder order, std::string_view name) {
+  const std::string suffix =
+      ChooseReport(order.code, order.kind, desk.bench.study.system_kind).Suffix();
+  const auto target =
+      FindReportTarget(desk.bench.workspace.outer_disk(), desk.data_folder, name, suffix);
+  if (!target) {
+    TellError(desk.bench, target.error());
+    return false;
+  }
+  order.target = *target;
+  if (!MayWriteReport(desk, *target) || !MakeReport(desk, std::move(order))) return false;
+  OfferToOpen(desk, target->file);
+  return true;
+}
+
+bool MayWriteReport(Desk& desk, const ReportTarget& target) {
+  if (!target.file.empty()) return AskToReplace(desk.bench, target.file);
+  desk.bench.Ask(NoReportNameBox());
+  return false;
+}
+
+}  // namespace kalvo
