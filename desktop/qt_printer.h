@@ -3,14 +3,14 @@
 #include <QPageLayout>
 #include <memory>
 
-#include "form/printer.h"
+#include "form/printers.h"
 
 class QPrinter;
 
 namespace kalvo {
 
 /// The desktop's printers, with the dialogue of Qt.
-class QtPrinter : public Printer {
+class QtPrinter : public Printers {
  public:
   QtPrinter();
   ~QtPrinter() override;

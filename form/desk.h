@@ -7,7 +7,7 @@
 
 #include "form/clipboard.h"
 #include "form/navigator.h"
-#include "form/printer.h"
+#include "form/printers.h"
 #include "form/questions.h"
 #include "form/sound.h"
 #include "form/viewer.h"
@@ -86,7 +86,7 @@ struct Desk {
   Sound& sound;
   Viewer& viewer;
   Clipboard& clipboard;
-  Printer& printer;
+  Printers& printer;
   Separators separators;
   Options options{};
   ScreenState screens{};

@@ -14,6 +14,7 @@
 namespace kalvo {
 namespace {
 
+constexpr const char* kNoDesigner = "Δεν έχει δοθεί όνομα";
 constexpr std::size_t kCopiesDigits = 3;
 constexpr int kMostCopies = 999;
 
@@ -116,7 +117,8 @@ void FrmPRNR1::Derive() {
   LblPrinter.text = printers.Description(desk);
   LblPrinter.visible = !LblPrinter.text.empty();
   const auto designer = DesignerName(desk);
-  LblDesigner.text = designer ? *designer : "";
+  LblDesigner.text = designer && !designer->empty() ? *designer : kNoDesigner;
+  LblDesigner.tone = designer && !designer->empty() ? Tone::kPlain : Tone::kQuiet;
   ShowTarget();
 }
 

@@ -8,6 +8,8 @@ FrmXLorNOT::FrmXLorNOT(Desk& shared_desk)
     : Form(shared_desk),
       CmdCancel(*this, "CmdCancel", "Ακύρωση και Επιστροφή",
                 [this] { desk.navigator.Close(screen::kPrintRoute); }, {Plain(KeyCode::kEscape)}),
+      Cmd_Client(*this, "Cmd_Client", " Επιλογή Ονόματος Μελετητή ",
+                 [this] { ChooseDesigner(desk, OptCRW.on); }),
       CmdOK(*this, "CmdOK", "Αποδοχή", [this] { Accept(); }, {Plain(KeyCode::kEnter)}) {
   title = "Επιλογή Εκτύπωσης";
   OptXL.on_toggle = [this] { Choose(true); };

@@ -15,6 +15,7 @@ class FrmXLorNOT : public Form {
   Toggle OptXL{*this, "OptXL", "Εκτύπωση, μέσω του Microsoft Excel"};
   Toggle OptCRW{*this, "OptCRW", "Εκτύπωση, μέσω του Προγράμματος"};
   Command CmdCancel;
+  Command Cmd_Client;
   Command CmdOK;
 
  private:

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "form/printer.h"
+#include "form/printers.h"
 #include "study/printer_row.h"
 #include "study/workspace.h"
 

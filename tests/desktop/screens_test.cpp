@@ -268,7 +268,7 @@ TEST_P(AllScreensIn, ShowTheMenuBeforeThereIsAStudy) {
   Surround(desk);
   PutForeignFluid(desk.study.bench);
   ResetStudy(desk.study.bench);
-  QWidget& menu = desk.Open(screen::kMain, {1244, 700});
+  QWidget& menu = desk.Open(screen::kMain, {1244, 766});
   ExpectNothingClipped(menu);
   EXPECT_EQ(menu.findChild<QLabel*>("LblHead")->text().toStdString(), "—");
   KeepPicture(menu, PictureName("FrmMain-empty"));
@@ -302,7 +302,7 @@ TEST(AllScreens, OneThatClosesItselfOutlivesTheActionThatTells) {
 TEST(MainWindow, GivesTheKeysBackToWhereTheyWereAfterTheTitle) {
   CalculatedDesk desk(KALVO_SAMPLES_DIR "/hotel.PCK");
   desk.study.study.recovery = true;
-  QWidget& menu = desk.Open(screen::kMain, {1244, 700});
+  QWidget& menu = desk.Open(screen::kMain, {1244, 766});
   ASSERT_TRUE(QTest::qWaitForWindowActive(&menu));
   menu.findChild<QPushButton*>("CmdLiquid")->setFocus();
   QTest::keyClick(menu.focusWidget(), Qt::Key_F2);
@@ -318,7 +318,7 @@ TEST(MainWindow, GivesTheKeysBackToWhereTheyWereAfterTheTitle) {
 TEST(MainWindow, TakesAPastedTitleOnOneLineAndSaysWhyOneIsRefused) {
   CalculatedDesk desk(KALVO_SAMPLES_DIR "/hotel.PCK");
   desk.study.study.recovery = true;
-  QWidget& menu = desk.Open(screen::kMain, {1244, 700});
+  QWidget& menu = desk.Open(screen::kMain, {1244, 766});
   ASSERT_TRUE(QTest::qWaitForWindowActive(&menu));
   QTest::keyClick(menu.focusWidget(), Qt::Key_F2);
   auto& title = dynamic_cast<QLineEdit&>(*menu.focusWidget());
@@ -350,7 +350,7 @@ TEST(MainWindow, TakesAPastedTitleOnOneLineAndSaysWhyOneIsRefused) {
 TEST(MainWindow, KeepsItsPipesUnderTheWheel) {
   CalculatedDesk desk(KALVO_SAMPLES_DIR "/hotel.PCK");
   desk.study.study.recovery = true;
-  const QWidget& menu = desk.Open(screen::kMain, {1244, 700});
+  const QWidget& menu = desk.Open(screen::kMain, {1244, 766});
   auto* pipes = menu.findChild<QComboBox*>("Cbo_PipeKind");
   const int before = pipes->currentIndex();
   QWheelEvent notch({5, 5}, pipes->mapToGlobal(QPointF(5, 5)), {}, {0, -120}, {}, {},

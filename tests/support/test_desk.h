@@ -31,7 +31,7 @@ class NotedViewer : public Viewer {
 };
 
 /// A printer that notes what it was to print. The test sets what its user chooses and what happens.
-class NotedPrinter : public Printer {
+class NotedPrinter : public Printers {
  public:
   std::vector<KnownPrinter> Known() override { return known; }
   std::optional<PrintOrder> ChooseFrom(const PrintOrder& order) override {

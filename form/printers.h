@@ -40,9 +40,9 @@ struct PrintOrder {
 };
 
 /// The printers of the desktop, and tables as PDF.
-class Printer {
+class Printers {
  public:
-  virtual ~Printer() = default;
+  virtual ~Printers() = default;
 
   /// The system's printers as they are now; none where nobody serves them.
   virtual std::vector<KnownPrinter> Known() = 0;
