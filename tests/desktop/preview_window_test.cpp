@@ -117,6 +117,10 @@ TEST(PreviewWindow, ZoomsAndScrollsByKeysAndWheel) {
   user.Wheel(-1, Qt::NoModifier);
   EXPECT_EQ(user.sheet().page(), 1);
   KeepPicture(*user.window, "FrmPreview-125");
+  user.Press(Qt::Key_0, Qt::ControlModifier);
+  EXPECT_FALSE(bar.isVisible());
+  EXPECT_FALSE(user.sheet().horizontalScrollBar()->isVisible());
+  EXPECT_TRUE(user.sheet().viewport()->rect().contains(user.sheet().place()));
 }
 
 TEST(PreviewWindow, LeavesTheListOfPagesOutWhereItIsNarrow) {

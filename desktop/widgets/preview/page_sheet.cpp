@@ -3,6 +3,7 @@
 #include <QPainter>
 #include <QScrollBar>
 #include <QWheelEvent>
+#include <algorithm>
 #include <cmath>
 
 #include "desktop/pages/shown_pages.h"
@@ -43,18 +44,22 @@ void PageSheet::SetPage(PreviewedPages* pages, int page, int percent) {
   FollowSize();
 }
 
-// What is in the middle of the window stays there.
+// What is in the middle of the window stays there. A page that fits without scroll bars gets none,
+// whether there are some now or not.
 void PageSheet::FollowSize() {
   const QSize whole = PageDots() + QSize(2 * kGroundAround, 2 * kGroundAround);
-  const auto follow = [](QScrollBar& bar, int length, int room) {
-    const double all = bar.maximum() + bar.pageStep();
+  const QSize most = maximumViewportSize();
+  const bool fits = whole.width() <= most.width() && whole.height() <= most.height();
+  const QSize room = fits ? most : viewport()->size();
+  const auto follow = [](QScrollBar& bar, int length, int shown) {
+    const double all = std::max(bar.maximum() + bar.pageStep(), 1);
     const double middle = (bar.value() + bar.pageStep() / 2.0) / all;
-    bar.setPageStep(room);
-    bar.setRange(0, std::max(length - room, 0));
-    bar.setValue(static_cast<int>(std::lround(middle * length - room / 2.0)));
+    bar.setPageStep(shown);
+    bar.setRange(0, std::max(length - shown, 0));
+    bar.setValue(static_cast<int>(std::lround(middle * length - shown / 2.0)));
   };
-  follow(*horizontalScrollBar(), whole.width(), viewport()->width());
-  follow(*verticalScrollBar(), whole.height(), viewport()->height());
+  follow(*horizontalScrollBar(), whole.width(), room.width());
+  follow(*verticalScrollBar(), whole.height(), room.height());
   viewport()->update();
 }
 
