@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include "cli/findings.h"
 #include "platform/xls/xls_application.h"
 #include "results/reports/report_writer.h"
 #include "study/message_codes.h"
@@ -15,8 +16,8 @@ namespace {
 // There is no screen and no printer here.
 class NoPages : public WorkbookPages {
  public:
-  Outcome Print(const Workbook& /*workbook*/, std::string_view /*printer*/,
-                int /*copies*/) override {
+  Result<bool> Print(const Workbook& /*workbook*/, std::string_view /*printer*/,
+                     int /*copies*/) override {
     return kRefusal;
   }
   Outcome Preview(const Workbook& /*workbook*/) override { return kRefusal; }
@@ -79,7 +80,10 @@ int ReportCommand::RunOn(const Console& console, Session& session) {
       .designer = named ? rows.front().Client.Utf8() : designer_,
       .template_folder = templates_.empty() ? DeliveredTemplates() : PathFromText(templates_),
       .target = {target, false}};
-  return WriteReport(bench, application, order) ? exit_code::kDone : exit_code::kUnwritable;
+  if (!WriteReport(bench, application, order)) {
+    return exit_code::kUnwritable;
+  }
+  return IsOfData() ? exit_code::kDone : TellLostWalk(console, session);
 }
 
 }  // namespace kalvo

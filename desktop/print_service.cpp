@@ -72,6 +72,8 @@ QStringList PrintArguments(const QPrinter& printer, std::string_view name) {
 QStringList PrintArguments(std::string_view printer, std::string_view name, int copies) {
   QStringList arguments{"-d", ToQt(printer), "-t", ToQt(name)};
   arguments << "-n" << QString::number(std::max(copies, 1));
+  arguments << "-o"
+            << "media=A4";  // of all our pages
   return arguments << "-o"
                    << "collate=true";
 }

@@ -97,13 +97,13 @@ void FrmStatS::Print() {
 void FrmStatS::Preview() {
   if (Chk_XL.on) {
     MakeReport(desk, Order(ReportMode::kPreview));
-  } else {
+  } else if (MayPrintThroughProgram(desk)) {
     ExportQuantitiesForPrint(desk, RowsOfList());
   }
 }
 
 void FrmStatS::Save(ReportMode mode) {
-  MakeReportFile(desk, Order(mode), ReportBaseName(bench.study));
+  if (const auto name = ReportNameOfStudy(desk)) MakeReportFile(desk, Order(mode), *name);
 }
 
 void FrmStatS::Show(const Quantities& quantities) {

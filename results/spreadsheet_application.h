@@ -43,8 +43,8 @@ class OpenWorkbook {
   virtual Outcome SaveAs(const std::filesystem::path& file) = 0;
   /// Writes its pages as a PDF, likewise.
   virtual Outcome SaveAsPdf(const std::filesystem::path& file) = 0;
-  /// Prints its pages, collated.
-  virtual Outcome Print(std::string_view printer, int copies) = 0;
+  /// Prints its pages, collated. False: the user has cancelled that.
+  virtual Result<bool> Print(std::string_view printer, int copies) = 0;
   /// Shows its pages and returns when the user has closed them.
   virtual Outcome Preview() = 0;
 };

@@ -206,7 +206,7 @@ void FrmMain::PrintData() {
 }
 
 void FrmMain::PrintResults() {
-  if (!SettleTitle()) return;
+  if (!SettleTitle() || AskToOpenKeptSheet(desk)) return;
   if (!HasRows()) {
     bench.Show(message::kNoResults);
   } else if (!RefusesStaleResults() && NeedsPipes()) {

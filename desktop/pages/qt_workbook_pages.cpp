@@ -6,16 +6,15 @@
 
 namespace kalvo {
 
-Outcome QtWorkbookPages::Print(const Workbook& workbook, std::string_view printer, int copies) {
+Result<bool> QtWorkbookPages::Print(const Workbook& workbook, std::string_view printer,
+                                    int copies) {
   if (!HasPrintService()) return FileError{{}, "Δεν υπάρχει υπηρεσία εκτύπωσης (lp)"};
   if (printer.empty()) return FileError{{}, "Δεν έχει επιλεγεί εκτυπωτής"};
   ShownPages pages(workbook, desk_.separators);
   const auto pdf = pages.MakePdf();
   if (!pdf) return pdf.error();
-  const auto printed = HandToPrintService(PrintArguments(printer, pages.sheet(), copies),
-                                          QByteArray::fromStdString(*pdf), kPrintNotice);
-  if (!printed) return printed.error();
-  return Done{};
+  return HandToPrintService(PrintArguments(printer, pages.sheet(), copies),
+                            QByteArray::fromStdString(*pdf), kPrintNotice);
 }
 
 Outcome QtWorkbookPages::Preview(const Workbook& workbook) {

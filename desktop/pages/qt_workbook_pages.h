@@ -11,8 +11,8 @@ class QtWorkbookPages : public WorkbookPages {
   /// The desk must outlive this; its separators are those of numbers on paper.
   explicit QtWorkbookPages(Desk& desk) : desk_(desk) {}
 
-  /// All copies collated. One that the user cancels is no error.
-  Outcome Print(const Workbook& workbook, std::string_view printer, int copies) override;
+  /// All copies collated. False: the user has cancelled that.
+  Result<bool> Print(const Workbook& workbook, std::string_view printer, int copies) override;
   /// What `Questions::preview` says is shown beside the pages.
   Outcome Preview(const Workbook& workbook) override;
   Result<std::string> MakePdf(const Workbook& workbook) override;

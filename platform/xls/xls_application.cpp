@@ -59,7 +59,7 @@ class OpenXls : public OpenWorkbook {
     if (!fits_) return DoesNotFit(file);
     return Save(file, pages_.MakePdf(file_.workbook));
   }
-  Outcome Print(std::string_view printer, int copies) override {
+  Result<bool> Print(std::string_view printer, int copies) override {
     if (!fits_) return DoesNotFit({});
     return pages_.Print(file_.workbook, printer, copies);
   }

@@ -6,6 +6,24 @@
 #include "study/designer_names.h"
 
 namespace kalvo {
+namespace {
+
+// A name out of the list can be changed on the spot.
+bool ChoosesAnother(Desk& desk, const std::string& name) {
+  const Answer answer = desk.bench.Ask(
+      DesignerQuestion("  ! !   ΠΡΟΣΟΧΗ   ! ! ",
+                       {name.empty() ? "... ΔΕΝ έχει επιλεγεί Όνομα Μελετητή ..."
+                                     : "... Το Όνομα < " + name + " >, ΔΕΝ υπάρχει στη Λίστα ...",
+                        "... Θέλετε να επιλέξετε άλλο Όνομα ?? ..."},
+                       box_style::kYesNo));
+  if (answer != Answer::kYes) return false;
+  ChooseDesigner(desk, true);
+  const auto list = ReadDesigners(desk.bench.workspace);
+  const auto chosen = DesignerName(desk);
+  return list && chosen && list->Has(*chosen);
+}
+
+}  // namespace
 
 bool MayPrintThroughProgram(Desk& desk) {
   const auto list = ReadDesigners(desk.bench.workspace);
@@ -21,12 +39,7 @@ bool MayPrintThroughProgram(Desk& desk) {
     TellError(desk.bench, name.error());
     return false;
   }
-  if (list->Has(*name)) return true;
-  desk.bench.Ask(
-      DesignerBox({name->empty() ? "... ΔΕΝ έχει επιλεγεί Όνομα Μελετητή ..."
-                                 : "... Το Όνομα < " + *name + " >, ΔΕΝ υπάρχει στη Λίστα ...",
-                   "... Το Όνομα αλλάζει με < Επιλογή Ονόματος Μελετητή > ..."}));
-  return false;
+  return list->Has(*name) || ChoosesAnother(desk, *name);
 }
 
 }  // namespace kalvo

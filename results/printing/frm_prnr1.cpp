@@ -3,17 +3,16 @@
 #include <algorithm>
 #include <cmath>
 
-#include "form/file_dialog.h"
 #include "form/tell.h"
 #include "results/designer/designer_name.h"
 #include "results/printing/make_report.h"
 #include "results/printing/print_database.h"
 #include "results/printing/print_study.h"
-#include "study/export_folder.h"
 
 namespace kalvo {
 namespace {
 
+constexpr const char* kUnreadable = "Δεν διαβάζεται";
 constexpr const char* kNoDesigner = "Δεν έχει δοθεί όνομα";
 constexpr std::size_t kCopiesDigits = 3;
 constexpr int kMostCopies = 999;
@@ -23,13 +22,6 @@ std::string TitleOf(bool results, bool spreadsheet, bool open) {
          (results ? "ΑΠΟΤΕΛΕΣΜΑΤΩΝ" : "ΔΕΔΟΜΕΝΩΝ") + " (" +
          (spreadsheet ? "μέσω Microsoft Excel - " : "") + (open ? "Ανοικτό" : "Κλειστό") +
          " Σύστημα)";
-}
-
-Box WorkbookBox() {
-  return {"  ! !  ΠΡΟΣΟΧΗ  ! ! ",
-          {"... Θα δημιουργηθεί Αρχείο του < Microsoft Excel > ..."},
-          box_style::kYesNo,
-          kAlarmBeeps};
 }
 
 }  // namespace
@@ -43,9 +35,7 @@ FrmPRNR1::FrmPRNR1(Desk& shared_desk)
                  [this] { ChooseDesigner(desk, desk.screens.RouteProgram); }),
       CmdPreview(*this, "CmdPreview", "Προεπισκόπηση της Εκτύπωσης (Preview)",
                  [this] { Preview(); }, {CtrlShift('P')}),
-      CmdPdf(*this, "CmdPdf", "Αποθήκευση ως PDF",
-             [this] { MakeReportFile(desk, Order(ReportMode::kPdf), TxtFile.text); },
-             {CtrlShift('S')}),
+      CmdPdf(*this, "CmdPdf", "Αποθήκευση ως PDF", [this] { SavePdf(); }, {CtrlShift('S')}),
       CmdCANCEL(*this, "CmdCANCEL", "Ακύρωση και Επιστροφή", [this] { Close(); },
                 {Plain(KeyCode::kEscape)}),
       CmdOK(*this, "CmdOK", "Εκτύπωση και Επιστροφή", [this] { Print(); },
@@ -117,7 +107,7 @@ void FrmPRNR1::Derive() {
   LblPrinter.text = printers.Description(desk);
   LblPrinter.visible = !LblPrinter.text.empty();
   const auto designer = DesignerName(desk);
-  LblDesigner.text = designer && !designer->empty() ? *designer : kNoDesigner;
+  LblDesigner.text = !designer ? kUnreadable : designer->empty() ? kNoDesigner : *designer;
   LblDesigner.tone = designer && !designer->empty() ? Tone::kPlain : Tone::kQuiet;
   ShowTarget();
 }
@@ -148,16 +138,26 @@ void FrmPRNR1::ShowTarget() {
 }
 
 void FrmPRNR1::ChooseFileName() {
-  if (desk.file_dialog == nullptr) return;
-  const auto folder = ExportFolder(bench.workspace.outer_disk(), desk.data_folder);
-  FileRequest request{folder ? *folder : desk.data_folder, TxtFile.Trimmed(), {}};
-  if (ByExcel() || FileKind() == PrintFileKind::kTable) {
-    request.filters = {"Excel_Like Files (*.XLS)"};
-  } else {
-    request.filters = {"Text Files (*.TXT)", "Record Files (*.REC)", "All Files (*.*)"};
-  }
-  const std::filesystem::path chosen = desk.file_dialog->ChooseTarget(request);
-  if (chosen != kNoFileAtAll) TxtFile.Show(chosen.string());
+  const bool workbook = ByExcel() || FileKind() == PrintFileKind::kTable;
+  const auto chosen = AskForReportName(
+      desk, TxtFile.Trimmed(),
+      workbook ? std::vector<std::string>{"Excel_Like Files (*.XLS)"}
+               : std::vector<std::string>{"Text Files (*.TXT)", "Record Files (*.REC)",
+                                          "All Files (*.*)"});
+  if (chosen) TxtFile.Show(*chosen);
+}
+
+// The name has its field only while a workbook is to be made.
+void FrmPRNR1::SavePdf() {
+  const auto name = TxtFile.visible ? std::optional(TxtFile.text) : ReportNameOfStudy(desk);
+  if (name) MakeReportFile(desk, Order(ReportMode::kPdf), *name);
+}
+
+bool FrmPRNR1::FirstKey(const Key& key) {
+  const bool more = key == Plain(KeyCode::kUp);
+  if (focus() != &TxtCopies || (!more && key != Plain(KeyCode::kDown))) return false;
+  AddCopies(more ? 1 : -1);
+  return true;
 }
 
 void FrmPRNR1::Print() {
@@ -165,8 +165,7 @@ void FrmPRNR1::Print() {
     Export();
   } else if (!Chk_XL.on) {
     PrintPages();
-  } else if (bench.Ask(WorkbookBox()) == Answer::kYes &&
-             MakeReportFile(desk, Order(ReportMode::kSave), TxtFile.text)) {
+  } else if (MakeReportFile(desk, Order(ReportMode::kSave), TxtFile.text)) {
     Close();
   }
 }

@@ -17,6 +17,7 @@ class FrmPRNR1 : public Form {
   void Load() override;
   bool MayClose() override;
   void Derive() override;
+  bool FirstKey(const Key& key) override;
 
   Label TxtThema{*this, "TxtThema"};
   Label LblKind{*this, "LblKind"};
@@ -53,6 +54,7 @@ class FrmPRNR1 : public Form {
 
   void AddCopies(int more);
   void ChooseFileName();
+  void SavePdf();
   void ShowTarget();
   [[nodiscard]] Result<ReportTarget> Target(std::string_view suffix) const;
   [[nodiscard]] ReportOrder Order(ReportMode mode) const;

@@ -1,10 +1,12 @@
 #include "results/printing/make_report.h"
 
 #include "form/ask_to_replace.h"
+#include "form/file_dialog.h"
 #include "form/tell.h"
 #include "form/wait.h"
 #include "results/designer/designer_name.h"
 #include "results/printing/print_study.h"
+#include "study/export_folder.h"
 
 namespace kalvo {
 namespace {
@@ -18,6 +20,13 @@ void OfferToOpen(Desk& desk, const std::filesystem::path& file) {
                       {"Δημιουργήθηκε το Αρχείο :", file.string(), "Θέλετε Άνοιγμα του Αρχείου ??"},
                       box_style::kDefaultNo});
   if (answer == Answer::kYes) TellIfFailed(desk.bench, desk.viewer.Open(file));
+}
+
+Box WorkbookBox() {
+  return {"  ! !  ΠΡΟΣΟΧΗ  ! ! ",
+          {"... Θα δημιουργηθεί Αρχείο του < Microsoft Excel > ..."},
+          box_style::kYesNo,
+          kAlarmBeeps};
 }
 
 // What the preview says of the pages.
@@ -39,7 +48,7 @@ PreviewFacts FactsOf(const Desk& desk, const ReportOrder& order, const ReportCho
 }  // namespace
 
 bool MakeReport(Desk& desk, ReportOrder order) {
-  if (desk.spreadsheet == nullptr) return false;
+  if (desk.spreadsheet == nullptr || !FillClient(desk)) return false;
   const ReportChoice choice = ChooseReport(order.code, order.kind, desk.bench.study.system_kind);
   auto designer = DesignerName(desk);
   if (!designer) {
@@ -59,18 +68,34 @@ bool MakeReport(Desk& desk, ReportOrder order) {
 }
 
 bool MakeReportFile(Desk& desk, ReportOrder order, std::string_view name) {
-  const std::string suffix =
-      ChooseReport(order.code, order.kind, desk.bench.study.system_kind).Suffix();
+  const ReportChoice choice = ChooseReport(order.code, order.kind, desk.bench.study.system_kind);
   const auto target =
-      FindReportTarget(desk.bench.workspace.outer_disk(), desk.data_folder, name, suffix);
+      FindReportTarget(desk.bench.workspace.outer_disk(), desk.data_folder, name, choice.Suffix());
   if (!target) {
     TellError(desk.bench, target.error());
     return false;
   }
   order.target = *target;
+  if (choice.mode == ReportMode::kSave && desk.bench.Ask(WorkbookBox()) != Answer::kYes)
+    return false;
   if (!MayWriteReport(desk, *target) || !MakeReport(desk, std::move(order))) return false;
   OfferToOpen(desk, target->file);
   return true;
+}
+
+std::optional<std::string> ReportNameOfStudy(Desk& desk) {
+  const std::string base = ReportBaseName(desk.bench.study);
+  return base.empty() ? AskForReportName(desk, {}, {"Excel_Like Files (*.XLS)", "PDF (*.PDF)"})
+                      : base;
+}
+
+std::optional<std::string> AskForReportName(Desk& desk, std::string_view proposed,
+                                            std::vector<std::string> filters) {
+  if (desk.file_dialog == nullptr) return std::nullopt;
+  const auto folder = ExportFolder(desk.bench.workspace.outer_disk(), desk.data_folder);
+  const std::filesystem::path chosen = desk.file_dialog->ChooseTarget(
+      {folder ? *folder : desk.data_folder, std::string(proposed), std::move(filters)});
+  return chosen == kNoFileAtAll ? std::nullopt : std::optional(chosen.string());
 }
 
 bool MayWriteReport(Desk& desk, const ReportTarget& target) {

@@ -24,8 +24,11 @@ class Export {
 
   bool Write(const char* shell, const PrintTable& table) {
     desk_.bench.workspace.Pause();
-    const std::filesystem::path file = desk_.program_folder / kPrintDatabase;
-    return Told(desk_.print_database->Export(desk_.program_folder / shell, table, file), file);
+    const std::filesystem::path& folder = desk_.program_folder;
+    const auto found = FindIgnoringCase(desk_.bench.workspace.outer_disk(), folder, shell);
+    if (!found) return Told(found.error(), folder);
+    const std::filesystem::path file = folder / kPrintDatabase;
+    return Told(desk_.print_database->Export(folder / found->value_or(shell), table, file), file);
   }
 
   bool WriteFile(const PrintFile& file, const PrintTable& table) {
@@ -96,7 +99,7 @@ std::string_view ExtensionOf(PrintFileKind kind) {
 }
 
 bool ExportForPrint(Desk& desk, const std::optional<PrintFile>& file) {
-  if (desk.print_database == nullptr) return false;
+  if (desk.print_database == nullptr || !FillClient(desk)) return false;
   Export made(desk);
   {
     const WaitShown wait(desk.navigator);
@@ -113,7 +116,7 @@ bool ExportForPrint(Desk& desk, const std::optional<PrintFile>& file) {
 }
 
 bool ExportQuantitiesForPrint(Desk& desk, std::string_view rows) {
-  if (desk.print_database == nullptr) return false;
+  if (desk.print_database == nullptr || !FillClient(desk)) return false;
   Export made(desk);
   {
     const WaitShown wait(desk.navigator);

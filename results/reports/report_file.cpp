@@ -31,7 +31,8 @@ std::string ReportName(std::string_view name, std::string_view suffix) {
   name = Trim(name);
   std::string_view extension = ExtensionOf(suffix);
   for (const std::string_view known : {extension, kWorkbookExtension, kPdfExtension}) {
-    if (!EndsWith(name, known)) continue;
+    const bool of_reports = !StemOf(suffix).empty();  // which a PDF and a workbook go by one name
+    if (!EndsWith(name, known) || (known != extension && !of_reports)) continue;
     const std::string_view typed = name.substr(name.size() - known.size());
     if (known == extension) extension = typed;
     name.remove_suffix(known.size());

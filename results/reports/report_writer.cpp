@@ -39,7 +39,7 @@ class ReportRun {
       return Refuse(bench_, {template_, filled.error().reason});
     }
     Outcome ended = End(open);
-    return ended.ok() || Refuse(bench_, ended.error());
+    return ended.ok() ? !cancelled_ : Refuse(bench_, ended.error());
   }
 
  private:
@@ -108,8 +108,12 @@ class ReportRun {
     switch (choice_.mode) {
       case ReportMode::kPreview:
         return workbook.Preview();
-      case ReportMode::kPrint:
-        return workbook.Print(order_.printer, std::max(1, order_.copies));
+      case ReportMode::kPrint: {
+        const auto printed = workbook.Print(order_.printer, std::max(1, order_.copies));
+        if (!printed) return printed.error();
+        cancelled_ = !*printed;
+        return Done{};
+      }
       case ReportMode::kSave:
         workbook.Protect(kTemplatePassword);
         return workbook.SaveAs(order_.target.file);
@@ -124,6 +128,7 @@ class ReportRun {
   ReportChoice choice_;
   std::filesystem::path template_;
   ReportSource source_;
+  bool cancelled_ = false;
 };
 
 }  // namespace

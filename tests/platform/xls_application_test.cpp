@@ -23,10 +23,10 @@ constexpr const char* kPassword = "(*1234567890*)";
 /// Notes what it is to paint.
 class NotedPages : public WorkbookPages {
  public:
-  Outcome Print(const Workbook& workbook, std::string_view printer, int copies) override {
+  Result<bool> Print(const Workbook& workbook, std::string_view printer, int copies) override {
     noted += "print " + std::string(printer) + " x" + std::to_string(copies) + " of " +
              std::to_string(workbook.sheets.size()) + "; ";
-    return Done{};
+    return true;
   }
   Outcome Preview(const Workbook& /*workbook*/) override {
     noted += "preview; ";

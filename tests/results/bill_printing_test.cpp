@@ -47,15 +47,35 @@ TEST_F(BillPrinting, ThroughTheProgramMakesTheDatabaseOfTheBill) {
 }
 
 TEST_F(BillPrinting, SavesAWorkbookAndAPdfUnderTheStudysName) {
+  const std::string attention = "  ! !  ΠΡΟΣΟΧΗ  ! ! ";
+  test.prompter.Expect(attention, Answer::kNo);
+  Click(bill, bill.CmdSave);
+  EXPECT_TRUE(application.log.empty()) << "the workbook was not agreed to";
+  test.prompter.Expect(attention, Answer::kYes);
   for (Command* command : {&bill.CmdSave, &bill.CmdPdf}) {
     test.prompter.Expect("Εκτύπωση", Answer::kNo);
     Click(bill, *command);
   }
   EXPECT_TRUE(application.Was("save /studies/ASCII/hotel_PROM.XLS"));
   EXPECT_TRUE(application.Was("pdf /studies/ASCII/hotel_PROM.PDF"));
+}
+
+TEST_F(BillPrinting, OfAStudyWithoutANameGoesWhereTheUserChooses) {
   test.study.study_path.clear();
-  Click(bill, bill.CmdSave);
-  EXPECT_EQ(LastBox(), "... ΔΕΝ έχετε δώσει όνομα Αρχείου ...");
+  Click(bill, bill.CmdPdf);
+  EXPECT_TRUE(application.log.empty()) << "no file was chosen";
+  ASSERT_EQ(files.asked.size(), 1U);
+  files.answer = "/elsewhere/οροφος";
+  test.prompter.Expect("Εκτύπωση", Answer::kNo);
+  Click(bill, bill.CmdPdf);
+  EXPECT_TRUE(application.Was("pdf /elsewhere/οροφος_PROM.PDF"));
+}
+
+TEST_F(BillPrinting, GivesEveryRowTheDesigner) {
+  desk.screens.CurrentDesigner = "Μ. Μηχανικός";
+  Click(bill, bill.CmdPreview);
+  EXPECT_EQ(test.Row(6).Client.Utf8(), "Μ. Μηχανικός");
+  EXPECT_TRUE(test.study.unsaved_changes);
 }
 
 }  // namespace

@@ -9,8 +9,8 @@ namespace kalvo {
 namespace {
 
 struct PrintLock : DesignerDesk, ::testing::Test {
-  /// The print is asked for, and the user types that password and gives up if it is wrong.
-  bool MayPrintWith(std::string_view password) {
+  /// The user will be asked for the password, types that one and gives up if it is wrong.
+  void WillType(std::string_view password) {
     InPasswordForm([password](FrmCLPass& pass) {
       EXPECT_FALSE(pass.TxtPass.visible);
       EXPECT_FALSE(pass.TxtPassOK.visible);
@@ -18,6 +18,9 @@ struct PrintLock : DesignerDesk, ::testing::Test {
       pass.Press(Plain(KeyCode::kEnter));
       pass.Press(Plain(KeyCode::kEscape));
     });
+  }
+  bool MayPrintWith(std::string_view password) {
+    WillType(password);
     return MayPrintThroughProgram(desk);
   }
 };
@@ -41,9 +44,15 @@ TEST_F(PrintLock, OpensToAListedDesignerWithThePassword) {
   EXPECT_FALSE(MayPrintWith("Κλειδί"));
   EXPECT_EQ(LastBox(), "!! Το Password ΔΕΝ ισχύει !!");
   desk.screens.CurrentDesigner = "Γιώργος";
+  test.prompter.Expect("  ! !   ΠΡΟΣΟΧΗ   ! ! ", Answer::kNo);
   EXPECT_FALSE(MayPrintWith("κλειδί"));
   EXPECT_NE(LastBox().find("< Γιώργος >, ΔΕΝ υπάρχει στη Λίστα"), std::string::npos);
+  test.prompter.Expect("  ! !   ΠΡΟΣΟΧΗ   ! ! ", Answer::kYes);
+  WillType("κλειδί");
+  navigator.Expect(screen::kDesigners, [this] { desk.screens.CurrentDesigner = "Άννα"; });
+  EXPECT_TRUE(MayPrintThroughProgram(desk)) << "another one was chosen on the spot";
   desk.screens.CurrentDesigner.clear();
+  test.prompter.Expect("  ! !   ΠΡΟΣΟΧΗ   ! ! ", Answer::kNo);
   EXPECT_FALSE(MayPrintWith("κλειδί"));
   PutClient("Άννα");
   EXPECT_TRUE(MayPrintWith("κλειδί"));

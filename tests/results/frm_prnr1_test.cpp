@@ -78,6 +78,21 @@ TEST_F(Printing, StaysOpenWhenThePrintersDialogueIsCancelledOrThereIsNone) {
   EXPECT_FALSE(Closed());
 }
 
+TEST_F(Printing, StaysOpenWhenThePrintIsCancelledOnItsWay) {
+  application.cancels = true;
+  In(ReportKind::kResults, true, [this](FrmPRNR1& form) {
+    form.Focus(form.TxtCopies);
+    EXPECT_TRUE(form.Press(Plain(KeyCode::kUp)));
+    EXPECT_TRUE(form.Press(Plain(KeyCode::kUp)));
+    EXPECT_TRUE(form.Press(Plain(KeyCode::kDown)));
+    EXPECT_EQ(form.TxtCopies.text, "2");
+    Click(form, form.CmdOK);
+  });
+  EXPECT_TRUE(application.Was("print Γραφείο 2 2"));
+  EXPECT_TRUE(test.prompter.boxes().empty());
+  EXPECT_FALSE(Closed());
+}
+
 TEST_F(Printing, MakesAWorkbookAfterItsQuestions) {
   ASSERT_TRUE(test.outer_disk.MakeFolder("/studies/ascii").ok());
   ASSERT_TRUE(test.outer_disk.Write("/studies/ascii/hotel_RCO.XLS", "old").ok());

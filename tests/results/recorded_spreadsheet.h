@@ -17,6 +17,7 @@ class RecordedSpreadsheet : public SpreadsheetApplication {
  public:
   std::vector<std::string> sheets = {"Sheet1", "Sheet2"};
   std::optional<FileError> refuses_to_open;
+  bool cancels = false;                     ///< the user, while pages go to the printer
   std::optional<FileError> refuses_to_end;  ///< to save, print or preview
   /// What it was told: "open FILE", "copy 0!1-59 to 0!60", "break 0!60", "height 0!59 7", "put" for
   /// any number of cells, "protect", "save FILE", "pdf FILE", "print PRINTER 2", "preview", "quit".
@@ -94,8 +95,9 @@ class RecordedSpreadsheet : public SpreadsheetApplication {
     Outcome SaveAsPdf(const std::filesystem::path& file) override {
       return End("pdf " + file.string());
     }
-    Outcome Print(std::string_view printer, int copies) override {
-      return End("print " + std::string(printer) + " " + std::to_string(copies));
+    Result<bool> Print(std::string_view printer, int copies) override {
+      const Outcome ended = End("print " + std::string(printer) + " " + std::to_string(copies));
+      return ended ? Result<bool>(!all_.cancels) : Result<bool>(ended.error());
     }
     Outcome Preview() override { return End("preview"); }
 
