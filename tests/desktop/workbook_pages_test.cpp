@@ -57,7 +57,7 @@ TEST(WorkbookPages, GoToThePrinterAsOftenAsWanted) {
     EXPECT_TRUE(pages.Print(book, "Γραφείο", 3).ok());
     EXPECT_TRUE(service.Got("got").startsWith("%PDF-"));
     const QByteArray told = service.Got("told");
-    EXPECT_EQ(told, "-d Γραφείο -t Φύλλο -n 3 -o collate=true\n") << told.data();
+    EXPECT_EQ(told, "-d Γραφείο -t Φύλλο -n 3 -o media=A4 -o collate=true\n") << told.data();
     EXPECT_TRUE(pages.Print(book, "Γραφείο", 0).ok());
     EXPECT_TRUE(service.Got("told").contains("-n 1 "));
     EXPECT_EQ(pages.Print(book, "", 1).error().Line(), "Δεν έχει επιλεγεί εκτυπωτής");
