@@ -192,7 +192,7 @@ see_file PFILES/NEO.PCK
 change_one() {
   keys ΑΠΟΤΕΛΕΣΜΑΤΑ Menu
   sleep 0.5
-  keys ΑΠΟΤΕΛΕΣΜΑΤΑ Up Up Return
+  keys ΑΠΟΤΕΛΕΣΜΑΤΑ Up Up Up Return
   see "$list"
   keys "$list" "$@"
 }
@@ -238,8 +238,10 @@ ls "$work"/PFILES/ASFALEIA/* >/dev/null 2>&1 || fail "the displaced rows are not
 press_to "$left_over" Return "$main"
 
 stage "killed with results on the screen: they come back"
-press_to "$main" F9 "$sheet"
+press_to "$main" F9 "$attention"
+press_to "$attention" Return "$sheet" # the diameter that was chosen stays
 see_file FIRSTONE.TMP
+cmp -s "$home/changed" "$work/DATARES.TMP" || fail "not calculated to the same rows"
 cp "$work/DATARES.TMP" "$home/rows"
 die_by_kill
 start_to_kind
@@ -248,7 +250,8 @@ press_to "$left_over" Return "$main"
 cmp -s "$home/rows" "$work/DATARES.TMP" || fail "the results changed"
 
 stage "killed in the dialog of files, then refused: a safety copy stands"
-press_to "$main" ctrl+shift+s "$save"
+press_to "$main" ctrl+shift+s "$attention" # without a calculation the chosen diameter goes
+press_to "$attention" n "$save"
 die_by_kill
 start_to_kind
 press_to "$kind" Return "$left_over"
