@@ -4,8 +4,10 @@
 
 #include "cli/findings.h"
 #include "cli/study_run.h"
+#include "cli/written_file.h"
 #include "platform/jet/print_shell.h"
 #include "results/quantities.h"
+#include "study/path_text.h"
 #include "study/real_disk.h"
 
 namespace kalvo {
@@ -43,6 +45,7 @@ void ExportCommand::AddArguments(CLI::App& app) {
       ->type_name("results|quantities");
   app.add_option("--out", out_, "Η βάση δεδομένων που γράφεται (.MDB)")
       ->required()
+      ->check(EndsIn(".MDB"))
       ->type_name("ΑΡΧΕΙΟ");
   app.add_flag("--ignore-capacity", ignore_capacity_,
                "Συνεχίζει και αν το Σύστημα Σωλήνων δεν επαρκεί για την ταχύτητα");
@@ -50,7 +53,8 @@ void ExportCommand::AddArguments(CLI::App& app) {
 }
 
 int ExportCommand::RunOn(const Console& console, Session& session) {
-  if (const Outcome may = CheckTarget(); !may) return TellNotWritten(console, may.error());
+  if (const Outcome may = MayWriteFile(out_, overwrite_); !may)
+    return TellNotWritten(console, may.error());
   session.prompter().ignore_capacity = ignore_capacity_;
   if (!session.study().results_valid) {
     const int code = CalculateStudy(console, session, Method::kFlowOnly);
@@ -64,24 +68,11 @@ int ExportCommand::RunOn(const Console& console, Session& session) {
   auto bytes = FillPrintShell(MakePrintShell(table->columns), *table);
   if (!bytes) return TellNotWritten(console, bytes.error());
   RealDisk disk;
-  if (const Outcome written = ReplaceFile(disk, out_, std::move(*bytes)); !written) {
+  if (const Outcome written = ReplaceFile(disk, PathFromText(out_), std::move(*bytes)); !written) {
     return TellNotWritten(console, written.error());
   }
-  if (!console.quiet) {
-    console.out.flush();
-    console.err << "Γράφηκε : " << out_ << '\n';
-  }
+  TellWritten(console, out_);
   return TellLostWalk(console, session);
-}
-
-Outcome ExportCommand::CheckTarget() const {
-  const auto there = RealDisk().Status(out_);
-  if (!there) return there.error();
-  if (*there && (*there)->is_folder) return FileError{out_, "Είναι φάκελος"};
-  if (*there && !overwrite_) {
-    return FileError{out_, "Το Αρχείο αυτό, υπάρχει ήδη (--overwrite το αντικαθιστά)"};
-  }
-  return Done{};
 }
 
 Result<PrintTable> ExportCommand::Gather(Session& session) const {

@@ -17,7 +17,6 @@ class ExportCommand : public StudyCommand {
   int RunOn(const Console& console, Session& session) override;
 
  private:
-  [[nodiscard]] Outcome CheckTarget() const;
   [[nodiscard]] Result<PrintTable> Gather(Session& session) const;
 
   std::string kind_;

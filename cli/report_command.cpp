@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 
 #include "cli/findings.h"
+#include "cli/written_file.h"
 #include "platform/xls/xls_application.h"
 #include "results/reports/report_writer.h"
 #include "study/message_codes.h"
@@ -32,6 +33,21 @@ std::filesystem::path DeliveredTemplates() {
   return DeliveredLibrary().parent_path() / "templates";
 }
 
+int CodeOf(ReportEnd end) {
+  switch (end) {
+    case ReportEnd::kMade:
+      return exit_code::kDone;
+    case ReportEnd::kCancelled:
+    case ReportEnd::kRefused:
+      return exit_code::kRefused;
+    case ReportEnd::kUnreadable:
+      return exit_code::kUnreadable;
+    case ReportEnd::kUnwritable:
+      return exit_code::kUnwritable;
+  }
+  return exit_code::kUnwritable;
+}
+
 }  // namespace
 
 std::string ReportCommand::Foot() const {
@@ -48,7 +64,10 @@ void ReportCommand::AddArguments(CLI::App& app) {
       ->check(CLI::IsMember({"data", "results", "quantities"}).description(""))
       ->required()
       ->type_name("data|results|quantities");
-  app.add_option("--out", out_, "Το αρχείο .XLS")->required()->type_name("ΑΡΧΕΙΟ");
+  app.add_option("--out", out_, "Το αρχείο .XLS")
+      ->required()
+      ->check(EndsIn(".XLS"))
+      ->type_name("ΑΡΧΕΙΟ");
   app.add_option("--designer", designer_, "Ο Μελετητής που γράφεται στις σελίδες")
       ->type_name("ΟΝΟΜΑ");
   app.add_option("--templates", templates_, "Φάκελος με τα πρότυπα KALV_*.xls")
@@ -62,13 +81,12 @@ int ReportCommand::RunOn(const Console& console, Session& session) {
     bench.Show(message::kNoResults);
     return exit_code::kRefused;
   }
-  RealDisk disk;
-  const std::filesystem::path target = std::filesystem::absolute(PathFromText(out_));
-  if (!overwrite_ && disk.Exists(target)) {
-    console.err << "Το Αρχείο αυτό, υπάρχει ήδη (--overwrite το αντικαθιστά) : " << target.string()
-                << '\n';
+  if (const Outcome may = MayWriteFile(out_, overwrite_); !may) {
+    console.err << "Το βιβλίο ΔΕΝ γράφηκε. " << may.error().Line() << '\n';
     return exit_code::kUnwritable;
   }
+  RealDisk disk;
+  const std::filesystem::path target = std::filesystem::absolute(PathFromText(out_));
   const std::vector<SectionRow> rows = session.Rows();
   const bool named = designer_.empty() && !rows.empty();
   NoPages pages;
@@ -80,9 +98,10 @@ int ReportCommand::RunOn(const Console& console, Session& session) {
       .designer = named ? rows.front().Client.Utf8() : designer_,
       .template_folder = templates_.empty() ? DeliveredTemplates() : PathFromText(templates_),
       .target = {target, false}};
-  if (!WriteReport(bench, application, order)) {
-    return exit_code::kUnwritable;
+  if (const ReportEnd end = WriteReport(bench, application, order); end != ReportEnd::kMade) {
+    return CodeOf(end);
   }
+  TellWritten(console, out_);
   return IsOfData() ? exit_code::kDone : TellLostWalk(console, session);
 }
 

@@ -49,8 +49,9 @@ std::optional<PrintOrder> QtPrinter::ChooseFrom(const PrintOrder& order) {
   return PrintOrder{printer.printerName().toStdString(), printer.copyCount()};
 }
 
-PrinterChoice QtPrinter::Choose(std::string_view name) {
+PrinterChoice QtPrinter::Choose(std::string_view name, bool across) {
   paper_ = A4Across();
+  if (!across) paper_.setOrientation(QPageLayout::Portrait);
   if (!HasPrintService() || QPrinterInfo::availablePrinterNames().isEmpty()) {
     return {PrinterChoice::Kind::kNoPrinter, {}};
   }
@@ -58,6 +59,7 @@ PrinterChoice QtPrinter::Choose(std::string_view name) {
     printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
     printer_->setPageLayout(paper_);
   }
+  printer_->setPageOrientation(paper_.orientation());
   printer_->setDocName(ToQt(name));
   QPrintDialog dialog(printer_.get(), QApplication::activeWindow());
   dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintCollateCopies);

@@ -17,7 +17,7 @@ class QtPrinter : public Printers {
 
   std::vector<KnownPrinter> Known() override;
   std::optional<PrintOrder> ChooseFrom(const PrintOrder& order) override;
-  PrinterChoice Choose(std::string_view name) override;
+  PrinterChoice Choose(std::string_view name, bool across) override;
   Result<std::optional<std::string>> MakePdf(const PrintedTable& table,
                                              std::string_view notice) override;
   Result<bool> Print(const std::string& pdf, std::string_view name,

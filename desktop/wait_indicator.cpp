@@ -2,6 +2,7 @@
 
 #include <QApplication>
 
+#include "desktop/print_notice.h"
 #include "desktop/widgets/boxes/wait_card.h"
 
 namespace kalvo {
@@ -63,7 +64,8 @@ void WaitIndicator::ShowProgress(const QString& text, int done, int total) {
 
 void WaitIndicator::ShowCard() {
   QWidget* front = QApplication::activeWindow();
-  if (front == nullptr) return;
+  if (front == nullptr || qobject_cast<PrintNotice*>(front) != nullptr)
+    return;  // that says so itself
   card_ = new WaitCard(front);
   card_->Begin(waits_.back().text);
   card_->adjustSize();

@@ -35,8 +35,7 @@ struct PreviewFacts {
   std::string client;  ///< the designer
   std::string name;    ///< of the workbook: "HOTEL_RCO.XLS"
   std::string note;    ///< "604 τμήματα"
-  /// Where their PDF goes, a name alone into the export folder; empty: `name`, or the title, with
-  /// the extension of a PDF.
+  /// Where their PDF goes, a name alone into the export folder; empty: nobody has named it yet.
   std::filesystem::path pdf;
 };
 

@@ -75,7 +75,7 @@ PdfEnd PrintOnPrinter(Desk& desk, const PdfSource& source) {
 }  // namespace
 
 PdfEnd PrintPdf(Desk& desk, const PdfSource& source) {
-  const PrinterChoice choice = desk.printer.Choose(source.name);
+  const PrinterChoice choice = desk.printer.Choose(source.name, source.across);
   switch (choice.kind) {
     case PrinterChoice::Kind::kPrinter:
       return PrintOnPrinter(desk, source);

@@ -50,8 +50,8 @@ class Printers {
   /// cancelled. The system's default printer stays what it is.
   virtual std::optional<PrintOrder> ChooseFrom(const PrintOrder& order) = 0;
 
-  /// Has the user choose in the desktop's dialogue.
-  virtual PrinterChoice Choose(std::string_view name) = 0;
+  /// Has the user choose in the desktop's dialogue, which begins with A4, `across` or upright.
+  virtual PrinterChoice Choose(std::string_view name, bool across) = 0;
   /// The table as a PDF for the paper chosen, A4 across otherwise. `notice` is shown meanwhile with
   /// a button that cancels; nothing: it was cancelled. Error: a page cannot be painted.
   virtual Result<std::optional<std::string>> MakePdf(const PrintedTable& table,

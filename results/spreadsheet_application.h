@@ -31,6 +31,9 @@ class OpenWorkbook {
   virtual void PutText(int sheet, int row, int column, std::string_view text) = 0;
   virtual void PutNumber(int sheet, int row, int column, double value) = 0;
 
+  /// Makes what is in a cell bold; the rest of its format stays.
+  virtual void Embolden(int sheet, int row, int column) = 0;
+
   /// Copies rows with all that is in them, formats, heights and merged cells to `target` and on.
   virtual void CopyRows(int from_sheet, RowSpan rows, int to_sheet, int target) = 0;
   /// A new page begins with that row.

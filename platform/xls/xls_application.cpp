@@ -3,6 +3,7 @@
 #include <optional>
 #include <utility>
 
+#include "platform/xls/bold_formats.h"
 #include "platform/xls/workbook_file.h"
 #include "platform/xls/workbook_reasons.h"
 #include "study/letter_case.h"
@@ -33,6 +34,10 @@ class OpenXls : public OpenWorkbook {
   void PutNumber(int sheet, int row, int column, double value) override {
     Sheet* found = SheetWith(sheet, row, column);
     if (found != nullptr) kalvo::PutNumber(file_.workbook, *found, row - 1, column - 1, value);
+  }
+  void Embolden(int sheet, int row, int column) override {
+    Sheet* found = SheetWith(sheet, row, column);
+    if (found != nullptr) bold_.Apply(file_.workbook, *found, row - 1, column - 1);
   }
   void CopyRows(int from_sheet, RowSpan rows, int to_sheet, int target) override {
     const Sheet* from = SheetWith(from_sheet, rows.first, 1);
@@ -93,6 +98,7 @@ class OpenXls : public OpenWorkbook {
   WorkbookFile file_;
   Disk& disk_;
   WorkbookPages& pages_;
+  BoldFormats bold_;
   bool fits_ = true;
 };
 

@@ -19,4 +19,9 @@ Box DesignerQuestion(std::string title, std::vector<std::string> lines, int styl
 /// True when `field` holds the password; otherwise a box said that it is missing or wrong.
 bool HasPassword(Workbench& bench, const Field& field, const std::string& password);
 
+/// Whether a name has room in a print that the program makes by itself.
+bool FitsProgramPrint(std::string_view name);
+/// The box for one that has none.
+Box TooLongForProgramPrint();
+
 }  // namespace kalvo

@@ -1,15 +1,40 @@
 #include "results/designer/designer_name.h"
 
+#include <algorithm>
+
 #include "form/tell.h"
+#include "study/designer_names.h"
 
 namespace kalvo {
+namespace {
+
+using ClientText = decltype(SectionRow::Client);
+
+// The blank between two words may be the last that had room.
+constexpr std::size_t kLeastCut = ClientText::kSize - 1;
+
+// A row has less room than the list: the name chosen last, or the first of the list, that begins
+// with what the row has room for.
+Result<std::string> WholeName(const Desk& desk, const ClientText& client) {
+  const auto is_it = [&client](const std::string& name) {
+    return ClientText::FromUtf8(name) == client;
+  };
+  if (is_it(desk.options.designer)) return desk.options.designer;
+  const auto list = ReadDesigners(desk.bench.workspace);
+  if (!list) return list.error();
+  const auto whole = std::ranges::find_if(list->names, is_it);
+  return whole == list->names.end() ? client.Utf8() : *whole;
+}
+
+}  // namespace
 
 Result<std::string> DesignerName(const Desk& desk) {
   if (!desk.screens.CurrentDesigner.empty()) return desk.screens.CurrentDesigner;
   const auto rows = desk.bench.workspace.Rows().ReadAll();
   if (!rows) return rows.error();
-  const std::string client = rows->empty() ? std::string() : rows->front().Client.Utf8();
-  return client.empty() ? desk.options.designer : client;
+  const ClientText client = rows->empty() ? ClientText() : rows->front().Client;
+  if (client.Trimmed().empty()) return desk.options.designer;
+  return client.Trimmed().size() < kLeastCut ? client.Utf8() : WholeName(desk, client);
 }
 
 bool FillClient(Desk& desk) {
@@ -22,7 +47,7 @@ bool FillClient(Desk& desk) {
     return false;
   }
   if (rows->empty() || !rows->front().Client.Trimmed().empty() || name->empty()) return true;
-  for (SectionRow& row : *rows) row.Client = decltype(row.Client)::FromUtf8(*name);
+  for (SectionRow& row : *rows) row.Client = ClientText::FromUtf8(*name);
   if (!TellIfFailed(desk.bench, file.WriteAll(*rows))) return false;
   desk.bench.study.unsaved_changes = true;
   return true;

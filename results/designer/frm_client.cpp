@@ -5,15 +5,8 @@
 #include "form/tell.h"
 #include "results/designer/designer_boxes.h"
 #include "results/designer/designer_name.h"
-#include "study/codepage.h"
 
 namespace kalvo {
-namespace {
-
-/// Characters of a name in a print that the program makes by itself.
-constexpr std::size_t kRoomInProgramPrint = 50;
-
-}  // namespace
 
 FrmCLient::FrmCLient(Desk& shared_desk)
     : Form(shared_desk),
@@ -111,7 +104,8 @@ void FrmCLient::Delete() {
   }
   const Box question =
       DesignerQuestion("... ΔΙΑΓΡΑΦΗ ΟΝΟΜΑΤΟΣ ΜΕΛΕΤΗΤΗ ΑΠΟ ΤΗ ΛΙΣΤΑ ...",
-                       {"... Θέλετε να Διαγραφεί το < Φωτισμένο > Όνομα από τη Λίστα ?? ..."},
+                       {"... Θέλετε να Διαγραφεί το < Φωτισμένο > Όνομα από τη Λίστα ?? ...",
+                        "< " + SelectedName() + " >"},
                        box_style::kDefaultNo);
   if (bench.Ask(question) != Answer::kYes) return;
   list_.names.erase(list_.names.begin() + Lst_Names.selected);
@@ -153,16 +147,13 @@ void FrmCLient::ChangePassword() {
 void FrmCLient::Choose() {
   if (!HasName()) return;
   if (!HasPassword(bench, Txt_Pass, desk.screens.AccessPassword)) {
+    Txt_Pass.Show("");
     Focus(Txt_Pass);
     return;
   }
   const std::string name = SelectedName();
-  if (desk.questions.designer_for_program && CountCharacters(name) > kRoomInProgramPrint) {
-    Tell(
-        {"     ... Για < Εκτύπωση μέσω του Προγράμματος (και όχι μέσω του Microsot Excel) > ...   "
-         "  ",
-         "... το όνομα του Μελετητή ΔΕΝ πρέπει να περιλαμβάνει περισσότερους από 50 χαρακτήρες "
-         "..."});
+  if (desk.questions.designer_for_program && !FitsProgramPrint(name)) {
+    bench.Ask(TooLongForProgramPrint());
     return;
   }
   const Box question = DesignerQuestion(

@@ -6,6 +6,8 @@
 
 #include "form/tell.h"
 #include "form/wait.h"
+#include "results/printing/make_report.h"
+#include "study/path_text.h"
 
 namespace kalvo {
 namespace {
@@ -58,8 +60,7 @@ FrmPreview::FrmPreview(Desk& shared_desk)
                {Plain(KeyCode::kEscape)}),
       CmdOpen(*this, "CmdOpen", "Άνοιγμα",
               [this] { TellIfFailed(bench, desk.viewer.Open(written_)); }),
-      CmdPdf(*this, "CmdPdf", "Αποθήκευση ως PDF", [this] { TakeEnd(SavePdf(desk, Source())); },
-             {CtrlShift('S')}),
+      CmdPdf(*this, "CmdPdf", "Αποθήκευση ως PDF", [this] { KeepPdf(); }, {CtrlShift('S')}),
       CmdPrint(*this, "CmdPrint", "Εκτύπωση", [this] { TakeEnd(PrintPdf(desk, Source())); },
                {Ctrl('P')}) {
   title = "Προεπισκόπηση της Εκτύπωσης (Preview)";
@@ -162,14 +163,25 @@ void FrmPreview::ShowWhole() { Page.whole = true; }
 PdfSource FrmPreview::Source() const {
   const std::string name = facts_.name.empty() ? facts_.title : facts_.name;
   std::filesystem::path file = facts_.pdf;
-  if (file.empty()) file = std::filesystem::path(name).replace_extension(kPdfExtension);
-  return {name, file, [this]() -> Result<std::optional<std::string>> {
+  if (file.empty()) file = PathFromText(ReportName(name, kPdfExtension));
+  const PageSize page = pages_ == nullptr ? PageSize() : pages_->size();
+  return {name, file, page.width > page.height, [this]() -> Result<std::optional<std::string>> {
             if (pages_ == nullptr) return std::optional<std::string>();
             const WaitShown wait(desk.navigator);
             auto pdf = pages_->MakePdf();
             if (!pdf) return pdf.error();
             return std::optional(std::move(*pdf));
           }};
+}
+
+void FrmPreview::KeepPdf() {
+  PdfSource source = Source();
+  if (facts_.pdf.empty()) {
+    const auto named = AskForReportName(desk, facts_.title, {"PDF (*.PDF)"});
+    if (!named) return;
+    source.file = PathFromText(ReportName(*named, kPdfExtension));
+  }
+  TakeEnd(SavePdf(desk, source));
 }
 
 void FrmPreview::TakeEnd(const PdfEnd& end) {

@@ -48,6 +48,8 @@ class FrmPreview : public Form {
   void TakeChosenZoom();
   void ShowWhole();
   [[nodiscard]] PdfSource Source() const;
+  /// Pages without a name get one in the desktop's dialogue.
+  void KeepPdf();
   void TakeEnd(const PdfEnd& end);
 
   PreviewedPages* pages_ = nullptr;

@@ -93,6 +93,7 @@ void FrmPRNR1::Derive() {
   const bool excel = ByExcel();
   const bool names_file = excel ? Chk_XL.on : OptFile.on;
   OptPRN.visible = OptFile.visible = !excel;
+  LblCard.text = excel ? "Εκτυπωτής" : "Προορισμός";
   Chk_XL.visible = CmdPdf.visible = excel;
   LblFileKind.visible = Cbo_FileKind.visible = !excel;
   for (Control* part : std::initializer_list<Control*>{&LblFile, &TxtFile, &CmdFile}) {
@@ -113,7 +114,7 @@ void FrmPRNR1::Derive() {
 }
 
 ReportOrder FrmPRNR1::Order(ReportMode mode) const {
-  return {.code = CodeOf(mode), .kind = Kind()};
+  return {.code = CodeOf(mode), .kind = Kind(), .name = TxtFile.visible ? TxtFile.text : ""};
 }
 
 Result<ReportTarget> FrmPRNR1::Target(std::string_view suffix) const {
@@ -132,7 +133,8 @@ void FrmPRNR1::ShowTarget() {
                        target->file.parent_path().string();
     }
   } else if (!ByExcel()) {
-    LblTarget.text = "Γράφεται η βάση " + std::string(kPrintDatabase) + " · σελίδες δεν τυπώνονται";
+    LblTarget.text = "Γράφεται η βάση " + std::string(kPrintDatabase) +
+                     " για εκτύπωση από άλλο πρόγραμμα · εδώ δεν τυπώνονται σελίδες";
   }
   LblTarget.visible = !LblTarget.text.empty();
 }

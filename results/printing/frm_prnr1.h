@@ -23,6 +23,7 @@ class FrmPRNR1 : public Form {
   Label LblKind{*this, "LblKind"};
   Label LblSections{*this, "LblSections"};
   Label LblRoute{*this, "LblRoute"};
+  Label LblCard{*this, "LblCard"};
   Toggle OptPRN{*this, "OptPRN", "Εκτύπωση σε Εκτυπωτή"};
   PrintersPart printers{*this};
   Label LblPrinter{*this, "LblPrinter"};  ///< what the list has of the printer beside its name

@@ -7,6 +7,7 @@
 #include "results/designer/designer_name.h"
 #include "results/printing/print_study.h"
 #include "study/export_folder.h"
+#include "study/path_text.h"
 
 namespace kalvo {
 namespace {
@@ -29,19 +30,33 @@ Box WorkbookBox() {
           kAlarmBeeps};
 }
 
+// Where the preview's PDF goes; empty: it has no name.
+std::filesystem::path PdfOfPreview(const Desk& desk, const std::string& name,
+                                   const ReportTable& table) {
+  const std::string file = ReportName(name, PdfSuffix(table.suffix));
+  if (!PathFromText(file).has_parent_path()) return PathFromText(file);
+  const auto target = FindReportTarget(desk.bench.workspace.outer_disk(), desk.data_folder, name,
+                                       PdfSuffix(table.suffix));
+  return target ? target->file : std::filesystem::path();
+}
+
+std::string SectionsText(int count) {
+  return std::to_string(count) + (count == 1 ? " τμήμα" : " τμήματα");
+}
+
 // What the preview says of the pages.
 PreviewFacts FactsOf(const Desk& desk, const ReportOrder& order, const ReportChoice& choice) {
   const Study& study = desk.bench.study;
   const bool quantities = order.code <= kQuantitiesCode;
-  const std::string base = ReportBaseName(study);
-  PreviewFacts facts{.title = quantities                           ? "Προμέτρηση"
-                              : order.kind == ReportKind::kResults ? "Αποτελέσματα"
-                                                                   : "Δεδομένα",
-                     .client = order.designer,
-                     .name = ReportName(base, choice.table->suffix),
-                     .note = std::to_string(study.SectionCount) +
-                             (study.SectionCount == 1 ? " τμήμα" : " τμήματα"),
-                     .pdf = ReportName(base, PdfSuffix(choice.table->suffix))};
+  const std::string name = Trim(order.name).empty() ? ReportBaseName(study) : order.name;
+  PreviewFacts facts{
+      .title = quantities                           ? "Προμέτρηση"
+               : order.kind == ReportKind::kResults ? "Αποτελέσματα"
+                                                    : "Δεδομένα",
+      .client = order.designer,
+      .name = PathFromText(ReportName(name, choice.table->suffix)).filename().string(),
+      .note = quantities ? std::string() : SectionsText(study.SectionCount),
+      .pdf = PdfOfPreview(desk, name, *choice.table)};
   return facts;
 }
 
@@ -60,11 +75,11 @@ bool MakeReport(Desk& desk, ReportOrder order) {
   if (choice.mode == ReportMode::kPreview) desk.questions.preview = FactsOf(desk, order, choice);
   const bool saves = choice.mode == ReportMode::kSave;
   const WaitShown wait(desk.navigator, saves ? kMakesWorkbook : kWaitText);
-  return WriteReport(desk.bench, *desk.spreadsheet, order,
-                     [&desk](std::size_t line, std::size_t count) {
-                       desk.navigator.ShowProgress(ReportProgressText(line, count),
-                                                   static_cast<int>(line), static_cast<int>(count));
-                     });
+  const auto progress = [&](std::size_t line, std::size_t count) {
+    desk.navigator.ShowProgress(ReportProgressText(*choice.table, line, count),
+                                static_cast<int>(line), static_cast<int>(count));
+  };
+  return WriteReport(desk.bench, *desk.spreadsheet, order, progress) == ReportEnd::kMade;
 }
 
 bool MakeReportFile(Desk& desk, ReportOrder order, std::string_view name) {

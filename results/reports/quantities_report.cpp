@@ -46,6 +46,8 @@ const ReportTable kQuantitiesReport{
     .head = kHead,
     .columns = kColumns,
     .line_count = SizeLines,
+    .line_noun = "Διάμετρος",
+    .lines_noun = "Διαμέτρων",
     .sheet = "Sheet1",
     .page_sheet = "Sheet2",
     .gap_height = 7,

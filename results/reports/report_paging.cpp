@@ -44,6 +44,9 @@ class ReportSheet {
                           table_.page.first_line + static_cast<int>(line % lines));
     for (const LineColumn& column : table_.columns) {
       Put(row, column.column, column.value(source, line));
+      if (column.is_bold != nullptr && column.is_bold(source, line)) {
+        workbook_.Embolden(sheet_, row, column.column);
+      }
     }
   }
 

@@ -41,6 +41,8 @@ struct HeadCell {
 struct LineColumn {
   int column;
   ReportValue (*value)(const ReportSource&, std::size_t line);
+  bool (*is_bold)(const ReportSource&,
+                  std::size_t line) = nullptr;  ///< none: as the template has it
 };
 
 /// A page of a sheet, in rows.
@@ -58,6 +60,8 @@ struct ReportTable {
   std::span<const HeadCell> head;
   std::span<const LineColumn> columns;
   std::size_t (*line_count)(const ReportSource&);
+  const char* line_noun;  ///< "Τμήμα", and of many: "Τμημάτων"
+  const char* lines_noun;
   const char* sheet = nullptr;       ///< that is filled; none: the first of the template
   const char* page_sheet = nullptr;  ///< the page further ones are copied from; none: the same
   double gap_height = 0;             ///< points, of the row before a new page; 0: as it is

@@ -14,15 +14,8 @@ namespace {
 constexpr const char* kNotPossible = "Η ΕΚΤΥΠΩΣΗ - μέσω του Microsoft Excel - ΔΕΝ ΕΙΝΑΙ ΔΥΝΑΤΗ";
 constexpr const char* kTemplatePassword = "(*40731862*)";
 
-bool Refuse(Workbench& bench, const std::string& reason) {
-  bench.Ask({kNotPossible, {reason}, box_style::kExclamation});
-  return false;
-}
-
-bool Refuse(Workbench& bench, const FileError& error) { return Refuse(bench, error.Line()); }
-
-// One report from the order to its end; every step says whether the next one may follow, and tells
-// the user if not.
+// One report from the order to its end; every step gives kMade when the next one may follow, and
+// tells the user if not.
 class ReportRun {
  public:
   ReportRun(Workbench& bench, const ReportOrder& order)
@@ -30,16 +23,23 @@ class ReportRun {
         order_(order),
         choice_(ChooseReport(order.code, order.kind, bench.study.system_kind)) {}
 
-  bool Make(SpreadsheetApplication& application, const ReportProgress& progress) {
-    if (!HasTarget() || !FindTemplate() || !ReadSource()) return false;
+  ReportEnd Make(SpreadsheetApplication& application, const ReportProgress& progress) {
+    if (WritesFile() && order_.target.file.empty()) {
+      bench_.Ask(NoReportNameBox());
+      return ReportEnd::kRefused;
+    }
+    for (const auto step : {&ReportRun::FindTemplate, &ReportRun::ReadSource}) {
+      if (const ReportEnd end = (this->*step)(); end != ReportEnd::kMade) return end;
+    }
     const auto workbook = application.Open(template_, kTemplatePassword);
-    if (!workbook) return Refuse(bench_, workbook.error());
+    if (!workbook) return Tell(ReportEnd::kUnreadable, workbook.error().Line());
     OpenWorkbook& open = **workbook;
     if (Outcome filled = FillReport(open, *choice_.table, source_, progress); !filled) {
-      return Refuse(bench_, {template_, filled.error().reason});
+      return Tell(ReportEnd::kUnreadable, FileError{template_, filled.error().reason}.Line());
     }
-    Outcome ended = End(open);
-    return ended.ok() ? !cancelled_ : Refuse(bench_, ended.error());
+    if (Outcome ended = End(open); !ended)
+      return Tell(ReportEnd::kUnwritable, ended.error().Line());
+    return cancelled_ ? ReportEnd::kCancelled : ReportEnd::kMade;
   }
 
  private:
@@ -47,57 +47,61 @@ class ReportRun {
     return choice_.mode == ReportMode::kSave || choice_.mode == ReportMode::kPdf;
   }
 
-  bool HasTarget() {
-    if (!WritesFile() || !order_.target.file.empty()) return true;
-    bench_.Ask(NoReportNameBox());
-    return false;
+  ReportEnd Tell(ReportEnd end, const std::string& reason) {
+    bench_.Ask({kNotPossible, {reason}, box_style::kExclamation});
+    return end;
   }
 
-  bool FindTemplate() {
+  ReportEnd FindTemplate() {
     const auto name = FindIgnoringCase(bench_.workspace.outer_disk(), order_.template_folder,
                                        choice_.table->template_file);
-    if (!name) return Refuse(bench_, name.error());
-    if (!*name) return Refuse(bench_, "... Λείπει κάποιο βασικό Αρχείο ...");
+    if (!name) return Tell(ReportEnd::kUnreadable, name.error().Line());
+    if (!*name) return Tell(ReportEnd::kUnreadable, "... Λείπει κάποιο βασικό Αρχείο ...");
     template_ = order_.template_folder / **name;
-    return true;
+    return ReportEnd::kMade;
   }
 
-  bool ReadSource() {
-    bool read = false;
+  ReportEnd ReadSource() {
+    ReportEnd end = ReportEnd::kRefused;  // by a fault
     RunTrapped(bench_, [&] {
-      read = ReadRows() && (choice_.table == &kQuantitiesReport ? ReadSizes() : ReadPipe());
+      const ReportEnd read = ReadRows();
+      if (read != ReportEnd::kMade) {
+        end = read;
+      } else {
+        end = choice_.table == &kQuantitiesReport ? ReadSizes() : ReadPipe();
+      }
     });
-    return read;
+    return end;
   }
 
-  bool ReadRows() {
+  ReportEnd ReadRows() {
     auto rows = bench_.workspace.Rows(order_.rows).ReadAll();
-    if (!rows) return Refuse(bench_, rows.error());
+    if (!rows) return Tell(ReportEnd::kUnreadable, rows.error().Line());
     if (rows->empty()) {
       bench_.Show(message::kNoData);
-      return false;
+      return ReportEnd::kRefused;
     }
     source_.designer = order_.designer;
     source_.kind = bench_.study.system_kind;
     source_.fluid = Trim(bench_.study.fluid_name);
     source_.rows = std::move(rows).value();
-    return true;
+    return ReportEnd::kMade;
   }
 
-  bool ReadPipe() {
+  ReportEnd ReadPipe() {
     const auto pipes = ReadPipeSystem(bench_.workspace, bench_.study.pipe_system_number);
-    if (!pipes) return Refuse(bench_, pipes.error());
+    if (!pipes) return Tell(ReportEnd::kUnreadable, pipes.error().Line());
     source_.pipe = pipes->front();
-    return true;
+    return ReportEnd::kMade;
   }
 
-  bool ReadSizes() {
+  ReportEnd ReadSizes() {
     auto quantities = ReadQuantities(bench_.workspace, bench_.study, order_.rows);
-    if (!quantities) return Refuse(bench_, quantities.error());
-    if (quantities->lines.empty()) return Refuse(bench_, kNoQuantities);
+    if (!quantities) return Tell(ReportEnd::kUnreadable, quantities.error().Line());
+    if (quantities->lines.empty()) return Tell(ReportEnd::kRefused, kNoQuantities);
     source_.pipe = quantities->pipes.front();
     source_.sizes = std::move(quantities->lines);
-    return true;
+    return ReportEnd::kMade;
   }
 
   Outcome End(OpenWorkbook& workbook) {
@@ -142,14 +146,14 @@ ReportChoice ChooseReport(int code, ReportKind kind, SystemKind system) {
   return {system == SystemKind::kOpen ? &kOpenDataReport : &kClosedDataReport, mode};
 }
 
-bool WriteReport(Workbench& bench, SpreadsheetApplication& application, const ReportOrder& order,
-                 const ReportProgress& progress) {
+ReportEnd WriteReport(Workbench& bench, SpreadsheetApplication& application,
+                      const ReportOrder& order, const ReportProgress& progress) {
   return ReportRun(bench, order).Make(application, progress);
 }
 
-std::string ReportProgressText(std::size_t line, std::size_t count) {
-  return "Τμήμα Νο < " + std::to_string(line) + " >, από Σύνολο Τμημάτων < " +
-         std::to_string(count) + " >";
+std::string ReportProgressText(const ReportTable& table, std::size_t line, std::size_t count) {
+  return std::string(table.line_noun) + " Νο < " + std::to_string(line) + " >, από Σύνολο " +
+         table.lines_noun + " < " + std::to_string(count) + " >";
 }
 
 Box NoReportNameBox() {

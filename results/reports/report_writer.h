@@ -44,18 +44,27 @@ struct ReportOrder {
   std::string printer{};  ///< of kPrint
   int copies = 1;         ///< of kPrint; less than one is one
   ReportTarget target{};  ///< of kSave and kPdf
+  std::string name{};     ///< of kPreview: what its files would be called; empty: as the study
   std::string_view rows = work_file::kRows;
 };
 
+/// How a report ended; unless it was made or cancelled the user has been told why.
+enum class ReportEnd {
+  kMade,
+  kCancelled,   ///< by the user, while it was printed
+  kRefused,     ///< the study has nothing for it, or its file has no name
+  kUnreadable,  ///< the study, the pipe system or the template
+  kUnwritable   ///< neither written, nor printed, nor shown
+};
+
 /// Makes a report of the open study. An old file under its name is replaced without a question.
-/// False: there is none; the user has been told why.
-bool WriteReport(Workbench& bench, SpreadsheetApplication& application, const ReportOrder& order,
-                 const ReportProgress& progress = {});
+ReportEnd WriteReport(Workbench& bench, SpreadsheetApplication& application,
+                      const ReportOrder& order, const ReportProgress& progress = {});
 
 /// "Τμήμα Νο < 12 >, από Σύνολο Τμημάτων < 41 >"
-std::string ReportProgressText(std::size_t line, std::size_t count);
+std::string ReportProgressText(const ReportTable& table, std::size_t line, std::size_t count);
 
 /// The box for a file that was given no name.
-struct Box NoReportNameBox();
+Box NoReportNameBox();
 
 }  // namespace kalvo

@@ -24,6 +24,10 @@ ReportValue DiameterOfSection(const ReportSource& source, std::size_t line) {
   return row.InDiameter > 0.0F ? name : "(" + name + ")";
 }
 
+bool HasChangedDiameter(const ReportSource& source, std::size_t line) {
+  return source.rows[line].InDiameter < 0.0F;
+}
+
 ReportValue KindLine(const ReportSource& source) {
   return source.kind == SystemKind::kOpen ? "ΑΝΟΙΚΤΟ ΣΥΣΤΗΜΑ ΣΩΛΗΝΩΝ" : "ΚΛΕΙΣΤΟ ΣΥΣΤΗΜΑ ΣΩΛΗΝΩΝ";
 }
@@ -68,7 +72,7 @@ constexpr HeadCell kResultsHead[] = {
 constexpr LineColumn kResultsColumns[] = {
     {2, OfSection<&SectionRow::RecordNumber>}, {3, SectionName},
     {4, OfSection<&SectionRow::Length>},       {5, OfSection<&SectionRow::WaterFlow>},
-    {6, OfSection<&SectionRow::Velocity>},     {7, DiameterOfSection},
+    {6, OfSection<&SectionRow::Velocity>},     {7, DiameterOfSection, HasChangedDiameter},
     {8, OfSection<&SectionRow::AvaiPres>},
 };
 
@@ -130,6 +134,8 @@ const ReportTable kResultsReport{
     .head = kResultsHead,
     .columns = kResultsColumns,
     .line_count = SectionLines,
+    .line_noun = "Τμήμα",
+    .lines_noun = "Τμημάτων",
 };
 
 const ReportTable kClosedDataReport{
@@ -139,6 +145,8 @@ const ReportTable kClosedDataReport{
     .head = kDataHead<16>,
     .columns = kClosedColumns,
     .line_count = SectionLines,
+    .line_noun = "Τμήμα",
+    .lines_noun = "Τμημάτων",
 };
 
 const ReportTable kOpenDataReport{
@@ -148,6 +156,8 @@ const ReportTable kOpenDataReport{
     .head = kDataHead<17>,
     .columns = kOpenColumns,
     .line_count = SectionLines,
+    .line_noun = "Τμήμα",
+    .lines_noun = "Τμημάτων",
 };
 
 }  // namespace kalvo

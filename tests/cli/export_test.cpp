@@ -70,7 +70,11 @@ TEST_F(ExportOf, WhatCannotBeDoneHasItsExitCode) {
       6);
   EXPECT_EQ(
       bench_.Run({"export", study_, "--kind", "results", "--out", bench_.studies().string()}).code,
-      6);
+      2)
+      << "no name of a database";
+  ASSERT_TRUE(RealDisk().MakeFolder(bench_.Path("b.mdb")).ok());
+  EXPECT_EQ(bench_.Run({"export", study_, "--kind", "results", "--out", bench_.Path("b.mdb")}).code,
+            6);
   const std::string lost = bench_.Put("lost.PCK", Words{"ANT/1 1m", "1/2 1m 9 l/h soma 1mm"});
   EXPECT_EQ(bench_.Run({"export", lost, "--kind", "results", "--out", out_}).code,
             bench_.Run({"calc", lost}).code);

@@ -51,6 +51,7 @@ TEST(Report, WritesTheStudyIntoTheDeliveredTemplates) {
     const Told told = Kalvo({"report", SampleStudy(c.study), "--kind", c.kind, "--out",
                              file.string(), "--designer", "Μ. Μηχανικός", "--overwrite"});
     EXPECT_EQ(told.code, 0) << told.err;
+    EXPECT_THAT(told.err, HasSubstr("Γράφηκε : " + file.string()));
     EXPECT_EQ(CellIn(file, c.row, c.column), c.cell) << c.study << " " << c.kind;
     EXPECT_THAT(CellIn(file, 1, 1), HasSubstr("Μ. Μηχανικός"));
   }
@@ -64,17 +65,19 @@ TEST(Report, RefusesWhatItCannotWrite) {
   const Told there = Kalvo({"report", hotel, "--kind", "data", "--out", file});
   EXPECT_EQ(there.code, exit_code::kUnwritable);
   EXPECT_THAT(there.err, HasSubstr("--overwrite"));
-  EXPECT_EQ(Kalvo({"report", hotel, "--kind", "results", "--out", file + "x"}).code,
+  EXPECT_EQ(Kalvo({"report", hotel, "--kind", "results", "--out", file + "x.xls"}).code,
             exit_code::kRefused)
       << "not calculated";
   const Told bare = Kalvo({"report", hotel, "--kind", "data", "--out", file, "--overwrite",
                            "--templates", folder.studies().string()});
-  EXPECT_EQ(bare.code, exit_code::kUnwritable);
+  EXPECT_EQ(bare.code, exit_code::kUnreadable);
   EXPECT_THAT(bare.err, HasSubstr("Λείπει κάποιο βασικό Αρχείο"));
   const Told nowhere =
       Kalvo({"report", hotel, "--kind", "data", "--out", file + "/deeper/out.XLS"});
   EXPECT_EQ(nowhere.code, exit_code::kUnwritable);
   EXPECT_EQ(Kalvo({"report", hotel, "--kind", "paper", "--out", file}).code, exit_code::kWrongUse);
+  EXPECT_EQ(Kalvo({"report", hotel, "--kind", "data", "--out", file + ".doc"}).code,
+            exit_code::kWrongUse);
   RealDisk disk;
   EXPECT_EQ(*disk.Read(file), "another file");
 }

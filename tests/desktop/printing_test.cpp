@@ -110,7 +110,7 @@ TEST(Printing, TellsWhatAPrinterThatIsGoneSaysAndCanBeCancelled) {
 
 TEST(Printing, WithoutPrintersThereIsNothingToChoose) {
   QtPrinter printer;
-  EXPECT_EQ(printer.Choose("Γραφεία").kind, PrinterChoice::Kind::kNoPrinter);
+  EXPECT_EQ(printer.Choose("Γραφεία", true).kind, PrinterChoice::Kind::kNoPrinter);
 }
 
 // All texts, those of the properties and of the choice of a file too: the end of the tests looks

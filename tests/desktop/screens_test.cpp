@@ -36,7 +36,7 @@
 #include "study/safety_copies.h"
 #include "study/study_reset.h"
 #include "tests/desktop/calculated_desk.h"
-#include "tests/desktop/paper_workbook.h"
+#include "tests/desktop/filled_report.h"
 #include "tests/desktop/pictures.h"
 #include "tests/desktop/shown_desk.h"
 #include "tests/support/tee_counters_in_memory.h"
@@ -208,19 +208,19 @@ void UseManyDiameters(CalculatedDesk& desk) {
   QApplication::processEvents();
 }
 
-// A report of three pages as it is previewed.
+// The study's results as they are previewed.
 struct PreviewedSample {
   void Attach(Desk& desk) {
-    book.PutPages(3);
+    book = FilledReport(desk.bench, CodeOf(ReportMode::kPreview), ReportKind::kResults);
     pages.emplace(book, desk.separators);
     desk.questions.previewed = &*pages;
     desk.questions.preview = {.title = "Αποτελέσματα",
-                              .client = "Γραφείο Μελετών Η/Μ Εγκαταστάσεων",
-                              .name = "HOTEL_RCO.XLS",
+                              .client = std::string(kSampleDesigner),
+                              .name = "hotel_RCO.XLS",
                               .note = "604 τμήματα",
-                              .pdf = {}};
+                              .pdf = "hotel_RCO.PDF"};
   }
-  PaperWorkbook book;
+  Workbook book;
   std::optional<ShownPages> pages;
 };
 

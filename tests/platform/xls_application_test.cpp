@@ -49,6 +49,12 @@ std::string TemplateBytes() {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
+// Row and column from 1, of the first sheet.
+CellFormat FormatAt(const Workbook& workbook, int row, int column) {
+  const Cell* cell = workbook.sheets[0].FindCell(row - 1, column - 1);
+  return cell == nullptr ? CellFormat() : workbook.FormatOf(cell->format);
+}
+
 class XlsApplicationTest : public testing::Test {
  protected:
   XlsApplicationTest() { PutTemplate(TemplateBytes()); }
@@ -131,6 +137,29 @@ TEST_F(XlsApplicationTest, FillsATemplateAndSavesIt) {
                 barred.protection.scenarios);
     EXPECT_EQ(barred.protection.password, saved.sheets[0].protection.password);
   }
+}
+
+TEST_F(XlsApplicationTest, MakesCellsBoldAndLeavesTheirNeighboursAlone) {
+  const auto book = Open();
+  const CellFormat before = FormatAt(ReadWorkbookFile(TemplateBytes())->workbook, 18, 3);
+  ASSERT_FALSE(before.font.bold);
+  for (const int row : {18, 19, 20}) book->PutText(0, row, 3, "(DN 15)");
+  book->Embolden(0, 18, 3);
+  book->Embolden(0, 20, 3);
+  book->Embolden(0, 1, 1);  // bold already
+  book->Embolden(0, 300, 3);
+  ASSERT_TRUE(book->SaveAs(kReport));
+  const Workbook saved = Saved();
+  const CellFormat bold = FormatAt(saved, 18, 3);
+  EXPECT_TRUE(bold.font.bold);
+  EXPECT_EQ(bold.font.name, before.font.name);
+  EXPECT_EQ(bold.font.height_points, before.font.height_points);
+  EXPECT_EQ(bold.number_format, before.number_format);
+  EXPECT_EQ(bold.right, before.right);
+  EXPECT_FALSE(FormatAt(saved, 19, 3).font.bold);
+  EXPECT_TRUE(FormatAt(saved, 20, 3).font.bold);
+  EXPECT_EQ(saved.sheets[0].FindCell(17, 2)->format, saved.sheets[0].FindCell(19, 2)->format);
+  EXPECT_TRUE(FormatAt(saved, 1, 1).font.bold);
 }
 
 TEST_F(XlsApplicationTest, SavesTheSameBytesForTheSameReport) {

@@ -69,6 +69,19 @@ TEST_F(PrintLock, StaysShutOverAFileThatIsNoList) {
   EXPECT_FALSE(MayPrintThroughProgram(desk)) << "it may have a password";
 }
 
+TEST_F(PrintLock, KeepsNamesOutThatHaveNoRoom) {
+  const std::string too_long(51, 'a');
+  desk.screens.CurrentDesigner = too_long;  // chosen for a print of the spreadsheet
+  navigator.Expect(screen::kDesigners, [] {});
+  EXPECT_FALSE(MayPrintThroughProgram(desk));
+  EXPECT_NE(LastBox().find("από 50 χαρακτήρες"), std::string::npos);
+  navigator.Expect(screen::kDesigners, [this, &too_long] {
+    EXPECT_TRUE(desk.questions.designer_for_program);
+    desk.screens.CurrentDesigner = too_long.substr(1);
+  });
+  EXPECT_TRUE(MayPrintThroughProgram(desk));
+}
+
 struct NameOnPaper : DesignerDesk, ::testing::Test {
   [[nodiscard]] std::vector<std::string> Clients() const {
     std::vector<std::string> clients;
@@ -89,6 +102,23 @@ TEST_F(NameOnPaper, IsThatOfTheRunThenOfTheStudyThenTheLast) {
   EXPECT_EQ(*DesignerName(desk), "Τώρα");
   desk.screens.CurrentDesigner.clear();
   EXPECT_FALSE(DesignerName(desk).ok());
+}
+
+TEST_F(NameOnPaper, ThatTheStudyCutsIsWholeAgain) {
+  const std::string whole = "Γραφείο Μελετών Ηλεκτρομηχανολογικών Εγκαταστάσεων Αθηνών";
+  PutClient(whole);
+  const std::string cut = test.Rows().front().Client.Utf8();
+  ASSERT_LT(cut.size(), whole.size());
+  EXPECT_EQ(*DesignerName(desk), cut) << "nobody knows it";
+  PutList({{"Γραφείο", whole, whole + " 2"}, "κλειδί"});
+  EXPECT_EQ(*DesignerName(desk), whole);
+  desk.options.designer = whole + " 2";
+  EXPECT_EQ(*DesignerName(desk), whole + " 2") << "which was chosen last";
+  desk.options.designer.clear();
+  disk.Bar(work_file::kDesigners);
+  EXPECT_FALSE(DesignerName(desk).ok());
+  PutClient("Γραφείο");
+  EXPECT_EQ(*DesignerName(desk), "Γραφείο") << "it needs no list";
 }
 
 TEST_F(NameOnPaper, GoesIntoAStudyThatHasNone) {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/test_desk.h"
+#include "tests/results/print_desk.h"
 
 namespace kalvo {
 namespace {
@@ -34,7 +34,7 @@ class Preview : public testing::Test, public TestDesk {
                               .client = "Γραφείο",
                               .name = "HOTEL_RCO.XLS",
                               .note = "604 τμήματα",
-                              .pdf = {}};
+                              .pdf = "HOTEL_RCO.PDF"};
   }
   FrmPreview& Open() {
     form.emplace(desk);
@@ -49,6 +49,7 @@ class Preview : public testing::Test, public TestDesk {
   [[nodiscard]] std::string Shown() const { return form->TxtPage.text; }
 
   NotedPages pages;
+  AnsweringFileDialog files;
   std::optional<FrmPreview> form;
 };
 
@@ -174,8 +175,13 @@ TEST_F(Preview, WritesThePdfWhereItIsToldTo) {
   EXPECT_EQ(test.outer_disk.Read("/elsewhere/A_RCO.PDF").value(), "%PDF");
   desk.questions.preview = {};
   Open();
+  desk.file_dialog = &files;
   Press(CtrlShift('S'));
-  EXPECT_EQ(test.outer_disk.Read(kStudies / "ASCII/Φύλλο.PDF").value(), "%PDF");
+  EXPECT_FALSE(test.outer_disk.Exists(kStudies / "ASCII/Φύλλο.PDF")) << "no name was chosen";
+  EXPECT_EQ(files.asked.back().name, "Φύλλο");
+  files.answer = "/elsewhere/b";
+  Press(CtrlShift('S'));
+  EXPECT_EQ(test.outer_disk.Read("/elsewhere/b.PDF").value(), "%PDF");
 }
 
 TEST_F(Preview, PrintsWhereTheUserChooses) {
@@ -184,6 +190,7 @@ TEST_F(Preview, PrintsWhereTheUserChooses) {
   Press(Ctrl('P'));
   EXPECT_EQ(printer.printed, std::vector<std::string>{"%PDF"});
   EXPECT_EQ(form->LblName.text, "Στάλθηκε στον εκτυπωτή");
+  EXPECT_FALSE(printer.began_across);
   Press(Plain(KeyCode::kPageDown));
   EXPECT_EQ(form->LblName.text, "HOTEL_RCO.XLS · 604 τμήματα · A4 όρθιο");
 

@@ -22,6 +22,7 @@ class RecordedSpreadsheet : public SpreadsheetApplication {
   /// What it was told: "open FILE", "copy 0!1-59 to 0!60", "break 0!60", "height 0!59 7", "put" for
   /// any number of cells, "protect", "save FILE", "pdf FILE", "print PRINTER 2", "preview", "quit".
   std::vector<std::string> log;
+  std::vector<std::string> bold;  ///< cells that were made so: "0!18,7"
 
   /// The text of a cell; a number with all the digits it has, an empty text as "''".
   [[nodiscard]] std::string At(int row, int column, int sheet = 0) const {
@@ -71,6 +72,9 @@ class RecordedSpreadsheet : public SpreadsheetApplication {
       char text[32];
       const auto end = std::to_chars(std::begin(text), std::end(text), value).ptr;
       Put({sheet, row, column}, std::string(text, end));
+    }
+    void Embolden(int sheet, int row, int column) override {
+      all_.bold.push_back(Name(sheet, row) + "," + std::to_string(column));
     }
     void CopyRows(int from_sheet, RowSpan rows, int to_sheet, int target) override {
       Tell("copy " + Name(from_sheet, rows.first) + "-" + std::to_string(rows.last) + " to " +

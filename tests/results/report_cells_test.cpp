@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include "results/reports/quantities_report.h"
+#include "results/reports/section_report.h"
 #include "tests/results/report_desk.h"
 
 namespace kalvo {
@@ -50,6 +52,7 @@ TEST_F(ReportCells, BracketAChangedDiameterAndHaveNoneOfAnUnsizedSection) {
   test.ChangeRow(3, [](SectionRow& row) { row.InDiameter = 0; });
   ASSERT_TRUE(Preview(ReportKind::kResults));
   EXPECT_EQ(application.At(19, 7), "(2)");
+  EXPECT_EQ(application.bold, Told{"0!19,7"});
   EXPECT_EQ(application.At(20, 7), "") << "its name is not put either";
   EXPECT_NE(application.At(20, 8), "");
 }
@@ -212,13 +215,15 @@ TEST_F(ReportCells, ArePutOnceAllPagesAreThere) {
 TEST_F(ReportCells, AreCountedWhileTheyArePut) {
   PutSections(41);
   std::vector<std::string> told;
-  ASSERT_TRUE(
-      WriteReport(test.bench, application, order, [&told](std::size_t line, std::size_t count) {
-        told.push_back(ReportProgressText(line, count));
-      }));
+  const auto note = [&told](std::size_t line, std::size_t count) {
+    told.push_back(ReportProgressText(kResultsReport, line, count));
+  };
+  ASSERT_EQ(WriteReport(test.bench, application, order, note), ReportEnd::kMade);
   ASSERT_EQ(told.size(), 41U);
   EXPECT_EQ(told.front(), "Τμήμα Νο < 1 >, από Σύνολο Τμημάτων < 41 >");
   EXPECT_EQ(told.back(), "Τμήμα Νο < 41 >, από Σύνολο Τμημάτων < 41 >");
+  EXPECT_EQ(ReportProgressText(kQuantitiesReport, 2, 9),
+            "Διάμετρος Νο < 2 >, από Σύνολο Διαμέτρων < 9 >");
 }
 
 }  // namespace

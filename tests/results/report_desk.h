@@ -21,7 +21,7 @@ class ReportDesk : public ResultsDesk {
     order.code = code;
     order.kind = kind;
     application.log.clear();
-    return WriteReport(test.bench, application, order);
+    return WriteReport(test.bench, application, order) == ReportEnd::kMade;
   }
   bool Preview(ReportKind kind) { return Make(CodeOf(ReportMode::kPreview), kind); }
   bool PreviewQuantities() { return Make(QuantitiesCodeOf(ReportMode::kPreview)); }

@@ -175,7 +175,7 @@ TEST_F(Reports, MakeNoFolderButTheExportFolder) {
   order.target = {"/studies/ASCII/hotel_RCO.XLS", true};
   application.log.clear();
   order.code = CodeOf(ReportMode::kSave);
-  EXPECT_FALSE(WriteReport(bench, application, order));
+  EXPECT_EQ(WriteReport(bench, application, order), ReportEnd::kUnwritable);
   EXPECT_EQ(LastBox(), "Ο δίσκος είναι γεμάτος : /studies/ASCII");
   EXPECT_EQ(application.log.back(), "quit");
 }
@@ -189,15 +189,15 @@ TEST_F(Reports, OfWhatCannotBeReadAreNoEmptyOnes) {
   work.Bar(work_file::kRows);
   for (const int code : {-1, -2, -11}) {
     order.code = code;
-    EXPECT_FALSE(WriteReport(bench, application, order));
+    EXPECT_EQ(WriteReport(bench, application, order), ReportEnd::kUnreadable);
     EXPECT_EQ(LastBox(), "Σφάλμα του δίσκου : /program/DATARES.TMP");
   }
   work.Mend();
   outer.Bar("0001.WPT");
-  EXPECT_FALSE(WriteReport(bench, application, order));
+  EXPECT_EQ(WriteReport(bench, application, order), ReportEnd::kUnreadable);
   EXPECT_EQ(LastBox(), "Σφάλμα του δίσκου : /library/0001.WPT");
   outer.Bar("program");
-  EXPECT_FALSE(WriteReport(bench, application, order));
+  EXPECT_EQ(WriteReport(bench, application, order), ReportEnd::kUnreadable);
   EXPECT_EQ(LastBox(), "Σφάλμα του δίσκου : /program") << "its templates are not missing";
   ASSERT_TRUE(test.workspace.Write(work_file::kRows, std::string(100, 'x')).ok());
   EXPECT_FALSE(Preview(ReportKind::kData));

@@ -38,7 +38,10 @@ class NotedPrinter : public Printers {
     asked.push_back(order);
     return answer ? answer(order) : std::nullopt;
   }
-  PrinterChoice Choose(std::string_view /*name*/) override { return choice; }
+  PrinterChoice Choose(std::string_view /*name*/, bool across) override {
+    began_across = across;
+    return choice;
+  }
   Result<std::optional<std::string>> MakePdf(const PrintedTable& table,
                                              std::string_view notice) override {
     tables.push_back(table);
@@ -58,6 +61,7 @@ class NotedPrinter : public Printers {
   std::vector<PrintOrder> asked;  ///< what the dialogue began with
   /// What the user does there; none: cancels.
   std::function<std::optional<PrintOrder>(const PrintOrder&)> answer;
+  bool began_across = false;
   PrinterChoice choice;
   bool cancels = false;  ///< while pages are made
   std::optional<FileError> refusal;

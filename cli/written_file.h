@@ -1,0 +1,21 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <string>
+
+#include "cli/console.h"
+#include "study/result.h"
+
+namespace kalvo {
+
+/// An option takes only files whose name ends in `extension`, in any case.
+CLI::Validator EndsIn(std::string extension);
+
+/// Whether a command may write `file`. Error: it is there and not to be replaced, is a folder, or
+/// cannot be looked at.
+Outcome MayWriteFile(const std::string& file, bool overwrite);
+
+/// Says on `err` that the file was written; a quiet console says nothing.
+void TellWritten(const Console& console, const std::string& file);
+
+}  // namespace kalvo
