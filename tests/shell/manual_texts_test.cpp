@@ -61,7 +61,7 @@ void Replace(std::string& text, std::string_view what, std::string_view by) {
 // of a literal joined, letters for Alt without their mark.
 std::string ProgramTexts() {
   std::string texts;
-  for (const char* floor : {"study", "form", "entry", "results", "shell", "desktop"}) {
+  for (const char* floor : {"study", "engine", "form", "entry", "results", "shell", "desktop"}) {
     for (const auto& entry : fs::recursive_directory_iterator(kRoot / floor)) {
       const std::string end = entry.path().extension().string();
       if (end != ".cpp" && end != ".h" && end != ".ui") continue;
