@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "engine/calculation_command.h"
+#include "engine/driver.h"
 #include "engine/hydraulics.h"
 #include "entry/sections/sheet_columns.h"
 #include "entry/tees/tee_cases.h"
@@ -170,6 +171,20 @@ TEST(ManualFigures, TheHeadOfTheHouseIsTheSumOfItsTable) {
   }
   EXPECT_NEAR(sum, FigureIn(part, "μανομετρικό"), 0.001);
   EXPECT_NEAR(rows.front().DP, FigureIn(part, "μανομετρικό"), 0.005);
+}
+
+// What the second method announces, and what its pipes need.
+TEST(ManualFigures, TheSecondMethodNeedsThePumpThatItsTableSays) {
+  const Markdown part =
+      ManualChapter(kTheCalculation).Parts().at("Ο 2ος τρόπος στο κλειστό σύστημα");
+  CalculatedCase floor(std::filesystem::path(KALVO_SAMPLES_DIR) / "fancoil.PCK", KALVO_LIBRARY_DIR);
+  for (const Method method : {Method::kFlowOnly, Method::kFlowAndPressure}) {
+    ASSERT_EQ(Calculate(floor.bench, method), CommandEnd::kCalculated);
+    EXPECT_NEAR(floor.study.PumpHead, FigureIn(part, "1ος τρόπος, και 2ος όπως τον δείχνει"),
+                0.005);
+  }
+  ASSERT_EQ(RunKeepingPipes(floor.bench), RunEnd::kCalculated);
+  EXPECT_NEAR(floor.study.PumpHead, FigureIn(part, "στις διαμέτρους του 2ου τρόπου"), 0.005);
 }
 
 // The second method leaves an open network as it is, as the chapter says.
