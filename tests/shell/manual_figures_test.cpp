@@ -30,6 +30,7 @@ double FigureIn(const Markdown& chapter, std::string_view first_cell) {
 
 std::vector<std::string> ColumnOf(const std::vector<CsvLine>& lines, const std::string& head) {
   std::vector<std::string> cells;
+  cells.reserve(lines.size());
   for (const CsvLine& line : lines) cells.push_back(line.at(head));
   return cells;
 }
