@@ -139,15 +139,21 @@ std::map<std::string, FormFactory> Screens() {
           {"Password των μελετητών", &MakeForm<FrmCLPass>},
           {"Προεπισκόπηση", &MakeForm<FrmPreview>},
           {"Επιλογή εκτύπωσης", &MakeForm<FrmXLorNOT>},
-          {"Εκτύπωση δεδομένων και αποτελεσμάτων", &MakeForm<FrmPRNR1>}};
+          {"Εκτύπωση δεδομένων και αποτελεσμάτων", &MakeForm<FrmPRNR1>},
+          {"Κατάλογος μελετών", &MakeForm<FrmOpenSave>},
+          {"Το παράθυρο των αρχείων", &MakeForm<FrmFileOS>},
+          {"Πρόσφατα αρχεία", &MakeForm<FrmRecFiles_S>},
+          {"Ο φάκελος των μελετών", &MakeForm<FrmFF>},
+          {"Ημιτελής παλαιά μελέτη", &MakeForm<FrmOldStudy>},
+          {"Αντίγραφα ασφαλείας", &MakeForm<FrmSafety>},
+          {"Τα υγρά", &MakeForm<FrmLiquid>},
+          {"Προβολή κειμένων", &MakeForm<FrmEditor>},
+          {"Τιμές που λείπουν", &MakeForm<FrmERR>}};
 }
 
 // Screens that only other chapters tell of.
 std::vector<FormFactory> FurtherScreens() {
-  return {&MakeForm<FrmTitle>,  &MakeForm<FrmFileOS>,     &MakeForm<FrmOpenSave>,
-          &MakeForm<FrmFF>,     &MakeForm<FrmRecFiles_S>, &MakeForm<FrmSafety>,
-          &MakeForm<FrmEditor>, &MakeForm<FrmOldStudy>,   &MakeForm<FrmCurFL>,
-          &MakeForm<FrmLiquid>, &MakeForm<FrmERR>,        &MakeForm<FrmError>};
+  return {&MakeForm<FrmTitle>, &MakeForm<FrmCurFL>, &MakeForm<FrmError>};
 }
 
 // As it is at first; the main menu names its commands when it is loaded.
