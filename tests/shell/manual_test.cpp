@@ -31,7 +31,7 @@ std::vector<std::string> TypedHeads(SystemKind kind) {
 
 class FloorReader : public ManualReader {
  public:
-  FloorReader() : ManualReader("01-fancoil.md") {
+  FloorReader() : ManualReader("02-fancoil.md") {
     for (const CsvLine& line : chapter.Table("πλήκτρο", "στήλη")) {
       tee_letters.emplace_back(line.at("στήλη"), line.at("πλήκτρο").at(kLetterAt));
     }
@@ -265,7 +265,7 @@ class FloorReader : public ManualReader {
 
 class HouseReader : public ManualReader {
  public:
-  HouseReader() : ManualReader("02-house.md") {
+  HouseReader() : ManualReader("03-house.md") {
     tee_letters = {{"<ΤΑΥ> ΣΕ ΔΙΑΚΛΑΔΩΣΗ [τεμ.]", 'C'}, {"<ΤΑΥ> ΣΕ ΔΙΕΛΕΥΣΗ [τεμ.]", 'A'}};
   }
 

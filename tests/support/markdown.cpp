@@ -3,8 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cctype>
 #include <fstream>
 #include <iterator>
+
+#include "study/letter_case.h"
 
 namespace kalvo {
 namespace {
@@ -44,6 +47,19 @@ std::string InOneLine(std::string_view text) {
   }
   if (line.ends_with(' ')) line.pop_back();
   return line;
+}
+
+std::string AnchorOf(std::string_view heading) {
+  std::string anchor;
+  for (const char c : LowerCase(heading)) {
+    const auto byte = static_cast<unsigned char>(c);
+    if (c == ' ') {
+      anchor += '-';
+    } else if (byte >= 0x80 || std::isalnum(byte) != 0 || c == '-' || c == '_') {
+      anchor += c;
+    }
+  }
+  return anchor;
 }
 
 std::vector<std::vector<std::string>> Markdown::Lines() const {
@@ -101,6 +117,14 @@ std::vector<std::string> Markdown::Targets() const {
     targets.push_back(pieces[i].substr(0, pieces[i].find(')')));
   }
   return targets;
+}
+
+std::vector<std::string> Markdown::Anchors() const {
+  std::vector<std::string> anchors;
+  for (const std::string& line : Split(text, '\n')) {
+    if (line.starts_with('#')) anchors.push_back(AnchorOf(line.substr(line.find(' ') + 1)));
+  }
+  return anchors;
 }
 
 std::map<std::string, Markdown> Markdown::Parts() const {

@@ -22,6 +22,8 @@ struct Markdown {
   [[nodiscard]] std::vector<std::string> Between(std::string_view mark) const;
   /// Targets of links and pictures: "](target)".
   [[nodiscard]] std::vector<std::string> Targets() const;
+  /// What links to its headings have after "#", in lower case.
+  [[nodiscard]] std::vector<std::string> Anchors() const;
   /// The part under each heading of the second level, by the heading.
   [[nodiscard]] std::map<std::string, Markdown> Parts() const;
   /// The cells of every line of a table, line by line.
@@ -35,6 +37,9 @@ Markdown ReadMarkdown(const std::filesystem::path& file);
 
 /// Pieces of `text` before, between and after all `by`.
 std::vector<std::string> SplitAt(std::string_view text, std::string_view by);
+
+/// The anchor of a heading: lower case, hyphens for blanks, without other signs of ASCII.
+std::string AnchorOf(std::string_view heading);
 
 /// Blanks and line ends in a row become one, those at the ends go.
 std::string InOneLine(std::string_view text);
