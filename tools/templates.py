@@ -361,9 +361,11 @@ def open_data():
 
 def quantities():
     book = Book()
-    # Further pages are copies of the second sheet.
-    for sheet_name in ("Sheet1", "Sheet2"):
+    # Further pages are copies of the second sheet, which is hidden: whoever prints the whole
+    # workbook would get it as an empty page.
+    for sheet_name, hidden in (("Sheet1", 0), ("Sheet2", 1)):
         sheet = Template(book, sheet_name, QUANTITIES, PORTRAIT_QUANTITIES)
+        sheet.sheet.visibility = hidden
         sheet.put_top("ΥΠΟΛΟΓΙΣΜΟΣ ΣΩΛΗΝΩΝ – ΠΡΟΜΕΤΡΗΣΗ ΣΩΛΗΝΩΝ ΚΑΙ ΕΞΑΡΤΗΜΑΤΩΝ")
         sheet.put_across(6, "", TEXT.but(below=THIN_RULE))
         sheet.put_across(8, "", TEXT)

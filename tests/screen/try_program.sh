@@ -224,6 +224,7 @@ look_at_workbook() {
 # To the question whether a workbook is to be made; its tick comes behind printer and copies.
 ask_for_workbook() {
   press_to "$sheet" ctrl+p "$print"
+  sleep 0.3
   keys ΕΚΤΥΠΩΣΗ Tab Tab Tab Tab space
   picture print-workbook
   press_to ΕΚΤΥΠΩΣΗ ctrl+Return "$attention"

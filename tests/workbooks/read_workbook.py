@@ -69,6 +69,9 @@ class Reading:
         pages = max(1, -(-len(lines) // self.report.lines))
         self.expect("sheets", book.nsheets, self.report.sheets)
         self.expect("names", book.sheet_names(), self.template.book.sheet_names())
+        # A page to copy from is nothing to print.
+        hidden = [book.sheet_by_index(number).visibility for number in range(book.nsheets)]
+        self.expect("hidden sheets", hidden, [0, 1][:self.report.sheets])
         self.check_sheet(0, lines, pages)
         if self.report.sheets == 2:
             self.check_sheet(1, [], 1)
