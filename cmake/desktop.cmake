@@ -20,3 +20,7 @@ qt_add_resources(kalvo_desktop kalvo_look PREFIX "/" BASE "${PROJECT_SOURCE_DIR}
 add_executable(kalvoflume desktop/main.cpp)
 target_link_libraries(kalvoflume PRIVATE kalvo_desktop kalvo_warnings)
 install(TARGETS kalvoflume RUNTIME DESTINATION bin)
+
+# For tools/compare_pages.sh; built on demand.
+add_executable(workbook_pdf EXCLUDE_FROM_ALL tools/pages/workbook_pdf.cpp)
+target_link_libraries(workbook_pdf PRIVATE kalvo_desktop kalvo_warnings)

@@ -5,7 +5,8 @@ readonly BUILD_PACKAGES="g++ cmake ninja-build ccache libcli11-dev nlohmann-json
   libgtest-dev libgmock-dev libgsf-1-dev liblzma-dev pkg-config qt6-base-dev qt6-svg-dev"
 readonly WINDOW_PACKAGES="fonts-noto-core"
 readonly SCREEN_PACKAGES="xvfb xdotool x11-xkb-utils fonts-noto-core"
-readonly READER_PACKAGES="mdbtools"  # other programs that read our files back in tests
+# Other programs that read our files back in tests, and make templates again.
+readonly READER_PACKAGES="mdbtools poppler-utils python3-xlrd python3-xlwt"
 readonly LINT_PACKAGES="git clang-format clang-tidy"
 
 say() { printf '== %s\n' "$*" >&2; }

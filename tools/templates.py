@@ -1,13 +1,15 @@
 #!/usr/bin/python3
 """Makes the template workbooks of data/templates; needs Debian's python3-xlwt.
 
-usage: tools/templates.py [FOLDER]
+usage: tools/templates.py [FOLDER | --check]
+       --check  makes them aside, and fails when one is not the same bytes as the one that is there
 
 What goes into which cell is said in results/reports/; the cells named there are left empty here.
 Made again, the workbooks are the same bytes.
 """
 
 import sys
+import tempfile
 from dataclasses import dataclass
 from pathlib import Path
 
@@ -359,9 +361,11 @@ def open_data():
 
 def quantities():
     book = Book()
-    # Further pages are copies of the second sheet.
-    for sheet_name in ("Sheet1", "Sheet2"):
+    # Further pages are copies of the second sheet, which is hidden: whoever prints the whole
+    # workbook would get it as an empty page.
+    for sheet_name, hidden in (("Sheet1", 0), ("Sheet2", 1)):
         sheet = Template(book, sheet_name, QUANTITIES, PORTRAIT_QUANTITIES)
+        sheet.sheet.visibility = hidden
         sheet.put_top("ΥΠΟΛΟΓΙΣΜΟΣ ΣΩΛΗΝΩΝ – ΠΡΟΜΕΤΡΗΣΗ ΣΩΛΗΝΩΝ ΚΑΙ ΕΞΑΡΤΗΜΑΤΩΝ")
         sheet.put_across(6, "", TEXT.but(below=THIN_RULE))
         sheet.put_across(8, "", TEXT)
@@ -395,13 +399,33 @@ def use_font():
     xlwt.Font.__init__ = make_own
 
 
-def main():
-    own = Path(__file__).parent.parent / "data/templates"
-    folder = Path(sys.argv[1]) if len(sys.argv) > 1 else own
-    folder.mkdir(parents=True, exist_ok=True)
+def make_all(folder):
     use_font()
     for file_name, make in TEMPLATES.items():
         make().save(folder / file_name)
+
+
+def names_of_odd_ones(folder):
+    """Templates in the folder that are not what this script makes, and those that only one has."""
+    with tempfile.TemporaryDirectory() as made:
+        made = Path(made)
+        make_all(made)
+        there = {path.name for path in folder.glob("*.xls")}
+        return sorted(
+            name for name in there | set(TEMPLATES)
+            if name not in there or name not in TEMPLATES
+            or (folder / name).read_bytes() != (made / name).read_bytes()
+        )
+
+
+def main():
+    own = Path(__file__).parent.parent / "data/templates"
+    if sys.argv[1:] == ["--check"]:
+        odd = names_of_odd_ones(own)
+        sys.exit(f"not as tools/templates.py makes them: {', '.join(odd)}" if odd else 0)
+    folder = Path(sys.argv[1]) if len(sys.argv) > 1 else own
+    folder.mkdir(parents=True, exist_ok=True)
+    make_all(folder)
 
 
 if __name__ == "__main__":

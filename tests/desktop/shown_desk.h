@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QKeyEvent>
 
 #include "desktop/windows.h"

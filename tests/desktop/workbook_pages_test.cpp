@@ -5,12 +5,12 @@
 #include <QDir>
 #include <QFile>
 #include <QProcess>
-#include <QStandardPaths>
 #include <QTemporaryDir>
 
 #include "tests/desktop/paper_workbook.h"
 #include "tests/desktop/print_service_script.h"
 #include "tests/desktop/shown_desk.h"
+#include "tests/support/other_program.h"
 
 namespace kalvo {
 namespace {
@@ -23,7 +23,7 @@ QString TextsOf(const std::string& pdf) {
   file.close();
   QProcess reader;
   reader.start("pdftotext", {"-layout", file.fileName(), "-"});
-  reader.waitForFinished();
+  EXPECT_TRUE(reader.waitForFinished() && reader.exitCode() == 0);
   return QString::fromUtf8(reader.readAllStandardOutput());
 }
 
@@ -40,7 +40,20 @@ TEST(WorkbookPages, AreAPdfWithFontsAndTextsThatCanBeSearched) {
     EXPECT_NE(pdf->find(part), std::string::npos) << part;
   }
   EXPECT_EQ(pdf->find("/Subtype /Image"), std::string::npos);
-  if (QStandardPaths::findExecutable("pdftotext").isEmpty()) GTEST_SKIP() << "no poppler-utils";
+}
+
+// Texts are found in the PDF by another program.
+class WorkbookPdf : public testing::Test {
+ protected:
+  void SetUp() override { NeedProgram("pdftotext", "poppler-utils"); }
+};
+
+TEST_F(WorkbookPdf, HasTheTextsOfItsCells) {
+  PaperWorkbook book;
+  book.PutPages(3);
+  ShownDesk desk;
+  const auto pdf = QtWorkbookPages(desk.shown).MakePdf(book);
+  ASSERT_TRUE(pdf.ok());
   const QString texts = TextsOf(*pdf);
   for (const char* text : {"Τμήμα 1 ", "Τμήμα 9 ", "12,5", "100", "Σελίδα 3 / 3"}) {
     EXPECT_TRUE(texts.contains(QString::fromUtf8(text))) << text;

@@ -12,6 +12,7 @@
 
 #include "platform/jet/print_shell.h"
 #include "tests/platform/printed_rows.h"
+#include "tests/support/other_program.h"
 
 namespace kalvo {
 namespace {
@@ -33,9 +34,8 @@ std::string OutputOf(const std::string& command) {
 class Mdbtools : public testing::Test {
  protected:
   void SetUp() override {
-    if (std::system("command -v mdb-export >/dev/null && command -v mdb-schema >/dev/null") != 0) {
-      GTEST_SKIP() << "mdbtools are not installed";
-    }
+    NeedProgram("mdb-export", "mdbtools");
+    NeedProgram("mdb-schema", "mdbtools");
   }
   void TearDown() override { fs::remove(file_); }
 

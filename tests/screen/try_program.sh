@@ -3,6 +3,12 @@
 # windows show and which files stand.
 # usage: try_program.sh KALVOFLUME SAMPLES_FOLDER [PICTURES_FOLDER]
 set -uo pipefail
+for tool in Xvfb xdotool setxkbmap pdfinfo pdftotext; do
+  command -v "$tool" >/dev/null && continue
+  printf '%s is missing\n' "$tool"
+  [ "${CI-}" != true ] || exit 1
+  exit 77 # skipped
+done
 export LC_ALL=C.UTF-8
 program=$1
 samples=$2
@@ -99,6 +105,10 @@ die_by_kill() {
   pid=
 }
 
+# Another program that reads workbooks; Debian's own python has it.
+read_workbook=("${KALVO_PYTHON-/usr/bin/python3}" -B
+  "$(dirname "$0")/../workbooks/read_workbook.py")
+
 readonly title='^Kalvoflume$'
 readonly kind='ΕΠΙΛΟΓΗ ΣΥΣΤΗΜΑΤΟΣ ΣΩΛΗΝΩΝ'
 readonly main='Πρόγραμμα Υπολογισμού Σωλήνων Ροής Υγρών'
@@ -109,6 +119,8 @@ readonly one='^ΑΠΟΤΕΛΕΣΜΑΤΑ ΥΠΟΛΟΓΙΣΜΩΝ'
 readonly list='Διαθέσιμες Διάμετροι'
 readonly attention='ΠΡΟΣΟΧΗ'
 readonly go_to='Πήγαινε \(GoTo\)'
+readonly print='ΕΚΤΥΠΩΣΗ ΑΠΟΤΕΛΕΣΜΑΤΩΝ'
+readonly made='^Εκτύπωση$'
 readonly left_over='Ημιτελής Παλαιά Μελέτη'
 
 start_to_kind() {
@@ -187,6 +199,87 @@ picture save
 keys "$save" Return
 see_no_more "$save"
 see_file PFILES/NEO.PCK
+
+readonly pdf=$work/PFILES/ASCII/NEO_RCO.PDF
+readonly workbook=$work/PFILES/ASCII/NEO_RCO.XLS
+
+# The results of the hotel, 604 sections at 40 a page.
+look_at_pdf() {
+  local pages text
+  pages=$(pdfinfo "$pdf" | awk '/^Pages:/ {print $2}')
+  [ "$pages" = 16 ] || fail "$pages pages, not 16"
+  text=$(pdftotext -layout "$pdf" -)
+  for words in ΑΠΟΤΕΛΕΣΜΑΤΑ 'Θέρμανση ξενοδοχείου πέντε ορόφων' 'Παροχή Αντλίας' \
+    'Σελίδα 1 / 16' 'Σελίδα 16 / 16'; do
+    grep -q "$words" <<<"$text" || fail "no \"$words\" in the PDF"
+  done
+}
+
+# What the saved study has is in the workbook, and nothing else.
+look_at_workbook() {
+  "${read_workbook[@]}" results "$workbook" "$work/PFILES/NEO.PCK" "$work" "$work" '' \
+    >"$home/faults" 2>&1 || fail "the workbook is not the study: $(tail -5 "$home/faults")"
+}
+
+# To the question whether a workbook is to be made; its tick comes behind printer and copies.
+ask_for_workbook() {
+  press_to "$sheet" ctrl+p "$print"
+  sleep 0.3
+  keys ΕΚΤΥΠΩΣΗ Tab Tab Tab Tab space
+  picture print-workbook
+  press_to ΕΚΤΥΠΩΣΗ ctrl+Return "$attention"
+}
+
+# As a window manager does when a box has closed.
+give_keys() { xdotool search --onlyvisible --name "$1" windowfocus; }
+
+# Yes to the question that shows; the next one has the same name.
+to_second_question() {
+  local first
+  first=$(shows "$attention")
+  keys "$attention" n
+  within 20 shows_other "$attention" "$first" || fail "no second question"
+}
+shows_other() { [[ $(shows "$1") =~ [0-9] && $(shows "$1") != "$2" ]]; }
+
+# That the file is made; it is not to be opened.
+see_made() {
+  see "$made"
+  keys Εκτύπωση Return
+  see_no_more "$made"
+}
+
+stage "results printed into a PDF, and into a workbook twice"
+press_to "$main" ctrl+r "$sheet"
+press_to "$sheet" ctrl+p "$print"
+picture print
+press_to ΕΚΤΥΠΩΣΗ ctrl+shift+s "$made"
+look_at_pdf
+see_made
+give_keys "$print"
+keys ΕΚΤΥΠΩΣΗ Escape
+see_no_more "$print"
+ask_for_workbook
+press_to "$attention" n "$made"
+look_at_workbook
+see_made
+see_no_more "$print"
+printf 'an older file' >"$workbook"
+cp "$workbook" "$home/older"
+ask_for_workbook
+to_second_question
+picture replace
+keys "$attention" Return
+see_no_more "$attention"
+cmp -s "$home/older" "$workbook" || fail "replaced without a yes"
+give_keys "$print"
+press_to ΕΚΤΥΠΩΣΗ ctrl+Return "$attention"
+to_second_question
+press_to "$attention" n "$made"
+look_at_workbook
+see_made
+see_no_more "$print"
+press_to "$sheet" Escape "$main"
 
 # change_one KEY...: from the results of one section, by the menu of the right button.
 change_one() {
