@@ -4,7 +4,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "results/spreadsheet_application.h"
+#include "results/reports/spreadsheet_application.h"
 
 namespace kalvo {
 

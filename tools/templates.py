@@ -208,7 +208,7 @@ class Template:
         sheet.header_margin = sheet.footer_margin = 9 / 25.4
         sheet.header_str = b""
         # Its setter takes ASCII only.
-        sheet._Worksheet__footer_str = f'&R&"{FONT},Regular"&8Σελίδα &P / &N'
+        sheet._Worksheet__footer_str = f'&R&"{FONT},Regular"&8Σελίδα &P από &N'
         sheet.show_grid = False
         sheet.protect = sheet.obj_protect = sheet.scen_protect = True
         sheet.password = PASSWORD

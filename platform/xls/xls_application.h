@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "platform/xls/workbook.h"
-#include "results/spreadsheet_application.h"
+#include "results/reports/spreadsheet_application.h"
 #include "study/disk.h"
 
 namespace kalvo {

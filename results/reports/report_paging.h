@@ -3,7 +3,7 @@
 #include <functional>
 
 #include "results/reports/report_table.h"
-#include "results/spreadsheet_application.h"
+#include "results/reports/spreadsheet_application.h"
 
 namespace kalvo {
 

@@ -7,7 +7,7 @@
 #include <tuple>
 #include <vector>
 
-#include "results/spreadsheet_application.h"
+#include "results/reports/spreadsheet_application.h"
 
 namespace kalvo {
 

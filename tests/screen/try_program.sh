@@ -210,7 +210,7 @@ look_at_pdf() {
   [ "$pages" = 16 ] || fail "$pages pages, not 16"
   text=$(pdftotext -layout "$pdf" -)
   for words in ΑΠΟΤΕΛΕΣΜΑΤΑ 'Θέρμανση ξενοδοχείου πέντε ορόφων' 'Παροχή Αντλίας' \
-    'Σελίδα 1 / 16' 'Σελίδα 16 / 16'; do
+    'Σελίδα 1 από 16' 'Σελίδα 16 από 16'; do
     grep -q "$words" <<<"$text" || fail "no \"$words\" in the PDF"
   done
 }
