@@ -43,10 +43,7 @@ void ExportCommand::AddArguments(CLI::App& app) {
       ->required()
       ->check(CLI::IsMember({kResults, kQuantities}).description(""))
       ->type_name("results|quantities");
-  app.add_option("--out", out_, "Η βάση δεδομένων που γράφεται (.MDB)")
-      ->required()
-      ->check(EndsIn(".MDB"))
-      ->type_name("ΑΡΧΕΙΟ");
+  AddFileOption(app, out_, ".MDB", "Η βάση δεδομένων που γράφεται");
   app.add_flag("--ignore-capacity", ignore_capacity_,
                "Συνεχίζει και αν το Σύστημα Σωλήνων δεν επαρκεί για την ταχύτητα");
   app.add_flag("--overwrite", overwrite_, "Το --out μπορεί να αντικαταστήσει αρχείο που υπάρχει");

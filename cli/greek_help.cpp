@@ -69,14 +69,22 @@ std::string MissingValue(const CLI::Option& option) {
          (choices.empty() ? "δώστε " + option.get_type_name() : "επιτρέπονται " + choices);
 }
 
+// What is wrong with a value of that option.
+std::string ReasonOf(const CLI::Option& option) {
+  if (const std::string choices = ChoicesOf(option); !choices.empty()) {
+    return "επιτρέπονται " + choices;
+  }
+  const std::string type = option.get_type_name();
+  const std::size_t dot = type.rfind('.');  // of "ΑΡΧΕΙΟ.XLS"
+  return dot == std::string::npos ? "δεν είναι αριθμός που γίνεται δεκτός"
+                                  : "το όνομα πρέπει να τελειώνει σε " + type.substr(dot);
+}
+
 std::string BadValue(const std::vector<const CLI::Option*>& options) {
   const CLI::Option& option = *options.front();
   const std::string value = Joined(option.results(), ", ");
-  const std::string choices = ChoicesOf(option);
   return value.empty() ? MissingValue(option)
-                       : option.get_name() + " : " + value +
-                             (choices.empty() ? ", δεν είναι αριθμός που γίνεται δεκτός"
-                                              : ", επιτρέπονται " + choices);
+                       : option.get_name() + " : " + value + ", " + ReasonOf(option);
 }
 
 std::string BadCount(const std::vector<const CLI::Option*>& options) {

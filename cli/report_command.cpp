@@ -6,6 +6,7 @@
 #include "cli/written_file.h"
 #include "platform/xls/xls_application.h"
 #include "results/reports/report_writer.h"
+#include "study/designer_names.h"
 #include "study/message_codes.h"
 #include "study/path_text.h"
 #include "study/real_disk.h"
@@ -17,8 +18,7 @@ namespace {
 // There is no screen and no printer here.
 class NoPages : public WorkbookPages {
  public:
-  Result<bool> Print(const Workbook& /*workbook*/, std::string_view /*printer*/,
-                     int /*copies*/) override {
+  Result<bool> Print(const Workbook& /*workbook*/, const PrintOrder& /*order*/) override {
     return kRefusal;
   }
   Outcome Preview(const Workbook& /*workbook*/) override { return kRefusal; }
@@ -64,10 +64,7 @@ void ReportCommand::AddArguments(CLI::App& app) {
       ->check(CLI::IsMember({"data", "results", "quantities"}).description(""))
       ->required()
       ->type_name("data|results|quantities");
-  app.add_option("--out", out_, "Το αρχείο .XLS")
-      ->required()
-      ->check(EndsIn(".XLS"))
-      ->type_name("ΑΡΧΕΙΟ");
+  AddFileOption(app, out_, ".XLS", "Το βιβλίο που γράφεται");
   app.add_option("--designer", designer_, "Ο Μελετητής που γράφεται στις σελίδες")
       ->type_name("ΟΝΟΜΑ");
   app.add_option("--templates", templates_, "Φάκελος με τα πρότυπα KALV_*.xls")
@@ -81,12 +78,13 @@ int ReportCommand::RunOn(const Console& console, Session& session) {
     bench.Show(message::kNoResults);
     return exit_code::kRefused;
   }
-  if (const Outcome may = MayWriteFile(out_, overwrite_); !may) {
-    console.err << "Το βιβλίο ΔΕΝ γράφηκε. " << may.error().Line() << '\n';
+  const Outcome may = MayWriteFile(out_, overwrite_);
+  const auto target = AbsolutePath(PathFromText(out_));
+  if (!may || !target) {
+    console.err << "Το βιβλίο ΔΕΝ γράφηκε. " << (may ? target.error() : may.error()).Line() << '\n';
     return exit_code::kUnwritable;
   }
   RealDisk disk;
-  const std::filesystem::path target = std::filesystem::absolute(PathFromText(out_));
   const std::vector<SectionRow> rows = session.Rows();
   const bool named = designer_.empty() && !rows.empty();
   NoPages pages;
@@ -95,9 +93,9 @@ int ReportCommand::RunOn(const Console& console, Session& session) {
       .code =
           kind_ == "quantities" ? QuantitiesCodeOf(ReportMode::kSave) : CodeOf(ReportMode::kSave),
       .kind = IsOfData() ? ReportKind::kData : ReportKind::kResults,
-      .designer = named ? rows.front().Client.Utf8() : designer_,
+      .designer = named ? rows.front().Client.Utf8() : ListedDesigner(designer_),
       .template_folder = templates_.empty() ? DeliveredTemplates() : PathFromText(templates_),
-      .target = {target, false}};
+      .target = {*target, false}};
   if (const ReportEnd end = WriteReport(bench, application, order); end != ReportEnd::kMade) {
     return CodeOf(end);
   }

@@ -1,21 +1,23 @@
 #include "cli/written_file.h"
 
-#include <utility>
-
 #include "study/letter_case.h"
 #include "study/path_text.h"
 #include "study/real_disk.h"
 
 namespace kalvo {
 
-CLI::Validator EndsIn(std::string extension) {
-  return CLI::Validator(
-      [extension = std::move(extension)](const std::string& file) {
-        const bool ends = file.size() > extension.size() &&
-                          EqualIgnoringCase(file.substr(file.size() - extension.size()), extension);
-        return ends ? std::string() : "Το όνομα πρέπει να τελειώνει σε " + extension;
-      },
-      "");
+void AddFileOption(CLI::App& app, std::string& file, const std::string& extension,
+                   const std::string& help) {
+  const auto ends = [extension](const std::string& name) {
+    return name.size() > extension.size() &&
+           EqualIgnoringCase(name.substr(name.size() - extension.size()), extension);
+  };
+  app.add_option("--out", file, help)
+      ->required()
+      ->check(CLI::Validator(
+          [ends](const std::string& name) { return std::string(ends(name) ? "" : "extension"); },
+          ""))
+      ->type_name("ΑΡΧΕΙΟ" + extension);
 }
 
 Outcome MayWriteFile(const std::string& file, bool overwrite) {

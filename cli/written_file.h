@@ -8,8 +8,10 @@
 
 namespace kalvo {
 
-/// An option takes only files whose name ends in `extension`, in any case.
-CLI::Validator EndsIn(std::string extension);
+/// Adds an option for the file that a command writes, whose name has to end in `extension`, in any
+/// case.
+void AddFileOption(CLI::App& app, std::string& file, const std::string& extension,
+                   const std::string& help);
 
 /// Whether a command may write `file`. Error: it is there and not to be replaced, is a folder, or
 /// cannot be looked at.

@@ -61,21 +61,25 @@ QStringList PrintArguments(const QPrinter& printer, std::string_view name) {
   arguments << "-n" << QString::number(std::max(printer.copyCount(), 1));
   arguments << "-o"
             << "media=" + printer.pageLayout().pageSize().key();
-  arguments << "-o"
-            << "sides=" + SidesOf(printer);
   if (printer.copyCount() > 1 && printer.collateCopies())
     arguments << "-o"
               << "Collate=True";
-  return arguments + OwnOptions(printer);
+  return arguments + SettingsOf(printer);
 }
 
-QStringList PrintArguments(std::string_view printer, std::string_view name, int copies) {
-  QStringList arguments{"-d", ToQt(printer), "-t", ToQt(name)};
-  arguments << "-n" << QString::number(std::max(copies, 1));
+QStringList SettingsOf(const QPrinter& printer) {
+  return QStringList{"-o", "sides=" + SidesOf(printer)} + OwnOptions(printer);
+}
+
+QStringList PrintArguments(const PrintOrder& order, std::string_view name, std::string_view paper) {
+  QStringList arguments{"-d", ToQt(order.printer), "-t", ToQt(name)};
+  arguments << "-n" << QString::number(std::max(order.copies, 1));
   arguments << "-o"
-            << "media=A4";  // of all our pages
-  return arguments << "-o"
-                   << "collate=true";
+            << "media=" + ToQt(paper.substr(0, paper.find(' ')));
+  arguments << "-o"
+            << "collate=true";
+  for (const std::string& setting : order.settings) arguments << ToQt(setting);
+  return arguments;
 }
 
 Result<bool> HandToPrintService(const QStringList& arguments, const QByteArray& pdf,

@@ -4,7 +4,7 @@
 #include <QStringList>
 #include <string_view>
 
-#include "study/result.h"
+#include "form/printers.h"
 
 class QPrinter;
 
@@ -17,8 +17,11 @@ bool HasPrintService();
 /// What `lp` is told of a printer and what the user has set for it.
 QStringList PrintArguments(const QPrinter& printer, std::string_view name);
 
-/// The same of a printer that is only known by its name, and pages that state their own paper.
-QStringList PrintArguments(std::string_view printer, std::string_view name, int copies);
+/// What the user has set for a printer beside paper and copies.
+QStringList SettingsOf(const QPrinter& printer);
+
+/// What `lp` is told of an order. Paper: begins with its name, as in "A4 όρθιο".
+QStringList PrintArguments(const PrintOrder& order, std::string_view name, std::string_view paper);
 
 /// Hands a PDF to the service, showing `notice` meanwhile; false: the user has cancelled. Error:
 /// the service does not take it, with what it says.

@@ -46,7 +46,11 @@ std::optional<PrintOrder> QtPrinter::ChooseFrom(const PrintOrder& order) {
   QPrintDialog dialog(&printer, QApplication::activeWindow());
   dialog.setOptions(QAbstractPrintDialog::PrintCollateCopies);
   if (dialog.exec() != QDialog::Accepted) return std::nullopt;
-  return PrintOrder{printer.printerName().toStdString(), printer.copyCount()};
+  PrintOrder chosen{printer.printerName().toStdString(), printer.copyCount()};
+  for (const QString& setting : SettingsOf(printer)) {
+    chosen.settings.push_back(setting.toStdString());
+  }
+  return chosen;
 }
 
 PrinterChoice QtPrinter::Choose(std::string_view name, bool across) {

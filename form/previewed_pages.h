@@ -35,7 +35,7 @@ struct PreviewFacts {
   std::string client;  ///< the designer
   std::string name;    ///< of the workbook: "HOTEL_RCO.XLS"
   std::string note;    ///< "604 τμήματα"
-  /// Where their PDF goes, a name alone into the export folder; empty: nobody has named it yet.
+  /// Where their PDF goes, from the root on or below the export folder; empty: nobody has named it.
   std::filesystem::path pdf;
 };
 

@@ -18,7 +18,7 @@ PdfEnd Failed(Desk& desk, const FileError& error) {
 }
 
 Result<std::filesystem::path> PlaceOf(const Desk& desk, const std::filesystem::path& file) {
-  if (file.has_parent_path()) return file;
+  if (file.is_absolute()) return file;
   const auto folder = ExportFolder(desk.bench.workspace.outer_disk(), desk.data_folder);
   if (!folder) return folder.error();
   return *folder / file;
@@ -33,10 +33,10 @@ PdfEnd WritePdf(Desk& desk, const PdfSource& source, const std::filesystem::path
   return {"Δημιουργήθηκε το Αρχείο < " + file.filename().string() + " >", file};
 }
 
-// The export folder is made when it is missing; any other has been named by the user.
+// A folder from the root on has been named by the user; any other is made when it is missing.
 PdfEnd WriteInItsPlace(Desk& desk, const PdfSource& source, const std::filesystem::path& place) {
   if (!AskToReplace(desk.bench, place)) return {kPrintCancelled, {}};
-  if (!source.file.has_parent_path()) {
+  if (!source.file.is_absolute()) {
     const Outcome made = desk.bench.workspace.outer_disk().MakeFolder(place.parent_path());
     if (!made) return Failed(desk, made.error());
   }

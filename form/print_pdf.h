@@ -13,7 +13,7 @@ namespace kalvo {
 /// Pages that are printed, or become a file, as a PDF.
 struct PdfSource {
   std::string name;            ///< of the print job
-  std::filesystem::path file;  ///< a name alone is in the export folder
+  std::filesystem::path file;  ///< not from the root on: below the export folder
   bool across = true;          ///< its pages are wider than high
   /// Makes the PDF; nothing: the user has cancelled that. Error: a page cannot be painted.
   std::function<Result<std::optional<std::string>>()> make;

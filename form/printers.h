@@ -33,10 +33,12 @@ struct KnownPrinter {
   bool operator==(const KnownPrinter&) const = default;
 };
 
-/// On which printer something is printed, and how often.
+/// On which printer something is printed, and how.
 struct PrintOrder {
   std::string printer;
   int copies = 1;
+  std::vector<std::string>
+      settings{};  ///< what else the user has set, as the print service takes it
 };
 
 /// The printers of the desktop, and tables as PDF.

@@ -89,8 +89,7 @@ void FrmStatS::Print() {
   const auto chosen = printers.Choose(desk, 1);
   if (!chosen) return;
   ReportOrder order = Order(ReportMode::kPrint);
-  order.printer = chosen->printer;
-  order.copies = chosen->copies;
+  order.print = *chosen;
   MakeReport(desk, std::move(order));
 }
 

@@ -17,4 +17,20 @@ Result<std::filesystem::path> EnsureFolderBelow(Disk& disk, const std::filesyste
   return path;
 }
 
+Result<std::filesystem::path> ExportFolder(const Disk& disk,
+                                           const std::filesystem::path& data_folder) {
+  const auto there = disk.Status(data_folder);
+  if (!there) return there.error();
+  if (!*there) return FileError{data_folder, "Ο φάκελος των μελετών δεν υπάρχει"};
+  return FolderBelow(disk, data_folder, kExportFolder);
+}
+
+Result<std::filesystem::path> EnsureExportFolder(Disk& disk,
+                                                 const std::filesystem::path& data_folder) {
+  auto path = ExportFolder(disk, data_folder);
+  if (!path) return path;
+  if (Outcome made = disk.MakeFolder(*path); !made) return made.error();
+  return path;
+}
+
 }  // namespace kalvo

@@ -18,16 +18,13 @@ Result<std::filesystem::path> FolderBelow(const Disk& disk, const std::filesyste
 Result<std::filesystem::path> EnsureFolderBelow(Disk& disk, const std::filesystem::path& above,
                                                 std::string_view name);
 
-/// The export folder of `data_folder`.
-inline Result<std::filesystem::path> ExportFolder(const Disk& disk,
-                                                  const std::filesystem::path& data_folder) {
-  return FolderBelow(disk, data_folder, kExportFolder);
-}
+/// The export folder of `data_folder`, whether it is there or not. Error: that of the studies is
+/// not there, as on a medium that was taken out: nothing may be written in its place.
+Result<std::filesystem::path> ExportFolder(const Disk& disk,
+                                           const std::filesystem::path& data_folder);
 
 /// The same; made when it is not there.
-inline Result<std::filesystem::path> EnsureExportFolder(Disk& disk,
-                                                        const std::filesystem::path& data_folder) {
-  return EnsureFolderBelow(disk, data_folder, kExportFolder);
-}
+Result<std::filesystem::path> EnsureExportFolder(Disk& disk,
+                                                 const std::filesystem::path& data_folder);
 
 }  // namespace kalvo

@@ -6,14 +6,13 @@
 
 namespace kalvo {
 
-Result<bool> QtWorkbookPages::Print(const Workbook& workbook, std::string_view printer,
-                                    int copies) {
+Result<bool> QtWorkbookPages::Print(const Workbook& workbook, const PrintOrder& order) {
   if (!HasPrintService()) return FileError{{}, "Δεν υπάρχει υπηρεσία εκτύπωσης (lp)"};
-  if (printer.empty()) return FileError{{}, "Δεν έχει επιλεγεί εκτυπωτής"};
+  if (order.printer.empty()) return FileError{{}, "Δεν έχει επιλεγεί εκτυπωτής"};
   ShownPages pages(workbook, desk_.separators);
   const auto pdf = pages.MakePdf();
   if (!pdf) return pdf.error();
-  return HandToPrintService(PrintArguments(printer, pages.sheet(), copies),
+  return HandToPrintService(PrintArguments(order, pages.sheet(), pages.paper()),
                             QByteArray::fromStdString(*pdf), kPrintNotice);
 }
 

@@ -12,7 +12,7 @@ class QtWorkbookPages : public WorkbookPages {
   explicit QtWorkbookPages(Desk& desk) : desk_(desk) {}
 
   /// All copies collated. False: the user has cancelled that.
-  Result<bool> Print(const Workbook& workbook, std::string_view printer, int copies) override;
+  Result<bool> Print(const Workbook& workbook, const PrintOrder& order) override;
   /// What `Questions::preview` says is shown beside the pages.
   Outcome Preview(const Workbook& workbook) override;
   Result<std::string> MakePdf(const Workbook& workbook) override;

@@ -17,6 +17,8 @@ inline constexpr std::string_view kOlder =
     "Το βιβλίο εργασίας είναι παλαιότερης μορφής, πριν από το Excel 97";
 inline constexpr std::string_view kEncrypted = "Το βιβλίο εργασίας είναι κρυπτογραφημένο με κωδικό";
 inline constexpr std::string_view kNoSheets = "Το βιβλίο εργασίας δεν έχει φύλλα εργασίας";
+inline constexpr std::string_view kFirstSheet =
+    "Το πρώτο φύλλο του βιβλίου εργασίας πρέπει να έχει κελιά και να φαίνεται";
 inline constexpr std::string_view kCut = "Το βιβλίο εργασίας είναι ελλιπές";
 inline constexpr std::string_view kDamaged = "Το βιβλίο εργασίας είναι αλλοιωμένο";
 inline constexpr std::string_view kNoText =

@@ -64,9 +64,9 @@ class OpenXls : public OpenWorkbook {
     if (!fits_) return DoesNotFit(file);
     return Save(file, pages_.MakePdf(file_.workbook));
   }
-  Result<bool> Print(std::string_view printer, int copies) override {
+  Result<bool> Print(const PrintOrder& order) override {
     if (!fits_) return DoesNotFit({});
-    return pages_.Print(file_.workbook, printer, copies);
+    return pages_.Print(file_.workbook, order);
   }
   Outcome Preview() override {
     if (!fits_) return DoesNotFit({});
@@ -110,6 +110,11 @@ Result<std::unique_ptr<OpenWorkbook>> XlsApplication::Open(const std::filesystem
   if (!bytes) return bytes.error();
   auto read = ReadWorkbookFile(*bytes);
   if (!read) return FileError{file, read.error().reason};
+  // It is what is filled and what is painted.
+  const Sheet& first = read->workbook.sheets.front();
+  if (!first.is_worksheet || first.hidden) {
+    return FileError{file, std::string(workbook_reason::kFirstSheet)};
+  }
   return std::unique_ptr<OpenWorkbook>(std::make_unique<OpenXls>(std::move(*read), disk_, pages_));
 }
 

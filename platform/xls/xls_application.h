@@ -15,7 +15,7 @@ namespace kalvo {
 class WorkbookPages {
  public:
   virtual ~WorkbookPages() = default;
-  virtual Result<bool> Print(const Workbook& workbook, std::string_view printer, int copies) = 0;
+  virtual Result<bool> Print(const Workbook& workbook, const PrintOrder& order) = 0;
   /// Returns when the user has closed them.
   virtual Outcome Preview(const Workbook& workbook) = 0;
   /// The bytes of a PDF file.

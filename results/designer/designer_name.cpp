@@ -15,13 +15,13 @@ constexpr std::size_t kLeastCut = ClientText::kSize - 1;
 
 // A row has less room than the list: the name chosen last, or the first of the list, that begins
 // with what the row has room for.
-Result<std::string> WholeName(const Desk& desk, const ClientText& client) {
+std::string WholeName(const Desk& desk, const ClientText& client) {
   const auto is_it = [&client](const std::string& name) {
     return ClientText::FromUtf8(name) == client;
   };
   if (is_it(desk.options.designer)) return desk.options.designer;
   const auto list = ReadDesigners(desk.bench.workspace);
-  if (!list) return list.error();
+  if (!list) return client.Utf8();  // whoever needs the list says what is wrong with it
   const auto whole = std::ranges::find_if(list->names, is_it);
   return whole == list->names.end() ? client.Utf8() : *whole;
 }

@@ -8,7 +8,7 @@ namespace kalvo {
 
 /// The designer whose name goes on paper: the one chosen in this run, else `Client` of row 1, else
 /// the one chosen last. A name that fills `Client` may go on in the list of designers. Empty: none
-/// of them is there. Error: the rows, or the list where it is needed, cannot be read.
+/// of them is there. Error: the rows cannot be read.
 Result<std::string> DesignerName(const Desk& desk);
 
 /// Where row 1 has no `Client`, every row gets the designer's name and the study counts as changed.

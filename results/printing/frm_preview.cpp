@@ -106,7 +106,7 @@ void FrmPreview::Derive() {
           : JoinedByDots({facts_.name, facts_.note.empty() ? PagesText(count()) : facts_.note,
                           pages_->paper()});
   LblName.text = told_.empty() ? known : told_;
-  LblName.visible = written_.empty();
+  LblName.visible = written_.empty() || !told_.empty();
   CmdOpen.visible = !written_.empty();
   CmdOpen.hint = written_.filename().string();
   CmdOpen.described = written_.string();
@@ -185,8 +185,8 @@ void FrmPreview::KeepPdf() {
 }
 
 void FrmPreview::TakeEnd(const PdfEnd& end) {
-  told_ = end.text;
-  written_ = end.file;
+  told_ = end.file.empty() ? end.text : std::string();
+  if (!end.file.empty()) written_ = end.file;
 }
 
 }  // namespace kalvo

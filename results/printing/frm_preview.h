@@ -55,7 +55,7 @@ class FrmPreview : public Form {
   PreviewedPages* pages_ = nullptr;
   PreviewFacts facts_;
   std::string told_;               ///< what came of the last printing; empty: nothing to say
-  std::filesystem::path written_;  ///< the PDF written last
+  std::filesystem::path written_;  ///< the PDF written last; empty: none yet
 };
 
 }  // namespace kalvo

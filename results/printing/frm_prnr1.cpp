@@ -131,6 +131,7 @@ void FrmPRNR1::ShowTarget() {
     if (target && !target->file.empty()) {
       LblTarget.text = "Γράφεται το " + target->file.filename().string() + " στον φάκελο " +
                        target->file.parent_path().string();
+      if (!ByExcel()) LblTarget.text += ", και η βάση " + std::string(kPrintDatabase);
     }
   } else if (!ByExcel()) {
     LblTarget.text = "Γράφεται η βάση " + std::string(kPrintDatabase) +
@@ -176,8 +177,7 @@ void FrmPRNR1::PrintPages() {
   const auto chosen = printers.Choose(desk, Copies());
   if (!chosen) return;
   ReportOrder order = Order(ReportMode::kPrint);
-  order.printer = chosen->printer;
-  order.copies = chosen->copies;
+  order.print = *chosen;
   if (MakeReport(desk, std::move(order))) Close();
 }
 

@@ -30,16 +30,6 @@ Box WorkbookBox() {
           kAlarmBeeps};
 }
 
-// Where the preview's PDF goes; empty: it has no name.
-std::filesystem::path PdfOfPreview(const Desk& desk, const std::string& name,
-                                   const ReportTable& table) {
-  const std::string file = ReportName(name, PdfSuffix(table.suffix));
-  if (!PathFromText(file).has_parent_path()) return PathFromText(file);
-  const auto target = FindReportTarget(desk.bench.workspace.outer_disk(), desk.data_folder, name,
-                                       PdfSuffix(table.suffix));
-  return target ? target->file : std::filesystem::path();
-}
-
 std::string SectionsText(int count) {
   return std::to_string(count) + (count == 1 ? " τμήμα" : " τμήματα");
 }
@@ -56,7 +46,7 @@ PreviewFacts FactsOf(const Desk& desk, const ReportOrder& order, const ReportCho
       .client = order.designer,
       .name = PathFromText(ReportName(name, choice.table->suffix)).filename().string(),
       .note = quantities ? std::string() : SectionsText(study.SectionCount),
-      .pdf = PdfOfPreview(desk, name, *choice.table)};
+      .pdf = PathFromText(ReportName(name, PdfSuffix(choice.table->suffix)))};
   return facts;
 }
 
@@ -107,7 +97,8 @@ std::optional<std::string> ReportNameOfStudy(Desk& desk) {
 std::optional<std::string> AskForReportName(Desk& desk, std::string_view proposed,
                                             std::vector<std::string> filters) {
   if (desk.file_dialog == nullptr) return std::nullopt;
-  const auto folder = ExportFolder(desk.bench.workspace.outer_disk(), desk.data_folder);
+  // A dialogue does not begin in a folder that is not there.
+  const auto folder = EnsureExportFolder(desk.bench.workspace.outer_disk(), desk.data_folder);
   const std::filesystem::path chosen = desk.file_dialog->ChooseTarget(
       {folder ? *folder : desk.data_folder, std::string(proposed), std::move(filters)});
   return chosen == kNoFileAtAll ? std::nullopt : std::optional(chosen.string());

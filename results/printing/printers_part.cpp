@@ -41,9 +41,7 @@ std::optional<PrintOrder> PrintersPart::Choose(Desk& desk, int copies) const {
     desk.bench.Ask({" !!... ΠΡΟΣΟΧΗ ...!! ", {kNoPrinter}, box_style::kExclamation});
     return std::nullopt;
   }
-  auto order = desk.printer.ChooseFrom({printer->name, copies});
-  if (order) order->copies = std::max(order->copies, 1);
-  return order;
+  return desk.printer.ChooseFrom({printer->name, copies});
 }
 
 }  // namespace kalvo

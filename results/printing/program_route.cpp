@@ -38,14 +38,22 @@ class Export {
         !TellIfFailed(desk_.bench, disk.MakeFolder(target.parent_path()))) {
       return false;
     }
-    return Told(
-        WritePrintFile(disk, *desk_.print_database, file.kind, table, desk_.separators, target),
-        target);
+    const Outcome written =
+        WritePrintFile(disk, *desk_.print_database, file.kind, table, desk_.separators, target);
+    if (written) file_ = target;
+    return Told(written, target);
   }
 
   void TellMade() {
     made_.insert(made_.begin(), "Δημιουργήθηκε :");
-    desk_.bench.Ask({"Εκτύπωση", made_, box_style::kInformation});
+    if (file_.empty()) {
+      desk_.bench.Ask({"Εκτύπωση", made_, box_style::kInformation});
+      return;
+    }
+    made_.emplace_back("Θέλετε Άνοιγμα του Αρχείου ??");
+    if (desk_.bench.Ask({"Εκτύπωση", made_, box_style::kDefaultNo}) == Answer::kYes) {
+      TellIfFailed(desk_.bench, desk_.viewer.Open(file_));
+    }
   }
 
  private:
@@ -57,6 +65,7 @@ class Export {
 
   Desk& desk_;
   std::vector<std::string> made_;
+  std::filesystem::path file_;  ///< beside the database
 };
 
 // What is exported. Nothing: it cannot be read, which the user was told.

@@ -113,7 +113,9 @@ class ReportRun {
       case ReportMode::kPreview:
         return workbook.Preview();
       case ReportMode::kPrint: {
-        const auto printed = workbook.Print(order_.printer, std::max(1, order_.copies));
+        PrintOrder print = order_.print;
+        print.copies = std::max(1, print.copies);
+        const auto printed = workbook.Print(print);
         if (!printed) return printed.error();
         cancelled_ = !*printed;
         return Done{};

@@ -41,8 +41,7 @@ struct ReportOrder {
   ReportKind kind = ReportKind::kResults;
   std::string designer{};
   std::filesystem::path template_folder{};
-  std::string printer{};  ///< of kPrint
-  int copies = 1;         ///< of kPrint; less than one is one
+  PrintOrder print{};     ///< of kPrint
   ReportTarget target{};  ///< of kSave and kPdf
   std::string name{};     ///< of kPreview: what its files would be called; empty: as the study
   std::string_view rows = work_file::kRows;

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "form/printers.h"
 #include "study/result.h"
 
 namespace kalvo {
@@ -47,7 +48,7 @@ class OpenWorkbook {
   /// Writes its pages as a PDF, likewise.
   virtual Outcome SaveAsPdf(const std::filesystem::path& file) = 0;
   /// Prints its pages, collated. False: the user has cancelled that.
-  virtual Result<bool> Print(std::string_view printer, int copies) = 0;
+  virtual Result<bool> Print(const PrintOrder& order) = 0;
   /// Shows its pages and returns when the user has closed them.
   virtual Outcome Preview() = 0;
 };

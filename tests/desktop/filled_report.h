@@ -15,8 +15,7 @@ inline constexpr std::string_view kSampleDesigner = "Γραφείο Μελετώ
 /// Keeps the workbook that it is to show.
 class KeptPages : public WorkbookPages {
  public:
-  Result<bool> Print(const Workbook& /*workbook*/, std::string_view /*printer*/,
-                     int /*copies*/) override {
+  Result<bool> Print(const Workbook& /*workbook*/, const PrintOrder& /*order*/) override {
     return false;
   }
   Outcome Preview(const Workbook& workbook) override {

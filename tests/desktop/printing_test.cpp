@@ -91,7 +91,8 @@ TEST(Printing, HandsThePdfToThePrintService) {
   EXPECT_TRUE(printed.ok() && *printed);
   EXPECT_EQ(service.Got("got"), "%PDF");
   const QByteArray told = service.Got("told");
-  EXPECT_TRUE(told.contains("-t Γραφεία -n 3 -o media=A4 -o sides=one-sided")) << told.data();
+  EXPECT_TRUE(told.contains("-t Γραφεία -n 3 -o media=A4 -o Collate=True -o sides=one-sided"))
+      << told.data();
 }
 
 TEST(Printing, TellsWhatAPrinterThatIsGoneSaysAndCanBeCancelled) {

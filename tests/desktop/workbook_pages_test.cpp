@@ -67,16 +67,16 @@ TEST(WorkbookPages, GoToThePrinterAsOftenAsWanted) {
   QtWorkbookPages pages(desk.shown);
   {
     const PrintServiceScript service("echo \"$@\" > told\ncat > got\n");
-    EXPECT_TRUE(pages.Print(book, "Γραφείο", 3).ok());
+    EXPECT_TRUE(pages.Print(book, {"Γραφείο", 3}).ok());
     EXPECT_TRUE(service.Got("got").startsWith("%PDF-"));
     const QByteArray told = service.Got("told");
     EXPECT_EQ(told, "-d Γραφείο -t Φύλλο -n 3 -o media=A4 -o collate=true\n") << told.data();
-    EXPECT_TRUE(pages.Print(book, "Γραφείο", 0).ok());
+    EXPECT_TRUE(pages.Print(book, {"Γραφείο", 0}).ok());
     EXPECT_TRUE(service.Got("told").contains("-n 1 "));
-    EXPECT_EQ(pages.Print(book, "", 1).error().Line(), "Δεν έχει επιλεγεί εκτυπωτής");
+    EXPECT_EQ(pages.Print(book, {"", 1}).error().Line(), "Δεν έχει επιλεγεί εκτυπωτής");
   }
   const PrintServiceScript service("echo 'lp: gone' >&2\nexit 1\n");
-  EXPECT_EQ(pages.Print(book, "Γραφείο", 1).error().Line(),
+  EXPECT_EQ(pages.Print(book, {"Γραφείο", 1}).error().Line(),
             "Ο εκτυπωτής δεν δέχεται την εκτύπωση : lp: gone");
 }
 
@@ -86,7 +86,7 @@ TEST(WorkbookPages, SayWhenNobodyPrints) {
   qputenv("PATH", QFile::encodeName(empty.path()));
   PaperWorkbook book;
   ShownDesk desk;
-  EXPECT_EQ(QtWorkbookPages(desk.shown).Print(book, "Γραφείο", 1).error().Line(),
+  EXPECT_EQ(QtWorkbookPages(desk.shown).Print(book, {"Γραφείο", 1}).error().Line(),
             "Δεν υπάρχει υπηρεσία εκτύπωσης (lp)");
   qputenv("PATH", path);
 }

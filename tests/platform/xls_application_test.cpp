@@ -23,8 +23,8 @@ constexpr const char* kPassword = "(*1234567890*)";
 /// Notes what it is to paint.
 class NotedPages : public WorkbookPages {
  public:
-  Result<bool> Print(const Workbook& workbook, std::string_view printer, int copies) override {
-    noted += "print " + std::string(printer) + " x" + std::to_string(copies) + " of " +
+  Result<bool> Print(const Workbook& workbook, const PrintOrder& order) override {
+    noted += "print " + order.printer + " x" + std::to_string(order.copies) + " of " +
              std::to_string(workbook.sheets.size()) + "; ";
     return true;
   }
@@ -227,7 +227,7 @@ TEST_F(XlsApplicationTest, CopiesRowsOverOthersOfAnotherSheet) {
 TEST_F(XlsApplicationTest, HandsItsPagesToThePainter) {
   const auto book = Open();
   ASSERT_TRUE(book->Preview());
-  ASSERT_TRUE(book->Print("Laser", 2));
+  ASSERT_TRUE(book->Print({"Laser", 2}));
   EXPECT_EQ(pages_.noted, "preview; print Laser x2 of 2; ");
   ASSERT_TRUE(book->SaveAsPdf("/studies/b.PDF"));
   EXPECT_EQ(*memory_.Read("/studies/b.PDF"), "%PDF");

@@ -165,10 +165,12 @@ TEST_F(Printing, ThroughTheProgramToAFileWritesOneOfItsKindBesideTheDatabase) {
       form.OptFile.Set(true);
       form.Cbo_FileKind.Select(kind);
       form.Derive();
-      EXPECT_EQ(form.LblTarget.text,
-                std::string("Γράφεται το ") + name + " στον φάκελο /studies/ASCII");
+      EXPECT_EQ(form.LblTarget.text, std::string("Γράφεται το ") + name +
+                                         " στον φάκελο /studies/ASCII, και η βάση PRNFILE.MDB");
+      test.prompter.Expect("Εκτύπωση", Answer::kYes);
       Click(form, form.CmdOK);
     });
+    EXPECT_EQ(viewer.files.back(), std::filesystem::path("/studies/ASCII") / name);
     EXPECT_TRUE(test.outer_disk.Exists(std::filesystem::path("/studies/ASCII") / name));
     EXPECT_TRUE(Closed());
   }

@@ -99,8 +99,8 @@ class RecordedSpreadsheet : public SpreadsheetApplication {
     Outcome SaveAsPdf(const std::filesystem::path& file) override {
       return End("pdf " + file.string());
     }
-    Result<bool> Print(std::string_view printer, int copies) override {
-      const Outcome ended = End("print " + std::string(printer) + " " + std::to_string(copies));
+    Result<bool> Print(const PrintOrder& order) override {
+      const Outcome ended = End("print " + order.printer + " " + std::to_string(order.copies));
       return ended ? Result<bool>(!all_.cancels) : Result<bool>(ended.error());
     }
     Outcome Preview() override { return End("preview"); }

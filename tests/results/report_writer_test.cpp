@@ -56,6 +56,8 @@ TEST(ReportName, GetsItsSuffixOnce) {
 
 TEST(ReportTargets, AreInTheExportFolderUnlessTheNameHasAFolder) {
   MemoryDisk disk;
+  EXPECT_FALSE(FindReportTarget(disk, "/studies", "hotel", "_DC.XLS").ok()) << "a stick taken out";
+  ASSERT_TRUE(disk.MakeFolder("/studies").ok());
   const auto target = [&disk](const std::string& name) {
     const auto found = FindReportTarget(disk, "/studies", name, "_DC.XLS");
     EXPECT_TRUE(found.ok());
@@ -84,8 +86,8 @@ TEST_F(Reports, EndAsTheirModeSays) {
     ReportMode mode;
     Told told;
   };
-  order.printer = "Γραφείο";
-  order.copies = 0;
+  order.print.printer = "Γραφείο";
+  order.print.copies = 0;
   for (const Ending& ending : std::vector<Ending>{
            {ReportMode::kPreview, {"preview"}},
            {ReportMode::kPrint, {"print Γραφείο 1"}},
@@ -99,7 +101,7 @@ TEST_F(Reports, EndAsTheirModeSays) {
   }
   EXPECT_TRUE(test.prompter.boxes().empty());
   EXPECT_TRUE(test.outer_disk.IsFolder("/studies/ASCII"));
-  order.copies = 3;
+  order.print.copies = 3;
   EXPECT_TRUE(Make(QuantitiesCodeOf(ReportMode::kPrint)));
   EXPECT_TRUE(application.Was("print Γραφείο 3"));
 }
