@@ -36,6 +36,7 @@ void OpenPrintForm(benchmark::State& state, Programs::Lp lp) {
   StudyOf999 open;
   Session& session = open.session;
   session.Calculate();
+  session.ShowSheet();
   const Programs programs(lp);
   QElapsedTimer watch;
   for ([[maybe_unused]] auto step : state) {
