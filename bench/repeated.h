@@ -7,17 +7,18 @@
 
 namespace kalvo {
 
-/// Runs a benchmark forty times, each `iterations` long, and shows "min" beside the means. Short
-/// runs, and many: on a machine that others use too, some of them then come through undisturbed,
-/// and the least time is the one that is the program's own.
-inline void Repeat(benchmark::internal::Benchmark* benchmark, int iterations) {
+/// Shows "min" beside the means: on a machine that others use too, some of many runs come through
+/// undisturbed, and the least time is the one that is the program's own.
+inline benchmark::internal::Benchmark* ShowLeast(benchmark::internal::Benchmark* benchmark) {
   const auto least = [](const std::vector<double>& values) {
     return *std::min_element(values.begin(), values.end());
   };
-  benchmark->Iterations(iterations)
-      ->Repetitions(40)
-      ->ComputeStatistics("min", least)
-      ->DisplayAggregatesOnly(true);
+  return benchmark->ComputeStatistics("min", least)->DisplayAggregatesOnly(true);
+}
+
+/// Runs a benchmark forty times, each `iterations` long: short runs, and many.
+inline void Repeat(benchmark::internal::Benchmark* benchmark, int iterations) {
+  ShowLeast(benchmark->Iterations(iterations)->Repetitions(40));
 }
 
 /// For what takes milliseconds.

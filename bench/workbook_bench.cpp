@@ -15,9 +15,9 @@ namespace {
 /// Nobody paints here.
 class NoPages : public WorkbookPages {
  public:
-  Outcome Print(const Workbook& /*workbook*/, std::string_view /*printer*/,
-                int /*copies*/) override {
-    return Done{};
+  Result<bool> Print(const Workbook& /*workbook*/, std::string_view /*printer*/,
+                     int /*copies*/) override {
+    return true;
   }
   Outcome Preview(const Workbook& /*workbook*/) override { return Done{}; }
   Result<std::string> MakePdf(const Workbook& /*workbook*/) override { return std::string(); }

@@ -76,6 +76,7 @@ int ReportCommand::RunOn(const Console& console, Session& session) {
   Workbench bench = session.bench();
   if (!IsOfData() && !session.study().results_valid) {
     bench.Show(message::kNoResults);
+    console.err << "Υπολογίστε τη μελέτη και σώστε τη : kalvo calc ΜΕΛΕΤΗ --save ΑΡΧΕΙΟ\n";
     return exit_code::kRefused;
   }
   const Outcome may = MayWriteFile(out_, overwrite_);

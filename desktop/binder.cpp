@@ -324,6 +324,7 @@ QStringList Binder::missing() const {
 // The widget to which keys go.
 bool Binder::HasKeys(const QObject* watched) const {
   const QWidget* focus = window_.focusWidget();
+  if (qobject_cast<const QMenuBar*>(focus) != nullptr) return false;  // its keys are its own
   return watched == (focus == nullptr ? &window_ : focus);
 }
 

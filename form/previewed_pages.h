@@ -37,6 +37,7 @@ struct PreviewFacts {
   std::string note;    ///< "604 τμήματα"
   /// Where their PDF goes, from the root on or below the export folder; empty: nobody has named it.
   std::filesystem::path pdf;
+  std::string suffix = ".PDF";  ///< of the name that it gets then
 };
 
 }  // namespace kalvo

@@ -55,11 +55,7 @@ PdfEnd Told(Desk& desk, PdfEnd end) {
 PdfEnd PrintWithoutPrinter(Desk& desk, const PdfSource& source) {
   const auto place = PlaceOf(desk, source.file);
   if (!place) return Failed(desk, place.error());
-  const Answer answer = desk.bench.Ask(
-      {kPrintTitle,
-       {"Δεν υπάρχει διαθέσιμος εκτυπωτής.", "Να δημιουργηθεί Αρχείο PDF ??", place->string()},
-       box_style::kYesNo});
-  if (answer != Answer::kYes) return {kPrintCancelled, {}};
+  if (AskForPdfInstead(desk.bench, *place) != Answer::kYes) return {kPrintCancelled, {}};
   return Told(desk, WriteInItsPlace(desk, source, *place));
 }
 
@@ -73,6 +69,14 @@ PdfEnd PrintOnPrinter(Desk& desk, const PdfSource& source) {
 }
 
 }  // namespace
+
+Answer AskForPdfInstead(Workbench& bench, const std::filesystem::path& place) {
+  Box question{kPrintTitle,
+               {"Δεν υπάρχει διαθέσιμος εκτυπωτής.", "Να δημιουργηθεί Αρχείο PDF ??"},
+               box_style::kYesNo};
+  if (!place.empty()) question.lines.push_back(place.string());
+  return bench.Ask(question);
+}
 
 PdfEnd PrintPdf(Desk& desk, const PdfSource& source) {
   const PrinterChoice choice = desk.printer.Choose(source.name, source.across);

@@ -27,6 +27,9 @@ struct PdfEnd {
 
 inline constexpr std::string_view kPrintNotice = "Printing - Click Cancel to quit";
 
+/// There is no printer: whether the pages shall become a file instead, `place` if it is known yet.
+Answer AskForPdfInstead(Workbench& bench, const std::filesystem::path& place = {});
+
 /// Prints where the user chooses. Without a printer the file is made, after a question. What goes
 /// wrong is told in a box.
 PdfEnd PrintPdf(Desk& desk, const PdfSource& source);

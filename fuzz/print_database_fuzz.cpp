@@ -33,12 +33,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   std::string_view bytes = AsText(data, size);
   const auto kind = TakeByte(bytes);
   std::string shell(bytes);
-  if (kind == 1 || kind == 2) shell = Changed(MakePrintShell(SectionPrintColumns()), bytes);
+  static const std::string good = MakePrintShell(SectionPrintColumns());
+  if (kind == 1 || kind == 2) shell = Changed(good, bytes);
   if (kind == 2 && bytes.size() >= 2) {
     const std::size_t length = TakeByte(bytes);
     shell.resize((length << 8U | TakeByte(bytes)) % (shell.size() + 1));
   }
-  const PrintTable table = OneLine();
+  static const PrintTable table = OneLine();
   const auto filled = FillPrintShell(shell, table);
   Require(filled || (IsUtf8(filled.error().reason) && !filled.error().reason.empty()), "reason");
   if (!filled) return 0;

@@ -86,6 +86,7 @@ void FrmStatS::Print() {
     }
     return;
   }
+  if (printers.MakesPdfInstead(desk)) return Save(ReportMode::kPdf);
   const auto chosen = printers.Choose(desk, 1);
   if (!chosen) return;
   ReportOrder order = Order(ReportMode::kPrint);
@@ -102,7 +103,8 @@ void FrmStatS::Preview() {
 }
 
 void FrmStatS::Save(ReportMode mode) {
-  if (const auto name = ReportNameOfStudy(desk)) MakeReportFile(desk, Order(mode), *name);
+  if (const auto name = ReportNameOfStudy(desk, Order(mode)))
+    MakeReportFile(desk, Order(mode), *name);
 }
 
 void FrmStatS::Show(const Quantities& quantities) {

@@ -332,10 +332,10 @@ def results():
     return book
 
 
-def data(columns, kind, first_tee):
+def data(sheet_name, columns, kind, first_tee):
     book = Book()
     last = len(columns)
-    sheet = Template(book, "Δεδομένα", columns, LANDSCAPE)
+    sheet = Template(book, sheet_name, columns, LANDSCAPE)
     sheet.put_top("ΥΠΟΛΟΓΙΣΜΟΣ ΣΩΛΗΝΩΝ – ΔΕΔΟΜΕΝΑ")
     sheet.put(6, 1, kind, Look(bold=True, below=THIN_RULE), 5)
     sheet.put(6, 6, "", TEXT.but(below=THIN_RULE), last)
@@ -352,11 +352,11 @@ def data(columns, kind, first_tee):
 
 
 def closed_data():
-    return data(CLOSED_DATA, "ΚΛΕΙΣΤΟ ΣΥΣΤΗΜΑ ΣΩΛΗΝΩΝ", first_tee=11)
+    return data("Δεδομένα κλειστού", CLOSED_DATA, "ΚΛΕΙΣΤΟ ΣΥΣΤΗΜΑ ΣΩΛΗΝΩΝ", first_tee=11)
 
 
 def open_data():
-    return data(OPEN_DATA, "ΑΝΟΙΚΤΟ ΣΥΣΤΗΜΑ ΣΩΛΗΝΩΝ", first_tee=12)
+    return data("Δεδομένα ανοικτού", OPEN_DATA, "ΑΝΟΙΚΤΟ ΣΥΣΤΗΜΑ ΣΩΛΗΝΩΝ", first_tee=12)
 
 
 def quantities():

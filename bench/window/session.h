@@ -216,11 +216,8 @@ inline void Note(benchmark::State& state, const QElapsedTimer& watch, int pauses
 }
 
 inline void RepeatTen(benchmark::internal::Benchmark* benchmark) {
-  benchmark->Unit(benchmark::kMillisecond)
-      ->UseManualTime()
-      ->Iterations(1)
-      ->Repetitions(10)
-      ->DisplayAggregatesOnly(true);
+  ShowLeast(
+      benchmark->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(1)->Repetitions(10));
 }
 
 // The time of one run of many in a window; the counter is the least of them, as where nobody else

@@ -30,10 +30,14 @@ std::string WholeName(const Desk& desk, const ClientText& client) {
 
 Result<std::string> DesignerName(const Desk& desk) {
   if (!desk.screens.CurrentDesigner.empty()) return desk.screens.CurrentDesigner;
+  auto name = StudysDesigner(desk);
+  return name && name->empty() ? desk.options.designer : name;
+}
+
+Result<std::string> StudysDesigner(const Desk& desk) {
   const auto rows = desk.bench.workspace.Rows().ReadAll();
   if (!rows) return rows.error();
   const ClientText client = rows->empty() ? ClientText() : rows->front().Client;
-  if (client.Trimmed().empty()) return desk.options.designer;
   return client.Trimmed().size() < kLeastCut ? client.Utf8() : WholeName(desk, client);
 }
 

@@ -66,6 +66,12 @@ void FrmCLient::ShowCurrent() {
   if (!name) TellError(bench, name.error());
   current_ = name ? *name : std::string();
   SSPanel1.text = current_.empty() ? "—" : current_;
+  const auto of_study = StudysDesigner(desk);
+  LblStudy.visible = of_study && !of_study->empty() && *of_study != current_;
+  LblStudy.text =
+      LblStudy.visible
+          ? "Έως το κλείσιμο του Προγράμματος · η Μελέτη κρατά το Όνομα < " + *of_study + " >"
+          : "";
 }
 
 void FrmCLient::ShowList(int selected) {

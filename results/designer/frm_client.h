@@ -17,6 +17,7 @@ class FrmCLient : public Form {
   bool MayClose() override;
 
   Label SSPanel1{*this, "SSPanel1"};  ///< the name that goes on paper now
+  Label LblStudy{*this, "LblStudy"};  ///< the name that the study keeps, where that is another
   Command Cmd_Copy;
   List Lst_Names{*this, "Lst_Names"};
   Command Cmd_New;

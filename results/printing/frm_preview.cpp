@@ -179,7 +179,7 @@ void FrmPreview::KeepPdf() {
   if (facts_.pdf.empty()) {
     const auto named = AskForReportName(desk, facts_.title, {"PDF (*.PDF)"});
     if (!named) return;
-    source.file = PathFromText(ReportName(*named, kPdfExtension));
+    source.file = PathFromText(ReportName(*named, facts_.suffix));
   }
   TakeEnd(SavePdf(desk, source));
 }

@@ -152,7 +152,8 @@ void FrmPRNR1::ChooseFileName() {
 
 // The name has its field only while a workbook is to be made.
 void FrmPRNR1::SavePdf() {
-  const auto name = TxtFile.visible ? std::optional(TxtFile.text) : ReportNameOfStudy(desk);
+  const auto name = TxtFile.visible ? std::optional(TxtFile.text)
+                                    : ReportNameOfStudy(desk, Order(ReportMode::kPdf));
   if (name) MakeReportFile(desk, Order(ReportMode::kPdf), *name);
 }
 
@@ -174,6 +175,7 @@ void FrmPRNR1::Print() {
 }
 
 void FrmPRNR1::PrintPages() {
+  if (printers.MakesPdfInstead(desk)) return SavePdf();
   const auto chosen = printers.Choose(desk, Copies());
   if (!chosen) return;
   ReportOrder order = Order(ReportMode::kPrint);

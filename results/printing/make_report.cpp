@@ -12,6 +12,7 @@
 namespace kalvo {
 namespace {
 
+constexpr const char* kUnnamedStudy = "Μελέτη";
 constexpr const char* kMakesWorkbook =
     "... Παρακαλώ, Περιμένετε ... Δημιουργείται Αρχείο < Microsoft Excel > ...";
 
@@ -46,7 +47,8 @@ PreviewFacts FactsOf(const Desk& desk, const ReportOrder& order, const ReportCho
       .client = order.designer,
       .name = PathFromText(ReportName(name, choice.table->suffix)).filename().string(),
       .note = quantities ? std::string() : SectionsText(study.SectionCount),
-      .pdf = PathFromText(ReportName(name, PdfSuffix(choice.table->suffix)))};
+      .pdf = PathFromText(ReportName(name, PdfSuffix(choice.table->suffix))),
+      .suffix = PdfSuffix(choice.table->suffix)};
   return facts;
 }
 
@@ -88,10 +90,15 @@ bool MakeReportFile(Desk& desk, ReportOrder order, std::string_view name) {
   return true;
 }
 
-std::optional<std::string> ReportNameOfStudy(Desk& desk) {
+std::optional<std::string> ReportNameOfStudy(Desk& desk, const ReportOrder& order) {
   const std::string base = ReportBaseName(desk.bench.study);
-  return base.empty() ? AskForReportName(desk, {}, {"Excel_Like Files (*.XLS)", "PDF (*.PDF)"})
-                      : base;
+  if (!base.empty()) return base;
+  const std::string suffix =
+      ChooseReport(order.code, order.kind, desk.bench.study.system_kind).Suffix();
+  const bool pdf =
+      order.code == CodeOf(ReportMode::kPdf) || order.code == QuantitiesCodeOf(ReportMode::kPdf);
+  return AskForReportName(desk, ReportName(kUnnamedStudy, suffix),
+                          {pdf ? "PDF (*.PDF)" : "Excel_Like Files (*.XLS)"});
 }
 
 std::optional<std::string> AskForReportName(Desk& desk, std::string_view proposed,

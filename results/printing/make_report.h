@@ -19,7 +19,7 @@ bool MakeReportFile(Desk& desk, ReportOrder order, std::string_view name);
 
 /// What a report's file is called where the form has no field for it: as the study, or what the
 /// user chooses for a study that has no name. Nothing: none was chosen.
-std::optional<std::string> ReportNameOfStudy(Desk& desk);
+std::optional<std::string> ReportNameOfStudy(Desk& desk, const ReportOrder& order);
 
 /// Has the user choose a file in the desktop's dialogue. Nothing: none was chosen.
 std::optional<std::string> AskForReportName(Desk& desk, std::string_view proposed,

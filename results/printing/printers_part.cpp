@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "form/print_pdf.h"
 #include "results/printing/printer_list.h"
 
 namespace kalvo {
@@ -35,12 +36,13 @@ std::string PrintersPart::Description(const Desk& desk) const {
   return row ? row->description.Utf8() : "";
 }
 
+bool PrintersPart::MakesPdfInstead(Desk& desk) const {
+  return printers_.empty() && AskForPdfInstead(desk.bench) == Answer::kYes;
+}
+
 std::optional<PrintOrder> PrintersPart::Choose(Desk& desk, int copies) const {
   const KnownPrinter* printer = Chosen();
-  if (printer == nullptr) {
-    desk.bench.Ask({" !!... ΠΡΟΣΟΧΗ ...!! ", {kNoPrinter}, box_style::kExclamation});
-    return std::nullopt;
-  }
+  if (printer == nullptr) return std::nullopt;
   return desk.printer.ChooseFrom({printer->name, copies});
 }
 

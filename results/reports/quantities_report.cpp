@@ -42,13 +42,13 @@ constexpr LineColumn kColumns[] = {
 const ReportTable kQuantitiesReport{
     .template_file = "KALV_PR.xls",
     .suffix = "_PROM.XLS",
+    .sheet = "Sheet1",
     .page = {.height = 59, .lines = 39, .first_line = 19},
     .head = kHead,
     .columns = kColumns,
     .line_count = SizeLines,
     .line_noun = "Διάμετρος",
     .lines_noun = "Διαμέτρων",
-    .sheet = "Sheet1",
     .page_sheet = "Sheet2",
     .gap_height = 7,
 };

@@ -76,8 +76,12 @@ int PageCount(const PageShape& page, std::size_t lines) {
 
 Outcome FillReport(OpenWorkbook& workbook, const ReportTable& table, const ReportSource& source,
                    const ReportProgress& progress) {
-  const auto sheet = table.sheet == nullptr ? 0 : SheetOf(workbook, table, table.sheet);
+  const auto sheet = SheetOf(workbook, table, table.sheet);
   if (!sheet) return sheet.error();
+  if (*sheet != 0) {
+    return FileError{table.template_file,
+                     "Το φύλλο < " + std::string(table.sheet) + " > πρέπει να είναι το πρώτο"};
+  }
   const auto page_sheet =
       table.page_sheet == nullptr ? sheet : SheetOf(workbook, table, table.page_sheet);
   if (!page_sheet) return page_sheet.error();

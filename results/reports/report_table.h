@@ -56,13 +56,13 @@ struct PageShape {
 struct ReportTable {
   const char* template_file;
   const char* suffix;  ///< of the names of its workbooks
+  const char* sheet;   ///< that is filled, the template's first; its name tells the templates apart
   PageShape page;
   std::span<const HeadCell> head;
   std::span<const LineColumn> columns;
   std::size_t (*line_count)(const ReportSource&);
   const char* line_noun;  ///< "Τμήμα", and of many: "Τμημάτων"
   const char* lines_noun;
-  const char* sheet = nullptr;       ///< that is filled; none: the first of the template
   const char* page_sheet = nullptr;  ///< the page further ones are copied from; none: the same
   double gap_height = 0;             ///< points, of the row before a new page; 0: as it is
 };

@@ -12,6 +12,9 @@ namespace kalvo {
 namespace {
 
 constexpr const char* kNotPossible = "Η ΕΚΤΥΠΩΣΗ - μέσω του Microsoft Excel - ΔΕΝ ΕΙΝΑΙ ΔΥΝΑΤΗ";
+// A start puts in what is missing, and replaces nothing.
+constexpr const char* kRemedy =
+    "Διαγράψτε το Αρχείο αυτό και ξεκινήστε πάλι το Πρόγραμμα : θα μπει ξανά στη θέση του";
 constexpr const char* kTemplatePassword = "(*40731862*)";
 
 // One report from the order to its end; every step gives kMade when the next one may follow, and
@@ -32,13 +35,14 @@ class ReportRun {
       if (const ReportEnd end = (this->*step)(); end != ReportEnd::kMade) return end;
     }
     const auto workbook = application.Open(template_, kTemplatePassword);
-    if (!workbook) return Tell(ReportEnd::kUnreadable, workbook.error().Line());
+    if (!workbook) return Tell(ReportEnd::kUnreadable, {workbook.error().Line(), kRemedy});
     OpenWorkbook& open = **workbook;
     if (Outcome filled = FillReport(open, *choice_.table, source_, progress); !filled) {
-      return Tell(ReportEnd::kUnreadable, FileError{template_, filled.error().reason}.Line());
+      return Tell(ReportEnd::kUnreadable,
+                  {FileError{template_, filled.error().reason}.Line(), kRemedy});
     }
     if (Outcome ended = End(open); !ended)
-      return Tell(ReportEnd::kUnwritable, ended.error().Line());
+      return Tell(ReportEnd::kUnwritable, {ended.error().Line()});
     return cancelled_ ? ReportEnd::kCancelled : ReportEnd::kMade;
   }
 
@@ -47,16 +51,20 @@ class ReportRun {
     return choice_.mode == ReportMode::kSave || choice_.mode == ReportMode::kPdf;
   }
 
-  ReportEnd Tell(ReportEnd end, const std::string& reason) {
-    bench_.Ask({kNotPossible, {reason}, box_style::kExclamation});
+  ReportEnd Tell(ReportEnd end, std::vector<std::string> lines) {
+    bench_.Ask({kNotPossible, std::move(lines), box_style::kExclamation});
     return end;
   }
 
   ReportEnd FindTemplate() {
     const auto name = FindIgnoringCase(bench_.workspace.outer_disk(), order_.template_folder,
                                        choice_.table->template_file);
-    if (!name) return Tell(ReportEnd::kUnreadable, name.error().Line());
-    if (!*name) return Tell(ReportEnd::kUnreadable, "... Λείπει κάποιο βασικό Αρχείο ...");
+    if (!name) return Tell(ReportEnd::kUnreadable, {name.error().Line()});
+    if (!*name) {
+      return Tell(ReportEnd::kUnreadable,
+                  {"... Λείπει κάποιο βασικό Αρχείο ...",
+                   "< " + std::string(choice_.table->template_file) + " >"});
+    }
     template_ = order_.template_folder / **name;
     return ReportEnd::kMade;
   }
@@ -76,7 +84,7 @@ class ReportRun {
 
   ReportEnd ReadRows() {
     auto rows = bench_.workspace.Rows(order_.rows).ReadAll();
-    if (!rows) return Tell(ReportEnd::kUnreadable, rows.error().Line());
+    if (!rows) return Tell(ReportEnd::kUnreadable, {rows.error().Line()});
     if (rows->empty()) {
       bench_.Show(message::kNoData);
       return ReportEnd::kRefused;
@@ -90,15 +98,15 @@ class ReportRun {
 
   ReportEnd ReadPipe() {
     const auto pipes = ReadPipeSystem(bench_.workspace, bench_.study.pipe_system_number);
-    if (!pipes) return Tell(ReportEnd::kUnreadable, pipes.error().Line());
+    if (!pipes) return Tell(ReportEnd::kUnreadable, {pipes.error().Line()});
     source_.pipe = pipes->front();
     return ReportEnd::kMade;
   }
 
   ReportEnd ReadSizes() {
     auto quantities = ReadQuantities(bench_.workspace, bench_.study, order_.rows);
-    if (!quantities) return Tell(ReportEnd::kUnreadable, quantities.error().Line());
-    if (quantities->lines.empty()) return Tell(ReportEnd::kRefused, kNoQuantities);
+    if (!quantities) return Tell(ReportEnd::kUnreadable, {quantities.error().Line()});
+    if (quantities->lines.empty()) return Tell(ReportEnd::kRefused, {kNoQuantities});
     source_.pipe = quantities->pipes.front();
     source_.sizes = std::move(quantities->lines);
     return ReportEnd::kMade;

@@ -130,6 +130,7 @@ constexpr PageShape kDataPage{.height = 39, .lines = 20, .first_line = 18};
 const ReportTable kResultsReport{
     .template_file = "KALV_RS.xls",
     .suffix = "_RCO.XLS",
+    .sheet = "Αποτελέσματα",
     .page = kResultsPage,
     .head = kResultsHead,
     .columns = kResultsColumns,
@@ -141,6 +142,7 @@ const ReportTable kResultsReport{
 const ReportTable kClosedDataReport{
     .template_file = "KALV_CD.xls",
     .suffix = "_DC.XLS",
+    .sheet = "Δεδομένα κλειστού",
     .page = kDataPage,
     .head = kDataHead<16>,
     .columns = kClosedColumns,
@@ -152,6 +154,7 @@ const ReportTable kClosedDataReport{
 const ReportTable kOpenDataReport{
     .template_file = "KALV_OD.xls",
     .suffix = "_DO.XLS",
+    .sheet = "Δεδομένα ανοικτού",
     .page = kDataPage,
     .head = kDataHead<17>,
     .columns = kOpenColumns,

@@ -1,10 +1,13 @@
 #include <gtest/gtest.h>
 
+#include <QCheckBox>
 #include <QDir>
 #include <QFile>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTest>
 #include <QTimer>
 
@@ -12,6 +15,7 @@
 #include "desktop/print_service.h"
 #include "desktop/qt_printer.h"
 #include "entry/sheet/frm_data_sheet.h"
+#include "tests/desktop/calculated_desk.h"
 #include "tests/desktop/pictures.h"
 #include "tests/desktop/print_service_script.h"
 #include "tests/desktop/shown_desk.h"
@@ -107,6 +111,22 @@ TEST(Printing, TellsWhatAPrinterThatIsGoneSaysAndCanBeCancelled) {
   Canceller user;
   const auto printed = HandToPrintService({}, "%PDF", "notice");
   EXPECT_TRUE(printed.ok() && !*printed);
+}
+
+TEST(Printing, TheFormKeepsItsWidthUnderALongNameOfAFile) {
+  CalculatedDesk desk(KALVO_SAMPLES_DIR "/house.PCA");
+  desk.desk.screens.RouteExcel = true;
+  desk.desk.data_folder = KALVO_SAMPLES_DIR;
+  QWidget& window = desk.Open(screen::kPrint, {740, 672});
+  window.findChild<QCheckBox*>("Chk_XL")->click();
+  window.findChild<QLineEdit*>("TxtFile")->setFocus();
+  QTest::keyClicks(window.findChild<QLineEdit*>("TxtFile"), QString(204, 'n'));
+  QApplication::processEvents();
+  const auto& target = *window.findChild<QLabel*>("LblTarget");
+  EXPECT_TRUE(target.text().contains(QString(204, 'n')));
+  EXPECT_GT(target.height(), 3 * target.fontMetrics().height()) << "it takes the lines it needs";
+  EXPECT_EQ(window.findChild<QScrollArea*>("body")->horizontalScrollBar()->maximum(), 0);
+  KeepPicture(window, "FrmPRNR1-long");
 }
 
 TEST(Printing, WithoutPrintersThereIsNothingToChoose) {

@@ -167,6 +167,17 @@ TEST_F(DesignersForm, ChoosesANameForThisRunAndTheNext) {
   EXPECT_EQ(TakeLog(), kFormCloses);
 }
 
+TEST_F(DesignersForm, SaysWhenTheStudyKeepsAnotherName) {
+  PutClient("Γεώργιος");
+  PutList({{"Γεώργιος", "Δεύτερος"}, ""});
+  form.Load();
+  EXPECT_FALSE(form.LblStudy.visible);
+  desk.screens.CurrentDesigner = "Δεύτερος";
+  form.Load();
+  EXPECT_TRUE(form.LblStudy.visible);
+  EXPECT_NE(form.LblStudy.text.find("< Γεώργιος >"), std::string::npos);
+}
+
 TEST_F(DesignersForm, LimitsTheNameOnlyWhereTheProgramPrints) {
   const std::string fits(50, 'a');
   const std::string too_long(51, 'b');

@@ -70,8 +70,13 @@ TEST_F(Printing, StaysOpenWhenThePrintersDialogueIsCancelledOrThereIsNone) {
   printer.known.clear();
   In(ReportKind::kResults, true, [this](FrmPRNR1& form) {
     EXPECT_EQ(form.printers.Cbo_Printers.entries.front(), "Δεν υπάρχει εκτυπωτής");
+    test.prompter.Expect("Εκτύπωση", Answer::kNo);
     Click(form, form.CmdOK);
-    EXPECT_EQ(LastBox(), "Δεν υπάρχει εκτυπωτής");
+    EXPECT_TRUE(application.log.empty());
+    test.prompter.Expect("Εκτύπωση", Answer::kYes);
+    test.prompter.Expect("Εκτύπωση", Answer::kNo);
+    Click(form, form.CmdOK);
+    EXPECT_TRUE(application.Was("pdf /studies/ASCII/hotel_RCO.PDF")) << "the user's other choice";
     Click(form, form.CmdPreview);
   });
   EXPECT_TRUE(application.Was("preview"));

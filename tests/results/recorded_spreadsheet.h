@@ -15,7 +15,11 @@ namespace kalvo {
 /// of `sheets` and no cell yet.
 class RecordedSpreadsheet : public SpreadsheetApplication {
  public:
-  std::vector<std::string> sheets = {"Sheet1", "Sheet2"};
+  std::map<std::string, int, std::less<>> sheets = {{"Αποτελέσματα", 0},
+                                                    {"Δεδομένα κλειστού", 0},
+                                                    {"Δεδομένα ανοικτού", 0},
+                                                    {"Sheet1", 0},
+                                                    {"Sheet2", 1}};
   std::optional<FileError> refuses_to_open;
   bool cancels = false;                     ///< the user, while pages go to the printer
   std::optional<FileError> refuses_to_end;  ///< to save, print or preview
@@ -61,9 +65,8 @@ class RecordedSpreadsheet : public SpreadsheetApplication {
     ~Workbook() override { all_.log.emplace_back("quit"); }
 
     [[nodiscard]] std::optional<int> FindSheet(std::string_view name) const override {
-      const auto found = std::ranges::find(all_.sheets, name);
-      if (found == all_.sheets.end()) return std::nullopt;
-      return static_cast<int>(found - all_.sheets.begin());
+      const auto found = all_.sheets.find(name);
+      return found == all_.sheets.end() ? std::nullopt : std::optional(found->second);
     }
     void PutText(int sheet, int row, int column, std::string_view text) override {
       Put({sheet, row, column}, text.empty() ? "''" : std::string(text));

@@ -77,6 +77,8 @@ TEST(ReportTargets, AreInTheExportFolderUnlessTheNameHasAFolder) {
 struct Reports : ReportDesk, ::testing::Test {
   Reports() { order.target = {"/studies/ASCII/hotel_RCO.XLS", true}; }
 
+  static constexpr const char* kRemedy =
+      "Διαγράψτε το Αρχείο αυτό και ξεκινήστε πάλι το Πρόγραμμα : θα μπει ξανά στη θέση του";
   static constexpr const char* kNotPossible =
       "Η ΕΚΤΥΠΩΣΗ - μέσω του Microsoft Excel - ΔΕΝ ΕΙΝΑΙ ΔΥΝΑΤΗ";
 };
@@ -118,26 +120,30 @@ TEST_F(Reports, AreNotMadeWithoutTheirTemplate) {
   EXPECT_FALSE(Preview(ReportKind::kResults));
   const Box& box = test.prompter.boxes().back();
   EXPECT_EQ(box.title, kNotPossible);
-  EXPECT_EQ(Joined(box.lines), "... Λείπει κάποιο βασικό Αρχείο ...");
+  EXPECT_EQ(Joined(box.lines), "... Λείπει κάποιο βασικό Αρχείο ...|< KALV_RS.xls >");
   EXPECT_EQ(box.style, box_style::kExclamation);
   EXPECT_TRUE(application.log.empty());
   order.template_folder = "/gone";
   EXPECT_FALSE(PreviewQuantities());
-  EXPECT_EQ(LastBox(), "... Λείπει κάποιο βασικό Αρχείο ...");
+  EXPECT_EQ(LastBox(), "... Λείπει κάποιο βασικό Αρχείο ...|< KALV_PR.xls >");
 }
 
 TEST_F(Reports, TellWhatIsTheMatterWithTheirTemplate) {
   application.refuses_to_open = FileError{"/program/KALV_RS.xls", "Δεν είναι βιβλίο εργασίας"};
   EXPECT_FALSE(Preview(ReportKind::kResults));
-  EXPECT_EQ(LastBox(), "Δεν είναι βιβλίο εργασίας : /program/KALV_RS.xls");
+  EXPECT_EQ(LastBox(), "Δεν είναι βιβλίο εργασίας : /program/KALV_RS.xls|" + std::string(kRemedy));
   EXPECT_FALSE(application.Was("quit")) << "nothing was open";
 
   application.refuses_to_open.reset();
-  for (const Told& sheets : {Told{"Sheet1"}, Told{"Sheet2"}}) {
+  const std::string file = " : /program/kalv_pr.XLS|" + std::string(kRemedy);
+  using Sheets = decltype(application.sheets);
+  for (const auto& [sheets, reason] :
+       {std::pair{Sheets{{"Sheet1", 0}}, "Λείπει το φύλλο < Sheet2 >"},
+        {Sheets{{"Αποτελέσματα", 0}}, "Λείπει το φύλλο < Sheet1 >"},
+        {Sheets{{"Sheet1", 1}, {"Sheet2", 0}}, "Το φύλλο < Sheet1 > πρέπει να είναι το πρώτο"}}) {
     application.sheets = sheets;
     EXPECT_FALSE(PreviewQuantities());
-    const std::string missing = sheets.front() == "Sheet1" ? "Sheet2" : "Sheet1";
-    EXPECT_EQ(LastBox(), "Λείπει το φύλλο < " + missing + " > : /program/kalv_pr.XLS");
+    EXPECT_EQ(LastBox(), reason + file);
     EXPECT_EQ(application.log, (Told{"open /program/kalv_pr.XLS (*40731862*)", "quit"}));
   }
   EXPECT_EQ(test.prompter.boxes().back().title, kNotPossible);

@@ -3,6 +3,7 @@
 Rows and columns count from 1.
 """
 
+import struct
 from dataclasses import dataclass
 
 WHOLE = "0"
@@ -18,8 +19,9 @@ def dashed(pattern):
 
 
 def single(number):
-    """A stored number of 32 bits as it is written down, with 7 digits."""
-    return float(f"{number:.7g}")
+    """A number of 32 bits as it is written down, with 7 digits."""
+    (stored_number,) = struct.unpack("<f", struct.pack("<f", number))
+    return float(f"{stored_number:.7g}")
 
 
 @dataclass(frozen=True)

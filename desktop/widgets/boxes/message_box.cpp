@@ -14,6 +14,7 @@
 #include "desktop/icons.h"
 #include "desktop/theme.h"
 #include "desktop/widgets/buttons/hint_button.h"
+#include "desktop/widgets/labels/long_words.h"
 #include "form/key.h"
 #include "shell/message_style.h"
 
@@ -63,10 +64,10 @@ QPixmap IconDisc(BoxIcon icon, double ratio) {
   return disc;
 }
 
-// A chain of sections has no blank to break at.
+// A chain of sections has no blank to break at, nor has a long name of a file.
 QString Breakable(QString text) {
   static const QRegularExpression link("(?<=\\d)-(?=\\d)");
-  return text.replace(link, QStringLiteral("-\u200B"));
+  return WithBreaks(text.replace(link, QStringLiteral("-\u200B")));
 }
 
 // The blanks around a line centred it once; empty lines at the ends only kept it off the edges.

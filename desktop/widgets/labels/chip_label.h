@@ -15,12 +15,14 @@ class ChipLabel : public QLabel {
   using QLabel::QLabel;
 
   [[nodiscard]] QSize sizeHint() const override;
-  [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+  [[nodiscard]] QSize minimumSizeHint() const override;
+  [[nodiscard]] int heightForWidth(int width) const override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  [[nodiscard]] int Flags() const;
   void DrawAside(QPainter& painter, const QRect& area) const;
 
   QString icon_name_;
