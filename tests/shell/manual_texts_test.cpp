@@ -12,7 +12,10 @@
 
 #include "entry/emitters/frm_soma.h"
 #include "entry/emitters/frm_ypodo.h"
+#include "entry/general/frm_cur_fl.h"
+#include "entry/general/frm_err.h"
 #include "entry/general/frm_gen_data.h"
+#include "entry/general/frm_liquid.h"
 #include "entry/section_form/frm_data.h"
 #include "entry/sheet/frm_data_sheet.h"
 #include "entry/sheet/frm_dt_sheet_help.h"
@@ -30,8 +33,18 @@
 #include "results/printing/frm_preview.h"
 #include "results/printing/frm_prnr1.h"
 #include "results/printing/frm_xl_or_not.h"
+#include "shell/frm_editor.h"
+#include "shell/frm_error.h"
+#include "shell/frm_ff.h"
+#include "shell/frm_file_os.h"
 #include "shell/frm_kind.h"
 #include "shell/frm_main.h"
+#include "shell/frm_old_study.h"
+#include "shell/frm_open_save.h"
+#include "shell/frm_rec_files.h"
+#include "shell/frm_safety.h"
+#include "shell/frm_title.h"
+#include "shell/message_table.h"
 #include "study/letter_case.h"
 #include "tests/support/markdown.h"
 #include "tests/support/test_desk.h"
@@ -63,7 +76,7 @@ void Replace(std::string& text, std::string_view what, std::string_view by) {
 // of a literal joined, letters for Alt without their mark.
 std::string ProgramTexts() {
   std::string texts;
-  for (const char* floor : {"study", "form", "entry", "results", "shell", "desktop"}) {
+  for (const char* floor : {"study", "engine", "form", "entry", "results", "shell", "desktop"}) {
     for (const auto& entry : fs::recursive_directory_iterator(kRoot / floor)) {
       const std::string end = entry.path().extension().string();
       if (end != ".cpp" && end != ".h" && end != ".ui") continue;
@@ -126,7 +139,21 @@ std::map<std::string, FormFactory> Screens() {
           {"Password των μελετητών", &MakeForm<FrmCLPass>},
           {"Προεπισκόπηση", &MakeForm<FrmPreview>},
           {"Επιλογή εκτύπωσης", &MakeForm<FrmXLorNOT>},
-          {"Εκτύπωση δεδομένων και αποτελεσμάτων", &MakeForm<FrmPRNR1>}};
+          {"Εκτύπωση δεδομένων και αποτελεσμάτων", &MakeForm<FrmPRNR1>},
+          {"Κατάλογος μελετών", &MakeForm<FrmOpenSave>},
+          {"Το παράθυρο των αρχείων", &MakeForm<FrmFileOS>},
+          {"Πρόσφατα αρχεία", &MakeForm<FrmRecFiles_S>},
+          {"Ο φάκελος των μελετών", &MakeForm<FrmFF>},
+          {"Ημιτελής παλαιά μελέτη", &MakeForm<FrmOldStudy>},
+          {"Αντίγραφα ασφαλείας", &MakeForm<FrmSafety>},
+          {"Τα υγρά", &MakeForm<FrmLiquid>},
+          {"Προβολή κειμένων", &MakeForm<FrmEditor>},
+          {"Τιμές που λείπουν", &MakeForm<FrmERR>}};
+}
+
+// Screens that only other chapters tell of.
+std::vector<FormFactory> FurtherScreens() {
+  return {&MakeForm<FrmTitle>, &MakeForm<FrmCurFL>, &MakeForm<FrmError>};
 }
 
 // As it is at first; the main menu names its commands when it is loaded.
@@ -141,10 +168,15 @@ std::unique_ptr<Form> FormOf(const std::string& heading, Desk& desk) {
 
 bool AnyHasCommand(const std::string& caption, const std::string& key) {
   const auto screens = Screens();
-  return std::ranges::any_of(screens, [&](const auto& screen) {
-    TestDesk user;
-    return HasCommand(*FormOf(screen.first, user.desk), caption, key);
-  });
+  const auto further = FurtherScreens();
+  TestDesk user;
+  return std::ranges::any_of(screens,
+                             [&](const auto& screen) {
+                               return HasCommand(*FormOf(screen.first, user.desk), caption, key);
+                             }) ||
+         std::ranges::any_of(further, [&](const FormFactory make) {
+           return HasCommand(*make(user.desk), caption, key);
+         });
 }
 
 TEST(ManualTexts, LinksAndPicturesAreThere) {
@@ -196,6 +228,29 @@ TEST(ManualTexts, AKeyBesideACaptionRunsIt) {
       const std::string key = pieces[i].substr(0, pieces[i].find('`'));
       EXPECT_TRUE(AnyHasCommand(caption, key)) << name << ": " << caption << " " << key;
     }
+  }
+}
+
+// "| **Υπολογισμοί** | `F9` | ... |"
+TEST(ManualTexts, AKeyInTheCellAfterACaptionRunsIt) {
+  int found = 0;
+  for (const auto& [name, chapter] : AllChapters()) {
+    for (const auto& cells : chapter.Lines()) {
+      const bool both = cells.size() > 2 && cells[0].starts_with("**") && cells[1].starts_with('`');
+      if (!both) continue;
+      ++found;
+      const std::string caption = Markdown{cells[0]}.Between("**").front();
+      const std::string key = Markdown{cells[1]}.Between("`").front();
+      EXPECT_TRUE(AnyHasCommand(caption, key)) << name << ": " << caption << " " << key;
+    }
+  }
+  EXPECT_GT(found, 0);
+}
+
+TEST(ManualTexts, EachNumberedMessageHasItsHeading) {
+  const auto anchors = AllChapters().at("15-messages.md").Anchors();
+  for (const Message& message : MessageTable()) {
+    EXPECT_EQ(std::ranges::count(anchors, std::to_string(message.code)), 1) << message.code;
   }
 }
 
