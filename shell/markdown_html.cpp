@@ -13,6 +13,7 @@ namespace {
 
 constexpr std::string_view kPunctuation = "\\`*_{}[]()#+-.!|<>~";
 constexpr std::size_t kCodeIndent = 4;
+constexpr std::string_view kLineBreak = "  ";  // at the end of a line
 
 using MarkdownLines = std::span<const std::string>;
 
@@ -83,6 +84,9 @@ class InlineWriter {
     if (rest_.front() == '\\' && rest_.size() > 1 && kPunctuation.find(rest_[1]) != rest_.npos) {
       html_ += HtmlText(rest_.substr(1, 1));
       rest_.remove_prefix(2);
+    } else if (rest_.front() == '\n') {
+      html_ += "<br/>";
+      rest_.remove_prefix(1);
     } else if (!TakeCode() && !TakeMark("**", 'b') && !TakeMark("*", 'i') && !TakeTarget()) {
       html_ += HtmlText(rest_.substr(0, 1));
       rest_.remove_prefix(1);
@@ -313,7 +317,8 @@ class BlockWriter {
     std::string words;
     std::size_t at = 0;
     for (; at < lines.size() && !EndsParagraph(lines, at); ++at) {
-      words += (at == 0 ? "" : " ") + Trimmed(lines[at]);
+      const bool broken = at > 0 && lines[at - 1].ends_with(kLineBreak);
+      words += (at == 0 ? "" : broken ? "\n" : " ") + Trimmed(lines[at]);
     }
     const bool is_picture = words.starts_with("![") && words.find(')') == words.size() - 1;
     html += (is_picture ? "<p class=\"picture\">" : "<p>") + Inline(words) + "</p>";

@@ -20,7 +20,7 @@ constexpr int kRoomyColumns = 7;
 constexpr double kDenseLetters = 0.8;
 constexpr double kDensePadding = 2;
 constexpr double kHairline = 1;
-constexpr double kRoomUnderTable = 14;
+constexpr double kRoomUnderTable = 12;
 
 QString StyleOf(const ManualLook& look) {
   const Theme& theme = *look.theme;
@@ -109,7 +109,7 @@ void SetTable(QTextTable& table, const ManualLook& look) {
   format.setCellPadding(0);
   format.setHeaderRowCount(1);
   format.setTopMargin(6);
-  format.setBottomMargin(kRoomUnderTable);
+  format.setBottomMargin(0);  // heads are painted once more on a page that room alone reaches
   table.setFormat(format);
   for (int row = 0; row < table.rows(); ++row) {
     for (int column = 0; column < table.columns(); ++column) {
@@ -129,6 +129,10 @@ bool IsPicture(const QTextBlock& block) {
   return !first.atEnd() && first.fragment().charFormat().isImageFormat();
 }
 
+bool IsInTable(const QTextBlock& block) {
+  return block.isValid() && QTextCursor(block).currentTable() != nullptr;
+}
+
 // Lines a little apart read more easily; code and pictures keep their own.
 void SetLines(QTextDocument& document) {
   constexpr double kLineHeight = 118;
@@ -137,6 +141,9 @@ void SetLines(QTextDocument& document) {
     const bool code = format.nonBreakableLines();
     if (!code && !IsPicture(block))
       format.setLineHeight(kLineHeight, QTextBlockFormat::ProportionalHeight);
+    if (IsInTable(block.previous()) && !IsInTable(block)) {
+      format.setTopMargin(std::max(format.topMargin(), kRoomUnderTable));
+    }
     QTextCursor(block).setBlockFormat(format);
   }
 }

@@ -86,6 +86,7 @@ std::string Html(std::string_view markdown) {
 TEST(MarkdownHtml, WritesParagraphsWithTheirMarks) {
   EXPECT_EQ(Html("α **β *γ*** `F9 <` \\* a<b\nδ"),
             "<p>α <b>β <i>γ</i></b> <span class=\"key\">F9 &lt;</span> * a&lt;b δ</p>");
+  EXPECT_EQ(Html("> α  \n> β\n>\n> γ"), "<blockquote><p>α<br/>β</p><p>γ</p></blockquote>");
   EXPECT_EQ(Html("2 * 3 * 4 and 5*"), "<p>2 * 3 * 4 and 5*</p>");
   EXPECT_EQ(Html("[**α**](b.md#γ) [no] `a"), "<p><a href=\"b.md#γ\"><b>α</b></a> [no] `a</p>");
   EXPECT_EQ(Html("![όψη](../p/a.png)"), "<p class=\"picture\"><../p/a.png|όψη></p>");

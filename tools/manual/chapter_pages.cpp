@@ -20,18 +20,27 @@ constexpr int kMostPasses = 200;
 
 // Pictures are whole on paper: a printer has more dots than a screen.
 class PrintedDocument : public QTextDocument {
+ public:
+  explicit PrintedDocument(PictureStore& pictures) : pictures_(pictures) {}
+
  protected:
   QVariant loadResource(int type, const QUrl& name) override {
-    return type == ImageResource ? QVariant(ManualPicture(name.toString(), 0, 1)) : QVariant();
+    if (type != ImageResource) return {};
+    const QString file = name.toString();
+    QPixmap& picture = pictures_[file];
+    if (picture.isNull()) picture = QPixmap::fromImage(ManualPicture(file, 0, 1));
+    return picture;
   }
+
+ private:
+  PictureStore& pictures_;
 };
 
 int PageOf(double y) { return static_cast<int>(std::floor(y / kTextHeight)); }
 
 // Where the lines of a block count from, in the document.
 QPointF OriginOf(const QTextDocument& document, const QTextBlock& block) {
-  const QRectF area = document.documentLayout()->blockBoundingRect(block);
-  return area.topLeft() - block.layout()->boundingRect().topLeft();
+  return document.documentLayout()->blockBoundingRect(block).topLeft();
 }
 
 // The pages on which a block's first and last lines are.
@@ -59,7 +68,16 @@ bool HasPicture(const QTextBlock& block) {
   return false;
 }
 
-// Whether what begins with this block is torn: a heading from what follows, a picture from its
+// A heading, or a line that introduces a list, a table or a picture.
+bool LeadsOn(const QTextBlock& block) {
+  constexpr int kShort = 2;
+  if (!block.isValid() || TableOf(block) != nullptr || HasPicture(block)) return false;
+  const bool introduces =
+      block.text().endsWith(QLatin1Char(':')) && block.layout()->lineCount() <= kShort;
+  return IsHeading(block) || introduces;
+}
+
+// Whether what begins with this block is torn: what leads on from what follows, a picture from its
 // caption, a table's heads from its first row.
 bool IsTorn(const QTextDocument& document, const QTextBlock& block) {
   const BlockPages own = PagesOf(document, block);
@@ -70,21 +88,14 @@ bool IsTorn(const QTextDocument& document, const QTextBlock& block) {
     return PagesOf(document, first).first != own.first;
   }
   if (HasPicture(block)) return own.first != own.last;
-  if (!IsHeading(block)) return false;
+  if (!LeadsOn(block)) return false;
   const QTextBlock next = block.next();
   return next.isValid() && (PagesOf(document, next).first != own.first || IsTorn(document, next));
 }
 
-// The headings, and the line that introduces a table or a picture, go with it.
+// What leads on to a block goes with it.
 QTextBlock BeginningOf(QTextBlock block) {
-  const auto introduces = [](const QTextBlock& before) {
-    return before.isValid() && TableOf(before) == nullptr && !HasPicture(before) &&
-           before.layout()->lineCount() <= 2 && before.text().endsWith(QLatin1Char(':'));
-  };
-  // A block without words is between two tables.
-  while (block.previous().isValid() && block.previous().text().isEmpty()) block = block.previous();
-  if (introduces(block.previous())) block = block.previous();
-  while (block.previous().isValid() && IsHeading(block.previous())) block = block.previous();
+  while (LeadsOn(block.previous())) block = block.previous();
   return block;
 }
 
@@ -121,11 +132,12 @@ bool MendOne(QTextDocument& document) {
 
 }  // namespace
 
-ChapterPages::ChapterPages(const BookChapter& chapter, const std::filesystem::path& folder)
+ChapterPages::ChapterPages(const BookChapter& chapter, const std::filesystem::path& folder,
+                           PictureStore& pictures)
     : name_(chapter.name),
       title_(chapter.Title()),
       headings_(chapter.headings),
-      document_(std::make_unique<PrintedDocument>()) {
+      document_(std::make_unique<PrintedDocument>(pictures)) {
   document_->setUseDesignMetrics(true);
   document_->setDocumentMargin(0);
   SetManualText(*document_, chapter.text, folder,

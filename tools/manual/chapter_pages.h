@@ -1,8 +1,10 @@
 #pragma once
 
 #include <QPainter>
+#include <QPixmap>
 #include <QTextDocument>
 #include <filesystem>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -25,12 +27,16 @@ struct PlacedLink {
   std::string target;
 };
 
+/// Pictures by their files. One that several chapters show is in the PDF once.
+using PictureStore = std::map<QString, QPixmap>;
+
 /// A chapter set on pages of A4. No heading is alone at the foot of a page, no picture is parted
 /// from its caption, no table from its first row.
 class ChapterPages {
  public:
-  /// `folder` is where the names of pictures begin.
-  ChapterPages(const BookChapter& chapter, const std::filesystem::path& folder);
+  /// `folder` is where the names of pictures begin; they are kept in `pictures`.
+  ChapterPages(const BookChapter& chapter, const std::filesystem::path& folder,
+               PictureStore& pictures);
 
   [[nodiscard]] const std::string& name() const { return name_; }
   [[nodiscard]] const std::string& title() const { return title_; }

@@ -39,7 +39,7 @@ ManualPages::ManualPages(const ManualBook& book, const std::filesystem::path& fo
     : book_(book), version_(std::move(version)) {
   for (const BookChapter& chapter : book.chapters()) {
     if (chapter.name == kManualContents) continue;  // paper has its own
-    chapters_.push_back({ChapterPages(chapter, folder)});
+    chapters_.push_back({ChapterPages(chapter, folder, pictures_)});
     const auto headings = chapters_.back().pages.Headings();
     for (const PlacedHeading& placed : headings) {
       const int level = placed.heading.level;
@@ -212,6 +212,7 @@ std::string ManualPages::MakePdf() const {
   writer.setResolution(kDotsOfPdf);
   writer.setPageLayout(QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait, QMarginsF()));
   QPainter painter(&writer);
+  painter.setRenderHint(QPainter::LosslessImageRendering);  // letters stay sharp
   bool whole = painter.isActive();
   for (int page = 0; page < count(); ++page) {
     whole = whole && (page == 0 || writer.newPage());

@@ -50,6 +50,7 @@ class ManualPages {
 
   const ManualBook& book_;
   std::string version_;
+  PictureStore pictures_;
   std::vector<Placed> chapters_;
   std::vector<Line> lines_;
   int count_ = 0;
