@@ -4,6 +4,8 @@
 #include <string>
 #include <utility>
 
+#include "study/system_kind.h"
+
 namespace kalvo {
 
 namespace {

@@ -1,5 +1,6 @@
 #include "desktop/manual/manual_browser.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextDocument>
@@ -15,6 +16,7 @@ namespace {
 
 constexpr int kMargin = 24;
 constexpr int kWidestPicture = 860;
+constexpr int kRounding = 2;  // of the width that the text has
 constexpr int kResizeMs = 120;
 
 // The stretches of a text between blanks and signs.
@@ -41,7 +43,7 @@ ManualBrowser::ManualBrowser(QWidget* parent) : QTextBrowser(parent) {
 }
 
 int ManualBrowser::PictureRoom() const {
-  return std::min(viewport()->width() - 2 * kMargin, kWidestPicture);
+  return std::min(viewport()->width() - 2 * kMargin - kRounding, kWidestPicture);
 }
 
 void ManualBrowser::ShowText(const std::string& markdown, const std::filesystem::path& folder) {
@@ -52,6 +54,8 @@ void ManualBrowser::ShowText(const std::string& markdown, const std::filesystem:
 
 void ManualBrowser::SetText() {
   room_ = PictureRoom();
+  // With a device the layout would read every picture to scale its size by it.
+  document()->documentLayout()->setPaintDevice(nullptr);
   const bool dark = &ActiveTheme() == &kDarkTheme;
   SetManualText(*document(), markdown_, folder_,
                 {.theme = &ActiveTheme(), .widest_picture = std::max(room_, 1), .dark = dark});

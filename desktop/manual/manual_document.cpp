@@ -18,6 +18,7 @@ constexpr double kCellPadding = 5;
 // A table of more columns has smaller letters and less room around them.
 constexpr int kRoomyColumns = 7;
 constexpr double kDenseLetters = 0.8;
+constexpr double kDenseHeads = 0.66;
 constexpr double kDensePadding = 2;
 constexpr double kHairline = 1;
 constexpr double kRoomUnderTable = 12;
@@ -44,7 +45,7 @@ QString StyleOf(const ManualLook& look) {
          QStringLiteral(
              "pre { background-color: %1; font-family: 'Noto Sans Mono', 'DejaVu Sans "
              "Mono', monospace; font-size: %2pt; margin: 6px 0 12px 0; }")
-             .arg(theme.header.name(), points(0.92));
+             .arg(theme.header.name(), points(0.86));
 }
 
 // The picture's tag, with the size that it is shown in; one that is not there leaves its caption.
@@ -96,7 +97,7 @@ void SetCell(QTextTable& table, int row, int column, const ManualLook& look) {
   cell.setFormat(format);
   if (!dense) return;
   QTextCharFormat letters;
-  letters.setFontPointSize(look.body_points * kDenseLetters);
+  letters.setFontPointSize(look.body_points * (row == 0 ? kDenseHeads : kDenseLetters));
   QTextCursor text = cell.firstCursorPosition();
   text.setPosition(cell.lastCursorPosition().position(), QTextCursor::KeepAnchor);
   text.mergeCharFormat(letters);
@@ -133,6 +134,13 @@ bool IsInTable(const QTextBlock& block) {
   return block.isValid() && QTextCursor(block).currentTable() != nullptr;
 }
 
+// An empty block that no page shows ends a table.
+bool FollowsTable(const QTextBlock& block) {
+  QTextBlock before = block.previous();
+  if (before.isValid() && before.text().isEmpty()) before = before.previous();
+  return !IsInTable(block) && !block.text().isEmpty() && IsInTable(before);
+}
+
 // Lines a little apart read more easily; code and pictures keep their own.
 void SetLines(QTextDocument& document) {
   constexpr double kLineHeight = 118;
@@ -141,7 +149,7 @@ void SetLines(QTextDocument& document) {
     const bool code = format.nonBreakableLines();
     if (!code && !IsPicture(block))
       format.setLineHeight(kLineHeight, QTextBlockFormat::ProportionalHeight);
-    if (IsInTable(block.previous()) && !IsInTable(block)) {
+    if (FollowsTable(block)) {
       format.setTopMargin(std::max(format.topMargin(), kRoomUnderTable));
     }
     QTextCursor(block).setBlockFormat(format);
