@@ -3,7 +3,7 @@
 
 find_package(Qt6 6.4 REQUIRED COMPONENTS Widgets Svg Network PrintSupport)
 kalvo_floor(desktop DEPENDS platform
-            ALSO desktop/bindings desktop/pages desktop/tables desktop/widgets/* EXCLUDE main.cpp)
+            ALSO desktop/bindings desktop/manual desktop/pages desktop/tables desktop/widgets/* EXCLUDE main.cpp)
 target_link_libraries(kalvo_desktop PUBLIC Qt6::Widgets Qt6::Svg Qt6::Network Qt6::PrintSupport)
 target_compile_definitions(kalvo_desktop PUBLIC QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII
                            KALVO_VERSION="${PROJECT_VERSION}")

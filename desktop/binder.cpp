@@ -347,6 +347,10 @@ bool Binder::KeyPressed(QObject* watched, const QKeyEvent& event) {
     ShowPopup(window_.mapToGlobal(window_.rect().center()));
     return true;
   }
+  if (hooks_.show_help && AsksForHelp(key)) {
+    Do(hooks_.show_help);
+    return true;
+  }
   Binding* binding = BindingOf(focus);
   return IsCopy(event) && binding != nullptr && binding->Copy();
 }

@@ -24,6 +24,7 @@ class Binder : public QObject {
   struct Hooks {
     std::function<void()> paint_all;     ///< after an action, of whichever form
     std::function<void()> close_window;  ///< the form agreed to be closed
+    std::function<void()> show_help{};   ///< the manual at the window's chapter
   };
 
   Binder(Form& form, QWidget& window, Hooks hooks);

@@ -2,6 +2,8 @@
 
 #include "form/tell.h"
 #include "shell/data_folder.h"
+#include "shell/manual_chapters.h"
+#include "shell/manual_file.h"
 #include "shell/options.h"
 
 namespace kalvo {
@@ -40,6 +42,8 @@ Program::Program(const ProgramPlaces& places, Separators separators)
     if (shows) windows_.PaintAll();  // what the box tells of stands behind it
     windows_.HoldWait(shows);
   });
+  prompter_.OnHelp(
+      [this](QWidget& box, int number) { windows_.ShowManualFor(box, PlaceOfMessage(number)); });
 }
 
 void Program::RememberOptions() {
@@ -78,6 +82,9 @@ void Program::TellUnknownArgument() {
 bool Program::Prepare(const std::filesystem::path& installed) {
   desk_.options = remembered_ = ReadOptions(workspace_);
   if (!TellIfFailed(bench_, FillProgramFolder(disk_, places_.folder, installed))) return false;
+  desk_.installed_folder = installed;
+  // Who asks for the manual gets the reason why there is none.
+  static_cast<void>(DeliverManual(disk_, places_.folder, installed));
   const auto folder = EnsureDataFolder(workspace_);
   if (!folder) TellError(bench_, folder.error());
   desk_.data_folder = folder ? *folder : workspace_.Path(kStudiesFolder);

@@ -25,9 +25,11 @@ Answer QtPrompter::Ask(const Box& box) {
     sound_.Beep();
   }
   if (on_box_) on_box_(true);
-  const Answer answer = MessageBox::Show(box, QApplication::activeWindow());
+  MessageBox shown(box, QApplication::activeWindow());
+  if (on_help_) shown.OnHelp([&](QWidget& window) { on_help_(window, box.number); });
+  shown.exec();
   if (on_box_) on_box_(false);
-  return answer;
+  return shown.GivenAnswer();
 }
 
 }  // namespace kalvo

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QWidget>
 #include <functional>
 
 #include "form/sound.h"
@@ -19,11 +20,14 @@ class QtPrompter : public Prompter {
 
   /// Called with true before a box shows, with false when it has been answered.
   void OnBox(std::function<void(bool)> on_box) { on_box_ = std::move(on_box); }
+  /// Called when the user asks for help on a box, with its window and number (Box::number).
+  void OnHelp(std::function<void(QWidget&, int)> on_help) { on_help_ = std::move(on_help); }
 
  private:
   Sound& sound_;
   Separators separators_;
   std::function<void(bool)> on_box_;
+  std::function<void(QWidget&, int)> on_help_;
 };
 
 }  // namespace kalvo

@@ -23,6 +23,7 @@
 #include <ui_frm_kind.h>
 #include <ui_frm_liquid.h>
 #include <ui_frm_main.h>
+#include <ui_frm_manual.h>
 #include <ui_frm_old_study.h>
 #include <ui_frm_open_save.h>
 #include <ui_frm_preview.h>
@@ -75,6 +76,7 @@
 #include "shell/frm_file_os.h"
 #include "shell/frm_kind.h"
 #include "shell/frm_main.h"
+#include "shell/frm_manual.h"
 #include "shell/frm_old_study.h"
 #include "shell/frm_open_save.h"
 #include "shell/frm_rec_files.h"
@@ -131,6 +133,7 @@ constexpr Screen kScreens[] = {
     {screen::kRecent, &MakeForm<FrmRecFiles_S>, &SetUp<Ui::FrmRecFiles_S>},
     {screen::kSafetyCopies, &MakeForm<FrmSafety>, &SetUp<Ui::FrmSafety>},
     {screen::kDataFolder, &MakeForm<FrmFF>, &SetUp<Ui::FrmFF>},
+    {screen::kManual, &MakeForm<FrmManual>, &SetUp<Ui::FrmManual>},
 };
 
 }  // namespace

@@ -15,6 +15,7 @@
 #include "desktop/qt_text.h"
 #include "desktop/style_property.h"
 #include "desktop/window_pair.h"
+#include "shell/manual_chapters.h"
 
 namespace kalvo {
 namespace {
@@ -78,7 +79,9 @@ Windows::Windows(const QString& geometry) {
 Windows::~Windows() {
   for (const auto& open : open_) {
     Remember(*open->window);
+    open->window->removeEventFilter(this);  // what goes with this is told nothing more
   }
+  for (const auto& closed : closed_) closed->window->removeEventFilter(this);
 }
 
 Windows::Open* Windows::Find(std::string_view screen) const {
@@ -115,8 +118,39 @@ void Windows::ComeBack(std::string_view screen) {
   if (Open* open = Find(screen)) open->binder->Do([this, open] { Front(*open); });
 }
 
+void Windows::ShowManual(std::string_view screen) {
+  if (QWidget* asking = WindowOf(screen)) ShowManualFor(*asking, PlaceOfScreen(screen));
+}
+
+void Windows::ShowManualFor(QWidget& asking, ManualPlace place) {
+  desk_->questions.manual = std::move(place);
+  if (Open* shown = Find(screen::kManual); shown != nullptr) {
+    const bool asks_itself = &asking == shown->window.get();
+    if (asks_itself || manual_of_ == &asking) {
+      Front(*shown);
+      return;
+    }
+    Close(screen::kManual);
+  }
+  Open& open = OpenScreen(*Known(screen::kManual), false);
+  manual_of_ = &asking;
+  asking.installEventFilter(this);
+  open.window->winId();  // makes the handle
+  open.window->windowHandle()->setTransientParent(asking.windowHandle());
+  Front(open);
+}
+
+void Windows::CloseManualOf(const QObject* window) {
+  if (window != manual_of_.data()) return;
+  manual_of_.clear();
+  Close(screen::kManual);
+}
+
 // One file of this machine that is dragged over the main menu may be dropped there.
 bool Windows::eventFilter(QObject* watched, QEvent* event) {
+  // A window that is only minimized has not gone.
+  const bool gone = event->type() == QEvent::Hide && !event->spontaneous();
+  if (gone) CloseManualOf(watched);
   const auto dropped = [](const QDropEvent& drop) {
     const QList<QUrl> urls = drop.mimeData()->urls();
     return urls.size() == 1 ? urls.first().toLocalFile().toStdString() : std::string();
@@ -164,7 +198,8 @@ Windows::Open& Windows::OpenScreen(const Screen& screen, bool modal) {
     open.form->Load();
     open.binder = std::make_unique<Binder>(
         *open.form, *open.window,
-        Binder::Hooks{[this] { PaintAll(); }, [this, name = open.name] { Close(name); }});
+        Binder::Hooks{[this] { PaintAll(); }, [this, name = open.name] { Close(name); },
+                      [this, name = open.name] { ShowManual(name); }});
   } catch (...) {
     std::erase_if(open_, [&open](const auto& other) { return other.get() == &open; });
     throw;
@@ -226,12 +261,14 @@ void Windows::ShowModal(std::string_view screen) {
 }
 
 void Windows::Close(std::string_view screen) {
+  if (const QWidget* window = WindowOf(screen)) CloseManualOf(window);
   const auto found =
       std::ranges::find_if(open_, [screen](const auto& open) { return open->name == screen; });
   if (found == open_.end()) return;
   Remember(*(*found)->window);
   (*found)->window->hide();
   if ((*found)->waiting != nullptr) (*found)->waiting->quit();
+  if (screen == screen::kManual && manual_of_) manual_of_->activateWindow();
   if ((*found)->moved) (*found)->moved->move((*found)->moved_from);
   closed_.push_back(std::move(*found));
   open_.erase(found);

@@ -30,6 +30,7 @@ class Windows : public QObject, public Navigator {
 
   void Show(std::string_view screen) override;
   void ShowModal(std::string_view screen) override;
+  void ShowManual(std::string_view screen) override;
   void Close(std::string_view screen) override;
   void Hide(std::string_view screen) override;
   [[nodiscard]] bool IsOpen(std::string_view screen) const override;
@@ -37,6 +38,10 @@ class Windows : public QObject, public Navigator {
   void HideWait() override;
   void ShowProgress(std::string_view text, int done, int total) override;
   void EndProgram() override;
+
+  /// Shows the manual as a window of the one that asked: it stays in front of that, can be used
+  /// while it waits for an answer, and closes with it. There is one at a time.
+  void ShowManualFor(QWidget& asking, ManualPlace place);
 
   /// Form and window of an open screen, nullptr when it is not open.
   [[nodiscard]] Form* FormOf(std::string_view screen) const;
@@ -73,6 +78,7 @@ class Windows : public QObject, public Navigator {
   const Screen* Known(std::string_view screen) const;
   Open& OpenScreen(const Screen& screen, bool modal);
   void Front(Open& open);
+  void CloseManualOf(const QObject* window);
   void Remember(const QWidget& window);
   void Restore(QWidget& window);
   /// Puts a window that opens beside another one in its place.
@@ -92,7 +98,8 @@ class Windows : public QObject, public Navigator {
   std::function<void(const std::filesystem::path&)> take_;
   QTimer burial_;
   QTimer idle_;
-  QElapsedTimer quiet_;  ///< since the last action
+  QPointer<QWidget> manual_of_;  ///< the window that asked for the manual
+  QElapsedTimer quiet_;          ///< since the last action
   WaitIndicator wait_;
 };
 

@@ -92,8 +92,9 @@ struct Desk {
   ScreenState screens{};
   Questions questions{};
   std::filesystem::path program_folder{};
-  std::filesystem::path data_folder{};   ///< where studies are kept
-  std::filesystem::path state_folder{};  ///< the program's log and scratch notes
+  std::filesystem::path installed_folder{};  ///< what is delivered: libraries, manual
+  std::filesystem::path data_folder{};       ///< where studies are kept
+  std::filesystem::path state_folder{};      ///< the program's log and scratch notes
   std::string version{};
   /// What reports are made with; there is none in a program without windows.
   SpreadsheetApplication* spreadsheet = nullptr;

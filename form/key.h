@@ -83,6 +83,11 @@ Key Typed(char32_t character);
 /// The same with Shift held.
 Key ShiftTyped(char32_t character);
 
+/// The keys that show the manual in every window; F1 only where it has no other use.
+inline bool AsksForHelp(const Key& key) {
+  return key == Plain(KeyCode::kF1) || key == Shift(KeyCode::kF1);
+}
+
 /// How a key is told beside a command: "Ctrl+Home", "PgUp", "F5".
 std::string KeyText(const Key& key);
 

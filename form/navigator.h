@@ -45,6 +45,7 @@ constexpr std::string_view kWinter = "FrmWinter";
 constexpr std::string_view kDesigners = "FrmCLient";
 constexpr std::string_view kListPassword = "FrmCLPass";
 constexpr std::string_view kPreview = "FrmPreview";
+constexpr std::string_view kManual = "FrmManual";
 }  // namespace screen
 
 /// Shows and closes screens. A form that closes itself lives on until the action under way ends.
@@ -61,6 +62,9 @@ class Navigator {
   /// Takes the screen from view; it keeps what it holds.
   virtual void Hide(std::string_view screen) = 0;
   [[nodiscard]] virtual bool IsOpen(std::string_view screen) const = 0;
+
+  /// Shows the manual at the chapter of that screen, in front of the screen's window.
+  virtual void ShowManual(std::string_view /*screen*/) {}
 
   /// The wait indicator with that text. It shows when the work takes longer than a moment.
   virtual void ShowWait(std::string_view text) = 0;

@@ -40,6 +40,14 @@ enum class EntryChoice { kCorrect, kGoOn };
 /// What `FrmCLPass` asks: the password of the list of designers, or a new one as well.
 enum class PasswordUse { kAsk, kChange };
 
+/// A place of the manual: a chapter by its name, a heading by its anchor.
+struct ManualPlace {
+  std::string chapter;
+  std::string anchor{};
+
+  bool operator==(const ManualPlace&) const = default;
+};
+
 struct Questions {
   FileDialogMode file_mode = FileDialogMode::kOpen;
   std::optional<ChosenFile> file;
@@ -54,6 +62,7 @@ struct Questions {
   PasswordUse password_use = PasswordUse::kAsk;
   bool password_given = false;
   std::optional<std::string> new_password;  ///< empty: the list shall be open
+  std::optional<ManualPlace> manual;        ///< where `FrmManual` is to be opened next
   PreviewFacts preview;                     ///< of the pages that are previewed next
   PreviewedPages* previewed = nullptr;      ///< what `FrmPreview` shows; nothing: it is closed
 };

@@ -2,6 +2,7 @@
 
 #include "form/open_kept_sheet.h"
 #include "form/tell.h"
+#include "shell/manual_file.h"
 #include "shell/study_dialogs.h"
 #include "study/pipe_choice.h"
 #include "study/recent_files.h"
@@ -56,14 +57,15 @@ FrmMain::FrmMain(Desk& shared_desk)
                 [this] { ShowCurrentStudy(); }, {Ctrl('I')}),
       CmdFF(*this, "CmdFF", " Αλλαγή του Folder Αποθήκευσης Αρχείων ",
             [this] { desk.navigator.ShowModal(screen::kDataFolder); }),
-      CmdManual(*this, "CmdManual", " Εγχειρίδιο Προγράμματος ", [this] { OpenManual(); },
-                {Plain(KeyCode::kF1)}),
+      CmdManual(*this, "CmdManual", " Εγχειρίδιο Προγράμματος ", [this] { OpenManualFile(desk); }),
       Cmd_Exit(*this, "Cmd_Exit", "Εξοδος από το Πρόγραμμα", [this] { Leave(); },
                {Alt(KeyCode::kF4)}),
       Cmd_Safety(*this, "Cmd_Safety", "Αντίγραφα Ασφαλείας ...", [this] { OpenSafetyCopy(); }),
       Mnu_SaveOwn(*this, "Mnu_SaveOwn", "Αποθήκευση", [this] { SaveOwn(); }, {Ctrl('S')}),
       Mnu_Results(*this, "Mnu_Results", "Παρουσίαση Αποτελεσμάτων",
                   [this] { ShowResultsFromMenu(); }),
+      Mnu_Help(*this, "Mnu_Help", "Βοήθεια", [this] { desk.navigator.ShowManual(screen::kMain); },
+               {Plain(KeyCode::kF1)}),
       Mnu_Method(*this, "Mnu_Method", " ΤΡΟΠΟΣ ΥΠΟΛΟΓΙΣΜΟΥ ΣΩΛΗΝΩΝ ", [this] { Calculate(true); }),
       CmdThemaCancel(*this, "CmdThemaCancel", "Άκυρο", [this] { EndTitleEntry(); },
                      {Plain(KeyCode::kEscape)}) {
@@ -113,7 +115,10 @@ void FrmMain::MakeMenus() {
            {"Α&ποτελέσματα", {{"Mnu_Results", "Παρουσίαση Αποτελεσμάτων", &Mnu_Results}}},
            {"&Εκτυπώσεις",
             {{"Mnu_PrintD", "Εκτύπωση Δεδομένων", &Cmd_PrnData},
-             {"Mnu_PrintR", "Εκτύπωση Αποτελεσμάτων", &Cmd_PrnRes}}}};
+             {"Mnu_PrintR", "Εκτύπωση Αποτελεσμάτων", &Cmd_PrnRes}}},
+           {"&Βοήθεια",
+            {{"Mnu_Help", "Βοήθεια", &Mnu_Help},
+             {"Mnu_Manual", "Εγχειρίδιο Προγράμματος", &CmdManual}}}};
   std::vector<MenuEntry>& study = menus.front().entries;
   for (Command& recent : Mnu_Recent) {
     study.insert(study.end() - 1, {std::string(recent.name()), "", &recent});

@@ -12,9 +12,6 @@
 
 namespace kalvo {
 
-/// Shown by `CmdManual` when it stands in the program folder.
-constexpr const char* kManualFile = "Kalvo.pdf";
-
 /// The main menu: every command of the program starts here. None is greyed; one that cannot run
 /// says why.
 class FrmMain : public Form {
@@ -78,6 +75,7 @@ class FrmMain : public Form {
   std::deque<Command> Mnu_Recent;  ///< the files used last, in the menu
   Command Mnu_SaveOwn;
   Command Mnu_Results;
+  Command Mnu_Help;
   Command Mnu_Method;
   Command CmdThemaCancel;
 
@@ -121,7 +119,6 @@ class FrmMain : public Form {
   void SaveOwn();
   void TellUncheckedEmitters();
   void NoteSaved();
-  void OpenManual();
   void NewStudy();
   void Leave();
   void DeriveHead();

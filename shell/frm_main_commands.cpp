@@ -317,16 +317,6 @@ void FrmMain::OpenSafetyCopy() {
   if (SettleTitle()) OpenFromDialog(desk, screen::kSafetyCopies);
 }
 
-void FrmMain::OpenManual() {
-  const std::filesystem::path manual = desk.program_folder / kManualFile;
-  if (!bench.workspace.Exists(kManualFile)) {
-    TellError(bench, {manual, "Το αρχείο δεν υπάρχει"});
-    return;
-  }
-  const Outcome opened = desk.viewer.Open(manual);
-  TellIfFailed(bench, opened);
-}
-
 void FrmMain::NewStudy() {
   if (!SettleTitle()) return;
   if (!AskAboutUnsaved(desk)) return;

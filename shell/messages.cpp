@@ -54,6 +54,7 @@ std::optional<Box> MessageFor(int code, const Study& study, Separators separator
     return std::nullopt;
   }
   Box box{WithValue(message->title, study, separators), {}, message->style, kAlarmBeeps};
+  box.number = code;
   for (const std::string_view line : message->lines) {
     std::string filled = WithValue(line, study, separators);
     if (!filled.empty()) {

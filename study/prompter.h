@@ -48,6 +48,7 @@ struct Box {
   int beeps = 0;
   MessageFacts facts{};        ///< shown above the lines
   bool may_stay_open = false;  ///< Esc leaves it unanswered
+  int number = 0;              ///< of a numbered message; 0: it has none
 };
 
 /// The beeps before a numbered message and before the box of a run-time fault.

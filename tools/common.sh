@@ -2,7 +2,8 @@
 # (quick when none is) and building a preset. All their talk goes to the error output.
 
 readonly BUILD_PACKAGES="g++ cmake ninja-build ccache libcli11-dev nlohmann-json3-dev \
-  libgtest-dev libgmock-dev libgsf-1-dev liblzma-dev pkg-config qt6-base-dev qt6-svg-dev"
+  libgtest-dev libgmock-dev libgsf-1-dev liblzma-dev pkg-config qt6-base-dev qt6-svg-dev \
+  libqpdf-dev fonts-noto-core"
 readonly WINDOW_PACKAGES="fonts-noto-core"
 readonly SCREEN_PACKAGES="xvfb xdotool x11-xkb-utils fonts-noto-core"
 # Other programs that read our files back in tests, and make templates again.

@@ -9,6 +9,7 @@
 #include "desktop/bindings/list_binding.h"
 #include "desktop/bindings/page_view_binding.h"
 #include "desktop/bindings/picture_binding.h"
+#include "desktop/bindings/reading_binding.h"
 #include "desktop/bindings/toggle_binding.h"
 
 namespace kalvo {
@@ -60,6 +61,9 @@ std::unique_ptr<Binding> MakeBinding(Form& form, Control& part, QWidget& widget,
   }
   if (const Pair<PageView, PageSheet> pair(part, widget); pair) {
     return std::make_unique<PageViewBinding>(*pair.part, *pair.widget, act);
+  }
+  if (const Pair<Reading, ManualBrowser> pair(part, widget); pair) {
+    return std::make_unique<ReadingBinding>(*pair.part, *pair.widget, act);
   }
   return MakePictureBinding(part, widget, act);
 }

@@ -11,7 +11,13 @@ constexpr int kIndent = 14;
 
 void DepthDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
   QStyledItemDelegate::initStyleOption(option, index);
-  option->decorationSize.rwidth() += kIndent * index.data(kDepthRole).toInt();
+  const int depth = index.data(kDepthRole).toInt();
+  if (option->icon.isNull()) {
+    if (depth == 0) return;
+    option->features |= QStyleOptionViewItem::HasDecoration;  // an empty one
+    option->decorationSize.setWidth(0);
+  }
+  option->decorationSize.rwidth() += kIndent * depth;
   option->decorationAlignment = Qt::AlignRight | Qt::AlignVCenter;
 }
 

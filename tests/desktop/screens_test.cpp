@@ -168,6 +168,8 @@ void Surround(CalculatedDesk& desk) {
   desk.desk.data_folder = desk.desk.state_folder = testing::TempDir();
   ASSERT_TRUE(KeepSafetyCopyAnyway(desk.desk.bench, desk.desk.safety_folders()));
   desk.desk.data_folder = Samples();
+  desk.desk.installed_folder = std::filesystem::path(KALVO_LIBRARY_DIR).parent_path();
+  desk.desk.questions.manual = ManualPlace{"02-fancoil", "το-φύλλο-των-τμημάτων"};
   desk.desk.version = "Έκδοση 0.1.0";
   desk.desk.questions.offered = {desk.study.study.SectionCount, "Ξενοδοχείο", "/studies/hotel.PCK",
                                  "25/11/2026, 10:30:00"};

@@ -13,6 +13,12 @@
 namespace kalvo {
 namespace {
 
+TEST(NumberedMessage, KeepsItsNumberForTheManual) {
+  const Study study;
+  EXPECT_EQ(MessageFor(-300, study, {',', '.'})->number, -300);
+  EXPECT_EQ(ConfirmOverwriteBox().number, 0);
+}
+
 constexpr Separators kGreek{',', '.'};
 constexpr Separators kEnglish{'.', ','};
 

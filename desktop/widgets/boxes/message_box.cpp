@@ -12,6 +12,7 @@
 #include <QVBoxLayout>
 
 #include "desktop/icons.h"
+#include "desktop/key_event.h"
 #include "desktop/theme.h"
 #include "desktop/widgets/buttons/hint_button.h"
 #include "desktop/widgets/labels/long_words.h"
@@ -258,12 +259,6 @@ QWidget* MessageBox::MakeBar(const Box& box) {
   return bar;
 }
 
-Answer MessageBox::Show(const Box& box, QWidget* parent) {
-  MessageBox dialog(box, parent);
-  dialog.exec();
-  return dialog.GivenAnswer();
-}
-
 void MessageBox::reject() {
   answer_ = escape_answer_;
   QDialog::reject();
@@ -275,6 +270,10 @@ void MessageBox::showEvent(QShowEvent* event) {
 }
 
 void MessageBox::keyPressEvent(QKeyEvent* event) {
+  if (help_ && AsksForHelp(KeyOf(*event))) {
+    help_(*this);
+    return;
+  }
   for (QPushButton* button : buttons_) {
     const QString text = button->text();
     const qsizetype mark = text.indexOf(QLatin1Char('&'));

@@ -2,6 +2,8 @@
 
 #include <QDialog>
 #include <QList>
+#include <functional>
+#include <utility>
 
 #include "study/prompter.h"
 
@@ -18,8 +20,8 @@ class MessageBox : public QDialog {
  public:
   explicit MessageBox(const Box& box, QWidget* parent = nullptr);
 
-  /// Shows the box and waits for the answer.
-  static Answer Show(const Box& box, QWidget* parent);
+  /// Called with the box when the user asks for help on it.
+  void OnHelp(std::function<void(QWidget& box)> help) { help_ = std::move(help); }
 
   [[nodiscard]] Answer GivenAnswer() const { return answer_; }
   /// Left to right, as in the style of the box.
@@ -41,6 +43,7 @@ class MessageBox : public QDialog {
 
   QList<QPushButton*> buttons_;
   QPushButton* default_button_ = nullptr;
+  std::function<void(QWidget& box)> help_;
   Answer escape_answer_;
   Answer answer_;
 };
