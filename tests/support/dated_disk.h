@@ -26,6 +26,10 @@ class DatedDisk : public ForwardingDisk {
     }
     return status;
   }
+  Outcome SetModified(const std::filesystem::path& path, std::int64_t moment) override {
+    modified_[path] = moment;
+    return Done{};
+  }
   Outcome Write(const std::filesystem::path& path, std::string bytes) override {
     modified_[path] = now;
     return inner_.Write(path, std::move(bytes));
