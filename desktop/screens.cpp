@@ -8,6 +8,7 @@
 #include <ui_frm_cl_pass.h>
 #include <ui_frm_client.h>
 #include <ui_frm_compare.h>
+#include <ui_frm_copy.h>
 #include <ui_frm_cur_fl.h>
 #include <ui_frm_data.h>
 #include <ui_frm_data_sheet.h>
@@ -68,6 +69,7 @@
 #include "results/printing/frm_preview.h"
 #include "results/printing/frm_prnr1.h"
 #include "results/printing/frm_xl_or_not.h"
+#include "shell/copying/frm_copy.h"
 #include "shell/frm_calcs.h"
 #include "shell/frm_editor.h"
 #include "shell/frm_error.h"
@@ -131,6 +133,7 @@ constexpr Screen kScreens[] = {
     {screen::kRecent, &MakeForm<FrmRecFiles_S>, &SetUp<Ui::FrmRecFiles_S>},
     {screen::kSafetyCopies, &MakeForm<FrmSafety>, &SetUp<Ui::FrmSafety>},
     {screen::kDataFolder, &MakeForm<FrmFF>, &SetUp<Ui::FrmFF>},
+    {screen::kCopy, &MakeForm<FrmCopy>, &SetUp<Ui::FrmCopy>},
 };
 
 }  // namespace

@@ -36,6 +36,7 @@ class Windows : public QObject, public Navigator {
   void ShowWait(std::string_view text) override;
   void HideWait() override;
   void ShowProgress(std::string_view text, int done, int total) override;
+  void LetBreathe() override;
   void EndProgram() override;
 
   /// Form and window of an open screen, nullptr when it is not open.
@@ -92,7 +93,8 @@ class Windows : public QObject, public Navigator {
   std::function<void(const std::filesystem::path&)> take_;
   QTimer burial_;
   QTimer idle_;
-  QElapsedTimer quiet_;  ///< since the last action
+  QElapsedTimer quiet_;     ///< since the last action
+  QElapsedTimer breathed_;  ///< since long work let the windows be painted
   WaitIndicator wait_;
 };
 

@@ -56,6 +56,8 @@ FrmMain::FrmMain(Desk& shared_desk)
                 [this] { ShowCurrentStudy(); }, {Ctrl('I')}),
       CmdFF(*this, "CmdFF", " Αλλαγή του Folder Αποθήκευσης Αρχείων ",
             [this] { desk.navigator.ShowModal(screen::kDataFolder); }),
+      CmdCopyFiles(*this, "CmdCopyFiles", " Αντιγραφή Αρχείων Μελετών ",
+                   [this] { desk.navigator.ShowModal(screen::kCopy); }),
       CmdManual(*this, "CmdManual", " Εγχειρίδιο Προγράμματος ", [this] { OpenManual(); },
                 {Plain(KeyCode::kF1)}),
       Cmd_Exit(*this, "Cmd_Exit", "Εξοδος από το Πρόγραμμα", [this] { Leave(); },
@@ -113,7 +115,8 @@ void FrmMain::MakeMenus() {
            {"Α&ποτελέσματα", {{"Mnu_Results", "Παρουσίαση Αποτελεσμάτων", &Mnu_Results}}},
            {"&Εκτυπώσεις",
             {{"Mnu_PrintD", "Εκτύπωση Δεδομένων", &Cmd_PrnData},
-             {"Mnu_PrintR", "Εκτύπωση Αποτελεσμάτων", &Cmd_PrnRes}}}};
+             {"Mnu_PrintR", "Εκτύπωση Αποτελεσμάτων", &Cmd_PrnRes}}},
+           {"Ε&ργαλεία", {{"Mnu_CopyFiles", "Αντιγραφή Αρχείων Μελετών", &CmdCopyFiles}}}};
   std::vector<MenuEntry>& study = menus.front().entries;
   for (Command& recent : Mnu_Recent) {
     study.insert(study.end() - 1, {std::string(recent.name()), "", &recent});
@@ -226,7 +229,7 @@ void FrmMain::Derive() {
   Cmd_Nodes.visible = study.SystemClosed();
   Cmd_Winter.visible = study.SystemClosed();
   Mnu_Method.visible = study.SystemClosed();
-  CmdFF.visible = desk.options.folder_commands;
+  CmdFF.visible = CmdCopyFiles.visible = desk.options.folder_commands;
   ChkSound.on = desk.options.SoundOn;
   ChkDataKind.on = desk.options.ChkDataKind;
   LblFolder.text = "Folder: " + desk.data_folder.string();

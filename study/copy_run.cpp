@@ -71,6 +71,7 @@ void CopyRun::Make(CopyUser& user) {
       entries_[at].fate = CopyFate::kNotReached;
       continue;
     }
+    at_ = at;
     const std::uint64_t before = done_;
     ended = CopyOne(user, at) == Answer::kCancel;
     file_.clear();

@@ -76,6 +76,8 @@ class CopyRun {
   /// Bytes of all files chosen, and of those that are done with.
   [[nodiscard]] std::uint64_t total() const { return total_; }
   [[nodiscard]] std::uint64_t done() const { return done_; }
+  /// The study in hand, or dealt with last, as a place in entries().
+  [[nodiscard]] std::size_t at() const { return at_; }
   /// The file that is written; empty between studies.
   [[nodiscard]] const std::string& file() const { return file_; }
   /// All studies have arrived.
@@ -95,6 +97,7 @@ class CopyRun {
   std::vector<std::uint64_t> bytes_;  ///< by study
   CopyNeed need_;
   MediumRoom room_;
+  std::size_t at_ = 0;
   std::uint64_t total_ = 0;
   std::uint64_t done_ = 0;
   std::string file_;

@@ -72,6 +72,15 @@ std::set<std::string> SystemDevices(const std::vector<Mount>& mounts) {
   return devices;
 }
 
+// Several are told apart by where they are mounted, which is what they are called.
+void NameRemovable(std::vector<Volume>& volumes) {
+  constexpr const char* kName = "Αφαιρούμενο μέσο";
+  for (Volume& volume : volumes) {
+    const std::string called = volume.place.filename().string();
+    volume.name = volumes.size() == 1 ? kName : called + " : " + kName;
+  }
+}
+
 }  // namespace
 
 std::vector<Volume> MountedVolumes::All() const {
@@ -85,12 +94,13 @@ std::vector<Volume> MountedVolumes::All() const {
       continue;
     }
     volumes.push_back({.kind = VolumeKind::kRemovable,
-                       .name = "Αφαιρούμενο μέσο : " + fs::path(mount.place).filename().string(),
+                       .name = {},
                        .place = mount.place,
                        .device = mount.device,
                        .writable = mount.writable && CanWrite(mount.place),
                        .holds_system = of_system.contains(mount.device)});
   }
+  NameRemovable(volumes);
   const std::string home = HomeFolder(sources_.home);
   volumes.push_back({.kind = VolumeKind::kHome,
                      .name = "Φάκελος χρήστη",

@@ -16,6 +16,7 @@
 #include <QRegularExpression>
 #include <QScrollArea>
 #include <QTest>
+#include <QTimer>
 #include <QToolTip>
 #include <QWheelEvent>
 #include <memory>
@@ -29,6 +30,7 @@
 #include "entry/general/frm_liquid.h"
 #include "results/diameter_roads.h"
 #include "results/frm_chang.h"
+#include "shell/copying/frm_copy.h"
 #include "study/codepage.h"
 #include "study/designer_names.h"
 #include "study/fluid_library.h"
@@ -208,6 +210,47 @@ void UseManyDiameters(CalculatedDesk& desk) {
   QApplication::processEvents();
 }
 
+// A stick that has studies already, and three chosen for it.
+class CopiedSamples {
+ public:
+  explicit CopiedSamples(CalculatedDesk& desk) : desk_(desk) {
+    namespace fs = std::filesystem;
+    fs::remove_all(stick_);
+    for (const char* folder : {"MELETES/2025", "MELETES/2026", "ARXEIO"}) {
+      fs::create_directories(stick_ / folder);
+    }
+    fs::copy_file(Samples() / "fancoil.PCK", stick_ / "MELETES" / "GRAFEIA.PCK");
+    desk.volumes.volumes = {
+        {.kind = VolumeKind::kRemovable, .name = "Αφαιρούμενο μέσο", .place = stick_},
+        {.kind = VolumeKind::kHome, .name = "Φάκελος χρήστη", .place = Samples().parent_path()},
+        {.kind = VolumeKind::kSystem, .name = "Όλοι οι φάκελοι", .place = "/"}};
+    desk.volumes.room = {.capacity = 2'000'000, .free = 700'000, .block = 4096, .writable = true};
+  }
+  // The copying is pictured on its way, once a study has arrived.
+  void Use(const QString& picture) {
+    auto& form = dynamic_cast<FrmCopy&>(*desk_.windows.FormOf(screen::kCopy));
+    form.DirList2.Select(2);
+    for (const int line : {1, 0, 2}) form.FileList1.Tick(line);
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, &look, [&] {
+      if (!form.Bar.visible || form.Bar.done == 0) return;
+      look.stop();
+      desk_.windows.PaintAll();
+      QWidget& window = *desk_.windows.WindowOf(screen::kCopy);
+      ExpectNothingClipped(window);
+      KeepPicture(window, picture);
+    });
+    look.start(0);
+    form.Run(form.CmdGo);
+    desk_.windows.PaintAll();
+    EXPECT_EQ(form.Report.count(), 3);
+  }
+
+ private:
+  CalculatedDesk& desk_;
+  std::filesystem::path stick_ = std::filesystem::path(testing::TempDir()) / "KINGSTON";
+};
+
 // A report of three pages as it is previewed.
 struct PreviewedSample {
   void Attach(Desk& desk) {
@@ -241,6 +284,7 @@ TEST_P(AllScreensIn, ShowACalculatedStudyWhole) {
     PreviewedSample preview;
     preview.Attach(desk.desk);
     desk.study.study.recovery = true;  // the menu leaves the study as it is
+    CopiedSamples copied(desk);
     if (screen.name == screen::kOneDiameter) {
       desk.Open(screen::kResultsSheet, {1352, 904}).findChild<QPushButton*>("CmdChD")->click();
     }
@@ -252,6 +296,7 @@ TEST_P(AllScreensIn, ShowACalculatedStudyWhole) {
     screen.set_up(design);
     QWidget& window = desk.Open(screen.name, design.size());
     if (screen.name == screen::kManyDiameters) UseManyDiameters(desk);
+    if (screen.name == screen::kCopy) copied.Use(PictureName(screen.name) + "-running");
     SCOPED_TRACE(screen.name);
     ExpectNothingClipped(window);
     KeepPicture(window, PictureName(screen.name));

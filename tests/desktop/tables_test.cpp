@@ -34,8 +34,8 @@ TEST(StackedLines, KeepsLinesThatAreGiven) {
 }
 
 // A sheet of three sections with their diameters; the second is on the critical branch.
-struct Sheet {
-  Sheet() : model(3, 4) {
+struct ShownSheet {
+  ShownSheet() : model(3, 4) {
     model.setHorizontalHeaderLabels(
         {"ΟΝΟΜΑ-\nΣΙΑ\nΤΜΗΜΑ-\nΤΟΣ", "ΜΗΚΟΣ [m]", "ΟΝΟΜΑΣΤΙΚΗ\nΔΙΑΜΕΤΡΟΣ", "Στοιχείο"});
     for (int row = 0; row < model.rowCount(); ++row) {
@@ -73,41 +73,41 @@ struct Sheet {
   StackedHeader* head;
 };
 
-QColor CellPixel(Sheet& sheet, int row, int column, const QPoint& offset) {
+QColor CellPixel(ShownSheet& sheet, int row, int column, const QPoint& offset) {
   sheet.table.show();
   const QPoint place = sheet.table.visualRect(sheet.model.index(row, column)).topLeft() + offset;
   return sheet.table.viewport()->grab().toImage().pixelColor(place);
 }
 
 TEST(StackedHeader, IsAsHighAsItsTallestHead) {
-  Sheet sheet;
+  ShownSheet sheet;
   const int line = QFontMetrics(ThemeFont(kKeyPoints)).lineSpacing();
   EXPECT_EQ(sheet.head->sizeHint().height(), 4 * line + 12);
 }
 
 TEST(StackedHeader, DoubleClickFitsTheColumn) {
-  Sheet sheet;
+  ShownSheet sheet;
   sheet.table.setColumnWidth(1, 400);
   Q_EMIT sheet.head->sectionDoubleClicked(1);
   EXPECT_LT(sheet.table.columnWidth(1), 150);
 }
 
 TEST(Cells, SelectionWinsOverTheTintOfTheCriticalBranch) {
-  Sheet sheet;
+  ShownSheet sheet;
   EXPECT_EQ(CellPixel(sheet, 1, 0, {3, 13}), kLightTheme.critbg);
   sheet.table.selectRow(1);
   EXPECT_EQ(CellPixel(sheet, 1, 0, {5, 13}), kLightTheme.soft);
 }
 
 TEST(Cells, DiameterIsAChipInTheCellsOwnColour) {
-  Sheet sheet;
+  ShownSheet sheet;
   EXPECT_EQ(CellPixel(sheet, 0, 2, {25, 8}), kLightTheme.calculated);
   EXPECT_EQ(CellPixel(sheet, 2, 2, {25, 8}), kLightTheme.imposed);
   EXPECT_EQ(CellPixel(sheet, 0, 2, {1, 13}), kLightTheme.surface);
 }
 
 TEST(Cells, CurrentCellHasARingWhileTheTableHasTheKeys) {
-  Sheet sheet;
+  ShownSheet sheet;
   EXPECT_NE(CellPixel(sheet, 0, 1, {0, 13}), kLightTheme.primary);
   sheet.table.window()->show();
   sheet.table.window()->activateWindow();
@@ -120,7 +120,7 @@ TEST(Cells, CurrentCellHasARingWhileTheTableHasTheKeys) {
 TEST(Pictures, OfASheet) {
   for (const Theme* theme : {&kLightTheme, &kDarkTheme}) {
     ApplyTheme(*qApp, *theme);
-    Sheet sheet;
+    ShownSheet sheet;
     KeepPicture(sheet.table, theme == &kLightTheme ? "sheet-light" : "sheet-dark");
   }
   ApplyTheme(*qApp, kLightTheme);

@@ -68,7 +68,7 @@ TEST_F(Drives, AreRemovableMediaOnceTheHomeFolderAndTheRoot) {
             "/dev/sdc1 rw\n6 1 0:5 / /proc rw - proc proc rw\n");
   const auto all = MountedVolumes(sources).All();
   ASSERT_EQ(all.size(), 4U);
-  EXPECT_EQ(all[0].name, "Αφαιρούμενο μέσο : KINGSTON");
+  EXPECT_EQ(all[0].name, "KINGSTON : Αφαιρούμενο μέσο");
   EXPECT_EQ(all[0].device, "/dev/sdb1");
   EXPECT_TRUE(all[0].writable);
   EXPECT_FALSE(all[0].holds_system);

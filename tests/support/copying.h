@@ -7,6 +7,7 @@
 #include "study/folder_families.h"
 #include "study/forwarding_disk.h"
 #include "tests/support/program_in_memory.h"
+#include "tests/support/set_volumes.h"
 
 namespace kalvo {
 
@@ -50,31 +51,6 @@ class FatDisk : public ForwardingDisk {
   }
 
   std::filesystem::path stick_;
-};
-
-/// Drives as a test sets them.
-class SetVolumes : public Volumes {
- public:
-  [[nodiscard]] std::vector<Volume> All() const override { return volumes; }
-  [[nodiscard]] Result<MediumRoom> RoomAt(const std::filesystem::path& /*folder*/) const override {
-    if (refusal) return *refusal;
-    return room;
-  }
-  [[nodiscard]] bool Holds(const Volume& volume,
-                           const std::filesystem::path& folder) const override {
-    return (folder.string() + "/").starts_with(volume.place.string() + "/");
-  }
-  Outcome OpenFormatTool(const Volume& volume) override {
-    if (no_tool) return *no_tool;
-    formatted.push_back(volume.device);
-    return Done{};
-  }
-
-  std::vector<Volume> volumes;
-  MediumRoom room{.capacity = 1'000'000'000, .free = 900'000'000, .block = 4096, .writable = true};
-  std::optional<FileError> refusal;
-  std::optional<FileError> no_tool;
-  std::vector<std::string> formatted;
 };
 
 /// A user of a copying who answers all questions alike and notes what is shown.
