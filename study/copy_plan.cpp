@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "study/folder_families.h"
 #include "study/settled_disk.h"
 #include "study/study_file_names.h"
 
@@ -12,12 +11,20 @@ namespace fs = std::filesystem;
 
 namespace {
 
-Result<FolderFamilies> FamiliesAt(const Disk& disk, const fs::path& folder) {
-  const auto names = disk.List(folder);
-  if (!names) {
-    return names.error();
+constexpr std::chrono::seconds kFresh{1};
+
+FileError NotThere(const fs::path& path) {
+  return {path, "Το αρχείο δεν υπάρχει", FileErrorKind::kMissing};
+}
+
+// The disk for one study whose save, if one was broken off, is finished. Error: one is under way.
+Result<SettledDisk> SettledFor(Disk& disk, const fs::path& main) {
+  SettledDisk settled(disk);
+  const std::string base(BaseOf(main.filename().string()));
+  if (const Outcome ended = settled.Settle(main.parent_path(), base, kSavePatience); !ended) {
+    return FileError{main, ended.error().reason, FileErrorKind::kBusy};
   }
-  return FolderFamilies(*names);
+  return settled;
 }
 
 // What is there of a file; an error too when it is not.
@@ -27,7 +34,7 @@ Result<FileStatus> StatusOf(const Disk& disk, const fs::path& path) {
     return status.error();
   }
   if (!*status) {
-    return FileError{path, "Το αρχείο δεν υπάρχει", FileErrorKind::kMissing};
+    return NotThere(path);
   }
   return **status;
 }
@@ -39,29 +46,6 @@ std::string NameOfCopy(std::string_view chosen, const fs::path& main, const std:
     return file;
   }
   return std::string(BaseOf(chosen)) + file.substr(BaseOf(file).size());
-}
-
-// The study at its source.
-Outcome LookAtSource(const Disk& disk, std::string_view chosen, CopyPlan& plan) {
-  const auto families = FamiliesAt(disk, plan.main.parent_path());
-  if (!families) {
-    return families.error();
-  }
-  StudyFamily family = families->Of(plan.main.filename().string());
-  family.companions.push_back(std::move(family.main));
-  plan.lacks_fluid = true;
-  for (const std::string& name : family.companions) {
-    const fs::path from = plan.main.parent_path() / name;
-    const auto status = StatusOf(disk, from);
-    if (!status) {
-      return status.error();
-    }
-    plan.files.push_back(
-        {from, NameOfCopy(chosen, plan.main, name), status->length, status->modified});
-    const bool is_fluid = EqualIgnoringCase(from.extension().string(), kClosedExtensions.fluid);
-    plan.lacks_fluid = plan.lacks_fluid && !is_fluid;
-  }
-  return Done{};
 }
 
 // The entry of the target that a copied companion takes the place of, as it is spelled there.
@@ -192,29 +176,10 @@ class TargetLook {
   std::vector<std::string> replaced_;  // those of them that are there
 };
 
-Outcome LookAtTarget(Disk& disk, const Disk& source, const std::string& chosen, CopyPlan& plan) {
-  const auto target = SettleStudy(disk, plan.folder / chosen);
-  if (!target) {
-    return target.error();
-  }
-  std::string name = chosen;
-  const fs::path end = BehindLink(*target, plan.folder / chosen);
-  if (end.parent_path() != plan.folder) {
-    plan.folder = end.parent_path();
-    name = end.filename().string();
-  }
-  const auto families = FamiliesAt(*target, plan.folder);
-  if (!families) {
-    return families.error();
-  }
-  NameTarget(*families, *target, name, plan);
-  return TargetLook(source, *target, *families, plan).Look();
-}
-
 Result<std::vector<FamilyFile>> ReadAll(Disk& disk, const CopyPlan& plan) {
   const fs::path folder = plan.main.parent_path();
   const std::string base(BaseOf(plan.main.filename().string()));
-  const auto settled = SettleStudy(disk, plan.main);
+  const auto settled = SettledFor(disk, plan.main);
   if (!settled) {
     return settled.error();
   }
@@ -250,32 +215,97 @@ std::uint64_t CopyPlan::Bytes() const {
   return bytes;
 }
 
-Result<CopyPlan> PlanCopy(Disk& disk, const fs::path& main, const fs::path& folder) {
-  const auto settled = SettleStudy(disk, main);
+Result<FolderFamilies*> CopyPlanner::FamiliesOf(const fs::path& folder) {
+  const auto now = std::chrono::steady_clock::now();
+  const auto known = looks_.find(folder);
+  if (known != looks_.end() && now - known->second.since < kFresh) {
+    return &known->second.families;
+  }
+  const auto names = SettleFolder(disk_, folder).List(folder);
+  if (!names) {
+    return names.error();
+  }
+  return &looks_.insert_or_assign(folder, Look{FolderFamilies(*names), now}).first->second.families;
+}
+
+Outcome CopyPlanner::LookAtSource(const fs::path& chosen, CopyPlan& plan) {
+  const auto settled = SettledFor(disk_, plan.main);
   if (!settled) {
     return settled.error();
   }
+  const auto families = FamiliesOf(plan.main.parent_path());
+  if (!families) {
+    return families.error();
+  }
+  StudyFamily family = (*families)->Of(plan.main.filename().string());
+  family.companions.push_back(std::move(family.main));
+  plan.lacks_fluid = true;
+  for (const std::string& name : family.companions) {
+    const fs::path from = plan.main.parent_path() / name;
+    const auto status = StatusOf(*settled, from);
+    if (!status) {
+      return status.error();
+    }
+    plan.files.push_back({from, NameOfCopy(chosen.filename().string(), plan.main, name),
+                          status->length, status->modified});
+    const bool is_fluid = EqualIgnoringCase(from.extension().string(), kClosedExtensions.fluid);
+    plan.lacks_fluid = plan.lacks_fluid && !is_fluid;
+  }
+  return Done{};
+}
+
+Outcome CopyPlanner::LookAtTarget(const std::string& chosen, CopyPlan& plan) {
+  const fs::path target = BehindLink(disk_, plan.folder / chosen);
+  plan.folder = target.parent_path();
+  const auto families = FamiliesOf(plan.folder);
+  if (!families) {
+    return families.error();
+  }
+  const auto settled = SettledFor(disk_, target);
+  const auto source = SettledFor(disk_, plan.main);
+  if (!settled || !source) {
+    return settled ? source.error() : settled.error();
+  }
+  NameTarget(**families, *settled, target.filename().string(), plan);
+  return TargetLook(*source, *settled, **families, plan).Look();
+}
+
+Result<CopyPlan> CopyPlanner::Plan(const fs::path& main) {
+  const auto families = FamiliesOf(main.parent_path());
+  if (!families) {
+    return families.error();
+  }
+  const std::string name = (*families)->FindMain(main.filename().string(), true);
+  if (name.empty()) {
+    return NotThere(main);
+  }
   CopyPlan plan;
-  const fs::path chosen = AsInFolder(*settled, main);
-  plan.main = BehindLink(*settled, chosen);
-  plan.folder = folder;
-  const std::string name = chosen.filename().string();
-  Outcome outcome = LookAtSource(*settled, name, plan);
-  outcome = outcome ? LookAtTarget(disk, *settled, name, plan) : outcome;
+  plan.main = BehindLink(disk_, main.parent_path() / name);
+  plan.folder = folder_;
+  Outcome outcome = LookAtSource(main.parent_path() / name, plan);
+  outcome = outcome ? LookAtTarget(name, plan) : outcome;
   return outcome ? Result<CopyPlan>(std::move(plan)) : outcome.error();
 }
 
-Outcome MakeCopy(
-    Disk& disk, const CopyPlan& plan,
+Outcome CopyPlanner::Make(
+    const CopyPlan& plan,
     const std::function<void(const std::string& name, std::uint64_t length)>& on_file) {
-  const auto files = ReadAll(disk, plan);
+  const auto files = ReadAll(disk_, plan);
   if (!files) {
     return files.error();
   }
   FamilySaveOptions options;
   options.removed = plan.removed;
   options.on_stage = [&](const FamilyFile& file) { on_file(file.name, file.bytes.size()); };
-  return SaveFamily(disk, plan.folder, plan.base, *files, options);
+  Outcome saved = SaveFamily(disk_, plan.folder, plan.base, *files, options);
+  const auto look = looks_.find(plan.folder);
+  if (look != looks_.end() && saved) {
+    for (const CopiedFile& file : plan.files) look->second.families.Add(file.name);
+    for (const std::string& name : plan.removed) look->second.families.Remove(name);
+  } else if (look != looks_.end()) {
+    looks_.erase(look);  // nobody knows what it got done
+  }
+  return saved;
 }
 
 }  // namespace kalvo

@@ -1,12 +1,15 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <map>
 #include <string>
 #include <vector>
 
 #include "study/family_save.h"
+#include "study/folder_families.h"
 
 namespace kalvo {
 
@@ -41,15 +44,34 @@ struct CopyPlan {
   [[nodiscard]] std::uint64_t Bytes() const;
 };
 
-/// How the copying of the study `main` into `folder` would go. What a broken-off save left at
-/// either end is settled first. Error: the study cannot be read, or is being saved by another
-/// program.
-Result<CopyPlan> PlanCopy(Disk& disk, const std::filesystem::path& main,
-                          const std::filesystem::path& folder);
+/// Copies studies into one folder. What the folders hold is listed once and followed from then on,
+/// and looked at anew after a second: others may save there, too.
+class CopyPlanner {
+ public:
+  CopyPlanner(Disk& disk, std::filesystem::path folder) : disk_(disk), folder_(std::move(folder)) {}
 
-/// Makes the copy as one unit (SaveFamily()): the target is the old study or this one, whole. The
-/// files keep their dates. `on_file`: before each file is written, with its name and length.
-Outcome MakeCopy(Disk& disk, const CopyPlan& plan,
-                 const std::function<void(const std::string& name, std::uint64_t length)>& on_file);
+  /// How the copying of the study `main` would go. What a broken-off save left at either end is
+  /// settled first. Error: the study cannot be read, or is being saved by another program.
+  Result<CopyPlan> Plan(const std::filesystem::path& main);
+
+  /// Makes the copy as one unit (SaveFamily()): the target is the old study or this one, whole. The
+  /// files keep their dates. `on_file`: before each file is written, with its name and length.
+  Outcome Make(const CopyPlan& plan,
+               const std::function<void(const std::string& name, std::uint64_t length)>& on_file);
+
+ private:
+  struct Look {
+    FolderFamilies families;
+    std::chrono::steady_clock::time_point since;
+  };
+
+  Result<FolderFamilies*> FamiliesOf(const std::filesystem::path& folder);
+  Outcome LookAtSource(const std::filesystem::path& chosen, CopyPlan& plan);
+  Outcome LookAtTarget(const std::string& chosen, CopyPlan& plan);
+
+  Disk& disk_;
+  std::filesystem::path folder_;
+  std::map<std::filesystem::path, Look> looks_;  ///< by folder
+};
 
 }  // namespace kalvo

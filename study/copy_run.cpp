@@ -10,6 +10,7 @@ namespace fs = std::filesystem;
 
 CopyRun::CopyRun(Disk& disk, const Volumes& volumes, std::vector<fs::path> studies, fs::path folder)
     : disk_(disk),
+      planner_(disk, folder),
       volumes_(volumes),
       studies_(std::move(studies)),
       folder_(std::move(folder)),
@@ -45,11 +46,14 @@ Outcome CopyRun::Prove() {
 }
 
 // A study that cannot be planned is told of when its turn comes.
-RoomEnd CopyRun::LookForRoom() {
+RoomEnd CopyRun::LookForRoom(const std::function<void(int)>& on_study) {
   std::vector<CopyPlan> plans;
   total_ = 0;
   for (std::size_t at = 0; at < studies_.size(); ++at) {
-    auto plan = PlanCopy(disk_, studies_[at], folder_);
+    if (on_study) {
+      on_study(static_cast<int>(at));
+    }
+    auto plan = planner_.Plan(studies_[at]);
     if (!plan) {
       continue;
     }
@@ -83,7 +87,7 @@ void CopyRun::Make(CopyUser& user) {
 Answer CopyRun::CopyOne(CopyUser& user, std::size_t at) {
   CopyEntry& entry = entries_[at];
   entry.fate = CopyFate::kUnderWay;
-  const auto plan = PlanCopy(disk_, studies_[at], folder_);
+  const auto plan = planner_.Plan(studies_[at]);
   if (!plan) {
     entry.fate = CopyFate::kFailed;
     entry.reason = plan.error().Line();
@@ -109,7 +113,7 @@ Answer CopyRun::CopyAsPlanned(CopyUser& user, const CopyPlan& plan, CopyEntry& e
     entry.fate = answer == Answer::kCancel ? CopyFate::kNotReached : CopyFate::kKept;
     return answer;
   }
-  const Outcome made = MakeCopy(disk_, plan, [&](const std::string& name, std::uint64_t length) {
+  const Outcome made = planner_.Make(plan, [&](const std::string& name, std::uint64_t length) {
     file_ = name;
     user.Follow(*this);
     done_ += length;

@@ -66,7 +66,8 @@ class CopyRun {
   Outcome Prove();
   /// What it takes and what there is, looked at study by study; writes nothing but what a
   /// broken-off save left to be finished.
-  [[nodiscard]] RoomEnd LookForRoom();
+  /// `on_study`: before each, with how many have been looked at.
+  [[nodiscard]] RoomEnd LookForRoom(const std::function<void(int)>& on_study = {});
   /// Copies.
   void Make(CopyUser& user);
 
@@ -90,6 +91,7 @@ class CopyRun {
   [[nodiscard]] bool IsTaken(std::size_t at) const;
 
   Disk& disk_;
+  CopyPlanner planner_;
   const Volumes& volumes_;
   std::vector<std::filesystem::path> studies_;
   std::filesystem::path folder_;

@@ -85,7 +85,7 @@ Outcome Stage(const Family& family, const FamilyFile& file) {
   if (outcome && file.modified) {
     static_cast<void>(family.disk.SetModified(staged, *file.modified));
   }
-  return outcome ? family.disk.Flush(staged) : outcome;
+  return outcome;
 }
 
 Outcome StageAll(const Family& family, const std::vector<FamilyFile>& files,
@@ -96,6 +96,11 @@ Outcome StageAll(const Family& family, const std::vector<FamilyFile>& files,
     }
     if (Outcome staged = Stage(family, file); !staged) {
       return staged;
+    }
+  }
+  for (const FamilyFile& file : files) {
+    if (Outcome flushed = family.disk.Flush(family.Staged(file.name)); !flushed) {
+      return flushed;
     }
   }
   return family.disk.Flush(family.folder);

@@ -20,14 +20,33 @@ std::string ComparedName(std::string_view name) {
 
 FolderFamilies::FolderFamilies(const std::vector<std::string>& names) {
   for (const std::string& name : names) {
-    const std::string_view extension = std::string_view(name).substr(BaseOf(name).size());
-    if (!IsStudyExtension(extension) && !EqualIgnoringCase(extension, kCarriedExtension)) {
-      continue;
-    }
-    alike_[ComparedName(name)].push_back(name);
-    if (KindOfName(name) != SystemKind::kNone) {
-      bases_.emplace(BaseOf(name));
-    }
+    Add(name);
+  }
+}
+
+void FolderFamilies::Add(const std::string& name) {
+  const std::string_view extension = std::string_view(name).substr(BaseOf(name).size());
+  if (!IsStudyExtension(extension) && !EqualIgnoringCase(extension, kCarriedExtension)) {
+    return;
+  }
+  std::vector<std::string>& alike = alike_[ComparedName(name)];
+  const auto place = std::lower_bound(alike.begin(), alike.end(), name);
+  if (place != alike.end() && *place == name) {
+    return;
+  }
+  alike.insert(place, name);
+  if (KindOfName(name) != SystemKind::kNone) {
+    bases_.emplace(BaseOf(name));
+  }
+}
+
+void FolderFamilies::Remove(const std::string& name) {
+  const auto found = alike_.find(ComparedName(name));
+  if (found == alike_.end() || std::erase(found->second, name) == 0) {
+    return;
+  }
+  if (KindOfName(name) != SystemKind::kNone) {
+    bases_.erase(bases_.find(std::string(BaseOf(name))));
   }
 }
 

@@ -23,6 +23,10 @@ class FolderFamilies {
   /// `names`: all that is in the folder, in byte order.
   explicit FolderFamilies(const std::vector<std::string>& names);
 
+  /// A file has come to the folder, or one with that name is there already.
+  void Add(const std::string& name);
+  void Remove(const std::string& name);
+
   /// Names of the main files of the kind, in byte order.
   [[nodiscard]] std::vector<std::string> Mains(SystemKind kind) const;
   /// The study whose main file is `main`, which need not be there.
@@ -38,8 +42,9 @@ class FolderFamilies {
   [[nodiscard]] const std::vector<std::string>& Alike(const std::string& name) const;
   [[nodiscard]] bool IsAnothers(std::string_view companion, std::string_view base) const;
 
-  std::unordered_map<std::string, std::vector<std::string>> alike_;  ///< by their compared form
-  std::unordered_set<std::string> bases_;                            ///< of all main files
+  /// By their compared form, in byte order.
+  std::unordered_map<std::string, std::vector<std::string>> alike_;
+  std::unordered_multiset<std::string> bases_;  ///< of all main files
 };
 
 /// What two names have in common that differ in case, or in how accents are written, only.

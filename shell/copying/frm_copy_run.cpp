@@ -63,7 +63,12 @@ void FrmCopy::Go() {
   RoomEnd end = RoomEnd::kEnough;
   {
     const WaitShown wait(desk.navigator);
-    end = run.LookForRoom();
+    const auto count = static_cast<int>(studies.size());
+    end = run.LookForRoom([&](int looked_at) {
+      desk.navigator.ShowProgress(
+          "μελέτη " + std::to_string(looked_at + 1) + " από " + std::to_string(count), looked_at,
+          count);
+    });
   }
   if (end != RoomEnd::kEnough) {
     bench.Ask(RoomBox(run, end, desk.separators));
@@ -145,6 +150,8 @@ void FrmCopy::EndReport(const CopyRun& run, const std::vector<fs::path>& studies
     }
   }
   Report.SetLines(std::move(lines));
+  const auto left = std::ranges::find_if_not(run.entries(), &CopyEntry::Arrived);
+  Report.SetCurrent(static_cast<int>(left - run.entries().begin()));  // else the note
   const auto count = static_cast<int>(studies.size());
   LblEnd.text = "αντιγράφηκαν " + std::to_string(arrived) + " από " + std::to_string(count);
   target_.Refresh();

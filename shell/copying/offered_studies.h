@@ -7,6 +7,7 @@
 
 #include "form/entry_list.h"
 #include "study/folder_families.h"
+#include "study/separators.h"
 #include "study/settled_disk.h"
 
 namespace kalvo {

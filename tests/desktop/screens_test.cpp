@@ -226,14 +226,14 @@ class CopiedSamples {
         {.kind = VolumeKind::kSystem, .name = "Όλοι οι φάκελοι", .place = "/"}};
     desk.volumes.room = {.capacity = 2'000'000, .free = 700'000, .block = 4096, .writable = true};
   }
-  // The copying is pictured on its way, once a study has arrived.
+  // The copying is pictured as it begins, and with its report.
   void Use(const QString& picture) {
     auto& form = dynamic_cast<FrmCopy&>(*desk_.windows.FormOf(screen::kCopy));
     form.DirList2.Select(2);
     for (const int line : {1, 0, 2}) form.FileList1.Tick(line);
     QTimer look;
     QObject::connect(&look, &QTimer::timeout, &look, [&] {
-      if (!form.Bar.visible || form.Bar.done == 0) return;
+      if (!form.Bar.visible) return;
       look.stop();
       desk_.windows.PaintAll();
       QWidget& window = *desk_.windows.WindowOf(screen::kCopy);

@@ -191,6 +191,7 @@ TEST_F(CopyForm, TellsHowFarItIsAndHearsEscAlone) {
   EXPECT_EQ(told[1], "Αντιγραφή του : A.PCK 0,01 %  από < 7.459 > ");
   EXPECT_EQ(told[2], " 0,03 %  από < 7.459 > ");
   EXPECT_EQ(busy.Report.lines()[0].icon, "check");
+  EXPECT_EQ(busy.Report.current(), 1) << "what did not arrive is in sight";
   EXPECT_EQ(busy.Report.lines()[1].text, "ΔΕΝ αντιγράφηκε · η αντιγραφή σταμάτησε πριν από αυτήν");
   EXPECT_EQ(busy.FileList1.Ticked().size(), 2U);
   EXPECT_TRUE(navigator.log.empty()) << "it was not closed";

@@ -29,6 +29,7 @@
 #include "results/printing/frm_preview.h"
 #include "results/printing/frm_prnr1.h"
 #include "results/printing/frm_xl_or_not.h"
+#include "shell/copying/frm_copy.h"
 #include "shell/frm_kind.h"
 #include "shell/frm_main.h"
 #include "tests/support/markdown.h"
@@ -122,6 +123,7 @@ std::map<std::string, FormFactory> Screens() {
           {"Μελετητές", &MakeForm<FrmCLient>},
           {"Password των μελετητών", &MakeForm<FrmCLPass>},
           {"Προεπισκόπηση", &MakeForm<FrmPreview>},
+          {"Αντιγραφή μελετών", &MakeForm<FrmCopy>},
           {"Επιλογή εκτύπωσης", &MakeForm<FrmXLorNOT>},
           {"Εκτύπωση δεδομένων και αποτελεσμάτων", &MakeForm<FrmPRNR1>}};
 }

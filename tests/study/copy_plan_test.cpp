@@ -26,9 +26,10 @@ class Copying : public testing::Test {
   void Source(const FolderImage& files) { PutFolder(disk, kStudies, files); }
   void Target(const FolderImage& files) { PutFolder(disk, kStick, files); }
   CopyPlan Copy(const std::string& main) {
-    auto plan = PlanCopy(disk, kStudies / main, kStick);
+    CopyPlanner planner(disk, kStick);
+    auto plan = planner.Plan(kStudies / main);
     EXPECT_TRUE(plan.ok()) << plan.error().Line();
-    const Outcome made = MakeCopy(disk, *plan, [](const std::string&, std::uint64_t) {});
+    const Outcome made = planner.Make(*plan, [](const std::string&, std::uint64_t) {});
     EXPECT_TRUE(made.ok()) << made.error().Line();
     return *plan;
   }
@@ -110,10 +111,10 @@ TEST_F(Copying, ToldTheSameOnlyWhenEveryByteIs) {
   const FolderImage files = {{"A.PCK", "m"}, {"A.LQD", "l"}};
   Source(files);
   Target(files);
-  EXPECT_TRUE(PlanCopy(disk, kStudies / "A.PCK", kStick)->same);
+  EXPECT_TRUE(CopyPlanner(disk, kStick).Plan(kStudies / "A.PCK")->same);
   for (const auto& [name, bytes] : FolderImage{{"A.LQD", "L"}, {"A.PCK", "mm"}, {"A.KLD", ""}}) {
     ASSERT_TRUE(disk.Write(kStick / name, bytes).ok());
-    const auto plan = PlanCopy(disk, kStudies / "A.PCK", kStick);
+    const auto plan = CopyPlanner(disk, kStick).Plan(kStudies / "A.PCK");
     EXPECT_FALSE(plan->same) << name;
     EXPECT_EQ(plan->in_the_way, "A.PCK");
     Copy("A.PCK");
@@ -124,7 +125,7 @@ TEST_F(Copying, ToldTheSameOnlyWhenEveryByteIs) {
 TEST_F(Copying, NamesTheFluidThatAStudyOfTheOtherKindShares) {
   Source({{"A.PCK", "m"}, {"A.LQD", "glycol"}});
   Target({{"A.PCA", "open"}, {"A.LQD", "water"}});
-  auto plan = PlanCopy(disk, kStudies / "A.PCK", kStick);
+  auto plan = CopyPlanner(disk, kStick).Plan(kStudies / "A.PCK");
   EXPECT_EQ(plan->shared, "A.LQD");
   EXPECT_EQ(ReplaceBox(*plan).lines,
             (std::vector<std::string>{
@@ -132,10 +133,10 @@ TEST_F(Copying, NamesTheFluidThatAStudyOfTheOtherKindShares) {
                 "... Το Αρχείο < A.LQD > ανήκει και στη Μελέτη < A.PCA >, και θα αλλάξει ...",
                 "... ΘΕΛΕΤΕ ΝΑ ΤΟ ΑΝΤΙΚΑΤΑΣΤΗΣΩ ?? ..."}));
   ASSERT_TRUE(disk.Remove(kStick / "A.LQD").ok());
-  plan = PlanCopy(disk, kStudies / "A.PCK", kStick);
+  plan = CopyPlanner(disk, kStick).Plan(kStudies / "A.PCK");
   EXPECT_EQ(plan->shared, "A.LQD") << "the other study is one of water so far";
   ASSERT_TRUE(disk.Write(kStick / "A.LQD", "glycol").ok());
-  plan = PlanCopy(disk, kStudies / "A.PCK", kStick);
+  plan = CopyPlanner(disk, kStick).Plan(kStudies / "A.PCK");
   EXPECT_TRUE(plan->shared.empty() && plan->in_the_way.empty()) << "nothing there changes";
 }
 
@@ -149,7 +150,7 @@ TEST_F(Copying, FinishesWhatABrokenOffSaveLeftAtEitherEnd) {
           {"A.STC", "old"},
           {"A.STC.new~", "s"},
           {"A.saving~", "KALVOFLUME 1\nA.STC\nA.PCK\nTELOS\n"}});
-  const auto plan = PlanCopy(disk, kStudies / "A.PCK", kStick);
+  const auto plan = CopyPlanner(disk, kStick).Plan(kStudies / "A.PCK");
   ASSERT_TRUE(plan.ok());
   EXPECT_EQ(Stick(), (FolderImage{{"A.PCK", "newer"}, {"A.STC", "s"}}));
   Copy("A.PCK");
@@ -165,7 +166,7 @@ TEST_F(Copying, ReadsTheNewStudyWhereItsSourceCannotBeSettled) {
   Target({});
   FailingDisk full(disk);
   full.FailAtOperation(1, FailingDisk::Lasting::kFromThenOn);
-  const auto plan = PlanCopy(full, kStudies / "A.PCK", kStick);
+  const auto plan = CopyPlanner(full, kStick).Plan(kStudies / "A.PCK");
   ASSERT_TRUE(plan.ok());
   ASSERT_EQ(plan->files.size(), 1U);
   EXPECT_EQ(plan->files.front().length, 3U);
@@ -175,11 +176,11 @@ TEST_F(Copying, OnAMediumWithoutCaseReplacesTheEntryThatIsThere) {
   Source({{"HOTEL.PCK", "m"}, {"HOTEL.LQD", "l"}});
   Target({{"hotel.pck", "old"}, {"hotel.lqd", "old"}, {"hotel.wnt", "old"}});
   FatDisk fat(disk, kStick);
-  const auto plan = PlanCopy(fat, kStudies / "HOTEL.PCK", kStick);
+  const auto plan = CopyPlanner(fat, kStick).Plan(kStudies / "HOTEL.PCK");
   ASSERT_TRUE(plan.ok());
   EXPECT_TRUE(plan->case_blind);
   EXPECT_EQ(plan->in_the_way, "hotel.pck");
-  ASSERT_TRUE(MakeCopy(fat, *plan, [](const std::string&, std::uint64_t) {}).ok());
+  ASSERT_TRUE(CopyPlanner(fat, kStick).Make(*plan, [](const std::string&, std::uint64_t) {}).ok());
   EXPECT_EQ(Stick(), (FolderImage{{"hotel.pck", "m"}, {"hotel.lqd", "l"}}));
 }
 
@@ -219,9 +220,9 @@ TEST(CopyingOnDisk, KeepsDatesAndGoesBehindLinks) {
   ASSERT_TRUE(disk.MakeFolder(stick).ok());
   ASSERT_TRUE(disk.MakeFolder(place.folder() / "links").ok());
   fs::create_symlink(place.studies() / "A.PCK", place.folder() / "links" / "B.PCK");
-  const auto plan = PlanCopy(disk, place.folder() / "links" / "B.PCK", stick);
+  const auto plan = CopyPlanner(disk, stick).Plan(place.folder() / "links" / "B.PCK");
   ASSERT_TRUE(plan.ok());
-  ASSERT_TRUE(MakeCopy(disk, *plan, [](const std::string&, std::uint64_t) {}).ok());
+  ASSERT_TRUE(CopyPlanner(disk, stick).Make(*plan, [](const std::string&, std::uint64_t) {}).ok());
   EXPECT_EQ(ImageOf(disk, stick), (FolderImage{{"B.PCK", "m"}, {"B.LQD", "l"}}));
   EXPECT_EQ((*disk.Status(stick / "B.PCK"))->modified, 5 * 86'400);
 }
