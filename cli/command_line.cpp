@@ -6,6 +6,7 @@
 #include <new>
 
 #include "cli/calc_command.h"
+#include "cli/copy_command.h"
 #include "cli/diameters_command.h"
 #include "cli/explain_command.h"
 #include "cli/export_command.h"
@@ -78,6 +79,7 @@ class Program {
     Add<ReportCommand>();
     Add<DiametersCommand>();
     Add<ExportCommand>();
+    Add<CopyCommand>();
     Add<WinterCommand>();
     Add<PipesCommand>();
     Add<FluidsCommand>();

@@ -243,6 +243,8 @@ void Binder::PaintMenus() {
     if (action->property(kFollowsCommand).toBool()) {
       action->setText(MenuCaption(command->caption, true) + KeyColumn(*command));
     }
+    auto* menu = qobject_cast<QMenu*>(action->parent());
+    if (menu != nullptr && !menu->isVisible()) menu->menuAction()->setVisible(!menu->isEmpty());
   }
 }
 

@@ -33,6 +33,7 @@ Program::Program(const ProgramPlaces& places, Separators separators)
   desk_.file_dialog = &file_dialog_;
   desk_.spreadsheet = &workbooks_;
   desk_.print_database = &print_files_;
+  desk_.volumes = &volumes_;
   desk_.version = "Έκδοση " KALVO_VERSION;
   windows_.SetDesk(desk_);
   windows_.AfterAction([this] { RememberOptions(); });

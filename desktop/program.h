@@ -12,6 +12,7 @@
 #include "desktop/qt_sound.h"
 #include "desktop/qt_viewer.h"
 #include "desktop/windows.h"
+#include "platform/drives/mounted_volumes.h"
 #include "platform/print_files.h"
 #include "shell/fault_file.h"
 #include "shell/program_folder.h"
@@ -53,6 +54,7 @@ class Program {
   QtPrinter printer_;
   QtFileDialog file_dialog_;
   PrintFiles print_files_{disk_};
+  MountedVolumes volumes_;
   QtPrompter prompter_;
   FaultFile fault_file_;
   Workbench bench_;

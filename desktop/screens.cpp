@@ -8,6 +8,7 @@
 #include <ui_frm_cl_pass.h>
 #include <ui_frm_client.h>
 #include <ui_frm_compare.h>
+#include <ui_frm_copy.h>
 #include <ui_frm_cur_fl.h>
 #include <ui_frm_data.h>
 #include <ui_frm_data_sheet.h>
@@ -69,6 +70,7 @@
 #include "results/printing/frm_preview.h"
 #include "results/printing/frm_prnr1.h"
 #include "results/printing/frm_xl_or_not.h"
+#include "shell/copying/frm_copy.h"
 #include "shell/frm_calcs.h"
 #include "shell/frm_editor.h"
 #include "shell/frm_error.h"
@@ -134,6 +136,7 @@ constexpr Screen kScreens[] = {
     {screen::kSafetyCopies, &MakeForm<FrmSafety>, &SetUp<Ui::FrmSafety>},
     {screen::kDataFolder, &MakeForm<FrmFF>, &SetUp<Ui::FrmFF>},
     {screen::kManual, &MakeForm<FrmManual>, &SetUp<Ui::FrmManual>},
+    {screen::kCopy, &MakeForm<FrmCopy>, &SetUp<Ui::FrmCopy>},
 };
 
 }  // namespace

@@ -116,8 +116,10 @@ void ThemeStyle::drawControl(ControlElement element, const QStyleOption* option,
   }
   QStyleOptionComboBox shown = *combo;
   const QRect words = subControlRect(CC_ComboBox, combo, SC_ComboBoxEditField, widget);
+  constexpr int kIconGap = 4;  // as Fusion leaves it
+  const int icon = combo->currentIcon.isNull() ? 0 : combo->iconSize.width() + kIconGap;
   shown.currentText =
-      combo->fontMetrics.elidedText(combo->currentText, Qt::ElideRight, words.width());
+      combo->fontMetrics.elidedText(combo->currentText, Qt::ElideRight, words.width() - icon);
   QProxyStyle::drawControl(element, &shown, painter, widget);
 }
 

@@ -22,6 +22,8 @@ namespace {
 
 // How long a screen closed by its own action is kept before the next look at it.
 constexpr int kBusyMs = 150;
+// Painting and listening at each step would take longer than the work.
+constexpr int kBreathMs = 40;
 // How often forms may do what waits for a quiet moment.
 constexpr int kIdleMs = 300;
 // Height that the desktop's title bar may need.
@@ -56,6 +58,26 @@ void PlaceLevelWith(QWidget& window, QWidget& partner) {
   window.winId();  // makes the handle
   window.windowHandle()->setTransientParent(partner.windowHandle());
 }
+
+// While it lives the mouse does nothing but scroll.
+class NoMouse : public QObject {
+ public:
+  NoMouse() { qApp->installEventFilter(this); }
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    switch (event->type()) {
+      case QEvent::MouseButtonPress:
+      case QEvent::MouseButtonRelease:
+      case QEvent::MouseButtonDblClick:
+      case QEvent::ContextMenu:
+      case QEvent::DragEnter:
+      case QEvent::Drop:
+        return true;
+      default:
+        return QObject::eventFilter(watched, event);
+    }
+  }
+};
 
 }  // namespace
 
@@ -383,6 +405,14 @@ void Windows::PlaceBeside(Open& open, QWidget& partner) {
 void Windows::ShowWait(std::string_view text) { wait_.Begin(ToQt(text).trimmed()); }
 
 void Windows::HideWait() { wait_.End(); }
+
+void Windows::LetBreathe() {
+  if (breathed_.isValid() && breathed_.elapsed() < kBreathMs) return;
+  PaintAll();
+  const NoMouse deaf;
+  QApplication::processEvents();
+  breathed_.start();
+}
 
 void Windows::ShowProgress(std::string_view text, int done, int total) {
   wait_.ShowProgress(ToQt(text), done, total);

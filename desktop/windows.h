@@ -37,6 +37,7 @@ class Windows : public QObject, public Navigator {
   void ShowWait(std::string_view text) override;
   void HideWait() override;
   void ShowProgress(std::string_view text, int done, int total) override;
+  void LetBreathe() override;
   void EndProgram() override;
 
   /// Shows the manual as a window of the one that asked: it stays in front of that, can be used
@@ -100,6 +101,7 @@ class Windows : public QObject, public Navigator {
   QTimer idle_;
   QPointer<QWidget> manual_of_;  ///< the window that asked for the manual
   QElapsedTimer quiet_;          ///< since the last action
+  QElapsedTimer breathed_;       ///< since long work let the windows be painted
   WaitIndicator wait_;
 };
 

@@ -15,6 +15,7 @@ class Choice : public Control {
   using Control::Control;
 
   std::vector<std::string> entries;
+  std::vector<std::string> icons;   ///< of the entries; none: they have none
   int selected = -1;                ///< position from 0; -1: none
   std::function<void()> on_select;  ///< the user has chosen; `selected` holds what
 

@@ -37,6 +37,7 @@ class ChangeHistory;
 class SpreadsheetApplication;
 class FileDialog;
 class PrintDatabase;
+class Volumes;
 
 /// No value is in memory.
 constexpr float kNoMemory = -1.0F;
@@ -100,6 +101,7 @@ struct Desk {
   SpreadsheetApplication* spreadsheet = nullptr;
   FileDialog* file_dialog = nullptr;
   PrintDatabase* print_database = nullptr;
+  Volumes* volumes = nullptr;  ///< there are none in a program without windows
 
   [[nodiscard]] SafetyFolders safety_folders() const { return {data_folder, state_folder}; }
 

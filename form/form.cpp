@@ -136,6 +136,9 @@ bool Form::Press(const Key& key) {
   if (auto* grid = dynamic_cast<Grid*>(focus_); grid != nullptr && grid->PressToSelect(key)) {
     return true;
   }
+  if (auto* list = dynamic_cast<EntryList*>(focus_); list != nullptr && list->Press(key)) {
+    return true;
+  }
   if (auto* field = dynamic_cast<Field*>(focus_)) {
     if (PressInField(*field, key)) return true;
     if (field->CanEdit() && EditsText(key)) return false;

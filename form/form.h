@@ -9,6 +9,7 @@
 #include "form/command.h"
 #include "form/desk.h"
 #include "form/editable_grid.h"
+#include "form/entry_list.h"
 #include "form/field.h"
 #include "form/grid.h"
 #include "form/list.h"

@@ -46,6 +46,7 @@ constexpr std::string_view kDesigners = "FrmCLient";
 constexpr std::string_view kListPassword = "FrmCLPass";
 constexpr std::string_view kPreview = "FrmPreview";
 constexpr std::string_view kManual = "FrmManual";
+constexpr std::string_view kCopy = "FrmCopy";
 }  // namespace screen
 
 /// Shows and closes screens. A form that closes itself lives on until the action under way ends.
@@ -71,6 +72,10 @@ class Navigator {
   virtual void HideWait() = 0;
   /// How far the work under the wait indicator has come, in its own words.
   virtual void ShowProgress(std::string_view /*text*/, int /*done*/, int /*total*/) {}
+
+  /// Long work of a form has come a step further: its windows are painted and its keys are heard.
+  /// What the user does meanwhile reaches the forms, which must not begin anything else.
+  virtual void LetBreathe() {}
 
   /// Ends the program when the action under way has ended.
   virtual void EndProgram() = 0;

@@ -80,6 +80,16 @@ struct BarPairContent {
 };
 using BarPair = Picture<BarPairContent>;
 
+/// What of a medium is used, and what comes to it: parts of its capacity.
+struct RoomContent {
+  double used = 0;
+  double comes = 0;
+  bool too_much = false;  ///< what comes has no room
+  std::string told;       ///< the same in words
+  bool operator==(const RoomContent&) const = default;
+};
+using Room = Picture<RoomContent>;
+
 /// One section between its nodes with a line of text under it.
 struct PipeContent {
   std::string from;

@@ -20,13 +20,15 @@ std::vector<std::string> SubfolderNames(const Disk& disk, const fs::path& folder
 
 void FolderTree::ShowAt(const fs::path& folder) {
   lines_.clear();
-  fs::path at;
-  for (const fs::path& part : folder.lexically_normal()) {
-    if (part.empty()) continue;  // behind a separator at the end
+  fs::path at = root_;
+  lines_.push_back({at, 0, true});
+  const fs::path below = folder.lexically_normal().lexically_relative(root_);
+  for (const fs::path& part : below) {
+    if (part == "..") break;  // it is no folder of this tree
+    if (part.empty() || part == ".") continue;
     at /= part;
     lines_.push_back({at, static_cast<int>(lines_.size()), true});
   }
-  if (lines_.empty()) lines_.push_back({"/", 0, true});
   top_ = current_ = static_cast<int>(lines_.size()) - 1;
   Open(static_cast<std::size_t>(current_));
 }

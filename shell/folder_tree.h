@@ -2,19 +2,22 @@
 
 #include <filesystem>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "study/disk.h"
 
 namespace kalvo {
 
-/// Folders as a dialog offers them: those from the root down to the one on show, and what lies
+/// Folders as a dialog offers them: those from its root down to the one on show, and what lies
 /// below it. Lines above the one that the user goes to never move, so that a second click meets
 /// the same folder. Hidden folders are left out.
 class FolderTree {
  public:
   explicit FolderTree(const Disk& disk) : disk_(&disk) {}
 
+  /// The folder that the tree begins at; "/" at first. ShowAt() shows it.
+  void SetRoot(std::filesystem::path root) { root_ = std::move(root); }
   /// The tree anew: the folders above `folder`, itself and its subfolders. It need not exist.
   void ShowAt(const std::filesystem::path& folder);
   /// The user goes to the folder of a line; its subfolders stand below it from then on.
@@ -36,6 +39,7 @@ class FolderTree {
   void Open(std::size_t line);
 
   const Disk* disk_;
+  std::filesystem::path root_ = "/";
   std::vector<Line> lines_;
   int current_ = 0;
   int top_ = 0;  ///< the line down to which the tree is one path

@@ -57,6 +57,8 @@ FrmMain::FrmMain(Desk& shared_desk)
                 [this] { ShowCurrentStudy(); }, {Ctrl('I')}),
       CmdFF(*this, "CmdFF", " Αλλαγή του Folder Αποθήκευσης Αρχείων ",
             [this] { desk.navigator.ShowModal(screen::kDataFolder); }),
+      CmdCopyFiles(*this, "CmdCopyFiles", " Αντιγραφή Αρχείων Μελετών ",
+                   [this] { desk.navigator.ShowModal(screen::kCopy); }),
       CmdManual(*this, "CmdManual", " Εγχειρίδιο Προγράμματος ", [this] { OpenManualFile(desk); }),
       Cmd_Exit(*this, "Cmd_Exit", "Εξοδος από το Πρόγραμμα", [this] { Leave(); },
                {Alt(KeyCode::kF4)}),
@@ -116,6 +118,7 @@ void FrmMain::MakeMenus() {
            {"&Εκτυπώσεις",
             {{"Mnu_PrintD", "Εκτύπωση Δεδομένων", &Cmd_PrnData},
              {"Mnu_PrintR", "Εκτύπωση Αποτελεσμάτων", &Cmd_PrnRes}}},
+           {"Ε&ργαλεία", {{"Mnu_CopyFiles", "Αντιγραφή Αρχείων Μελετών", &CmdCopyFiles}}},
            {"&Βοήθεια",
             {{"Mnu_Help", "Βοήθεια", &Mnu_Help},
              {"Mnu_Manual", "Εγχειρίδιο Προγράμματος", &CmdManual}}}};
@@ -231,7 +234,7 @@ void FrmMain::Derive() {
   Cmd_Nodes.visible = study.SystemClosed();
   Cmd_Winter.visible = study.SystemClosed();
   Mnu_Method.visible = study.SystemClosed();
-  CmdFF.visible = desk.options.folder_commands;
+  CmdFF.visible = CmdCopyFiles.visible = desk.options.folder_commands;
   ChkSound.on = desk.options.SoundOn;
   ChkDataKind.on = desk.options.ChkDataKind;
   LblFolder.text = "Folder: " + desk.data_folder.string();

@@ -66,6 +66,7 @@ class FrmMain : public Form {
   Command Cmd_Recent;
   Command Cmd_CurFL;
   Command CmdFF;
+  Command CmdCopyFiles;
   Command CmdManual;
   Toggle ChkSound{*this, "ChkSound", " On-Off Ήχων "};
   Label LblFolder{*this, "LblFolder"};

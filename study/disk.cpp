@@ -15,6 +15,17 @@ Result<std::string> Disk::ReadHead(const std::filesystem::path& path, std::size_
 
 std::filesystem::path Disk::Resolve(const std::filesystem::path& path) const { return path; }
 
+Outcome Disk::SetModified(const std::filesystem::path& /*path*/, std::int64_t /*moment*/) {
+  return Done{};
+}
+
+bool Disk::IsSamePlace(const std::filesystem::path& a, const std::filesystem::path& b) const {
+  const auto end = [this](const std::filesystem::path& path) {
+    return (Resolve(path) / "").lexically_normal();
+  };
+  return end(a) == end(b);
+}
+
 Result<std::unique_ptr<DiskLock>> Disk::Lock(const std::filesystem::path& /*path*/,
                                              std::chrono::milliseconds /*patience*/) {
   return std::make_unique<DiskLock>();

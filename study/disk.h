@@ -51,6 +51,8 @@ class Disk {
   virtual Outcome Rename(const std::filesystem::path& from, const std::filesystem::path& to) = 0;
   /// Removes a file, or a folder that is empty.
   virtual Outcome Remove(const std::filesystem::path& path) = 0;
+  /// Dates a file, in seconds since 1970, UTC. Where there are no dates it does nothing.
+  virtual Outcome SetModified(const std::filesystem::path& path, std::int64_t moment);
   /// Makes the folder and those above it.
   virtual Outcome MakeFolder(const std::filesystem::path& path) = 0;
   /// Names of all that is in the folder, in byte order.
@@ -58,6 +60,9 @@ class Disk {
       const std::filesystem::path& folder) const = 0;
   /// Where a link leads, at its end; any other path as it is.
   [[nodiscard]] virtual std::filesystem::path Resolve(const std::filesystem::path& path) const;
+  /// Whether two paths that are there lead to the same file or folder.
+  [[nodiscard]] virtual bool IsSamePlace(const std::filesystem::path& a,
+                                         const std::filesystem::path& b) const;
   /// The lock of that name, which no other program has at the same time and none keeps that has
   /// ended. The only error is of kind kBusy: another held it for as long as `patience`. Where there
   /// are no locks it bars nobody.

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "study/study_extensions.h"
-
 namespace kalvo {
 
 namespace {
@@ -12,8 +10,6 @@ namespace {
 constexpr std::string_view kStagedEnd = kBesideEnd;
 constexpr std::string_view kJournalEnd = ".saving~";
 constexpr std::string_view kLockEnd = ".lock~";
-constexpr std::string_view kJournalHead = "KALVOFLUME 1\n";
-constexpr std::string_view kJournalFoot = "TELOS\n";
 
 // A study's files on disk: its folder, and its name without folder and extension.
 struct Family {
@@ -56,12 +52,6 @@ Outcome WriteAndFlush(Disk& disk, const std::filesystem::path& path, const std::
   return written ? disk.Flush(path) : written;
 }
 
-// A name is only ever one of the study's own files in the same folder.
-bool IsOwnFile(const std::string& name, const std::string& base) {
-  return name.size() == base.size() + kStudyExtensionLength && name.starts_with(base) &&
-         IsStudyExtension(std::string_view(name).substr(base.size()));
-}
-
 // Of the names that a save makes the lock's is the longest.
 Outcome ProveNamesFit(const Family& family, const std::string& main) {
   const auto look = family.disk.ReadHead(family.Lock(), 0);
@@ -74,38 +64,53 @@ Outcome ProveNamesFit(const Family& family, const std::string& main) {
 }
 
 // Names in the journal's lines must be told apart from it; a folder cannot be replaced by a file.
-Outcome ProveSavable(const Family& family, const std::vector<FamilyFile>& files) {
-  for (const FamilyFile& file : files) {
-    if (!IsOwnFile(file.name, family.base) || file.name.find('\n') != std::string::npos) {
-      return FileError{family.Target(file.name), "Δεν είναι όνομα αρχείου Μελέτης"};
-    }
-    if (family.disk.IsFolder(family.Target(file.name))) {
-      return FileError{family.Target(file.name), "Είναι φάκελος και όχι αρχείο"};
+Outcome ProveSavable(const Family& family, const PendingSave& save) {
+  for (const auto* names : {&save.files, &save.removed}) {
+    for (const std::string& name : *names) {
+      if (!IsFamilyName(name, family.base) || name.find('\n') != std::string::npos) {
+        return FileError{family.Target(name), "Δεν είναι όνομα αρχείου Μελέτης"};
+      }
+      if (family.disk.IsFolder(family.Target(name))) {
+        return FileError{family.Target(name), "Είναι φάκελος και όχι αρχείο"};
+      }
     }
   }
   return Done{};
 }
 
-Outcome StageAll(const Family& family, const std::vector<FamilyFile>& files) {
+// A medium without dates keeps the moment of the save.
+Outcome Stage(const Family& family, const FamilyFile& file) {
+  const std::filesystem::path staged = family.Staged(file.name);
+  Outcome outcome = family.disk.Write(staged, file.bytes);
+  if (outcome && file.modified) {
+    static_cast<void>(family.disk.SetModified(staged, *file.modified));
+  }
+  return outcome;
+}
+
+Outcome StageAll(const Family& family, const std::vector<FamilyFile>& files,
+                 const FamilySaveOptions& options) {
   for (const FamilyFile& file : files) {
-    if (Outcome staged = WriteAndFlush(family.disk, family.Staged(file.name), file.bytes);
-        !staged) {
+    if (options.on_stage) {
+      options.on_stage(file);
+    }
+    if (Outcome staged = Stage(family, file); !staged) {
       return staged;
+    }
+  }
+  for (const FamilyFile& file : files) {
+    if (Outcome flushed = family.disk.Flush(family.Staged(file.name)); !flushed) {
+      return flushed;
     }
   }
   return family.disk.Flush(family.folder);
 }
 
 // The journal appears whole or not at all, and with it the decision that the save takes place.
-Outcome WriteJournal(const Family& family, const std::vector<FamilyFile>& files) {
-  std::string text(kJournalHead);
-  for (const FamilyFile& file : files) {
-    text += file.name + "\n";
-  }
-  text += kJournalFoot;
+Outcome WriteJournal(const Family& family, const PendingSave& save) {
   const std::filesystem::path journal = family.Journal();
   const std::filesystem::path beside = StagedPath(journal);
-  Outcome outcome = WriteAndFlush(family.disk, beside, text);
+  Outcome outcome = WriteAndFlush(family.disk, beside, JournalText(save));
   if (outcome) {
     outcome = family.disk.Rename(beside, journal);
   }
@@ -114,25 +119,6 @@ Outcome WriteJournal(const Family& family, const std::vector<FamilyFile>& files)
     return outcome;
   }
   return family.disk.Flush(family.folder);
-}
-
-// Names that a whole journal tells, none of a broken one.
-std::vector<std::string> NamesIn(std::string_view text) {
-  if (!text.starts_with(kJournalHead) || !text.ends_with(kJournalFoot)) {
-    return {};
-  }
-  text.remove_prefix(kJournalHead.size());
-  text.remove_suffix(kJournalFoot.size());
-  std::vector<std::string> names;
-  while (!text.empty()) {
-    const std::size_t end = text.find('\n');
-    if (end == std::string_view::npos) {
-      return {};
-    }
-    names.emplace_back(text.substr(0, end));
-    text.remove_prefix(end + 1);
-  }
-  return names;
 }
 
 // A staged file that is gone has taken its name: before the save was broken off, or because whoever
@@ -151,6 +137,22 @@ Outcome RenameStaged(const Family& family, const std::vector<std::string>& names
   return family.disk.Flush(family.folder);
 }
 
+Outcome RemoveReplaced(const Family& family, const std::vector<std::string>& names) {
+  for (const std::string& name : names) {
+    const std::filesystem::path path = family.Target(name);
+    if (Outcome removed = family.disk.Remove(path); !removed && family.disk.Exists(path)) {
+      return removed;
+    }
+  }
+  return names.empty() ? Outcome(Done{}) : family.disk.Flush(family.folder);
+}
+
+// All that a journal tells.
+Outcome TakePlaces(const Family& family, const PendingSave& save) {
+  Outcome renamed = RenameStaged(family, save.files);
+  return renamed ? RemoveReplaced(family, save.removed) : renamed;
+}
+
 // The target of a staged file; empty when `entry` is no staged file.
 std::string TargetOf(const std::string& entry) {
   return entry.ends_with(kStagedEnd) ? entry.substr(0, entry.size() - kStagedEnd.size()) : "";
@@ -160,7 +162,7 @@ void RemoveLeftovers(const Family& family) {
   const auto entries = family.disk.List(family.folder);
   for (const std::string& entry : entries ? *entries : std::vector<std::string>{}) {
     const std::string name = TargetOf(entry);
-    if (IsOwnFile(name, family.base) || name == family.Journal().filename()) {
+    if (BearsFamilyName(name, family.base) || name == family.Journal().filename()) {
       static_cast<void>(family.disk.Remove(family.Target(entry)));
     }
   }
@@ -175,14 +177,6 @@ Outcome RemoveJournal(const Family& family) {
   return family.disk.Flush(family.folder);
 }
 
-// Names of a whole journal of the study's own; none of any other.
-std::vector<std::string> OwnNamesIn(std::string_view text, const std::string& base) {
-  std::vector<std::string> names = NamesIn(text);
-  const bool own = std::all_of(names.begin(), names.end(),
-                               [&base](const std::string& name) { return IsOwnFile(name, base); });
-  return own ? names : std::vector<std::string>{};
-}
-
 // Does what the journal says and removes it. The caller has the study's lock.
 Outcome EndJournal(const Family& family) {
   const std::filesystem::path journal = family.Journal();
@@ -191,8 +185,8 @@ Outcome EndJournal(const Family& family) {
     return text.error().IsMissing() ? Outcome(Done{}) : LeftHalfway(journal, text.error());
   }
   Outcome ended = Done{};
-  if (const auto names = OwnNamesIn(*text, family.base); !names.empty()) {
-    ended = RenameStaged(family, names);
+  if (const PendingSave save = ReadJournal(*text, family.base); !save.files.empty()) {
+    ended = TakePlaces(family, save);
   } else {
     RemoveLeftovers(family);
   }
@@ -223,30 +217,36 @@ bool AllStaged(const Family& family, const std::vector<std::string>& names) {
   });
 }
 
+PendingSave ToldOf(const std::vector<FamilyFile>& files, const FamilySaveOptions& options) {
+  PendingSave save;
+  for (const FamilyFile& file : files) {
+    save.files.push_back(file.name);
+  }
+  save.removed = options.removed;
+  return save;
+}
+
 // From the first byte to the last; the caller has the study's lock.
-Outcome SaveLocked(const Family& family, const std::vector<FamilyFile>& files) {
+Outcome SaveLocked(const Family& family, const std::vector<FamilyFile>& files,
+                   const FamilySaveOptions& options) {
   if (Outcome ended = EndJournal(family); !ended) {
     return FileError{family.Journal(),
                      "ΔΕΝ αποθηκεύθηκε : μία προηγούμενη αποθήκευση της Μελέτης δεν ολοκληρώνεται",
                      ended.error().kind};
   }
   RemoveLeftovers(family);
-  Outcome outcome = StageAll(family, files);
+  const PendingSave save = ToldOf(files, options);
+  Outcome outcome = StageAll(family, files, options);
   if (outcome) {
-    outcome = WriteJournal(family, files);
-  }
-  std::vector<std::string> names;
-  names.reserve(files.size());
-  for (const FamilyFile& file : files) {
-    names.push_back(file.name);
+    outcome = WriteJournal(family, save);
   }
   const bool journal_stands = outcome.ok();
   if (journal_stands) {
-    outcome = RenameStaged(family, names);
+    outcome = TakePlaces(family, save);
   }
   if (outcome) {
     outcome = RemoveJournal(family);
-  } else if ((!journal_stands || AllStaged(family, names)) && TakeBack(family, files)) {
+  } else if ((!journal_stands || AllStaged(family, save.files)) && TakeBack(family, files)) {
     return outcome;
   }
   return outcome ? outcome : LeftHalfway(family.Journal(), outcome.error());
@@ -270,19 +270,27 @@ std::filesystem::path StagedPath(const std::filesystem::path& target) {
   return path += kStagedEnd;
 }
 
+Result<std::unique_ptr<DiskLock>> LockFamily(Disk& disk, const std::filesystem::path& folder,
+                                             const std::string& base,
+                                             std::chrono::milliseconds patience) {
+  const Family family{disk, folder, base};
+  auto lock = disk.Lock(family.Lock(), patience);
+  return lock ? std::move(lock) : Busy(family.Journal());
+}
+
 Outcome SaveFamily(Disk& disk, const std::filesystem::path& folder, const std::string& base,
-                   const std::vector<FamilyFile>& files) {
+                   const std::vector<FamilyFile>& files, const FamilySaveOptions& options) {
   const Family family{disk, folder, base};
   Outcome savable = ProveNamesFit(family, files.back().name);
-  savable = savable ? ProveSavable(family, files) : savable;
+  savable = savable ? ProveSavable(family, ToldOf(files, options)) : savable;
   if (!savable) {
     return savable;
   }
-  const auto lock = disk.Lock(family.Lock(), kSavePatience);
+  const auto lock = LockFamily(disk, folder, base, kSavePatience);
   if (!lock) {
     return Busy(family.Target(files.back().name));
   }
-  return SaveLocked(family, files);
+  return SaveLocked(family, files, options);
 }
 
 Outcome FinishSave(Disk& disk, const std::filesystem::path& folder, const std::string& base,
@@ -291,24 +299,24 @@ Outcome FinishSave(Disk& disk, const std::filesystem::path& folder, const std::s
   if (!disk.Exists(family.Journal())) {
     return Done{};
   }
-  const auto lock = disk.Lock(family.Lock(), patience);
-  return lock ? EndJournal(family) : Busy(family.Journal());
+  const auto lock = LockFamily(disk, folder, base, patience);
+  return lock ? EndJournal(family) : Outcome(lock.error());
 }
 
-std::vector<std::string> PendingNames(const Disk& disk, const std::filesystem::path& folder,
-                                      const std::string& base) {
+PendingSave PendingSaveOf(const Disk& disk, const std::filesystem::path& folder,
+                          const std::string& base) {
   const Result<std::string> text = disk.Read(JournalPath(folder, base));
   if (text || text.error().IsMissing()) {
-    return text ? OwnNamesIn(*text, base) : std::vector<std::string>{};
+    return text ? ReadJournal(*text, base) : PendingSave{};
   }
-  std::vector<std::string> names;
+  PendingSave save;
   const auto entries = disk.List(folder);
   for (const std::string& entry : entries ? *entries : std::vector<std::string>{}) {
-    if (std::string name = TargetOf(entry); IsOwnFile(name, base)) {
-      names.push_back(std::move(name));
+    if (std::string name = TargetOf(entry); BearsFamilyName(name, base)) {
+      save.files.push_back(std::move(name));
     }
   }
-  return names;
+  return save;
 }
 
 }  // namespace kalvo

@@ -30,6 +30,9 @@ class ForwardingDisk : public Disk {
     return inner_.Rename(from, to);
   }
   Outcome Remove(const std::filesystem::path& path) override { return inner_.Remove(path); }
+  Outcome SetModified(const std::filesystem::path& path, std::int64_t moment) override {
+    return inner_.SetModified(path, moment);
+  }
   Outcome MakeFolder(const std::filesystem::path& path) override { return inner_.MakeFolder(path); }
   [[nodiscard]] Result<std::vector<std::string>> List(
       const std::filesystem::path& folder) const override {
@@ -37,6 +40,10 @@ class ForwardingDisk : public Disk {
   }
   [[nodiscard]] std::filesystem::path Resolve(const std::filesystem::path& path) const override {
     return inner_.Resolve(path);
+  }
+  [[nodiscard]] bool IsSamePlace(const std::filesystem::path& a,
+                                 const std::filesystem::path& b) const override {
+    return inner_.IsSamePlace(a, b);
   }
   [[nodiscard]] Result<std::unique_ptr<DiskLock>> Lock(
       const std::filesystem::path& path, std::chrono::milliseconds patience) override {

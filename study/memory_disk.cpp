@@ -20,7 +20,7 @@ Result<std::optional<FileStatus>> MemoryDisk::Status(const std::filesystem::path
   if (found == files_.end()) {
     return std::optional<FileStatus>();
   }
-  return std::optional(FileStatus{found->second.size(), false, 0});
+  return std::optional(FileStatus{found->second.bytes.size(), false, found->second.modified});
 }
 
 Result<std::string> MemoryDisk::Read(const std::filesystem::path& path) const {
@@ -28,11 +28,11 @@ Result<std::string> MemoryDisk::Read(const std::filesystem::path& path) const {
   if (found == files_.end()) {
     return Missing(path);
   }
-  return found->second;
+  return found->second.bytes;
 }
 
 Outcome MemoryDisk::Write(const std::filesystem::path& path, std::string bytes) {
-  files_[path] = std::move(bytes);
+  files_[path] = {std::move(bytes)};
   return Done{};
 }
 
@@ -43,9 +43,9 @@ Outcome MemoryDisk::Rename(const std::filesystem::path& from, const std::filesys
   if (found == files_.end()) {
     return Missing(from);
   }
-  std::string bytes = std::move(found->second);
+  File file = std::move(found->second);
   files_.erase(found);
-  files_[to] = std::move(bytes);
+  files_[to] = std::move(file);
   return Done{};
 }
 
@@ -56,6 +56,15 @@ Outcome MemoryDisk::Remove(const std::filesystem::path& path) {
   if (files_.erase(path) == 0 && folders_.erase(path) == 0) {
     return Missing(path);
   }
+  return Done{};
+}
+
+Outcome MemoryDisk::SetModified(const std::filesystem::path& path, std::int64_t moment) {
+  const auto found = files_.find(path);
+  if (found == files_.end()) {
+    return Missing(path);
+  }
+  found->second.modified = moment;
   return Done{};
 }
 
@@ -72,7 +81,7 @@ Outcome MemoryDisk::MakeFolder(const std::filesystem::path& path) {
 
 Result<std::vector<std::string>> MemoryDisk::List(const std::filesystem::path& folder) const {
   std::vector<std::string> names;
-  for (const auto& [path, bytes] : files_) {
+  for (const auto& [path, file] : files_) {
     if (path.parent_path() == folder) {
       names.push_back(path.filename().string());
     }

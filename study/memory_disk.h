@@ -18,12 +18,18 @@ class MemoryDisk : public Disk {
   Outcome Flush(const std::filesystem::path& path) override;
   Outcome Rename(const std::filesystem::path& from, const std::filesystem::path& to) override;
   Outcome Remove(const std::filesystem::path& path) override;
+  Outcome SetModified(const std::filesystem::path& path, std::int64_t moment) override;
   Outcome MakeFolder(const std::filesystem::path& path) override;
   [[nodiscard]] Result<std::vector<std::string>> List(
       const std::filesystem::path& folder) const override;
 
  private:
-  std::map<std::filesystem::path, std::string> files_;
+  struct File {
+    std::string bytes;
+    std::int64_t modified = 0;
+  };
+
+  std::map<std::filesystem::path, File> files_;
   std::set<std::filesystem::path> folders_;
 };
 

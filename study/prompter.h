@@ -22,6 +22,7 @@ constexpr int kYesNo = 36;
 constexpr int kStopDefaultNo = 276;
 constexpr int kWarnDefaultNo = 308;
 constexpr int kDefaultNo = 292;
+constexpr int kWarnCancelDefaultNo = 307;
 constexpr int kDefaultCancel = 547;
 }  // namespace box_style
 

@@ -20,7 +20,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::array<std::pair<int, std::string_view>, 13> kReasons = {{
+constexpr std::array<std::pair<int, std::string_view>, 18> kReasons = {{
     {ENOENT, "Το αρχείο δεν υπάρχει"},
     {ENOTDIR, "Ο φάκελος δεν υπάρχει"},
     {EACCES, "Δεν επιτρέπεται η πρόσβαση"},
@@ -34,6 +34,11 @@ constexpr std::array<std::pair<int, std::string_view>, 13> kReasons = {{
     {ENAMETOOLONG, "Το όνομα του αρχείου είναι πολύ μακρύ"},
     {EMFILE, "Είναι ανοικτά πάρα πολλά αρχεία"},
     {EIO, "Σφάλμα του δίσκου"},
+    {EINVAL, "Το μέσο δεν δέχεται αυτό το όνομα αρχείου"},
+    {EILSEQ, "Το μέσο δεν δέχεται αυτό το όνομα αρχείου"},
+    {ENODEV, "Το μέσο δεν υπάρχει πια"},
+    {ENXIO, "Το μέσο δεν υπάρχει πια"},
+    {ESTALE, "Το μέσο δεν υπάρχει πια"},
 }};
 
 FileErrorKind KindOf(int error_number) {
@@ -261,6 +266,15 @@ Outcome RealDisk::Remove(const fs::path& path) {
   return Done{};
 }
 
+Outcome RealDisk::SetModified(const fs::path& path, std::int64_t moment) {
+  const std::array<timespec, 2> times = {timespec{0, UTIME_NOW},
+                                         timespec{static_cast<time_t>(moment), 0}};
+  if (utimensat(AT_FDCWD, path.c_str(), times.data(), 0) != 0) {
+    return LastError(path);
+  }
+  return Done{};
+}
+
 Outcome RealDisk::MakeFolder(const fs::path& path) {
   std::error_code error;
   fs::create_directories(path, error);
@@ -298,6 +312,11 @@ fs::path RealDisk::Resolve(const fs::path& path) const {
     end = fs::weakly_canonical(end, error);
   }
   return error ? path : end;
+}
+
+bool RealDisk::IsSamePlace(const fs::path& a, const fs::path& b) const {
+  std::error_code error;
+  return fs::equivalent(a, b, error);
 }
 
 Result<std::unique_ptr<DiskLock>> RealDisk::Lock(const fs::path& path,

@@ -16,10 +16,13 @@ class RealDisk : public Disk {
   Outcome Flush(const std::filesystem::path& path) override;
   Outcome Rename(const std::filesystem::path& from, const std::filesystem::path& to) override;
   Outcome Remove(const std::filesystem::path& path) override;
+  Outcome SetModified(const std::filesystem::path& path, std::int64_t moment) override;
   Outcome MakeFolder(const std::filesystem::path& path) override;
   [[nodiscard]] Result<std::vector<std::string>> List(
       const std::filesystem::path& folder) const override;
   [[nodiscard]] std::filesystem::path Resolve(const std::filesystem::path& path) const override;
+  [[nodiscard]] bool IsSamePlace(const std::filesystem::path& a,
+                                 const std::filesystem::path& b) const override;
   /// A file of that name while the lock lives, which a killed program leaves.
   [[nodiscard]] Result<std::unique_ptr<DiskLock>> Lock(const std::filesystem::path& path,
                                                        std::chrono::milliseconds patience) override;

@@ -15,8 +15,12 @@ Outcome SettledDisk::Settle(const fs::path& folder, const std::string& base,
   if (finished) {
     return finished;
   }
-  for (const std::string& name : PendingNames(inner_, folder, base)) {
+  const PendingSave pending = PendingSaveOf(inner_, folder, base);
+  for (const std::string& name : pending.files) {
     staged_[folder / name] = StagedPath(folder / name);
+  }
+  for (const std::string& name : pending.removed) {
+    removed_.insert(folder / name);
   }
   journal_ = JournalPath(folder, base);
   return finished.error().kind == FileErrorKind::kBusy ? finished : Outcome(Done{});
@@ -31,8 +35,15 @@ void SettledDisk::SettleAll(const fs::path& folder) {
   }
 }
 
+FileError SettledDisk::Gone(const fs::path& path) {
+  return {path, "Το αρχείο δεν υπάρχει", FileErrorKind::kMissing};
+}
+
 // A staged file that is gone has taken its name.
 Result<std::optional<FileStatus>> SettledDisk::Status(const fs::path& path) const {
+  if (removed_.contains(path)) {
+    return std::optional<FileStatus>();
+  }
   if (const auto found = staged_.find(path); found != staged_.end()) {
     if (auto status = inner_.Status(found->second); !status || *status) {
       return status;
@@ -42,6 +53,9 @@ Result<std::optional<FileStatus>> SettledDisk::Status(const fs::path& path) cons
 }
 
 Result<std::string> SettledDisk::Read(const fs::path& path) const {
+  if (removed_.contains(path)) {
+    return Gone(path);
+  }
   if (const auto found = staged_.find(path); found != staged_.end()) {
     if (auto bytes = inner_.Read(found->second); bytes || !bytes.error().IsMissing()) {
       return bytes;
@@ -51,6 +65,9 @@ Result<std::string> SettledDisk::Read(const fs::path& path) const {
 }
 
 Result<std::string> SettledDisk::ReadHead(const fs::path& path, std::size_t length) const {
+  if (removed_.contains(path)) {
+    return Gone(path);
+  }
   if (const auto found = staged_.find(path); found != staged_.end()) {
     if (auto bytes = inner_.ReadHead(found->second, length); bytes || !bytes.error().IsMissing()) {
       return bytes;
@@ -64,6 +81,7 @@ Result<std::vector<std::string>> SettledDisk::List(const fs::path& folder) const
   if (!names || staged_.empty()) {
     return names;
   }
+  std::erase_if(*names, [&](const std::string& name) { return removed_.contains(folder / name); });
   for (const auto& [target, staged] : staged_) {
     if (target.parent_path() == folder && inner_.Exists(staged)) {
       names->push_back(target.filename().string());

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <set>
 
 #include "study/forwarding_disk.h"
 
@@ -31,7 +32,10 @@ class SettledDisk : public ForwardingDisk {
       const std::filesystem::path& folder) const override;
 
  private:
+  static FileError Gone(const std::filesystem::path& path);
+
   std::map<std::filesystem::path, std::filesystem::path> staged_;  ///< by target
+  std::set<std::filesystem::path> removed_;                        ///< by the same save
   std::filesystem::path journal_;
 };
 

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <string_view>
+#include <vector>
 
 #include "study/letter_case.h"
 #include "study/study.h"
@@ -37,6 +38,18 @@ inline bool IsStudyExtension(std::string_view extension) {
     }
   }
   return false;
+}
+
+/// A file that is copied with a study of either kind; nobody reads or writes it.
+constexpr std::string_view kCarriedExtension = ".KLD";
+
+/// Extensions of all companions that the kind has, those of other programs included.
+inline std::vector<std::string_view> CompanionExtensions(SystemKind kind) {
+  const StudyExtensions& known = ExtensionsOf(kind);
+  std::vector<std::string_view> extensions = {known.statistics, known.sequence, known.winter,
+                                              known.fluid, kCarriedExtension};
+  std::erase(extensions, std::string_view());
+  return extensions;
 }
 
 /// The kind that a main file's name tells by its last four characters.

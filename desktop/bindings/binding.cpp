@@ -3,12 +3,14 @@
 #include "desktop/bindings/choice_binding.h"
 #include "desktop/bindings/command_binding.h"
 #include "desktop/bindings/editable_grid_binding.h"
+#include "desktop/bindings/entry_list_binding.h"
 #include "desktop/bindings/field_binding.h"
 #include "desktop/bindings/grid_binding.h"
 #include "desktop/bindings/label_binding.h"
 #include "desktop/bindings/list_binding.h"
 #include "desktop/bindings/page_view_binding.h"
 #include "desktop/bindings/picture_binding.h"
+#include "desktop/bindings/progress_binding.h"
 #include "desktop/bindings/reading_binding.h"
 #include "desktop/bindings/toggle_binding.h"
 
@@ -52,6 +54,12 @@ std::unique_ptr<Binding> MakeBinding(Form& form, Control& part, QWidget& widget,
   }
   if (const Pair<List, QListView> pair(part, widget); pair) {
     return std::make_unique<ListBinding>(*pair.part, *pair.widget, act);
+  }
+  if (const Pair<EntryList, QListView> pair(part, widget); pair) {
+    return std::make_unique<EntryListBinding>(*pair.part, *pair.widget, act);
+  }
+  if (const Pair<Progress, QProgressBar> pair(part, widget); pair) {
+    return std::make_unique<ProgressBinding>(*pair.part, *pair.widget);
   }
   if (const Pair<EditableGrid, QTableView> pair(part, widget); pair) {
     return MakeGrid<EditableGridBinding>(*pair.part, *pair.widget, act);

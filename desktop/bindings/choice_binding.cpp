@@ -3,6 +3,7 @@
 #include <QEvent>
 
 #include "desktop/bindings/control_look.h"
+#include "desktop/icons.h"
 #include "desktop/qt_text.h"
 
 namespace kalvo {
@@ -26,8 +27,11 @@ void ChoiceBinding::Paint() {
   if (shown_ != choice_.entries) {
     shown_ = choice_.entries;
     box_.clear();
-    for (const std::string& entry : shown_) {
-      box_.addItem(ToQt(entry).trimmed());
+    for (std::size_t i = 0; i < shown_.size(); ++i) {
+      box_.addItem(ToQt(shown_[i]).trimmed());
+      if (i < choice_.icons.size()) {
+        box_.setItemIcon(static_cast<int>(i), ThemeIcon(ToQt(choice_.icons[i])));
+      }
     }
     box_.setCurrentIndex(-1);
   }

@@ -5,6 +5,7 @@
 #include "desktop/widgets/pictures/junction_picture.h"
 #include "desktop/widgets/pictures/outlet_bars.h"
 #include "desktop/widgets/pictures/pipe_picture.h"
+#include "desktop/widgets/pictures/room_bar.h"
 #include "desktop/widgets/pictures/section_picture.h"
 #include "desktop/widgets/pictures/winter_bars.h"
 #include "desktop/widgets/preview/page_list.h"
@@ -67,6 +68,7 @@ std::unique_ptr<Binding> MakePictureBinding(Control& part, QWidget& widget, cons
   if (auto bars = Join<WinterChartContent, WinterBars>(part, widget, act)) return bars;
   if (auto tiles = Join<PageTilesContent, PageList>(part, widget, act)) return tiles;
   if (auto bars = Join<BarPairContent, BarPairPicture>(part, widget, act)) return bars;
+  if (auto room = Join<RoomContent, RoomBar>(part, widget, act)) return room;
   if (auto sketch = Join<SectionSketchContent, SectionPicture>(part, widget, act)) return sketch;
   return Join<PipeContent, PipePicture>(part, widget, act);
 }

@@ -18,6 +18,7 @@ namespace kalvo {
 struct CalculatedDesk {
   explicit CalculatedDesk(const std::filesystem::path& file) : study(file, KALVO_LIBRARY_DIR) {
     EXPECT_EQ(Calculate(study.bench, Method::kFlowOnly), CommandEnd::kCalculated);
+    desk.volumes = &volumes;
     windows.SetDesk(desk);
     desk.screens.results_begin = true;
   }
@@ -27,6 +28,7 @@ struct CalculatedDesk {
   NotedViewer viewer;
   MemoryClipboard clipboard;
   NotedPrinter printer;
+  SetVolumes volumes;
   Windows windows{QString()};
   Desk desk{study.bench, windows, sound, viewer, clipboard, printer, Separators{',', '.'}};
 

@@ -16,19 +16,17 @@
 #include <QRegularExpression>
 #include <QScrollArea>
 #include <QTest>
+#include <QTimer>
 #include <QToolTip>
 #include <QWheelEvent>
 #include <memory>
 #include <optional>
 #include <set>
 
-#include "desktop/pages/shown_pages.h"
 #include "desktop/qt_text.h"
 #include "desktop/theme.h"
-#include "engine/diameter_change.h"
 #include "entry/general/frm_liquid.h"
 #include "results/diameter_roads.h"
-#include "results/frm_chang.h"
 #include "study/codepage.h"
 #include "study/designer_names.h"
 #include "study/fluid_library.h"
@@ -36,8 +34,8 @@
 #include "study/safety_copies.h"
 #include "study/study_reset.h"
 #include "tests/desktop/calculated_desk.h"
-#include "tests/desktop/filled_report.h"
 #include "tests/desktop/pictures.h"
+#include "tests/desktop/screen_samples.h"
 #include "tests/desktop/shown_desk.h"
 #include "tests/support/tee_counters_in_memory.h"
 
@@ -152,16 +150,6 @@ void PutForeignFluid(Workbench& bench) {
   bench.study.fluid_assumed = true;
 }
 
-// The delivered studies in a folder whose name says nothing of this machine: pictures show it.
-std::filesystem::path Samples() {
-  const auto folder = std::filesystem::path(testing::TempDir()) / "PFILES";
-  std::filesystem::create_directories(folder);
-  std::filesystem::copy(
-      KALVO_SAMPLES_DIR, folder,
-      std::filesystem::copy_options::recursive | std::filesystem::copy_options::update_existing);
-  return folder;
-}
-
 // What the windows tell of besides the study: older files, a list of faults, rows left over.
 void Surround(CalculatedDesk& desk) {
   Workspace& workspace = *desk.study.workspace;
@@ -187,45 +175,6 @@ void Surround(CalculatedDesk& desk) {
                   .ok());
 }
 
-// Three larger pipes where the hotel loses most.
-RunEnd EnlargeThree(CalculatedDesk& desk) {
-  Workbench& bench = desk.study.bench;
-  const auto library = ReadPipeSystem(bench.workspace, bench.study.pipe_system_number);
-  const auto pipe = [&library](std::string_view name) {
-    const auto bears = [name](const PipeRow& row) { return row.nominal_diameter.Utf8() == name; };
-    return *std::ranges::find_if(*library, bears);
-  };
-  return ChangeDiameters(bench, {{{7, 12}, pipe("1 1/4")}, {{1}, pipe("6")}}).end;
-}
-
-// Some sections have got another diameter, others are selected for the next one.
-void UseManyDiameters(CalculatedDesk& desk) {
-  auto& form = dynamic_cast<FrmChang&>(*desk.windows.FormOf(screen::kManyDiameters));
-  form.fpSpread1.TakeSelection(std::vector{2, 8});
-  form.fpSpread2.MoveTo({6, 0});
-  form.Run(form.CmdChange);
-  form.fpSpread1.TakeSelection(std::vector{1, 4, 5, 6, 9});
-  form.fpSpread2.MoveTo({5, 0});
-  desk.windows.PaintAll();
-  QApplication::processEvents();
-}
-
-// The study's results as they are previewed.
-struct PreviewedSample {
-  void Attach(Desk& desk) {
-    book = FilledReport(desk.bench, CodeOf(ReportMode::kPreview), ReportKind::kResults);
-    pages.emplace(book, desk.separators);
-    desk.questions.previewed = &*pages;
-    desk.questions.preview = {.title = "Αποτελέσματα",
-                              .client = std::string(kSampleDesigner),
-                              .name = "hotel_RCO.XLS",
-                              .note = "604 τμήματα",
-                              .pdf = "hotel_RCO.PDF"};
-  }
-  Workbook book;
-  std::optional<ShownPages> pages;
-};
-
 TEST_P(AllScreensIn, ShowACalculatedStudyWhole) {
   for (const Screen& screen : Screens()) {
     CalculatedDesk desk(Samples() / "hotel.PCK");
@@ -243,6 +192,7 @@ TEST_P(AllScreensIn, ShowACalculatedStudyWhole) {
     PreviewedSample preview;
     preview.Attach(desk.desk);
     desk.study.study.recovery = true;  // the menu leaves the study as it is
+    CopiedSamples copied(desk);
     if (screen.name == screen::kOneDiameter) {
       desk.Open(screen::kResultsSheet, {1352, 904}).findChild<QPushButton*>("CmdChD")->click();
     }
@@ -254,6 +204,7 @@ TEST_P(AllScreensIn, ShowACalculatedStudyWhole) {
     screen.set_up(design);
     QWidget& window = desk.Open(screen.name, design.size());
     if (screen.name == screen::kManyDiameters) UseManyDiameters(desk);
+    if (screen.name == screen::kCopy) copied.Use(PictureName(screen.name) + "-running");
     SCOPED_TRACE(screen.name);
     ExpectNothingClipped(window);
     KeepPicture(window, PictureName(screen.name));

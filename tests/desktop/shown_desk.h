@@ -10,7 +10,10 @@ namespace kalvo {
 
 /// The program's windows over a study in memory.
 struct ShownDesk : TestDesk {
-  ShownDesk() { windows.SetDesk(shown); }
+  ShownDesk() {
+    shown.volumes = &volumes;
+    windows.SetDesk(shown);
+  }
   Windows windows{QString()};
   Desk shown{test.bench, windows, sound, viewer, clipboard, printer, Separators{',', '.'}};
 

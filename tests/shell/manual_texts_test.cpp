@@ -33,6 +33,7 @@
 #include "results/printing/frm_preview.h"
 #include "results/printing/frm_prnr1.h"
 #include "results/printing/frm_xl_or_not.h"
+#include "shell/copying/frm_copy.h"
 #include "shell/frm_editor.h"
 #include "shell/frm_error.h"
 #include "shell/frm_ff.h"
@@ -138,6 +139,7 @@ std::map<std::string, FormFactory> Screens() {
           {"Μελετητές", &MakeForm<FrmCLient>},
           {"Password των μελετητών", &MakeForm<FrmCLPass>},
           {"Προεπισκόπηση", &MakeForm<FrmPreview>},
+          {"Αντιγραφή μελετών", &MakeForm<FrmCopy>},
           {"Επιλογή εκτύπωσης", &MakeForm<FrmXLorNOT>},
           {"Εκτύπωση δεδομένων και αποτελεσμάτων", &MakeForm<FrmPRNR1>},
           {"Κατάλογος μελετών", &MakeForm<FrmOpenSave>},

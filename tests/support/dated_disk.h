@@ -14,9 +14,7 @@ class DatedDisk : public ForwardingDisk {
 
   std::int64_t now = 1'000'000;
 
-  void SetModified(const std::filesystem::path& path, std::int64_t moment) {
-    modified_[path] = moment;
-  }
+  void Date(const std::filesystem::path& path, std::int64_t moment) { modified_[path] = moment; }
 
   [[nodiscard]] Result<std::optional<FileStatus>> Status(
       const std::filesystem::path& path) const override {
@@ -25,6 +23,10 @@ class DatedDisk : public ForwardingDisk {
       (*status)->modified = found->second;
     }
     return status;
+  }
+  Outcome SetModified(const std::filesystem::path& path, std::int64_t moment) override {
+    Date(path, moment);
+    return Done{};
   }
   Outcome Write(const std::filesystem::path& path, std::string bytes) override {
     modified_[path] = now;

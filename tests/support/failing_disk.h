@@ -13,8 +13,8 @@
 namespace kalvo {
 
 /// A disk that runs full after a count of bytes, or fails at one of its changing operations
-/// (Write, Flush, Rename, Remove, MakeFolder, counted from 1), or once at a read. What a failing
-/// write got onto the disk stays there.
+/// (Write, Flush, Rename, Remove, SetModified, MakeFolder, counted from 1), or once at a read. What
+/// a failing write got onto the disk stays there.
 class FailingDisk : public ForwardingDisk {
  public:
   /// How long a failure that was reached lasts.
@@ -50,7 +50,8 @@ class FailingDisk : public ForwardingDisk {
 
   /// Changing operations since the last FailAtOperation(), those that failed included.
   [[nodiscard]] int operations() const { return operations_; }
-  /// The operation that failed last: "write DATARES.TMP", "flush", "rename to", "remove", "make".
+  /// The operation that failed last: "write DATARES.TMP", "flush", "rename to", "remove", "date",
+  /// "make".
   [[nodiscard]] const std::string& last_failed() const { return last_failed_; }
   /// Bytes written so far.
   [[nodiscard]] std::size_t written() const { return written_; }
@@ -81,6 +82,9 @@ class FailingDisk : public ForwardingDisk {
   }
   Outcome Remove(const std::filesystem::path& path) override {
     return NextFails("remove", path) ? Full(path) : inner_.Remove(path);
+  }
+  Outcome SetModified(const std::filesystem::path& path, std::int64_t moment) override {
+    return NextFails("date", path) ? Full(path) : inner_.SetModified(path, moment);
   }
   Outcome MakeFolder(const std::filesystem::path& path) override {
     return NextFails("make", path) ? Full(path) : inner_.MakeFolder(path);
@@ -190,6 +194,9 @@ class KillingDisk : public ForwardingDisk {
     return Step(inner_.Rename(from, to));
   }
   Outcome Remove(const std::filesystem::path& path) override { return Step(inner_.Remove(path)); }
+  Outcome SetModified(const std::filesystem::path& path, std::int64_t moment) override {
+    return Step(inner_.SetModified(path, moment));
+  }
   Outcome MakeFolder(const std::filesystem::path& path) override {
     return Step(inner_.MakeFolder(path));
   }

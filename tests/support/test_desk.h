@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "form/form.h"
+#include "tests/support/set_volumes.h"
 #include "tests/support/test_bench.h"
 
 namespace kalvo {
@@ -109,7 +110,7 @@ class NotedNavigator : public Navigator {
 /// A desk over a TestBench, with a comma for decimals and noted screens.
 class TestDesk {
  public:
-  explicit TestDesk(SystemKind kind = SystemKind::kClosed) : test(kind) {}
+  explicit TestDesk(SystemKind kind = SystemKind::kClosed) : test(kind) { desk.volumes = &volumes; }
 
   TestBench test;
   NotedNavigator navigator;
@@ -117,6 +118,7 @@ class TestDesk {
   NotedViewer viewer;
   MemoryClipboard clipboard;
   NotedPrinter printer;
+  SetVolumes volumes;
   Desk desk{test.bench, navigator, sound, viewer, clipboard, printer, Separators{',', '.'}};
 };
 
