@@ -122,7 +122,7 @@ Result<MediumRoom> MountedVolumes::RoomAt(const fs::path& folder) const {
     return FileError{folder, missing ? "Ο φάκελος δεν υπάρχει" : ReasonOf(errno),
                      missing ? FileErrorKind::kMissing : FileErrorKind::kOther};
   }
-  const std::uint64_t block = found.f_frsize;
+  const std::uint64_t block = found.f_frsize > 0 ? found.f_frsize : found.f_bsize;
   return MediumRoom{.capacity = found.f_blocks * block,
                     .free = found.f_bavail * block,
                     .block = block,
