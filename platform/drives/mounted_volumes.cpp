@@ -43,7 +43,7 @@ std::string TextOf(const fs::path& path) {
 }
 
 // A medium that is taken out: the device says so, is on USB, or is a card. Of a partition the whole
-// device, which is above it, tells.
+// device, which is above it, says so.
 bool IsRemovable(const fs::path& devices, const std::string& number) {
   const fs::path device = devices / number;
   std::error_code error;
