@@ -21,7 +21,7 @@ struct EntryLine {
   bool operator==(const EntryLine&) const = default;
 };
 
-/// Lines of which any number can be ticked, or none where it only tells.
+/// Lines of which any number can be ticked, or none where it only shows something.
 class EntryList : public Control {
  public:
   using Control::Control;

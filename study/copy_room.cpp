@@ -34,6 +34,9 @@ CopyNeed NeedOf(const std::vector<CopyPlan>& plans, std::uint64_t block) {
 }
 
 RoomEnd Fits(const CopyNeed& need, const MediumRoom& room) {
+  if (room.capacity == 0) {
+    return RoomEnd::kEnough;
+  }
   if (need.total > room.capacity) {
     return RoomEnd::kTooSmall;
   }

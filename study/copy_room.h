@@ -22,6 +22,7 @@ std::uint64_t InBlocks(std::uint64_t length, std::uint64_t block);
 CopyNeed NeedOf(const std::vector<CopyPlan>& plans, std::uint64_t block);
 
 /// Whether the medium has the room. kTooSmall: it never has; kTooFull: it has not at the moment.
+/// One that does not say its capacity is tried.
 enum class RoomEnd { kEnough, kTooSmall, kTooFull };
 RoomEnd Fits(const CopyNeed& need, const MediumRoom& room);
 

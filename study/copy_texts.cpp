@@ -1,4 +1,4 @@
-// What a copying tells its user.
+// What a copying says to its user.
 
 #include <string>
 

@@ -147,7 +147,7 @@ Outcome RemoveReplaced(const Family& family, const std::vector<std::string>& nam
   return names.empty() ? Outcome(Done{}) : family.disk.Flush(family.folder);
 }
 
-// All that a journal tells.
+// All that a journal says.
 Outcome TakePlaces(const Family& family, const PendingSave& save) {
   Outcome renamed = RenameStaged(family, save.files);
   return renamed ? RemoveReplaced(family, save.removed) : renamed;

@@ -20,7 +20,7 @@ struct FamilyFile {
   std::optional<std::int64_t> modified{};
 };
 
-/// What a save may do beside writing files.
+/// What a save may do besides writing files.
 struct FamilySaveOptions {
   std::vector<std::string> removed{};  ///< names of files that go with the save, in the same unit
   std::function<void(const FamilyFile&)> on_stage{};  ///< before each file is written
@@ -64,7 +64,7 @@ Result<std::unique_ptr<DiskLock>> LockFamily(Disk& disk, const std::filesystem::
                                              const std::string& base,
                                              std::chrono::milliseconds patience);
 
-/// What the journal of `base` tells. The new bytes of each file are the staged ones where they are
+/// What the journal of `base` says. The new bytes of each file are the staged ones where they are
 /// still there, else its own: a journal is written when all are staged. Nothing when there is no
 /// journal or no whole one. Of one that cannot be read: all that is staged.
 PendingSave PendingSaveOf(const Disk& disk, const std::filesystem::path& folder,

@@ -16,7 +16,7 @@ struct StudyFamily {
   std::vector<std::string> companions;  ///< those that are there, in the order of their extensions
 };
 
-/// Which studies' the files of a folder are, told from one listing of it: names are compared as
+/// Which studies' the files of a folder are, known from one listing of it: names are compared as
 /// CompanionOf() does, those of other programs included.
 class FolderFamilies {
  public:

@@ -6,7 +6,7 @@
 
 namespace kalvo {
 
-/// What a save journal tells: names of the files that take their places, the main file last, and
+/// What a save journal says: names of the files that take their places, the main file last, and
 /// of those that go.
 struct PendingSave {
   std::vector<std::string> files;
@@ -16,7 +16,7 @@ struct PendingSave {
 /// The text of a journal.
 std::string JournalText(const PendingSave& save);
 
-/// What a whole journal of study `base` tells; nothing of any other text.
+/// What a whole journal of study `base` says; nothing of any other text.
 PendingSave ReadJournal(std::string_view text, const std::string& base);
 
 /// True for a name that a save of study `base` may write or remove: one of its main files or

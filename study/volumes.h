@@ -23,10 +23,10 @@ struct Volume {
 
 /// What the medium of a folder can hold, in bytes.
 struct MediumRoom {
-  std::uint64_t capacity = 0;
-  std::uint64_t free = 0;   ///< for this user
-  std::uint64_t block = 1;  ///< files take whole blocks
-  bool writable = true;     ///< files can be made in the folder
+  std::uint64_t capacity = 0;  ///< 0: the medium does not say
+  std::uint64_t free = 0;      ///< for this user
+  std::uint64_t block = 1;     ///< files take whole blocks
+  bool writable = true;        ///< files can be made in the folder
 };
 
 /// The drives of the machine.

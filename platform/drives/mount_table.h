@@ -14,7 +14,7 @@ struct Mount {
   bool writable = true;
 };
 
-/// The mounts that a text in the form of /proc/self/mountinfo tells, in its order; lines that do
+/// The mounts that a text in the form of /proc/self/mountinfo says, in its order; lines that do
 /// not have that form are passed over.
 std::vector<Mount> ReadMounts(std::string_view mountinfo);
 

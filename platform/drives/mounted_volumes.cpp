@@ -43,7 +43,7 @@ std::string TextOf(const fs::path& path) {
 }
 
 // A medium that is taken out: the device says so, is on USB, or is a card. Of a partition the whole
-// device, which is above it, tells.
+// device, which is above it, says so.
 bool IsRemovable(const fs::path& devices, const std::string& number) {
   const fs::path device = devices / number;
   std::error_code error;
@@ -122,7 +122,7 @@ Result<MediumRoom> MountedVolumes::RoomAt(const fs::path& folder) const {
     return FileError{folder, missing ? "Ο φάκελος δεν υπάρχει" : ReasonOf(errno),
                      missing ? FileErrorKind::kMissing : FileErrorKind::kOther};
   }
-  const std::uint64_t block = found.f_frsize;
+  const std::uint64_t block = found.f_frsize > 0 ? found.f_frsize : found.f_bsize;
   return MediumRoom{.capacity = found.f_blocks * block,
                     .free = found.f_bavail * block,
                     .block = block,

@@ -4,7 +4,7 @@
 
 namespace kalvo {
 
-/// Where the system tells of itself.
+/// Where the system describes itself.
 struct MountSources {
   std::filesystem::path mounts = "/proc/self/mountinfo";
   std::filesystem::path devices = "/sys/dev/block";
@@ -12,8 +12,8 @@ struct MountSources {
   std::string format_tool = "gnome-disks";  ///< a name looked for in $PATH, or a path
 };
 
-/// The drives that Linux has mounted. What tells of them are files of the system, which a test puts
-/// elsewhere.
+/// The drives that Linux has mounted. What describes them are files of the system, which a test
+/// puts elsewhere.
 class MountedVolumes : public Volumes {
  public:
   explicit MountedVolumes(MountSources sources = {}) : sources_(std::move(sources)) {}

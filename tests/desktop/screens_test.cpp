@@ -221,7 +221,7 @@ TEST_P(AllScreensIn, ShowTheMenuBeforeThereIsAStudy) {
   Surround(desk);
   PutForeignFluid(desk.study.bench);
   ResetStudy(desk.study.bench);
-  QWidget& menu = desk.Open(screen::kMain, {1244, 766});
+  QWidget& menu = desk.Open(screen::kMain, {1244, 780});
   ExpectNothingClipped(menu);
   EXPECT_EQ(menu.findChild<QLabel*>("LblHead")->text().toStdString(), "—");
   KeepPicture(menu, PictureName("FrmMain-empty"));

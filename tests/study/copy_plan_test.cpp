@@ -184,7 +184,7 @@ TEST_F(Copying, OnAMediumWithoutCaseReplacesTheEntryThatIsThere) {
   EXPECT_EQ(Stick(), (FolderImage{{"hotel.pck", "m"}, {"hotel.lqd", "l"}}));
 }
 
-// What a listing tells is what a search from file to file finds, for any mixture of spellings.
+// What a listing says is what a search from file to file finds, for any mixture of spellings.
 TEST(FolderFamilies, FindsTheCompanionsThatALoadWouldFind) {
   std::mt19937 random(11);
   const std::vector<std::string> bases = {"A", "a", "Ά", "ά", "\xe1", "B.PCK"};

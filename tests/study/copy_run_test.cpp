@@ -180,6 +180,7 @@ TEST_F(CopyingRun, NeedsTheNewSizeWhileTheOldOneIsThere) {
                                  "!! Ο Χώρος του Drive, στο οποίο θα αντιγαφούν τα αρχεία ΕΙΝΑΙ "
                                  "ΜΙΚΡΟΣ : ΑΛΛΑΞΤΕ Drive !!"});
   EXPECT_EQ(Medium(), kOldOnes) << "no byte was written";
+  EXPECT_EQ(Fits(small.need(), {}), RoomEnd::kEnough) << "a medium that says nothing is tried";
 }
 
 TEST_F(CopyingRun, NeedsNoRoomForWhatIsThereAlready) {
