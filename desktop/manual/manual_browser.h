@@ -34,12 +34,15 @@ class ManualBrowser : public QTextBrowser {
  private:
   [[nodiscard]] int PictureRoom() const;
   void SetText();
+  void NoteTop();
   void SetAnewAtItsPlace();
 
   std::string markdown_;
   std::filesystem::path folder_;
   std::string marked_;
   int room_ = 0;  ///< that the pictures on show were made for
+  int top_ = 0;   ///< what was at the top before the window changed, by its place in the text
+  bool setting_ = false;
   QTimer resized_;
 };
 

@@ -204,6 +204,7 @@ TEST_F(ManualWindow, FollowsTheThemeAndTheWindowsWidth) {
   }
   Shown()->resize(Shown()->minimumSize());
   QTest::qWait(300);
+  EXPECT_TRUE(BeginsWith(QStringLiteral("Το φύλλο των τμημάτων"))) << "at its place";
   EXPECT_LE(WidestPicture(), Page().viewport()->width()) << "pictures get smaller";
   EXPECT_GT(WidestPicture(), 300);
   KeepPicture(*Shown(), "manual-dark-least");
