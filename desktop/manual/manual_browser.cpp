@@ -77,7 +77,22 @@ void ManualBrowser::TurnTo(const QString& anchor) {
   } else {
     scrollToAnchor(anchor);
   }
+  BringMarkInSight();
   NoteTop();
+}
+
+// In a long part the words that were looked for may be far below its heading.
+void ManualBrowser::BringMarkInSight() {
+  const int top = cursorForPosition({kMargin, kTopLine}).position();
+  for (const QTextEdit::ExtraSelection& mark : extraSelections()) {
+    if (mark.cursor.selectionEnd() <= top) continue;
+    const int below = cursorRect(mark.cursor).bottom() - viewport()->height();
+    if (below > 0) {
+      verticalScrollBar()->setValue(verticalScrollBar()->value() + below +
+                                    viewport()->height() / 2);
+    }
+    return;
+  }
 }
 
 void ManualBrowser::ScrollTo(int place) {

@@ -12,6 +12,7 @@
 #include <QTextTable>
 #include <QTimer>
 #include <QWindow>
+#include <algorithm>
 #include <functional>
 #include <set>
 
@@ -162,6 +163,14 @@ TEST_F(ManualWindow, FindsWordsWithoutTheirAccentsAndMarksThem) {
   QTest::keyClick(&search, Qt::Key_Return);
   EXPECT_FALSE(Page().extraSelections().isEmpty());
   EXPECT_TRUE(Title().starts_with("Βοήθεια : 4.")) << Title();
+  search.selectAll();
+  QGuiApplication::clipboard()->setText(QStringLiteral("100 και πανω"));  // far below its heading
+  QTest::keyClick(&search, Qt::Key_V, Qt::ControlModifier);
+  QTest::keyClick(&search, Qt::Key_Return);
+  const auto in_sight = [&](const QTextEdit::ExtraSelection& mark) {
+    return Page().viewport()->rect().contains(Page().cursorRect(mark.cursor).center());
+  };
+  EXPECT_TRUE(std::ranges::any_of(Page().extraSelections(), in_sight));
   search.selectAll();
   QTest::keyClick(&search, Qt::Key_Backspace);
   EXPECT_EQ(list.model()->index(1, 0).data().toString().left(2), "1.") << "the contents again";
