@@ -6,7 +6,7 @@ readonly BUILD_PACKAGES="g++ cmake ninja-build ccache libcli11-dev nlohmann-json
   libqpdf-dev fonts-noto-core"
 readonly WINDOW_PACKAGES="fonts-noto-core"
 readonly SCREEN_PACKAGES="xvfb xdotool x11-xkb-utils fonts-noto-core"
-readonly READER_PACKAGES="mdbtools"  # other programs that read our files back in tests
+readonly READER_PACKAGES="mdbtools poppler-utils"  # other programs that read our files back in tests
 readonly LINT_PACKAGES="git clang-format clang-tidy"
 
 say() { printf '== %s\n' "$*" >&2; }

@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QDialog>
 #include <QLineEdit>
 #include <QListView>
 #include <QPushButton>
@@ -115,6 +116,22 @@ TEST_F(ManualWindow, OpensAtTheNumberOfAMessage) {
     EXPECT_EQ(form.Page.anchor(), "139");
   });
   EXPECT_EQ(Shown(), nullptr) << "it went with the box";
+}
+
+TEST_F(ManualWindow, OpensAtItsScreenFromADialogOfTheToolkit) {
+  for (QWidget* parent : {windows.WindowOf(screen::kMain), static_cast<QWidget*>(nullptr)}) {
+    QDialog dialog(parent);
+    QLineEdit field(&dialog);
+    dialog.setModal(true);
+    dialog.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    QTest::keyClick(&field, Qt::Key_F1, Qt::ShiftModifier);
+    ASSERT_NE(Shown(), nullptr);
+    EXPECT_EQ(Title(), "Βοήθεια : 1. Εγκατάσταση και πρώτα βήματα");
+    EXPECT_EQ(Shown()->windowHandle()->transientParent(), dialog.windowHandle());
+    dialog.close();
+    EXPECT_EQ(Shown(), nullptr);
+  }
 }
 
 // A form by itself in a window, with the question whether the manual was asked for.
