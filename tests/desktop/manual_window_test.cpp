@@ -22,6 +22,7 @@
 #include "desktop/qt_text.h"
 #include "shell/frm_manual.h"
 #include "shell/manual_chapters.h"
+#include "shell/manual_file.h"
 #include "tests/desktop/boxes_answered.h"
 #include "tests/desktop/pictures.h"
 #include "tests/desktop/shown_program.h"
@@ -81,6 +82,7 @@ struct ManualWindow : ShownProgram, testing::Test {
 };
 
 TEST_F(ManualWindow, OpensByItsKeysAtTheChapterOfTheWindow) {
+  EXPECT_TRUE(std::filesystem::exists(places.folder / kManualFile)) << "delivered at the start";
   for (const auto modifier : {Qt::NoModifier, Qt::ShiftModifier}) {
     Press(screen::kMain, Qt::Key_F1, modifier);
     ASSERT_NE(Shown(), nullptr);
