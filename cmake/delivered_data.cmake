@@ -22,16 +22,14 @@ target_sources(build_samples PRIVATE ${sample_sources})
 target_link_libraries(build_shells PRIVATE kalvo_jet)
 if(TARGET build_manual)
   pkg_check_modules(QPDF REQUIRED IMPORTED_TARGET libqpdf)
-  kalvo_sources(manual_sources "tools/manual/*.cpp")
-  add_library(kalvo_manual_pages STATIC ${manual_sources})
+  kalvo_sources(manual_sources "tools/manual/*.cpp" "tools/tables/*.cpp")
+  add_library(kalvo_manual_tools STATIC ${manual_sources})
   # Objects of libqpdf are held by the standard pointers.
-  target_compile_definitions(kalvo_manual_pages PUBLIC POINTERHOLDER_TRANSITION=4)
-  target_link_libraries(kalvo_manual_pages PUBLIC kalvo_desktop PkgConfig::QPDF
+  target_compile_definitions(kalvo_manual_tools PUBLIC POINTERHOLDER_TRANSITION=4)
+  target_link_libraries(kalvo_manual_tools PUBLIC kalvo_desktop PkgConfig::QPDF
                         PRIVATE kalvo_warnings)
-  target_link_libraries(build_manual PRIVATE kalvo_manual_pages)
-  kalvo_sources(table_sources "tools/tables/*.cpp")
-  target_sources(manual_tables PRIVATE ${table_sources})
-  target_link_libraries(manual_tables PRIVATE kalvo_desktop)
+  target_link_libraries(build_manual PRIVATE kalvo_manual_tools)
+  target_link_libraries(manual_tables PRIVATE kalvo_manual_tools)
 endif()
 
 set(KALVO_LIBRARY_DIR "${CMAKE_BINARY_DIR}/data/library")

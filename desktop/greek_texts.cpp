@@ -227,6 +227,7 @@ constexpr Text kTexts[] = {
     {"Type", "Είδος"},
     {"Type:", "Είδος:"},
     {"Unclassified", "Αδιαβάθμητο"},
+    {"Unknown error", "Άγνωστο σφάλμα"},
     {"Unknown option '%1'.", "Άγνωστη επιλογή «%1»."},
     {"Up", "Up"},
     {"Usage: %1", "Χρήση: %1"},

@@ -81,7 +81,9 @@ class NoMouse : public QObject {
 
 }  // namespace
 
-Windows::Windows(const QString& geometry) {
+Windows::Windows(const QString& geometry)
+    : dialog_help_(
+          [this](QWidget& dialog) { ShowManualFor(dialog, PlaceOfScreen(ScreenBehind(dialog))); }) {
   if (!geometry.isEmpty()) {
     settings_ = std::make_unique<QSettings>(geometry, QSettings::IniFormat);
   }
@@ -160,6 +162,19 @@ void Windows::ShowManualFor(QWidget& asking, ManualPlace place) {
   open.window->winId();  // makes the handle
   open.window->windowHandle()->setTransientParent(asking.windowHandle());
   Front(open);
+}
+
+std::string_view Windows::ScreenBehind(const QWidget& dialog) const {
+  for (const QWidget* behind = dialog.parentWidget(); behind != nullptr;
+       behind = behind->parentWidget()) {
+    for (const auto& open : open_) {
+      if (open->window.get() == behind->window()) return open->name;
+    }
+  }
+  const auto shown = std::find_if(open_.rbegin(), open_.rend(), [](const auto& open) {
+    return open->window->isVisible() && open->name != screen::kManual;
+  });
+  return shown == open_.rend() ? std::string_view() : std::string_view((*shown)->name);
 }
 
 void Windows::CloseManualOf(const QObject* window) {

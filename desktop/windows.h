@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "desktop/binder.h"
+#include "desktop/manual/dialog_help.h"
 #include "desktop/screens.h"
 #include "desktop/wait_indicator.h"
 
@@ -80,6 +81,8 @@ class Windows : public QObject, public Navigator {
   Open& OpenScreen(const Screen& screen, bool modal);
   void Front(Open& open);
   void CloseManualOf(const QObject* window);
+  /// The screen from which a dialog came: the one in front of which it is.
+  [[nodiscard]] std::string_view ScreenBehind(const QWidget& dialog) const;
   void Remember(const QWidget& window);
   void Restore(QWidget& window);
   /// Puts a window that opens beside another one in its place.
@@ -99,6 +102,7 @@ class Windows : public QObject, public Navigator {
   std::function<void(const std::filesystem::path&)> take_;
   QTimer burial_;
   QTimer idle_;
+  DialogHelp dialog_help_;
   QPointer<QWidget> manual_of_;  ///< the window that asked for the manual
   QElapsedTimer quiet_;          ///< since the last action
   QElapsedTimer breathed_;       ///< since long work let the windows be painted

@@ -30,8 +30,8 @@ Result<ManualBook> ManualBook::Read(const Disk& disk, const std::filesystem::pat
     return book.unread_.empty() ? FileError{folder, "Δεν υπάρχει κεφάλαιο του εγχειριδίου"}
                                 : book.unread_.front();
   }
-  std::ranges::stable_partition(book.chapters_,
-                                [](const BookChapter& one) { return one.name == kManualContents; });
+  std::stable_partition(book.chapters_.begin(), book.chapters_.end(),
+                        [](const BookChapter& one) { return one.name == kManualContents; });
   return book;
 }
 

@@ -246,8 +246,8 @@ class BlockWriter {
     for (std::size_t i = 0; i < cells.size(); ++i) {
       const bool right = i < rule.size() && rule[i].find_last_not_of(' ') != std::string::npos &&
                          rule[i][rule[i].find_last_not_of(' ')] == ':';
-      html += "<" + tag + (right ? " align=\"right\">" : " align=\"left\">") +
-              Inline(Trimmed(cells[i])) + "</" + tag + ">";
+      html.append("<").append(tag).append(right ? " align=\"right\">" : " align=\"left\">");
+      html.append(Inline(Trimmed(cells[i]))).append("</").append(tag).append(">");
     }
     return html + "</tr>";
   }

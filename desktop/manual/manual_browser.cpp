@@ -18,6 +18,7 @@ constexpr int kMargin = 24;
 constexpr int kWidestPicture = 860;
 constexpr int kRounding = 2;  // of the width that the text has
 constexpr int kResizeMs = 120;
+constexpr int kTopLine = 8;  // a height within the first line on show
 
 // The stretches of a text between blanks and signs.
 std::vector<std::pair<int, int>> WordsIn(const QString& text) {
@@ -35,11 +36,16 @@ std::vector<std::pair<int, int>> WordsIn(const QString& text) {
 
 ManualBrowser::ManualBrowser(QWidget* parent) : QTextBrowser(parent) {
   setOpenLinks(false);
+  // The width of the text is not the text's own doing.
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
   document()->setDocumentMargin(kMargin);
   resized_.setSingleShot(true);
   resized_.setInterval(kResizeMs);
   connect(&resized_, &QTimer::timeout, this, [this] { SetAnewAtItsPlace(); });
-  connect(verticalScrollBar(), &QScrollBar::valueChanged, this, &ManualBrowser::Scrolled);
+  connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this](int place) {
+    if (!setting_ && !resized_.isActive()) NoteTop();
+    Q_EMIT Scrolled(place);
+  });
 }
 
 int ManualBrowser::PictureRoom() const {
@@ -54,12 +60,14 @@ void ManualBrowser::ShowText(const std::string& markdown, const std::filesystem:
 
 void ManualBrowser::SetText() {
   room_ = PictureRoom();
+  setting_ = true;  // scroll bars come and go meanwhile
   // With a device the layout would read every picture to scale its size by it.
   document()->documentLayout()->setPaintDevice(nullptr);
   const bool dark = &ActiveTheme() == &kDarkTheme;
   SetManualText(*document(), markdown_, folder_,
                 {.theme = &ActiveTheme(), .widest_picture = std::max(room_, 1), .dark = dark});
   document()->setDocumentMargin(kMargin);
+  setting_ = false;
   MarkWords(marked_);
 }
 
@@ -69,9 +77,30 @@ void ManualBrowser::TurnTo(const QString& anchor) {
   } else {
     scrollToAnchor(anchor);
   }
+  BringMarkInSight();
+  NoteTop();
 }
 
-void ManualBrowser::ScrollTo(int place) { verticalScrollBar()->setValue(place); }
+// In a long part the words that were looked for may be far below its heading.
+void ManualBrowser::BringMarkInSight() {
+  const int top = cursorForPosition({kMargin, kTopLine}).position();
+  for (const QTextEdit::ExtraSelection& mark : extraSelections()) {
+    if (mark.cursor.selectionEnd() <= top) continue;
+    const int below = cursorRect(mark.cursor).bottom() - viewport()->height();
+    if (below > 0) {
+      verticalScrollBar()->setValue(verticalScrollBar()->value() + below +
+                                    viewport()->height() / 2);
+    }
+    return;
+  }
+}
+
+void ManualBrowser::ScrollTo(int place) {
+  verticalScrollBar()->setValue(place);
+  NoteTop();
+}
+
+void ManualBrowser::NoteTop() { top_ = cursorForPosition({kMargin, kTopLine}).position(); }
 
 void ManualBrowser::MarkWords(const std::string& typed) {
   marked_ = typed;
@@ -105,17 +134,15 @@ QVariant ManualBrowser::loadResource(int type, const QUrl& name) {
 }
 
 void ManualBrowser::resizeEvent(QResizeEvent* event) {
+  // The place is kept by what is at the top, since heights change.
+  if (!markdown_.empty() && !setting_) resized_.start();
   QTextBrowser::resizeEvent(event);
-  if (!markdown_.empty() && PictureRoom() != room_) resized_.start();
 }
 
-// The place is kept by what is at the top, since heights change.
 void ManualBrowser::SetAnewAtItsPlace() {
-  if (PictureRoom() == room_) return;
-  const int top = cursorForPosition({kMargin, 1}).position();
-  SetText();
+  if (PictureRoom() != room_) SetText();
   QTextCursor cursor(document());
-  cursor.setPosition(std::min(top, document()->characterCount() - 1));
+  cursor.setPosition(std::min(top_, document()->characterCount() - 1));
   const QRect place = cursorRect(cursor);
   verticalScrollBar()->setValue(verticalScrollBar()->value() + place.top() - 1);
 }

@@ -17,7 +17,7 @@ class ManualBrowser : public QTextBrowser {
 
   /// Shows another text from its beginning.
   void ShowText(const std::string& markdown, const std::filesystem::path& folder);
-  /// Brings the heading to the top.
+  /// Brings the heading to the top, and the first word marked below it in sight.
   void TurnTo(const QString& anchor);
   void ScrollTo(int place);
   /// Marks every word that has one of these in it, by SearchKey().
@@ -34,12 +34,16 @@ class ManualBrowser : public QTextBrowser {
  private:
   [[nodiscard]] int PictureRoom() const;
   void SetText();
+  void BringMarkInSight();
+  void NoteTop();
   void SetAnewAtItsPlace();
 
   std::string markdown_;
   std::filesystem::path folder_;
   std::string marked_;
   int room_ = 0;  ///< that the pictures on show were made for
+  int top_ = 0;   ///< what was at the top before the window changed, by its place in the text
+  bool setting_ = false;
   QTimer resized_;
 };
 

@@ -5,6 +5,7 @@
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextFrame>
+#include <QTextList>
 #include <QTextTable>
 
 #include "desktop/qt_text.h"
@@ -21,6 +22,7 @@ constexpr double kDenseLetters = 0.8;
 constexpr double kDenseHeads = 0.66;
 constexpr double kDensePadding = 2;
 constexpr double kHairline = 1;
+constexpr double kQuoteMargin = 12;
 constexpr double kRoomUnderTable = 12;
 
 QString StyleOf(const ManualLook& look) {
@@ -103,12 +105,46 @@ void SetCell(QTextTable& table, int row, int column, const ManualLook& look) {
   text.mergeCharFormat(letters);
 }
 
+// How much of the table's width a column wants, in letters: its longest word is not broken, a cell
+// of many words has several lines.
+double WishOf(const QTextTable& table, int column) {
+  constexpr qsizetype kLongLine = 46;
+  constexpr double kRoom = 2;
+  qsizetype wish = 1;
+  for (int row = 0; row < table.rows(); ++row) {
+    const QTextTableCell cell = table.cellAt(row, column);
+    QTextCursor text = cell.firstCursorPosition();
+    text.setPosition(cell.lastCursorPosition().position(), QTextCursor::KeepAnchor);
+    const QString words = text.selectedText();
+    // Where there are many columns single words are what counts.
+    if (table.columns() <= kRoomyColumns) wish = std::max(wish, std::min(words.size(), kLongLine));
+    for (const QString& word : words.split(QLatin1Char(' '))) wish = std::max(wish, word.size());
+  }
+  return static_cast<double>(wish) + kRoom;
+}
+
+QList<QTextLength> WidthsOf(const QTextTable& table) {
+  QList<double> wishes;
+  double all = 0;
+  for (int column = 0; column < table.columns(); ++column) {
+    wishes.push_back(WishOf(table, column));
+    all += wishes.back();
+  }
+  QList<QTextLength> widths;
+  constexpr double kWhole = 100;
+  for (const double wish : wishes) {
+    widths.push_back(QTextLength(QTextLength::PercentageLength, kWhole * wish / all));
+  }
+  return widths;
+}
+
 void SetTable(QTextTable& table, const ManualLook& look) {
   QTextTableFormat format = table.format();
   format.setBorder(0);
   format.setCellSpacing(0);
   format.setCellPadding(0);
   format.setHeaderRowCount(1);
+  format.setColumnWidthConstraints(WidthsOf(table));
   format.setTopMargin(6);
   format.setBottomMargin(0);  // heads are painted once more on a page that room alone reaches
   table.setFormat(format);
@@ -142,13 +178,19 @@ bool FollowsTable(const QTextBlock& block) {
 }
 
 // Lines a little apart read more easily; code and pictures keep their own.
-void SetLines(QTextDocument& document) {
+void SetLines(QTextDocument& document, const ManualLook& look) {
   constexpr double kLineHeight = 118;
   for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
     QTextBlockFormat format = block.blockFormat();
     const bool code = format.nonBreakableLines();
     if (!code && !IsPicture(block))
       format.setLineHeight(kLineHeight, QTextBlockFormat::ProportionalHeight);
+    if (IsQuote(block)) {
+      format.setLeftMargin(kQuoteMargin);
+      format.setRightMargin(0);
+      format.setBackground(look.theme->zebra);
+      if (IsQuote(block.next())) format.setBottomMargin(0);  // one ground for all of it
+    }
     if (FollowsTable(block)) {
       format.setTopMargin(std::max(format.topMargin(), kRoomUnderTable));
     }
@@ -157,6 +199,12 @@ void SetLines(QTextDocument& document) {
 }
 
 }  // namespace
+
+// What the program itself says is quoted; a list is indented otherwise.
+bool IsQuote(const QTextBlock& block) {
+  return block.isValid() && block.blockFormat().leftMargin() > 0 && block.textList() == nullptr &&
+         !IsInTable(block);
+}
 
 void SetManualText(QTextDocument& document, const std::string& markdown,
                    const std::filesystem::path& folder, const ManualLook& look) {
@@ -168,7 +216,7 @@ void SetManualText(QTextDocument& document, const std::string& markdown,
   QTextCursor all(&document);
   all.beginEditBlock();  // a document on show is laid out once, at the end
   SetTables(document, look);
-  SetLines(document);
+  SetLines(document, look);
   all.endEditBlock();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QImage>
+#include <QTextBlock>
 #include <QTextDocument>
 #include <filesystem>
 #include <string>
@@ -22,6 +23,9 @@ struct ManualLook {
 /// Pictures have their sizes but are read when they are painted.
 void SetManualText(QTextDocument& document, const std::string& markdown,
                    const std::filesystem::path& folder, const ManualLook& look);
+
+/// True for a paragraph of a quote.
+bool IsQuote(const QTextBlock& block);
 
 /// The file of a picture as SetManualText() names it, scaled to `width` px times `ratio`; a width
 /// of 0 leaves it as it is. A null picture when it cannot be read.

@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QDialog>
 #include <QLineEdit>
 #include <QListView>
 #include <QPushButton>
@@ -12,6 +13,7 @@
 #include <QTextTable>
 #include <QTimer>
 #include <QWindow>
+#include <algorithm>
 #include <functional>
 #include <set>
 
@@ -20,6 +22,7 @@
 #include "desktop/qt_text.h"
 #include "shell/frm_manual.h"
 #include "shell/manual_chapters.h"
+#include "shell/manual_file.h"
 #include "tests/desktop/boxes_answered.h"
 #include "tests/desktop/pictures.h"
 #include "tests/desktop/shown_program.h"
@@ -79,6 +82,7 @@ struct ManualWindow : ShownProgram, testing::Test {
 };
 
 TEST_F(ManualWindow, OpensByItsKeysAtTheChapterOfTheWindow) {
+  EXPECT_TRUE(std::filesystem::exists(places.folder / kManualFile)) << "delivered at the start";
   for (const auto modifier : {Qt::NoModifier, Qt::ShiftModifier}) {
     Press(screen::kMain, Qt::Key_F1, modifier);
     ASSERT_NE(Shown(), nullptr);
@@ -114,6 +118,22 @@ TEST_F(ManualWindow, OpensAtTheNumberOfAMessage) {
     EXPECT_EQ(form.Page.anchor(), "139");
   });
   EXPECT_EQ(Shown(), nullptr) << "it went with the box";
+}
+
+TEST_F(ManualWindow, OpensAtItsScreenFromADialogOfTheToolkit) {
+  for (QWidget* parent : {windows.WindowOf(screen::kMain), static_cast<QWidget*>(nullptr)}) {
+    QDialog dialog(parent);
+    QLineEdit field(&dialog);
+    dialog.setModal(true);
+    dialog.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    QTest::keyClick(&field, Qt::Key_F1, Qt::ShiftModifier);
+    ASSERT_NE(Shown(), nullptr);
+    EXPECT_EQ(Title(), "Βοήθεια : 1. Εγκατάσταση και πρώτα βήματα");
+    EXPECT_EQ(Shown()->windowHandle()->transientParent(), dialog.windowHandle());
+    dialog.close();
+    EXPECT_EQ(Shown(), nullptr);
+  }
 }
 
 // A form by itself in a window, with the question whether the manual was asked for.
@@ -163,6 +183,14 @@ TEST_F(ManualWindow, FindsWordsWithoutTheirAccentsAndMarksThem) {
   EXPECT_FALSE(Page().extraSelections().isEmpty());
   EXPECT_TRUE(Title().starts_with("Βοήθεια : 4.")) << Title();
   search.selectAll();
+  QGuiApplication::clipboard()->setText(QStringLiteral("100 και πανω"));  // far below its heading
+  QTest::keyClick(&search, Qt::Key_V, Qt::ControlModifier);
+  QTest::keyClick(&search, Qt::Key_Return);
+  const auto in_sight = [&](const QTextEdit::ExtraSelection& mark) {
+    return Page().viewport()->rect().contains(Page().cursorRect(mark.cursor).center());
+  };
+  EXPECT_TRUE(std::ranges::any_of(Page().extraSelections(), in_sight));
+  search.selectAll();
   QTest::keyClick(&search, Qt::Key_Backspace);
   EXPECT_EQ(list.model()->index(1, 0).data().toString().left(2), "1.") << "the contents again";
   EXPECT_TRUE(Page().extraSelections().isEmpty());
@@ -204,6 +232,7 @@ TEST_F(ManualWindow, FollowsTheThemeAndTheWindowsWidth) {
   }
   Shown()->resize(Shown()->minimumSize());
   QTest::qWait(300);
+  EXPECT_TRUE(BeginsWith(QStringLiteral("Το φύλλο των τμημάτων"))) << "at its place";
   EXPECT_LE(WidestPicture(), Page().viewport()->width()) << "pictures get smaller";
   EXPECT_GT(WidestPicture(), 300);
   KeepPicture(*Shown(), "manual-dark-least");

@@ -155,7 +155,7 @@ TEST_F(DeliveredManual, OfTheSameVersionIsNewerByItsDate) {
   for (const bool newer : {true, false}) {
     ASSERT_TRUE(dated.Write("/work/Kalvo.pdf", Pdf("old")).ok());
     ASSERT_TRUE(dated.Write("/share/pdf/Kalvo.pdf", Pdf("new")).ok());
-    dated.SetModified("/share/pdf/Kalvo.pdf", newer ? 1'000'001 : 999'999);
+    ASSERT_TRUE(dated.SetModified("/share/pdf/Kalvo.pdf", newer ? 1'000'001 : 999'999).ok());
     ASSERT_TRUE(DeliverManual(dated, "/work", "/share").ok());
     EXPECT_EQ(*disk.Read("/work/Kalvo.pdf"), Pdf(newer ? "new" : "old"));
   }

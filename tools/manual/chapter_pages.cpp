@@ -68,13 +68,13 @@ bool HasPicture(const QTextBlock& block) {
   return false;
 }
 
-// A heading, or a line that introduces a list, a table or a picture.
+// A heading, a line that introduces a list, a table or a picture, or a quote that goes on.
 bool LeadsOn(const QTextBlock& block) {
   constexpr int kShort = 2;
   if (!block.isValid() || TableOf(block) != nullptr || HasPicture(block)) return false;
   const bool introduces =
       block.text().endsWith(QLatin1Char(':')) && block.layout()->lineCount() <= kShort;
-  return IsHeading(block) || introduces;
+  return IsHeading(block) || introduces || (IsQuote(block) && IsQuote(block.next()));
 }
 
 // Whether what begins with this block is torn: what leads on from what follows, a picture from its

@@ -37,7 +37,7 @@ struct NoViewer : Viewer {
 struct NoPrinters : Printers {
   std::vector<KnownPrinter> Known() override { return {}; }
   std::optional<PrintOrder> ChooseFrom(const PrintOrder& /*order*/) override { return {}; }
-  PrinterChoice Choose(std::string_view /*name*/) override { return {}; }
+  PrinterChoice Choose(std::string_view /*name*/, bool /*across*/) override { return {}; }
   Result<std::optional<std::string>> MakePdf(const PrintedTable& /*table*/,
                                              std::string_view /*notice*/) override {
     return std::optional<std::string>();

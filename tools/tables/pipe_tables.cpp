@@ -30,7 +30,7 @@ std::string PipeTables(const std::filesystem::path& library) {
     const std::string number = std::to_string(entry.number);
     text += "### " + std::string(4 - number.size(), '0') + number + ". " + entry.title + "\n\n" +
             "Υλικό " + entry.material + ", τραχύτητα " + Number(sizes.front().roughness, 4) +
-            " mm.\n\n" +
+            " mm:\n\n" +
             "| ονομαστική διάμετρος | εσωτερική διάμετρος [mm] | διατομή [mm²] |\n"
             "|---|--:|--:|\n";
     for (const PipeRow& size : sizes) {
