@@ -9,7 +9,7 @@
 #include "bench/repeated.h"
 #include "platform/drives/mounted_volumes.h"
 #include "shell/copying/offered_studies.h"
-#include "study/copy_run.h"
+#include "study/copying/copy_run.h"
 #include "study/real_disk.h"
 #include "study/row_file.h"
 

@@ -6,7 +6,7 @@
 
 #include "cli/console_prompter.h"
 #include "platform/drives/mounted_volumes.h"
-#include "study/copy_run.h"
+#include "study/copying/copy_run.h"
 #include "study/path_text.h"
 #include "study/real_disk.h"
 #include "study/settled_disk.h"

@@ -2,8 +2,8 @@
 
 #include "form/tell.h"
 #include "shell/data_folder.h"
-#include "shell/manual_chapters.h"
-#include "shell/manual_file.h"
+#include "shell/manual/manual_chapters.h"
+#include "shell/manual/manual_file.h"
 #include "shell/options.h"
 
 namespace kalvo {

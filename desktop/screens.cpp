@@ -78,12 +78,12 @@
 #include "shell/frm_file_os.h"
 #include "shell/frm_kind.h"
 #include "shell/frm_main.h"
-#include "shell/frm_manual.h"
 #include "shell/frm_old_study.h"
 #include "shell/frm_open_save.h"
 #include "shell/frm_rec_files.h"
 #include "shell/frm_safety.h"
 #include "shell/frm_title.h"
+#include "shell/manual/frm_manual.h"
 
 namespace kalvo {
 namespace {

@@ -15,7 +15,7 @@
 #include "desktop/qt_text.h"
 #include "desktop/style_property.h"
 #include "desktop/window_pair.h"
-#include "shell/manual_chapters.h"
+#include "shell/manual/manual_chapters.h"
 
 namespace kalvo {
 namespace {

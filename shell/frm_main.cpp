@@ -2,7 +2,7 @@
 
 #include "form/open_kept_sheet.h"
 #include "form/tell.h"
-#include "shell/manual_file.h"
+#include "shell/manual/manual_file.h"
 #include "shell/study_dialogs.h"
 #include "study/pipe_choice.h"
 #include "study/recent_files.h"

@@ -7,7 +7,7 @@
 #include <QHashSeed>
 #include <iostream>
 
-#include "shell/manual_file.h"
+#include "shell/manual/manual_file.h"
 #include "study/real_disk.h"
 #include "tools/manual/manual_pages.h"
 

@@ -7,7 +7,7 @@
 #include <iostream>
 #include <stdexcept>
 
-#include "shell/manual_book.h"
+#include "shell/manual/manual_book.h"
 #include "study/real_disk.h"
 #include "tools/tables/key_index.h"
 #include "tools/tables/message_text.h"

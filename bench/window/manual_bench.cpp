@@ -1,7 +1,7 @@
 // The manual: from the key to the chapter on the screen.
 
 #include "bench/window/session.h"
-#include "shell/manual_chapters.h"
+#include "shell/manual/manual_chapters.h"
 
 namespace kalvo {
 namespace {

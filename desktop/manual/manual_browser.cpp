@@ -8,7 +8,7 @@
 
 #include "desktop/manual/manual_document.h"
 #include "desktop/qt_text.h"
-#include "shell/manual_search.h"
+#include "shell/manual/manual_search.h"
 #include "shell/search_text.h"
 
 namespace kalvo {

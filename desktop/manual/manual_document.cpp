@@ -9,7 +9,7 @@
 #include <QTextTable>
 
 #include "desktop/qt_text.h"
-#include "shell/markdown_html.h"
+#include "shell/manual/markdown_html.h"
 #include "study/path_text.h"
 
 namespace kalvo {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "study/volumes.h"
+#include "study/copying/volumes.h"
 
 namespace kalvo {
 

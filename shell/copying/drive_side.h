@@ -7,7 +7,7 @@
 #include "form/choice.h"
 #include "form/list.h"
 #include "shell/folder_tree.h"
-#include "study/volumes.h"
+#include "study/copying/volumes.h"
 #include "study/workbench.h"
 
 namespace kalvo {

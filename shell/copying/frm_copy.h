@@ -5,7 +5,7 @@
 #include "form/progress.h"
 #include "shell/copying/drive_side.h"
 #include "shell/copying/offered_studies.h"
-#include "study/copy_run.h"
+#include "study/copying/copy_run.h"
 
 namespace kalvo {
 

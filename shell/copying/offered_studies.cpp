@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "shell/search_text.h"
-#include "study/copy_room.h"
+#include "study/copying/copy_room.h"
 #include "study/numeric_text.h"
 #include "study/study_file_names.h"
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "form/entry_list.h"
-#include "study/folder_families.h"
+#include "study/copying/folder_families.h"
 #include "study/separators.h"
 #include "study/settled_disk.h"
 

@@ -10,7 +10,7 @@
 #include <memory>
 #include <string>
 
-#include "shell/manual_file.h"
+#include "shell/manual/manual_file.h"
 #include "study/real_disk.h"
 #include "tools/manual/chapter_pages.h"
 #include "tools/manual/manual_pages.h"

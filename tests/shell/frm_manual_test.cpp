@@ -1,8 +1,8 @@
-#include "shell/frm_manual.h"
+#include "shell/manual/frm_manual.h"
 
 #include <gtest/gtest.h>
 
-#include "shell/manual_file.h"
+#include "shell/manual/manual_file.h"
 #include "tests/support/dated_disk.h"
 #include "tests/support/failing_disk.h"
 #include "tests/support/test_desk.h"

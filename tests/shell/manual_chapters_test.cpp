@@ -1,4 +1,4 @@
-#include "shell/manual_chapters.h"
+#include "shell/manual/manual_chapters.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 #include <set>
 
 #include "form/navigator.h"
-#include "shell/markdown_html.h"
+#include "shell/manual/markdown_html.h"
 #include "shell/message_table.h"
 #include "study/real_disk.h"
 #include "tests/support/markdown.h"

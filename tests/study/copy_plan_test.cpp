@@ -1,4 +1,4 @@
-#include "study/copy_plan.h"
+#include "study/copying/copy_plan.h"
 
 #include <gtest/gtest.h>
 

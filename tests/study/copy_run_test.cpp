@@ -1,4 +1,4 @@
-#include "study/copy_run.h"
+#include "study/copying/copy_run.h"
 
 #include <gtest/gtest.h>
 #include <sys/wait.h>

@@ -3,8 +3,8 @@
 #include <map>
 #include <string>
 
-#include "study/copy_run.h"
-#include "study/folder_families.h"
+#include "study/copying/copy_run.h"
+#include "study/copying/folder_families.h"
 #include "study/forwarding_disk.h"
 #include "tests/support/program_in_memory.h"
 #include "tests/support/set_volumes.h"

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "study/volumes.h"
+#include "study/copying/volumes.h"
 
 namespace kalvo {
 

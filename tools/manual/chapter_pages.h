@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "shell/manual_book.h"
+#include "shell/manual/manual_book.h"
 #include "tools/manual/page_measure.h"
 
 namespace kalvo {

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "shell/manual_book.h"
+#include "shell/manual/manual_book.h"
 #include "tools/manual/chapter_pages.h"
 #include "tools/manual/manual_pdf.h"
 

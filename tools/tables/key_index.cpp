@@ -7,7 +7,7 @@
 
 #include "desktop/screens.h"
 #include "form/tell.h"
-#include "shell/manual_chapters.h"
+#include "shell/manual/manual_chapters.h"
 #include "study/memory_workspace.h"
 
 namespace kalvo {

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "study/copy_plan.h"
-#include "study/copy_room.h"
+#include "study/copying/copy_plan.h"
+#include "study/copying/copy_room.h"
 #include "study/prompter.h"
 #include "study/separators.h"
 

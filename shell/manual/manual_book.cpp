@@ -1,4 +1,4 @@
-#include "shell/manual_book.h"
+#include "shell/manual/manual_book.h"
 
 #include <algorithm>
 

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "shell/manual_book.h"
+#include "shell/manual/manual_book.h"
 
 namespace kalvo {
 

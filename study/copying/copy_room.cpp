@@ -1,4 +1,4 @@
-#include "study/copy_room.h"
+#include "study/copying/copy_room.h"
 
 #include <algorithm>
 

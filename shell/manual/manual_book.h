@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "form/questions.h"
-#include "shell/manual_text.h"
+#include "shell/manual/manual_text.h"
 #include "study/disk.h"
 
 namespace kalvo {

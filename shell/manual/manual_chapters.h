@@ -3,7 +3,7 @@
 #include <span>
 #include <string_view>
 
-#include "shell/manual_book.h"
+#include "shell/manual/manual_book.h"
 
 namespace kalvo {
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "study/copy_run.h"
+#include "study/copying/copy_run.h"
 #include "study/numeric_text.h"
 
 namespace kalvo {

@@ -1,4 +1,4 @@
-#include "shell/manual_search.h"
+#include "shell/manual/manual_search.h"
 
 #include <algorithm>
 

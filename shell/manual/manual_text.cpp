@@ -1,4 +1,4 @@
-#include "shell/manual_text.h"
+#include "shell/manual/manual_text.h"
 
 #include <algorithm>
 #include <array>

@@ -2,8 +2,8 @@
 
 #include <vector>
 
-#include "study/copy_plan.h"
-#include "study/volumes.h"
+#include "study/copying/copy_plan.h"
+#include "study/copying/volumes.h"
 
 namespace kalvo {
 

@@ -1,10 +1,10 @@
-#include "shell/frm_manual.h"
+#include "shell/manual/frm_manual.h"
 
 #include <algorithm>
 #include <utility>
 
 #include "form/tell.h"
-#include "shell/manual_file.h"
+#include "shell/manual/manual_file.h"
 
 namespace kalvo {
 namespace {

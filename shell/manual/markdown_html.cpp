@@ -1,4 +1,4 @@
-#include "shell/markdown_html.h"
+#include "shell/manual/markdown_html.h"
 
 #include <algorithm>
 #include <cctype>
@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "shell/manual_text.h"
+#include "shell/manual/manual_text.h"
 
 namespace kalvo {
 namespace {

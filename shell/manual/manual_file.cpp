@@ -1,4 +1,4 @@
-#include "shell/manual_file.h"
+#include "shell/manual/manual_file.h"
 
 #include <array>
 #include <charconv>

@@ -1,4 +1,4 @@
-#include "study/folder_families.h"
+#include "study/copying/folder_families.h"
 
 #include <algorithm>
 

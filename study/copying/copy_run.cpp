@@ -1,8 +1,8 @@
-#include "study/copy_run.h"
+#include "study/copying/copy_run.h"
 
 #include <algorithm>
 
-#include "study/folder_families.h"
+#include "study/copying/folder_families.h"
 
 namespace kalvo {
 

@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "study/copying/folder_families.h"
 #include "study/family_save.h"
-#include "study/folder_families.h"
 
 namespace kalvo {
 

@@ -1,4 +1,4 @@
-#include "shell/manual_chapters.h"
+#include "shell/manual/manual_chapters.h"
 
 #include <algorithm>
 

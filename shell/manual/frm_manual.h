@@ -5,7 +5,7 @@
 
 #include "form/form.h"
 #include "form/reading.h"
-#include "shell/manual_search.h"
+#include "shell/manual/manual_search.h"
 
 namespace kalvo {
 
