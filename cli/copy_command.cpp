@@ -50,9 +50,9 @@ int Tell(const Console& console, const CopyRun& run) {
   return worst;
 }
 
-// The studies' main files; nothing when one is none, which the user has been told.
-std::optional<std::vector<std::filesystem::path>> MainFiles(const Console& console, Disk& disk,
-                                                            const std::vector<std::string>& given) {
+// The studies' main files; what is none is left out, and the user has been told.
+std::vector<std::filesystem::path> MainFiles(const Console& console, Disk& disk,
+                                             const std::vector<std::string>& given) {
   std::vector<std::filesystem::path> studies;
   for (const std::string& name : given) {
     const auto path = AbsolutePath(PathFromText(name));
@@ -61,7 +61,7 @@ std::optional<std::vector<std::filesystem::path>> MainFiles(const Console& conso
       console.err << (found ? "Δεν είναι κύριο αρχείο μελέτης (.PCK, .PCA) : " + name
                             : found.error().Line())
                   << '\n';
-      return std::nullopt;
+      continue;
     }
     studies.push_back(*found);
   }
@@ -81,7 +81,7 @@ void CopyCommand::AddArguments(CLI::App& app) {
 int CopyCommand::Run(const Console& console) {
   RealDisk disk;
   const auto studies = MainFiles(console, disk, studies_);
-  if (!studies) {
+  if (studies.empty()) {
     return exit_code::kUnreadable;
   }
   const auto folder = AbsolutePath(PathFromText(folder_));
@@ -90,7 +90,7 @@ int CopyCommand::Run(const Console& console) {
     return exit_code::kUnwritable;
   }
   const MountedVolumes volumes;
-  CopyRun run(disk, volumes, *studies, *folder);
+  CopyRun run(disk, volumes, studies, *folder);
   if (const Outcome may = run.Prove(); !may) {
     console.err << may.error().Line() << '\n';
     return exit_code::kUnwritable;
@@ -101,7 +101,8 @@ int CopyCommand::Run(const Console& console) {
   }
   AgreedUser user(overwrite_);
   run.Make(user);
-  return Tell(console, run);
+  const int told = Tell(console, run);
+  return studies.size() < studies_.size() ? std::max(told, exit_code::kUnreadable) : told;
 }
 
 }  // namespace kalvo

@@ -47,7 +47,7 @@ std::string DiametersCommand::Foot() const {
   return "Η μελέτη πρέπει να έχει αποτελέσματα. Τα ονόματα των διαμέτρων είναι του Συστήματος\n"
          "Σωλήνων της (kalvo pipes N). Η μελέτη που διαβάζεται δεν αλλάζει, παρά μόνον αν την\n"
          "ορίζει το --save.\n"
-         "Παράδειγμα: kalvo diameters Κτίριο.PCK --set 12=2'' --set 13=2''\n" +
+         "Παράδειγμα: kalvo diameters Κτίριο.PCK --set 12=2 --set 13=2\n" +
          Subcommand::Foot();
 }
 

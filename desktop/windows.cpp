@@ -149,7 +149,9 @@ void Windows::ShowManual(std::string_view screen) {
 void Windows::ShowManualFor(QWidget& asking, ManualPlace place) {
   desk_->questions.manual = std::move(place);
   if (Open* shown = Find(screen::kManual); shown != nullptr) {
-    const bool asks_itself = &asking == shown->window.get();
+    // A box of the manual's own turns it, too: closed it could not come back.
+    const bool asks_itself =
+        &asking == shown->window.get() || asking.parentWidget() == shown->window.get();
     if (asks_itself || manual_of_ == &asking) {
       Front(*shown);
       return;

@@ -91,6 +91,7 @@ void FrmCopy::Copy(CopyRun& run) {
   std::vector<EntryLine> lines;
   for (const CopyEntry& entry : run.entries()) lines.push_back(LineOf(entry));
   Report.SetLines(std::move(lines));
+  ShowProgress(run);
   run.Make(*this);
 }
 

@@ -94,6 +94,9 @@ class TargetLook {
     for (CopiedFile& file : plan_.files) {
       if (&file != &plan_.files.back()) {
         file.name = PlaceOf(there, file.name);
+        if (families_.IsAnothers(file.name, plan_.base)) {
+          file.name = plan_.base + file.name.substr(BaseOf(file.name).size());
+        }
       }
     }
     Outcome outcome = FindRemoved();
@@ -122,12 +125,12 @@ class TargetLook {
       if (taken) {
         continue;
       }
-      const auto status = StatusOf(target_, plan_.folder / name);
+      const auto status = target_.Status(plan_.folder / name);
       if (!status) {
         return status.error();
       }
       plan_.removed.push_back(name);
-      Replace(name, status->length);
+      Replace(name, *status ? (*status)->length : 0);  // a link that leads nowhere goes too
     }
     return Done{};
   }
@@ -195,6 +198,9 @@ Result<std::vector<FamilyFile>> ReadAll(Disk& disk, const CopyPlan& plan) {
     if (!bytes || !status) {
       return bytes ? status.error() : bytes.error();
     }
+    if (bytes->size() != file.length || status->modified != file.modified) {
+      return FileError{plan.main, "Η Μελέτη άλλαξε στο μεταξύ", FileErrorKind::kBusy};
+    }
     files.push_back({file.name, std::move(*bytes), status->modified});
   }
   // Where there are no locks such a save shows by its journal.
@@ -213,6 +219,11 @@ std::uint64_t CopyPlan::Bytes() const {
     bytes += file.length;
   }
   return bytes;
+}
+
+bool CopyPlan::AsksAs(const CopyPlan& other) const {
+  return in_the_way == other.in_the_way && shared == other.shared && sharer == other.sharer &&
+         removed == other.removed && replaced == other.replaced;
 }
 
 Result<FolderFamilies*> CopyPlanner::FamiliesOf(const fs::path& folder) {
@@ -243,6 +254,10 @@ Outcome CopyPlanner::LookAtSource(const fs::path& chosen, CopyPlan& plan) {
   for (const std::string& name : family.companions) {
     const fs::path from = plan.main.parent_path() / name;
     const auto status = StatusOf(*settled, from);
+    const bool leads_nowhere = !status && status.error().kind == FileErrorKind::kMissing;
+    if (leads_nowhere && &name != &family.companions.back()) {
+      continue;  // as if it were not there
+    }
     if (!status) {
       return status.error();
     }
@@ -285,6 +300,11 @@ Result<CopyPlan> CopyPlanner::Plan(const fs::path& main) {
   Outcome outcome = LookAtSource(main.parent_path() / name, plan);
   outcome = outcome ? LookAtTarget(name, plan) : outcome;
   return outcome ? Result<CopyPlan>(std::move(plan)) : outcome.error();
+}
+
+Result<CopyPlan> CopyPlanner::PlanAnew(const fs::path& main) {
+  looks_.clear();
+  return Plan(main);
 }
 
 Outcome CopyPlanner::Make(

@@ -42,6 +42,8 @@ struct CopyPlan {
   std::string sharer;
 
   [[nodiscard]] std::uint64_t Bytes() const;
+  /// Who has agreed to the other plan has agreed to this one.
+  [[nodiscard]] bool AsksAs(const CopyPlan& other) const;
 };
 
 /// Copies studies into one folder. What the folders hold is listed once and followed from then on,
@@ -53,6 +55,9 @@ class CopyPlanner {
   /// How the copying of the study `main` would go. What a broken-off save left at either end is
   /// settled first. Error: the study cannot be read, or is being saved by another program.
   Result<CopyPlan> Plan(const std::filesystem::path& main);
+
+  /// The same, from folders that are listed anew.
+  Result<CopyPlan> PlanAnew(const std::filesystem::path& main);
 
   /// Makes the copy as one unit (SaveFamily()): the target is the old study or this one, whole. The
   /// files keep their dates. `on_file`: before each file is written, with its name and length.

@@ -68,6 +68,7 @@ RoomEnd CopyRun::LookForRoom(const std::function<void(int)>& on_study) {
 
 void CopyRun::Make(CopyUser& user) {
   done_ = 0;
+  taken_.clear();
   bool ended = false;
   for (std::size_t at = 0; at < studies_.size(); ++at) {
     if (ended || !user.GoesOn()) {
@@ -84,14 +85,18 @@ void CopyRun::Make(CopyUser& user) {
   }
 }
 
+void CopyRun::TakeFault(CopyEntry& entry, const FileError& error) const {
+  entry.fate = CopyFate::kFailed;
+  entry.reason = error.Line();
+  entry.unreadable = error.file != folder_ && error.file.parent_path() != folder_;
+}
+
 Answer CopyRun::CopyOne(CopyUser& user, std::size_t at) {
   CopyEntry& entry = entries_[at];
   entry.fate = CopyFate::kUnderWay;
   const auto plan = planner_.Plan(studies_[at]);
   if (!plan) {
-    entry.fate = CopyFate::kFailed;
-    entry.reason = plan.error().Line();
-    entry.unreadable = plan.error().file.parent_path() != folder_;
+    TakeFault(entry, plan.error());
     return Answer::kNo;
   }
   entry.files = plan->files.size();
@@ -100,17 +105,58 @@ Answer CopyRun::CopyOne(CopyUser& user, std::size_t at) {
     entry.fate = CopyFate::kSameName;
     return Answer::kNo;
   }
+  const fs::path place = plan->folder / plan->files.back().name;
+  Answer answer = Answer::kYes;
   if (plan->same) {
     entry.fate = CopyFate::kSame;
-    return Answer::kYes;
+  } else if (taken_.contains(place)) {
+    entry.fate = CopyFate::kSameName;
+    return Answer::kNo;
+  } else {
+    answer = CopyAsPlanned(user, *plan, at);
   }
-  return CopyAsPlanned(user, *plan, entry);
+  if (entry.Arrived()) {
+    taken_.insert(place);
+  }
+  return answer;
 }
 
-Answer CopyRun::CopyAsPlanned(CopyUser& user, const CopyPlan& plan, CopyEntry& entry) {
-  const bool asks = !plan.in_the_way.empty() || !plan.shared.empty();
-  if (const Answer answer = asks ? user.MayReplace(plan) : Answer::kYes; answer != Answer::kYes) {
+Result<CopyPlan> CopyRun::AgreedPlan(CopyUser& user, CopyPlan plan, std::size_t at,
+                                     Answer& answer) {
+  while (!plan.in_the_way.empty() || !plan.shared.empty()) {
+    user.Follow(*this);
+    answer = user.MayReplace(plan);
+    if (answer != Answer::kYes) {
+      break;
+    }
+    // Others may have saved at either end while the user thought about it.
+    auto now = planner_.PlanAnew(studies_[at]);
+    if (!now) {
+      return now.error();
+    }
+    const bool still = now->AsksAs(plan);
+    plan = std::move(*now);
+    if (still) {
+      break;
+    }
+  }
+  return plan;
+}
+
+Answer CopyRun::CopyAsPlanned(CopyUser& user, const CopyPlan& planned, std::size_t at) {
+  CopyEntry& entry = entries_[at];
+  Answer answer = Answer::kYes;
+  const auto agreed = AgreedPlan(user, planned, at, answer);
+  if (!agreed) {
+    TakeFault(entry, agreed.error());
+    return Answer::kNo;
+  }
+  const CopyPlan& plan = *agreed;
+  if (answer != Answer::kYes) {
     entry.fate = answer == Answer::kCancel ? CopyFate::kNotReached : CopyFate::kKept;
+    if (!plan.is_there) {
+      entry.reason = plan.in_the_way.empty() ? plan.shared : plan.in_the_way;
+    }
     return answer;
   }
   const Outcome made = planner_.Make(plan, [&](const std::string& name, std::uint64_t length) {
@@ -119,9 +165,7 @@ Answer CopyRun::CopyAsPlanned(CopyUser& user, const CopyPlan& plan, CopyEntry& e
     done_ += length;
   });
   if (!made) {
-    entry.fate = CopyFate::kFailed;
-    entry.reason = made.error().Line();
-    entry.unreadable = made.error().file.parent_path() == plan.main.parent_path();
+    TakeFault(entry, made.error());
     return Answer::kNo;
   }
   entry.fate = plan.is_there ? CopyFate::kReplaced : CopyFate::kCopied;

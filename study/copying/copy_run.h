@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -20,7 +21,7 @@ enum class CopyFate {
   kReplaced,    ///< the copy took the place of an older one
   kSame,        ///< the target had it already, byte for byte
   kKept,        ///< the user kept what the target has
-  kSameName,    ///< the medium takes its name for that of another one chosen
+  kSameName,    ///< it would replace another one chosen, whose name is as good as its own
   kFailed,      ///< see the reason
   kNotReached,  ///< the copying was ended before
 };
@@ -30,7 +31,7 @@ struct CopyEntry {
   CopyFate fate = CopyFate::kWaits;
   std::size_t files = 0;
   bool lacks_fluid = false;
-  std::string reason{};
+  std::string reason{};     ///< of kFailed; of kKept: what stays, where it is no study of that name
   bool unreadable = false;  ///< it failed at its source
 
   /// The entry in a line, without its name.
@@ -87,7 +88,10 @@ class CopyRun {
  private:
   /// The answer kCancel ends the copying.
   Answer CopyOne(CopyUser& user, std::size_t at);
-  Answer CopyAsPlanned(CopyUser& user, const CopyPlan& plan, CopyEntry& entry);
+  Answer CopyAsPlanned(CopyUser& user, const CopyPlan& planned, std::size_t at);
+  /// The plan as both ends stand once the user has answered. `answer`: theirs, where one was asked.
+  Result<CopyPlan> AgreedPlan(CopyUser& user, CopyPlan plan, std::size_t at, Answer& answer);
+  void TakeFault(CopyEntry& entry, const FileError& error) const;
   [[nodiscard]] bool IsTaken(std::size_t at) const;
 
   Disk& disk_;
@@ -103,6 +107,7 @@ class CopyRun {
   std::uint64_t total_ = 0;
   std::uint64_t done_ = 0;
   std::string file_;
+  std::set<std::filesystem::path> taken_;  ///< main files that came to the target in this run
 };
 
 /// The question whether a copy may replace what is there; no is its default.

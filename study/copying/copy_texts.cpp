@@ -37,7 +37,8 @@ std::string CopyEntry::Text() const {
     case CopyFate::kSame:
       return "υπάρχει ήδη, ίδια" + FilesText(files) + fluid;
     case CopyFate::kKept:
-      return "ΔΕΝ αντιγράφηκε · μένει αυτή που υπάρχει";
+      return "ΔΕΝ αντιγράφηκε · " + (reason.empty() ? "μένει αυτή που υπάρχει"
+                                                    : "μένει το < " + reason + " > που υπάρχει");
     case CopyFate::kSameName:
       return "ΔΕΝ αντιγράφηκε · το μέσο δεν ξεχωρίζει το όνομά της από άλλης επιλεγμένης μελέτης";
     case CopyFate::kFailed:

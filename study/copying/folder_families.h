@@ -37,10 +37,11 @@ class FolderFamilies {
   /// The main file with that base and extension, the base spelled alike, else in any case where
   /// `any_case` is set; empty when there is none.
   [[nodiscard]] std::string FindMain(std::string_view name, bool any_case) const;
+  /// The companion goes by its base with another main file that is there.
+  [[nodiscard]] bool IsAnothers(std::string_view companion, std::string_view base) const;
 
  private:
   [[nodiscard]] const std::vector<std::string>& Alike(const std::string& name) const;
-  [[nodiscard]] bool IsAnothers(std::string_view companion, std::string_view base) const;
 
   /// By their compared form, in byte order.
   std::unordered_map<std::string, std::vector<std::string>> alike_;

@@ -94,7 +94,8 @@ TEST_F(CopyingRun, CopiesOneAfterTheOtherAndTellsItByTheByte) {
   EXPECT_EQ(Medium(), kNewOnes);
   EXPECT_TRUE(run.IsWhole());
   EXPECT_EQ(user.files, (std::vector<std::string>{"A.STC", "A.LQD", "A.PCK", "B.LQD", "B.PCK"}));
-  EXPECT_EQ(user.done, (std::vector<std::uint64_t>{0, 3, 6, 10, 10, 13, 17}));
+  EXPECT_EQ(user.done, (std::vector<std::uint64_t>{0, 0, 3, 6, 10, 10, 10, 13, 17}))
+      << "before each question, too";
   EXPECT_EQ(run.entries()[0].Text(), "αντικατέστησε την παλαιότερη · 3 αρχεία");
   ASSERT_EQ(user.asked.size(), 2U);
   EXPECT_EQ(user.asked[0].style, box_style::kWarnCancelDefaultNo);
@@ -143,6 +144,43 @@ TEST_F(CopyingRun, LeavesOutNamesThatTheMediumDoesNotTakeOrTellApart) {
   CopyRun apart = Run(disk, {kStudies / "A.PCK", kStudies / "a.PCK"});
   apart.Make(user);
   EXPECT_TRUE(apart.IsWhole()) << "a medium that knows case has both";
+}
+
+TEST_F(CopyingRun, TakesNoOtherStudysPlaceNorItsFiles) {
+  PutFolder(disk, kStudies, {{"X.PCK", "upper"}, {"X.pck", "lower"}});
+  CopyRun twins = Run(disk, {kStudies / "X.PCK", kStudies / "X.pck"});
+  twins.Make(user);
+  EXPECT_EQ(twins.entries()[1].fate, CopyFate::kSameName) << "whatever the user would answer";
+  EXPECT_EQ(Medium().at("X.PCK"), "upper");
+
+  PutFolder(disk, kStudies, {{"Ab.PCK", "Ab"}, {"AB.STC", "of Ab"}});
+  PutFolder(disk, kMedium, {{"AB.PCK", "another"}, {"AB.STC", "of another"}});
+  CopyRun third = Run(disk, {kStudies / "Ab.PCK"});
+  third.Make(user);
+  EXPECT_EQ(third.entries()[0].fate, CopyFate::kCopied);
+  EXPECT_EQ(Medium().at("AB.STC"), "of another");
+  EXPECT_EQ(Medium().at("Ab.STC"), "of Ab");
+}
+
+TEST_F(CopyingRun, LooksAgainAtWhatOthersSaveDuringAQuestion) {
+  struct Slow : NotedCopyUser {
+    explicit Slow(Disk& shared) : disk(shared) {}
+    Answer MayReplace(const CopyPlan& plan) override {
+      if (asked.empty()) {
+        EXPECT_TRUE(disk.Write(kStudies / "B.PCK", "newer B").ok());
+        EXPECT_TRUE(disk.Write(kMedium / "B.DPC", "left over").ok());
+      }
+      return NotedCopyUser::MayReplace(plan);
+    }
+    Disk& disk;
+  };
+  Slow slow(disk);
+  CopyRun run = Run(disk, {kStudies / "B.PCK"});
+  run.Make(slow);
+  EXPECT_EQ(slow.asked.size(), 2U) << "what would go is another now";
+  EXPECT_EQ(run.entries()[0].fate, CopyFate::kReplaced);
+  EXPECT_EQ(Medium().at("B.PCK"), "newer B");
+  EXPECT_FALSE(Medium().contains("B.DPC"));
 }
 
 TEST_F(CopyingRun, NeedsTheNewSizeWhileTheOldOneIsThere) {
