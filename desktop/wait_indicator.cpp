@@ -65,7 +65,9 @@ void WaitIndicator::ShowProgress(const QString& text, int done, int total) {
 void WaitIndicator::ShowCard() {
   QWidget* front = QApplication::activeWindow();
   if (front == nullptr || qobject_cast<PrintNotice*>(front) != nullptr)
-    return;  // that says so itself
+    return;       // that says so itself
+  delay_.stop();  // progress may show it before the delay is over
+  delete card_;
   card_ = new WaitCard(front);
   card_->Begin(waits_.back().text);
   card_->adjustSize();

@@ -1,12 +1,14 @@
 #include "desktop/manual/manual_browser.h"
 
 #include <QAbstractTextDocumentLayout>
+#include <QMimeData>
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <algorithm>
 
 #include "desktop/manual/manual_document.h"
+#include "desktop/manual/selected_text.h"
 #include "desktop/qt_text.h"
 #include "shell/manual/manual_search.h"
 #include "shell/search_text.h"
@@ -131,6 +133,12 @@ QVariant ManualBrowser::loadResource(int type, const QUrl& name) {
   QImage picture = ManualPicture(name.toString(), room_, devicePixelRatioF());
   picture.setDevicePixelRatio(std::max(1.0, static_cast<double>(picture.width()) / room_));
   return picture;
+}
+
+QMimeData* ManualBrowser::createMimeDataFromSelection() const {
+  auto* copied = new QMimeData;
+  copied->setText(SelectedText(textCursor()));
+  return copied;
 }
 
 void ManualBrowser::resizeEvent(QResizeEvent* event) {

@@ -30,6 +30,8 @@ class ManualBrowser : public QTextBrowser {
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
+  /// Rows of a table are copied as a sheet takes them.
+  [[nodiscard]] QMimeData* createMimeDataFromSelection() const override;
 
  private:
   [[nodiscard]] int PictureRoom() const;

@@ -16,7 +16,7 @@ constexpr int kBoxSize = 16;
 constexpr int kEntryMargin = 12;
 constexpr int kEntryGap = 10;
 constexpr int kTextGap = 8;
-constexpr int kBarWidth = 3;
+constexpr int kMarkWidth = 3;
 
 QColor InkOf(Tone tone) {
   switch (tone) {
@@ -53,7 +53,7 @@ void EntryDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   painter->setRenderHint(QPainter::Antialiasing);
   if (ticked) {
     painter->fillRect(option.rect, theme.soft);
-    painter->fillRect(QRect(option.rect.topLeft(), QSize(kBarWidth, option.rect.height())),
+    painter->fillRect(QRect(option.rect.topLeft(), QSize(kMarkWidth, option.rect.height())),
                       theme.primary);
   }
   const int left = DrawMark(*painter, option, line, list.ticks, ticked);

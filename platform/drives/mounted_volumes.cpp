@@ -122,11 +122,16 @@ Result<MediumRoom> MountedVolumes::RoomAt(const fs::path& folder) const {
     return FileError{folder, missing ? "Ο φάκελος δεν υπάρχει" : ReasonOf(errno),
                      missing ? FileErrorKind::kMissing : FileErrorKind::kOther};
   }
+  struct stat place {};
+  if (stat(folder.c_str(), &place) != 0) {
+    return FileError{folder, ReasonOf(errno)};
+  }
   const std::uint64_t block = found.f_frsize > 0 ? found.f_frsize : found.f_bsize;
   return MediumRoom{.capacity = found.f_blocks * block,
                     .free = found.f_bavail * block,
                     .block = block,
-                    .writable = (found.f_flag & ST_RDONLY) == 0 && CanWrite(folder)};
+                    .writable = (found.f_flag & ST_RDONLY) == 0 && CanWrite(folder),
+                    .medium = place.st_dev};
 }
 
 bool MountedVolumes::Holds(const Volume& volume, const fs::path& folder) const {

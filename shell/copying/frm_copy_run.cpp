@@ -133,11 +133,13 @@ void FrmCopy::ShowProgress(const CopyRun& run) {
 void FrmCopy::EndReport(const CopyRun& run, const std::vector<fs::path>& studies) {
   std::vector<EntryLine> lines;
   int arrived = 0;
+  int same = 0;
   const Disk& disk = bench.workspace.outer_disk();
   for (std::size_t i = 0; i < studies.size(); ++i) {
     const CopyEntry& entry = run.entries()[i];
     lines.push_back(LineOf(entry));
     arrived += entry.Arrived() ? 1 : 0;
+    same += entry.fate == CopyFate::kSame ? 1 : 0;
   }
   for (std::size_t i = 0; i < studies.size(); ++i) {
     const bool open = run.entries()[i].Arrived() && !bench.study.study_path.empty() &&
@@ -154,7 +156,8 @@ void FrmCopy::EndReport(const CopyRun& run, const std::vector<fs::path>& studies
   const auto left = std::ranges::find_if_not(run.entries(), &CopyEntry::Arrived);
   Report.SetCurrent(static_cast<int>(left - run.entries().begin()));  // else the note
   const auto count = static_cast<int>(studies.size());
-  LblEnd.text = "αντιγράφηκαν " + std::to_string(arrived) + " από " + std::to_string(count);
+  LblEnd.text = "αντιγράφηκαν " + std::to_string(arrived - same) + " από " + std::to_string(count);
+  if (same > 0) LblEnd.text += ", " + std::to_string(same) + " υπήρχαν ίδιες";
   target_.Refresh();
   ShowTarget();
 }

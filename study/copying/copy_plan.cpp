@@ -145,6 +145,8 @@ class TargetLook {
       changes_.push_back(file.name);
     } else if (!SameBytes(source_, file, target_, path, (*status)->length)) {
       Replace(file.name, (*status)->length);
+      const bool is_main = &file == &plan_.files.back();
+      plan_.newer_there = is_main && (*status)->modified > file.modified;
     } else {
       plan_.replaced.push_back((*status)->length);
     }

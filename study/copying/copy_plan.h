@@ -33,6 +33,7 @@ struct CopyPlan {
 
   bool same = false;         ///< the target is this study byte for byte
   bool is_there = false;     ///< the target has the main file
+  bool newer_there = false;  ///< and that was changed after the one that is copied
   bool case_blind = false;   ///< the target's medium takes names that differ in case for one
   bool lacks_fluid = false;  ///< the study has no file of its fluid
   std::string in_the_way;    ///< the file that is there and would change; empty: none

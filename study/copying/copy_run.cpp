@@ -78,11 +78,22 @@ void CopyRun::Make(CopyUser& user) {
     }
     at_ = at;
     const std::uint64_t before = done_;
-    ended = CopyOne(user, at) == Answer::kCancel;
+    if (HasMedium()) {
+      ended = CopyOne(user, at) == Answer::kCancel;
+    } else {
+      TakeFault(entries_[at], {folder_, "Το μέσο δεν είναι πια εκεί"});
+      ended = true;
+    }
     file_.clear();
     done_ = before + bytes_[at];
     user.Follow(*this);
   }
+}
+
+// A folder that a medium was mounted on is there without it, too.
+bool CopyRun::HasMedium() const {
+  const auto room = volumes_.RoomAt(folder_);
+  return room.ok() && room->medium == room_.medium;
 }
 
 void CopyRun::TakeFault(CopyEntry& entry, const FileError& error) const {

@@ -91,6 +91,8 @@ class CopyRun {
   Answer CopyAsPlanned(CopyUser& user, const CopyPlan& planned, std::size_t at);
   /// The plan as both ends stand once the user has answered. `answer`: theirs, where one was asked.
   Result<CopyPlan> AgreedPlan(CopyUser& user, CopyPlan plan, std::size_t at, Answer& answer);
+  /// The target is still on the medium that Prove() found.
+  [[nodiscard]] bool HasMedium() const;
   void TakeFault(CopyEntry& entry, const FileError& error) const;
   [[nodiscard]] bool IsTaken(std::size_t at) const;
 

@@ -33,7 +33,7 @@ std::string CopyEntry::Text() const {
     case CopyFate::kCopied:
       return "αντιγράφηκε" + FilesText(files) + fluid;
     case CopyFate::kReplaced:
-      return "αντικατέστησε την παλαιότερη" + FilesText(files) + fluid;
+      return "αντικατέστησε αυτήν που υπήρχε" + FilesText(files) + fluid;
     case CopyFate::kSame:
       return "υπάρχει ήδη, ίδια" + FilesText(files) + fluid;
     case CopyFate::kKept:
@@ -57,6 +57,9 @@ Box ReplaceBox(const CopyPlan& plan) {
   if (!plan.shared.empty()) {
     box.lines.push_back("... Το Αρχείο < " + plan.shared + " > ανήκει και στη Μελέτη < " +
                         plan.sharer + " >, και θα αλλάξει ...");
+  }
+  if (plan.newer_there) {
+    box.lines.emplace_back("... και είναι ΝΕΟΤΕΡΟ από αυτό που αντιγράφεται ...");
   }
   box.lines.emplace_back("... ΘΕΛΕΤΕ ΝΑ ΤΟ ΑΝΤΙΚΑΤΑΣΤΗΣΩ ?? ...");
   return box;

@@ -27,6 +27,7 @@ struct MediumRoom {
   std::uint64_t free = 0;      ///< for this user
   std::uint64_t block = 1;     ///< files take whole blocks
   bool writable = true;        ///< files can be made in the folder
+  std::uint64_t medium = 0;    ///< another number: another medium
 };
 
 /// The drives of the machine.

@@ -19,6 +19,7 @@
 
 #include "desktop/manual/manual_browser.h"
 #include "desktop/manual/manual_document.h"
+#include "desktop/manual/selected_text.h"
 #include "desktop/qt_text.h"
 #include "shell/manual/frm_manual.h"
 #include "shell/manual/manual_chapters.h"
@@ -237,6 +238,20 @@ TEST_F(ManualWindow, FollowsTheThemeAndTheWindowsWidth) {
   EXPECT_GT(WidestPicture(), 300);
   KeepPicture(*Shown(), "manual-dark-least");
   ApplyTheme(*qApp, kLightTheme);
+}
+
+TEST(SelectedText, HasTheCellsOfATableApartByTabs) {
+  QTextDocument chapter;
+  chapter.setHtml(
+      "<p>πριν</p><table><tr><td>1/2</td><td>7,2</td></tr><tr><td>2/3</td><td></td></tr></"
+      "table><p>μετά</p>");
+  QTextCursor all(&chapter);
+  all.select(QTextCursor::Document);
+  EXPECT_EQ(SelectedText(all).toStdString(), "πριν\n1/2\t7,2\n2/3\t\nμετά");
+  QTextCursor rows = chapter.find("1/2");
+  rows.setPosition(rows.selectionStart());
+  rows.setPosition(chapter.find("2/3").selectionEnd(), QTextCursor::KeepAnchor);
+  EXPECT_EQ(SelectedText(rows).toStdString(), "1/2\n2/3") << "the cells of one column";
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QLabel>
 #include <QTest>
+#include <QThread>
 #include <algorithm>
 
 #include "desktop/widgets/boxes/wait_card.h"
@@ -55,6 +56,16 @@ TEST_F(WaitOverAWindow, StaysAwayWhileTheUserIsAsked) {
   EXPECT_TRUE(ComesWith("Περιμένετε"));
   wait.End();
   EXPECT_FALSE(CursorWaits());
+}
+
+TEST_F(WaitOverAWindow, TakesAwayTheCardThatProgressHasBrought) {
+  wait.Begin("Περιμένετε");
+  QThread::msleep(200);  // the work lets no timer run
+  wait.ShowProgress("μελέτη 1 από 9", 1, 9);
+  QApplication::processEvents();
+  EXPECT_EQ(window.findChildren<WaitCard*>().size(), 1);
+  wait.End();
+  EXPECT_EQ(Card(), nullptr);
 }
 
 }  // namespace

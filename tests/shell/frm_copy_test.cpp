@@ -144,7 +144,7 @@ TEST_F(CopyForm, CopiesAndLeavesAReportThatStays) {
             (std::vector<std::string>{"A.PCK", "B.LQD", "B.PCK", "B.STC", "a.WNT"}));
   EXPECT_EQ(ReportLines(), (std::vector<std::string>{
                                "A.PCK: αντιγράφηκε · 2 αρχεία · χωρίς .LQD, λογίζεται μελέτη νερού",
-                               "B.PCK: αντικατέστησε την παλαιότερη · 3 αρχεία"}));
+                               "B.PCK: αντικατέστησε αυτήν που υπήρχε · 3 αρχεία"}));
   EXPECT_EQ(form.LblEnd.text, "αντιγράφηκαν 2 από 2");
   EXPECT_FALSE(form.Bar.visible || form.LblWait.visible);
   EXPECT_EQ(form.FileList2.count(), 2) << "the target shows what has come";

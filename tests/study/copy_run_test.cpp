@@ -96,7 +96,7 @@ TEST_F(CopyingRun, CopiesOneAfterTheOtherAndTellsItByTheByte) {
   EXPECT_EQ(user.files, (std::vector<std::string>{"A.STC", "A.LQD", "A.PCK", "B.LQD", "B.PCK"}));
   EXPECT_EQ(user.done, (std::vector<std::uint64_t>{0, 0, 3, 6, 10, 10, 10, 13, 17}))
       << "before each question, too";
-  EXPECT_EQ(run.entries()[0].Text(), "αντικατέστησε την παλαιότερη · 3 αρχεία");
+  EXPECT_EQ(run.entries()[0].Text(), "αντικατέστησε αυτήν που υπήρχε · 3 αρχεία");
   ASSERT_EQ(user.asked.size(), 2U);
   EXPECT_EQ(user.asked[0].style, box_style::kWarnCancelDefaultNo);
 
@@ -160,6 +160,37 @@ TEST_F(CopyingRun, TakesNoOtherStudysPlaceNorItsFiles) {
   EXPECT_EQ(third.entries()[0].fate, CopyFate::kCopied);
   EXPECT_EQ(Medium().at("AB.STC"), "of another");
   EXPECT_EQ(Medium().at("Ab.STC"), "of Ab");
+}
+
+TEST_F(CopyingRun, EndsWhenTheMediumIsTakenOutThoughItsFolderStays) {
+  struct Puller : NotedCopyUser {
+    explicit Puller(SetVolumes& drives) : volumes(drives) {}
+    bool GoesOn() override {
+      if (!files.empty()) volumes.room.medium = 7;
+      return true;
+    }
+    SetVolumes& volumes;
+  };
+  PutFolder(disk, kStudies, {{"C.PCK", "newC"}});
+  CopyRun run = Run(disk, {kStudies / "A.PCK", kStudies / "B.PCK", kStudies / "C.PCK"});
+  ASSERT_TRUE(run.Prove().ok());
+  Puller puller(volumes);
+  run.Make(puller);
+  EXPECT_EQ(run.entries()[0].fate, CopyFate::kReplaced);
+  EXPECT_EQ(run.entries()[1].reason, "Το μέσο δεν είναι πια εκεί : /stick");
+  EXPECT_EQ(run.entries()[2].fate, CopyFate::kNotReached);
+  EXPECT_EQ(StudyOf(Medium(), 'B'), StudyOf(kOldOnes, 'B'));
+}
+
+TEST_F(CopyingRun, WarnsOfANewerStudyThatWouldGo) {
+  ASSERT_TRUE(disk.SetModified(kMedium / "B.PCK", 99 * 86'400).ok());
+  user.answer = Answer::kNo;
+  CopyRun run = Run(disk);
+  run.Make(user);
+  ASSERT_EQ(user.asked.size(), 2U);
+  EXPECT_EQ(user.asked[0].lines.size(), 2U);
+  ASSERT_EQ(user.asked[1].lines.size(), 3U);
+  EXPECT_NE(user.asked[1].lines[1].find("ΝΕΟΤΕΡΟ"), std::string::npos);
 }
 
 TEST_F(CopyingRun, LooksAgainAtWhatOthersSaveDuringAQuestion) {

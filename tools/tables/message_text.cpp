@@ -27,12 +27,22 @@ std::string_view KindHead(SystemKind kind) {
   return "Χωρίς σύστημα";
 }
 
+// A reader gets dots where the program puts what it knows, as "{critical_branch}".
+std::string WithoutNames(std::string text) {
+  for (std::size_t at = text.find('{'); at != std::string::npos; at = text.find('{', at)) {
+    const std::size_t end = text.find('}', at);
+    if (end == std::string::npos) break;
+    text.replace(at, end + 1 - at, "…");
+  }
+  return text;
+}
+
 // Lines of a paragraph are parted by two blanks at their ends.
 std::string Quote(const Message& message) {
   std::string text = "> *" + WithSingleBlanks(message.title) + "*\n>\n";
   std::string lines;
   for (const std::string_view line : message.lines) {
-    const std::string words = WithSingleBlanks(line);
+    const std::string words = WithoutNames(WithSingleBlanks(line));
     if (words.empty()) continue;
     lines += (lines.empty() ? "> " : "  \n> ") + words;
   }
