@@ -15,8 +15,7 @@ namespace {
 /// Nobody paints here.
 class NoPages : public WorkbookPages {
  public:
-  Result<bool> Print(const Workbook& /*workbook*/, std::string_view /*printer*/,
-                     int /*copies*/) override {
+  Result<bool> Print(const Workbook& /*workbook*/, const PrintOrder& /*order*/) override {
     return true;
   }
   Outcome Preview(const Workbook& /*workbook*/) override { return Done{}; }
