@@ -50,7 +50,7 @@ int Tell(const Console& console, const CopyRun& run) {
   return worst;
 }
 
-// The studies' main files; what is none is left out, and the user has been told.
+// The studies' main files; what is none is left out, after a line that says so.
 std::vector<std::filesystem::path> MainFiles(const Console& console, Disk& disk,
                                              const std::vector<std::string>& given) {
   std::vector<std::filesystem::path> studies;

@@ -17,10 +17,10 @@ bool HasPrintService();
 /// What `lp` is told of a printer and what the user has set for it.
 QStringList PrintArguments(const QPrinter& printer, std::string_view name);
 
-/// What the user has set for a printer beside paper and copies.
+/// What the user has set for a printer besides paper and copies.
 QStringList SettingsOf(const QPrinter& printer);
 
-/// What `lp` is told of an order. Paper: begins with its name, as in "A4 όρθιο".
+/// What `lp` gets of an order. Paper: begins with its name, as in "A4 όρθιο".
 QStringList PrintArguments(const PrintOrder& order, std::string_view name, std::string_view paper);
 
 /// Hands a PDF to the service, showing `notice` meanwhile; false: the user has cancelled. Error:

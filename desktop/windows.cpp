@@ -103,7 +103,7 @@ Windows::Windows(const QString& geometry)
 Windows::~Windows() {
   for (const auto& open : open_) {
     Remember(*open->window);
-    open->window->removeEventFilter(this);  // what goes with this is told nothing more
+    open->window->removeEventFilter(this);  // what goes with this hears nothing more
   }
   for (const auto& closed : closed_) closed->window->removeEventFilter(this);
 }

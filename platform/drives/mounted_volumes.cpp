@@ -72,7 +72,7 @@ std::set<std::string> SystemDevices(const std::vector<Mount>& mounts) {
   return devices;
 }
 
-// Several are told apart by where they are mounted, which is what they are called.
+// Several get the names of the folders that they are mounted on.
 void NameRemovable(std::vector<Volume>& volumes) {
   constexpr const char* kName = "Αφαιρούμενο μέσο";
   for (Volume& volume : volumes) {

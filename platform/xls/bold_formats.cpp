@@ -76,7 +76,7 @@ std::uint16_t BoldFormats::TwinOf(Workbook& workbook, std::uint16_t format) {
   if (!font) return twin;
   PutU16(record.body, kFontOfFormat, *font);
   record.body[kOwnParts] = static_cast<char>(record.body[kOwnParts] | kOwnFont);
-  // The font stands before all formats, which moved by one.
+  // The font is before all formats, which moved by one.
   AppendToItsType(globals, formats.back() + 1, std::move(record));
   twin = static_cast<std::uint16_t>(workbook.formats.size());
   workbook.formats.push_back(workbook.formats[format]);

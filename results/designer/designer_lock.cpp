@@ -10,7 +10,7 @@
 namespace kalvo {
 namespace {
 
-// The designer's name, whatever it is. Nothing: it cannot be read, which the user was told.
+// The designer's name, whatever it is. Nothing: it cannot be read, and a box said so.
 std::optional<std::string> NameOnPaper(Desk& desk) {
   const auto name = DesignerName(desk);
   if (name) return *name;

@@ -65,7 +65,7 @@ class Export {
 
   Desk& desk_;
   std::vector<std::string> made_;
-  std::filesystem::path file_;  ///< beside the database
+  std::filesystem::path file_;  ///< made next to the database
 };
 
 // What is exported. Nothing: it cannot be read, which the user was told.

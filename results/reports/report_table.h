@@ -56,7 +56,7 @@ struct PageShape {
 struct ReportTable {
   const char* template_file;
   const char* suffix;  ///< of the names of its workbooks
-  const char* sheet;   ///< that is filled, the template's first; its name tells the templates apart
+  const char* sheet;  ///< that is filled, the template's first; its name shows which template it is
   PageShape page;
   std::span<const HeadCell> head;
   std::span<const LineColumn> columns;

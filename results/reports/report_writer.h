@@ -47,7 +47,7 @@ struct ReportOrder {
   std::string_view rows = work_file::kRows;
 };
 
-/// How a report ended; unless it was made or cancelled the user has been told why.
+/// How a report ended; unless it was made or cancelled a box said why.
 enum class ReportEnd {
   kMade,
   kCancelled,   ///< by the user, while it was printed

@@ -11,7 +11,7 @@ namespace {
 
 constexpr int kDeepestHeading = 6;
 
-// Signs that headings and texts have and that no anchor keeps, beside those of ASCII.
+// Signs of headings and texts that no anchor keeps, besides those of ASCII.
 constexpr std::u32string_view kLeftOut = U"«»“”‘’·…–—΄°²³×→≥≤±";
 
 bool StaysInAnchor(char32_t character) {

@@ -45,7 +45,7 @@ Outcome CopyRun::Prove() {
                         : FileError{folder_, "Στον φάκελο αυτόν δεν επιτρέπεται η εγγραφή"};
 }
 
-// A study that cannot be planned is told of when its turn comes.
+// A study that cannot be planned fails when its turn comes.
 RoomEnd CopyRun::LookForRoom(const std::function<void(int)>& on_study) {
   std::vector<CopyPlan> plans;
   total_ = 0;

@@ -12,6 +12,7 @@
 
 #include "shell/manual/manual_file.h"
 #include "study/real_disk.h"
+#include "tests/support/other_program.h"
 #include "tools/manual/chapter_pages.h"
 #include "tools/manual/manual_pages.h"
 
@@ -115,8 +116,9 @@ TEST(ManualOnPaper, IsTheSameWhenItIsMadeTwice) {
 }
 
 TEST(ManualOnPaper, CanBeSearchedInGreekAndNamesItsPages) {
+  NeedProgram("pdftotext", "poppler-utils");
+  if (IsSkipped() || HasFatalFailure()) return;
   const std::string text = OutputOf("pdftotext -layout " + kDelivered.string() + " -");
-  if (text.empty()) GTEST_SKIP() << "no pdftotext on this machine";
   const auto book =
       ManualBook::Read(RealDisk(), std::filesystem::path(KALVO_SOURCE_DIR) / "docs/manual");
   ASSERT_TRUE(book.ok());

@@ -104,8 +104,8 @@ TEST_F(OpenManual, SaysWhatCannotBeRead) {
 
 TEST_F(OpenManual, OpensThePdfOrSaysWhyThereIsNone) {
   FrmManual& manual = Open();
-  desk.program_folder = "/work";
-  ASSERT_TRUE(test.outer_disk.MakeFolder("/work").ok());
+  desk.program_folder = "/program";
+  ASSERT_TRUE(test.outer_disk.MakeFolder("/program").ok());
   manual.Run(manual.CmdManual);
   ASSERT_EQ(test.prompter.boxes().size(), 1U);
   EXPECT_NE(test.prompter.boxes().back().lines.front().find("Kalvo.pdf"), std::string::npos);
@@ -113,8 +113,8 @@ TEST_F(OpenManual, OpensThePdfOrSaysWhyThereIsNone) {
   ASSERT_TRUE(test.outer_disk.MakeFolder("/share/pdf").ok());
   ASSERT_TRUE(test.outer_disk.Write("/share/pdf/Kalvo.pdf", "%PDF").ok());
   manual.Run(manual.CmdManual);
-  EXPECT_EQ(viewer.files, (std::vector<std::filesystem::path>{"/work/Kalvo.pdf"}));
-  EXPECT_EQ(*test.outer_disk.Read("/work/Kalvo.pdf"), "%PDF");
+  EXPECT_EQ(viewer.files, (std::vector<std::filesystem::path>{"/program/Kalvo.pdf"}));
+  EXPECT_EQ(*test.outer_disk.Read("/program/Kalvo.pdf"), "%PDF");
 }
 
 // A manual of that version with those pages.
@@ -125,14 +125,14 @@ std::string Pdf(const std::string& pages, const std::string& version = "1.2.0") 
 struct DeliveredManual : testing::Test {
   DeliveredManual() {
     EXPECT_TRUE(disk.MakeFolder("/share/pdf").ok());
-    EXPECT_TRUE(disk.MakeFolder("/work").ok());
+    EXPECT_TRUE(disk.MakeFolder("/program").ok());
   }
   // What is in the program folder once the installed one is delivered.
   std::string After(const std::string& there, const std::string& installed) {
-    EXPECT_TRUE(disk.Write("/work/Kalvo.pdf", there).ok());
+    EXPECT_TRUE(disk.Write("/program/Kalvo.pdf", there).ok());
     EXPECT_TRUE(disk.Write("/share/pdf/Kalvo.pdf", installed).ok());
-    EXPECT_TRUE(DeliverManual(disk, "/work", "/share").ok());
-    return *disk.Read("/work/Kalvo.pdf");
+    EXPECT_TRUE(DeliverManual(disk, "/program", "/share").ok());
+    return *disk.Read("/program/Kalvo.pdf");
   }
   MemoryDisk disk;
 };
@@ -153,26 +153,26 @@ TEST_F(DeliveredManual, IsReplacedByANewerOneUnlessSomebodyWroteInIt) {
 TEST_F(DeliveredManual, OfTheSameVersionIsNewerByItsDate) {
   DatedDisk dated(disk);
   for (const bool newer : {true, false}) {
-    ASSERT_TRUE(dated.Write("/work/Kalvo.pdf", Pdf("old")).ok());
+    ASSERT_TRUE(dated.Write("/program/Kalvo.pdf", Pdf("old")).ok());
     ASSERT_TRUE(dated.Write("/share/pdf/Kalvo.pdf", Pdf("new")).ok());
     ASSERT_TRUE(dated.SetModified("/share/pdf/Kalvo.pdf", newer ? 1'000'001 : 999'999).ok());
-    ASSERT_TRUE(DeliverManual(dated, "/work", "/share").ok());
-    EXPECT_EQ(*disk.Read("/work/Kalvo.pdf"), Pdf(newer ? "new" : "old"));
+    ASSERT_TRUE(DeliverManual(dated, "/program", "/share").ok());
+    EXPECT_EQ(*disk.Read("/program/Kalvo.pdf"), Pdf(newer ? "new" : "old"));
   }
 }
 
 TEST_F(DeliveredManual, SaysWhyItIsStillMissing) {
-  const Outcome none = DeliverManual(disk, "/work", "/share");
+  const Outcome none = DeliverManual(disk, "/program", "/share");
   ASSERT_FALSE(none);
   EXPECT_NE(none.error().Line().find("/share/pdf/Kalvo.pdf"), std::string::npos);
   ASSERT_TRUE(disk.Write("/share/pdf/Kalvo.pdf", Pdf("new")).ok());
   FailingDisk full(disk);
   full.FailAfterBytes(3);
-  EXPECT_FALSE(DeliverManual(full, "/work", "/share"));
-  EXPECT_FALSE(disk.Exists("/work/Kalvo.pdf")) << "no half of it";
-  ASSERT_TRUE(disk.Write("/work/Kalvo.pdf", Pdf("old", "1.0.0")).ok());
-  EXPECT_TRUE(DeliverManual(full, "/work", "/share").ok()) << "the older one serves";
-  EXPECT_EQ(*disk.Read("/work/Kalvo.pdf"), Pdf("old", "1.0.0"));
+  EXPECT_FALSE(DeliverManual(full, "/program", "/share"));
+  EXPECT_FALSE(disk.Exists("/program/Kalvo.pdf")) << "no half of it";
+  ASSERT_TRUE(disk.Write("/program/Kalvo.pdf", Pdf("old", "1.0.0")).ok());
+  EXPECT_TRUE(DeliverManual(full, "/program", "/share").ok()) << "the older one serves";
+  EXPECT_EQ(*disk.Read("/program/Kalvo.pdf"), Pdf("old", "1.0.0"));
 }
 
 }  // namespace
