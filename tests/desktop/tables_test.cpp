@@ -95,7 +95,9 @@ TEST(StackedHeader, DoubleClickFitsTheColumn) {
 TEST(Cells, SelectionWinsOverTheTintOfTheCriticalBranch) {
   FrozenSheet sheet;
   EXPECT_EQ(CellPixel(sheet, 1, 0, {3, 13}), kLightTheme.critbg);
-  sheet.table.selectRow(1);
+  // Not by selectRow(), which goes by the modifiers that keys of another test have left.
+  sheet.table.selectionModel()->select(
+      sheet.model.index(1, 0), QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
   EXPECT_EQ(CellPixel(sheet, 1, 0, {5, 13}), kLightTheme.soft);
 }
 
